@@ -1,0 +1,30 @@
+# Language level, warnings and sanitizers of every target.
+
+set(CMAKE_C_STANDARD 99)
+set(CMAKE_CXX_STANDARD 17)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_C_VISIBILITY_PRESET hidden)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+
+find_package(Threads REQUIRED)
+
+add_compile_options(-Wall -Wextra -Wshadow -Werror)
+# A signal and a function of the same name, or a parameter named as a method, is the norm with Qt; gcc's plain
+# -Wshadow leaves both alone. _FORTIFY_SOURCE and friends are the packager's choice.
+
+if(LINKHAND_SANITIZER)
+  add_compile_options(-fsanitize=${LINKHAND_SANITIZER} -fno-omit-frame-pointer -g -O1)
+  add_link_options(-fsanitize=${LINKHAND_SANITIZER})
+  if(LINKHAND_SANITIZER MATCHES "undefined")
+    add_compile_options(-fno-sanitize-recover=undefined)
+    # Interfaces are hidden in each library, so that their type information differs from one to the next: vptr
+    # checks across libraries would be false alarms.
+    add_compile_options(-fno-sanitize=vptr)
+  endif()
+endif()
+
+add_library(linkhand_include INTERFACE)
+target_include_directories(linkhand_include INTERFACE ${CMAKE_SOURCE_DIR}/include)

@@ -1,0 +1,36 @@
+# linkhand_test(name LABELS l... SOURCES s... LIBRARIES l... [TIMEOUT seconds]): a test program, run by ctest in its own
+# empty home folder, offscreen, in the C.UTF-8 locale. The label "threads" puts it into the thread sanitizer's run.
+function(linkhand_test name)
+  cmake_parse_arguments(ARG "" "TIMEOUT" "LABELS;SOURCES;LIBRARIES" ${ARGN})
+  if(NOT ARG_TIMEOUT)
+    set(ARG_TIMEOUT 120)
+  endif()
+  add_executable(${name} ${ARG_SOURCES})
+  set_target_properties(${name} PROPERTIES
+    RUNTIME_OUTPUT_DIRECTORY ${LINKHAND_TEST_OUTPUT}
+    BUILD_RPATH "${LINKHAND_LIBRARY_OUTPUT}")
+  target_link_libraries(${name} PRIVATE linkhand_include ${ARG_LIBRARIES})
+  linkhand_add_test(${name} COMMAND $<TARGET_FILE:${name}> LABELS ${ARG_LABELS} TIMEOUT ${ARG_TIMEOUT})
+endfunction()
+
+# linkhand_add_test(name COMMAND c... [LABELS l...] [TIMEOUT seconds]): the same for a command that is built elsewhere.
+function(linkhand_add_test name)
+  cmake_parse_arguments(ARG "" "TIMEOUT" "COMMAND;LABELS" ${ARGN})
+  if(NOT ARG_TIMEOUT)
+    set(ARG_TIMEOUT 120)
+  endif()
+  if(LINKHAND_SANITIZER)
+    math(EXPR ARG_TIMEOUT "${ARG_TIMEOUT} * 5")
+  endif()
+  set(home ${CMAKE_BINARY_DIR}/homes/${name})
+  add_test(NAME ${name} COMMAND ${CMAKE_SOURCE_DIR}/tests/in-home.sh ${home} ${ARG_COMMAND})
+  set(environment
+    "LANG=C.UTF-8" "LC_ALL=C.UTF-8" "QT_QPA_PLATFORM=offscreen"
+    "LINKHAND_SOURCE_DIR=${CMAKE_SOURCE_DIR}" "LINKHAND_BUILD_DIR=${CMAKE_BINARY_DIR}"
+    "ASAN_OPTIONS=detect_leaks=1:strict_string_checks=1:detect_stack_use_after_return=1"
+    "UBSAN_OPTIONS=print_stacktrace=1"
+    "LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/support/lsan.supp:print_suppressions=0"
+    "TSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/support/tsan.supp:second_deadlock_stack=1")
+  set_tests_properties(${name} PROPERTIES
+    ENVIRONMENT "${environment}" LABELS "${ARG_LABELS}" TIMEOUT ${ARG_TIMEOUT})
+endfunction()

@@ -1,0 +1,68 @@
+#ifndef LINKHAND_QTCOMPAT_H
+#define LINKHAND_QTCOMPAT_H
+
+// Every difference between the Qt releases this code builds with (4.8 and 5.15) stands here and nowhere else.
+
+#include <QtGlobal>
+
+#include <QByteArray>
+#if QT_VERSION >= 0x050000
+#include <QLoggingCategory>
+#endif
+#include <QFontMetrics>
+#include <QString>
+#include <QtPlugin>
+
+// Symbols of this project are hidden unless they carry one of these.
+#define LINKHAND_EXPORT Q_DECL_EXPORT
+#define LINKHAND_IMPORT Q_DECL_IMPORT
+
+#if QT_VERSION >= 0x050000
+// Inside the class, Qt 5: metadata and the entry point come from moc.
+#define LINKHAND_PLUGIN_METADATA(iid) Q_PLUGIN_METADATA(IID iid)
+// At file scope, Qt 4: Q_EXPORT_PLUGIN2 writes the entry points.
+#define LINKHAND_EXPORT_PLUGIN(name, Class)
+#else
+#define LINKHAND_PLUGIN_METADATA(iid)
+#define LINKHAND_EXPORT_PLUGIN(name, Class) Q_EXPORT_PLUGIN2(name, Class)
+#ifndef Q_DECL_OVERRIDE
+#define Q_DECL_OVERRIDE override
+#endif
+#endif
+
+namespace QtCompat
+{
+
+// QString::toAscii of Qt 4; Qt 5 dropped the name.
+inline QByteArray toAscii(const QString& strText)
+{
+#if QT_VERSION >= 0x050000
+    return strText.toLatin1();
+#else
+    return strText.toAscii();
+#endif
+}
+
+// False while debug output goes nowhere.
+inline bool debugEnabled()
+{
+#if QT_VERSION >= 0x050000
+    return QLoggingCategory::defaultCategory()->isDebugEnabled();
+#else
+    return true;
+#endif
+}
+
+// Advance width of a text in pixels.
+inline int textWidth(const QFontMetrics& metrics, const QString& strText)
+{
+#if QT_VERSION >= 0x050b00
+    return metrics.horizontalAdvance(strText);
+#else
+    return metrics.width(strText);
+#endif
+}
+
+} // namespace QtCompat
+
+#endif // LINKHAND_QTCOMPAT_H

@@ -1,0 +1,246 @@
+#ifndef ORVA_SDK_H
+#define ORVA_SDK_H
+
+/*
+ * libsdk.so.1: the phonebook SDK. Plain C, usable from C99 and C++.
+ *
+ * Conventions of every function here:
+ * - The result is 0 for success, else one of the codes ORVA_E_* below (and the two documented exceptions: -1 from
+ *   ORVA_PBSrv_AddrGroupSet_MoveFirst for an empty set, 2 from ORVA_PBSrv_GetFileFieldDescription for a length).
+ *   A null pointer, a handle of another kind or a number out of range is a code, never a crash.
+ * - Any thread may call any function; one handle is used by one thread at a time.
+ * - A memory is 0 (card), 1 (device) or 4 (PC).
+ * - Text is zero-terminated UTF-16 in the machine's byte order. Text that the library gives is a buffer of its own
+ *   for each call, allocated with array new of unsigned short: the caller frees it with array delete (which on the
+ *   platforms served is free of the C library, and so open to a C program; docs/sdk.md shows it).
+ * - Handles are released once, by the release function of their kind; outputs are written only on success unless a
+ *   function says otherwise.
+ */
+
+#include <stdbool.h>
+
+#if defined(_WIN32)
+#error "this library is built for ELF platforms"
+#endif
+#define ORVA_API __attribute__((visibility("default")))
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/* Memories. */
+#define ORVA_MEMORY_CARD 0
+#define ORVA_MEMORY_DEVICE 1
+#define ORVA_MEMORY_LOCAL 4
+
+/* Result codes. */
+#define ORVA_OK 0
+#define ORVA_E_ARGUMENT 1001  /* null pointer, number out of range, unknown memory or field key */
+#define ORVA_E_HANDLE 1002    /* not a handle of this kind, or released already */
+#define ORVA_E_NOT_FOUND 1003 /* no such record, group or file */
+#define ORVA_E_END 1004       /* the walk is at its end */
+#define ORVA_E_FULL 1005      /* the memory holds as many records as fit */
+#define ORVA_E_STORE 1006     /* the store could not be opened, read or written */
+#define ORVA_E_ABSENT 1007    /* no device, no card, or it went away during the call */
+#define ORVA_E_FORMAT 1008    /* a file that cannot be read as contacts */
+#define ORVA_E_NO_MEMORY 1009
+#define ORVA_E_BUSY 1010 /* the store is locked by another process for too long, or the card is busy */
+#define ORVA_E_TOO_LONG 1011
+#define ORVA_E_UNSUPPORTED 1012 /* this memory has no such thing, such as groups on a card */
+#define ORVA_E_INTERNAL 1099
+
+/* One field of a memory, in the order of its field list. Every text is ASCII; the two character lists hold "null"
+ * where there is no list. */
+typedef struct ORVA_PROFILE_ENTRY {
+    char* key;          /* the field's key in value calls, such as "Name" */
+    int max_length;     /* the longest value, in characters; on the card in the units of PBContentCodingJudge */
+    char* accepted;     /* the only characters accepted, or "null" */
+    char* refused;      /* characters not accepted, or "null" */
+    char* kind;         /* "Name", "Mobile", "Number", "Email" or "Remaik" (so spelt) */
+    unsigned char flag; /* non-zero for a field that a search should look at first */
+    char* label_id;     /* language id of the label, such as "ID_STR_NAME" */
+} ORVA_PROFILE_ENTRY;
+
+/* An event callback: the event's identifier and a payload that is null today. Returns 1 if it took the event, 0 if
+ * not. Called on the library's event thread, in the order of the events, never on the thread of a registration. It
+ * may call any function of this header, also unregister itself. */
+typedef int (*ORVA_CALLBACK)(int enNotifyType, void* pvData);
+
+/* ---- Records -------------------------------------------------------------------------------------------------- */
+
+/* Makes an empty record bound to a memory; release with ORVA_PBSrv_AddrRecord_Release. */
+ORVA_API long ORVA_PBSrv_CreateAddrRecord(int memory, void** record);
+
+/* Sets one field. An empty value is allowed. ORVA_E_ARGUMENT for a key that the memory's field list lacks (keys are
+ * compared without regard to case). The value is copied. */
+ORVA_API long ORVA_PBSrv_AddrRecord_SetValue(void* record, const char* key, const unsigned short* value);
+
+/* Gives one field in a new buffer, empty for a field that is not set. */
+ORVA_API long ORVA_PBSrv_AddrRecord_GetValue(void* record, const char* key, unsigned short** value);
+ORVA_API long ORVA_PBSrv_AddrRecord_Release(void* record);
+
+/* Stores the record in its memory and gives the new identifier (1 or more, never used before in that memory).
+ * ORVA_E_FULL when the memory is full. Durable when it returns 0 outside a transaction. */
+ORVA_API long ORVA_PBSrv_AddAddrRec(void* record, int* id);
+
+/* Replaces every field of a stored record; fields not set become empty. ORVA_E_NOT_FOUND if it is not there. */
+ORVA_API long ORVA_PBSrv_UpdateAddrRec(void* record, int id);
+
+/* Deletes a record with its group memberships. ORVA_E_NOT_FOUND if it is not there. */
+ORVA_API long ORVA_PBSrv_DelAddrRec(int id, int memory);
+
+/* Gives a handle to a copy of one stored record. ORVA_E_NOT_FOUND, and a null handle, if it is not there. */
+ORVA_API long ORVA_PBSrv_GetAddrRecord(int id, int memory, void** record);
+
+/* ---- Record sets ---------------------------------------------------------------------------------------------- */
+
+/* Gives a set over all records of a memory, in ascending order of identifiers: the records that are there at the
+ * call, walked with the values they have when reached; one deleted meanwhile is passed over. 0 and a null set for an
+ * empty memory. */
+ORVA_API long ORVA_PBSrv_GetAddrRecList(int memory, void** set);
+ORVA_API long ORVA_PBSrv_AddrRecordSet_GetAddrRecordCount(void* set, int* count);
+ORVA_API long ORVA_PBSrv_AddrRecordSet_MoveFirst(void* set);
+
+/* ORVA_E_END behind the last record. */
+ORVA_API long ORVA_PBSrv_AddrRecordSet_MoveNext(void* set);
+ORVA_API long ORVA_PBSrv_AddrRecordSet_GetID(void* set, int* id);
+ORVA_API long ORVA_PBSrv_AddrRecordSet_GetValue(void* set, const char* key, unsigned short** value);
+ORVA_API long ORVA_PBSrv_AddrRecordSet_Release(void* set);
+
+/* ---- Groups (memory 4 only; others give ORVA_E_UNSUPPORTED) ---------------------------------------------------- */
+
+/* Gives a set over all groups, in ascending order of identifiers. */
+ORVA_API long ORVA_PBSrv_GetGroupList(int memory, void** set);
+
+/* 0, or -1 for a set without groups. */
+ORVA_API long ORVA_PBSrv_AddrGroupSet_MoveFirst(void* set);
+ORVA_API long ORVA_PBSrv_AddrGroupSet_MoveNext(void* set);
+ORVA_API long ORVA_PBSrv_AddrGroupSet_GetID(void* set, int* id);
+
+/* 0 for a group at the first level. */
+ORVA_API long ORVA_PBSrv_AddrGroupSet_GetParentID(void* set, int* parent);
+ORVA_API long ORVA_PBSrv_AddrGroupSet_GetName(void* set, unsigned short** name);
+
+/* Number of records in the current group itself, those of its sub-groups not counted. */
+ORVA_API long ORVA_PBSrv_AddrGroupSet_GetGroupSize(void* set, int* size);
+
+/* The identifiers of the records in a group, in the order in which they joined. The array is the set's: read it
+ * before the next such call on the set and before its release. Null with a count of 0. */
+ORVA_API long ORVA_PBSrv_AddrGroupSet_GetAddrInGroupByID(void* set, int group, int* count, int** ids);
+ORVA_API long ORVA_PBSrv_AddrGroupSet_Release(void* set);
+
+/* Makes an empty group; release with ORVA_PBSrv_AddrGroup_Release. */
+ORVA_API long ORVA_PBSrv_CreateAddrGroup(int memory, void** group);
+ORVA_API long ORVA_PBSrv_AddrGroup_SetName(void* group, const unsigned short* name);
+ORVA_API long ORVA_PBSrv_AddrGroup_SetParentID(void* group, int parent);
+ORVA_API long ORVA_PBSrv_AddrGroup_Release(void* group);
+
+/* Stores the group and gives its identifier. ORVA_E_NOT_FOUND if its parent is neither 0 nor there. */
+ORVA_API long ORVA_PBSrv_AddGroup(void* group, int* id);
+
+/* Changes the name of a stored group, and nothing else of it. */
+ORVA_API long ORVA_PBSrv_UpdateGroup(void* group, int id);
+
+/* Deletes a group, its sub-groups and their memberships; never a record. */
+ORVA_API long ORVA_PBSrv_DelGroup(int id, int memory);
+
+/* Adds a membership. Group 0 succeeds and does nothing; joining twice succeeds. ORVA_E_NOT_FOUND for a record or a
+ * group that is not there. */
+ORVA_API long ORVA_PBSrv_AddAddrToGroup(int group, int record, int memory);
+
+/* Removes a membership; the record stays. ORVA_E_NOT_FOUND if there is none. */
+ORVA_API long ORVA_PBSrv_DelAddrFromGroup(int group, int record, int memory);
+
+/* ---- Profile, sizes, coding, transactions ---------------------------------------------------------------------- */
+
+/* Gives the field list of a memory as an array of *count entries; free it with ORVA_PBSrv_ProfileRelease, which sets
+ * the pointer to null. */
+ORVA_API long ORVA_PBSrv_GetProfile(int memory, ORVA_PROFILE_ENTRY** entries, int* count);
+ORVA_API long ORVA_PBSrv_ProfileRelease(int memory, ORVA_PROFILE_ENTRY** entries);
+
+/* How many records fit into a memory; 0 while it is not ready. How many are stored. */
+ORVA_API long ORVA_PBSrv_GetCapacity(int memory, int* capacity);
+ORVA_API long ORVA_PBSrv_GetSize(int memory, int* size);
+
+/* With types null: the number of device-side memories. With a buffer of *count words, all set to -1 by the caller:
+ * fills in their numbers and leaves the rest at -1. No device gives 0. */
+ORVA_API long ORVA_PBSrv_PBGetMemoryListType(short* types, unsigned short* count);
+
+/* Gives the length of a text of `length` UTF-16 units as an alpha identifier on a card, in units comparable with a
+ * field's max_length: 3GPP TS 23.038 default alphabet (an extension character counts two), else the shortest of the
+ * three UCS-2 forms of ETSI TS 102 221 Annex A. `not_uim` false (a UIM card) counts characters outside ASCII as
+ * UCS-2; `customised` true counts every text in whole UCS-2 units. */
+ORVA_API long ORVA_PBSrv_PBContentCodingJudge(const unsigned short* text, short length, bool not_uim, bool customised,
+                                              short* result);
+
+/* A transaction gathers the writes of a memory, by whatever thread, into one commit. Flat: a begin inside an open one
+ * changes nothing, every end commits what is open, an end with nothing open succeeds. What an end returned 0 for is
+ * on disk. An open transaction that nobody ends is committed within one second. */
+ORVA_API long ORVA_PBSrv_BeginTransaction(int memory);
+ORVA_API long ORVA_PBSrv_EndTransaction(int memory);
+
+/* ---- Import and export ----------------------------------------------------------------------------------------- */
+
+/* 0 when the named contacts application can be imported from: "Outlook" or "Outlook Express". */
+ORVA_API long ORVA_PBSrv_IsOutlookInstalled(const char* name);
+
+/* The titles of a file's columns in the locale's eight-bit encoding, separated by ",". With buffer null: returns 2
+ * and the buffer's size in *length. With a zeroed buffer of that size: fills it in and returns 0. */
+ORVA_API long ORVA_PBSrv_GetFileFieldDescription(const unsigned short* path, char* buffer, int* length);
+
+/* Reads a file (RFC 4180, also with semicolons or tabs) into a new record set for a memory; nothing is stored. The
+ * map has an entry for each field of the memory: the column it is taken from, counted from 0, or -1 for none.
+ * ORVA_E_FORMAT for a file without a usable row. */
+ORVA_API long ORVA_PBSrv_ImportFromFile(const unsigned short* path, int* map, int memory, void** set);
+
+/* The same from a contacts application, named as for ORVA_PBSrv_IsOutlookInstalled. */
+ORVA_API long ORVA_PBSrv_ImportFromOutlook(const unsigned short* name, int* map, int memory, void** set);
+
+/* Writes the records named, in their order, to a file: RFC 4180, UTF-8 with mark, titles in the first row. An
+ * existing file is replaced only when the new one is complete. Identifiers that are not there are passed over. */
+ORVA_API long ORVA_PBSrv_ExportToFile(const unsigned short* path, int* ids, int count, int memory);
+
+/* ---- Callbacks ------------------------------------------------------------------------------------------------- */
+
+/* Four services, each event belonging to one of them. Registering a callback twice changes nothing. After an
+ * unregister returns, the callback is not running and will not be called again (unless it unregisters itself). */
+ORVA_API long ORVA_PBSrv_RegisterPBCallback(ORVA_CALLBACK callback);
+ORVA_API long ORVA_PBSrv_UnRegisterPBCallback(ORVA_CALLBACK callback);
+ORVA_API long ORVA_DevSrv_RegisterDevInitEventCallback(ORVA_CALLBACK callback);
+ORVA_API long ORVA_DevSrv_UnRegisterDevInitEventCallback(ORVA_CALLBACK callback);
+ORVA_API long ORVA_DevSrv_RegisterDevMgrCallback(ORVA_CALLBACK callback);
+ORVA_API long ORVA_DevSrv_UnRegisterDevMgrCallback(ORVA_CALLBACK callback);
+ORVA_API long ORVA_NetSrv_RegisterNetSrvEvent(ORVA_CALLBACK callback);
+ORVA_API long ORVA_NetSrv_UnRegisterNetSrvEvent(ORVA_CALLBACK callback);
+
+/* ---- Device and network ---------------------------------------------------------------------------------------- */
+
+/* 3: the device is available. */
+ORVA_API long ORVA_DevSrv_GetDevStatus(int* status);
+
+/* The card's PIN status; 1 and 8 open its phonebook. The three bytes, each of which may be null, are set to 0. */
+ORVA_API long ORVA_DevSrv_GetPinStatus(int slot, int* status, unsigned char* pin1, unsigned char* pin2,
+                                       unsigned char* puk);
+
+/* 1 for a product with a UIM card. */
+ORVA_API long ORVA_DevSrv_GetProductType(int* type);
+ORVA_API long ORVA_DevSrv_GetSimType(int* type);
+
+/* Writes two words; both 1: the radio is on. */
+ORVA_API long ORVA_DevSrv_GetRFSwitch(int* states);
+
+/* Writes two bytes. The other three arguments must be null. */
+ORVA_API long ORVA_DevSrv_GetMultiModeCardStatus(unsigned char* status, void* reserved1, void* reserved2,
+                                                 void* reserved3);
+
+/* 2: in service. */
+ORVA_API long ORVA_NetSrv_GetSrvStatus(int* status);
+
+/* The folder for log files, ending in "/", in a new buffer. */
+ORVA_API long ORVA_GetLogDirectory(unsigned short** path);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif /* ORVA_SDK_H */

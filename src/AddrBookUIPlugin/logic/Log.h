@@ -1,0 +1,60 @@
+#ifndef ADDRBOOKUIPLUGIN_LOG_H
+#define ADDRBOOKUIPLUGIN_LOG_H
+
+#include <QByteArray>
+#include <QTime>
+#include <QtDebug>
+
+#include "linkhand/QtCompat.h"
+
+// The log lines of this plug-in: time, source file, function. Logging carries no behaviour, and while debug output is
+// off a line costs one test, so that a walk over a large memory does not pay for text that nobody reads.
+
+namespace AddrBookLog
+{
+inline QByteArray now()
+{
+    return QTime::currentTime().toString(QLatin1String("hh:mm:ss:zzz")).toLatin1();
+}
+} // namespace AddrBookLog
+
+#define ADDRBOOK_LOG_LINE(word)                                                                                        \
+    do {                                                                                                               \
+        if (QtCompat::debugEnabled())                                                                                  \
+            qDebug("%s: %s: %s " word, AddrBookLog::now().constData(), __FILE__, __func__);                            \
+    } while (false)
+
+#define ADDRBOOK_LOG_ENTER() ADDRBOOK_LOG_LINE("Enter")
+#define ADDRBOOK_LOG_EXIT() ADDRBOOK_LOG_LINE("Exit")
+#define ADDRBOOK_LOG_CALLED() ADDRBOOK_LOG_LINE("called")
+
+// "%s: %s: %s: " and a text of the caller's.
+#define ADDRBOOK_LOG(format, ...)                                                                                      \
+    do {                                                                                                               \
+        if (QtCompat::debugEnabled())                                                                                  \
+            qDebug("%s: %s: %s: " format, AddrBookLog::now().constData(), __FILE__, __func__, ##__VA_ARGS__);          \
+    } while (false)
+
+#define ADDRBOOK_WARN(format, ...)                                                                                     \
+    qWarning("%s: %s: %s: " format, AddrBookLog::now().constData(), __FILE__, __func__, ##__VA_ARGS__)
+
+// One SDK call with its pair of lines, and a warning if it failed: SDK_CALL(iResult, ORVA_PBSrv_DelAddrRec, (id, mem)).
+// `iResult` is a long of the caller's.
+#define SDK_CALL(result, function, arguments)                                                                          \
+    do {                                                                                                               \
+        ADDRBOOK_LOG("Calling " #function);                                                                            \
+        (result) = function arguments;                                                                                 \
+        ADDRBOOK_LOG(#function " returned %li", static_cast<long>(result));                                            \
+        if ((result) != 0)                                                                                             \
+            ADDRBOOK_WARN(#function " returned %li", static_cast<long>(result));                                       \
+    } while (false)
+
+// The same where a non-zero result is no failure, such as the end of a walk.
+#define SDK_WALK(result, function, arguments)                                                                          \
+    do {                                                                                                               \
+        ADDRBOOK_LOG("Calling " #function);                                                                            \
+        (result) = function arguments;                                                                                 \
+        ADDRBOOK_LOG(#function " returned %li", static_cast<long>(result));                                            \
+    } while (false)
+
+#endif // ADDRBOOKUIPLUGIN_LOG_H
