@@ -47,6 +47,7 @@ extern "C" {
 #define ORVA_E_BUSY 1010 /* the store is locked by another process for too long, or the card is busy */
 #define ORVA_E_TOO_LONG 1011
 #define ORVA_E_UNSUPPORTED 1012 /* this memory has no such thing, such as groups on a card */
+#define ORVA_E_VERSION 1013     /* the store was written by a newer release and is left as it is */
 #define ORVA_E_INTERNAL 1099
 
 /* One field of a memory, in the order of its field list. Every text is ASCII; the two character lists hold "null"

@@ -2,6 +2,7 @@
 #define SDK_MEMORIES_ROWBLOCK_H
 
 #include <cstddef>
+#include <cstring>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -46,6 +47,16 @@ public:
     void addValue(std::u16string_view text)
     {
         m_text.append(text);
+        m_ends.push_back(m_text.size());
+    }
+
+    // The same from units that may lie at any address.
+    void addBytes(const void* data, std::size_t units)
+    {
+        const std::size_t begin = m_text.size();
+        m_text.resize(begin + units);
+        if (units != 0)
+            std::memcpy(&m_text[begin], data, units * sizeof(char16_t));
         m_ends.push_back(m_text.size());
     }
 
