@@ -28,16 +28,19 @@ FieldMap::FieldMap(const Profile& profile, const int* map)
 {
     for (const Field& field : profile.fields()) {
         const int entry = *map++;
-        const bool number = field.kind == "Number" || field.kind == "Mobile";
-        if (entry < 0)
-            m_sources.push_back({-1, -1, number});
-        else
-            m_sources.push_back({entry & columnMask, (entry >> secondShift) - 1, number});
+        Source source = {-1, -1, field.kind == "Number" || field.kind == "Mobile", 0};
+        if (entry >= 0) {
+            source.first = entry & columnMask;
+            source.second = (entry >> secondShift) - 1;
+        }
+        if (field.kind == "Remaik" && field.maxLength > 0)
+            source.noteUnits = static_cast<std::size_t>(field.maxLength);
+        m_sources.push_back(source);
     }
 }
 
-// Appends a field's text to m_value; false for one that is not fit to be a value.
-bool FieldMap::appendValue(const Row& row, const Source& source)
+// Reads a field's text into m_value; false for one that is not fit to be a value.
+bool FieldMap::readValue(const Row& row, const Source& source)
 {
     m_value.clear();
     if (source.first < 0)
@@ -53,16 +56,30 @@ bool FieldMap::appendValue(const Row& row, const Source& source)
     }
     if (source.number)
         cleanNumber(m_value, 0);
-    return m_value.size() <= valueUnitsAtMost;
+    return true;
 }
 
-bool FieldMap::add(const Row& row, RowBlock& into, bool* unreadable)
+// Cuts m_value to a length, between characters.
+void FieldMap::cutValue(std::size_t units)
+{
+    const bool splitsPair = (m_value[units - 1] & 0xFC00) == 0xD800;
+    m_value.resize(splitsPair ? units - 1 : units);
+}
+
+bool FieldMap::add(const Row& row, RowBlock& into, const RowReader::Report& report)
 {
     bool anything = false;
     into.beginRow(row.line());
     for (const Source& source : m_sources) {
-        if (!appendValue(row, source)) {
-            *unreadable = true;
+        const bool text = readValue(row, source);
+        if (text && source.noteUnits > 0 && m_value.size() > source.noteUnits) {
+            cutValue(source.noteUnits);
+            if (report)
+                report(row.line(), "note cut to what its field holds");
+        }
+        if (!text || m_value.size() > valueUnitsAtMost) {
+            if (report)
+                report(row.line(), text ? "row passed over: value too long" : "row passed over: not text");
             into.dropRow();
             return false;
         }
@@ -84,10 +101,7 @@ RowBlock readContacts(const std::string& path, const Profile& profile, const int
     FieldMap fields(profile, map);
     RowBlock rows(fields.fields());
     while (reader.next(row)) {
-        bool unreadable = false;
-        fields.add(row, rows, &unreadable);
-        if (unreadable && report)
-            report(row.line(), "text that cannot be read");
+        fields.add(row, rows, report);
         if (rows.rows() > rowsAtMost || rows.bytes() > octetsAtMost)
             throw Failure(ORVA_E_TOO_LONG, "too many contacts");
     }

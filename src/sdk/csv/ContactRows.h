@@ -20,18 +20,20 @@ public:
 
     int fields() const { return static_cast<int>(m_sources.size()); }
 
-    // Adds a row to `into` by the number of its line. False, and nothing added, if none of its fields has a value;
-    // *unreadable is set when a column that is needed is no text, or longer than a value may be.
-    bool add(const Row& row, RowBlock& into, bool* unreadable);
+    // Adds a row to `into` by the number of its line. False, and nothing added, if none of its fields has a value, or a
+    // column that is needed is no text. A note is cut to what its field holds. Either is reported.
+    bool add(const Row& row, RowBlock& into, const RowReader::Report& report);
 
 private:
     struct Source {
         int first;
         int second;
         bool number;
+        std::size_t noteUnits; // that a note may have; 0 for other fields
     };
 
-    bool appendValue(const Row& row, const Source& source);
+    bool readValue(const Row& row, const Source& source);
+    void cutValue(std::size_t units);
 
     std::vector<Source> m_sources;
     std::u16string m_value;
@@ -40,7 +42,7 @@ private:
 // A map entry that joins two columns by a blank, such as first and last name.
 int joinedColumns(int first, int second);
 
-// Reads the records of a file: its rows but the first. Rows that cannot be read are reported and left out, and so,
+// Reads the records of a file: its rows but the first. Rows that cannot be read are reported and passed over, and so,
 // without a report, are rows that have nothing in the mapped columns. Failure(ORVA_E_FORMAT) if no row is left,
 // ORVA_E_TOO_LONG for more than a million rows or 256 MB of text.
 RowBlock readContacts(const std::string& path, const Profile& profile, const int* map, const RowReader::Report& report,

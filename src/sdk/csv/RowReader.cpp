@@ -24,9 +24,9 @@ constexpr std::size_t pieceLength = 64U << 10;
 // the greatest length, so that no file can make this slow.
 constexpr int secondChancesAtMost = 64;
 
-constexpr const char* whyTooLong = "row too long";
-constexpr const char* whyColumns = "too many columns";
-constexpr const char* whyQuote = "a quotation mark that nothing closes";
+constexpr const char* whyTooLong = "row passed over: too long";
+constexpr const char* whyColumns = "row passed over: too many columns";
+constexpr const char* whyQuote = "line passed over: a quotation mark that nothing closes";
 
 } // namespace
 

@@ -61,8 +61,8 @@ struct ReaderLimits {
 class RowReader
 {
 public:
-    // A row passed over: its line and why.
-    using Report = std::function<void(int line, const char* why)>;
+    // A row that could not be read, or not quite: its line and what became of it.
+    using Report = std::function<void(int line, const char* what)>;
 
     // Opens a file. Failure(ORVA_E_NOT_FOUND) if there is none, ORVA_E_STORE if it may not be read, ORVA_E_FORMAT if
     // it is no regular file, ORVA_E_TOO_LONG if it is longer than the limit.
