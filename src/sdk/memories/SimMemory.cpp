@@ -16,7 +16,6 @@ constexpr int patience = 50;
 SimMemory::SimMemory(const std::string& folder, Hardware& hardware, int memory)
     : m_hardware(hardware),
       m_memory(memory),
-
       m_store(folder, memory == ORVA_MEMORY_CARD ? "card" : "device", {"name", "number", "home_phone", "email"})
 {
 }
