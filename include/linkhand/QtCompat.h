@@ -8,6 +8,9 @@
 #include <QByteArray>
 #if QT_VERSION >= 0x050000
 #include <QLoggingCategory>
+#include <QStandardPaths>
+#else
+#include <QDesktopServices>
 #endif
 #include <QFontMetrics>
 #include <QString>
@@ -50,6 +53,23 @@ inline bool debugEnabled()
     return QLoggingCategory::defaultCategory()->isDebugEnabled();
 #else
     return true;
+#endif
+}
+
+// How QString::split keeps empty parts.
+#if QT_VERSION >= 0x050e00
+const Qt::SplitBehavior KeepEmptyParts(Qt::KeepEmptyParts);
+#else
+const QString::SplitBehavior KeepEmptyParts = QString::KeepEmptyParts;
+#endif
+
+// The user's desktop folder.
+inline QString desktopFolder()
+{
+#if QT_VERSION >= 0x050000
+    return QStandardPaths::writableLocation(QStandardPaths::DesktopLocation);
+#else
+    return QDesktopServices::storageLocation(QDesktopServices::DesktopLocation);
 #endif
 }
 
