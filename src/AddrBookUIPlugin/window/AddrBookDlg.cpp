@@ -23,28 +23,7 @@
 #include "widgets/PBTreeWidget.h"
 #include "window/ToolItemIds.h"
 
-AddrBookDlg::AddrBookDlg()
-    : QWidget(nullptr), m_iSimUsedCount(0), m_iSimTotalCount(0), m_iLocalUsedCount(0), m_iLocalTotalCount(0),
-      m_iDeviceUsedCount(0), m_iDeviceTotalCount(0), m_iTotalRowCount(0), m_iProcessedRowCount(0),
-      m_iSuccessRowCount(0), m_enMemory(PB_MEM_LOCAL), m_iGroupId(0), m_bThreadBusy(false), m_pthreadRead(nullptr),
-      m_pthreadReadOld(nullptr), m_enTableMemory(PB_MEM_LOCAL), m_pdelegateGrid(nullptr),
-      m_enDragSourceMemory(PB_MEM_LOCAL), m_enDragTargetMemory(PB_MEM_LOCAL), m_enOperation(ADDRBOOK_OP_DELETE),
-      m_enReadMode(ADDRBOOK_OP_NONE), m_recordCurrent(), m_bNewContactEnabled(true), m_pwidgetSplitter(nullptr),
-      m_pvlayoutCentral(nullptr), m_pvlayoutRight(nullptr), m_psplitterMain(nullptr), m_ptreePhonebook(nullptr),
-      m_pitemEnteredTreeWidgetItem(nullptr), m_pitemLocalTreeWidgetItem(nullptr), m_pitemSimTreeWidgetItem(nullptr),
-      m_pitemDeviceTreeWidgetItem(nullptr), m_pitemCurrentTreeWidgetItem(nullptr), m_psplitterPreview(nullptr),
-      m_pdlgChoosePhone(nullptr), m_ptableContacts(nullptr), m_ptableContactsOld(nullptr), m_plabelPreview(nullptr),
-      m_pAddrBookLogic(nullptr), m_pwidgetToolBar(nullptr), m_pbuttonGroup(nullptr), m_plineeditSearch(nullptr),
-      m_bSearchBoxShown(false), m_phlayoutToolBar(nullptr), m_plabelToolBar(nullptr), m_pPluginContainer(nullptr),
-      m_bSimEnabled(false), m_bNetConnected(false), m_bRFOff(false), m_bSubGroupSupported(false),
-      m_iNewGroupParentId(0), m_pitemGroupParent(nullptr), m_pitemEditedGroup(nullptr), m_pBuildMenu(nullptr),
-      m_pmenuTable(nullptr), m_pmenuTree(nullptr), m_ptableMenuOwner(nullptr), m_strSearchText(QLatin1String("")),
-      m_bSortPreserve(true), m_bPreviewEmpty(true), m_bRemovingTreeItem(false), m_bRightToLeft(false),
-      m_bStateSavePending(true), m_pmenuSend(nullptr), m_bClosingEditor(false), m_iSortSection(0),
-      m_enSortOrder(Qt::AscendingOrder), m_bNewGroupPending(false), m_pshortcutSendSMS(nullptr),
-      m_pshortcutSendMMS(nullptr), m_pshortcutNewContact(nullptr), m_pshortcutEditContact(nullptr),
-      m_pshortcutDelete(nullptr), m_pshortcutSearch(nullptr), m_pshortcutCall(nullptr), m_pshortcutNewGroup(nullptr),
-      m_pshortcutRenameGroup(nullptr), m_ucMultiModeCard(), m_bHideDoubleModeCardNode(false)
+AddrBookDlg::AddrBookDlg() : QWidget(nullptr)
 {
     m_pAddrBookLogic = AddrBookLogic::Instance();
     m_bSortPreserve = AddrBookLogic::GetSortPreserve();

@@ -142,7 +142,8 @@ private:
     void setCorrectTreeWidth();
     void deleteTreeVariantData();
 
-    // ---- Table and preview (AddrBookDlgTable.cpp, AddrBookDlgPreview.cpp) --------------------------------------------
+    // ---- Table and preview (AddrBookDlgTable.cpp, AddrBookDlgPreview.cpp)
+    // --------------------------------------------
 public:
     void getFieldNames();
     void getColumnCount(_ORVA_EN_PHONEBOOK_MEMORY enType, int& iCount) const;
@@ -305,104 +306,104 @@ private:
     friend struct AddrBookDlgAccess; // the tests' look at the members
 
     // Capacity as last read, followed while a batch runs.
-    int m_iSimUsedCount;
-    int m_iSimTotalCount;
-    int m_iLocalUsedCount;
-    int m_iLocalTotalCount;
-    int m_iDeviceUsedCount;
-    int m_iDeviceTotalCount;
+    int m_iSimUsedCount = 0;
+    int m_iSimTotalCount = 0;
+    int m_iLocalUsedCount = 0;
+    int m_iLocalTotalCount = 0;
+    int m_iDeviceUsedCount = 0;
+    int m_iDeviceTotalCount = 0;
 
     // The operation under way.
-    int m_iTotalRowCount;
-    int m_iProcessedRowCount;
-    int m_iSuccessRowCount;
-    _ORVA_EN_PHONEBOOK_MEMORY m_enMemory; // of the operation, or of the open dialog
-    int m_iGroupId;
-    bool m_bThreadBusy;
+    int m_iTotalRowCount = 0;
+    int m_iProcessedRowCount = 0;
+    int m_iSuccessRowCount = 0;
+    _ORVA_EN_PHONEBOOK_MEMORY m_enMemory = PB_MEM_LOCAL; // of the operation, or of the open dialog
+    int m_iGroupId = 0;
+    bool m_bThreadBusy = false;
     QList<int> m_listPreviewSplitterSizes;
     AddrBookThread m_threadWorker;
-    AddrBookThread* m_pthreadRead;
-    AddrBookThread* m_pthreadReadOld;
-    _ORVA_EN_PHONEBOOK_MEMORY m_enTableMemory;
-    GridDelegate* m_pdelegateGrid;
-    _ORVA_EN_PHONEBOOK_MEMORY m_enDragSourceMemory;
-    _ORVA_EN_PHONEBOOK_MEMORY m_enDragTargetMemory;
-    _ADDRBOOK_OPERATION_TYPE m_enOperation;
-    _ADDRBOOK_OPERATION_TYPE m_enReadMode; // ADDRBOOK_OP_SEARCH while a reload for the search runs
+    AddrBookThread* m_pthreadRead = nullptr;
+    AddrBookThread* m_pthreadReadOld = nullptr;
+    _ORVA_EN_PHONEBOOK_MEMORY m_enTableMemory = PB_MEM_LOCAL;
+    GridDelegate* m_pdelegateGrid = nullptr;
+    _ORVA_EN_PHONEBOOK_MEMORY m_enDragSourceMemory = PB_MEM_LOCAL;
+    _ORVA_EN_PHONEBOOK_MEMORY m_enDragTargetMemory = PB_MEM_LOCAL;
+    _ADDRBOOK_OPERATION_TYPE m_enOperation = ADDRBOOK_OP_DELETE;
+    _ADDRBOOK_OPERATION_TYPE m_enReadMode = ADDRBOOK_OP_NONE; // ADDRBOOK_OP_SEARCH while a reload for the search runs
     QPointer<AddrBookWaitingDlg> m_pdlgWaiting;
-    AddrBookRecord m_recordCurrent; // edit and delete work on it
-    bool m_bNewContactEnabled;
+    AddrBookRecord m_recordCurrent = AddrBookRecord(); // edit and delete work on it
+    bool m_bNewContactEnabled = true;
     QList<AddrBookRecord> m_listNotifyRecords;
 
     // Widgets.
-    QWidget* m_pwidgetSplitter;
-    QVBoxLayout* m_pvlayoutCentral;
-    QVBoxLayout* m_pvlayoutRight;
-    QSplitter* m_psplitterMain;
-    PBTreeWidget* m_ptreePhonebook;
-    QTreeWidgetItem* m_pitemEnteredTreeWidgetItem;
-    QTreeWidgetItem* m_pitemLocalTreeWidgetItem;
-    QTreeWidgetItem* m_pitemSimTreeWidgetItem;
-    QTreeWidgetItem* m_pitemDeviceTreeWidgetItem;
-    QTreeWidgetItem* m_pitemCurrentTreeWidgetItem; // whose records the table holds or is loading
-    QSplitter* m_psplitterPreview;
-    ChoosePhoneNumber* m_pdlgChoosePhone;
-    AddrBookTableWidget* m_ptableContacts;
-    AddrBookTableWidget* m_ptableContactsOld;
-    QTextBrowser* m_plabelPreview;
-    AddrBookLogic* m_pAddrBookLogic;
+    QWidget* m_pwidgetSplitter = nullptr;
+    QVBoxLayout* m_pvlayoutCentral = nullptr;
+    QVBoxLayout* m_pvlayoutRight = nullptr;
+    QSplitter* m_psplitterMain = nullptr;
+    PBTreeWidget* m_ptreePhonebook = nullptr;
+    QTreeWidgetItem* m_pitemEnteredTreeWidgetItem = nullptr;
+    QTreeWidgetItem* m_pitemLocalTreeWidgetItem = nullptr;
+    QTreeWidgetItem* m_pitemSimTreeWidgetItem = nullptr;
+    QTreeWidgetItem* m_pitemDeviceTreeWidgetItem = nullptr;
+    QTreeWidgetItem* m_pitemCurrentTreeWidgetItem = nullptr; // whose records the table holds or is loading
+    QSplitter* m_psplitterPreview = nullptr;
+    ChoosePhoneNumber* m_pdlgChoosePhone = nullptr;
+    AddrBookTableWidget* m_ptableContacts = nullptr;
+    AddrBookTableWidget* m_ptableContactsOld = nullptr;
+    QTextBrowser* m_plabelPreview = nullptr;
+    AddrBookLogic* m_pAddrBookLogic = nullptr;
 
     // Tool bar.
-    QWidget* m_pwidgetToolBar;
+    QWidget* m_pwidgetToolBar = nullptr;
     QList<ToolItem> m_listToolItems;
-    QButtonGroup* m_pbuttonGroup;
-    SearchLineEdit* m_plineeditSearch;
-    bool m_bSearchBoxShown;
-    QHBoxLayout* m_phlayoutToolBar;
-    QLabel* m_plabelToolBar;
-    IPluginContainer* m_pPluginContainer;
-    bool m_bSimEnabled;
-    bool m_bNetConnected;
-    bool m_bRFOff;
-    bool m_bSubGroupSupported;
+    QButtonGroup* m_pbuttonGroup = nullptr;
+    SearchLineEdit* m_plineeditSearch = nullptr;
+    bool m_bSearchBoxShown = false;
+    QHBoxLayout* m_phlayoutToolBar = nullptr;
+    QLabel* m_plabelToolBar = nullptr;
+    IPluginContainer* m_pPluginContainer = nullptr;
+    bool m_bSimEnabled = false;
+    bool m_bNetConnected = false;
+    bool m_bRFOff = false;
+    bool m_bSubGroupSupported = false;
 
     // The group editor.
     QString m_strOldGroupName;
-    int m_iNewGroupParentId;
-    QTreeWidgetItem* m_pitemGroupParent;
-    QTreeWidgetItem* m_pitemEditedGroup;
+    int m_iNewGroupParentId = 0;
+    QTreeWidgetItem* m_pitemGroupParent = nullptr;
+    QTreeWidgetItem* m_pitemEditedGroup = nullptr;
 
     // Menus.
-    MENU::QBuildMenu* m_pBuildMenu;
-    QMenu* m_pmenuTable;
-    QMenu* m_pmenuTree;
-    QTableWidget* m_ptableMenuOwner; // never shown; outlives the tables on screen
+    MENU::QBuildMenu* m_pBuildMenu = nullptr;
+    QMenu* m_pmenuTable = nullptr;
+    QMenu* m_pmenuTree = nullptr;
+    QTableWidget* m_ptableMenuOwner = nullptr; // never shown; outlives the tables on screen
     QList<MENU::QActionInfo> m_listTableActions;
     QList<MENU::QActionInfo> m_listTreeActions;
-    QString m_strSearchText;
-    bool m_bSortPreserve;
-    bool m_bPreviewEmpty;
-    bool m_bRemovingTreeItem;
+    QString m_strSearchText = QLatin1String("");
+    bool m_bSortPreserve = true;
+    bool m_bPreviewEmpty = true;
+    bool m_bRemovingTreeItem = false;
     QList<QString> m_listFieldNames;
-    bool m_bRightToLeft;
-    bool m_bStateSavePending;
-    QMenu* m_pmenuSend;
-    bool m_bClosingEditor;
+    bool m_bRightToLeft = false;
+    bool m_bStateSavePending = true;
+    QMenu* m_pmenuSend = nullptr;
+    bool m_bClosingEditor = false;
     QList<int> m_listColumnWidths;
-    int m_iSortSection;
-    Qt::SortOrder m_enSortOrder;
-    bool m_bNewGroupPending;
-    QShortcut* m_pshortcutSendSMS;
-    QShortcut* m_pshortcutSendMMS;
-    QShortcut* m_pshortcutNewContact;
-    QShortcut* m_pshortcutEditContact;
-    QShortcut* m_pshortcutDelete;
-    QShortcut* m_pshortcutSearch;
-    QShortcut* m_pshortcutCall;
-    QShortcut* m_pshortcutNewGroup;
-    QShortcut* m_pshortcutRenameGroup;
-    unsigned char m_ucMultiModeCard[2]; // the SDK may write two bytes; the first is the status
-    bool m_bHideDoubleModeCardNode;
+    int m_iSortSection = 0;
+    Qt::SortOrder m_enSortOrder = Qt::AscendingOrder;
+    bool m_bNewGroupPending = false;
+    QShortcut* m_pshortcutSendSMS = nullptr;
+    QShortcut* m_pshortcutSendMMS = nullptr;
+    QShortcut* m_pshortcutNewContact = nullptr;
+    QShortcut* m_pshortcutEditContact = nullptr;
+    QShortcut* m_pshortcutDelete = nullptr;
+    QShortcut* m_pshortcutSearch = nullptr;
+    QShortcut* m_pshortcutCall = nullptr;
+    QShortcut* m_pshortcutNewGroup = nullptr;
+    QShortcut* m_pshortcutRenameGroup = nullptr;
+    unsigned char m_ucMultiModeCard[2] = {0, 0}; // the SDK may write two bytes; the first is the status
+    bool m_bHideDoubleModeCardNode = false;
 };
 
 #endif // ADDRBOOKUIPLUGIN_ADDRBOOKDLG_H

@@ -38,12 +38,9 @@ const MenuEntry s_lstTableEntries[] = {
 };
 
 const MenuEntry s_lstTreeEntries[] = {
-    {"IDS_Add_GROUP", SLOT(OnNewGroupClicked())},
-    {"IDS_EDIT_GROUP", SLOT(OnRenameGroupClicked())},
-    {"IDS_DEL_GROUP", SLOT(OnDeleteGroupClicked())},
-    {"IDS_SEND_MSG", SLOT(OnButtonClickedSendGroupSMS())},
-    {"IDS_SEND_MMS", SLOT(OnButtonClickedSendGroupMMS())},
-    {"IDS_PMMENU_CALL", SLOT(OnButtonClickedCall())},
+    {"IDS_Add_GROUP", SLOT(OnNewGroupClicked())},          {"IDS_EDIT_GROUP", SLOT(OnRenameGroupClicked())},
+    {"IDS_DEL_GROUP", SLOT(OnDeleteGroupClicked())},       {"IDS_SEND_MSG", SLOT(OnButtonClickedSendGroupSMS())},
+    {"IDS_SEND_MMS", SLOT(OnButtonClickedSendGroupMMS())}, {"IDS_PMMENU_CALL", SLOT(OnButtonClickedCall())},
 };
 
 template <int iCount>
@@ -67,8 +64,7 @@ void AddrBookDlg::constructContextMenu()
     if (m_ptableContacts != nullptr) {
         // The table on screen is replaced at each switch of node; the menu's owner lives as long as the window.
         m_ptableMenuOwner = new (std::nothrow) QTableWidget;
-        m_pmenuTable =
-            m_pBuildMenu->CreateMenuBar(QLatin1String("listview"), m_ptableMenuOwner, &m_listTableActions);
+        m_pmenuTable = m_pBuildMenu->CreateMenuBar(QLatin1String("listview"), m_ptableMenuOwner, &m_listTableActions);
     }
     tableMenuConnect();
     if (m_ptreePhonebook != nullptr)
@@ -113,8 +109,8 @@ void AddrBookDlg::treeMenuConnect()
 // One setting rules for voice and video.
 void AddrBookDlg::tableMenuConnectCall(const MENU::QActionInfo& info, const QString& strPluginId)
 {
-    const bool bAllowed = CommonUtils::GetSettings(QLatin1String("callui"), QLatin1String("callvoice"))
-                              .startsWith(QLatin1Char('1'));
+    const bool bAllowed =
+        CommonUtils::GetSettings(QLatin1String("callui"), QLatin1String("callvoice")).startsWith(QLatin1Char('1'));
     if (getPlugin(strPluginId, PLUGIN_KIND_PRESENCE) != nullptr && bAllowed)
         return;
     if (m_pmenuTable != nullptr)

@@ -1,10 +1,9 @@
-#include <QAbstractItemModel>
-
 #include "logic/ItemData.h"
 #include "logic/Log.h"
 #include "widgets/AddrBookTableWidget.h"
 #include "widgets/PBTreeWidget.h"
 #include "window/AddrBookDlg.h"
+#include "window/QuietModel.h"
 
 void AddrBookDlg::OnShowHideSearchBox()
 {
@@ -76,11 +75,16 @@ bool AddrBookDlg::rowMatches(int iRow, const QString& strText) const
 
 void AddrBookDlg::removeRows(int iFirst, int iLast)
 {
-    const int iColumns = m_ptableContacts->columnCount();
-    for (int iRow = iFirst; iRow <= iLast; ++iRow) {
-        for (int iColumn = 0; iColumn < iColumns; ++iColumn)
-            delete tableRowData(m_ptableContacts->item(iRow, iColumn));
+    {
+        // Emptied first: the selection follows while the rows go, and looks at what is behind them.
+        const QuietModel quiet(m_ptableContacts->model());
+        const int iColumns = m_ptableContacts->columnCount();
+        for (int iRow = iFirst; iRow <= iLast; ++iRow) {
+            for (int iColumn = 0; iColumn < iColumns; ++iColumn) {
+                delete tableRowData(m_ptableContacts->item(iRow, iColumn));
+                delete m_ptableContacts->takeItem(iRow, iColumn);
+            }
+        }
     }
-    // The items go with their rows, their data is gone: nobody may look at it while the selection follows.
     m_ptableContacts->model()->removeRows(iFirst, iLast - iFirst + 1);
 }

@@ -1,4 +1,3 @@
-#include <QAbstractItemModel>
 #include <QHeaderView>
 #include <QScopedPointer>
 #include <QSplitter>
@@ -13,6 +12,7 @@
 #include "widgets/PBTreeWidget.h"
 #include "widgets/UITableItem.h"
 #include "window/AddrBookDlg.h"
+#include "window/QuietModel.h"
 
 namespace
 {
@@ -25,20 +25,6 @@ QString inOneLine(const QString& strValue)
     strText.replace(QLatin1Char('\n'), QLatin1Char(' '));
     return strText;
 }
-
-// Keeps a model from telling its view of single cells. The view of a row that has just come is laid out for the row;
-// that of a retired table is on no screen.
-class QuietModel
-{
-public:
-    explicit QuietModel(QAbstractItemModel* pModel) : m_pModel(pModel), m_bBefore(pModel->blockSignals(true)) {}
-    ~QuietModel() { m_pModel->blockSignals(m_bBefore); }
-
-private:
-    Q_DISABLE_COPY(QuietModel)
-    QAbstractItemModel* m_pModel;
-    bool m_bBefore;
-};
 } // namespace
 
 void AddrBookDlg::getFieldNames()
@@ -274,8 +260,7 @@ bool AddrBookDlg::isCurrentReader() const
     return m_pthreadRead != nullptr && QObject::sender() == m_pthreadRead;
 }
 
-void AddrBookDlg::OnAddContactToTable(int enType, qlonglong iData, int iGroupid, int /*iCurrentRow*/,
-                                      int iColumnCount)
+void AddrBookDlg::OnAddContactToTable(int enType, qlonglong iData, int iGroupid, int /*iCurrentRow*/, int iColumnCount)
 {
     const QScopedPointer<AddrBookRecord> pRecord(carrierToPointer<AddrBookRecord>(iData));
     if (pRecord.isNull() || !isCurrentReader() || m_ptableContacts == nullptr)
@@ -284,8 +269,7 @@ void AddrBookDlg::OnAddContactToTable(int enType, qlonglong iData, int iGroupid,
         return;
     const int iRow = m_ptableContacts->rowCount();
     m_ptableContacts->setRowCount(iRow + 1);
-    if (fillRow(iRow, static_cast<_ORVA_EN_PHONEBOOK_MEMORY>(enType), *pRecord, iGroupid, iColumnCount,
-                m_bRightToLeft))
+    if (fillRow(iRow, static_cast<_ORVA_EN_PHONEBOOK_MEMORY>(enType), *pRecord, iGroupid, iColumnCount, m_bRightToLeft))
         m_ptableContacts->setColumnCount(iColumnCount);
 }
 

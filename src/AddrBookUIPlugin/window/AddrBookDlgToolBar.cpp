@@ -18,12 +18,9 @@ const struct {
     int iId;
     const char* szSlot;
 } s_lstButtons[] = {
-    {TOOL_NEW, SLOT(OnButtonClickedNewContact())},
-    {TOOL_EDIT, SLOT(OnButtonClickedEditContact())},
-    {TOOL_DELETE, SLOT(OnButtonClickedDeleteContact())},
-    {TOOL_CALL, SLOT(OnButtonClickedCall())},
-    {TOOL_IMPORT_MOE, SLOT(OnBnClickedBtnMOE())},
-    {TOOL_IMPORT_MOO, SLOT(OnBnClickedBtnMOO())},
+    {TOOL_NEW, SLOT(OnButtonClickedNewContact())},       {TOOL_EDIT, SLOT(OnButtonClickedEditContact())},
+    {TOOL_DELETE, SLOT(OnButtonClickedDeleteContact())}, {TOOL_CALL, SLOT(OnButtonClickedCall())},
+    {TOOL_IMPORT_MOE, SLOT(OnBnClickedBtnMOE())},        {TOOL_IMPORT_MOO, SLOT(OnBnClickedBtnMOO())},
 };
 
 QString configFile()
@@ -143,8 +140,8 @@ QMenu* AddrBookDlg::getSendMenu()
     bool bInSendMenu = false;
     while (readOn(reader)) {
         if (!bInSendMenu) {
-            bInSendMenu = reader.isStartElement() && reader.name() == QLatin1String("menu") &&
-                          isSendMenu(reader.attributes());
+            bInSendMenu =
+                reader.isStartElement() && reader.name() == QLatin1String("menu") && isSendMenu(reader.attributes());
             continue;
         }
         // From the send menu on, every item to the end of the file counts.

@@ -1,6 +1,6 @@
 #include <QHeaderView>
 #include <QPixmap>
-#include <QTransform>
+#include <QSplitter>
 #include <QTreeWidgetItemIterator>
 #include <QVector>
 
@@ -243,8 +243,8 @@ void AddrBookDlg::setLocalText()
     setNodeCaption(m_pitemLocalTreeWidgetItem, strText);
 }
 
-void AddrBookDlg::updateGroupInfoInTree(QTreeWidgetItem* pItem, AddrBookGroup* pGroup,
-                                        _ORVA_EN_PHONEBOOK_MEMORY enType, qlonglong iNodeValue)
+void AddrBookDlg::updateGroupInfoInTree(QTreeWidgetItem* pItem, AddrBookGroup* pGroup, _ORVA_EN_PHONEBOOK_MEMORY enType,
+                                        qlonglong iNodeValue)
 {
     if (pItem == nullptr || pGroup == nullptr)
         return;
@@ -296,8 +296,8 @@ void AddrBookDlg::repaintNode(QTreeWidgetItem* pItem, TreeNodeData* pData)
     }
     const _ORVA_EN_PHONEBOOK_MEMORY enMemory = static_cast<_ORVA_EN_PHONEBOOK_MEMORY>(pData->iMemoryOrGroup);
     AddrBookGroup group;
-    group.strName = enMemory == PB_MEM_LOCAL ? tr(QLatin1String("IDS_LOCAL_PHONEBOOKUI"))
-                                             : AddrBookUICommon::GetNodeText(enMemory);
+    group.strName =
+        enMemory == PB_MEM_LOCAL ? tr(QLatin1String("IDS_LOCAL_PHONEBOOKUI")) : AddrBookUICommon::GetNodeText(enMemory);
     group.iSize = m_pAddrBookLogic->GetAddrRecordCount(enMemory);
     getImageIconFromFile(QLatin1String(s_szTreeImages), s_iFrameMemory, icon);
     pItem->setIcon(0, icon);
@@ -401,8 +401,7 @@ QTreeWidgetItem* AddrBookDlg::getGroupId(_ORVA_EN_PHONEBOOK_MEMORY& enType, int&
     return getGroupAndParentIds(enType, iGroupId, iParentId, nullptr);
 }
 
-void AddrBookDlg::setTreeData(qlonglong iData, int iColumn, bool bSorted, Qt::SortOrder enOrder,
-                              QTreeWidgetItem* pItem)
+void AddrBookDlg::setTreeData(qlonglong iData, int iColumn, bool bSorted, Qt::SortOrder enOrder, QTreeWidgetItem* pItem)
 {
     TreeNodeData* pData = new (std::nothrow) TreeNodeData;
     if (pData == nullptr)

@@ -7,12 +7,30 @@
 
 namespace PluginId
 {
-inline QLatin1String sms() { return QLatin1String("ED395DF6-E3BA-478e-8AE9-D8A1BF090214"); }
-inline QLatin1String mms() { return QLatin1String("8A8F7C8C-B6DE-41cb-9228-D78C95312E87"); }
-inline QLatin1String voiceCall() { return QLatin1String("58A0343A-93DB-4ea2-92B4-C51589629381"); }
-inline QLatin1String videoCall() { return QLatin1String("EAF9E049-AFD3-4DCB-B721-172970E7F3F7"); }
-inline QLatin1String notify() { return QLatin1String("C986A689-A5F6-4215-84BD-39BA626F1F57"); }
-inline QLatin1String deviceMgr() { return QLatin1String("8772F2BF-3227-4203-AFDD-DBAD1E9D1F98"); }
+inline QLatin1String sms()
+{
+    return QLatin1String("ED395DF6-E3BA-478e-8AE9-D8A1BF090214");
+}
+inline QLatin1String mms()
+{
+    return QLatin1String("8A8F7C8C-B6DE-41cb-9228-D78C95312E87");
+}
+inline QLatin1String voiceCall()
+{
+    return QLatin1String("58A0343A-93DB-4ea2-92B4-C51589629381");
+}
+inline QLatin1String videoCall()
+{
+    return QLatin1String("EAF9E049-AFD3-4DCB-B721-172970E7F3F7");
+}
+inline QLatin1String notify()
+{
+    return QLatin1String("C986A689-A5F6-4215-84BD-39BA626F1F57");
+}
+inline QLatin1String deviceMgr()
+{
+    return QLatin1String("8772F2BF-3227-4203-AFDD-DBAD1E9D1F98");
+}
 } // namespace PluginId
 
 enum PluginKind {
