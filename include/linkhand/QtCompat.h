@@ -6,6 +6,7 @@
 #include <QtGlobal>
 
 #include <QByteArray>
+#include <QCoreApplication>
 #if QT_VERSION >= 0x050000
 #include <QLoggingCategory>
 #else
@@ -76,6 +77,15 @@ inline void setDebugEnabled(bool bEnabled)
     QLoggingCategory::setFilterRules(QLatin1String(bEnabled ? "default.debug=true" : "default.debug=false"));
 #else
     qInstallMsgHandler(bEnabled ? nullptr : &dropDebugMessage);
+#endif
+}
+
+// Called before the application object is made: pixels scale with the screen where Qt can do that.
+inline void prepareApplication()
+{
+#if QT_VERSION >= 0x050600
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
 #endif
 }
 
