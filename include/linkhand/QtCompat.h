@@ -6,8 +6,12 @@
 #include <QtGlobal>
 
 #include <QByteArray>
+#include <QCoreApplication>
 #if QT_VERSION >= 0x050000
 #include <QLoggingCategory>
+#else
+#include <cstdio>
+#include <cstdlib>
 #endif
 #include <QDrag>
 #include <QFontMetrics>
@@ -45,6 +49,19 @@ inline QByteArray toAscii(const QString& strText)
 #endif
 }
 
+#if QT_VERSION < 0x050000
+// A message handler that lets all but debug output through.
+inline void dropDebugMessage(QtMsgType enType, const char* pszText)
+{
+    if (enType != QtDebugMsg) {
+        fprintf(stderr, "%s\n", pszText);
+    }
+    if (enType == QtFatalMsg) {
+        abort();
+    }
+}
+#endif
+
 // False while debug output goes nowhere.
 inline bool debugEnabled()
 {
@@ -52,6 +69,25 @@ inline bool debugEnabled()
     return QLoggingCategory::defaultCategory()->isDebugEnabled();
 #else
     return true;
+#endif
+}
+
+// Lets debug output through, or drops it before it is formatted where Qt can. Warnings always come through.
+inline void setDebugEnabled(bool bEnabled)
+{
+#if QT_VERSION >= 0x050000
+    QLoggingCategory::setFilterRules(QLatin1String(bEnabled ? "default.debug=true" : "default.debug=false"));
+#else
+    qInstallMsgHandler(bEnabled ? nullptr : &dropDebugMessage);
+#endif
+}
+
+// Called before the application object is made: pixels scale with the screen where Qt can do that.
+inline void prepareApplication()
+{
+#if QT_VERSION >= 0x050600
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
 #endif
 }
 
