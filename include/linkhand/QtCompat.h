@@ -6,13 +6,18 @@
 #include <QtGlobal>
 
 #include <QByteArray>
+#include <QCoreApplication>
 #if QT_VERSION >= 0x050000
 #include <QLoggingCategory>
 #include <QStandardPaths>
 #else
 #include <QDesktopServices>
+#include <cstdio>
+#include <cstdlib>
 #endif
+#include <QDrag>
 #include <QFontMetrics>
+#include <QObject>
 #include <QString>
 #include <QtPlugin>
 
@@ -46,6 +51,19 @@ inline QByteArray toAscii(const QString& strText)
 #endif
 }
 
+#if QT_VERSION < 0x050000
+// A message handler that lets all but debug output through.
+inline void dropDebugMessage(QtMsgType enType, const char* pszText)
+{
+    if (enType != QtDebugMsg) {
+        fprintf(stderr, "%s\n", pszText);
+    }
+    if (enType == QtFatalMsg) {
+        abort();
+    }
+}
+#endif
+
 // False while debug output goes nowhere.
 inline bool debugEnabled()
 {
@@ -53,6 +71,25 @@ inline bool debugEnabled()
     return QLoggingCategory::defaultCategory()->isDebugEnabled();
 #else
     return true;
+#endif
+}
+
+// Lets debug output through, or drops it before it is formatted where Qt can. Warnings always come through.
+inline void setDebugEnabled(bool bEnabled)
+{
+#if QT_VERSION >= 0x050000
+    QLoggingCategory::setFilterRules(QLatin1String(bEnabled ? "default.debug=true" : "default.debug=false"));
+#else
+    qInstallMsgHandler(bEnabled ? nullptr : &dropDebugMessage);
+#endif
+}
+
+// Called before the application object is made: pixels scale with the screen where Qt can do that.
+inline void prepareApplication()
+{
+#if QT_VERSION >= 0x050600
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
 #endif
 }
 
@@ -80,6 +117,31 @@ inline int textWidth(const QFontMetrics& metrics, const QString& strText)
     return metrics.horizontalAdvance(strText);
 #else
     return metrics.width(strText);
+#endif
+}
+
+// Joins a drag's targetChanged to a receiver. Its argument is a QWidget in Qt 4 and a QObject from Qt 5 on, so that
+// there are two slots, of which one is used.
+inline bool connectTargetChanged(const QDrag* pDrag, const QObject* pReceiver, const char* pszWidgetSlot,
+                                 const char* pszObjectSlot)
+{
+#if QT_VERSION >= 0x050000
+    Q_UNUSED(pszWidgetSlot)
+    return QObject::connect(pDrag, SIGNAL(targetChanged(QObject*)), pReceiver, pszObjectSlot);
+#else
+    Q_UNUSED(pszObjectSlot)
+    return QObject::connect(pDrag, SIGNAL(targetChanged(QWidget*)), pReceiver, pszWidgetSlot);
+#endif
+}
+
+// A button in a QLineEdit that empties it; Qt 4 has none.
+template <typename LineEdit>
+inline void showClearButton(LineEdit* pEdit)
+{
+#if QT_VERSION >= 0x050200
+    pEdit->setClearButtonEnabled(true);
+#else
+    Q_UNUSED(pEdit);
 #endif
 }
 

@@ -3,12 +3,10 @@
 
 #include "window/AddrBookDlg.h"
 
-#include <QCoreApplication>
 #include <QScopedPointer>
 
 #include "dialogs/AddrBookEditDlg.h"
 #include "dialogs/AddrBookSelectContactsDlg.h"
-#include "dialogs/AddrBookWaitingDlg.h"
 #include "linkhand/core/CommonUtils.h"
 #include "logic/AddrBookLogic.h"
 #include "logic/ItemData.h"
@@ -16,6 +14,7 @@
 #include "logic/Texts.h"
 #include "widgets/AddrBookTableWidget.h"
 #include "widgets/PBTreeWidget.h"
+#include "window/ToolItemIds.h"
 
 void AddrBookDlg::OnButtonClickedNewContact()
 {
@@ -159,7 +158,7 @@ void AddrBookDlg::showChangedContact(_ORVA_EN_PHONEBOOK_MEMORY enMemory, const A
     m_ptableContacts->setSortingEnabled(true);
 }
 
-bool AddrBookDlg::passesSearch(const AddrBookRecord& record)
+bool AddrBookDlg::passesSearch(const AddrBookRecord& record) const
 {
     if (m_plineeditSearch == nullptr)
         return false;
@@ -208,100 +207,17 @@ void AddrBookDlg::OnRemoveFromGroupClicked()
     handleMultipleContact(ADDRBOOK_OP_REMOVE_FROM_GROUP);
 }
 
-void AddrBookDlg::handleMultipleContact(_ADDRBOOK_OPERATION_TYPE enOperation)
-{
-    ADDRBOOK_LOG_ENTER();
-    if (m_ptableContacts == nullptr)
-        return;
-    // The table is deaf until the operation ends.
-    QObject::disconnect(m_ptableContacts, nullptr, nullptr, nullptr);
-    QList<AddrBookRecord> lstRecords;
-    const QList<QTableWidgetSelectionRange> lstRanges = m_ptableContacts->selectedRanges();
-    for (int i = lstRanges.size() - 1; i >= 0; --i) {
-        for (int iRow = lstRanges.at(i).topRow(); iRow <= lstRanges.at(i).bottomRow(); ++iRow) {
-            getContactInfoFromSDK(m_ptableContacts->item(iRow, 0), m_recordCurrent);
-            lstRecords.append(m_recordCurrent);
-        }
-    }
-    if (!isSimorDeviceNodeExist())
-        return;
-    if (lstRecords.isEmpty()) {
-        connectHandlersForTable();
-        return;
-    }
-    if (retireBatch() && m_ptableContacts != nullptr)
-        QObject::disconnect(m_ptableContacts, nullptr, nullptr, nullptr);
-    copyContactsForPushNotify(lstRecords, m_enMemory);
-    m_threadWorker.StopOperation();
-    m_enOperation = enOperation;
-    m_iProcessedRowCount = 0;
-    m_iSuccessRowCount = 0;
-    m_iTotalRowCount = lstRecords.size();
-    m_threadWorker.SetOperation(enOperation, m_enMemory, lstRecords, m_iGroupId);
-    m_pdlgWaiting = AddrBookWaitingDlg::GetWaitingDlgInstance(this);
-    if (m_pdlgWaiting != nullptr)
-        m_pdlgWaiting->ShowAnimation(tr(QLatin1String("IDS_DELETE_STATUS")), m_iTotalRowCount);
-    checkMaxCapacity(m_enMemory, true);
-    m_bThreadBusy = true;
-    m_threadWorker.start(QThread::InheritPriority);
-    ADDRBOOK_LOG_EXIT();
-}
-
-void AddrBookDlg::OnDelResult(bool bVal, int iRecordId)
-{
-    ADDRBOOK_LOG_CALLED();
-    ++m_iProcessedRowCount;
-    if (m_pdlgWaiting == nullptr) {
-        releaseOrphanedBatch();
-        return;
-    }
-    m_pdlgWaiting->UpDateProgress(m_iProcessedRowCount, m_iTotalRowCount);
-    if (bVal) {
-        ++m_iSuccessRowCount;
-        if (m_enOperation == ADDRBOOK_OP_DELETE)
-            sendNotifyToSMS(iRecordId, 290);
-        checkMaxCapWithLocals(m_enMemory, ADDRBOOK_OP_DELETE);
-    }
-    if (m_pdlgWaiting != nullptr && m_pdlgWaiting->GetProgressDlgCancelStatus())
-        m_threadWorker.StopOperation();
-    m_threadWorker.SetSlotExecutionStatus();
-}
-
-// A result that finds no waiting dialog: nobody could cancel this batch any more, and a worker must not wait for good.
-void AddrBookDlg::releaseOrphanedBatch()
-{
-    m_threadWorker.StopOperation();
-    m_threadWorker.SetSlotExecutionStatus();
-}
-
-// Before the worker gets a new list: a cancelled batch may still have a record in hand. Ends it, and lets its queued
-// results and its end be told. True if there was one.
-bool AddrBookDlg::retireBatch()
-{
-    if (!m_bThreadBusy)
-        return false;
-    m_threadWorker.StopOperation();
-    while (m_threadWorker.isRunning()) {
-        m_threadWorker.SetSlotExecutionStatus();
-        m_threadWorker.wait(1);
-    }
-    QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);
-    return true;
-}
-
 void AddrBookDlg::enableDisableNewContact(int iTotal, int iUsed)
 {
-    QAction* pactionAdd = getAction(QLatin1String("IDS_PMMENU_ADD"), m_listTableActions);
-    QAction* pactionImport = getAction(QLatin1String("IDS_IMPORT_PHONEBOOK"), m_listTableActions);
-    m_bNewContactEnabled = !(iTotal > 0 && iUsed >= iTotal);
-    if (pactionAdd != nullptr)
-        pactionAdd->setEnabled(m_bNewContactEnabled);
-    if (pactionImport != nullptr)
-        pactionImport->setEnabled(m_bNewContactEnabled);
-    if (m_bNewContactEnabled)
-        enableItem(9000);
+    // A total of 0 is a memory that is not ready, or none: it counts as room.
+    const bool bRoom = !(iTotal > 0 && iUsed >= iTotal);
+    setTableActionEnabled("IDS_PMMENU_ADD", bRoom);
+    setTableActionEnabled("IDS_IMPORT_PHONEBOOK", bRoom);
+    if (bRoom)
+        enableItem(TOOL_NEW);
     else
-        disableItem(9000);
+        disableItem(TOOL_NEW);
+    m_bNewContactEnabled = bRoom;
 }
 
 void AddrBookDlg::checkMaxCapacity(_ORVA_EN_PHONEBOOK_MEMORY enType, bool bRefresh)

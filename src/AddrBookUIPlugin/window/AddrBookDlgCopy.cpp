@@ -3,16 +3,11 @@
 
 #include "window/AddrBookDlg.h"
 
-#include <QScopedPointer>
-
 #include "dialogs/AddrBookWaitingDlg.h"
-#include "linkhand/core/CommonUtils.h"
 #include "logic/AddrBookLogic.h"
 #include "logic/Log.h"
-#include "logic/PointerCarrier.h"
 #include "logic/SdkText.h"
 #include "logic/Texts.h"
-#include "widgets/AddrBookTableWidget.h"
 #include "widgets/PBTreeWidget.h"
 
 void AddrBookDlg::moveOrCopyAllContacts(int iCount, int iTargetGroup)
@@ -220,111 +215,4 @@ void AddrBookDlg::showProgressBar(int iSteps)
         return;
     const char* pText = m_enOperation == ADDRBOOK_OP_MOVE ? "IDS_MOVE_STATUS" : "IDS_COPY_STATUS";
     m_pdlgWaiting->ShowAnimation(tr(QLatin1String(pText)), iSteps);
-}
-
-void AddrBookDlg::OnAddResult(bool bSuccess, qlonglong iPtrRecord)
-{
-    ADDRBOOK_LOG_CALLED();
-    const QScopedPointer<AddrBookRecord> pRecord(carrierToPointer<AddrBookRecord>(iPtrRecord));
-    if (pRecord.isNull())
-        return;
-    if (m_pdlgWaiting == nullptr) {
-        releaseOrphanedBatch();
-        return;
-    }
-    ++m_iProcessedRowCount;
-    m_pdlgWaiting->UpDateProgress(m_iProcessedRowCount, m_iTotalRowCount);
-    if (bSuccess) {
-        ++m_iSuccessRowCount;
-        QList<AddrBookRecord> lstRecords;
-        lstRecords.append(*pRecord);
-        copyContactsForPushNotify(lstRecords, m_enMemory);
-        sendNotifyToSMS(pRecord->iID, 288);
-        checkMaxCapWithLocals(m_enMemory, ADDRBOOK_OP_ADD);
-        if (!m_bNewContactEnabled)
-            stopAtFullMemory();
-    }
-    if (m_pdlgWaiting != nullptr && m_pdlgWaiting->GetProgressDlgCancelStatus())
-        m_threadWorker.StopOperation();
-    m_threadWorker.SetSlotExecutionStatus();
-}
-
-void AddrBookDlg::stopAtFullMemory()
-{
-    const int iSuccess = m_iSuccessRowCount;
-    m_threadWorker.StopOperation();
-    QString strText;
-    if (m_enOperation == ADDRBOOK_OP_IMPORT)
-        strText = tr(QLatin1String("IDS_IMPORT_DEVICEFULL"));
-    else if (m_enOperation == ADDRBOOK_OP_COPY || m_enOperation == ADDRBOOK_OP_MOVE)
-        strText = tr(QLatin1String("IDS_MOVE_REC_DEV_FULL"));
-    m_enOperation = ADDRBOOK_OP_NONE;
-    if (m_pdlgWaiting != nullptr)
-        m_pdlgWaiting->CloseWaitingDialog();
-    if (!strText.isEmpty())
-        showMessageOk(QMessageBox::Information, this, QLatin1String("IDS_PROMPT_CAPTION"),
-                      strText + QString::number(iSuccess));
-}
-
-void AddrBookDlg::OnFinished()
-{
-    ADDRBOOK_LOG_ENTER();
-    connectHandlersForTable();
-    m_bThreadBusy = false;
-    QTreeWidgetItem* pitem = getGroupId(m_enMemory, m_iGroupId);
-    if (pitem != nullptr) {
-        rePaintTree();
-        m_pitemCurrentTreeWidgetItem = nullptr;
-        OnTreeClicked(pitem);
-    }
-    if (m_enOperation == ADDRBOOK_OP_IMPORT) {
-        const QString strText = tr(QLatin1String("IDS_IMPORT_TOTAL_NUMBER")) + QString::number(m_iTotalRowCount) +
-                                tr(QLatin1String("IDS_IMPORT_IMPORTED_NUMBER")) + QString::number(m_iSuccessRowCount);
-        showMessageOk(QMessageBox::Information, this, QLatin1String("IDS_PROMPT_CAPTION"), strText);
-    } else if (m_enOperation == ADDRBOOK_OP_COPY || m_enOperation == ADDRBOOK_OP_MOVE) {
-        showCopyCompletedAlert(m_iTotalRowCount, m_iSuccessRowCount);
-    }
-    m_iTotalRowCount = 0;
-    m_iProcessedRowCount = 0;
-    m_iSuccessRowCount = 0;
-    m_enOperation = ADDRBOOK_OP_NONE;
-    AddrBookWaitingDlg::Destroy();
-    _ORVA_EN_PHONEBOOK_MEMORY enMemory = PB_MEM_NONE;
-    int iGroupId = 0;
-    getGroupId(enMemory, iGroupId);
-    m_enDragSourceMemory = enMemory;
-    ADDRBOOK_LOG_EXIT();
-}
-
-void AddrBookDlg::showCopyCompletedAlert(int iTotal, int iSuccess)
-{
-    if (!isDeviceMemory(m_enDragTargetMemory) && !isDeviceMemory(m_enDragSourceMemory))
-        return;
-    QString strText;
-    if (m_enOperation == ADDRBOOK_OP_MOVE)
-        strText = tr(QLatin1String("IDS_MOVE_COMPLETE"));
-    else if (m_enOperation == ADDRBOOK_OP_COPY)
-        strText = tr(QLatin1String("IDS_COPY_COMPLETE"));
-    strText += QLatin1Char(' ') + tr(QLatin1String("IDS_TOTAL_COUNT")) + QString::number(iTotal) +
-               tr(QLatin1String("IDS_SUCCESS_COUNT")) + QString::number(iSuccess);
-    showMessageOk(QMessageBox::Information, this, QLatin1String("IDS_PROMPT_CAPTION"), strText);
-}
-
-void AddrBookDlg::copyContactsForPushNotify(QList<AddrBookRecord> lstRecords, _ORVA_EN_PHONEBOOK_MEMORY enMemory)
-{
-    m_listNotifyRecords.clear();
-    QList<AddrBookField> lstFields;
-    if (m_pAddrBookLogic != nullptr)
-        m_pAddrBookLogic->GetAllFields(lstFields, enMemory);
-    foreach (const AddrBookRecord& record, lstRecords) {
-        AddrBookRecord numbers;
-        numbers.iID = record.iID;
-        for (int i = 0; i < lstFields.size() && i < record.lstValues.size(); ++i) {
-            const QString& strType = lstFields.at(i).strType;
-            const bool bPhone = strType == QLatin1String("Mobile") || strType == QLatin1String("Number");
-            if (bPhone && !record.lstValues.at(i).isEmpty())
-                numbers.lstValues.append(record.lstValues.at(i));
-        }
-        m_listNotifyRecords.append(numbers);
-    }
 }

@@ -15,6 +15,7 @@
 #include "logic/Texts.h"
 #include "widgets/AddrBookTableWidget.h"
 #include "window/FileDialogs.h"
+#include "window/ToolItemIds.h"
 
 namespace
 {
@@ -225,25 +226,13 @@ void AddrBookDlg::SetImportBtnState(_ORVA_EN_PHONEBOOK_MEMORY enMemory)
         m_pAddrBookLogic->GetAddrCapacity(enMemory, iTotal, iUsed);
     const bool bRoom = iUsed < iTotal && enMemory == PB_MEM_LOCAL;
     if (m_bOutlookUsable && bRoom)
-        enableItem(9008);
+        enableItem(TOOL_IMPORT_MOO);
     else
-        disableItem(9008);
+        disableItem(TOOL_IMPORT_MOO);
     if (m_bOutlookExpressUsable && bRoom)
-        enableItem(9007);
+        enableItem(TOOL_IMPORT_MOE);
     else
-        disableItem(9007);
-}
-
-void AddrBookDlg::enableOutlookMenu(bool bState, int iId)
-{
-    const char* pActionId = nullptr;
-    if (iId == 9008)
-        pActionId = "IDS_PMMENU_IMPORT_FROM_MOO";
-    else if (iId == 9007)
-        pActionId = "IDS_PMMENU_IMPORT_FROM_MOE";
-    QAction* paction = getAction(QLatin1String(pActionId), m_listTableActions);
-    if (paction != nullptr)
-        paction->setEnabled(bState);
+        disableItem(TOOL_IMPORT_MOE);
 }
 
 void AddrBookDlg::OnClickExportSelectedContacts()
