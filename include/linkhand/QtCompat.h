@@ -79,6 +79,17 @@ inline bool connectTargetChanged(const QDrag* pDrag, const QObject* pReceiver, c
 #endif
 }
 
+// A button in a QLineEdit that empties it; Qt 4 has none.
+template <typename LineEdit>
+inline void showClearButton(LineEdit* pEdit)
+{
+#if QT_VERSION >= 0x050200
+    pEdit->setClearButtonEnabled(true);
+#else
+    Q_UNUSED(pEdit);
+#endif
+}
+
 } // namespace QtCompat
 
 #endif // LINKHAND_QTCOMPAT_H
