@@ -186,7 +186,7 @@ private:
                          bool bUpdate);
     QString nameNode(QTreeWidgetItem* pitem, const AddrBookRecord& record, const QList<AddrBookField>& lstFields,
                      int iName, LeafNodeData* pData, bool bUpdate);
-    void addNumberNode(QTreeWidgetItem* pitemContact, const LeafNodeData& data);
+    void addNumberNode(QTreeWidgetItem* pitemContact, const LeafNodeData& leaf);
     static QTreeWidgetItem* createNode();
     QString numberLabel(_ORVA_EN_PHONEBOOK_MEMORY enType, int iField);
     void setNodeProperties(QTreeWidgetItem* pitem, QString strText, bool bCount, int iCount, const QVariant& variant);

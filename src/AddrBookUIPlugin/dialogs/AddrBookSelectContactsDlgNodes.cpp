@@ -93,22 +93,22 @@ bool AddrBookSelectContactsDlg::fillContactNode(QTreeWidgetItem* pitem, const Ad
     if (m_pAddrBookLogic)
         m_pAddrBookLogic->GetAllFields(lstFields, enType);
 
-    LeafNodeData data;
-    data.enType = enType;
-    data.iNodeType = NumberNode;
-    data.iID = record.iID;
-    data.bChecked = false;
-    data.strName = QLatin1String("");
+    LeafNodeData leaf;
+    leaf.enType = enType;
+    leaf.iNodeType = NumberNode;
+    leaf.iID = record.iID;
+    leaf.bChecked = false;
+    leaf.strName = QLatin1String("");
     for (int i = 0; i < lstFields.size(); ++i) {
         if (isNameField(lstFields.at(i))) {
-            LeafNodeData* pData = new (std::nothrow) LeafNodeData(data);
+            LeafNodeData* pData = new (std::nothrow) LeafNodeData(leaf);
             if (pData == nullptr)
                 return false;
-            data.strName = nameNode(pitem, record, lstFields, i, pData, bUpdate);
+            leaf.strName = nameNode(pitem, record, lstFields, i, pData, bUpdate);
         } else if (isPhoneField(lstFields.at(i)) && !record.lstValues.value(i).isEmpty()) {
-            data.strFieldName = numberLabel(enType, i);
-            data.strValue = record.lstValues.value(i);
-            addNumberNode(pitem, data);
+            leaf.strFieldName = numberLabel(enType, i);
+            leaf.strValue = record.lstValues.value(i);
+            addNumberNode(pitem, leaf);
         }
     }
     return true;
@@ -144,9 +144,9 @@ QString AddrBookSelectContactsDlg::nameNode(QTreeWidgetItem* pitem, const AddrBo
     return strName;
 }
 
-void AddrBookSelectContactsDlg::addNumberNode(QTreeWidgetItem* pitemContact, const LeafNodeData& data)
+void AddrBookSelectContactsDlg::addNumberNode(QTreeWidgetItem* pitemContact, const LeafNodeData& leaf)
 {
-    LeafNodeData* pData = new (std::nothrow) LeafNodeData(data);
+    LeafNodeData* pData = new (std::nothrow) LeafNodeData(leaf);
     QTreeWidgetItem* pitem = createNode();
     if (pData == nullptr || pitem == nullptr) {
         delete pData;
@@ -154,7 +154,7 @@ void AddrBookSelectContactsDlg::addNumberNode(QTreeWidgetItem* pitemContact, con
         return;
     }
     pitemContact->addChild(pitem);
-    setNodeProperties(pitem, data.strFieldName + QLatin1Char(' ') + data.strValue, false, 0,
+    setNodeProperties(pitem, leaf.strFieldName + QLatin1Char(' ') + leaf.strValue, false, 0,
                       QVariant(pointerToCarrier(pData)));
 }
 

@@ -1,6 +1,7 @@
 #include "dialogs/AddrBookSelectContactsDlg.h"
 
 #include <QSet>
+#include <algorithm>
 
 #include "linkhand/core/CommonUtils.h"
 #include "logic/Log.h"
@@ -158,8 +159,7 @@ void AddrBookSelectContactsDlg::uncheckAllChilds(QTreeWidgetItem* pitem)
         else
             lstKept.append(m_lstSelectedNumbers.at(i));
     }
-    for (int i = 0, j = lstKept.size() - 1; i < j; ++i, --j)
-        lstKept.swap(i, j);
+    std::reverse(lstKept.begin(), lstKept.end());
     m_lstSelectedNumbers = lstKept;
 }
 
