@@ -11,6 +11,7 @@
 
 #include "linkhand/core/QBuildMenu.h"
 #include "linkhand/core/ToolBarLogic.h"
+#include "linkhand/plugin/IAddrBookUIPlugin.h"
 #include "linkhand/plugin/IDeviceMgr.h"
 #include "linkhand/plugin/IPluginContainer.h"
 #include "logic/AddrBookTypes.h"
@@ -96,6 +97,7 @@ private:
     void retranslateToolBar();
     void removeSimNode(const char* szLog);
     void removeDeviceNode(const char* szLog, unsigned int uiMsg);
+    void tellSelectContacts(bool bIsSimEnabled);
     void cancelBatchOn(_ORVA_EN_PHONEBOOK_MEMORY enMemory);
     bool isOnline() const { return m_bNetConnected && !m_bRFOff; }
 
@@ -392,6 +394,9 @@ public:
 
     // Tells of each number of the records that wait under this identifier, and takes them off the list.
     void sendNotifyToSMS(int iRecordId, unsigned int uiMsg);
+
+    // Lets the user pick numbers. True, with the choice in lstNumbers, if the user confirmed.
+    bool OpenNumSelectDlg(bool bFlag, FIELD_TYPE enFieldType, QList<QString>& lstNumbers);
 
     // True for a label of a phone field of the memory that the last row click or drag was in.
     bool isPhoneField(const QString& strFieldName) const;
