@@ -99,6 +99,17 @@ inline int textWidth(const QFontMetrics& metrics, const QString& strText)
 #endif
 }
 
+// A button in a QLineEdit that empties it; Qt 4 has none.
+template <typename LineEdit>
+inline void showClearButton(LineEdit* pEdit)
+{
+#if QT_VERSION >= 0x050200
+    pEdit->setClearButtonEnabled(true);
+#else
+    Q_UNUSED(pEdit);
+#endif
+}
+
 } // namespace QtCompat
 
 #endif // LINKHAND_QTCOMPAT_H
