@@ -1,3 +1,4 @@
+#include <QLabel>
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
@@ -24,6 +25,7 @@ private slots:
     void closedOrEscapedIsCancel();
     void flagChoosesTheDefaultButton();
     void textsButtonsAndFlagsAreShown();
+    void everyKindHasAPicture();
     void markUpIsText();
     void pointerHoldsTheOpenBox();
     void parentMayGoWhileTheBoxIsOpen();
@@ -131,6 +133,23 @@ void CoreMessageBox::textsButtonsAndFlagsAreShown()
         QVERIFY(pBox->isModal());
         pBox->close();
     });
+}
+
+void CoreMessageBox::everyKindHasAPicture()
+{
+    for (const QMessageBox::Icon enIcon :
+         {QMessageBox::Information, QMessageBox::Warning, QMessageBox::Critical, QMessageBox::Question}) {
+        QWidget parent;
+        QDialog* pDialog = nullptr;
+        CommonUtils::ShowMessage(enIcon, &parent, "caption", "text", "IDS_OK", "", "", true, Qt::WindowCloseButtonHint,
+                                 &pDialog, "", false);
+        const QMessageBox* pBox = qobject_cast<QMessageBox*>(pDialog);
+        QCOMPARE(pBox->icon(), enIcon);
+        const QLabel* pPicture = pBox->findChild<QLabel*>("qt_msgboxex_icon_label");
+        QVERIFY(pPicture != nullptr && pPicture->isVisible());
+        QVERIFY(!pPicture->picture(Qt::ReturnByValue).isNull() || !pPicture->pixmap(Qt::ReturnByValue).isNull());
+        QVERIFY(pPicture->width() >= 32);
+    }
 }
 
 void CoreMessageBox::markUpIsText()
