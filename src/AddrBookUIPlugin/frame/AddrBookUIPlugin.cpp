@@ -2,7 +2,11 @@
 
 #include "frame/AddrBookUIService.h"
 #include "frame/FrameLog.h"
+#include "linkhand/plugin/PluginVerification.h"
 #include "logic/Texts.h"
+
+LINKHAND_EXPORT_VERIFICATION()
+LINKHAND_EXPORT_PLUGIN(AddrBookUIPlugin, CAddrBookUIPlugin)
 
 namespace
 {

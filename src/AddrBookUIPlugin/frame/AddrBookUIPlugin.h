@@ -18,6 +18,7 @@ class CAddrBookUIPlugin : public QObject, public IUIPlugin, public INotify
 {
     Q_OBJECT
     Q_INTERFACES(IUIPlugin IBasePlugin INotify)
+    LINKHAND_PLUGIN_METADATA("com.teskra.linkhand.plugin.IUIPlugin")
 
 public:
     CAddrBookUIPlugin();

@@ -72,10 +72,9 @@ private slots:
             f.build();
             lines = MessageLog::lines();
         }
-        QCOMPARE(lines.filter("No such slot AddrBookDlg::OnMoveResult(bool,qlonglong)").size(), 1);
+        QCOMPARE(lines.filter("No such slot AddrBookDlg::OnMoveResult(bool, qlonglong)").size(), 1);
         QVERIFY(lines.filter("No such signal AddrBookTableWidget::sendMmsMessage()").size() >= 1);
-        QCOMPARE(lines.filter("QObject::connect").size(),
-                 1 + lines.filter("No such signal AddrBookTableWidget::sendMmsMessage()").size());
+        QCOMPARE(lines.filter("No such").size(), 1 + lines.filter("::sendMmsMessage()").size());
     }
 
     void radioSwitchFailureLeavesTheWindowWorking()
@@ -300,12 +299,12 @@ private slots:
         FakeCore::setText("IDS_PMBTN_ADD", "Nouveau contact", "fr");
         f.build();
         f.selectRows({0});
-        QVERIFY(f.previewText().startsWith("ID_STR_NAME:  Anna"));
+        QVERIFY(f.previewText().startsWith("ID_STR_NAME: Anna"));
         const AddrBookThread* reader = f.in().reader();
         FakeCore::setLanguage("fr");
         f.window()->SetLanguage();
         QCOMPARE(f.table()->horizontalHeaderItem(0)->text(), QString("Nom"));
-        QVERIFY(f.previewText().startsWith("Nom:  Anna"));
+        QVERIFY(f.previewText().startsWith("Nom: Anna"));
         QCOMPARE(f.in().local()->text(0), QString("Ordinateur(3)"));
         QCOMPARE(f.tableAction("IDS_PMMENU_ADD")->text(), QString("Nouveau"));
         QCOMPARE(f.button(TOOL_NEW)->toolTip(), QString("Nouveau contact  (Ctrl+T)"));

@@ -179,8 +179,7 @@ void WindowFixture::selectRows(const QList<int>& rows) const
 {
     QItemSelection selection;
     for (int row : rows) {
-        selection.select(table()->model()->index(row, 0),
-                         table()->model()->index(row, table()->columnCount() - 1));
+        selection.select(table()->model()->index(row, 0), table()->model()->index(row, table()->columnCount() - 1));
     }
     if (!rows.isEmpty())
         table()->selectionModel()->setCurrentIndex(table()->model()->index(rows.last(), 0),
