@@ -50,32 +50,83 @@ REGIONS = {
         "José María Íñigo Sofía Ramón Lucía Andrés Núria Óscar Begoña Martín Inés Raúl Pilar".split(),
         "Núñez García-Márquez Peña Ibáñez Muñoz Fernández Castaño Güemes Ordóñez Zúñiga Coruña Vázquez".split(),
     ),
-    "nordic": (
-        7,
+    "scandinavian": (
+        6,
         "first last",
         "se",
-        "Åsa Øyvind Sigríður Björk Håkon Märta Søren Ægir Linnéa Þórdís Kåre Jørgen Aino Väinö".split(),
-        "Ångström Sørensen Guðmundsdóttir Þórsson Lindström Østergård Bjørnson Håkansson Mäkelä Näkkäläjärvi".split(),
+        "Åsa Øyvind Håkon Märta Søren Linnéa Kåre Jørgen Björn Ingrid Tove Frøya".split(),
+        "Ångström Sørensen Lindström Østergård Bjørnson Håkansson Sjöberg Nygård Bækgaard".split(),
     ),
-    "central": (
-        9,
+    "icelandic": (
+        2,
+        "first last",
+        "se",
+        "Sigríður Björk Ægir Þórdís Ólafur Guðrún".split(),
+        "Guðmundsdóttir Þórsson Jónsdóttir Sæmundsson".split(),
+    ),
+    "finnish": (
+        2,
+        "first last",
+        "se",
+        "Aino Väinö Päivi Jyrki Hyvärikki".split(),
+        "Mäkelä Näkkäläjärvi Hämäläinen Yli-Ylönen".split(),
+    ),
+    "polish": (
+        3,
         "first last",
         "gb de",
-        "Łukasz Žofie Dvořák Małgorzata Štěpán Zdeněk Jiří Eszter Győző Ágnes Ștefan Ioana Čeněk Katarína Đorđe "
-        "Željka Ömer Gülşen İbrahim Şebnem".split(),
-        "Wójcik Příhoda Žižka Brzęczyszczykiewicz Kőszegi Szűcs Țepeș Șerban Ðukić Kovačević Čapek Nováková Yıldız "
-        "Çelik Łęcki".split(),
+        "Łukasz Małgorzata Paweł Żaneta Michał Świętosława".split(),
+        "Wójcik Brzęczyszczykiewicz Łęcki Kowalczyk Zieliński Gżegżółka".split(),
     ),
-    "cyrillic": (
-        8,
+    "czech": (
+        3,
+        "first last",
+        "gb de",
+        "Žofie Štěpán Zdeněk Jiří Čeněk Kateřina Růžena".split(),
+        "Příhoda Žižka Čapek Dvořák Řezníček Šťastný".split(),
+    ),
+    "hungarian": (
+        2,
+        "last first",
+        "gb",
+        "Eszter Győző Ágnes Örs Tünde".split(),
+        "Kőszegi Szűcs Győrffy Nagy".split(),
+    ),
+    "southslavic": (
+        2,
+        "first last",
+        "de",
+        "Đorđe Željka Katarína Zlatan Ćiro".split(),
+        "Kovačević Ðukić Šarić Žunić".split(),
+    ),
+    "turkish": (
+        2,
+        "first last",
+        "de",
+        "Ömer Gülşen İbrahim Şebnem Çağla".split(),
+        "Yıldız Çelik Öztürk Güneş".split(),
+    ),
+    "romanian": (
+        2,
+        "first last",
+        "fr",
+        "Ștefan Ioana Țuțea Mădălina".split(),
+        "Țepeș Șerban Brâncuși Bălan".split(),
+    ),
+    "russian": (
+        6,
         "first last",
         "gb",
-        [("Иван", "ivan"), ("Ольга", "olga"), ("Дмитрий", "dmitrij"), ("Мария", "marija"), ("Сергей", "sergej"),
-         ("Наталья", "natalja"), ("Ярослав", "jaroslav"), ("Оксана", "oksana"), ("Борис", "boris"),
-         ("Любомир", "ljubomir"), ("Ђорђе", "djordje"), ("Їжакевич", "jizhakevych")],
-        [("Соколов", "sokolov"), ("Щербакова", "shcherbakova"), ("Кузнецов", "kuznecov"), ("Шевченко", "shevchenko"),
-         ("Жуковский", "zhukovskij"), ("Петренко", "petrenko"), ("Ёлкина", "jolkina"), ("Живковић", "zhivkovic"),
-         ("Стоянов", "stojanov"), ("Чайковская", "chajkovskaja")],
+        [("Ольга", "olga"), ("Мария", "marija"), ("Наталья", "natalja"), ("Алёна", "aljona"), ("Вера", "vera")],
+        [("Соколова", "sokolova"), ("Щербакова", "shcherbakova"), ("Кузнецова", "kuznecova"), ("Ёлкина", "jolkina"),
+         ("Чайковская", "chajkovskaja"), ("Жуковская", "zhukovskaja")],
+    ),
+    "ukrainian": (
+        2,
+        "first last",
+        "gb",
+        [("Ярослав", "jaroslav"), ("Оксана", "oksana"), ("Їжак", "jizhak"), ("Євген", "yevhen")],
+        [("Шевченко", "shevchenko"), ("Петренко", "petrenko"), ("Ґалаґан", "galagan")],
     ),
     "greek": (
         4,
@@ -142,6 +193,8 @@ REGIONS = {
     ),
 }
 
+WITH_INITIALS = {"english", "german", "french", "spanish", "scandinavian", "polish", "turkish", "romanian"}
+
 ORGANISATIONS = [
     "Akkordeonhaus Löwenzahn", "Boulangerie du Pont-Neuf", "City Library, Lending Desk", "Dr. med. dent. Ä. Wurzel",
     "Elektro Funke & Söhne", "Fahrradwerkstatt \"Die Speiche\"", "Garden Centre (open Sundays)", "Hotel Miramar",
@@ -167,45 +220,53 @@ GROUPS = [
     ("Travel", 30), ("Travel/Norway 2025", 12),
 ]
 
-NOTES = [
-    "Met at the conference in Lyon",
-    "Prefers messages to calls",
-    "Birthday: 29 February",
-    "Calls back, never answers",
-    "Allergic to nuts!",
-    "Key is with the neighbour",
-    "Spricht Plattdeutsch",
-    "Anniversaire le 14 juillet, penser aux fleurs",
-    "Перезвонить после шести",
-    "誕生日は三月三日",
-    "Gate code: see the \"yellow\" envelope",
-    "Left the company; new address follows",
-    "Rings twice, then hangs up",
-    "Chess on Thursdays",
-    "Lent her the tent (returned it, too)",
-    "Delivers on Mondays; not in August",
-    "100% reliable = worth the wait",
-]
-
-LONG_NOTES = [
-    "12 Harbour Lane\nExampleton EX4 3PL\nUnited Kingdom",
-    "Musterstraße 7\nHinterhaus, 3. Stock\n12345 Beispielstadt",
-    "24, rue de l'Exemple\n75099 Paris\nDigicode 12B45",
-    "Opening hours:\nMon-Fri 9-18\nSat 10-14\n\nRing the bell at the back door.",
-    "Agenda for the next call:\n- the invoice from March\n- \"Plan B\"\n- who brings the cake, and when",
-    "Привет!\nАдрес: ул. Примерная, д. 5, кв. 17\nДомофон 17К",
-    "第一行\n第二行，有逗号\n第三行",
-    "السطر الأول\nالسطر الثاني",
-    "Sings alto.\nPlays the viola da gamba.\n\nHas a key to the church; will bring the scores for the spring concert, the "
-    "folding music stands and, if somebody reminds her the day before, the urn for the tea. Do not call before ten.",
-]
+# Notes by region; "" is for everybody.
+NOTES = {
+    "": [
+        "Met at the conference in Lyon",
+        "Prefers messages to calls",
+        "Birthday: 29 February",
+        "Calls back, never answers",
+        "Allergic to nuts!",
+        "Key is with the neighbour",
+        "Gate code: see the \"yellow\" envelope",
+        "Left the company; new address follows",
+        "Rings twice, then hangs up",
+        "Chess on Thursdays",
+        "Lent the tent (returned it, too)",
+        "Delivers on Mondays; not in August",
+        "100% reliable = worth the wait",
+        "Opening hours:\nMon-Fri 9-18\nSat 10-14\n\nRing the bell at the back door.",
+        "Agenda for the next call:\n- the invoice from March\n- \"Plan B\"\n- who brings the cake, and when",
+        "Sings alto.\nPlays the viola da gamba.\n\nHas a key to the church; will bring the scores for the spring "
+        "concert, the folding music stands and, if somebody thinks of it the day before, the urn for the tea. Do not "
+        "call before ten.",
+    ],
+    "english": ["12 Harbour Lane\nExampleton EX4 3PL\nUnited Kingdom", "Works nights, call after two"],
+    "german": ["Spricht Plattdeutsch", "Musterstraße 7\nHinterhaus, 3. Stock\n12345 Beispielstadt",
+               "Schlüssel liegt beim Nachbarn", "Größe: M; Lieblingskuchen: Käse"],
+    "french": ["Anniversaire le 14 juillet, penser aux fleurs", "24, rue de l'Exemple\n75099 Paris\nDigicode 12B45",
+               "N'aime pas les « surprises »"],
+    "spanish": ["¡Ojo! Cambia de número en mayo", "Calle del Ejemplo, 3, 2º B\n28099 Madrid"],
+    "scandinavian": ["Låna stegen tillbaka", "Gården ligger bag kirken, første vej på højre hånd"],
+    "russian": ["Перезвонить после шести", "Адрес: ул. Примерная, д. 5, кв. 17\nДомофон 17К"],
+    "ukrainian": ["Зателефонувати у п'ятницю"],
+    "greek": ["Μένει στον τρίτο όροφο,\nτο κουδούνι δεν δουλεύει"],
+    "arabic": ["السطر الأول\nالسطر الثاني", "يفضل الرسائل"],
+    "hebrew": ["לחזור אליו ביום ראשון"],
+    "chinese": ["第一行\n第二行，有逗号\n第三行", "周五下午开会"],
+    "japanese": ["誕生日は三月三日", "〒100-0099\n東京都見本区一丁目"],
+    "korean": ["저녁에 전화하기"],
+    "devanagari": ["शाम को फ़ोन करें"],
+    "thai": ["โทรหลังหกโมงเย็น"],
+}
 
 PLAIN = str.maketrans({
     "ä": "ae", "ö": "oe", "ü": "ue", "ß": "ss", "Ä": "Ae", "Ö": "Oe", "Ü": "Ue", "é": "e", "è": "e", "ê": "e", "ë": "e",
     "á": "a", "à": "a", "â": "a", "ă": "a", "å": "a", "Å": "A", "í": "i", "î": "i", "ï": "i", "ı": "i", "İ": "I",
     "Í": "I", "Î": "I", "ó": "o", "ô": "o", "ő": "o", "ø": "o", "Ø": "O", "Ó": "O", "ú": "u", "ů": "u", "ű": "u",
     "û": "u", "ý": "y", "ñ": "n", "ň": "n", "ń": "n", "ç": "c", "Ç": "C", "č": "c", "Č": "C", "ć": "c", "ř": "r",
-    "š": "s", "Š": "S", "ş": "s", "Ş": "S", "ș": "s", "Ș": "S", "ț": "t", "Ț": "T", "ž": "z", "Ž": "Z", "ż": "z",
+    "š": "s", "Š": "S", "ş": "s", "Ş": "S", "ș": "s", "Ș": "S", "ț": "t", "Ț": "T", "ž": "z", "Ž": "Z", "ż": "z", "Ż": "Z", "Ś": "S", "ś": "s", "ť": "t", "Ř": "R", "Ć": "C", "â": "a",
     "ź": "z", "ł": "l", "Ł": "L", "ę": "e", "ě": "e", "ą": "a", "đ": "dj", "Đ": "Dj", "ð": "d", "Ð": "D", "þ": "th",
     "Þ": "Th", "æ": "ae", "Æ": "Ae", "œ": "oe", "ğ": "g", "Á": "A", "É": "E", "'": "", "-": "", " ": "",
 })
@@ -259,11 +320,11 @@ def person(source, region):
     return name, address, source.choice(countries.split())
 
 
-def note(source):
+def note(source, region):
     chance = source.random()
     if chance < 0.55:
         return ""
-    return source.choice(NOTES if chance < 0.85 else LONG_NOTES)
+    return source.choice(NOTES[region] if chance < 0.75 and region in NOTES else NOTES[""])
 
 
 def groups_for(source):
@@ -274,8 +335,8 @@ def groups_for(source):
     return ";".join(dict.fromkeys(chosen))
 
 
-def contact(source, numbers, name, address, country):
-    row = {"Name": name, "Mobile": "", "officePhone": "", "homePhone": "", "email": "", "remark": note(source)}
+def contact(source, numbers, region, name, address, country):
+    row = {"Name": name, "Mobile": "", "officePhone": "", "homePhone": "", "email": "", "remark": note(source, region)}
     kinds = source.choices([["Mobile"], ["Mobile", "homePhone"], ["Mobile", "officePhone"], ["homePhone"],
                             ["officePhone"], ["Mobile", "officePhone", "homePhone"]], [50, 14, 16, 6, 5, 9])[0]
     for kind in kinds:
@@ -290,9 +351,9 @@ def make_contacts(source):
     numbers = Numbers(source)
     rows = []
     for name in LONG_NAMES:
-        rows.append(contact(source, numbers, name, "", "gb"))
+        rows.append(contact(source, numbers, "", name, "", "gb"))
     for name in ORGANISATIONS:
-        row = contact(source, numbers, name, "", "de")
+        row = contact(source, numbers, "", name, "", "de")
         row["officePhone"] = row["officePhone"] or numbers.take("de")
         rows.append(row)
     weights = [REGIONS[region][0] for region in REGIONS]
@@ -300,14 +361,16 @@ def make_contacts(source):
     while len(rows) < CONTACTS:
         region = source.choices(list(REGIONS), weights)[0]
         name, address, country = person(source, region)
-        if name in used:  # namesakes get a middle initial or stay as they are, as in life
-            if source.random() < 0.8:
-                initial = source.choice("ABCDEFGHJKLMNPRSTVW")
-                parts = name.split(" ")
-                name = f"{parts[0]} {initial}. {' '.join(parts[1:])}" if len(parts) > 1 else f"{name} ({initial})"
-                address = f"{initial.lower()}.{address}" if address else ""
+        # Namesakes get a middle initial where that is usual; some stay, as in life.
+        if name in used and region in WITH_INITIALS and source.random() < 0.8:
+            initial = source.choice("ABCDEFGHJKLMNPRSTVW")
+            first, _, last = name.partition(" ")
+            name = f"{first} {initial}. {last}"
+            address = f"{initial.lower()}.{address}"
+        elif name in used and source.random() < 0.95:
+            continue
         used.add(name)
-        rows.append(contact(source, numbers, name, address, country))
+        rows.append(contact(source, numbers, region, name, address, country))
     source.shuffle(rows)
     rows.append({"Name": "112 Emergency", "Mobile": "112", "officePhone": "", "homePhone": "", "email": "",
                  "remark": "", "Groups": "Doctors"})
