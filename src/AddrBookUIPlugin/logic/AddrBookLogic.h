@@ -3,16 +3,20 @@
 
 #include <QHash>
 #include <QList>
-#include <QMutex>
 #include <QObject>
 #include <QString>
+
+#include <atomic>
+#include <mutex>
 
 #include "logic/AddrBookTypes.h"
 #include "orva/orva_sdk.h"
 
+class RecordReader;
+
 // The one object through which the window, the dialogs and the workers reach the SDK. Singleton, created and destroyed
 // on the user-interface thread. Its operations run on the thread that calls them; results are those of AddrBookTypes.h,
-// and the SDK's own codes are only logged. The caches are behind one lock.
+// and the SDK's own codes are only logged. Any thread may read and change contacts and groups.
 class AddrBookLogic : public QObject
 {
     Q_OBJECT
@@ -109,15 +113,34 @@ private:
     ~AddrBookLogic();
     Q_DISABLE_COPY(AddrBookLogic)
 
-    static AddrBookLogic* m_pInstance;
-    static bool m_bPbServiceReady;
+    int fetchFields(QList<AddrBookField>& lstFields, _ORVA_EN_PHONEBOOK_MEMORY enMemory);
+    int readGroupMembers(QList<AddrBookRecord>& lstRecords, _ORVA_EN_PHONEBOOK_MEMORY enMemory, void* hAddrGroupSet,
+                         int iGroupID, const QList<AddrBookField>& lstFields);
+    int readAllRecords(QList<AddrBookRecord>& lstRecords, _ORVA_EN_PHONEBOOK_MEMORY enMemory, void* hAddrRecordSet,
+                       const QList<AddrBookField>& lstFields);
+    int appendImportedRecord(_ORVA_EN_PHONEBOOK_MEMORY enMemory, void* hAddrRecordSet,
+                             const QList<AddrBookField>& lstFields, const RecordReader& reader,
+                             QList<AddrBookRecord>& lstRecords);
+    int importRecords(const QString& strSource, const QList<int>& lstFieldMap, QList<AddrBookRecord>& lstRecords,
+                      _ORVA_EN_PHONEBOOK_MEMORY enMemory, bool bIsFile);
+    void resetState();
+    void signalDeviceState();
+    void signalRadioState();
 
-    // Guards m_hashRecordCount, m_hashFields, m_pProfile and m_iMobileIndex.
-    mutable QMutex m_mutexCaches;
+    static std::atomic<AddrBookLogic*> m_pInstance;
+    static std::atomic<bool> m_bPbServiceReady;
+
+    // Guards m_hashRecordCount, m_hashFields, m_iMobileIndex and m_iDeviceGeneration; held across no SDK call.
+    mutable std::mutex m_mutexCaches;
     QHash<_ORVA_EN_PHONEBOOK_MEMORY, int> m_hashRecordCount;
     QHash<_ORVA_EN_PHONEBOOK_MEMORY, vecfield> m_hashFields;
-    ORVA_PROFILE_ENTRY* m_pProfile;
     int m_iMobileIndex;
+    int m_iDeviceGeneration; // counts ClearDeviceInfo: a list fetched from a device that went is not kept
+
+    // Scratch of GetAllFields and GetAllFieldsForOutlook, which may wait for a slow device. A lock of its own keeps
+    // that wait away from whoever only looks into the caches; taken before m_mutexCaches.
+    std::mutex m_mutexProfile;
+    ORVA_PROFILE_ENTRY* m_pProfile;
 };
 
 #endif // ADDRBOOKUIPLUGIN_ADDRBOOKLOGIC_H

@@ -16,12 +16,24 @@ inline QByteArray now()
 {
     return QTime::currentTime().toString(QLatin1String("hh:mm:ss:zzz")).toLatin1();
 }
+
+// The name of a source file without the folders it was built in.
+constexpr const char* baseName(const char* pszPath)
+{
+    const char* pszName = pszPath;
+    for (const char* psz = pszPath; *psz != '\0'; ++psz)
+        if (*psz == '/')
+            pszName = psz + 1;
+    return pszName;
+}
 } // namespace AddrBookLog
+
+#define ADDRBOOK_FILE AddrBookLog::baseName(__FILE__)
 
 #define ADDRBOOK_LOG_LINE(word)                                                                                        \
     do {                                                                                                               \
         if (QtCompat::debugEnabled())                                                                                  \
-            qDebug("%s: %s: %s " word, AddrBookLog::now().constData(), __FILE__, __func__);                            \
+            qDebug("%s: %s: %s " word, AddrBookLog::now().constData(), ADDRBOOK_FILE, __func__);                       \
     } while (false)
 
 #define ADDRBOOK_LOG_ENTER() ADDRBOOK_LOG_LINE("Enter")
@@ -32,11 +44,11 @@ inline QByteArray now()
 #define ADDRBOOK_LOG(format, ...)                                                                                      \
     do {                                                                                                               \
         if (QtCompat::debugEnabled())                                                                                  \
-            qDebug("%s: %s: %s: " format, AddrBookLog::now().constData(), __FILE__, __func__, ##__VA_ARGS__);          \
+            qDebug("%s: %s: %s: " format, AddrBookLog::now().constData(), ADDRBOOK_FILE, __func__, ##__VA_ARGS__);     \
     } while (false)
 
 #define ADDRBOOK_WARN(format, ...)                                                                                     \
-    qWarning("%s: %s: %s: " format, AddrBookLog::now().constData(), __FILE__, __func__, ##__VA_ARGS__)
+    qWarning("%s: %s: %s: " format, AddrBookLog::now().constData(), ADDRBOOK_FILE, __func__, ##__VA_ARGS__)
 
 // One SDK call with its pair of lines, and a warning if it failed: SDK_CALL(iResult, ORVA_PBSrv_DelAddrRec, (id, mem)).
 // `iResult` is a long of the caller's.

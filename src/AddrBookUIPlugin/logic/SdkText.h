@@ -17,6 +17,12 @@ inline QString takeSdkText(unsigned short*& pBuffer)
     return strText;
 }
 
+// A text as the SDK takes it, for the length of one call.
+inline const unsigned short* sdkText(const QString& strText)
+{
+    return strText.utf16();
+}
+
 inline void beginSdkTransaction(int iMemory)
 {
     long iResult = 0;

@@ -9,6 +9,7 @@
 #include <QWaitCondition>
 
 #include <atomic>
+#include <mutex>
 
 #include "logic/AddrBookTypes.h"
 
@@ -17,7 +18,8 @@
 // qlonglong (see PointerCarrier.h); the slot that receives a heap record owns it.
 //
 // The changing operations wait after each record's result for SetSlotExecutionStatus; the reading ones do not.
-// The owner stops the thread and waits for its end before it deletes the object.
+// To end a worker: StopOperation, SetSlotExecutionStatus, wait. The destructor and the setters do that with one that
+// still runs, so that neither the object nor its lists go away under it.
 class AddrBookThread : public QThread
 {
     Q_OBJECT
@@ -26,7 +28,7 @@ public:
     explicit AddrBookThread(QObject* pParent = nullptr);
     ~AddrBookThread();
 
-    // Setters, on the user-interface thread while the worker does not run. Each clears a stop request.
+    // Setters, on the user-interface thread. Each clears a stop request.
     void SetOperation(_ADDRBOOK_OPERATION_TYPE enOperation, _ORVA_EN_PHONEBOOK_MEMORY enMemory,
                       QList<AddrBookRecord> lstRecords, int iGroupId);
     void SetOperation(_ADDRBOOK_OPERATION_TYPE enOperation, _ORVA_EN_PHONEBOOK_MEMORY enSourceMemory,
@@ -42,6 +44,11 @@ public:
 
     // Tells a waiting worker that the slot for its last result has finished; user-interface thread.
     void SetSlotExecutionStatus();
+
+    // Disconnects every signal. What was emitted before is on its way to the slots; after it returns no record is
+    // handed over any more. A plain disconnect() would lose the record that is just being emitted. User-interface
+    // thread.
+    void DisconnectSignals();
 
     // Appends the local records read; after the end of the thread.
     void GetLocalRecords(QList<AddrBookRecord>& lstRecords);
@@ -66,6 +73,9 @@ protected:
 private:
     Q_DISABLE_COPY(AddrBookThread)
 
+    void awaitEnd();
+    bool isToEnd() const;
+
     // Reads (AddrBookThreadReads.cpp).
     void setNewTableContent();
     int GetRecordInGroup(QList<AddrBookRecord>& lstRecords, _ORVA_EN_PHONEBOOK_MEMORY enMemory, int iGroupId);
@@ -75,14 +85,30 @@ private:
                         const QList<AddrBookField>& lstFields);
     int getRecords(QList<AddrBookRecord>& lstRecords, const QList<AddrBookField>& lstFields, void*& hAddrRecord,
                    const int* piIds, bool& bError, _ORVA_EN_PHONEBOOK_MEMORY enMemory, int iCount, int iGroupId);
+    void handOverContact(const AddrBookRecord& record, _ORVA_EN_PHONEBOOK_MEMORY enMemory, int iGroupId, int iRow,
+                         int iFieldCount);
+
+    // Reads for the select-contacts tree (AddrBookThreadTree.cpp).
     void addTreeNodes();
     void addGroupsToTree();
     void addContactsToTree();
+    void handOverGroup(const AddrBookGroup& group);
+    void handOverMember(const AddrBookGroup* pGroup, const AddrBookRecord& record);
+    void removeLocalRecords(const QList<AddrBookRecord>& lstMembers);
 
-    // Batches (AddrBookThreadBatches.cpp).
+    // Batches (AddrBookThreadBatches.cpp). A step processes one record; false ends the batch.
+    typedef bool (AddrBookThread::*BatchStep)(const AddrBookRecord& record);
+    void runBatch(BatchStep pStep, bool bLockFirst);
+    void waitForSlot();
     void delThreadFun(_ADDRBOOK_OPERATION_TYPE enOperation);
+    bool delStep(const AddrBookRecord& record);
+    bool removeFromGroupStep(const AddrBookRecord& record);
     void addThreadFun();
+    bool addStep(const AddrBookRecord& record);
     void moveThreadFun();
+    bool moveStep(const AddrBookRecord& record);
+    void reportAdd(bool bResult, AddrBookRecord* pCopy);
+    void reportMove(bool bResult, AddrBookRecord* pCopy);
 
     _ADDRBOOK_OPERATION_TYPE m_enOperation;
     QList<AddrBookRecord> m_listRecords;
@@ -99,6 +125,14 @@ private:
     QWaitCondition m_condition;
     _ORVA_EN_PHONEBOOK_MEMORY m_enSourceMemory;
     _ORVA_EN_PHONEBOOK_MEMORY m_enTargetMemory;
+
+    // Held while a record is handed over, so that DisconnectSignals falls before or behind that and never between.
+    std::mutex m_mutexHandOver;
+    bool m_bContactsTaken; // addContacts has a receiver; asked once a read, since asking is slow
+
+    // Publishes the lists that run() wrote to whoever saw its end. QThread does so too, but not visibly for the thread
+    // sanitizer.
+    std::atomic<int> m_iRuns;
 };
 
 #endif // ADDRBOOKUIPLUGIN_ADDRBOOKTHREAD_H

@@ -1,0 +1,92 @@
+#include "logic/AddrBookLogic.h"
+#include "logic/Log.h"
+#include "logic/SdkHandle.h"
+#include "logic/SdkText.h"
+
+// Storing, changing and deleting single contacts.
+
+namespace
+{
+
+bool isKey(const AddrBookField& field, const char* pszKey)
+{
+    return field.strName.compare(QLatin1String(pszKey), Qt::CaseInsensitive) == 0;
+}
+
+bool isPhoneKey(const AddrBookField& field)
+{
+    return isKey(field, "Mobile") || isKey(field, "officePhone") || isKey(field, "homePhone");
+}
+
+} // namespace
+
+bool AddrBookLogic::createAddrRecSetValues(_ORVA_EN_PHONEBOOK_MEMORY enMemory, void*& hAddrRecord,
+                                           QList<QString> lstValues, QList<AddrBookField> lstFields, int& iNonEmpty)
+{
+    long lResult = 0;
+    SDK_CALL(lResult, ORVA_PBSrv_CreateAddrRecord, (enMemory, &hAddrRecord));
+    if (lResult != 0 || hAddrRecord == nullptr)
+        return false;
+    const int iCount = qMin(lstFields.size(), lstValues.size());
+    for (int i = 0; i < iCount; ++i) {
+        const AddrBookField& field = lstFields.at(i);
+        const QString& strWhole = lstValues.at(i);
+        // The checks look at the whole value: a bad character refuses the record even where it would be cut off.
+        if (isPhoneKey(field) && !isValidPhoneNum(strWhole))
+            return false;
+        if (isKey(field, "email") && IsValidEmail(strWhole) != 0)
+            return false;
+        const QString strValue = strWhole.left(field.iMaxLength);
+        if (!strValue.isEmpty())
+            ++iNonEmpty;
+        SDK_CALL(lResult, ORVA_PBSrv_AddrRecord_SetValue,
+                 (hAddrRecord, QtCompat::toAscii(field.strName).constData(), sdkText(strValue)));
+        if (lResult != 0)
+            return false;
+    }
+    return true;
+}
+
+int AddrBookLogic::AddRecord(_ORVA_EN_PHONEBOOK_MEMORY enMemory, QList<QString> lstValues, int& iRecordID)
+{
+    ADDRBOOK_LOG_CALLED();
+    QList<AddrBookField> lstFields;
+    GetAllFields(lstFields, enMemory);
+    if (lstFields.size() != lstValues.size()) {
+        ADDRBOOK_WARN("number of fields are not matching in AddRecord and exiting");
+        return ADDRBOOK_MISMATCH;
+    }
+    void* hAddrRecord = nullptr;
+    int iNonEmpty = 0;
+    long lResult = 1; // what a contact without any content keeps: it is never stored
+    if (createAddrRecSetValues(enMemory, hAddrRecord, lstValues, lstFields, iNonEmpty) && iNonEmpty > 0)
+        SDK_CALL(lResult, ORVA_PBSrv_AddAddrRec, (hAddrRecord, &iRecordID));
+    releaseRecord(hAddrRecord);
+    return lResult == 0 ? ADDRBOOK_OK : ADDRBOOK_FAILED;
+}
+
+int AddrBookLogic::UpdateRecord(_ORVA_EN_PHONEBOOK_MEMORY enMemory, int iRecordID, const QList<QString>& lstValues)
+{
+    ADDRBOOK_LOG_CALLED();
+    QList<AddrBookField> lstFields;
+    GetAllFields(lstFields, enMemory);
+    if (lstFields.size() != lstValues.size()) {
+        ADDRBOOK_WARN("number of fields are not matching in UpdateRecord and exiting");
+        return ADDRBOOK_MISMATCH;
+    }
+    void* hAddrRecord = nullptr;
+    int iNonEmpty = 0;
+    long lResult = 1;
+    if (createAddrRecSetValues(enMemory, hAddrRecord, lstValues, lstFields, iNonEmpty))
+        SDK_CALL(lResult, ORVA_PBSrv_UpdateAddrRec, (hAddrRecord, iRecordID));
+    releaseRecord(hAddrRecord);
+    return lResult == 0 ? ADDRBOOK_OK : ADDRBOOK_FAILED;
+}
+
+int AddrBookLogic::DelRecord(_ORVA_EN_PHONEBOOK_MEMORY enMemory, const int& iRecordID)
+{
+    ADDRBOOK_LOG_CALLED();
+    long lResult = 0;
+    SDK_CALL(lResult, ORVA_PBSrv_DelAddrRec, (iRecordID, enMemory));
+    return lResult == 0 ? ADDRBOOK_OK : ADDRBOOK_FAILED;
+}

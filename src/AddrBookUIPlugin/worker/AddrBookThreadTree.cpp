@@ -1,0 +1,99 @@
+#include <QSet>
+
+#include <new>
+
+#include "linkhand/core/CommonUtils.h"
+#include "logic/AddrBookLogic.h"
+#include "logic/PointerCarrier.h"
+#include "worker/AddrBookThread.h"
+
+// Reading for the select-contacts tree: a memory's contacts, the groups with their members, and the rest.
+
+void AddrBookThread::addTreeNodes()
+{
+    AddrBookLogic* const pLogic = AddrBookLogic::Instance();
+    if (pLogic == nullptr)
+        return;
+    QList<AddrBookRecord> lstRecords;
+    pLogic->GetRecordInGroup(lstRecords, m_enMemory, 0);
+    for (int i = 0; i < lstRecords.size(); ++i) {
+        if (isToEnd())
+            return;
+        const std::lock_guard<std::mutex> locker(m_mutexHandOver);
+        if (receivers(SIGNAL(signalAddSimOrNvTreeNodes(int, qlonglong, qlonglong, int))) == 0)
+            return;
+        AddrBookRecord* const pCopy = new (std::nothrow) AddrBookRecord(lstRecords.at(i));
+        if (pCopy == nullptr)
+            return;
+        emit signalAddSimOrNvTreeNodes(m_enMemory, pointerToCarrier(pCopy), pointerToCarrier(m_pitemTreeNode), i);
+    }
+}
+
+void AddrBookThread::addGroupsToTree()
+{
+    AddrBookLogic* const pLogic = AddrBookLogic::Instance();
+    if (pLogic == nullptr)
+        return;
+    for (int i = 0; i < m_listGroups.size(); ++i) {
+        if (isToEnd())
+            return;
+        AddrBookGroup* const pGroup = m_listGroups.at(i);
+        QList<AddrBookRecord> lstMembers;
+        pLogic->GetRecordInGroup(lstMembers, PB_MEM_LOCAL, pGroup->iGroupID);
+        handOverGroup(*pGroup);
+        removeLocalRecords(lstMembers);
+        for (int iMember = 0; iMember < lstMembers.size(); ++iMember)
+            handOverMember(pGroup, lstMembers.at(iMember));
+    }
+}
+
+void AddrBookThread::handOverGroup(const AddrBookGroup& group)
+{
+    const std::lock_guard<std::mutex> locker(m_mutexHandOver);
+    if (CommonUtils::IsShuttingDown() || receivers(SIGNAL(signalAddGroupsToTree(int, qlonglong))) == 0)
+        return;
+    AddrBookGroup* const pCopy = new (std::nothrow) AddrBookGroup(group);
+    if (pCopy != nullptr)
+        emit signalAddGroupsToTree(m_enMemory, pointerToCarrier(pCopy));
+}
+
+void AddrBookThread::handOverMember(const AddrBookGroup* pGroup, const AddrBookRecord& record)
+{
+    const std::lock_guard<std::mutex> locker(m_mutexHandOver);
+    if (CommonUtils::IsShuttingDown() || receivers(SIGNAL(signalAddContactGroups(int, qlonglong, qlonglong))) == 0)
+        return;
+    AddrBookRecord* const pCopy = new (std::nothrow) AddrBookRecord(record);
+    if (pCopy != nullptr)
+        emit signalAddContactGroups(m_enMemory, pointerToCarrier(pGroup), pointerToCarrier(pCopy));
+}
+
+// One pass for all members of a group, so that a large group in a large memory does not cost their product.
+void AddrBookThread::removeLocalRecords(const QList<AddrBookRecord>& lstMembers)
+{
+    if (lstMembers.isEmpty() || m_listLocalRecords.isEmpty())
+        return;
+    QSet<int> setIds;
+    setIds.reserve(lstMembers.size());
+    for (const AddrBookRecord& record : lstMembers)
+        setIds.insert(record.iID);
+    QList<AddrBookRecord> lstRest;
+    lstRest.reserve(m_listLocalRecords.size());
+    for (int i = 0; i < m_listLocalRecords.size(); ++i) {
+        if (m_bStop) {
+            lstRest += m_listLocalRecords.mid(i);
+            break;
+        }
+        if (!setIds.contains(m_listLocalRecords.at(i).iID))
+            lstRest.append(m_listLocalRecords.at(i));
+    }
+    m_listLocalRecords = lstRest;
+}
+
+void AddrBookThread::addContactsToTree()
+{
+    for (int i = 0; i < m_listLocalRecords.size(); ++i) {
+        if (isToEnd())
+            return;
+        emit signalAddContactsToTree(i);
+    }
+}
