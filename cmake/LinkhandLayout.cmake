@@ -9,6 +9,11 @@ set(LINKHAND_TEST_OUTPUT ${CMAKE_BINARY_DIR}/tests)
 # The installed program keeps the same shape below one folder, with links in bin.
 set(LINKHAND_INSTALL_DIR ${CMAKE_INSTALL_LIBDIR}/linkhand)
 
+set(LINKHAND_BENCHMARK_OUTPUT ${CMAKE_BINARY_DIR}/benchmarks)
+
+# Everything that a user runs, without tests and benchmarks: cmake --build ... --target program
+add_custom_target(program)
+
 # linkhand_library(name sources...): a shared library lib<name>.so.1 in lib/.
 function(linkhand_library name)
   add_library(${name} SHARED ${ARGN})
@@ -18,6 +23,7 @@ function(linkhand_library name)
   target_link_libraries(${name} PUBLIC linkhand_include)
   # The .so link belongs to the development files; the program needs the .so.1 alone.
   install(TARGETS ${name} LIBRARY DESTINATION ${LINKHAND_INSTALL_DIR}/lib)
+  add_dependencies(program ${name})
 endfunction()
 
 # linkhand_plugin(name sources...): a plug-in of the host, lib<name>.so in plugins/, with its files in plugins/<name>.
@@ -28,6 +34,7 @@ function(linkhand_plugin name)
     BUILD_RPATH "$ORIGIN/../lib" INSTALL_RPATH "$ORIGIN/../lib")
   target_link_libraries(${name} PRIVATE linkhand_include linkhand_qtwidgets core)
   install(TARGETS ${name} LIBRARY DESTINATION ${LINKHAND_INSTALL_DIR}/plugins)
+  add_dependencies(program ${name})
 endfunction()
 
 # linkhand_program(name sources...): a program at the root of the tree.
@@ -38,4 +45,5 @@ function(linkhand_program name)
     BUILD_RPATH "$ORIGIN/lib" INSTALL_RPATH "$ORIGIN/lib")
   target_link_libraries(${name} PRIVATE linkhand_include)
   install(TARGETS ${name} RUNTIME DESTINATION ${LINKHAND_INSTALL_DIR})
+  add_dependencies(program ${name})
 endfunction()

@@ -1,0 +1,176 @@
+#include "widgets/AddrBookTableWidget.h"
+
+#include <QApplication>
+#include <QColor>
+#include <QDrag>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QMouseEvent>
+#include <QVariant>
+
+#include <new>
+
+#include "linkhand/QtCompat.h"
+#include "linkhand/core/CommonUtils.h"
+#include "logic/ItemData.h"
+#include "widgets/DragFormat.h"
+
+AddrBookTableWidget::AddrBookTableWidget(int iRows, int iColumns, QWidget* pParent)
+    : QTableWidget(iRows, iColumns, pParent), m_strDragData(QLatin1String(""))
+{
+}
+
+AddrBookTableWidget::AddrBookTableWidget(QWidget* pParent) : QTableWidget(pParent), m_strDragData(QLatin1String("")) {}
+
+QModelIndexList AddrBookTableWidget::GetSelectedIndexes() const
+{
+    return selectedIndexes();
+}
+
+void AddrBookTableWidget::OnShortKeyDelContact()
+{
+    if (!selectedItems().isEmpty())
+        emit deleteContact();
+}
+
+void AddrBookTableWidget::OnShortKeyEditContact()
+{
+    const QList<QTableWidgetSelectionRange> listRanges = selectedRanges();
+    if (listRanges.size() == 1 && listRanges.first().rowCount() == 1)
+        emit editContact();
+}
+
+void AddrBookTableWidget::OnDragTargetChanged(QWidget* pwidgetTarget)
+{
+    if (!CommonUtils::IsShuttingDown())
+        emit dragTargetChanged(pwidgetTarget);
+}
+
+void AddrBookTableWidget::OnDragTargetObjectChanged(QObject* pTarget)
+{
+    OnDragTargetChanged(qobject_cast<QWidget*>(pTarget));
+}
+
+// True if the press was on the left half of a cell. Columns are counted by index and unscrolled, in either direction.
+bool AddrBookTableWidget::pressStartsDrag() const
+{
+    const QTableWidgetItem* pitem = itemAt(m_ptPress);
+    if (pitem == nullptr)
+        return false;
+    int iX = m_ptPress.x();
+    if (QApplication::isRightToLeft())
+        iX = width() - iX;
+    for (int iColumn = 0; iColumn < pitem->column(); ++iColumn)
+        iX -= columnWidth(iColumn);
+    return iX <= columnWidth(pitem->column()) / 2;
+}
+
+// A row whose block cannot be read ends the text where it stands.
+void AddrBookTableWidget::buildDragData()
+{
+    m_strDragData = QLatin1String("");
+    const QList<QTableWidgetSelectionRange> listRanges = selectedRanges();
+    for (const QTableWidgetSelectionRange& range : listRanges) {
+        for (int iRow = range.topRow(); iRow <= range.bottomRow(); ++iRow) {
+            const QTableWidgetItem* pitem = item(iRow, 0);
+            if (pitem == nullptr)
+                continue;
+            const TableRowData* pData = tableRowData(pitem);
+            if (pData == nullptr)
+                return;
+            m_strDragData += QString::number(pData->iRecordID) + dragSeparator();
+            m_strDragData += QString::number(pData->iGroupID) + dragSeparator();
+        }
+    }
+}
+
+void AddrBookTableWidget::mousePressEvent(QMouseEvent* pEvent)
+{
+    if (pEvent == nullptr || CommonUtils::IsShuttingDown())
+        return;
+    m_ptPress = pEvent->pos();
+    QAbstractItemView::mousePressEvent(pEvent);
+    QTableWidgetItem* pitem = itemAt(m_ptPress);
+    if (pitem == nullptr)
+        return;
+    // Whoever listens notes where a drag would come from, which must happen before one starts.
+    emit itemClicked(pitem);
+    if ((pEvent->buttons() & Qt::LeftButton) && pressStartsDrag())
+        buildDragData();
+}
+
+void AddrBookTableWidget::mouseMoveEvent(QMouseEvent* pEvent)
+{
+    if (pEvent == nullptr)
+        return;
+    if ((pEvent->buttons() & Qt::LeftButton) && pressStartsDrag()) {
+        if ((pEvent->pos() - m_ptPress).manhattanLength() >= QApplication::startDragDistance())
+            startDragOfRows();
+        return;
+    }
+    QAbstractItemView::mouseMoveEvent(pEvent);
+}
+
+// The table may be replaced while the drag runs: nothing here touches it after exec.
+void AddrBookTableWidget::startDragOfRows()
+{
+    QDrag* pDrag = new (std::nothrow) QDrag(this);
+    QMimeData* pMimeData = new (std::nothrow) QMimeData;
+    if (pDrag == nullptr || pMimeData == nullptr) {
+        delete pDrag;
+        delete pMimeData;
+        return;
+    }
+    QtCompat::connectTargetChanged(pDrag, this, SLOT(OnDragTargetChanged(QWidget*)),
+                                   SLOT(OnDragTargetObjectChanged(QObject*)));
+    pMimeData->setData(dragIdsFormat(), QtCompat::toAscii(m_strDragData));
+    pMimeData->setData(dragColourFormat(), QVariant(QColor(Qt::transparent)).toByteArray());
+    pDrag->setMimeData(pMimeData);
+    pDrag->exec(Qt::CopyAction | Qt::MoveAction);
+}
+
+void AddrBookTableWidget::mouseReleaseEvent(QMouseEvent* pEvent)
+{
+    if (pEvent == nullptr || CommonUtils::IsShuttingDown())
+        return;
+    QAbstractItemView::mouseReleaseEvent(pEvent);
+    if (!indexAt(pEvent->pos()).isValid())
+        emit emptyAreaRightClicked(pEvent->button() == Qt::RightButton);
+}
+
+// The second press ends like a release, so that Qt raises no double-click signals and opens no editor.
+void AddrBookTableWidget::mouseDoubleClickEvent(QMouseEvent* pEvent)
+{
+    if (pEvent == nullptr || CommonUtils::IsShuttingDown())
+        return;
+    QAbstractItemView::mouseReleaseEvent(pEvent);
+    if (indexAt(pEvent->pos()).isValid())
+        emit mouseDoubleClicked();
+}
+
+void AddrBookTableWidget::keyPressEvent(QKeyEvent* pEvent)
+{
+    if (pEvent == nullptr || CommonUtils::IsShuttingDown())
+        return;
+    const bool bCtrl = (QApplication::keyboardModifiers() & Qt::ControlModifier) != 0;
+    switch (pEvent->key()) {
+    case Qt::Key_Return:
+        pEvent->accept();
+        if (!selectedItems().isEmpty())
+            emit editContact();
+        break;
+    case Qt::Key_S: // swallowed without Ctrl too, as is O
+        pEvent->accept();
+        if (bCtrl)
+            emit importMOE();
+        break;
+    case Qt::Key_O:
+        pEvent->accept();
+        if (bCtrl)
+            emit importMOO();
+        break;
+    default:
+        QAbstractItemView::keyPressEvent(pEvent);
+        break;
+    }
+}

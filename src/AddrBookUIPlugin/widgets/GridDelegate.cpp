@@ -1,0 +1,52 @@
+#include "widgets/GridDelegate.h"
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QPainter>
+#include <QPen>
+
+namespace
+{
+const int MAX_GROUP_NAME = 32; // characters, and pixels as well
+
+// In place of the focus rectangle a pen is set, and nothing is drawn with it.
+void setFocusPen(QPainter* pPainter, const QStyleOptionViewItem& option)
+{
+    if (pPainter != nullptr && (option.state & QStyle::State_HasFocus))
+        pPainter->setPen(QPen(QBrush(Qt::white), 0));
+}
+} // namespace
+
+GridDelegate::GridDelegate(QObject* pParent) : QItemDelegate(pParent) {}
+
+void GridDelegate::drawFocus(QPainter* pPainter, const QStyleOptionViewItem& option, const QRect&) const
+{
+    setFocusPen(pPainter, option);
+}
+
+TreeDelegate::TreeDelegate(QObject* pParent) : QItemDelegate(pParent) {}
+
+void TreeDelegate::drawFocus(QPainter* pPainter, const QStyleOptionViewItem& option, const QRect&) const
+{
+    setFocusPen(pPainter, option);
+}
+
+QWidget* TreeDelegate::createEditor(QWidget* pParent, const QStyleOptionViewItem& option,
+                                    const QModelIndex& index) const
+{
+    QWidget* pwidgetEditor = QItemDelegate::createEditor(pParent, option, index);
+    QLineEdit* peditName = qobject_cast<QLineEdit*>(pwidgetEditor);
+    if (peditName == nullptr)
+        return pwidgetEditor;
+    peditName->setMaxLength(MAX_GROUP_NAME);
+    if (QApplication::isLeftToRight())
+        peditName->setMaximumWidth(MAX_GROUP_NAME);
+    return peditName;
+}
+
+SCDelegate::SCDelegate(QObject* pParent) : QItemDelegate(pParent) {}
+
+void SCDelegate::drawFocus(QPainter* pPainter, const QStyleOptionViewItem& option, const QRect&) const
+{
+    setFocusPen(pPainter, option);
+}

@@ -1,0 +1,131 @@
+#include "linkhand/core/CommonUtils.h"
+
+#include <climits>
+
+#include <QApplication>
+#include <QDesktopWidget>
+#include <QPointer>
+
+#include "Host.h"
+#include "HyperLinks.h"
+#include "MessageBox.h"
+#include "Parentheses.h"
+#include "Settings.h"
+
+QWidget* CommonUtils::GetMainWindow()
+{
+    HostServices* pServices = Host::services();
+    return pServices != nullptr ? pServices->MainWindow() : nullptr;
+}
+
+QString CommonUtils::GetPluginLibraryPath()
+{
+    return Host::libraryPath();
+}
+
+QString CommonUtils::GetSettings(QString strSection, QString strKey)
+{
+    return Settings::value(strSection, strKey);
+}
+
+bool CommonUtils::IsPluginAvailable(QString strId)
+{
+    HostServices* pServices = Host::services();
+    return pServices != nullptr && pServices->IsPluginAvailable(strId);
+}
+
+bool CommonUtils::IsShuttingDown()
+{
+    HostServices* pServices = Host::servicesFromAnyThread();
+    return pServices != nullptr && pServices->IsShuttingDown();
+}
+
+bool CommonUtils::MakeCall(QString strNumber, _UI_EN_CALL_TYPE enType)
+{
+    HostServices* pServices = Host::services();
+    return pServices != nullptr && pServices->MakeCall(strNumber, int(enType));
+}
+
+void CommonUtils::MoveCentre(QDialog* pDialog)
+{
+    if (pDialog == nullptr)
+        return;
+    // A dialog that was never shown has the size Qt gives to any widget until its layout is asked.
+    pDialog->ensurePolished();
+    if (!pDialog->isVisible() && !pDialog->testAttribute(Qt::WA_Resized))
+        pDialog->adjustSize();
+    QWidget* pMain = GetMainWindow();
+    if (pMain != nullptr)
+        pMain = pMain->window();
+    const bool bOnWindow = pMain != nullptr && pMain->isVisible() && !pMain->isMinimized();
+    const QRect screen = QApplication::desktop()->availableGeometry(bOnWindow ? pMain : pDialog);
+    QRect frame = pDialog->frameGeometry();
+    frame.moveCenter(bOnWindow ? pMain->frameGeometry().center() : screen.center());
+    // The title bar stays reachable also where the window hangs over the edge of the screen.
+    frame.moveLeft(qMax(screen.left(), qMin(frame.left(), screen.right() + 1 - frame.width())));
+    frame.moveTop(qMax(screen.top(), qMin(frame.top(), screen.bottom() + 1 - frame.height())));
+    pDialog->move(frame.topLeft());
+}
+
+void CommonUtils::ParanthesisCorrectionForHeAndAr(QString& strText)
+{
+    if (QApplication::isRightToLeft())
+        Parentheses::correct(strText);
+}
+
+QString CommonUtils::ParseAndCreateHyperLinks(QString strText)
+{
+    return HyperLinks::create(strText);
+}
+
+int CommonUtils::ShowMessage(QMessageBox::Icon enIcon, QWidget* pParent, QString strCaption, QString strText,
+                             QString strButton1, QString strButton2, QString strButton3, bool bFlag,
+                             QFlags<Qt::WindowType> flags, QDialog** ppDialog, QString strExtra, bool bModal)
+{
+    if (HostServices* pServices = Host::services()) {
+        const int iAnswer = pServices->MessageAnswer(enIcon, strCaption, strText);
+        if (iAnswer >= 0)
+            return iAnswer;
+    }
+    // A parent that goes while the box is open takes the box with it.
+    QPointer<MessageBox> pBox =
+        new MessageBox(enIcon, pParent != nullptr ? pParent : GetMainWindow(), strCaption, strText);
+    pBox->setWindowFlags(pBox->windowFlags() | flags);
+    pBox->setButtons(QStringList() << strButton1 << strButton2 << strButton3, bFlag);
+    if (!strExtra.isEmpty())
+        pBox->setInformativeText(strExtra);
+    if (ppDialog != nullptr)
+        *ppDialog = pBox;
+    if (!bModal) {
+        pBox->setAttribute(Qt::WA_DeleteOnClose);
+        pBox->setModal(false);
+        pBox->show();
+        return 0;
+    }
+    pBox->exec();
+    const int iAnswer = pBox.isNull() ? int(QMessageBox::Cancel) : pBox->answer();
+    if (ppDialog != nullptr)
+        *ppDialog = nullptr;
+    delete pBox;
+    return iAnswer;
+}
+
+void CommonUtils::ThreadCountInc(QString strFile, QString strFunction)
+{
+    if (HostServices* pServices = Host::servicesFromAnyThread())
+        pServices->ThreadCountInc(strFile, strFunction);
+}
+
+void CommonUtils::ThreadCountDec(QString strFile, QString strFunction)
+{
+    if (HostServices* pServices = Host::servicesFromAnyThread())
+        pServices->ThreadCountDec(strFile, strFunction);
+}
+
+void CommonUtils::WaitForThreadToStop(QThread* pThread, unsigned int uiTime)
+{
+    if (pThread == nullptr || pThread == QThread::currentThread())
+        return;
+    const unsigned long ulMilliseconds = uiTime > ULONG_MAX / 1000 - 1 ? ULONG_MAX : 1000ul * uiTime;
+    pThread->wait(ulMilliseconds);
+}

@@ -1,0 +1,75 @@
+#include "MessageBox.h"
+
+#include <QPushButton>
+
+#include "linkhand/core/Change.h"
+
+namespace
+{
+
+const char s_szAnswer[] = "linkhandAnswer";
+
+int answerOf(int iPlace, const QString& strId)
+{
+    if (strId == QLatin1String("IDS_CANCEL"))
+        return QMessageBox::Cancel;
+    switch (iPlace) {
+    case 0:
+        return QMessageBox::Ok;
+    case 1:
+        return QMessageBox::No;
+    default:
+        return QMessageBox::Ignore;
+    }
+}
+
+} // namespace
+
+MessageBox::MessageBox(QMessageBox::Icon enIcon, QWidget* pParent, const QString& strCaption, const QString& strText)
+    : QMessageBox(enIcon, strCaption, strText, QMessageBox::NoButton, pParent)
+{
+    // Names of contacts and files reach these texts; mark-up in them is text.
+    setTextFormat(Qt::PlainText);
+    setObjectName(QLatin1String("linkhand_MessageBox"));
+}
+
+void MessageBox::setButtons(const QStringList& lstIds, bool bFirstIsDefault)
+{
+    QPushButton* pFirst = nullptr;
+    QPushButton* pLast = nullptr;
+    for (int i = 0; i < lstIds.size(); ++i) {
+        if (lstIds.at(i).isEmpty())
+            continue;
+        const int iAnswer = answerOf(i, lstIds.at(i));
+        const ButtonRole enRole = iAnswer == Ok ? AcceptRole : iAnswer == Cancel ? RejectRole : NoRole;
+        pLast = addButton(Change::tr(lstIds.at(i), QLatin1String("linkhand")), enRole);
+        pLast->setProperty(s_szAnswer, iAnswer);
+        if (pFirst == nullptr)
+            pFirst = pLast;
+    }
+    if (pFirst == nullptr) {
+        pFirst = pLast = addButton(QMessageBox::Ok);
+        pFirst->setProperty(s_szAnswer, int(Ok));
+    }
+    setDefaultButton(bFirstIsDefault ? pFirst : pLast);
+}
+
+int MessageBox::answer() const
+{
+    const QAbstractButton* pButton = clickedButton();
+    return pButton != nullptr ? pButton->property(s_szAnswer).toInt() : int(Cancel);
+}
+
+void MessageBox::closeEvent(QCloseEvent* event)
+{
+    // Past the base class, which would take the close for a click on the only button.
+    QDialog::closeEvent(event);
+}
+
+void MessageBox::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape)
+        reject();
+    else
+        QMessageBox::keyPressEvent(event);
+}
