@@ -47,6 +47,7 @@ extern "C" {
 #define ORVA_E_BUSY 1010 /* the store is locked by another process for too long, or the card is busy */
 #define ORVA_E_TOO_LONG 1011
 #define ORVA_E_UNSUPPORTED 1012 /* this memory has no such thing, such as groups on a card */
+#define ORVA_E_VERSION 1013     /* the store was written by a newer release and is left as it is */
 #define ORVA_E_INTERNAL 1099
 
 /* One field of a memory, in the order of its field list. Every text is ASCII; the two character lists hold "null"
@@ -166,10 +167,16 @@ ORVA_API long ORVA_PBSrv_GetSize(int memory, int* size);
  * fills in their numbers and leaves the rest at -1. No device gives 0. */
 ORVA_API long ORVA_PBSrv_PBGetMemoryListType(short* types, unsigned short* count);
 
-/* Gives the length of a text of `length` UTF-16 units as an alpha identifier on a card, in units comparable with a
- * field's max_length: 3GPP TS 23.038 default alphabet (an extension character counts two), else the shortest of the
- * three UCS-2 forms of ETSI TS 102 221 Annex A. `not_uim` false (a UIM card) counts characters outside ASCII as
- * UCS-2; `customised` true counts every text in whole UCS-2 units. */
+/* Gives the length of a text as an alpha identifier on a card, in units comparable with a field's max_length. The text
+ * is `length` UTF-16 units, or those before the first zero. The empty text has length 0, and no text is shorter than
+ * one of its beginnings, so that cutting characters off the end always comes to fit. A length beyond 32,767 is given as
+ * that.
+ * - not_uim true (a SIM): octets of the 3GPP TS 23.038 default alphabet, an extension character counting two; a text
+ *   with any other character (form feed and escape are such) takes the shortest of the three UCS-2 forms of ETSI
+ *   TS 102 221 Annex A, header octets counted and an extension character counting two in the half-page forms.
+ * - not_uim false (a UIM card): one for each character of ASCII text, any other text in plain UCS-2: two for each unit
+ *   and one for the header octet.
+ * - customised true, whatever the card: one for each UTF-16 unit. */
 ORVA_API long ORVA_PBSrv_PBContentCodingJudge(const unsigned short* text, short length, bool not_uim, bool customised,
                                               short* result);
 

@@ -1,0 +1,33 @@
+#ifndef ORVA_STORE_H
+#define ORVA_STORE_H
+
+/*
+ * Care for the stores behind libsdk.so.1: check, backup and restore. Tools use it while other processes have the same
+ * stores open. The conventions are those of orva_sdk.h; a card that is out or a device that is detached gives
+ * ORVA_E_ABSENT.
+ */
+
+#include "orva/orva_sdk.h"
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/* Looks for damage in the store of a memory and gives the number of findings, each of which is a line in the log. What
+ * the library finds damaged by itself it puts aside and replaces, with all that can be read of it. */
+ORVA_API long ORVA_Store_Check(int memory, int* findings);
+
+/* Copies the store of a memory, as of one moment, into a new file of the user's alone. ORVA_E_STORE if the file is
+ * there already or cannot be written. */
+ORVA_API long ORVA_Store_Backup(int memory, const unsigned short* path);
+
+/* Puts the content of a backup in place of the store of a memory. What was there before is put aside as a file in the
+ * data folder. ORVA_E_FORMAT for a file that is no sound backup of such a store, ORVA_E_VERSION for one of a newer
+ * release; the store is unchanged then. */
+ORVA_API long ORVA_Store_Restore(int memory, const unsigned short* path);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif /* ORVA_STORE_H */

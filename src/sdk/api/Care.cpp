@@ -1,0 +1,57 @@
+// Check, backup and restore of the stores.
+
+#include "orva/orva_store.h"
+
+#include "api/Boundary.h"
+#include "api/Library.h"
+#include "api/Log.h"
+#include "api/Text.h"
+#include "store/Files.h"
+#include "store/Store.h"
+
+using namespace orva;
+
+namespace
+{
+
+// SQLite takes no path with a symbolic link in it; only the last part may not be one.
+std::string plainPath(const unsigned short* path)
+{
+    const std::string given = toUtf8(fromApi(path));
+    if (given.empty() || given.back() == '/')
+        throw Failure(ORVA_E_ARGUMENT, "not the name of a file");
+    return resolveFolderOf(given);
+}
+
+} // namespace
+
+long ORVA_Store_Check(int memory, int* findings)
+{
+    return guarded(__func__, [&] {
+        require(findings);
+        const std::vector<std::string> found = storeFor(memory).check();
+        for (const std::string& line : found)
+            logFormat("check of memory %d: %s", memory, line.c_str());
+        *findings = static_cast<int>(found.size());
+        return ORVA_OK;
+    });
+}
+
+long ORVA_Store_Backup(int memory, const unsigned short* path)
+{
+    return guarded(__func__, [&] {
+        storeFor(memory).backup(plainPath(path));
+        return ORVA_OK;
+    });
+}
+
+long ORVA_Store_Restore(int memory, const unsigned short* path)
+{
+    return guarded(__func__, [&] {
+        const std::string file = plainPath(path);
+        if (!fileExists(file))
+            throw Failure(ORVA_E_NOT_FOUND, "no such file");
+        storeFor(memory).restore(file);
+        return ORVA_OK;
+    });
+}

@@ -1,0 +1,148 @@
+#include "api/Library.h"
+
+#include <mutex>
+#include <shared_mutex>
+
+#include "api/Handles.h"
+#include "devices/Hardware.h"
+#include "events/EventHub.h"
+#include "memories/LocalMemory.h"
+#include "memories/SimMemory.h"
+#include "store/Files.h"
+
+namespace orva
+{
+
+namespace
+{
+
+// Torn down from the end of the list, so that the hardware can still send while the memories close.
+struct Library {
+    explicit Library(const std::string& folder)
+        : hardware(folder, events),
+          local(folder, hardware),
+          card(folder, hardware, ORVA_MEMORY_CARD),
+          device(folder, hardware, ORVA_MEMORY_DEVICE)
+    {
+    }
+
+    EventHub events;
+    Hardware hardware;
+    LocalMemory local;
+    SimMemory card;
+    SimMemory device;
+};
+
+struct Global {
+    std::mutex mutex;
+    std::atomic<Library*> library{nullptr};
+    std::string chosenFolder; // by a reset; empty for what the environment says
+    std::mutex folderMutex;
+};
+
+// Never destroyed: threads may outlast the library's own end.
+Global& global()
+{
+    static auto* const all = new Global;
+    return *all;
+}
+
+Library& library()
+{
+    Global& all = global();
+    Library* made = all.library.load(std::memory_order_acquire);
+    if (made != nullptr)
+        return *made;
+    const std::lock_guard<std::mutex> lock(all.mutex);
+    made = all.library.load(std::memory_order_relaxed);
+    if (made == nullptr) {
+        std::string folder = dataFolder();
+        try {
+            folder = preparePrivateFolder(folder);
+        } catch (const Failure&) {
+            // Each use of a store tells; the hardware works without.
+        }
+        made = new Library(folder);
+        all.library.store(made, std::memory_order_release);
+    }
+    return *made;
+}
+
+// Commits what is open when the process ends in good order.
+struct AtEnd {
+    ~AtEnd()
+    {
+        Global& all = global();
+        const std::lock_guard<std::mutex> lock(all.mutex);
+        delete all.library.exchange(nullptr);
+    }
+};
+
+const AtEnd atEnd;
+
+} // namespace
+
+Memory& memoryFor(int memory)
+{
+    switch (memory) {
+    case ORVA_MEMORY_CARD:
+        return library().card;
+    case ORVA_MEMORY_DEVICE:
+        return library().device;
+    case ORVA_MEMORY_LOCAL:
+        return library().local;
+    default:
+        throw Failure(ORVA_E_ARGUMENT, "no such memory");
+    }
+}
+
+Store& groupStore(int memory)
+{
+    if (memory == ORVA_MEMORY_CARD || memory == ORVA_MEMORY_DEVICE)
+        throw Failure(ORVA_E_UNSUPPORTED, "no groups on this memory");
+    memoryFor(memory);
+    return library().local.store();
+}
+
+Store& storeFor(int memory)
+{
+    memoryFor(memory);
+    if (memory == ORVA_MEMORY_LOCAL)
+        return library().local.store();
+    library().hardware.requireOpen(memory);
+    return memory == ORVA_MEMORY_CARD ? library().card.store() : library().device.store();
+}
+
+Hardware& hardware()
+{
+    return library().hardware;
+}
+
+EventHub& events()
+{
+    return library().events;
+}
+
+std::string dataFolder()
+{
+    Global& all = global();
+    const std::lock_guard<std::mutex> lock(all.folderMutex);
+    return all.chosenFolder.empty() ? defaultDataFolder() : all.chosenFolder;
+}
+
+std::string logFolder()
+{
+    return dataFolder() + "/log";
+}
+
+void resetLibrary(const char* folder)
+{
+    Global& all = global();
+    const std::lock_guard<std::mutex> lock(all.mutex);
+    dropAllHandles();
+    delete all.library.exchange(nullptr);
+    const std::lock_guard<std::mutex> folderLock(all.folderMutex);
+    all.chosenFolder = folder != nullptr ? folder : "";
+}
+
+} // namespace orva

@@ -1,0 +1,41 @@
+#ifndef SDK_API_LIBRARY_H
+#define SDK_API_LIBRARY_H
+
+#include <string>
+
+#include "memories/Memory.h"
+
+namespace orva
+{
+
+class EventHub;
+class Hardware;
+class Store;
+
+/*
+ * What this process has of the library: made on first use, closed at the process's end or by resetLibrary().
+ */
+
+// The memory of a number. Failure(ORVA_E_ARGUMENT) for an unknown one. Whether a card or device is there shows when
+// it is used (ORVA_E_ABSENT).
+Memory& memoryFor(int memory);
+
+// The store of the PC's phonebook, which alone has groups. ORVA_E_ARGUMENT, or ORVA_E_UNSUPPORTED for another memory.
+Store& groupStore(int memory);
+
+// The store behind a memory; ORVA_E_ABSENT for that of a memory that is not there.
+Store& storeFor(int memory);
+
+Hardware& hardware();
+EventHub& events();
+
+// The data folder and the folder for logs in it, without a slash at the end. Neither needs to be there yet.
+std::string dataFolder();
+std::string logFolder();
+
+// Commits and closes everything and forgets all handles. A null folder stands for what the environment says.
+void resetLibrary(const char* folder);
+
+} // namespace orva
+
+#endif // SDK_API_LIBRARY_H

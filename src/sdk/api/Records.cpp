@@ -1,0 +1,110 @@
+// Single records.
+
+#include "api/Boundary.h"
+#include "api/Handles.h"
+#include "api/Library.h"
+#include "api/Text.h"
+
+using namespace orva;
+
+namespace
+{
+
+std::size_t fieldIndex(const RecordHandle& record, const char* key)
+{
+    require(key);
+    const int field = record.profile->indexOf(key);
+    if (field < 0)
+        throw Failure(ORVA_E_ARGUMENT, "no such field");
+    return static_cast<std::size_t>(field);
+}
+
+std::unique_ptr<RecordHandle> makeRecord(int memory)
+{
+    auto record = std::make_unique<RecordHandle>();
+    record->memory = memory;
+    record->profile = memoryFor(memory).profile();
+    return record;
+}
+
+} // namespace
+
+long ORVA_PBSrv_CreateAddrRecord(int memory, void** record)
+{
+    return guarded(__func__, [&] {
+        require(record);
+        auto made = makeRecord(memory);
+        made->values.resize(made->profile->fields().size());
+        *record = newHandle(std::move(made));
+        return ORVA_OK;
+    });
+}
+
+long ORVA_PBSrv_AddrRecord_SetValue(void* record, const char* key, const unsigned short* value)
+{
+    return guarded(__func__, [&] {
+        auto& held = fromHandle<RecordHandle>(record);
+        const std::size_t field = fieldIndex(held, key);
+        held.values[field] = fromApi(value);
+        return ORVA_OK;
+    });
+}
+
+long ORVA_PBSrv_AddrRecord_GetValue(void* record, const char* key, unsigned short** value)
+{
+    return guarded(__func__, [&] {
+        const auto& held = fromHandle<RecordHandle>(record);
+        const std::size_t field = fieldIndex(held, key);
+        require(value);
+        *value = toApi(held.values[field]);
+        return ORVA_OK;
+    });
+}
+
+long ORVA_PBSrv_AddrRecord_Release(void* record)
+{
+    return guarded(__func__, [&] {
+        releaseHandle<RecordHandle>(record);
+        return ORVA_OK;
+    });
+}
+
+long ORVA_PBSrv_AddAddrRec(void* record, int* id)
+{
+    return guarded(__func__, [&] {
+        const auto& held = fromHandle<RecordHandle>(record);
+        require(id);
+        *id = memoryFor(held.memory).add(held.values);
+        return ORVA_OK;
+    });
+}
+
+long ORVA_PBSrv_UpdateAddrRec(void* record, int id)
+{
+    return guarded(__func__, [&] {
+        const auto& held = fromHandle<RecordHandle>(record);
+        memoryFor(held.memory).update(id, held.values);
+        return ORVA_OK;
+    });
+}
+
+long ORVA_PBSrv_DelAddrRec(int id, int memory)
+{
+    return guarded(__func__, [&] {
+        memoryFor(memory).erase(id);
+        return ORVA_OK;
+    });
+}
+
+long ORVA_PBSrv_GetAddrRecord(int id, int memory, void** record)
+{
+    return guarded(__func__, [&] {
+        require(record);
+        *record = nullptr;
+        auto made = makeRecord(memory);
+        made->values = memoryFor(memory).readOne(id);
+        made->values.resize(made->profile->fields().size());
+        *record = newHandle(std::move(made));
+        return ORVA_OK;
+    });
+}

@@ -1,0 +1,127 @@
+#include "events/EventHub.h"
+
+#include <algorithm>
+#include <exception>
+
+#include "api/Log.h"
+
+namespace orva
+{
+
+Service serviceOf(int event)
+{
+    if (event >= 20000 && event <= 29999)
+        return Service::Phonebook;
+    if (event == 6014)
+        return Service::DeviceStart;
+    if (event == 6002 || (event >= 6600 && event <= 6699))
+        return Service::DeviceManager;
+    return Service::Network;
+}
+
+EventHub::~EventHub()
+{
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        m_stop = true;
+    }
+    m_posted.notify_all();
+    if (!m_thread.joinable())
+        return;
+    // A callback that ends the process is on the thread itself, which nobody can wait for then.
+    if (onEventThread())
+        m_thread.detach();
+    else
+        m_thread.join();
+}
+
+void EventHub::add(Service service, ORVA_CALLBACK callback)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    std::vector<ORVA_CALLBACK>& callbacks = m_callbacks[static_cast<std::size_t>(service)];
+    if (std::find(callbacks.begin(), callbacks.end(), callback) != callbacks.end())
+        return;
+    if (!m_thread.joinable())
+        m_thread = std::thread(&EventHub::deliver, this);
+    callbacks.push_back(callback);
+}
+
+bool EventHub::remove(Service service, ORVA_CALLBACK callback)
+{
+    std::unique_lock<std::mutex> lock(m_mutex);
+    std::vector<ORVA_CALLBACK>& callbacks = m_callbacks[static_cast<std::size_t>(service)];
+    const auto found = std::find(callbacks.begin(), callbacks.end(), callback);
+    const bool known = found != callbacks.end();
+    if (known)
+        callbacks.erase(found);
+    // Also for one that another thread has just removed: it may still be running.
+    if (!onEventThread())
+        m_delivered.wait(lock, [&] { return m_running != callback || m_runningService != service; });
+    return known;
+}
+
+void EventHub::post(int event)
+{
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        if (!m_thread.joinable())
+            return;
+        m_queue.push_back(event);
+        ++m_postedCount;
+    }
+    m_posted.notify_one();
+}
+
+bool EventHub::drain()
+{
+    std::unique_lock<std::mutex> lock(m_mutex);
+    if (onEventThread())
+        return false;
+    const std::uint64_t until = m_postedCount;
+    m_delivered.wait(lock, [&] { return m_deliveredCount >= until; });
+    return true;
+}
+
+bool EventHub::onEventThread() const
+{
+    return m_threadId.load() == std::this_thread::get_id();
+}
+
+void EventHub::deliver()
+{
+    m_threadId = std::this_thread::get_id();
+    std::unique_lock<std::mutex> lock(m_mutex);
+    for (;;) {
+        m_posted.wait(lock, [&] { return m_stop || !m_queue.empty(); });
+        if (m_stop)
+            return;
+        const int event = m_queue.front();
+        m_queue.pop_front();
+        const Service service = serviceOf(event);
+        const std::vector<ORVA_CALLBACK>& callbacks = m_callbacks[static_cast<std::size_t>(service)];
+        // Those who are registered now; who is removed while another one runs is not called any more.
+        const std::vector<ORVA_CALLBACK> chosen = callbacks;
+        for (const ORVA_CALLBACK callback : chosen) {
+            if (m_stop)
+                return;
+            if (std::find(callbacks.begin(), callbacks.end(), callback) == callbacks.end())
+                continue;
+            m_running = callback;
+            m_runningService = service;
+            lock.unlock();
+            try {
+                callback(event, nullptr);
+            } catch (const std::exception& failure) {
+                // A client's mistake must not end the process from here.
+                logFormat("a callback threw: %s", failure.what());
+            }
+            lock.lock();
+            m_running = nullptr;
+            m_delivered.notify_all();
+        }
+        ++m_deliveredCount;
+        m_delivered.notify_all();
+    }
+}
+
+} // namespace orva

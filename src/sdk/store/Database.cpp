@@ -1,0 +1,169 @@
+#include "store/Database.h"
+
+namespace orva
+{
+
+namespace
+{
+
+// How long an ordinary statement waits for another process, in milliseconds. Write transactions wait by themselves.
+constexpr int statementWait = 2000;
+
+long clientCode(int sqlCode)
+{
+    switch (sqlCode & 0xff) {
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+        return ORVA_E_BUSY;
+    case SQLITE_NOMEM:
+        return ORVA_E_NO_MEMORY;
+    default:
+        return ORVA_E_STORE;
+    }
+}
+
+} // namespace
+
+SqlFailure::SqlFailure(int sqlCode, const std::string& text) : Failure(clientCode(sqlCode), text), m_sqlCode(sqlCode) {}
+
+bool SqlFailure::isDamage() const
+{
+    const int primary = m_sqlCode & 0xff;
+    return primary == SQLITE_CORRUPT || primary == SQLITE_NOTADB;
+}
+
+Database::Database(const std::string& path, Mode mode)
+{
+    const int access = mode == Mode::ReadOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
+    const int flags = access | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_NOFOLLOW | SQLITE_OPEN_EXRESCODE;
+    const int result = sqlite3_open_v2(path.c_str(), &m_db, flags, nullptr);
+    if (result != SQLITE_OK) {
+        const std::string text = m_db != nullptr ? sqlite3_errmsg(m_db) : sqlite3_errstr(result);
+        sqlite3_close(m_db);
+        throw SqlFailure(result, "opening the store: " + text);
+    }
+    sqlite3_busy_timeout(m_db, statementWait);
+    // A damaged or hostile file must not run anything or read past its cells.
+    sqlite3_db_config(m_db, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+    sqlite3_db_config(m_db, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+}
+
+Database::~Database()
+{
+    for (const Cached& cached : m_statements)
+        sqlite3_finalize(cached.statement);
+    sqlite3_close(m_db);
+}
+
+void Database::fail(int sqlCode, const char* doing) const
+{
+    // Messages name tables and columns, never values; the statement's text has placeholders for those.
+    throw SqlFailure(sqlCode, std::string(doing) + ": " + sqlite3_errmsg(m_db) + " (" + std::to_string(sqlCode) + ")");
+}
+
+void Database::execute(const char* sql)
+{
+    const int result = sqlite3_exec(m_db, sql, nullptr, nullptr, nullptr);
+    if (result != SQLITE_OK)
+        fail(result, sql);
+}
+
+int Database::queryInt(const char* sql)
+{
+    Query query(*this, sql);
+    return query.step() ? query.integer(0) : 0;
+}
+
+sqlite3_stmt* Database::prepared(const char* sql)
+{
+    for (const Cached& cached : m_statements) {
+        if (cached.address == sql && cached.sql == sql)
+            return cached.statement;
+    }
+    for (const Cached& cached : m_statements) {
+        if (cached.sql == sql)
+            return cached.statement;
+    }
+    sqlite3_stmt* statement = nullptr;
+    const int result = sqlite3_prepare_v3(m_db, sql, -1, SQLITE_PREPARE_PERSISTENT, &statement, nullptr);
+    if (result != SQLITE_OK)
+        fail(result, sql);
+    try {
+        m_statements.push_back({sql, sql, statement});
+    } catch (...) {
+        sqlite3_finalize(statement);
+        throw;
+    }
+    return statement;
+}
+
+Query& Query::bind(int index, int value)
+{
+    const int result = sqlite3_bind_int(m_statement, index, value);
+    if (result != SQLITE_OK)
+        m_db.fail(result, "binding a number");
+    return *this;
+}
+
+Query& Query::bind(int index, std::u16string_view text)
+{
+    static constexpr char16_t byteOrderMark = 0xfeff;
+    static constexpr char16_t swappedMark = 0xfffe;
+    // SQLite takes a first byte order mark for its own. Text that begins with one gets a second for SQLite to take.
+    if (!text.empty() && (text.front() == byteOrderMark || text.front() == swappedMark)) {
+        m_copies.push_back(std::make_unique<std::u16string>(1, byteOrderMark));
+        m_copies.back()->append(text);
+        text = *m_copies.back();
+    }
+    // A null pointer would bind NULL, and an empty view may hold one.
+    const void* const data = text.empty() ? static_cast<const void*>(u"") : text.data();
+    const int result = sqlite3_bind_text64(m_statement, index, static_cast<const char*>(data),
+                                           text.size() * sizeof(char16_t), SQLITE_STATIC, SQLITE_UTF16);
+    if (result != SQLITE_OK)
+        m_db.fail(result, "binding a text");
+    return *this;
+}
+
+bool Query::step()
+{
+    const int result = sqlite3_step(m_statement);
+    if (result == SQLITE_ROW)
+        return true;
+    if (result != SQLITE_DONE)
+        m_db.fail(result, sqlite3_sql(m_statement));
+    return false;
+}
+
+std::u16string_view Query::text(int column)
+{
+    const void* const data = sqlite3_column_text16(m_statement, column);
+    if (data == nullptr) {
+        if (sqlite3_column_type(m_statement, column) != SQLITE_NULL)
+            throw Failure(ORVA_E_NO_MEMORY, "reading a text");
+        return {};
+    }
+    const auto units = static_cast<std::size_t>(sqlite3_column_bytes16(m_statement, column)) / sizeof(char16_t);
+    return {static_cast<const char16_t*>(data), units};
+}
+
+std::string Query::bytes(int column)
+{
+    const auto* const text = reinterpret_cast<const char*>(sqlite3_column_text(m_statement, column));
+    return text != nullptr ? text : "";
+}
+
+void Query::addText(int column, RowBlock& rows)
+{
+    // The store's encoding is the machine's UTF-16, so that a text's bytes are its units; they may lie unaligned.
+    if (sqlite3_column_type(m_statement, column) == SQLITE_TEXT) {
+        const void* const data = sqlite3_column_blob(m_statement, column);
+        const auto bytes = static_cast<std::size_t>(sqlite3_column_bytes16(m_statement, column));
+        if (data != nullptr || bytes == 0) {
+            rows.addBytes(data, bytes / sizeof(char16_t));
+            return;
+        }
+    }
+    rows.addValue(text(column));
+}
+
+} // namespace orva

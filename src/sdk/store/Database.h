@@ -1,0 +1,106 @@
+#ifndef SDK_STORE_DATABASE_H
+#define SDK_STORE_DATABASE_H
+
+#include <sqlite3.h>
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "memories/Failure.h"
+#include "memories/RowBlock.h"
+
+namespace orva
+{
+
+// A failed SQLite call; the code that clients see follows from SQLite's.
+class SqlFailure : public Failure
+{
+public:
+    SqlFailure(int sqlCode, const std::string& text);
+
+    int sqlCode() const { return m_sqlCode; }
+
+    // The file itself is damaged or is no database.
+    bool isDamage() const;
+
+private:
+    int m_sqlCode;
+};
+
+// One connection. Not locked: whoever owns it does that. Statements are kept prepared.
+class Database
+{
+public:
+    enum class Mode { ReadWrite, ReadOnly };
+
+    // The path must hold no symbolic link; the file must exist.
+    Database(const std::string& path, Mode mode);
+    ~Database();
+    Database(const Database&) = delete;
+    Database& operator=(const Database&) = delete;
+
+    sqlite3* handle() const { return m_db; }
+    bool inTransaction() const { return sqlite3_get_autocommit(m_db) == 0; }
+
+    void execute(const char* sql);
+    int queryInt(const char* sql);
+
+    // The prepared statement of a text, made on first use. Found fastest by the address of a lasting string.
+    sqlite3_stmt* prepared(const char* sql);
+
+    [[noreturn]] void fail(int sqlCode, const char* doing) const;
+
+private:
+    struct Cached {
+        const char* address;
+        std::string sql;
+        sqlite3_stmt* statement;
+    };
+
+    sqlite3* m_db = nullptr;
+    std::vector<Cached> m_statements;
+};
+
+// One use of a prepared statement: bind, step, read; it is set back at the end.
+class Query
+{
+public:
+    Query(Database& db, const char* sql) : m_db(db), m_statement(db.prepared(sql)) {}
+    ~Query()
+    {
+        sqlite3_reset(m_statement);
+        sqlite3_clear_bindings(m_statement);
+    }
+    Query(const Query&) = delete;
+    Query& operator=(const Query&) = delete;
+
+    Query& bind(int index, int value);
+
+    // The text must live until the query is gone.
+    Query& bind(int index, std::u16string_view text);
+
+    // True while there is a row.
+    bool step();
+
+    int integer(int column) { return sqlite3_column_int(m_statement, column); }
+    std::u16string_view text(int column);
+
+    // Text that SQLite itself made, such as a finding of a check.
+    std::string bytes(int column);
+
+    // Adds the text to a block's row, without the copy that text() makes inside SQLite.
+    void addText(int column, RowBlock& rows);
+
+private:
+    Database& m_db;
+    sqlite3_stmt* m_statement;
+    // Copies of texts that had to be changed for binding; see bind().
+    std::vector<std::unique_ptr<std::u16string>> m_copies;
+};
+
+} // namespace orva
+
+#endif // SDK_STORE_DATABASE_H

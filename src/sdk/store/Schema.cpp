@@ -1,0 +1,126 @@
+#include "store/Schema.h"
+
+#include <unistd.h>
+
+#include "store/Files.h"
+
+namespace orva
+{
+
+namespace
+{
+
+void setPragma(Database& db, const char* name, int value)
+{
+    db.execute(("PRAGMA " + std::string(name) + " = " + std::to_string(value)).c_str());
+}
+
+} // namespace
+
+const std::vector<MigrationStep>& migrationSteps()
+{
+    static const std::vector<MigrationStep> steps;
+    return steps;
+}
+
+SchemaState inspectSchema(Database& db, int currentVersion)
+{
+    const int application = db.queryInt("PRAGMA application_id");
+    const int version = db.queryInt("PRAGMA user_version");
+    if (application == 0 && version == 0 && db.queryInt("SELECT count(*) FROM sqlite_master") == 0)
+        return SchemaState::Empty;
+    if (application != storeApplicationId)
+        return SchemaState::Foreign;
+    if (version > currentVersion)
+        return SchemaState::NewerVersion;
+    return version < currentVersion ? SchemaState::OlderVersion : SchemaState::Ours;
+}
+
+void configureConnection(Database& db)
+{
+    db.execute("PRAGMA journal_mode = WAL");
+    db.execute("PRAGMA synchronous = FULL");
+    db.execute("PRAGMA foreign_keys = ON");
+    db.execute("PRAGMA secure_delete = FAST");
+}
+
+void createSchema(Database& db, const Columns& columns, int version)
+{
+    // Must precede the first table. Text is kept as clients pass it, so that no unit of it is ever changed.
+    db.execute("PRAGMA encoding = 'UTF-16'");
+    configureConnection(db);
+    db.execute("BEGIN IMMEDIATE");
+    try {
+        // Another process may have been faster.
+        if (inspectSchema(db, version) == SchemaState::Empty) {
+            std::string records = "CREATE TABLE records (id INTEGER PRIMARY KEY";
+            for (const std::string& column : columns)
+                records += ", " + column + " TEXT NOT NULL DEFAULT ''";
+            db.execute((records + ")").c_str());
+            db.execute("CREATE TABLE groups (id INTEGER PRIMARY KEY, parent INTEGER REFERENCES groups (id), "
+                       "name TEXT NOT NULL)");
+            db.execute("CREATE INDEX groups_parent ON groups (parent)");
+            db.execute("CREATE TABLE memberships (id INTEGER PRIMARY KEY, "
+                       "grp INTEGER NOT NULL REFERENCES groups (id) ON DELETE CASCADE, "
+                       "record INTEGER NOT NULL REFERENCES records (id) ON DELETE CASCADE, UNIQUE (grp, record))");
+            db.execute("CREATE INDEX memberships_record ON memberships (record)");
+            // The highest identifiers ever given out, so that none is used twice.
+            db.execute("CREATE TABLE counters (name TEXT PRIMARY KEY, value INTEGER NOT NULL) WITHOUT ROWID");
+            db.execute("INSERT INTO counters VALUES ('record', 0), ('group', 0)");
+            setPragma(db, "application_id", storeApplicationId);
+            setPragma(db, "user_version", version);
+        }
+        db.execute("COMMIT");
+    } catch (...) {
+        if (db.inTransaction())
+            sqlite3_exec(db.handle(), "ROLLBACK", nullptr, nullptr, nullptr);
+        throw;
+    }
+}
+
+void migrate(Database& db, const std::vector<MigrationStep>& steps, const std::string& backupPath)
+{
+    backupDatabase(db, backupPath);
+    db.execute("BEGIN IMMEDIATE");
+    try {
+        const auto version = static_cast<std::size_t>(db.queryInt("PRAGMA user_version"));
+        for (std::size_t step = version; step <= steps.size(); ++step)
+            steps[step - 1](db);
+        setPragma(db, "user_version", static_cast<int>(steps.size()) + 1);
+        db.execute("COMMIT");
+    } catch (...) {
+        if (db.inTransaction())
+            sqlite3_exec(db.handle(), "ROLLBACK", nullptr, nullptr, nullptr);
+        throw;
+    }
+}
+
+void copyDatabase(Database& source, Database& target)
+{
+    sqlite3_backup* const backup = sqlite3_backup_init(target.handle(), "main", source.handle(), "main");
+    if (backup == nullptr)
+        target.fail(sqlite3_errcode(target.handle()), "starting to copy a database");
+    const int stepped = sqlite3_backup_step(backup, -1);
+    const int finished = sqlite3_backup_finish(backup);
+    if (stepped != SQLITE_DONE)
+        throw SqlFailure(stepped, "copying a database: " + std::string(sqlite3_errstr(stepped)));
+    if (finished != SQLITE_OK)
+        target.fail(finished, "ending the copy of a database");
+}
+
+void backupDatabase(Database& db, const std::string& path)
+{
+    if (!preparePrivateFile(path))
+        throw Failure(ORVA_E_STORE, path + " is there already");
+    try {
+        Database target(path, Database::Mode::ReadWrite);
+        copyDatabase(db, target);
+        // One file that can be carried away.
+        target.execute("PRAGMA journal_mode = DELETE");
+    } catch (...) {
+        ::unlink(path.c_str());
+        throw;
+    }
+}
+
+} // namespace orva

@@ -1,0 +1,321 @@
+#include "store/Store.h"
+
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <climits>
+
+#include "api/Log.h"
+
+namespace orva
+{
+
+namespace
+{
+
+// Text that one read gathers at most, so that open sets stay small whatever the values.
+constexpr std::size_t blockBytes = 256 * 1024;
+
+std::string listed(const Columns& columns, std::size_t count, const std::string& before, const std::string& after)
+{
+    std::string text;
+    for (std::size_t i = 0; i < count; ++i)
+        text += before + columns[i] + after;
+    return text;
+}
+
+Failure notThere(const char* what)
+{
+    return Failure(ORVA_E_NOT_FOUND, std::string("no such ") + what);
+}
+
+} // namespace
+
+// ---- Frame
+
+Store::Store(std::string folder, std::string name, Columns columns)
+    : m_folder(std::move(folder)), m_path(m_folder + "/" + name + ".db"), m_columns(std::move(columns))
+{
+    makeStatements();
+}
+
+Store::~Store()
+{
+    {
+        const Lock lock(m_mutex);
+        m_stopKeeper = true;
+    }
+    m_wakeKeeper.notify_all();
+    if (m_keeper.joinable())
+        m_keeper.join();
+    try {
+        end();
+    } catch (const std::exception& failure) {
+        logFormat("%s: closing: %s", m_path.c_str(), failure.what());
+    }
+}
+
+void Store::makeStatements()
+{
+    for (std::size_t fields = 0; fields <= m_columns.size(); ++fields) {
+        const std::string select = "SELECT id" + listed(m_columns, fields, ", ", "") + " FROM records WHERE id ";
+        m_selectRange.push_back(select + "BETWEEN ? AND ? ORDER BY id LIMIT ?");
+        m_selectOne.push_back(select + "= ?");
+    }
+    m_insert = "INSERT INTO records (id" + listed(m_columns, m_columns.size(), ", ", "") + ") VALUES (?";
+    for (std::size_t i = 0; i < m_columns.size(); ++i)
+        m_insert += ", ?";
+    m_insert += ")";
+    m_update = "UPDATE records SET " + listed(m_columns, m_columns.size(), "", " = ?, ");
+    m_update.erase(m_update.size() - 2);
+    m_update += " WHERE id = ?";
+}
+
+template <typename Body>
+auto Store::reading(Body&& body) -> decltype(body())
+{
+    const Lock lock(m_mutex);
+    connect();
+    try {
+        return body();
+    } catch (const SqlFailure& failure) {
+        noteDamage(failure);
+        throw;
+    }
+}
+
+template <typename Body>
+auto Store::writing(Body&& body) -> decltype(body())
+{
+    Lock lock(m_mutex);
+    connect();
+    try {
+        startWriting(lock);
+        // Every write is one statement, so that a failing one leaves nothing half done behind.
+        const auto result = body();
+        if (m_transaction != Transaction::Open)
+            commit();
+        return result;
+    } catch (const Failure& failure) {
+        if (m_db && m_db->inTransaction() && m_transaction != Transaction::Open)
+            rollback();
+        else if (m_db && !m_db->inTransaction() && m_transaction == Transaction::Open &&
+                 dynamic_cast<const SqlFailure*>(&failure) != nullptr)
+            breakTransaction(failure);
+        noteDamage(failure);
+        throw;
+    }
+}
+
+// ---- Records
+
+int Store::size()
+{
+    return reading([&] {
+        refresh();
+        return m_count;
+    });
+}
+
+Extent Store::extent()
+{
+    return reading([&] {
+        refresh();
+        return Extent{m_count, m_lastRecord};
+    });
+}
+
+void Store::read(int first, int last, std::size_t maxRows, int fields, RowBlock& rows)
+{
+    rows.clear(fields);
+    reading([&] {
+        reconnectIfReplaced();
+        Query query(*m_db, m_selectRange[static_cast<std::size_t>(fields)].c_str());
+        query.bind(1, first).bind(2, last).bind(3, static_cast<int>(std::min<std::size_t>(maxRows, INT_MAX)));
+        while (query.step()) {
+            rows.beginRow(query.integer(0));
+            for (int field = 0; field < fields; ++field)
+                query.addText(field + 1, rows);
+            if (rows.bytes() > blockBytes)
+                break;
+        }
+    });
+}
+
+void Store::readSome(const int* ids, std::size_t count, int fields, RowBlock& rows)
+{
+    rows.clear(fields);
+    reading([&] {
+        for (std::size_t i = 0; i < count; ++i) {
+            Query query(*m_db, m_selectOne[static_cast<std::size_t>(fields)].c_str());
+            if (!query.bind(1, ids[i]).step())
+                continue;
+            rows.beginRow(ids[i]);
+            for (int field = 0; field < fields; ++field)
+                query.addText(field + 1, rows);
+        }
+    });
+}
+
+Values Store::readOne(int id, int fields)
+{
+    return reading([&] {
+        Query query(*m_db, m_selectOne[static_cast<std::size_t>(fields)].c_str());
+        if (!query.bind(1, id).step())
+            throw notThere("record");
+        Values values;
+        values.reserve(static_cast<std::size_t>(fields));
+        for (int field = 0; field < fields; ++field)
+            values.emplace_back(query.text(field + 1));
+        return values;
+    });
+}
+
+int Store::add(const Values& values, int capacity)
+{
+    return writing([&] {
+        if (m_count >= capacity || m_lastRecord == INT_MAX)
+            throw Failure(ORVA_E_FULL, "the memory is full");
+        const int id = m_lastRecord + 1;
+        Query query(*m_db, m_insert.c_str());
+        query.bind(1, id);
+        for (std::size_t i = 0; i < m_columns.size(); ++i)
+            query.bind(static_cast<int>(i) + 2,
+                       i < values.size() ? std::u16string_view(values[i]) : std::u16string_view());
+        query.step();
+        m_lastRecord = id;
+        m_countersChanged = true;
+        ++m_count;
+        return id;
+    });
+}
+
+void Store::update(int id, const Values& values)
+{
+    writing([&] {
+        Query query(*m_db, m_update.c_str());
+        for (std::size_t i = 0; i < m_columns.size(); ++i)
+            query.bind(static_cast<int>(i) + 1,
+                       i < values.size() ? std::u16string_view(values[i]) : std::u16string_view());
+        query.bind(static_cast<int>(m_columns.size()) + 1, id).step();
+        if (sqlite3_changes(m_db->handle()) == 0)
+            throw notThere("record");
+        ++m_changes;
+        return 0;
+    });
+}
+
+void Store::erase(int id)
+{
+    writing([&] {
+        // Memberships go with it by the schema.
+        Query(*m_db, "DELETE FROM records WHERE id = ?").bind(1, id).step();
+        if (sqlite3_changes(m_db->handle()) == 0)
+            throw notThere("record");
+        --m_count;
+        ++m_changes;
+        return 0;
+    });
+}
+
+// ---- Groups
+
+std::vector<StoredGroup> Store::groups()
+{
+    return reading([&] {
+        reconnectIfReplaced();
+        std::vector<StoredGroup> groups;
+        Query query(*m_db, "SELECT id, parent, (SELECT count(*) FROM memberships WHERE grp = groups.id), name "
+                           "FROM groups ORDER BY id");
+        while (query.step())
+            groups.push_back({query.integer(0), query.integer(1), query.integer(2), std::u16string(query.text(3))});
+        return groups;
+    });
+}
+
+std::vector<int> Store::members(int group)
+{
+    return reading([&] {
+        Query there(*m_db, "SELECT 1 FROM groups WHERE id = ?");
+        if (!there.bind(1, group).step())
+            throw notThere("group");
+        std::vector<int> records;
+        Query query(*m_db, "SELECT record FROM memberships WHERE grp = ? ORDER BY id");
+        query.bind(1, group);
+        while (query.step())
+            records.push_back(query.integer(0));
+        return records;
+    });
+}
+
+int Store::addGroup(std::u16string_view name, int parent)
+{
+    return writing([&] {
+        if (m_lastGroup == INT_MAX)
+            throw Failure(ORVA_E_FULL, "no group identifier is left");
+        const int id = m_lastGroup + 1;
+        Query query(*m_db, parent == 0
+                               ? "INSERT INTO groups (id, name) VALUES (?, ?)"
+                               : "INSERT INTO groups (id, name, parent) SELECT ?, ?, id FROM groups WHERE id = ?");
+        query.bind(1, id).bind(2, name);
+        if (parent != 0)
+            query.bind(3, parent);
+        query.step();
+        if (sqlite3_changes(m_db->handle()) == 0)
+            throw notThere("parent group");
+        m_lastGroup = id;
+        m_countersChanged = true;
+        return id;
+    });
+}
+
+void Store::renameGroup(int id, std::u16string_view name)
+{
+    writing([&] {
+        Query(*m_db, "UPDATE groups SET name = ? WHERE id = ?").bind(1, name).bind(2, id).step();
+        if (sqlite3_changes(m_db->handle()) == 0)
+            throw notThere("group");
+        return 0;
+    });
+}
+
+void Store::eraseGroup(int id)
+{
+    writing([&] {
+        // Sub-groups at any depth in the same statement; memberships go with them by the schema.
+        Query(*m_db, "WITH RECURSIVE below (id) AS (SELECT id FROM groups WHERE id = ? "
+                     "UNION SELECT groups.id FROM groups JOIN below ON groups.parent = below.id) "
+                     "DELETE FROM groups WHERE id IN below")
+            .bind(1, id)
+            .step();
+        if (sqlite3_changes(m_db->handle()) == 0)
+            throw notThere("group");
+        return 0;
+    });
+}
+
+void Store::join(int group, int record)
+{
+    writing([&] {
+        Query both(*m_db, "SELECT 1 FROM groups, records WHERE groups.id = ? AND records.id = ?");
+        if (!both.bind(1, group).bind(2, record).step())
+            throw notThere("record or group");
+        Query(*m_db, "INSERT OR IGNORE INTO memberships (grp, record) VALUES (?, ?)")
+            .bind(1, group)
+            .bind(2, record)
+            .step();
+        return 0;
+    });
+}
+
+void Store::leave(int group, int record)
+{
+    writing([&] {
+        Query(*m_db, "DELETE FROM memberships WHERE grp = ? AND record = ?").bind(1, group).bind(2, record).step();
+        if (sqlite3_changes(m_db->handle()) == 0)
+            throw notThere("membership");
+        return 0;
+    });
+}
+
+} // namespace orva

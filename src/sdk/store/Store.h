@@ -1,0 +1,149 @@
+#ifndef SDK_STORE_STORE_H
+#define SDK_STORE_STORE_H
+
+#include <atomic>
+#include <chrono>
+#include <condition_variable>
+#include <cstdint>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "memories/Memory.h"
+#include "store/Database.h"
+#include "store/Files.h"
+#include "store/Schema.h"
+
+namespace orva
+{
+
+struct StoredGroup {
+    int id = 0;
+    int parent = 0;
+    int size = 0;
+    std::u16string name;
+};
+
+/*
+ * The records, groups and memberships of one memory in one SQLite file. All SQL on them is here.
+ *
+ * One lock, one connection. A transaction belongs to the store and not to a thread: it begins with the first write
+ * after begin(), so that reading inside one keeps no other process waiting, and ends with end(), or by the store's own
+ * thread when nobody ends it in time. A write outside a transaction is one by itself. Whatever returned from end(), or
+ * from a write outside a transaction, is on disk.
+ *
+ * The file is opened on first use. A damaged one is put aside with its journal, and what can be read of it goes into
+ * the new one.
+ */
+class Store
+{
+public:
+    // `name` is the file's name without ".db".
+    Store(std::string folder, std::string name, Columns columns);
+
+    // Commits what is open.
+    ~Store();
+    Store(const Store&) = delete;
+    Store& operator=(const Store&) = delete;
+
+    int size();
+    Extent extent();
+    void read(int first, int last, std::size_t maxRows, int fields, RowBlock& rows);
+    void readSome(const int* ids, std::size_t count, int fields, RowBlock& rows);
+    Values readOne(int id, int fields);
+
+    // ORVA_E_FULL when `capacity` records are there.
+    int add(const Values& values, int capacity);
+    void update(int id, const Values& values);
+    void erase(int id);
+
+    std::vector<StoredGroup> groups();
+    std::vector<int> members(int group);
+    int addGroup(std::u16string_view name, int parent);
+    void renameGroup(int id, std::u16string_view name);
+    void eraseGroup(int id);
+    void join(int group, int record);
+    void leave(int group, int record);
+
+    void begin();
+    void end();
+
+    std::uint64_t changes() const { return m_changes.load(std::memory_order_acquire); }
+
+    // Looks for damage; each finding is a line. Empty: the store is sound.
+    std::vector<std::string> check();
+
+    // Copies the store, as of one moment, into a new file.
+    void backup(const std::string& path);
+
+    // Puts a backup's content in place of the store's, after a copy of the latter has been put aside.
+    void restore(const std::string& path);
+
+private:
+    enum class Transaction { None, Open, Broken };
+
+    using Lock = std::unique_lock<std::mutex>;
+    using Clock = std::chrono::steady_clock;
+
+    void connect();
+    void openFile();
+    void prepareOpened();
+    void replaceDamaged();
+    void noteDamage(const Failure& failure);
+    void reconnectIfReplaced();
+    void refresh();
+    void reloadCounters();
+    void makeStatements();
+
+    void startWriting(Lock& lock);
+    void commit();
+    void rollback();
+    void writeCounters();
+    void breakTransaction(const Failure& failure);
+    void keepTime();
+
+    // Run with the lock held, on an open connection.
+    template <typename Body>
+    auto reading(Body&& body) -> decltype(body());
+    template <typename Body>
+    auto writing(Body&& body) -> decltype(body());
+
+    const std::string m_folder;
+    const std::string m_path;
+    const Columns m_columns;
+
+    std::mutex m_mutex;
+    std::unique_ptr<FileLock> m_turn; // who of several processes writes next
+    std::unique_ptr<Database> m_db;
+    std::uint64_t m_inode = 0;
+    bool m_suspect = false; // an operation met damage
+
+    // Statements over the columns, one a number of fields.
+    std::vector<std::string> m_selectRange;
+    std::vector<std::string> m_selectOne;
+    std::string m_insert;
+    std::string m_update;
+
+    // What the file holds, as far as this connection knows.
+    int m_dataVersion = 0;
+    int m_count = -1; // -1: to be counted
+    int m_lastRecord = 0;
+    int m_lastGroup = 0;
+    bool m_countersChanged = false;
+
+    Transaction m_transaction = Transaction::None;
+    long m_lostCode = ORVA_OK; // what the next end() has to report
+    Clock::time_point m_deadline;
+    bool m_keeperIdle = false;
+    bool m_stopKeeper = false;
+    std::condition_variable m_wakeKeeper;
+    std::thread m_keeper;
+
+    std::atomic<std::uint64_t> m_changes{1};
+};
+
+} // namespace orva
+
+#endif // SDK_STORE_STORE_H

@@ -1,0 +1,253 @@
+// Store: opening, damage, check, backup and restore.
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+
+#include "api/Log.h"
+#include "store/Salvage.h"
+#include "store/Store.h"
+
+namespace orva
+{
+
+namespace
+{
+
+int currentVersion()
+{
+    return static_cast<int>(migrationSteps().size()) + 1;
+}
+
+std::uint64_t inodeOf(const std::string& path)
+{
+    struct stat state = {};
+    return ::lstat(path.c_str(), &state) == 0 ? state.st_ino : 0;
+}
+
+std::vector<std::string> problemsOf(Database& db)
+{
+    std::vector<std::string> problems;
+    Query integrity(db, "PRAGMA integrity_check");
+    while (integrity.step()) {
+        const std::string line = integrity.bytes(0);
+        if (line != "ok")
+            problems.push_back(line);
+    }
+    Query keys(db, "PRAGMA foreign_key_check");
+    while (keys.step())
+        problems.push_back("a row of " + keys.bytes(0) + " names a row of " + keys.bytes(2) + " that is not there");
+    return problems;
+}
+
+} // namespace
+
+void Store::connect()
+{
+    if (m_db)
+        return;
+    if (!m_turn)
+        m_turn = std::make_unique<FileLock>(m_path.substr(0, m_path.size() - 3) + ".lock");
+    try {
+        openFile();
+    } catch (const SqlFailure& failure) {
+        m_db.reset();
+        if (!failure.isDamage())
+            throw;
+        replaceDamaged();
+    } catch (...) {
+        m_db.reset();
+        throw;
+    }
+}
+
+void Store::openFile()
+{
+    preparePrivateFolder(m_folder);
+    preparePrivateFile(m_path);
+    m_db = std::make_unique<Database>(m_path, Database::Mode::ReadWrite);
+    switch (inspectSchema(*m_db, currentVersion())) {
+    case SchemaState::Empty:
+        createSchema(*m_db, m_columns, currentVersion());
+        syncFolder(m_folder);
+        break;
+    case SchemaState::Ours:
+        break;
+    case SchemaState::OlderVersion: {
+        const std::string copy = asideName(m_path, "before-migration");
+        configureConnection(*m_db);
+        migrate(*m_db, migrationSteps(), copy);
+        logFormat("%s: migrated to version %d; the old store is %s", m_path.c_str(), currentVersion(), copy.c_str());
+        break;
+    }
+    case SchemaState::NewerVersion:
+        throw Failure(ORVA_E_VERSION, m_path + " was written by a newer release");
+    case SchemaState::Foreign:
+        throw Failure(ORVA_E_STORE, m_path + " is not a phonebook");
+    }
+    configureConnection(*m_db);
+    prepareOpened();
+}
+
+void Store::prepareOpened()
+{
+    try {
+        // Tables that are not as they should be show here, and so does a file that ends too early.
+        m_db->prepared(m_insert.c_str());
+        m_db->prepared("SELECT id, grp, record FROM memberships WHERE id = (SELECT max(id) FROM memberships)");
+        m_db->prepared("SELECT parent, name FROM groups WHERE id = 1");
+        reloadCounters();
+    } catch (const SqlFailure& failure) {
+        if ((failure.sqlCode() & 0xff) == SQLITE_ERROR)
+            throw SqlFailure(SQLITE_CORRUPT, failure.what());
+        throw;
+    }
+    if (m_suspect) {
+        m_suspect = false;
+        const std::vector<std::string> problems = problemsOf(*m_db);
+        if (!problems.empty())
+            throw SqlFailure(SQLITE_CORRUPT, "the integrity check failed: " + problems.front());
+    }
+    m_inode = inodeOf(m_path);
+    m_dataVersion = m_db->queryInt("PRAGMA data_version");
+    m_count = -1;
+    ++m_changes;
+}
+
+void Store::replaceDamaged()
+{
+    m_turn->lock();
+    try {
+        try {
+            // Another process may have done all of this just now.
+            openFile();
+        } catch (const SqlFailure& failure) {
+            m_db.reset();
+            if (!failure.isDamage())
+                throw;
+            const std::string aside = asideName(m_path, "damaged");
+            logFormat("%s is damaged (%s); it is kept as %s", m_path.c_str(), failure.what(), aside.c_str());
+            ::rename((m_path + "-wal").c_str(), (aside + "-wal").c_str());
+            ::unlink((m_path + "-shm").c_str());
+            if (::rename(m_path.c_str(), aside.c_str()) != 0)
+                throw Failure(ORVA_E_STORE, m_path + " is damaged and cannot be put aside");
+            openFile();
+            try {
+                const Salvaged found = salvage(aside, *m_db, m_columns);
+                logFormat("%s: %d records, %d groups and %d memberships were saved from the damaged store",
+                          m_path.c_str(), found.records, found.groups, found.memberships);
+            } catch (const Failure& lost) {
+                logFormat("%s: nothing could be saved from the damaged store: %s", m_path.c_str(), lost.what());
+            }
+            m_count = -1;
+            reloadCounters();
+        }
+    } catch (...) {
+        m_db.reset();
+        m_turn->unlock();
+        throw;
+    }
+    m_turn->unlock();
+}
+
+void Store::noteDamage(const Failure& failure)
+{
+    const auto* const sql = dynamic_cast<const SqlFailure*>(&failure);
+    if (sql == nullptr || !sql->isDamage() || !m_db)
+        return;
+    // The next call opens the file anew and looks at all of it.
+    logFormat("%s: met damage: %s", m_path.c_str(), failure.what());
+    if (m_transaction == Transaction::Open)
+        breakTransaction(failure);
+    m_suspect = true;
+    m_db.reset();
+}
+
+void Store::reconnectIfReplaced()
+{
+    if (m_db->inTransaction() || inodeOf(m_path) == m_inode)
+        return;
+    logFormat("%s: the file was replaced; opening it anew", m_path.c_str());
+    m_db.reset();
+    connect();
+}
+
+void Store::refresh()
+{
+    if (!m_db->inTransaction())
+        reconnectIfReplaced();
+    const int version = m_db->queryInt("PRAGMA data_version");
+    if (version != m_dataVersion) {
+        // Another process has written.
+        m_dataVersion = version;
+        m_count = -1;
+        ++m_changes;
+        reloadCounters();
+    }
+    if (m_count < 0)
+        m_count = m_db->queryInt("SELECT count(*) FROM records");
+}
+
+void Store::reloadCounters()
+{
+    // Never down: what was given out once, even in a transaction that was lost, is not given out again.
+    m_lastRecord = std::max({m_lastRecord, m_db->queryInt("SELECT value FROM counters WHERE name = 'record'"),
+                             m_db->queryInt("SELECT max(id) FROM records")});
+    m_lastGroup = std::max({m_lastGroup, m_db->queryInt("SELECT value FROM counters WHERE name = 'group'"),
+                            m_db->queryInt("SELECT max(id) FROM groups")});
+}
+
+std::vector<std::string> Store::check()
+{
+    return reading([&] { return problemsOf(*m_db); });
+}
+
+void Store::backup(const std::string& path)
+{
+    reading([&] {
+        if (m_db->inTransaction())
+            commit();
+        backupDatabase(*m_db, path);
+    });
+}
+
+void Store::restore(const std::string& path)
+{
+    Lock lock(m_mutex);
+    connect();
+    if (m_db->inTransaction())
+        commit();
+    try {
+        Database source(path, Database::Mode::ReadOnly);
+        const SchemaState state = inspectSchema(source, currentVersion());
+        if (state == SchemaState::NewerVersion)
+            throw Failure(ORVA_E_VERSION, "the backup was written by a newer release");
+        if (state != SchemaState::Ours && state != SchemaState::OlderVersion)
+            throw Failure(ORVA_E_FORMAT, "the file is not a backup of a phonebook");
+        if (!problemsOf(source).empty())
+            throw Failure(ORVA_E_FORMAT, "the backup is damaged");
+        source.prepared(m_selectOne.back().c_str());
+
+        const std::string aside = asideName(m_path, "before-restore");
+        backupDatabase(*m_db, aside);
+        copyDatabase(source, *m_db);
+        if (state == SchemaState::OlderVersion)
+            migrate(*m_db, migrationSteps(), asideName(m_path, "before-migration"));
+        logFormat("%s: restored from a backup; what was there before is %s", m_path.c_str(), aside.c_str());
+    } catch (const SqlFailure& failure) {
+        if (failure.isDamage() || (failure.sqlCode() & 0xff) == SQLITE_ERROR)
+            throw Failure(ORVA_E_FORMAT, std::string("the backup cannot be used: ") + failure.what());
+        throw;
+    }
+    // Identifiers given out since the backup stay given out.
+    configureConnection(*m_db);
+    m_count = -1;
+    ++m_changes;
+    reloadCounters();
+    startWriting(lock);
+    m_countersChanged = true;
+    commit();
+}
+
+} // namespace orva
