@@ -144,6 +144,42 @@ private:
     std::atomic<std::uint64_t> m_changes{1};
 };
 
+template <typename Body>
+auto Store::reading(Body&& body) -> decltype(body())
+{
+    const Lock lock(m_mutex);
+    connect();
+    try {
+        return body();
+    } catch (const SqlFailure& failure) {
+        noteDamage(failure);
+        throw;
+    }
+}
+
+template <typename Body>
+auto Store::writing(Body&& body) -> decltype(body())
+{
+    Lock lock(m_mutex);
+    connect();
+    try {
+        startWriting(lock);
+        // Every write is one statement, so that a failing one leaves nothing half done behind.
+        const auto result = body();
+        if (m_transaction != Transaction::Open)
+            commit();
+        return result;
+    } catch (const Failure& failure) {
+        if (m_db && m_db->inTransaction() && m_transaction != Transaction::Open)
+            rollback();
+        else if (m_db && !m_db->inTransaction() && m_transaction == Transaction::Open &&
+                 dynamic_cast<const SqlFailure*>(&failure) != nullptr)
+            breakTransaction(failure);
+        noteDamage(failure);
+        throw;
+    }
+}
+
 } // namespace orva
 
 #endif // SDK_STORE_STORE_H
