@@ -143,6 +143,7 @@ void AddrBookFieldMapDlg::setTableProperties(QTableWidget* ptable)
     ptable->setEditTriggers(QAbstractItemView::NoEditTriggers);
     ptable->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     ptable->horizontalHeader()->setTextElideMode(Qt::ElideRight);
+    ptable->horizontalHeader()->setHighlightSections(false);
     ptable->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     // The columns are as wide as the table; a frame would leave them a scroll bar.
     ptable->setFrameShape(QFrame::NoFrame);

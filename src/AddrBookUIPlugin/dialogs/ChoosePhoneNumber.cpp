@@ -91,6 +91,7 @@ void ChoosePhoneNumber::setUpTable()
 {
     m_ptableNumbers->horizontalHeader()->setTextElideMode(Qt::ElideRight);
     m_ptableNumbers->horizontalHeader()->setMinimumHeight(20);
+    m_ptableNumbers->horizontalHeader()->setHighlightSections(false);
     m_ptableNumbers->setColumnWidth(COLUMN_TYPE, 140);
     m_ptableNumbers->setColumnWidth(COLUMN_VALUE, 140);
     m_ptableNumbers->clearContents();

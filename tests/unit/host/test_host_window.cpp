@@ -8,6 +8,7 @@
 #include <QTemporaryDir>
 #include <QToolButton>
 #include <QTreeWidget>
+#include <QTextEdit>
 #include <QtTest>
 
 #include "StandInFolder.h"
