@@ -110,6 +110,9 @@ void Store::readSome(const int* ids, std::size_t count, int fields, RowBlock& ro
 {
     reading([&] {
         rows.clear(fields);
+        // While this one is open, those below share its read transaction and take no locks of their own.
+        Query holder(*m_db, "SELECT id FROM records LIMIT 1");
+        holder.step();
         for (std::size_t i = 0; i < count; ++i) {
             Query query(*m_db, m_selectOne[static_cast<std::size_t>(fields)].c_str());
             if (!query.bind(1, ids[i]).step())
