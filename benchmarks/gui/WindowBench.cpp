@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QContextMenuEvent>
+#include <QHeaderView>
 #include <QMenu>
 #include <QTemporaryDir>
 #include <QTimer>
@@ -122,6 +123,8 @@ Time openMenu(AddrBookDlg& dialog)
         std::fprintf(stderr, "no menu: build the target AddrBookUIPluginFiles\n");
         std::exit(1);
     }
+    // As high as ten rows: a popup takes the focus, for which Qt paints all rows on the screen anew.
+    pTable->setMaximumHeight(10 * 16 + pTable->horizontalHeader()->height());
     pTable->selectRow(3);
     pTable->setFocus();
     QCoreApplication::processEvents();
@@ -129,6 +132,7 @@ Time openMenu(AddrBookDlg& dialog)
     QContextMenuEvent event(QContextMenuEvent::Mouse, ptRow, dialog.mapToGlobal(ptRow));
     const MenuWatch watch(pMenu);
     QCoreApplication::sendEvent(&dialog, &event);
+    pTable->setMaximumHeight(QWIDGETSIZE_MAX);
     if (watch.time().dWall <= 0) {
         std::fprintf(stderr, "the menu did not open\n");
         std::exit(1);
