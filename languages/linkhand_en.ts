@@ -224,10 +224,6 @@
         <translation>The data folder cannot be written. Changes to contacts and messages cannot be kept.</translation>
     </message>
     <message>
-        <source>IDS_HOST_PROBLEM_LANGUAGE</source>
-        <translation>No English language file was found; texts show as ids.</translation>
-    </message>
-    <message>
         <source>IDS_HOST_PROBLEM_OUTBOX</source>
         <translation>The outbox was damaged. It is kept as this file, and a new one was begun.</translation>
     </message>

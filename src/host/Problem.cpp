@@ -7,6 +7,7 @@ bool Problem::IsGrave() const
     return strReasonId == QLatin1String("IDS_HOST_PROBLEM_FOLDER_CREATE") ||
            strReasonId == QLatin1String("IDS_HOST_PROBLEM_FOLDER_WRITE") ||
            strReasonId == QLatin1String("IDS_HOST_PROBLEM_STORE") ||
+           strReasonId == QLatin1String("IDS_HOST_PROBLEM_STORE_NEWER") ||
            strReasonId == QLatin1String("IDS_HOST_PROBLEM_DAMAGED") ||
            strReasonId == QLatin1String("IDS_HOST_PROBLEM_OUTBOX");
 }

@@ -59,11 +59,31 @@ void DataFolder::Prepare(const QString& strLogFolder, ProblemList& problems)
     }
 }
 
-void DataFolder::CheckStore(ProblemList& problems)
+QStringList DataFolder::DamagedStores()
+{
+    QStringList lstStores;
+    foreach (const QString& strFile,
+             QDir(Path()).entryList(QStringList(QLatin1String("*.damaged-*")), QDir::Files, QDir::Name)) {
+        // SQLite's side files belong to their store.
+        if (!strFile.endsWith(QLatin1String("-wal")) && !strFile.endsWith(QLatin1String("-shm"))) {
+            lstStores.append(strFile);
+        }
+    }
+    return lstStores;
+}
+
+void DataFolder::CheckStore(const QStringList& lstKnown, ProblemList& problems)
 {
     int iSize = 0;
     const long lResult = ORVA_PBSrv_GetSize(ORVA_MEMORY_LOCAL, &iSize);
-    if (lResult != ORVA_OK) {
+    if (lResult == ORVA_E_VERSION) {
+        problems.append(Problem(Path(), "IDS_HOST_PROBLEM_STORE_NEWER"));
+    } else if (lResult != ORVA_OK) {
         problems.append(Problem(Path(), "IDS_HOST_PROBLEM_STORE", QString::number(lResult)));
+    }
+    foreach (const QString& strFile, DamagedStores()) {
+        if (!lstKnown.contains(strFile)) {
+            problems.append(Problem(Path() + QLatin1Char('/') + strFile, "IDS_HOST_PROBLEM_DAMAGED"));
+        }
     }
 }

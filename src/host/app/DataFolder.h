@@ -2,6 +2,7 @@
 #define LINKHAND_HOST_DATAFOLDER_H
 
 #include <QString>
+#include <QStringList>
 
 #include "Problem.h"
 
@@ -19,8 +20,11 @@ QString SettingsFile();
 // in "/") names. Appends to problems what did not work.
 void Prepare(const QString& strLogFolder, ProblemList& problems);
 
-// Appends to problems what the phonebook's store reports about itself.
-void CheckStore(ProblemList& problems);
+// The stores that were found damaged and put aside in the data folder, by file name.
+QStringList DamagedStores();
+
+// Appends to problems what the phonebook's store reports about itself, and the damaged stores beyond lstKnown.
+void CheckStore(const QStringList& lstKnown, ProblemList& problems);
 
 } // namespace DataFolder
 

@@ -183,9 +183,10 @@ void HostApplication::OnReportProblems()
 
 void HostApplication::loadPlugins()
 {
+    const QStringList lstDamaged = DataFolder::DamagedStores();
     PluginLoader(m_services.PluginsPath()).LoadAll(*m_pContainer, m_problems);
     m_pLifecycle->InitAll(m_problems);
-    DataFolder::CheckStore(m_problems);
+    DataFolder::CheckStore(lstDamaged, m_problems);
 }
 
 // Files that the phonebook lives without, but that ought to be there.
@@ -201,7 +202,7 @@ void HostApplication::checkInstallation()
         }
     }
     if (!m_languages.Contains(QLatin1String("en"))) {
-        // The one text that cannot come from a language file.
+        // A text of its own where no file has one: the id is shown as it is.
         m_problems.append(
             Problem(m_services.LanguagesPath(), "No English language file was found; texts show as ids."));
     }

@@ -1,5 +1,6 @@
 #include <QLabel>
 #include <QMessageBox>
+#include <QPicture>
 #include <QPointer>
 #include <QPushButton>
 #include <QTimer>
