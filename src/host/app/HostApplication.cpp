@@ -189,11 +189,14 @@ void HostApplication::loadPlugins()
     DataFolder::CheckStore(lstDamaged, m_problems);
 }
 
-// Files that the phonebook lives without, but that ought to be there.
+// What ought to be there, and without which the program runs all the same.
 void HostApplication::checkInstallation()
 {
-    const QString strFolder = m_services.PluginsPath() + QLatin1String("/" LINKHAND_ADDRBOOK_NAME);
-    if (m_pContainer->FindByName(QLatin1String(LINKHAND_ADDRBOOK_NAME)) != nullptr) {
+    const QString strPhonebook = QLatin1String(LINKHAND_ADDRBOOK_NAME);
+    const QString strFolder = m_services.PluginsPath() + QLatin1Char('/') + strPhonebook;
+    if (!m_services.IsPluginAvailable(strPhonebook)) {
+        m_problems.append(Problem(strPhonebook, "IDS_HOST_PLUGIN_ABSENT"));
+    } else if (m_pContainer->FindByName(strPhonebook) != nullptr) {
         foreach (const char* pszFile, (QList<const char*>() << "/Config.xml"
                                                             << "/addr_tre_images")) {
             if (!QFile::exists(strFolder + QLatin1String(pszFile))) {
@@ -202,7 +205,7 @@ void HostApplication::checkInstallation()
         }
     }
     if (!m_languages.Contains(QLatin1String("en"))) {
-        // A text of its own where no file has one: the id is shown as it is.
+        // Not an id: no file has a text for one.
         m_problems.append(
             Problem(m_services.LanguagesPath(), "No English language file was found; texts show as ids."));
     }
