@@ -101,17 +101,6 @@ inline int textWidth(const QFontMetrics& metrics, const QString& strText)
 #endif
 }
 
-// A button in a QLineEdit that empties it; Qt 4 has none.
-template <typename LineEdit>
-inline void showClearButton(LineEdit* pEdit)
-{
-#if QT_VERSION >= 0x050200
-    pEdit->setClearButtonEnabled(true);
-#else
-    Q_UNUSED(pEdit);
-#endif
-}
-
 // Joins a drag's targetChanged to a receiver. Its argument is a QWidget in Qt 4 and a QObject from Qt 5 on, so that
 // there are two slots, of which one is used.
 inline bool connectTargetChanged(const QDrag* pDrag, const QObject* pReceiver, const char* pszWidgetSlot,
@@ -123,6 +112,17 @@ inline bool connectTargetChanged(const QDrag* pDrag, const QObject* pReceiver, c
 #else
     Q_UNUSED(pszObjectSlot)
     return QObject::connect(pDrag, SIGNAL(targetChanged(QWidget*)), pReceiver, pszWidgetSlot);
+#endif
+}
+
+// A button in a QLineEdit that empties it; Qt 4 has none.
+template <typename LineEdit>
+inline void showClearButton(LineEdit* pEdit)
+{
+#if QT_VERSION >= 0x050200
+    pEdit->setClearButtonEnabled(true);
+#else
+    Q_UNUSED(pEdit);
 #endif
 }
 

@@ -190,10 +190,9 @@ void AddrBookFieldMapDlg::layOutParts()
 
     m_pButtonLayout->setContentsMargins(0, 11, 0, 0);
     m_pButtonLayout->setSpacing(15);
-    m_pButtonLayout->setAlignment(Qt::AlignRight);
     m_pButtonLayout->addWidget(m_pOkButton);
     m_pButtonLayout->addWidget(m_pCancelButton);
-    m_pGridLayout->addLayout(m_pButtonLayout, 6, 1);
+    m_pGridLayout->addLayout(m_pButtonLayout, 6, 1, Qt::AlignRight);
 }
 
 QTableWidget* AddrBookFieldMapDlg::table(int iTable) const

@@ -1,0 +1,637 @@
+#include <QApplication>
+#include <QDrag>
+#include <QDragEnterEvent>
+#include <QDragMoveEvent>
+#include <QDropEvent>
+#include <QHeaderView>
+#include <QMimeData>
+#include <QSignalSpy>
+#include <QTimer>
+#include <QtTest>
+
+#include <functional>
+#include <memory>
+
+#include "dialogs/AddrBookFieldMapDlg.h"
+#include "fakecore/FakeCore.h"
+#include "fakesdk/FakeSdk.h"
+#include "logic/AddrBookLogic.h"
+#include "logic/AddrBookUICommon.h"
+
+// The dialog in which the user says which column of a file feeds which field.
+class FieldMapDlgTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void theDialogHasItsShape();
+    void theTablesHaveTheirShape();
+    void theMemoryIsNamedAboveTheRightTable_data();
+    void theMemoryIsNamedAboveTheRightTable();
+    void rowsAreAsHighAsTold();
+    void moreColumnsThanRowsGrowTheLeftTable();
+    void rowsBeyondTheTitlesAreDisabled();
+    void anEmptyTitleIsADisabledRow();
+    void aMemoryWithFewerFieldsThanRowsHasDisabledRows();
+    void aMemoryWithMoreFieldsThanRowsGrowsTheRightTable();
+    void titlesAreMappedByLabelOrName_data();
+    void titlesAreMappedByLabelOrName();
+    void theLastMatchingTitleWins();
+    void oneTitleMayServeTwoFields();
+    void anSdkThatFailsLeavesTheFieldsEmpty();
+    void aPressPreparesTheOtherTableForADrop();
+    void aSecondPressOnTheSameRowPreparesItAgain();
+    void theFirstMoveDragsTheTitle();
+    void aMoveWithoutTheLeftButtonDragsNothing();
+    void aDropIsPlacedWhereTheMouseMovesNext();
+    void aDropReplacesAMapping();
+    void theSameTitleMayBeDroppedOnSeveralFields();
+    void aDisabledRowDoesNotTakeADrop();
+    void withoutADropTheNextMoveEndsTheTracking();
+    void onlyTextIsTakenAtTheEnter();
+    void aDropNeedsAPressBefore();
+    void deleteClearsAMapping();
+    void deleteWithNothingCurrentDoesNothing();
+    void otherKeysMoveThroughTheTable();
+    void okGivesOneTextPerRow();
+    void cancelGivesNothing_data();
+    void cancelGivesNothing();
+    void withoutADialogExecTellsSo();
+    void callsBeforeInitDialogDoNothing();
+    void aDialogThatWentWithItsParentIsNotTouched();
+    void anUnknownTableNumberDoesNothing();
+
+private:
+    void fill(const QStringList& titles, _ORVA_EN_PHONEBOOK_MEMORY memory = PB_MEM_LOCAL)
+    {
+        map->InitDialog(parent.get(), memory, "contacts.csv");
+        map->SetRowCount(1, 11);
+        map->SetRowCount(2, 11);
+        map->SetRowHeight(1, 15);
+        map->SetRowHeight(2, 15);
+        map->SetFirstTableInfo(titles);
+        map->SetSecondTableInfo(titles, memory);
+    }
+    void open()
+    {
+        dialog()->show();
+        QVERIFY(QTest::qWaitForWindowExposed(dialog()));
+    }
+    // Runs the dialog modally; the function is the user.
+    int run(const std::function<void()>& user)
+    {
+        QTimer::singleShot(0, this, user);
+        return map->Exec();
+    }
+
+    ExtendDialog* dialog() const { return FakeCore::dialogs().value(0); }
+    FieldMapTable1Widget* left() const { return dialog()->findChild<FieldMapTable1Widget*>(); }
+    FieldMapTable2Widget* right() const { return dialog()->findChild<FieldMapTable2Widget*>(); }
+    QPushButton* ok() const { return dialog()->findChild<QPushButton*>("AddrUIplugin_FieldMapokbtn"); }
+    QPushButton* cancel() const { return dialog()->findChild<QPushButton*>("AddrUIplugin_FieldMapCancelbtn"); }
+    QStringList mapped() const
+    {
+        QStringList texts;
+        for (int row = 0; row < right()->rowCount(); ++row)
+            texts << right()->item(row, 1)->text();
+        return texts;
+    }
+
+    static QPoint cell(const QTableWidget* table, int row, int column)
+    {
+        return table->visualRect(table->model()->index(row, column)).center();
+    }
+    static void mouse(QTableWidget* table, QEvent::Type type, QPoint point, Qt::MouseButton button,
+                      Qt::MouseButtons held)
+    {
+        QMouseEvent event(type, point, table->viewport()->mapToGlobal(point), button, held, Qt::NoModifier);
+        QApplication::sendEvent(table->viewport(), &event);
+    }
+    void pressTitle(int row)
+    {
+        mouse(left(), QEvent::MouseButtonPress, cell(left(), row, 0), Qt::LeftButton, Qt::LeftButton);
+        mouse(left(), QEvent::MouseButtonRelease, cell(left(), row, 0), Qt::LeftButton, Qt::NoButton);
+    }
+    // What a real drag of a text brings to the right table. True if it was let in.
+    bool dropText(const QString& text, int row)
+    {
+        QMimeData data;
+        data.setText(text);
+        const QPoint point = cell(right(), row, 1);
+        const Qt::DropActions actions = Qt::CopyAction | Qt::MoveAction;
+        QDragEnterEvent enter(point, actions, &data, Qt::LeftButton, Qt::NoModifier);
+        enter.ignore();
+        QApplication::sendEvent(right()->viewport(), &enter);
+        if (!enter.isAccepted())
+            return false;
+        QDragMoveEvent move(point, actions, &data, Qt::LeftButton, Qt::NoModifier);
+        move.ignore();
+        QApplication::sendEvent(right()->viewport(), &move);
+        if (!move.isAccepted())
+            return false;
+        QDropEvent drop(point, actions, &data, Qt::NoButton, Qt::NoModifier);
+        drop.ignore();
+        QApplication::sendEvent(right()->viewport(), &drop);
+        return drop.isAccepted();
+    }
+    void moveOver(int row, int column = 1)
+    {
+        mouse(right(), QEvent::MouseMove, cell(right(), row, column), Qt::NoButton, Qt::NoButton);
+    }
+
+    std::unique_ptr<QWidget> parent;
+    std::unique_ptr<AddrBookFieldMapDlg> map;
+};
+
+void FieldMapDlgTest::init()
+{
+    FakeCore::reset();
+    FakeSdk::reset();
+    FakeCore::setText("ID_STR_NAME", "Name");
+    FakeCore::setText("ID_STR_MOBILE_PHONE", "Mobile phone");
+    FakeCore::setText("ID_STR_BUSINESS_PHONE", "Business phone");
+    FakeCore::setText("ID_STR_HOME_PHONE", "Home phone");
+    FakeCore::setText("ID_STR_EMAIL", "E-mail");
+    FakeCore::setText("ID_STR_NOTES", "Notes");
+    parent = std::make_unique<QWidget>();
+    map = std::make_unique<AddrBookFieldMapDlg>();
+}
+
+void FieldMapDlgTest::cleanup()
+{
+    map.reset();
+    QCOMPARE(FakeCore::dialogs().size(), 0);
+    parent.reset();
+    AddrBookLogic::Destroy();
+    QCOMPARE(FakeSdk::leaks(), QString());
+}
+
+void FieldMapDlgTest::theDialogHasItsShape()
+{
+    fill({"Name"});
+    QCOMPARE(dialog()->parentWidget(), parent.get());
+    QVERIFY(dialog()->windowFlags() & Qt::WindowCloseButtonHint);
+    QCOMPARE(dialog()->windowModality(), Qt::WindowModal);
+    QCOMPARE(dialog()->minimumSize(), QSize(390, 367));
+    QCOMPARE(dialog()->maximumSize(), QSize(390, 367));
+    QCOMPARE(dialog()->windowTitle(), QString("IDS_MAP_CAPTION"));
+    QCOMPARE(FakeCore::log().count("MoveCentre"), 1);
+    auto* grid = qobject_cast<QGridLayout*>(FakeCore::content(dialog())->layout());
+    QVERIFY(grid);
+    QCOMPARE(grid->contentsMargins(), QMargins(5, 35, 5, 11));
+    QCOMPARE(grid->horizontalSpacing(), 6);
+    QCOMPARE(grid->verticalSpacing(), 0);
+    auto* tips = qobject_cast<QLabel*>(grid->itemAtPosition(0, 0)->widget());
+    QCOMPARE(tips->text(), QString("IDS_MAP_TIPSINFO"));
+    QVERIFY(tips->wordWrap());
+    QCOMPARE(grid->itemAtPosition(0, 1)->widget(), static_cast<QWidget*>(tips));
+    QCOMPARE(qobject_cast<QLabel*>(grid->itemAtPosition(2, 1)->widget())->text(), QString());
+    QCOMPARE(qobject_cast<QLabel*>(grid->itemAtPosition(4, 0)->widget())->text(), QString("contacts.csv"));
+    QCOMPARE(grid->itemAtPosition(5, 0)->widget(), static_cast<QWidget*>(left()));
+    QCOMPARE(grid->itemAtPosition(5, 1)->widget(), static_cast<QWidget*>(right()));
+    QLayout* buttons = grid->itemAtPosition(6, 1)->layout();
+    QVERIFY(buttons);
+    QCOMPARE(buttons->contentsMargins(), QMargins(0, 11, 0, 0));
+    QCOMPARE(buttons->spacing(), 15);
+    QCOMPARE(buttons->alignment(), Qt::AlignRight);
+    QCOMPARE(ok()->text(), QString("IDS_BUTTON_OK"));
+    QCOMPARE(cancel()->text(), QString("IDS_BUTTON_CANCEL"));
+    QCOMPARE(ok()->maximumSize(), QSize(72, 22));
+    QCOMPARE(cancel()->maximumSize(), QSize(72, 22));
+}
+
+void FieldMapDlgTest::theTablesHaveTheirShape()
+{
+    fill({"Name"});
+    for (QTableWidget* table : {static_cast<QTableWidget*>(left()), static_cast<QTableWidget*>(right())}) {
+        QCOMPARE(table->selectionBehavior(), QAbstractItemView::SelectRows);
+        QCOMPARE(table->selectionMode(), QAbstractItemView::SingleSelection);
+        QVERIFY(table->verticalHeader()->isHidden());
+        QCOMPARE(table->editTriggers(), QAbstractItemView::EditTriggers(QAbstractItemView::NoEditTriggers));
+        QCOMPARE(table->horizontalHeader()->defaultAlignment(), Qt::AlignLeft | Qt::AlignVCenter);
+        QCOMPARE(table->horizontalHeader()->textElideMode(), Qt::ElideRight);
+        QCOMPARE(table->horizontalScrollMode(), QAbstractItemView::ScrollPerPixel);
+        for (int column = 0; column < table->columnCount(); ++column)
+            QCOMPARE(table->horizontalHeaderItem(column)->textAlignment(), int(Qt::AlignLeft | Qt::AlignBottom));
+    }
+    QCOMPARE(left()->columnCount(), 1);
+    QCOMPARE(left()->maximumSize(), QSize(140, 205));
+    QCOMPARE(left()->columnWidth(0), 140);
+    QCOMPARE(left()->horizontalHeaderItem(0)->text(), QString("IDS_ADDR_FROM_VALUE"));
+    QCOMPARE(right()->columnCount(), 2);
+    QCOMPARE(right()->maximumSize(), QSize(180, 205));
+    QCOMPARE(right()->columnWidth(0), 90);
+    QCOMPARE(right()->columnWidth(1), 90);
+    QCOMPARE(right()->horizontalHeaderItem(0)->text(), QString("IDS_ADDR_TO_FIELD"));
+    QCOMPARE(right()->horizontalHeaderItem(1)->text(), QString("IDS_ADDR_TO_FROM"));
+    QCOMPARE(left()->item(0, 0)->textAlignment(), int(Qt::AlignLeft | Qt::AlignBottom));
+}
+
+void FieldMapDlgTest::theMemoryIsNamedAboveTheRightTable_data()
+{
+    QTest::addColumn<int>("memory");
+    QTest::addColumn<QString>("name");
+    QTest::newRow("PC") << int(PB_MEM_LOCAL) << "IDS_LOCAL_PHONEBOOKUI";
+    QTest::newRow("card") << int(PB_MEM_SIM) << AddrBookUICommon::GetSIMText();
+    QTest::newRow("device") << int(PB_MEM_ME) << AddrBookUICommon::GetNodeText(PB_MEM_ME);
+}
+
+void FieldMapDlgTest::theMemoryIsNamedAboveTheRightTable()
+{
+    QFETCH(int, memory);
+    QFETCH(QString, name);
+    fill({"Name"}, static_cast<_ORVA_EN_PHONEBOOK_MEMORY>(memory));
+    auto* grid = qobject_cast<QGridLayout*>(FakeCore::content(dialog())->layout());
+    QVERIFY(!name.isEmpty());
+    QCOMPARE(qobject_cast<QLabel*>(grid->itemAtPosition(4, 1)->widget())->text(), name);
+}
+
+void FieldMapDlgTest::rowsAreAsHighAsTold()
+{
+    fill({"Name"});
+    for (int row = 0; row < 11; ++row) {
+        QCOMPARE(left()->rowHeight(row), 15);
+        QCOMPARE(right()->rowHeight(row), 15);
+    }
+}
+
+void FieldMapDlgTest::moreColumnsThanRowsGrowTheLeftTable()
+{
+    QStringList titles;
+    for (int i = 1; i <= 14; ++i)
+        titles << QString("Column %1").arg(i);
+    fill(titles);
+    QCOMPARE(left()->rowCount(), 14);
+    QCOMPARE(left()->item(13, 0)->text(), QString("Column 14"));
+    QCOMPARE(left()->rowHeight(10), 15);
+    for (int row = 11; row < 14; ++row)
+        QCOMPARE(left()->rowHeight(row), left()->verticalHeader()->defaultSectionSize());
+    QVERIFY(left()->rowHeight(13) > 15);
+}
+
+void FieldMapDlgTest::rowsBeyondTheTitlesAreDisabled()
+{
+    fill({"Name", "Mobile"});
+    QCOMPARE(left()->rowCount(), 11);
+    QVERIFY(left()->item(1, 0)->flags() & Qt::ItemIsEnabled);
+    for (int row = 2; row < 11; ++row) {
+        QCOMPARE(left()->item(row, 0)->text(), QString());
+        QVERIFY(!(left()->item(row, 0)->flags() & (Qt::ItemIsEnabled | Qt::ItemIsEditable)));
+    }
+}
+
+void FieldMapDlgTest::anEmptyTitleIsADisabledRow()
+{
+    fill({"Name", "", "Mobile", ""});
+    QVERIFY(!(left()->item(1, 0)->flags() & (Qt::ItemIsEnabled | Qt::ItemIsEditable)));
+    QVERIFY(!(left()->item(3, 0)->flags() & (Qt::ItemIsEnabled | Qt::ItemIsEditable)));
+    QCOMPARE(left()->item(2, 0)->text(), QString("Mobile"));
+    QVERIFY(left()->item(2, 0)->flags() & Qt::ItemIsEnabled);
+}
+
+void FieldMapDlgTest::aMemoryWithFewerFieldsThanRowsHasDisabledRows()
+{
+    fill({"Name", "Tel"}, PB_MEM_SIM);
+    QCOMPARE(right()->rowCount(), 11);
+    QCOMPARE(right()->item(0, 0)->text(), QString("Name"));
+    QCOMPARE(right()->item(1, 0)->text(), QString("Mobile phone"));
+    QVERIFY(right()->item(1, 1)->flags() & Qt::ItemIsEditable);
+    for (int row = 2; row < 11; ++row) {
+        for (int column = 0; column < 2; ++column) {
+            QCOMPARE(right()->item(row, column)->text(), QString());
+            QVERIFY(!(right()->item(row, column)->flags() & (Qt::ItemIsEnabled | Qt::ItemIsEditable)));
+        }
+    }
+}
+
+void FieldMapDlgTest::aMemoryWithMoreFieldsThanRowsGrowsTheRightTable()
+{
+    map->InitDialog(parent.get(), PB_MEM_LOCAL, "contacts.csv");
+    map->SetRowCount(2, 2);
+    map->SetRowHeight(2, 15);
+    map->SetSecondTableInfo({"Notes"}, PB_MEM_LOCAL);
+    QCOMPARE(right()->rowCount(), 6);
+    QCOMPARE(mapped(), (QStringList{" ", " ", " ", " ", " ", "Notes"}));
+    QCOMPARE(right()->rowHeight(1), 15);
+    QVERIFY(right()->rowHeight(5) > 15);
+}
+
+void FieldMapDlgTest::titlesAreMappedByLabelOrName_data()
+{
+    QTest::addColumn<QString>("title");
+    QTest::addColumn<int>("row"); // -1: none
+    QTest::newRow("label") << "Mobile phone" << 1;
+    QTest::newRow("label in another case") << "mObIlE PHONE" << 1;
+    QTest::newRow("name") << "Mobile" << 1;
+    QTest::newRow("name in another case") << "OFFICEPHONE" << 2;
+    QTest::newRow("name of the last field") << "remark" << 5;
+    QTest::newRow("blank before") << " Mobile" << -1;
+    QTest::newRow("blank behind") << "Mobile phone " << -1;
+    QTest::newRow("part of a label") << "phone" << -1;
+    QTest::newRow("empty") << "" << -1;
+}
+
+void FieldMapDlgTest::titlesAreMappedByLabelOrName()
+{
+    QFETCH(QString, title);
+    QFETCH(int, row);
+    fill({"Other", title});
+    for (int i = 0; i < 6; ++i)
+        QCOMPARE(right()->item(i, 1)->text(), i == row ? title : QString(" "));
+}
+
+void FieldMapDlgTest::theLastMatchingTitleWins()
+{
+    fill({"Mobile", "Name", "MOBILE PHONE", "name"});
+    QCOMPARE(right()->item(0, 1)->text(), QString("name"));
+    QCOMPARE(right()->item(1, 1)->text(), QString("MOBILE PHONE"));
+}
+
+void FieldMapDlgTest::oneTitleMayServeTwoFields()
+{
+    FakeCore::setText("ID_STR_HOME_PHONE", "Phone");
+    FakeCore::setText("ID_STR_BUSINESS_PHONE", "phone");
+    fill({"PHONE"});
+    QCOMPARE(right()->item(2, 1)->text(), QString("PHONE"));
+    QCOMPARE(right()->item(3, 1)->text(), QString("PHONE"));
+}
+
+void FieldMapDlgTest::anSdkThatFailsLeavesTheFieldsEmpty()
+{
+    FakeSdk::failAlways("GetProfile");
+    fill({"Name", "Mobile"});
+    QCOMPARE(mapped(), QStringList(QVector<QString>(11, QString()).toList()));
+    QCOMPARE(left()->item(0, 0)->text(), QString("Name"));
+}
+
+void FieldMapDlgTest::aPressPreparesTheOtherTableForADrop()
+{
+    fill({"Name", "Tel"});
+    open();
+    QVERIFY(!right()->hasMouseTracking());
+    QVERIFY(!right()->acceptDrops());
+    right()->setCurrentCell(1, 0);
+    pressTitle(1);
+    QVERIFY(right()->hasMouseTracking());
+    QVERIFY(right()->viewport()->hasMouseTracking());
+    QVERIFY(right()->acceptDrops());
+    QCOMPARE(right()->currentRow(), 0);
+    QVERIFY(right()->selectedItems().isEmpty());
+}
+
+void FieldMapDlgTest::aSecondPressOnTheSameRowPreparesItAgain()
+{
+    fill({"Name", "Tel"});
+    open();
+    pressTitle(1);
+    moveOver(0);
+    QVERIFY(!right()->hasMouseTracking());
+    QSignalSpy changed(left(), SIGNAL(itemSelectionChanged()));
+    pressTitle(1);
+    QCOMPARE(changed.count(), 1); // by hand: the selection stayed
+    QVERIFY(right()->hasMouseTracking());
+    QVERIFY(right()->acceptDrops());
+}
+
+void FieldMapDlgTest::theFirstMoveDragsTheTitle()
+{
+    fill({"Name", "Tel"});
+    open();
+    const QPoint point = cell(left(), 1, 0);
+    mouse(left(), QEvent::MouseButtonPress, point, Qt::LeftButton, Qt::LeftButton);
+    mouse(left(), QEvent::MouseMove, point + QPoint(1, 0), Qt::NoButton, Qt::LeftButton);
+    auto* drag = left()->findChild<QDrag*>(); // over already; Qt deletes it later
+    QVERIFY(drag);
+    QCOMPARE(drag->mimeData()->text(), QString("Tel"));
+    QCOMPARE(drag->mimeData()->formats(), QStringList("text/plain"));
+    QCOMPARE(drag->source(), static_cast<QObject*>(left()));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    mouse(left(), QEvent::MouseMove, point + QPoint(2, 0), Qt::NoButton, Qt::LeftButton);
+    QVERIFY(left()->findChild<QDrag*>());
+}
+
+void FieldMapDlgTest::aMoveWithoutTheLeftButtonDragsNothing()
+{
+    fill({"Name", "Tel"});
+    open();
+    pressTitle(1);
+    mouse(left(), QEvent::MouseMove, cell(left(), 0, 0), Qt::NoButton, Qt::NoButton);
+    mouse(left(), QEvent::MouseMove, cell(left(), 0, 0), Qt::NoButton, Qt::RightButton);
+    QVERIFY(!left()->findChild<QDrag*>());
+}
+
+void FieldMapDlgTest::aDropIsPlacedWhereTheMouseMovesNext()
+{
+    fill({"Name", "Tel"});
+    open();
+    pressTitle(1);
+    QVERIFY(dropText("Tel", 1));
+    QCOMPARE(right()->m_strDropText, QString("Tel"));
+    QCOMPARE(right()->item(1, 1)->text(), QString(" ")); // the drop itself changes nothing
+    QCOMPARE(right()->rowCount(), 11);
+    moveOver(2, 0);
+    QCOMPARE(right()->item(2, 1)->text(), QString("Tel"));
+    QCOMPARE(right()->item(1, 1)->text(), QString(" "));
+    QCOMPARE(right()->m_strDropText, QString());
+    QCOMPARE(right()->currentRow(), 2);
+    QCOMPARE(right()->currentColumn(), 0);
+    QVERIFY(!right()->hasMouseTracking());
+    QVERIFY(!right()->acceptDrops());
+    QCOMPARE(dialog()->focusWidget(), static_cast<QWidget*>(right()));
+}
+
+void FieldMapDlgTest::aDropReplacesAMapping()
+{
+    fill({"Name", "Full name"});
+    open();
+    QCOMPARE(right()->item(0, 1)->text(), QString("Name"));
+    pressTitle(1);
+    QVERIFY(dropText("Full name", 0));
+    moveOver(0);
+    QCOMPARE(right()->item(0, 1)->text(), QString("Full name"));
+}
+
+void FieldMapDlgTest::theSameTitleMayBeDroppedOnSeveralFields()
+{
+    fill({"Name", "Tel"});
+    open();
+    for (int row : {1, 2, 3}) {
+        pressTitle(1);
+        QVERIFY(dropText("Tel", row));
+        moveOver(row);
+    }
+    QCOMPARE(mapped().mid(0, 6), (QStringList{"Name", "Tel", "Tel", "Tel", " ", " "}));
+}
+
+void FieldMapDlgTest::aDisabledRowDoesNotTakeADrop()
+{
+    fill({"Name", "Tel"}, PB_MEM_SIM);
+    open();
+    pressTitle(1);
+    QVERIFY(dropText("Tel", 5));
+    emit right()->cellEntered(5, 1);
+    QCOMPARE(right()->item(5, 1)->text(), QString());
+    QVERIFY(!(right()->item(5, 1)->flags() & Qt::ItemIsEnabled));
+    QCOMPARE(right()->m_strDropText, QString()); // and it is gone
+    moveOver(1);
+    QCOMPARE(right()->item(1, 1)->text(), QString(" "));
+}
+
+void FieldMapDlgTest::withoutADropTheNextMoveEndsTheTracking()
+{
+    fill({"Name", "Tel"});
+    open();
+    pressTitle(1);
+    moveOver(1);
+    QVERIFY(!right()->hasMouseTracking());
+    QVERIFY(!right()->acceptDrops());
+    QCOMPARE(right()->item(1, 1)->text(), QString(" "));
+    QVERIFY(!dropText("Tel", 1)); // needs a new press
+    pressTitle(1);
+    QVERIFY(dropText("Tel", 1));
+}
+
+void FieldMapDlgTest::onlyTextIsTakenAtTheEnter()
+{
+    fill({"Name", "Tel"});
+    open();
+    pressTitle(1);
+    QMimeData data;
+    data.setData("text/html", "<b>Tel</b>");
+    QDragEnterEvent enter(cell(right(), 1, 1), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    enter.ignore();
+    QApplication::sendEvent(right()->viewport(), &enter);
+    QVERIFY(!enter.isAccepted());
+}
+
+void FieldMapDlgTest::aDropNeedsAPressBefore()
+{
+    fill({"Name", "Tel"});
+    open();
+    QVERIFY(!dropText("Tel", 1));
+    QCOMPARE(right()->m_strDropText, QString());
+}
+
+void FieldMapDlgTest::deleteClearsAMapping()
+{
+    fill({"Name", "Mobile"});
+    open();
+    right()->setFocus();
+    right()->setCurrentCell(1, 0);
+    QTest::keyClick(right(), Qt::Key_Delete);
+    QCOMPARE(right()->item(1, 1)->text(), QString(" "));
+    QCOMPARE(right()->item(1, 0)->text(), QString("Mobile phone"));
+    QCOMPARE(run([this] { ok()->click(); }), 1);
+    QCOMPARE(map->GetFieldMapData().mid(0, 3), (QList<QString>{"Name", " ", " "}));
+}
+
+void FieldMapDlgTest::deleteWithNothingCurrentDoesNothing()
+{
+    fill({"Name", "Mobile"});
+    open();
+    right()->setCurrentItem(nullptr);
+    QCOMPARE(right()->currentRow(), -1);
+    QKeyEvent key(QEvent::KeyPress, Qt::Key_Delete, Qt::NoModifier);
+    QApplication::sendEvent(right(), &key);
+    QCOMPARE(mapped().mid(0, 2), (QStringList{"Name", "Mobile"}));
+}
+
+void FieldMapDlgTest::otherKeysMoveThroughTheTable()
+{
+    fill({"Name", "Mobile"});
+    open();
+    right()->setCurrentCell(0, 0);
+    QTest::keyClick(right(), Qt::Key_Down);
+    QCOMPARE(right()->currentRow(), 1);
+    QCOMPARE(mapped().mid(0, 2), (QStringList{"Name", "Mobile"}));
+}
+
+void FieldMapDlgTest::okGivesOneTextPerRow()
+{
+    fill({"Mobile", "Name", "Tel"});
+    int closed = 0;
+    QCOMPARE(run([&] {
+                 QVERIFY(dialog()->isVisible());
+                 connect(dialog(), &QDialog::finished, this, [&closed] { ++closed; });
+                 ok()->click();
+             }),
+             1);
+    QVERIFY(closed > 0);
+    QCOMPARE(map->GetFieldMapData(), (QList<QString>{"Name", "Mobile", " ", " ", " ", " ", "", "", "", "", ""}));
+}
+
+void FieldMapDlgTest::cancelGivesNothing_data()
+{
+    QTest::addColumn<QString>("way");
+    QTest::newRow("button") << "button";
+    QTest::newRow("close button") << "close";
+    QTest::newRow("Escape") << "escape";
+}
+
+void FieldMapDlgTest::cancelGivesNothing()
+{
+    QFETCH(QString, way);
+    fill({"Name"});
+    const int result = run([&] {
+        if (way == "button")
+            cancel()->click();
+        else if (way == "close")
+            dialog()->close();
+        else
+            QTest::keyClick(dialog(), Qt::Key_Escape);
+    });
+    QCOMPARE(result, 0);
+    QVERIFY(map->GetFieldMapData().isEmpty());
+    QVERIFY(dialog()->isHidden());
+}
+
+void FieldMapDlgTest::withoutADialogExecTellsSo()
+{
+    QCOMPARE(map->Exec(), -1);
+    QVERIFY(map->GetFieldMapData().isEmpty());
+}
+
+void FieldMapDlgTest::callsBeforeInitDialogDoNothing()
+{
+    map->SetRowCount(1, 11);
+    map->SetRowHeight(2, 15);
+    map->SetFirstTableInfo({"Name"});
+    map->SetSecondTableInfo({"Name"}, PB_MEM_LOCAL);
+    map->OnItemSelectionChanged();
+    map->OnCellEntered(0, 0);
+    map->OnButtonClickedOK();
+    map->OnButtonClickedCancel();
+    QVERIFY(map->GetFieldMapData().isEmpty());
+}
+
+void FieldMapDlgTest::aDialogThatWentWithItsParentIsNotTouched()
+{
+    fill({"Name"});
+    // The host takes the window down while the dialog runs in it.
+    QCOMPARE(run([this] {
+                 dialog()->close();
+                 parent.reset();
+             }),
+             0);
+    QCOMPARE(FakeCore::dialogs().size(), 0);
+    map->SetRowCount(1, 3);
+    map->OnButtonClickedOK();
+    map->OnButtonClickedCancel();
+    QCOMPARE(map->Exec(), -1);
+}
+
+void FieldMapDlgTest::anUnknownTableNumberDoesNothing()
+{
+    fill({"Name"});
+    map->SetRowCount(0, 3);
+    map->SetRowCount(3, 3);
+    map->SetRowHeight(0, 3);
+    QCOMPARE(left()->rowCount(), 11);
+    QCOMPARE(right()->rowCount(), 11);
+}
+
+QTEST_MAIN(FieldMapDlgTest)
+#include "FieldMapDlgTest.moc"
