@@ -22,13 +22,20 @@ void TestSiblingParts::recipientsOfALine_data()
 {
     QTest::addColumn<QString>("line");
     QTest::addColumn<QString>("numbers");
-    QTest::newRow("empty") << "" << "";
-    QTest::newRow("one") << "123" << "123";
-    QTest::newRow("two, as the phonebook sends them") << "123;456" << "123|456";
-    QTest::newRow("with blanks") << " 123 ; 456 " << "123|456";
-    QTest::newRow("with commas") << "123,456" << "123|456";
-    QTest::newRow("empty parts") << ";;123; ;" << "123";
-    QTest::newRow("the same twice") << "123;123" << "123|123";
+    QTest::newRow("empty") << ""
+                           << "";
+    QTest::newRow("one") << "123"
+                         << "123";
+    QTest::newRow("two, as the phonebook sends them") << "123;456"
+                                                      << "123|456";
+    QTest::newRow("with blanks") << " 123 ; 456 "
+                                 << "123|456";
+    QTest::newRow("with commas") << "123,456"
+                                 << "123|456";
+    QTest::newRow("empty parts") << ";;123; ;"
+                                 << "123";
+    QTest::newRow("the same twice") << "123;123"
+                                    << "123|123";
 }
 
 void TestSiblingParts::recipientsOfALine()
