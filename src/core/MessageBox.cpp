@@ -73,7 +73,7 @@ int MessageBox::answer() const
 void MessageBox::closeEvent(QCloseEvent* event)
 {
     // Past the base class, which would take the close for a click on the only button.
-    QDialog::closeEvent(event);
+    QDialog::closeEvent(event); // NOLINT(bugprone-parent-virtual-call)
 }
 
 void MessageBox::keyPressEvent(QKeyEvent* event)

@@ -1,5 +1,7 @@
 #include "store/Database.h"
 
+#include <cstdint>
+
 namespace orva
 {
 
@@ -72,6 +74,14 @@ int Database::queryInt(const char* sql)
 {
     Query query(*this, sql);
     return query.step() ? query.integer(0) : 0;
+}
+
+void Database::learnEncoding()
+{
+    static const std::uint16_t probe = 1;
+    const bool littleEndian = *reinterpret_cast<const unsigned char*>(&probe) == 1;
+    Query query(*this, "PRAGMA encoding");
+    m_nativeText = query.step() && query.bytes(0) == (littleEndian ? "UTF-16le" : "UTF-16be");
 }
 
 sqlite3_stmt* Database::prepared(const char* sql)
@@ -154,10 +164,13 @@ std::string Query::bytes(int column)
 
 void Query::addText(int column, RowBlock& rows)
 {
-    // The store's encoding is the machine's UTF-16, so that a text's bytes are its units; they may lie unaligned.
-    if (sqlite3_column_type(m_statement, column) == SQLITE_TEXT) {
-        const void* const data = sqlite3_column_blob(m_statement, column);
-        const auto bytes = static_cast<std::size_t>(sqlite3_column_bytes16(m_statement, column));
+    // Asked once for the value and then at the value, which saves SQLite most of its own work; that is allowed since no
+    // other thread uses the connection meanwhile. The store's encoding is the machine's UTF-16, so that a text's bytes
+    // are its units; they may lie unaligned.
+    sqlite3_value* const value = sqlite3_column_value(m_statement, column);
+    if (sqlite3_value_type(value) == SQLITE_TEXT && m_db.hasNativeText()) {
+        const void* const data = sqlite3_value_blob(value);
+        const auto bytes = static_cast<std::size_t>(sqlite3_value_bytes16(value));
         if (data != nullptr || bytes == 0) {
             rows.addBytes(data, bytes / sizeof(char16_t));
             return;

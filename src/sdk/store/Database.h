@@ -48,6 +48,10 @@ public:
     void execute(const char* sql);
     int queryInt(const char* sql);
 
+    // Whether texts lie in the file as clients take them; known after learnEncoding().
+    bool hasNativeText() const { return m_nativeText; }
+    void learnEncoding();
+
     // The prepared statement of a text, made on first use. Found fastest by the address of a lasting string.
     sqlite3_stmt* prepared(const char* sql);
 
@@ -61,6 +65,7 @@ private:
     };
 
     sqlite3* m_db = nullptr;
+    bool m_nativeText = false;
     std::vector<Cached> m_statements;
 };
 

@@ -109,6 +109,7 @@ void Store::prepareOpened()
         if (!problems.empty())
             throw SqlFailure(SQLITE_CORRUPT, "the integrity check failed: " + problems.front());
     }
+    m_db->learnEncoding();
     m_inode = inodeOf(m_path);
     m_dataVersion = m_db->queryInt("PRAGMA data_version");
     m_count = -1;
@@ -242,6 +243,7 @@ void Store::restore(const std::string& path)
     }
     // Identifiers given out since the backup stay given out.
     configureConnection(*m_db);
+    m_db->learnEncoding();
     m_count = -1;
     ++m_changes;
     reloadCounters();

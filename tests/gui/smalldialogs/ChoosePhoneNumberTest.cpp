@@ -1,6 +1,7 @@
 #include <QApplication>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QScrollBar>
 #include <QVBoxLayout>
 #include <QtTest>
 
@@ -149,10 +150,13 @@ void ChoosePhoneNumberTest::theTableHasItsShape()
 void ChoosePhoneNumberTest::theRowsOfAContactFitWithoutAScrollBar()
 {
     show();
+    dialog()->layout()->setContentsMargins(6, 6, 6, 6); // the host's frame
     QVERIFY(QTest::qWaitForWindowExposed(dialog()));
     const QRect last = table()->visualItemRect(table()->item(2, 1));
     QVERIFY(last.isValid());
     QVERIFY(last.bottom() < table()->viewport()->height());
+    QVERIFY(!table()->horizontalScrollBar()->isVisible());
+    QVERIFY(QFontMetrics(table()->font()).height() <= 14);
 }
 
 void ChoosePhoneNumberTest::okWithNothingElseDoneCallsTheFirstNumber()

@@ -5,6 +5,7 @@
 #include <QDropEvent>
 #include <QHeaderView>
 #include <QMimeData>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTimer>
 #include <QtTest>
@@ -31,6 +32,8 @@ private slots:
     void theTablesHaveTheirShape();
     void theMemoryIsNamedAboveTheRightTable_data();
     void theMemoryIsNamedAboveTheRightTable();
+    void aLongNameOfAFilePushesNothingAside();
+    void theColumnsFillTheTables();
     void rowsAreAsHighAsTold();
     void moreColumnsThanRowsGrowTheLeftTable();
     void rowsBeyondTheTitlesAreDisabled();
@@ -247,6 +250,31 @@ void FieldMapDlgTest::theMemoryIsNamedAboveTheRightTable()
     auto* grid = qobject_cast<QGridLayout*>(FakeCore::content(dialog())->layout());
     QVERIFY(!name.isEmpty());
     QCOMPARE(qobject_cast<QLabel*>(grid->itemAtPosition(4, 1)->widget())->text(), name);
+}
+
+void FieldMapDlgTest::aLongNameOfAFilePushesNothingAside()
+{
+    const QString name = "<b>" + QString(300, 'x') + "</b>.csv";
+    map->InitDialog(parent.get(), PB_MEM_LOCAL, name);
+    open();
+    auto* grid = qobject_cast<QGridLayout*>(FakeCore::content(dialog())->layout());
+    auto* label = qobject_cast<QLabel*>(grid->itemAtPosition(4, 0)->widget());
+    QCOMPARE(label->text(), name);
+    QCOMPARE(label->textFormat(), Qt::PlainText);
+    QCOMPARE(dialog()->width(), 390);
+    QVERIFY(label->geometry().right() < right()->geometry().left());
+    QVERIFY(dialog()->rect().contains(QRect(right()->mapTo(dialog(), QPoint()), right()->size())));
+}
+
+void FieldMapDlgTest::theColumnsFillTheTables()
+{
+    fill({"Name"});
+    open();
+    QCOMPARE(left()->width(), 140);
+    QCOMPARE(right()->width(), 180);
+    QVERIFY(!left()->horizontalScrollBar()->isVisible() || left()->verticalScrollBar()->isVisible());
+    QVERIFY(QFontMetrics(left()->font()).height() <= 15);
+    QVERIFY(QFontMetrics(right()->font()).height() <= 15);
 }
 
 void FieldMapDlgTest::rowsAreAsHighAsTold()

@@ -180,6 +180,14 @@ void CoreBuildMenu::menusThatOpenOneAnotherEnd()
     }
     QVERIFY(build(content) != nullptr);
     QVERIFY(m_actions.size() <= 1000);
+    // A chain without an end in sight ends as well.
+    content.clear();
+    for (int i = 0; i < 3000; ++i) {
+        content += "<menu name='m" + QByteArray::number(i) + "' type='POPUP' parent='owner'><item id='x' type='POPUP'" +
+                   " name='m" + QByteArray::number(i + 1) + "'/></menu>";
+    }
+    QVERIFY(build(content) != nullptr);
+    QVERIFY(m_actions.size() <= 1000);
     // One that names itself is nobody's menu.
     QVERIFY(build("<menu name='m' type='POPUP' parent='owner'><item id='x' type='POPUP' name='m'/></menu>") == nullptr);
 }

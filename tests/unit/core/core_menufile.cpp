@@ -101,8 +101,10 @@ void CoreMenuFile::cutAtEveryByte()
 
 void CoreMenuFile::corruptedAtEveryByte()
 {
+    const QByteArray values =
+        qEnvironmentVariableIsSet("LINKHAND_FULL") ? QByteArray("\0<\"&\xff", 5) : QByteArray("<\xff");
     for (int i = 0; i < m_content.size(); ++i) {
-        for (const char c : {'\0', '<', '"', '&', '\xff'}) {
+        for (const char c : values) {
             QByteArray damaged = m_content;
             damaged[i] = c;
             use(damaged);

@@ -46,6 +46,8 @@ void CoreSearchBox::init()
 void CoreSearchBox::cleanup()
 {
     m_pBar.reset();
+    // The clear button fades in and out; what did so goes later.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     m_pHost.reset();
 }
 
