@@ -399,6 +399,7 @@ void TestSiblings::aVideoCallHasAWindow()
     QVERIFY(m_pLink->Dial("123", HOST_CALL_VIDEO));
     QWidget* pWindow = in<QWidget>(m_pWindow.data(), "VideoCallPlugin_window");
     QVERIFY(pWindow != nullptr && pWindow->isVisible());
+    m_pWindow->ShowPage(LINKHAND_VOICECALL_NAME);
     QVERIFY(!in<QWidget>(m_pWindow.data(), "VoiceCallPlugin_callBox")->isVisible());
     QTest::mouseClick(in<QPushButton>(pWindow, "VideoCallPlugin_buttonHangUp"), Qt::LeftButton);
     QVERIFY(!pWindow->isVisible());
