@@ -32,8 +32,9 @@
 namespace
 {
 
-// How long the end of the program waits for workers.
-const int SHUTDOWN_LIMIT_MS = 5000;
+// How long the end of the program waits for workers before their owners stop them: a slow card may go on for minutes,
+// and a program that is quit should be gone within two seconds.
+const int SHUTDOWN_LIMIT_MS = 1000;
 
 void print(FILE* pStream, const QString& strText)
 {
@@ -233,12 +234,12 @@ void HostApplication::applyLanguage(const QString& strCode)
     m_services.SetLanguage(strCode);
     const QLocale locale(strCode);
     QLocale::setDefault(locale);
-    QApplication::setLayoutDirection(locale.textDirection());
     // The texts of Qt's own dialogs, where the distribution has them.
-    QScopedPointer<QTranslator> pTexts(new QTranslator);
-    pTexts->load(QLatin1String("qt_") + strCode, QLibraryInfo::location(QLibraryInfo::TranslationsPath));
-    QApplication::installTranslator(pTexts.data());
-    m_pQtTexts.swap(pTexts);
+    m_pQtTexts.reset(new QTranslator);
+    m_pQtTexts->load(QLatin1String("qt_") + strCode, QLibraryInfo::location(QLibraryInfo::TranslationsPath));
+    QApplication::installTranslator(m_pQtTexts.data());
+    // Last: a change of translators sets the direction of Qt's own texts.
+    QApplication::setLayoutDirection(locale.textDirection());
 }
 
 void HostApplication::shutDown()
