@@ -9,7 +9,9 @@
 #include <QCoreApplication>
 #if QT_VERSION >= 0x050000
 #include <QLoggingCategory>
+#include <QStandardPaths>
 #else
+#include <QDesktopServices>
 #include <cstdio>
 #include <cstdlib>
 #endif
@@ -88,6 +90,23 @@ inline void prepareApplication()
 #if QT_VERSION >= 0x050600
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+#endif
+}
+
+// How QString::split keeps empty parts.
+#if QT_VERSION >= 0x050e00
+const Qt::SplitBehavior KeepEmptyParts(Qt::KeepEmptyParts);
+#else
+const QString::SplitBehavior KeepEmptyParts = QString::KeepEmptyParts;
+#endif
+
+// The user's desktop folder.
+inline QString desktopFolder()
+{
+#if QT_VERSION >= 0x050000
+    return QStandardPaths::writableLocation(QStandardPaths::DesktopLocation);
+#else
+    return QDesktopServices::storageLocation(QDesktopServices::DesktopLocation);
 #endif
 }
 

@@ -169,11 +169,13 @@ void CAddrBookUIService::unSDKRegisterEvent()
     FRAME_LOG_EXIT();
 }
 
-int CAddrBookUIService::SaveNumberToAddrBook(QString /*strNumber*/, QWidget* /*pParent*/)
+int CAddrBookUIService::SaveNumberToAddrBook(QString strNumber, QWidget* pParent)
 {
     FRAME_LOG_CALLED();
-    constructDialog(CommonUtils::GetMainWindow());
-    return 0;
+    if (constructDialog(CommonUtils::GetMainWindow()) != ADDRBOOK_OK)
+        return 0;
+    m_pAddrBookDlg->SaveNumberToAddrBook(strNumber, pParent);
+    return 1;
 }
 
 // Keeps its place in the interface; searches nothing.
@@ -182,12 +184,12 @@ void CAddrBookUIService::SearchMobile(QString /*strNumber*/, QString /*strText*/
     FRAME_LOG_CALLED();
 }
 
-int CAddrBookUIService::OpenNumSelectDlg(bool /*bFlag*/, FIELD_TYPE /*enFieldType*/, QList<QString>& /*lstNumbers*/)
+int CAddrBookUIService::OpenNumSelectDlg(bool bFlag, FIELD_TYPE enFieldType, QList<QString>& lstNumbers)
 {
     FRAME_LOG_CALLED();
     if (constructDialog(CommonUtils::GetMainWindow()) != ADDRBOOK_OK)
         return 0;
     if (m_pAddrBookDlg->parentWidget() == nullptr)
         m_pAddrBookDlg->setParent(CommonUtils::GetMainWindow());
-    return 0;
+    return m_pAddrBookDlg->OpenNumSelectDlg(bFlag, enFieldType, lstNumbers) ? 1 : 0;
 }

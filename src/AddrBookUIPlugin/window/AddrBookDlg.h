@@ -11,6 +11,7 @@
 
 #include "linkhand/core/QBuildMenu.h"
 #include "linkhand/core/ToolBarLogic.h"
+#include "linkhand/plugin/IAddrBookUIPlugin.h"
 #include "linkhand/plugin/IDeviceMgr.h"
 #include "linkhand/plugin/IPluginContainer.h"
 #include "logic/AddrBookTypes.h"
@@ -25,7 +26,9 @@ class QTextBrowser;
 class QTreeWidgetItem;
 class QVBoxLayout;
 
+class AddrBookEditDlg;
 class AddrBookLogic;
+class AddrBookSelectContactsDlg;
 class AddrBookTableWidget;
 class AddrBookWaitingDlg;
 class ChoosePhoneNumber;
@@ -94,6 +97,7 @@ private:
     void retranslateToolBar();
     void removeSimNode(const char* szLog);
     void removeDeviceNode(const char* szLog, unsigned int uiMsg);
+    void tellSelectContacts(bool bIsSimEnabled);
     void cancelBatchOn(_ORVA_EN_PHONEBOOK_MEMORY enMemory);
     bool isOnline() const { return m_bNetConnected && !m_bRFOff; }
 
@@ -254,19 +258,125 @@ private:
     void connectShortcutsKeysToSlot();
     void setMenuShortCuts();
 
-    // ---- Contacts (AddrBookDlgContacts.cpp) ------------------------------------------------------------------------
+    // ---- Contacts (AddrBookDlgContacts.cpp, AddrBookDlgBatches.cpp) ------------------------------------------------
 public:
+    // Lets the user save a number to the PC's phonebook; pParent, or the window, is the dialog's parent. Always 1.
+    int SaveNumberToAddrBook(QString strNumber, QWidget* pParent);
+
+    // Starts the worker on the rows selected: ADDRBOOK_OP_DELETE or ADDRBOOK_OP_REMOVE_FROM_GROUP.
+    void handleMultipleContact(_ADDRBOOK_OPERATION_TYPE enOperation);
+    void getContactInfoFromSDK(QTableWidgetItem* pItem, AddrBookRecord& record);
     void enableDisableNewContact(int iTotal, int iUsed);
     void checkMaxCapacity(_ORVA_EN_PHONEBOOK_MEMORY enType, bool bRefresh);
 
+    // Follows the cached figures by one record, without asking the SDK.
+    void checkMaxCapWithLocals(_ORVA_EN_PHONEBOOK_MEMORY enType, _ADDRBOOK_OPERATION_TYPE enOperation);
+
+public slots:
+    void OnButtonClickedNewContact();
+    void OnButtonClickedEditContact();
+    void OnOKBtnClickedNewEditContact(AddrBookEditDlg* pAddrBookEditDlg);
+    void OnButtonClickedDeleteContact();
+    void OnRemoveFromGroupClicked();
+    void OnDelResult(bool bVal, int iRecordId);
+
+    // Forwarders to the number picker; nothing is connected to them.
+    void OnAddSelectDialogContact(int iType, int iRecordId, int iGroupId);
+    void OnDeleteSelectDialogContact(int iType, int iRecordId);
+    void OnRemoveContactFromGroup(int iType, int iRecordId, int iGroupId);
+
+private:
+    void showNewContact(const AddrBookRecord& record);
+    void showChangedContact(_ORVA_EN_PHONEBOOK_MEMORY enMemory, const AddrBookRecord& record);
+    bool passesSearch(const AddrBookRecord& record) const;
+    bool capacityCache(_ORVA_EN_PHONEBOOK_MEMORY enType, int*& piUsed, int*& piTotal);
+    void releaseOrphanedBatch();
+    bool retireBatch();
+
     // ---- Groups (AddrBookDlgGroups.cpp) ----------------------------------------------------------------------------
 public:
+    // Ends an open editor from outside: the text in it is saved, or the node goes.
+    void CloseEditor();
+
+    // Writes the editor's text to the store and puts the count behind it. False if the edit was undone.
+    bool saveGroupName(QString& strText, QTreeWidgetItem* pItem);
+
     // Takes a node out of the tree and frees it with what is below it; nothing in the window names it afterwards.
     void removeTreeItem(QTreeWidgetItem* pParent, QTreeWidgetItem* pItem);
 
+public slots:
+    void OnNewGroupClicked();
+    void OnRenameGroupClicked();
+    void OnDeleteGroupClicked();
+    void OnTreeDoubleClicked(QTreeWidgetItem* pItem);
+    void OnEditorClosed(QWidget* pwidgetEditor);
+
 private:
+    bool saveNewGroup(QString& strText, QTreeWidgetItem* pItem);
+    bool saveRenamedGroup(QString& strText, QTreeWidgetItem* pItem);
+    void undoGroupEdit(QTreeWidgetItem* pItem, bool bFitTree);
     void forgetTreeItem(const QTreeWidgetItem* pItem);
     void freeNodeData(QTreeWidgetItem* pItem);
+
+    // ---- Copies (AddrBookDlgCopy.cpp, AddrBookDlgBatches.cpp) ------------------------------------------------------
+public:
+    // What was dropped: iCount entries of the tree's drag list, two a contact.
+    void moveOrCopyAllContacts(int iCount, int iTargetGroup);
+    void moveOrCopyContactInLocal(int iSourceGroup, int iTargetGroup, int iRecordId, _ORVA_EN_PHONEBOOK_MEMORY enMemory,
+                                  bool bCopy);
+    void moveOrCopyContactBetweenType(QList<AddrBookRecord>& lstRecords, int iRecordId, QList<QString> lstSourceFields,
+                                      QList<QString> lstTargetFields);
+
+    // Cuts the name to what the target of the drag can hold.
+    void limitNameField(QList<QString> lstFieldNames, QList<QString>& lstValues);
+
+    // Splits one contact over as many records as it takes.
+    void constructRecordsForCopy(QList<AddrBookRecord>& lstRecords, QList<QString> lstSourceFields,
+                                 QList<QString> lstTargetFields, QList<QString> lstValues, int iRecordId);
+    void initThreadForMoveorCopy(bool bBetweenTypes, QList<AddrBookRecord> lstRecords, int iTargetGroup,
+                                 _ADDRBOOK_OPERATION_TYPE enOperation);
+    void showCopyCompletedAlert(int iTotal, int iSuccess);
+
+    // Keeps the phone numbers of the records for the notifications to come.
+    void copyContactsForPushNotify(QList<AddrBookRecord> lstRecords, _ORVA_EN_PHONEBOOK_MEMORY enMemory);
+
+public slots:
+    void OnAddResult(bool bSuccess, qlonglong iPtrRecord);
+    void OnFinished();
+
+private:
+    void showProgressBar(int iSteps);
+    void stopAtFullMemory();
+
+    // ---- Files and contact applications (AddrBookDlgFiles.cpp) -----------------------------------------------------
+public:
+    void getFileFieldDescription(QString strPath, QList<QString>& lstTitles);
+    void addImportedRecords(_ORVA_EN_PHONEBOOK_MEMORY enMemory, QList<AddrBookRecord> lstRecords, int iGroupId);
+    void ImportOutlookRecords(QString strSource);
+    void showFileDialog();
+    void OnFileSelected(QString strFile);
+    bool saveToFile(QString strFile); // always true
+
+public slots:
+    void OnClickImport();
+    void OnClickExportSelectedContacts();
+    void OnClickExportAllContacts();
+    void OnBnClickedBtnMOO();
+    void OnBnClickedBtnMOE();
+    void SetImportBtnState(_ORVA_EN_PHONEBOOK_MEMORY enMemory);
+
+private:
+    bool askFieldMap(const QString& strSource, _ORVA_EN_PHONEBOOK_MEMORY enMemory, const QList<QString>& lstTitles,
+                     QList<int>& lstFieldMap);
+    void showImportStart();
+    void finishReading(int iResult, _ORVA_EN_PHONEBOOK_MEMORY enMemory, const QList<AddrBookRecord>& lstRecords,
+                       int iGroupId);
+    void importFromApplication(const char* pActionId, const char* pSource, bool& bUsable);
+
+    // ---- Usage file (AddrBookDlgUsage.cpp) -------------------------------------------------------------------------
+public:
+    // Notes an item's element in the usage file; true when the file was written.
+    bool SavePBInfoForAgent(QString strItem, QString strName, QString strValue);
 
     // ---- Send, call and notifications (AddrBookDlgSend.cpp, AddrBookDlgNotify.cpp) ---------------------------------
 public:
@@ -284,6 +394,9 @@ public:
 
     // Tells of each number of the records that wait under this identifier, and takes them off the list.
     void sendNotifyToSMS(int iRecordId, unsigned int uiMsg);
+
+    // Lets the user pick numbers. True, with the choice in lstNumbers, if the user confirmed.
+    bool OpenNumSelectDlg(bool bFlag, FIELD_TYPE enFieldType, QList<QString>& lstNumbers);
 
     // True for a label of a phone field of the memory that the last row click or drag was in.
     bool isPhoneField(const QString& strFieldName) const;
@@ -366,6 +479,13 @@ private:
     bool m_bNetConnected = false;
     bool m_bRFOff = false;
     bool m_bSubGroupSupported = false;
+
+    // Last answers about the contact applications.
+    bool m_bOutlookUsable = false;
+    bool m_bOutlookExpressUsable = false;
+
+    // Meant for an open number picker; no flow assigns it.
+    AddrBookSelectContactsDlg* m_pdlgSelectContacts = nullptr;
 
     // The group editor.
     QString m_strOldGroupName;

@@ -1,3 +1,6 @@
+#include <QScopedPointer>
+
+#include "dialogs/AddrBookSelectContactsDlg.h"
 #include "linkhand/core/Startup.h"
 #include "linkhand/plugin/INotifyService.h"
 #include "logic/AddrBookLogic.h"
@@ -85,4 +88,19 @@ int AddrBookDlg::getPhoneFieldCount(const QList<QString>& lstFieldNames) const
     foreach (const QString& strName, lstFieldNames)
         iCount += isPhoneField(strName) ? 1 : 0;
     return iCount;
+}
+
+bool AddrBookDlg::OpenNumSelectDlg(bool bFlag, FIELD_TYPE enFieldType, QList<QString>& lstNumbers)
+{
+    ADDRBOOK_LOG_ENTER();
+    const QScopedPointer<AddrBookSelectContactsDlg> pdlg(new (std::nothrow) AddrBookSelectContactsDlg);
+    if (pdlg.isNull())
+        return false;
+    pdlg->InitDlg(this, m_pAddrBookLogic, bFlag, enFieldType, lstNumbers);
+    pdlg->Exec();
+    const bool bConfirmed = pdlg->GetButtonClicked();
+    if (bConfirmed)
+        pdlg->GetRecords(lstNumbers);
+    ADDRBOOK_LOG_EXIT();
+    return bConfirmed;
 }

@@ -1,3 +1,4 @@
+#include "dialogs/AddrBookSelectContactsDlg.h"
 #include "dialogs/AddrBookWaitingDlg.h"
 #include "logic/AddrBookLogic.h"
 #include "logic/Log.h"
@@ -46,6 +47,7 @@ void AddrBookDlg::OnDeviceStatusChanged(bool isDeviceConnected)
     m_bSimEnabled = isDeviceConnected;
     if (isDeviceConnected) {
         updateDeviceAndSimNode(true);
+        tellSelectContacts(isDeviceConnected);
         return;
     }
     if (m_pAddrBookLogic == nullptr)
@@ -57,10 +59,18 @@ void AddrBookDlg::OnDeviceStatusChanged(bool isDeviceConnected)
     removeSimNode("Sim Node removed");
     removeDeviceNode("Device Node removed", ADDRBOOK_MSG_DEVICE_NODE);
     m_pitemCurrentTreeWidgetItem = nullptr;
+    tellSelectContacts(isDeviceConnected);
+}
+
+void AddrBookDlg::tellSelectContacts(bool bIsSimEnabled)
+{
+    if (m_pdlgSelectContacts != nullptr)
+        m_pdlgSelectContacts->OnSimStatusChanged(bIsSimEnabled);
 }
 
 void AddrBookDlg::OnSimStatusChanged(bool bIsSimEnabled)
 {
+    tellSelectContacts(bIsSimEnabled);
     if (bIsSimEnabled == m_bSimEnabled)
         return;
     if (bIsSimEnabled) {

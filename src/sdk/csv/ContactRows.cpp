@@ -28,7 +28,7 @@ FieldMap::FieldMap(const Profile& profile, const int* map)
 {
     for (const Field& field : profile.fields()) {
         const int entry = *map++;
-        Source source = {-1, -1, field.kind == "Number" || field.kind == "Mobile", 0};
+        Source source = {-1, -1, field.kind == "Number" || field.kind == "Mobile", field.kind == "Email", 0};
         if (entry >= 0) {
             source.first = entry & columnMask;
             source.second = (entry >> secondShift) - 1;
@@ -54,8 +54,10 @@ bool FieldMap::readValue(const Row& row, const Source& source)
         if (!appendUtf16(second, m_value))
             return false;
     }
+    if (source.number || source.email)
+        keepFirst(m_value);
     if (source.number)
-        cleanNumber(m_value, 0);
+        cleanNumber(m_value);
     return true;
 }
 

@@ -29,6 +29,7 @@ private:
         int first;
         int second;
         bool number;
+        bool email;
         std::size_t noteUnits; // that a note may have; 0 for other fields
     };
 

@@ -1,7 +1,5 @@
 #include "csv/NumberText.h"
 
-#include <string_view>
-
 namespace orva
 {
 
@@ -52,19 +50,23 @@ char16_t dialled(char16_t c)
 
 } // namespace
 
-void cleanNumber(std::u16string& text, std::size_t begin)
+void cleanNumber(std::u16string& text)
 {
-    const std::u16string_view whole = std::u16string_view(text).substr(begin);
-    const std::size_t first = whole.find(u" ::: ");
-    const std::size_t end = begin + (first == std::u16string_view::npos ? whole.size() : first);
-    for (std::size_t i = begin; i < end; ++i)
-        if (dialled(text[i]) == 0 && !isDecoration(text[i]))
+    for (const char16_t c : text)
+        if (dialled(c) == 0 && !isDecoration(c))
             return;
-    std::size_t to = begin;
-    for (std::size_t i = begin; i < end; ++i)
-        if (const char16_t c = dialled(text[i]); c != 0)
-            text[to++] = c;
+    std::size_t to = 0;
+    for (const char16_t c : text)
+        if (const char16_t sign = dialled(c); sign != 0)
+            text[to++] = sign;
     text.resize(to);
+}
+
+void keepFirst(std::u16string& text)
+{
+    const std::size_t end = text.find(u" ::: ");
+    if (end != std::u16string::npos)
+        text.resize(end);
 }
 
 } // namespace orva

@@ -9,6 +9,7 @@
 #include <QTextEdit>
 #include <QToolButton>
 #include <QTreeWidget>
+#include <QTextEdit>
 #include <QtTest>
 
 #include "StandInFolder.h"
