@@ -1,6 +1,5 @@
 #include <QDialog>
 #include <QScreen>
-#include <QSemaphore>
 #include <QTemporaryDir>
 #include <QThread>
 #include <QtTest>
@@ -8,25 +7,6 @@
 #include "FakeHost.h"
 #include "linkhand/core/CommonUtils.h"
 #include "linkhand/core/Startup.h"
-
-namespace
-{
-
-class Worker : public QThread
-{
-public:
-    void run() override
-    {
-        CommonUtils::ThreadCountInc("file", "function");
-        started.release();
-        while (!CommonUtils::IsShuttingDown())
-            QThread::yieldCurrentThread();
-        CommonUtils::ThreadCountDec("file", "function");
-    }
-    QSemaphore started;
-};
-
-} // namespace
 
 class CoreUtils : public QObject
 {
@@ -44,7 +24,6 @@ private slots:
     void hostIsAskedAnew();
     void libraryPathHasNoSlashAtItsEnd();
     void callGoesToTheHost();
-    void workersSeeTheShutdownAndAreCounted();
     void waitEndsWithTheThread();
     void waitEndsAtItsLimit();
     void dialogIsCentredOnTheMainWindow();
@@ -150,23 +129,6 @@ void CoreUtils::callGoesToTheHost()
     QCOMPARE(m_pHost->lstCalls, QStringList() << "+49301234/0");
     m_pHost->bCallSucceeds = false;
     QVERIFY(!CommonUtils::MakeCall("1", UI_CALL_VOICE));
-}
-
-void CoreUtils::workersSeeTheShutdownAndAreCounted()
-{
-    QVERIFY(!CommonUtils::IsShuttingDown());
-    Worker workers[4];
-    for (Worker& worker : workers)
-        worker.start();
-    for (Worker& worker : workers)
-        worker.started.acquire();
-    QCOMPARE(m_pHost->iThreads.loadRelaxed(), 4);
-    m_pHost->iShuttingDown.storeRelaxed(1);
-    for (Worker& worker : workers) {
-        CommonUtils::WaitForThreadToStop(&worker, 60);
-        QVERIFY(worker.isFinished());
-    }
-    QCOMPARE(m_pHost->iThreads.loadRelaxed(), 0);
 }
 
 void CoreUtils::waitEndsWithTheThread()
