@@ -345,6 +345,7 @@ public slots:
     void OnFinished();
 
 private:
+    void finishDrop();
     void showProgressBar(int iSteps);
     void stopAtFullMemory();
 
