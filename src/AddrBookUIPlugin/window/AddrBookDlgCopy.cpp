@@ -196,7 +196,10 @@ void AddrBookDlg::initThreadForMoveorCopy(bool bBetweenTypes, QList<AddrBookReco
     }
     if (lstRecords.isEmpty())
         return;
-    retireBatch();
+    // The end of a retired batch makes the current node, this drop's target, the source of the next drag.
+    const _ORVA_EN_PHONEBOOK_MEMORY enSource = m_enDragSourceMemory;
+    if (retireBatch())
+        m_enDragSourceMemory = enSource;
     m_threadWorker.StopOperation();
     m_enMemory = m_enDragTargetMemory;
     if (!isSimorDeviceNodeExist())
