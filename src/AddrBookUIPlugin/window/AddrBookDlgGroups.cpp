@@ -313,6 +313,8 @@ void AddrBookDlg::freeNodeData(const QTreeWidgetItem* pItem)
 // True for a node at any depth; a pointer to one that has gone is safe here.
 bool AddrBookDlg::isInTree(const QTreeWidgetItem* pItem) const
 {
+    if (m_ptreePhonebook == nullptr || pItem == nullptr)
+        return false;
     for (QTreeWidgetItemIterator it(m_ptreePhonebook); *it != nullptr; ++it) {
         if (*it == pItem)
             return true;
