@@ -131,8 +131,6 @@ inline bool connectTargetChanged(const QDrag* pDrag, const QObject* pReceiver, c
 #else
     Q_UNUSED(pszObjectSlot)
     return QObject::connect(pDrag, SIGNAL(targetChanged(QWidget*)), pReceiver, pszWidgetSlot);
-<<<<<<< HEAD
-=======
 #endif
 }
 
@@ -144,7 +142,6 @@ inline void showClearButton(LineEdit* pEdit)
     pEdit->setClearButtonEnabled(true);
 #else
     Q_UNUSED(pEdit);
->>>>>>> main
 #endif
 }
 
