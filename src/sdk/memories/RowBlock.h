@@ -26,11 +26,11 @@ public:
     {
         const std::size_t slot = row * m_fields + static_cast<std::size_t>(field);
         const std::size_t begin = slot == 0 ? 0 : m_ends[slot - 1];
-        return std::u16string_view(m_text).substr(begin, m_ends[slot] - begin);
+        return {m_text.data() + begin, m_ends[slot] - begin};
     }
 
     // Bytes of text held.
-    std::size_t bytes() const { return m_text.size() * sizeof(char16_t); }
+    std::size_t bytes() const { return m_ends.empty() ? 0 : m_ends.back() * sizeof(char16_t); }
 
     // Empties the block and keeps its room.
     void clear(int fields)
@@ -38,26 +38,22 @@ public:
         m_fields = static_cast<std::size_t>(fields);
         m_ids.clear();
         m_ends.clear();
-        m_text.clear();
     }
 
     // Adds a row by its identifier, then exactly fields() values in order. Before that many the row does not count as
     // complete and must be taken back with dropRow().
     void beginRow(int id) { m_ids.push_back(id); }
-    void addValue(std::u16string_view text)
-    {
-        m_text.append(text);
-        m_ends.push_back(m_text.size());
-    }
+    void addValue(std::u16string_view text) { addBytes(text.data(), text.size()); }
 
     // The same from units that may lie at any address.
     void addBytes(const void* data, std::size_t units)
     {
-        const std::size_t begin = m_text.size();
-        m_text.resize(begin + units);
+        const std::size_t begin = m_ends.empty() ? 0 : m_ends.back();
+        if (m_text.size() - begin < units)
+            m_text.resize(begin + units + m_text.size()); // grown by doubling, never shrunk: filled over and over
         if (units != 0)
-            std::memcpy(&m_text[begin], data, units * sizeof(char16_t));
-        m_ends.push_back(m_text.size());
+            std::memcpy(m_text.data() + begin, data, units * sizeof(char16_t));
+        m_ends.push_back(begin + units);
     }
 
     // Takes the last row back, complete or not.
@@ -65,14 +61,13 @@ public:
     {
         m_ids.pop_back();
         m_ends.resize(m_ids.size() * m_fields);
-        m_text.resize(m_ends.empty() ? 0 : m_ends.back());
     }
 
 private:
     std::size_t m_fields;
     std::vector<int> m_ids;
     std::vector<std::size_t> m_ends; // end of each value in m_text
-    std::u16string m_text;
+    std::vector<char16_t> m_text;    // as far as the last end, the rest is room
 };
 
 } // namespace orva

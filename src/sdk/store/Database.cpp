@@ -1,5 +1,7 @@
 #include "store/Database.h"
 
+#include <cstdint>
+
 namespace orva
 {
 
@@ -34,7 +36,7 @@ bool SqlFailure::isDamage() const
 
 Database::Database(const std::string& path, Mode mode)
 {
-    const int access = mode == Mode::ReadOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
+    const int access = mode == Mode::ReadWrite ? SQLITE_OPEN_READWRITE : SQLITE_OPEN_READONLY;
     const int flags = access | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_NOFOLLOW | SQLITE_OPEN_EXRESCODE;
     const int result = sqlite3_open_v2(path.c_str(), &m_db, flags, nullptr);
     if (result != SQLITE_OK) {
@@ -43,9 +45,13 @@ Database::Database(const std::string& path, Mode mode)
         throw SqlFailure(result, "opening the store: " + text);
     }
     sqlite3_busy_timeout(m_db, statementWait);
-    // A damaged or hostile file must not run anything or read past its cells.
-    sqlite3_db_config(m_db, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+    // A hostile file must not run anything.
     sqlite3_db_config(m_db, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+    if (mode == Mode::Salvage)
+        // The way to make SQLite accept a file that is shorter than it should be.
+        sqlite3_db_config(m_db, SQLITE_DBCONFIG_WRITABLE_SCHEMA, 1, nullptr);
+    else
+        sqlite3_db_config(m_db, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
 }
 
 Database::~Database()
@@ -72,6 +78,14 @@ int Database::queryInt(const char* sql)
 {
     Query query(*this, sql);
     return query.step() ? query.integer(0) : 0;
+}
+
+void Database::learnEncoding()
+{
+    static const std::uint16_t probe = 1;
+    const bool littleEndian = *reinterpret_cast<const unsigned char*>(&probe) == 1;
+    Query query(*this, "PRAGMA encoding");
+    m_nativeText = query.step() && query.bytes(0) == (littleEndian ? "UTF-16le" : "UTF-16be");
 }
 
 sqlite3_stmt* Database::prepared(const char* sql)
@@ -154,10 +168,13 @@ std::string Query::bytes(int column)
 
 void Query::addText(int column, RowBlock& rows)
 {
-    // The store's encoding is the machine's UTF-16, so that a text's bytes are its units; they may lie unaligned.
-    if (sqlite3_column_type(m_statement, column) == SQLITE_TEXT) {
-        const void* const data = sqlite3_column_blob(m_statement, column);
-        const auto bytes = static_cast<std::size_t>(sqlite3_column_bytes16(m_statement, column));
+    // Asked once for the value and then at the value, which saves SQLite most of its own work; that is allowed since no
+    // other thread uses the connection meanwhile. The store's encoding is the machine's UTF-16, so that a text's bytes
+    // are its units; they may lie unaligned.
+    sqlite3_value* const value = sqlite3_column_value(m_statement, column);
+    if (sqlite3_value_type(value) == SQLITE_TEXT && m_db.hasNativeText()) {
+        const void* const data = sqlite3_value_blob(value);
+        const auto bytes = static_cast<std::size_t>(sqlite3_value_bytes16(value));
         if (data != nullptr || bytes == 0) {
             rows.addBytes(data, bytes / sizeof(char16_t));
             return;

@@ -34,7 +34,8 @@ private:
 class Database
 {
 public:
-    enum class Mode { ReadWrite, ReadOnly };
+    // Salvage reads what is left of a damaged file, also of one that has lost its end.
+    enum class Mode { ReadWrite, ReadOnly, Salvage };
 
     // The path must hold no symbolic link; the file must exist.
     Database(const std::string& path, Mode mode);
@@ -47,6 +48,10 @@ public:
 
     void execute(const char* sql);
     int queryInt(const char* sql);
+
+    // Whether texts lie in the file as clients take them; known after learnEncoding().
+    bool hasNativeText() const { return m_nativeText; }
+    void learnEncoding();
 
     // The prepared statement of a text, made on first use. Found fastest by the address of a lasting string.
     sqlite3_stmt* prepared(const char* sql);
@@ -61,6 +66,7 @@ private:
     };
 
     sqlite3* m_db = nullptr;
+    bool m_nativeText = false;
     std::vector<Cached> m_statements;
 };
 

@@ -71,42 +71,6 @@ void Store::makeStatements()
     m_update += " WHERE id = ?";
 }
 
-template <typename Body>
-auto Store::reading(Body&& body) -> decltype(body())
-{
-    const Lock lock(m_mutex);
-    connect();
-    try {
-        return body();
-    } catch (const SqlFailure& failure) {
-        noteDamage(failure);
-        throw;
-    }
-}
-
-template <typename Body>
-auto Store::writing(Body&& body) -> decltype(body())
-{
-    Lock lock(m_mutex);
-    connect();
-    try {
-        startWriting(lock);
-        // Every write is one statement, so that a failing one leaves nothing half done behind.
-        const auto result = body();
-        if (m_transaction != Transaction::Open)
-            commit();
-        return result;
-    } catch (const Failure& failure) {
-        if (m_db && m_db->inTransaction() && m_transaction != Transaction::Open)
-            rollback();
-        else if (m_db && !m_db->inTransaction() && m_transaction == Transaction::Open &&
-                 dynamic_cast<const SqlFailure*>(&failure) != nullptr)
-            breakTransaction(failure);
-        noteDamage(failure);
-        throw;
-    }
-}
-
 // ---- Records
 
 int Store::size()
@@ -127,8 +91,8 @@ Extent Store::extent()
 
 void Store::read(int first, int last, std::size_t maxRows, int fields, RowBlock& rows)
 {
-    rows.clear(fields);
     reading([&] {
+        rows.clear(fields);
         reconnectIfReplaced();
         Query query(*m_db, m_selectRange[static_cast<std::size_t>(fields)].c_str());
         query.bind(1, first).bind(2, last).bind(3, static_cast<int>(std::min<std::size_t>(maxRows, INT_MAX)));
@@ -144,8 +108,11 @@ void Store::read(int first, int last, std::size_t maxRows, int fields, RowBlock&
 
 void Store::readSome(const int* ids, std::size_t count, int fields, RowBlock& rows)
 {
-    rows.clear(fields);
     reading([&] {
+        rows.clear(fields);
+        // While this one is open, those below share its read transaction and take no locks of their own.
+        Query holder(*m_db, "SELECT id FROM records LIMIT 1");
+        holder.step();
         for (std::size_t i = 0; i < count; ++i) {
             Query query(*m_db, m_selectOne[static_cast<std::size_t>(fields)].c_str());
             if (!query.bind(1, ids[i]).step())

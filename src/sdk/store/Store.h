@@ -104,7 +104,7 @@ private:
     void breakTransaction(const Failure& failure);
     void keepTime();
 
-    // Run with the lock held, on an open connection.
+    // Run with the lock held, on an open connection. A reading body may be run twice.
     template <typename Body>
     auto reading(Body&& body) -> decltype(body());
     template <typename Body>
@@ -143,6 +143,46 @@ private:
 
     std::atomic<std::uint64_t> m_changes{1};
 };
+
+template <typename Body>
+auto Store::reading(Body&& body) -> decltype(body())
+{
+    const Lock lock(m_mutex);
+    connect();
+    try {
+        return body();
+    } catch (const SqlFailure& failure) {
+        noteDamage(failure);
+        if (m_db)
+            throw;
+    }
+    // The file was damaged: once more on what could be saved of it.
+    connect();
+    return body();
+}
+
+template <typename Body>
+auto Store::writing(Body&& body) -> decltype(body())
+{
+    Lock lock(m_mutex);
+    connect();
+    try {
+        startWriting(lock);
+        // Every write is one statement, so that a failing one leaves nothing half done behind.
+        const auto result = body();
+        if (m_transaction != Transaction::Open)
+            commit();
+        return result;
+    } catch (const Failure& failure) {
+        if (m_db && m_db->inTransaction() && m_transaction != Transaction::Open)
+            rollback();
+        else if (m_db && !m_db->inTransaction() && m_transaction == Transaction::Open &&
+                 dynamic_cast<const SqlFailure*>(&failure) != nullptr)
+            breakTransaction(failure);
+        noteDamage(failure);
+        throw;
+    }
+}
 
 } // namespace orva
 

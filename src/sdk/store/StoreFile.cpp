@@ -104,11 +104,12 @@ void Store::prepareOpened()
         throw;
     }
     if (m_suspect) {
-        m_suspect = false;
         const std::vector<std::string> problems = problemsOf(*m_db);
         if (!problems.empty())
             throw SqlFailure(SQLITE_CORRUPT, "the integrity check failed: " + problems.front());
+        m_suspect = false;
     }
+    m_db->learnEncoding();
     m_inode = inodeOf(m_path);
     m_dataVersion = m_db->queryInt("PRAGMA data_version");
     m_count = -1;
@@ -242,6 +243,7 @@ void Store::restore(const std::string& path)
     }
     // Identifiers given out since the backup stay given out.
     configureConnection(*m_db);
+    m_db->learnEncoding();
     m_count = -1;
     ++m_changes;
     reloadCounters();

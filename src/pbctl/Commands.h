@@ -1,0 +1,28 @@
+#ifndef PBCTL_COMMANDS_H
+#define PBCTL_COMMANDS_H
+
+#include "Arguments.h"
+
+namespace pbctl
+{
+
+// Exit codes.
+constexpr int done = 0;
+constexpr int failed = 1;
+constexpr int misused = 2;
+constexpr int partlyDone = 3; // some contacts did not come in
+
+// One function a command; each gives the exit code, or throws UsageError or SdkError.
+int runList(const Arguments& arguments);
+int runAdd(const Arguments& arguments);
+int runGroups(const Arguments& arguments);
+int runImport(const Arguments& arguments);
+int runExport(const Arguments& arguments);
+int runInfo(const Arguments& arguments);
+int runCheck(const Arguments& arguments);
+int runBackup(const Arguments& arguments);
+int runRestore(const Arguments& arguments);
+
+} // namespace pbctl
+
+#endif // PBCTL_COMMANDS_H

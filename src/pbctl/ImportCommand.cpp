@@ -1,0 +1,206 @@
+// import.
+
+#include <algorithm>
+#include <cstdio>
+#include <map>
+#include <strings.h>
+
+#include "Commands.h"
+#include "Groups.h"
+#include "Sdk.h"
+#include "csv/ColumnGuess.h"
+#include "csv/LocalText.h"
+
+namespace pbctl
+{
+
+namespace
+{
+
+constexpr int failuresShown = 20;
+
+std::vector<std::string> titlesOf(const std::string& file)
+{
+    const std::u16string path = toSdk(file);
+    int length = 0;
+    const long code = ORVA_PBSrv_GetFileFieldDescription(units(path), nullptr, &length);
+    if (code != 2)
+        throw SdkError("reading " + file, code);
+    std::string text(static_cast<std::size_t>(length), '\0');
+    check(ORVA_PBSrv_GetFileFieldDescription(units(path), text.data(), &length), "reading " + file);
+    std::vector<std::string> titles(1);
+    for (const char c : orva::fromLocal(text.c_str())) {
+        if (c == ',')
+            titles.emplace_back();
+        else
+            titles.back().push_back(c);
+    }
+    return titles;
+}
+
+int columnOf(const std::vector<std::string>& titles, const std::string& name)
+{
+    if (name.empty())
+        return -1;
+    const auto found = std::find_if(titles.begin(), titles.end(), [&name](const std::string& title) {
+        return strcasecmp(title.c_str(), name.c_str()) == 0;
+    });
+    if (found == titles.end())
+        throw UsageError("the file has no column \"" + name + "\"");
+    return static_cast<int>(found - titles.begin());
+}
+
+// What the titles say, then what --map KEY=TITLE says; "KEY=" leaves a field empty.
+std::vector<int> mapFor(const Arguments& arguments, const std::vector<Field>& fields,
+                        const std::vector<std::string>& titles, const orva::ColumnGuess& guess)
+{
+    std::vector<int> map;
+    map.reserve(fields.size());
+    for (const Field& field : fields)
+        map.push_back(guess.forLabel(field.labelId));
+    for (const std::string& entry : arguments.values("map")) {
+        const std::size_t equals = entry.find('=');
+        const std::string key = entry.substr(0, equals);
+        const auto field = std::find_if(fields.begin(), fields.end(), [&key](const Field& candidate) {
+            return strcasecmp(candidate.key.c_str(), key.c_str()) == 0;
+        });
+        if (equals == std::string::npos || field == fields.end())
+            throw UsageError("--map takes FIELD=TITLE, not \"" + entry + "\"");
+        map[static_cast<std::size_t>(field - fields.begin())] = columnOf(titles, entry.substr(equals + 1));
+    }
+    if (std::all_of(map.begin(), map.end(), [](int entry) { return entry < 0; }))
+        throw UsageError("no column is known by its title; say which with --map FIELD=TITLE");
+    return map;
+}
+
+// Group names by the line of the contact: the file is read once more, with the column of groups where notes go. The
+// memory has to be the PC's, whose notes are long.
+std::map<int, std::string> groupsByLine(const std::string& file, const std::vector<Field>& fields, int column)
+{
+    std::map<int, std::string> groups;
+    const auto note =
+        std::find_if(fields.begin(), fields.end(), [](const Field& field) { return field.labelId == "ID_STR_NOTES"; });
+    if (column < 0 || note == fields.end())
+        return groups;
+    std::vector<int> map(fields.size(), -1);
+    map[static_cast<std::size_t>(note - fields.begin())] = column;
+    Handle set(ORVA_PBSrv_AddrRecordSet_Release);
+    const long code = ORVA_PBSrv_ImportFromFile(units(toSdk(file)), map.data(), ORVA_MEMORY_LOCAL, set.out());
+    if (code == ORVA_E_FORMAT) // nobody is in a group
+        return groups;
+    check(code, "reading " + file);
+    forEachRecord(set.get(), {*note}, [&groups](int line, const std::vector<std::u16string>& values) {
+        groups.emplace(line, toUtf8(values.front()));
+    });
+    return groups;
+}
+
+// Cuts a name so that a card or device takes it.
+void fitName(int memory, const std::vector<Field>& fields, std::vector<std::u16string>& values)
+{
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        if (fields[i].kind != "Name")
+            continue;
+        if (memory != ORVA_MEMORY_CARD)
+            values[i].resize(std::min(values[i].size(), static_cast<std::size_t>(std::max(fields[i].maxLength, 0))));
+        short length = 0;
+        while (memory == ORVA_MEMORY_CARD && !values[i].empty() &&
+               ORVA_PBSrv_PBContentCodingJudge(units(values[i]), static_cast<short>(values[i].size()), true, false,
+                                               &length) == ORVA_OK &&
+               length > fields[i].maxLength)
+            values[i].pop_back();
+    }
+}
+
+struct Source {
+    std::string name;
+    bool lines = false; // identifiers are lines of a file
+    std::map<int, std::string> groups;
+};
+
+// Stores the records of a set one by one and says what became of them.
+int store(const Arguments& arguments, const std::vector<Field>& fields, void* set, const Source& source)
+{
+    const int memory = arguments.memory();
+    const bool dry = arguments.has("dry-run");
+    int total = 0;
+    int added = 0;
+    bool full = false;
+    Groups groups;
+    Transaction transaction(memory);
+    forEachRecord(set, fields, [&](int line, std::vector<std::u16string> values) {
+        ++total;
+        if (full || dry) {
+            added += dry ? 1 : 0;
+            return;
+        }
+        fitName(memory, fields, values);
+        long failure = ORVA_OK;
+        const int id = addRecord(memory, fields, values, &failure);
+        if (failure != ORVA_OK) {
+            if (total - added <= failuresShown)
+                std::fprintf(stderr, "pbctl: %s %d: not taken: %s\n", source.lines ? "line" : "contact", line,
+                             explain(failure).c_str());
+            full = failure == ORVA_E_FULL;
+            return;
+        }
+        ++added;
+        transaction.wrote();
+        const auto names = source.groups.find(line);
+        if (names != source.groups.end())
+            join(groups, id, splitGroups(names->second));
+        join(groups, id, arguments.values("group"));
+    });
+    transaction.commit();
+    std::printf("%d of %d contacts %s %s into the %s\n", added, total, dry ? "would come from" : "taken from",
+                source.name.c_str(), memoryName(memory).c_str());
+    return added == total ? done : partlyDone;
+}
+
+int importApplication(const Arguments& arguments, const std::vector<Field>& fields)
+{
+    arguments.require(0, 0, {"memory", "from", "group", "dry-run"});
+    Source source;
+    source.name = arguments.value("from");
+    const char* application = source.name == "evolution"     ? "Outlook"
+                              : source.name == "thunderbird" ? "Outlook Express"
+                                                             : nullptr;
+    if (application == nullptr)
+        throw UsageError("--from takes evolution or thunderbird, not \"" + source.name + "\"");
+    if (ORVA_PBSrv_IsOutlookInstalled(application) != ORVA_OK)
+        throw SdkError("importing from " + source.name, ORVA_E_NOT_FOUND);
+    std::vector<int> map;
+    for (std::size_t i = 0; i < fields.size(); ++i)
+        map.push_back(static_cast<int>(i));
+    Handle set(ORVA_PBSrv_AddrRecordSet_Release);
+    check(ORVA_PBSrv_ImportFromOutlook(units(toSdk(application)), map.data(), arguments.memory(), set.out()),
+          "importing from " + source.name);
+    return store(arguments, fields, set.get(), source);
+}
+
+} // namespace
+
+int runImport(const Arguments& arguments)
+{
+    const int memory = arguments.memory();
+    if (arguments.has("group") && memory != ORVA_MEMORY_LOCAL)
+        throw UsageError("only the PC's phonebook has groups");
+    const std::vector<Field> fields = fieldsOf(memory);
+    if (arguments.has("from"))
+        return importApplication(arguments, fields);
+    arguments.require(1, 1, {"memory", "map", "group", "no-groups", "dry-run"});
+    const std::string file = arguments.words()[1];
+    const std::vector<std::string> titles = titlesOf(file);
+    const orva::ColumnGuess guess(titles);
+    std::vector<int> map = mapFor(arguments, fields, titles, guess);
+    Handle set(ORVA_PBSrv_AddrRecordSet_Release);
+    check(ORVA_PBSrv_ImportFromFile(units(toSdk(file)), map.data(), memory, set.out()), "reading " + file);
+    Source source;
+    source.name = file;
+    source.lines = true;
+    if (memory == ORVA_MEMORY_LOCAL && !arguments.has("no-groups"))
+        source.groups = groupsByLine(file, fields, guess.groups());
+    return store(arguments, fields, set.get(), source);
+}
+
+} // namespace pbctl

@@ -1,0 +1,58 @@
+// info.
+
+#include <cstdio>
+
+#include "Commands.h"
+#include "Groups.h"
+#include "Sdk.h"
+
+namespace pbctl
+{
+
+namespace
+{
+
+void printMemory(int memory)
+{
+    std::printf("%s\n", memoryName(memory).c_str());
+    int size = 0;
+    int capacity = 0;
+    long code = ORVA_PBSrv_GetSize(memory, &size);
+    if (code == ORVA_OK)
+        code = ORVA_PBSrv_GetCapacity(memory, &capacity);
+    if (code != ORVA_OK) {
+        std::printf("  %s\n", explain(code).c_str());
+        return;
+    }
+    std::printf("  contacts  %d of %d\n", size, capacity);
+    if (memory == ORVA_MEMORY_LOCAL)
+        std::printf("  groups    %zu\n", Groups().all().size());
+    std::printf("  fields   ");
+    for (const Field& field : fieldsOf(memory))
+        std::printf(" %s (%d)", field.key.c_str(), field.maxLength);
+    std::printf("\n");
+}
+
+} // namespace
+
+int runInfo(const Arguments& arguments)
+{
+    arguments.require(0, 0, {"memory"});
+    if (arguments.has("memory")) {
+        printMemory(arguments.memory());
+        return done;
+    }
+    for (const int memory : {ORVA_MEMORY_LOCAL, ORVA_MEMORY_CARD, ORVA_MEMORY_DEVICE})
+        printMemory(memory);
+    std::printf("import from\n");
+    const char* const applications[][2] = {{"evolution", "Outlook"}, {"thunderbird", "Outlook Express"}};
+    for (const auto& application : applications)
+        std::printf("  %-12s%s\n", application[0],
+                    ORVA_PBSrv_IsOutlookInstalled(application[1]) == ORVA_OK ? "yes" : "not here");
+    unsigned short* folder = nullptr;
+    check(ORVA_GetLogDirectory(&folder), "asking for the log folder");
+    std::printf("log files\n  %s\n", takeUtf8(folder).c_str());
+    return done;
+}
+
+} // namespace pbctl

@@ -1,0 +1,119 @@
+// list, add and groups.
+
+#include <algorithm>
+#include <cstdio>
+#include <strings.h>
+
+#include "Commands.h"
+#include "Groups.h"
+#include "Sdk.h"
+
+namespace pbctl
+{
+
+namespace
+{
+
+// A value on one line of tab-separated columns.
+std::string escaped(const std::string& value)
+{
+    std::string out;
+    for (const char c : value) {
+        if (c == '\n')
+            out += "\\n";
+        else if (c == '\r')
+            out += "\\r";
+        else if (c == '\t')
+            out += "\\t";
+        else if (c == '\\')
+            out += "\\\\";
+        else
+            out.push_back(c);
+    }
+    return out;
+}
+
+void printRecord(int id, const std::vector<std::u16string>& values)
+{
+    std::printf("%d", id);
+    for (const std::u16string& value : values)
+        std::printf("\t%s", escaped(toUtf8(value)).c_str());
+    std::printf("\n");
+}
+
+} // namespace
+
+int runList(const Arguments& arguments)
+{
+    arguments.require(0, 0, {"memory", "group"});
+    const int memory = arguments.memory();
+    const std::vector<Field> fields = fieldsOf(memory);
+    std::vector<int> wanted;
+    const bool all = !arguments.has("group");
+    if (!all) {
+        if (memory != ORVA_MEMORY_LOCAL)
+            throw UsageError("only the PC's phonebook has groups");
+        wanted = Groups().at(arguments.value("group")).members;
+        std::sort(wanted.begin(), wanted.end());
+    }
+    std::printf("ID");
+    for (const Field& field : fields)
+        std::printf("\t%s", field.key.c_str());
+    std::printf("\n");
+    forEachRecord(memory, fields, [&](int id, const std::vector<std::u16string>& values) {
+        if (all || std::binary_search(wanted.begin(), wanted.end(), id))
+            printRecord(id, values);
+    });
+    return done;
+}
+
+int runAdd(const Arguments& arguments)
+{
+    arguments.require(1, 100, {"memory", "group"});
+    const int memory = arguments.memory();
+    const std::vector<Field> fields = fieldsOf(memory);
+    std::vector<std::u16string> values(fields.size());
+    for (auto word = arguments.words().begin() + 1; word != arguments.words().end(); ++word) {
+        const std::size_t equals = word->find('=');
+        const std::string key = word->substr(0, equals);
+        const auto field = std::find_if(fields.begin(), fields.end(), [&](const Field& candidate) {
+            return strcasecmp(candidate.key.c_str(), key.c_str()) == 0;
+        });
+        if (equals == std::string::npos || field == fields.end()) {
+            std::string keys;
+            for (const Field& known : fields)
+                keys += " " + known.key + "=...";
+            throw UsageError("what is \"" + *word + "\"? The fields are" + keys);
+        }
+        values[static_cast<std::size_t>(field - fields.begin())] = toSdk(word->substr(equals + 1));
+    }
+    if (arguments.has("group") && memory != ORVA_MEMORY_LOCAL)
+        throw UsageError("only the PC's phonebook has groups");
+    long failure = ORVA_OK;
+    const int id = addRecord(memory, fields, values, &failure);
+    check(failure, "adding the contact");
+    if (arguments.has("group")) {
+        Groups groups;
+        join(groups, id, arguments.values("group"));
+    }
+    std::printf("%d\n", id);
+    return done;
+}
+
+int runGroups(const Arguments& arguments)
+{
+    arguments.require(0, 0, {"memory"});
+    if (arguments.memory() != ORVA_MEMORY_LOCAL)
+        throw UsageError("only the PC's phonebook has groups");
+    const Groups groups;
+    std::vector<const Group*> sorted;
+    for (const Group& group : groups.all())
+        sorted.push_back(&group);
+    std::sort(sorted.begin(), sorted.end(), [](const Group* a, const Group* b) { return a->path < b->path; });
+    std::printf("ID\tContacts\tGroup\n");
+    for (const Group* group : sorted)
+        std::printf("%d\t%zu\t%s\n", group->id, group->members.size(), escaped(group->path).c_str());
+    return done;
+}
+
+} // namespace pbctl

@@ -1,0 +1,111 @@
+#include <algorithm>
+#include <cstdio>
+#include <iterator>
+
+#include "Commands.h"
+#include "Sdk.h"
+#include "orva/orva_sim.h"
+
+using namespace pbctl;
+
+namespace
+{
+
+struct Command {
+    const char* name;
+    int (*run)(const Arguments& arguments);
+    const char* usage;
+    const char* help;
+};
+
+constexpr Command commands[] = {
+    {"list", runList, "[--memory M] [--group PATH]",
+     "Prints contacts, one a line, with tabs between the columns.\n"
+     "  --group PATH      only those in a group, such as Friends/Choir\n"},
+    {"add", runAdd, "[--memory M] [--group PATH]... FIELD=VALUE...",
+     "Adds a contact and prints its identifier, as in: pbctl add Name=\"Ada Byron\" Mobile=+441632960001\n"
+     "  --group PATH      puts it into a group, which is made if it is not there\n"},
+    {"import", runImport, "[--memory M] [OPTION]... FILE | --from APPLICATION",
+     "Takes contacts over from a file with titles in its first row (commas, semicolons or tabs) or from a mail\n"
+     "program on this computer. Columns are told by their titles; groups come from a column called \"Groups\",\n"
+     "\"Categories\" or the like, with \";\" between their names and \"/\" between a group and its sub-group.\n"
+     "  --map FIELD=TITLE takes a field from this column; \"FIELD=\" leaves it empty\n"
+     "  --group PATH      puts all of them into a group\n"
+     "  --no-groups       makes no groups from the file\n"
+     "  --dry-run         only counts\n"
+     "  --from NAME       evolution or thunderbird, instead of a file\n"},
+    {"export", runExport, "[--memory M] [--group PATH] FILE",
+     "Writes contacts to a file that spreadsheet and mail programs read.\n"
+     "  --group PATH      only those in a group\n"},
+    {"groups", runGroups, "", "Prints the groups of the PC's phonebook and how many contacts each has.\n"},
+    {"info", runInfo, "[--memory M]", "Prints how full the memories are and which fields they have.\n"},
+    {"check", runCheck, "[--memory M]", "Looks for damage in the file of a memory.\n"},
+    {"backup", runBackup, "[--memory M] FILE", "Copies a memory to a file, whatever else is going on.\n"},
+    {"restore", runRestore, "[--memory M] FILE",
+     "Puts a backup in place of a memory; what was there before is put aside.\n"},
+};
+
+constexpr const char* commonHelp = "  --memory M        local (the PC's phonebook, the default), card or device\n"
+                                   "  --data-dir DIR    the folder with the data, instead of the user's own\n"
+                                   "  --help            this\n"
+                                   "\n"
+                                   "Exit code: 0 done, 1 failed, 2 misused, 3 some contacts could not be taken.\n";
+
+void printHelp(const Command* command)
+{
+    if (command != nullptr) {
+        std::printf("Usage: pbctl %s %s\n\n%s%s", command->name, command->usage, command->help, commonHelp);
+        return;
+    }
+    std::printf("Usage: pbctl COMMAND [OPTION]... [ARGUMENT]...\n\nThe phonebook from the command line.\n\n");
+    for (const Command& known : commands)
+        std::printf("  %-8s %s\n", known.name, known.usage);
+    std::printf("\n%s\"pbctl COMMAND --help\" says more.\n", commonHelp);
+}
+
+const Command* findCommand(const std::string& name)
+{
+    const auto* const found = std::find_if(std::begin(commands), std::end(commands),
+                                           [&name](const Command& command) { return name == command.name; });
+    return found == std::end(commands) ? nullptr : found;
+}
+
+int run(const Arguments& arguments)
+{
+    std::vector<std::string> words = arguments.words();
+    const bool asksForHelp = arguments.has("help") || (!words.empty() && words[0] == "help");
+    if (!words.empty() && words[0] == "help")
+        words.erase(words.begin());
+    const Command* command = words.empty() ? nullptr : findCommand(words[0]);
+    if (!words.empty() && command == nullptr)
+        throw UsageError("unknown command \"" + words[0] + "\"");
+    if (asksForHelp) {
+        printHelp(command);
+        return done;
+    }
+    if (command == nullptr)
+        throw UsageError("a command is missing");
+    if (arguments.has("data-dir"))
+        check(ORVA_Sim_Reset(arguments.value("data-dir").c_str()), "choosing the data folder");
+    return command->run(arguments);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    int code = failed;
+    try {
+        code = run(Arguments(argc, argv));
+    } catch (const UsageError& error) {
+        std::fprintf(stderr, "pbctl: %s\nTry \"pbctl --help\".\n", error.what());
+        return misused;
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "pbctl: %s\n", error.what());
+    }
+    if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
+        std::fprintf(stderr, "pbctl: the output could not be written\n");
+        return failed;
+    }
+    return code;
+}

@@ -1,0 +1,54 @@
+#ifndef SDK_CSV_CONTACTROWS_H
+#define SDK_CSV_CONTACTROWS_H
+
+#include <string>
+#include <vector>
+
+#include "csv/RowReader.h"
+#include "memories/Profile.h"
+#include "memories/RowBlock.h"
+
+namespace orva
+{
+
+// Where each field of a memory comes from, as ORVA_PBSrv_ImportFromFile describes it.
+class FieldMap
+{
+public:
+    // `map` has an entry for each field of the profile.
+    FieldMap(const Profile& profile, const int* map);
+
+    int fields() const { return static_cast<int>(m_sources.size()); }
+
+    // Adds a row to `into` by the number of its line. False, and nothing added, if none of its fields has a value, or a
+    // column that is needed is no text. A note is cut to what its field holds. Either is reported.
+    bool add(const Row& row, RowBlock& into, const RowReader::Report& report);
+
+private:
+    struct Source {
+        int first;
+        int second;
+        bool number;
+        bool email;
+        std::size_t noteUnits; // that a note may have; 0 for other fields
+    };
+
+    bool readValue(const Row& row, const Source& source);
+    void cutValue(std::size_t units);
+
+    std::vector<Source> m_sources;
+    std::u16string m_value;
+};
+
+// A map entry that joins two columns by a blank, such as first and last name.
+int joinedColumns(int first, int second);
+
+// Reads the records of a file: its rows but the first. Rows that cannot be read are reported and passed over, and so,
+// without a report, are rows that have nothing in the mapped columns. Failure(ORVA_E_FORMAT) if no row is left,
+// ORVA_E_TOO_LONG for more than a million rows or 256 MB of text.
+RowBlock readContacts(const std::string& path, const Profile& profile, const int* map, const RowReader::Report& report,
+                      const ReaderLimits& limits = ReaderLimits());
+
+} // namespace orva
+
+#endif // SDK_CSV_CONTACTROWS_H

@@ -1,0 +1,26 @@
+#ifndef SDK_CSV_UNICODE_H
+#define SDK_CSV_UNICODE_H
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace orva
+{
+
+// Appends a code point as UTF-8. A surrogate or a value beyond U+10FFFF becomes U+FFFD.
+void appendUtf8(char32_t point, std::string& out);
+
+// Appends UTF-16 as UTF-8; a lone surrogate becomes U+FFFD.
+void appendUtf8(std::u16string_view text, std::string& out);
+
+// Appends UTF-8 as UTF-16. False, and `out` as it was, for text that is not well-formed or holds a zero.
+bool appendUtf16(std::string_view text, std::u16string& out);
+
+// Length of the well-formed UTF-8 that `text` begins with, one sequence or a run of ASCII; 0 if it begins with none.
+// For a sequence that the end of the text cuts off, 0 and *cut set.
+std::size_t utf8Piece(std::string_view text, bool* cut = nullptr);
+
+} // namespace orva
+
+#endif // SDK_CSV_UNICODE_H
