@@ -33,6 +33,8 @@ function(linkhand_plugin name)
     LIBRARY_OUTPUT_DIRECTORY ${LINKHAND_PLUGIN_OUTPUT}
     BUILD_RPATH "$ORIGIN/../lib" INSTALL_RPATH "$ORIGIN/../lib")
   target_link_libraries(${name} PRIVATE linkhand_include linkhand_qtwidgets core)
+  # The host refuses a plug-in that others may write, whatever the builder's umask.
+  add_custom_command(TARGET ${name} POST_BUILD COMMAND chmod go-w $<TARGET_FILE:${name}>)
   install(TARGETS ${name} LIBRARY DESTINATION ${LINKHAND_INSTALL_DIR}/plugins)
   add_dependencies(program ${name})
 endfunction()

@@ -8,8 +8,288 @@
         <translation>Cancel</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARD_INSERTED</source>
+        <translation>SIM card inserted</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CLOSE</source>
+        <translation>Close</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_COLUMN_KIND</source>
+        <translation>Kind</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_COLUMN_TEXT</source>
+        <translation>Text</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_COLUMN_TIME</source>
+        <translation>Written</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_COLUMN_TO</source>
+        <translation>To</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_DELETE</source>
+        <translation>Delete</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_DELETE_QUESTION</source>
+        <translation>Delete the selected message?</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_DEVICE</source>
+        <translation>Device</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_DEVICE_ATTACHED</source>
+        <translation>Device attached</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_DEVICE_HINT</source>
+        <translation>No modem is connected. These switches stand in for what one would report.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_DEVICE_TIP</source>
+        <translation>Show or hide the switches of the simulated device</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_DEVICE_TITLE</source>
+        <translation>Simulated device</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_KIND_MMS</source>
+        <translation>MMS</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_KIND_SMS</source>
+        <translation>SMS</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_LANGUAGE</source>
+        <translation>Language</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_LANGUAGE_TIP</source>
+        <translation>Choose the language</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_MODE</source>
+        <translation>Product</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_MODE_SIM</source>
+        <translation>With SIM card</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_MODE_UIM</source>
+        <translation>With UIM card</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_NETWORK_ON</source>
+        <translation>Registered in the network</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_NEW_MMS</source>
+        <translation>New MMS</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_NEW_SMS</source>
+        <translation>New SMS</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_NOTICES_TIP</source>
+        <translation>Show the latest notices</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_OUTBOX</source>
+        <translation>Outbox</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_OUTBOX_FAILED</source>
+        <translation>The outbox could not be written.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_OUTBOX_HINT</source>
+        <translation>Messages wait here: no modem is connected, and nothing has been sent.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PAGE_AddrBookUIPlugin</source>
+        <translation>Phonebook</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PAGE_FAILED</source>
+        <translation>This page cannot be shown: the plug-in “%1” is missing or did not start.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PAGE_Messages</source>
+        <translation>Messages</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PAGE_VoiceCallPlugin</source>
+        <translation>Calls</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PIN</source>
+        <translation>PIN of the card</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PIN_BLOCKED</source>
+        <translation>Blocked</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PIN_OFF</source>
+        <translation>Not asked for</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PIN_READY</source>
+        <translation>Given, card ready</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PIN_REQUIRED</source>
+        <translation>Required</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PLUGIN_BUILDKEY</source>
+        <translation>The plug-in was built for another system or compiler: %1.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PLUGIN_INIT</source>
+        <translation>The plug-in could not start.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PLUGIN_INTERFACE</source>
+        <translation>The plug-in lacks the interface that this program needs.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PLUGIN_LOAD</source>
+        <translation>The plug-in could not be loaded: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PLUGIN_NO_LIBRARY</source>
+        <translation>The file is not a shared library.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PLUGIN_NO_VERIFICATION</source>
+        <translation>The file is no plug-in of this program: it does not tell which Qt it was built for.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PLUGIN_OWNER</source>
+        <translation>The file belongs to another user and was not loaded.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PLUGIN_TWICE</source>
+        <translation>Another plug-in with the same identifier is loaded already.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PLUGIN_UNREADABLE</source>
+        <translation>The file cannot be read.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PLUGIN_VERSION</source>
+        <translation>The plug-in was built for Qt %1, which is not the Qt of this program.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PLUGIN_WRITABLE</source>
+        <translation>Others may write the file; it was not loaded. Take that right away (chmod go-w) if you trust the file.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PROBLEMS</source>
+        <translation>Problems</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PROBLEMS_COUNT</source>
+        <translation>%1 problem(s)</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PROBLEMS_HEAD</source>
+        <translation>Linkhand works, but the following did not:</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PROBLEM_DAMAGED</source>
+        <translation>A store was damaged. It is kept as this file, and what could be read of it was taken over into a new one.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PROBLEM_FILE</source>
+        <translation>The file is missing; reinstall Linkhand to get it back.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PROBLEM_FOLDER_CREATE</source>
+        <translation>The data folder could not be created. Contacts and messages cannot be kept.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PROBLEM_FOLDER_WRITE</source>
+        <translation>The data folder cannot be written. Changes to contacts and messages cannot be kept.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PROBLEM_OUTBOX</source>
+        <translation>The outbox was damaged. It is kept as this file, and a new one was begun.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PROBLEM_STORE</source>
+        <translation>The phonebook could not be opened (code %1).</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PROBLEM_STORE_NEWER</source>
+        <translation>The phonebook was written by a newer release of Linkhand and was left as it is.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_RADIO_ON</source>
+        <translation>Radio on</translation>
+    </message>
+    <message>
         <source>IDS_HOST_SEARCH_HINT</source>
         <translation>Search contacts</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_SPEED</source>
+        <translation>Speed of card and device</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_SPEED_INSTANT</source>
+        <translation>Instant</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_SPEED_REAL</source>
+        <translation>10 ms a contact</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_SPEED_SLOW</source>
+        <translation>100 ms a contact</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATUS_CARD</source>
+        <translation>Card ready</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATUS_CARD_LOCKED</source>
+        <translation>Card locked</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATUS_DEVICE</source>
+        <translation>Device attached</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATUS_NO_CARD</source>
+        <translation>No card</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATUS_NO_DEVICE</source>
+        <translation>No device</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATUS_OFFLINE</source>
+        <translation>Offline</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATUS_ONLINE</source>
+        <translation>Online</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_TITLE</source>
+        <translation>Linkhand</translation>
     </message>
     <message>
         <source>IDS_OK</source>
@@ -441,6 +721,193 @@
     <message>
         <source>Save As</source>
         <translation>Save as</translation>
+    </message>
+</context>
+<context>
+    <name>SMSUIPlugin</name>
+    <message>
+        <source>IDS_ADD_RECIPIENTS</source>
+        <translation>Add recipients…</translation>
+    </message>
+    <message>
+        <source>IDS_BAD_NUMBER</source>
+        <translation>A recipient is not a phone number.</translation>
+    </message>
+    <message>
+        <source>IDS_CLOSE</source>
+        <translation>Close</translation>
+    </message>
+    <message>
+        <source>IDS_IN_OUTBOX</source>
+        <translation>SMS to %1 recipient(s) put into the outbox</translation>
+    </message>
+    <message>
+        <source>IDS_LENGTH</source>
+        <translation>%1 characters, %2 message(s)</translation>
+    </message>
+    <message>
+        <source>IDS_SAVE_NUMBER</source>
+        <translation>Save number…</translation>
+    </message>
+    <message>
+        <source>IDS_SEND</source>
+        <translation>Send</translation>
+    </message>
+    <message>
+        <source>IDS_SEND_FAILED</source>
+        <translation>The message could not be put into the outbox.</translation>
+    </message>
+    <message>
+        <source>IDS_SEND_TIP</source>
+        <translation>Put the message into the outbox</translation>
+    </message>
+    <message>
+        <source>IDS_SUBJECT</source>
+        <translation>Subject:</translation>
+    </message>
+    <message>
+        <source>IDS_TITLE</source>
+        <translation>New SMS</translation>
+    </message>
+    <message>
+        <source>IDS_TO</source>
+        <translation>To:</translation>
+    </message>
+</context>
+<context>
+    <name>MMSUIPlugin</name>
+    <message>
+        <source>IDS_ADD_RECIPIENTS</source>
+        <translation>Add recipients…</translation>
+    </message>
+    <message>
+        <source>IDS_BAD_NUMBER</source>
+        <translation>A recipient is not a phone number.</translation>
+    </message>
+    <message>
+        <source>IDS_CLOSE</source>
+        <translation>Close</translation>
+    </message>
+    <message>
+        <source>IDS_IN_OUTBOX</source>
+        <translation>MMS to %1 recipient(s) put into the outbox</translation>
+    </message>
+    <message>
+        <source>IDS_SAVE_NUMBER</source>
+        <translation>Save number…</translation>
+    </message>
+    <message>
+        <source>IDS_SEND</source>
+        <translation>Send</translation>
+    </message>
+    <message>
+        <source>IDS_SEND_FAILED</source>
+        <translation>The message could not be put into the outbox.</translation>
+    </message>
+    <message>
+        <source>IDS_SEND_TIP</source>
+        <translation>Put the message into the outbox</translation>
+    </message>
+    <message>
+        <source>IDS_SUBJECT</source>
+        <translation>Subject:</translation>
+    </message>
+    <message>
+        <source>IDS_TITLE</source>
+        <translation>New MMS</translation>
+    </message>
+    <message>
+        <source>IDS_TO</source>
+        <translation>To:</translation>
+    </message>
+</context>
+<context>
+    <name>VoiceCallPlugin</name>
+    <message>
+        <source>IDS_CALL</source>
+        <translation>Call</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_FAILED</source>
+        <translation>The call could not be started. Check that the device is online and no other call is in progress.</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_STATE</source>
+        <translation>Call in progress, simulated</translation>
+    </message>
+    <message>
+        <source>IDS_COLUMN_DURATION</source>
+        <translation>Duration</translation>
+    </message>
+    <message>
+        <source>IDS_COLUMN_NUMBER</source>
+        <translation>Number</translation>
+    </message>
+    <message>
+        <source>IDS_COLUMN_TIME</source>
+        <translation>Started</translation>
+    </message>
+    <message>
+        <source>IDS_HANG_UP</source>
+        <translation>Hang up</translation>
+    </message>
+    <message>
+        <source>IDS_HINT</source>
+        <translation>No modem is connected: a call is shown until you hang up, and nobody hears it.</translation>
+    </message>
+    <message>
+        <source>IDS_TITLE</source>
+        <translation>Calls</translation>
+    </message>
+    <message>
+        <source>IDS_VIDEO_CALL</source>
+        <translation>Video call</translation>
+    </message>
+</context>
+<context>
+    <name>VideoCallPlugin</name>
+    <message>
+        <source>IDS_CALL_STATE</source>
+        <translation>Video call in progress, simulated</translation>
+    </message>
+    <message>
+        <source>IDS_HANG_UP</source>
+        <translation>Hang up</translation>
+    </message>
+    <message>
+        <source>IDS_TITLE</source>
+        <translation>Video call</translation>
+    </message>
+</context>
+<context>
+    <name>NotifyPlugin</name>
+    <message>
+        <source>IDS_CARD_CAME</source>
+        <translation>The card's phonebook is there</translation>
+    </message>
+    <message>
+        <source>IDS_CARD_WENT</source>
+        <translation>The card's phonebook has gone</translation>
+    </message>
+    <message>
+        <source>IDS_CONTACT_ADDED</source>
+        <translation>Contact added</translation>
+    </message>
+    <message>
+        <source>IDS_CONTACT_CHANGED</source>
+        <translation>Contact changed</translation>
+    </message>
+    <message>
+        <source>IDS_CONTACT_DELETED</source>
+        <translation>Contact deleted</translation>
+    </message>
+    <message>
+        <source>IDS_DEVICE_CAME</source>
+        <translation>The device's phonebook is there</translation>
+    </message>
+    <message>
+        <source>IDS_DEVICE_WENT</source>
+        <translation>The device's phonebook has gone</translation>
     </message>
 </context>
 </TS>

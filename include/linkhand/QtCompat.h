@@ -6,8 +6,14 @@
 #include <QtGlobal>
 
 #include <QByteArray>
+#include <QCoreApplication>
 #if QT_VERSION >= 0x050000
 #include <QLoggingCategory>
+#include <QStandardPaths>
+#else
+#include <QDesktopServices>
+#include <cstdio>
+#include <cstdlib>
 #endif
 #include <QDrag>
 #include <QFontMetrics>
@@ -45,6 +51,19 @@ inline QByteArray toAscii(const QString& strText)
 #endif
 }
 
+#if QT_VERSION < 0x050000
+// A message handler that lets all but debug output through.
+inline void dropDebugMessage(QtMsgType enType, const char* pszText)
+{
+    if (enType != QtDebugMsg) {
+        fprintf(stderr, "%s\n", pszText);
+    }
+    if (enType == QtFatalMsg) {
+        abort();
+    }
+}
+#endif
+
 // False while debug output goes nowhere.
 inline bool debugEnabled()
 {
@@ -55,6 +74,42 @@ inline bool debugEnabled()
 #endif
 }
 
+// Lets debug output through, or drops it before it is formatted where Qt can. Warnings always come through.
+inline void setDebugEnabled(bool bEnabled)
+{
+#if QT_VERSION >= 0x050000
+    QLoggingCategory::setFilterRules(QLatin1String(bEnabled ? "default.debug=true" : "default.debug=false"));
+#else
+    qInstallMsgHandler(bEnabled ? nullptr : &dropDebugMessage);
+#endif
+}
+
+// Called before the application object is made: pixels scale with the screen where Qt can do that.
+inline void prepareApplication()
+{
+#if QT_VERSION >= 0x050600
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+#endif
+}
+
+// How QString::split keeps empty parts.
+#if QT_VERSION >= 0x050e00
+const Qt::SplitBehavior KeepEmptyParts(Qt::KeepEmptyParts);
+#else
+const QString::SplitBehavior KeepEmptyParts = QString::KeepEmptyParts;
+#endif
+
+// The user's desktop folder.
+inline QString desktopFolder()
+{
+#if QT_VERSION >= 0x050000
+    return QStandardPaths::writableLocation(QStandardPaths::DesktopLocation);
+#else
+    return QDesktopServices::storageLocation(QDesktopServices::DesktopLocation);
+#endif
+}
+
 // Advance width of a text in pixels.
 inline int textWidth(const QFontMetrics& metrics, const QString& strText)
 {
@@ -62,17 +117,6 @@ inline int textWidth(const QFontMetrics& metrics, const QString& strText)
     return metrics.horizontalAdvance(strText);
 #else
     return metrics.width(strText);
-#endif
-}
-
-// A button in a QLineEdit that empties it; Qt 4 has none.
-template <typename LineEdit>
-inline void showClearButton(LineEdit* pEdit)
-{
-#if QT_VERSION >= 0x050200
-    pEdit->setClearButtonEnabled(true);
-#else
-    Q_UNUSED(pEdit);
 #endif
 }
 
@@ -87,6 +131,17 @@ inline bool connectTargetChanged(const QDrag* pDrag, const QObject* pReceiver, c
 #else
     Q_UNUSED(pszObjectSlot)
     return QObject::connect(pDrag, SIGNAL(targetChanged(QWidget*)), pReceiver, pszWidgetSlot);
+#endif
+}
+
+// A button in a QLineEdit that empties it; Qt 4 has none.
+template <typename LineEdit>
+inline void showClearButton(LineEdit* pEdit)
+{
+#if QT_VERSION >= 0x050200
+    pEdit->setClearButtonEnabled(true);
+#else
+    Q_UNUSED(pEdit);
 #endif
 }
 

@@ -1,6 +1,10 @@
 #include "MessageBox.h"
 
+#include <QLabel>
+#include <QLayout>
 #include <QPushButton>
+
+#include "MessageIcon.h"
 
 #include "linkhand/core/Change.h"
 
@@ -31,6 +35,12 @@ MessageBox::MessageBox(QMessageBox::Icon enIcon, QWidget* pParent, const QString
     // Names of contacts and files reach these texts; mark-up in them is text.
     setTextFormat(Qt::PlainText);
     setObjectName(QLatin1String("linkhand_MessageBox"));
+    if (layout() != nullptr)
+        layout()->setContentsMargins(16, 16, 16, 12);
+    // The label's name is Qt's; without it the box keeps the style's picture.
+    QLabel* pPicture = findChild<QLabel*>(QLatin1String("qt_msgboxex_icon_label"));
+    if (pPicture != nullptr && !MessageIcon::isInTheme(enIcon))
+        pPicture->setPicture(MessageIcon::draw(enIcon));
 }
 
 void MessageBox::setButtons(const QStringList& lstIds, bool bFirstIsDefault)
@@ -63,7 +73,7 @@ int MessageBox::answer() const
 void MessageBox::closeEvent(QCloseEvent* event)
 {
     // Past the base class, which would take the close for a click on the only button.
-    QDialog::closeEvent(event);
+    QDialog::closeEvent(event); // NOLINT(bugprone-parent-virtual-call)
 }
 
 void MessageBox::keyPressEvent(QKeyEvent* event)

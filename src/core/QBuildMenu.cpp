@@ -41,12 +41,17 @@ public:
             info.strId = item.strId;
             info.strName = item.strSubmenu;
             const QString strText = Change::tr(item.strId, m_strPlugin);
-            QMenu* pSubmenu = item.bOpensSubmenu ? pMenu->addMenu(strText) : nullptr;
-            info.pAction = pSubmenu != nullptr ? pSubmenu->menuAction() : pMenu->addAction(strText);
+            if (!item.bOpensSubmenu) {
+                info.pAction = pMenu->addAction(strText);
+                insert(item.iPlace, info);
+                continue;
+            }
+            QMenu& submenu = *pMenu->addMenu(strText);
+            info.pAction = submenu.menuAction();
             insert(item.iPlace, info);
-            const int iSubmenu = item.bOpensSubmenu ? m_file.submenu(iMenu, item.strSubmenu) : -1;
+            const int iSubmenu = m_file.submenu(iMenu, item.strSubmenu);
             if (iSubmenu >= 0)
-                fill(pSubmenu, iSubmenu);
+                fill(&submenu, iSubmenu);
         }
     }
 

@@ -26,7 +26,7 @@ const Default s_defaults[] = {
 QString userFile()
 {
     HostServices* pServices = Host::services();
-    const QString strFile = pServices != nullptr ? pServices->SettingsFile() : QString();
+    QString strFile = pServices != nullptr ? pServices->SettingsFile() : QString();
     if (!strFile.isEmpty())
         return strFile;
     // The XDG base directory specification has relative paths ignored.

@@ -21,7 +21,7 @@ class LINKHAND_CORE_API ExtendDialog : public QDialog
 
 public:
     ExtendDialog(QWidget* pParent, QFlags<Qt::WindowType> flags, enWidgetType enType);
-    ~ExtendDialog();
+    ~ExtendDialog() override;
 
     // Puts the content in; it becomes a child of the dialog. A second call replaces the first content, which
     // then belongs to the caller again.

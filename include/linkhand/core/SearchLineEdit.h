@@ -19,7 +19,7 @@ signals:
     void controlN();
 
 protected:
-    void keyPressEvent(QKeyEvent* event);
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     friend class ToolBarLogic;

@@ -10,6 +10,7 @@
 #include "logic/AddrBookUICommon.h"
 #include "logic/Log.h"
 #include "logic/Texts.h"
+#include "widgets/RowFont.h"
 
 namespace
 {
@@ -142,7 +143,10 @@ void AddrBookFieldMapDlg::setTableProperties(QTableWidget* ptable)
     ptable->setEditTriggers(QAbstractItemView::NoEditTriggers);
     ptable->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     ptable->horizontalHeader()->setTextElideMode(Qt::ElideRight);
+    ptable->horizontalHeader()->setHighlightSections(false);
     ptable->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    // The columns are as wide as the table; a frame would leave them a scroll bar.
+    ptable->setFrameShape(QFrame::NoFrame);
 }
 
 void AddrBookFieldMapDlg::setUpTables()
@@ -178,9 +182,14 @@ void AddrBookFieldMapDlg::setUpButtons()
 void AddrBookFieldMapDlg::layOutParts()
 {
     m_plabelTips->setWordWrap(true);
+    // The name of a file is no mark-up, and a long caption must not push the tables aside.
+    m_plabelSource->setTextFormat(Qt::PlainText);
+    m_plabelSource->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    m_plabelMemory->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     m_pGridLayout->setContentsMargins(5, 35, 5, 11);
     m_pGridLayout->setHorizontalSpacing(6);
     m_pGridLayout->setVerticalSpacing(0);
+    m_pGridLayout->setColumnStretch(0, 1);
     m_pGridLayout->addWidget(m_plabelTips, 0, 0, 1, 2);
     m_pGridLayout->addWidget(m_plabelSpacer, 2, 0, 1, 2);
     m_pGridLayout->addWidget(m_plabelSource, 4, 0);
@@ -190,10 +199,9 @@ void AddrBookFieldMapDlg::layOutParts()
 
     m_pButtonLayout->setContentsMargins(0, 11, 0, 0);
     m_pButtonLayout->setSpacing(15);
-    m_pButtonLayout->setAlignment(Qt::AlignRight);
     m_pButtonLayout->addWidget(m_pOkButton);
     m_pButtonLayout->addWidget(m_pCancelButton);
-    m_pGridLayout->addLayout(m_pButtonLayout, 6, 1);
+    m_pGridLayout->addLayout(m_pButtonLayout, 6, 1, Qt::AlignRight);
 }
 
 QTableWidget* AddrBookFieldMapDlg::table(int iTable) const
@@ -216,6 +224,7 @@ void AddrBookFieldMapDlg::SetRowHeight(int iTable, int iHeight)
         return;
     if (iHeight < ptable->verticalHeader()->minimumSectionSize())
         ptable->verticalHeader()->setMinimumSectionSize(iHeight);
+    fitFontToRows(ptable, iHeight);
     for (int iRow = 0; iRow < ptable->rowCount(); ++iRow)
         ptable->setRowHeight(iRow, iHeight);
 }

@@ -23,7 +23,7 @@ class AddrBookFieldMapDlg : public QObject
 
 public:
     explicit AddrBookFieldMapDlg(QObject* pParent = nullptr);
-    ~AddrBookFieldMapDlg();
+    ~AddrBookFieldMapDlg() override;
 
     // Builds the dialog; strTitle stands above the source's columns.
     void InitDialog(QWidget* pParent, _ORVA_EN_PHONEBOOK_MEMORY enMemory, QString strTitle);

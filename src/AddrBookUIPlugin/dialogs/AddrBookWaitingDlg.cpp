@@ -30,7 +30,7 @@ void ABWaitingDlg::CreateOuterFrame()
     // The window has no border of its own.
     m_pframeOuter->setFrameStyle(static_cast<int>(QFrame::Box) | static_cast<int>(QFrame::Plain));
     QPalette palette = m_pframeOuter->palette();
-    palette.setColor(QPalette::WindowText, palette.color(QPalette::Mid));
+    palette.setColor(QPalette::WindowText, palette.color(QPalette::Dark));
     m_pframeOuter->setPalette(palette);
     m_pframeOuter->lower();
 }

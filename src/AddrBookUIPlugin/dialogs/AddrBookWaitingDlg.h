@@ -46,7 +46,7 @@ public:
     static AddrBookWaitingDlg* GetWaitingDlgInstance(QWidget* pParent);
     static void Destroy();
 
-    ~AddrBookWaitingDlg();
+    ~AddrBookWaitingDlg() override;
 
     // Opens the dialog for an operation of iSteps steps, or starts it anew; returns at once.
     void ShowAnimation(QString strText, int iSteps);

@@ -11,12 +11,14 @@
 #include "logic/Log.h"
 #include "logic/Texts.h"
 #include "widgets/GridDelegate.h"
+#include "widgets/RowFont.h"
 
 namespace
 {
 enum { COLUMN_TYPE, COLUMN_VALUE, COLUMN_COUNT };
 
 const int ROW_HEIGHT = 14;
+const int MARGIN = 4; // leaves the two columns their width, so that no scroll bar is needed
 
 QTableWidgetItem* newCell(const QString& strText)
 {
@@ -89,6 +91,7 @@ void ChoosePhoneNumber::setUpTable()
 {
     m_ptableNumbers->horizontalHeader()->setTextElideMode(Qt::ElideRight);
     m_ptableNumbers->horizontalHeader()->setMinimumHeight(20);
+    m_ptableNumbers->horizontalHeader()->setHighlightSections(false);
     m_ptableNumbers->setColumnWidth(COLUMN_TYPE, 140);
     m_ptableNumbers->setColumnWidth(COLUMN_VALUE, 140);
     m_ptableNumbers->clearContents();
@@ -96,6 +99,7 @@ void ChoosePhoneNumber::setUpTable()
     m_ptableNumbers->setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_ptableNumbers->verticalHeader()->hide();
     m_ptableNumbers->verticalHeader()->setMinimumSectionSize(ROW_HEIGHT);
+    fitFontToRows(m_ptableNumbers, ROW_HEIGHT);
     m_ptableNumbers->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_ptableNumbers->setTabKeyNavigation(false);
     m_ptableNumbers->setItemDelegate(new GridDelegate(m_ptableNumbers));
@@ -120,6 +124,7 @@ void ChoosePhoneNumber::layOutParts()
 
     QVBoxLayout* playoutMain = new QVBoxLayout(m_pMainWidget);
     playoutMain->setObjectName(QLatin1String("ChoosePhoneNumber_layoutMain"));
+    playoutMain->setContentsMargins(MARGIN, MARGIN, MARGIN, MARGIN);
     playoutMain->addWidget(m_ptableNumbers);
     playoutMain->addWidget(pwidgetButton);
 

@@ -17,7 +17,7 @@ class ChoosePhoneNumber : public QObject
 
 public:
     explicit ChoosePhoneNumber(QObject* pParent = nullptr);
-    ~ChoosePhoneNumber();
+    ~ChoosePhoneNumber() override;
 
     // Shows the numbers with their labels, which run in parallel and are translated already; returns at once.
     void ShowPhoneNumDlg(QWidget* pParent, QStringList lstNumbers, QStringList lstTypes);

@@ -22,7 +22,7 @@ QString draggedIds(const QMimeData* pMimeData)
 {
     if (pMimeData == nullptr)
         return QString();
-    const QString strIds = QString::fromLatin1(pMimeData->data(dragIdsFormat()));
+    QString strIds = QString::fromLatin1(pMimeData->data(dragIdsFormat()));
     const QColor colour = QVariant(pMimeData->data(dragColourFormat())).value<QColor>();
     if (!colour.isValid() || !strIds.endsWith(dragSeparator(), Qt::CaseSensitive))
         return QString();

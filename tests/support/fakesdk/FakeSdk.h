@@ -134,7 +134,7 @@ public:
     static void fail(const QByteArray& name, int nth = 1, long code = ORVA_E_STORE);
     static void failAlways(const QByteArray& name, long code = ORVA_E_STORE);
 
-    // The kth call from now on, whatever it is, fails.
+    // The kth call from now on, whatever it is, fails; with code 0 it gives null, as below.
     static void failCall(int k, long code = ORVA_E_STORE);
 
     // The nth call of an operation returns 0 and gives null: a null handle, set, array or text; counts become 0.

@@ -1,0 +1,529 @@
+#ifndef ADDRBOOKUIPLUGIN_ADDRBOOKDLG_H
+#define ADDRBOOKUIPLUGIN_ADDRBOOKDLG_H
+
+#include <QIcon>
+#include <QKeySequence>
+#include <QList>
+#include <QPointer>
+#include <QSet>
+#include <QString>
+#include <QWidget>
+
+#include "linkhand/core/QBuildMenu.h"
+#include "linkhand/core/ToolBarLogic.h"
+#include "linkhand/plugin/IAddrBookUIPlugin.h"
+#include "linkhand/plugin/IDeviceMgr.h"
+#include "linkhand/plugin/IPluginContainer.h"
+#include "logic/AddrBookTypes.h"
+#include "worker/AddrBookThread.h"
+
+class QAction;
+class QMenu;
+class QShortcut;
+class QSplitter;
+class QTableWidget;
+class QTextBrowser;
+class QTreeWidgetItem;
+class QVBoxLayout;
+
+class AddrBookEditDlg;
+class AddrBookLogic;
+class AddrBookSelectContactsDlg;
+class AddrBookTableWidget;
+class AddrBookWaitingDlg;
+class ChoosePhoneNumber;
+class GridDelegate;
+class PBTreeWidget;
+class UITableItem;
+
+// The phonebook window: tree on the left; tool bar, contact table and preview on the right. The host re-parents it into
+// its page. Everything runs on the user-interface thread; workers and SDK events reach it as queued signals, so that no
+// member needs a lock.
+//
+// One .cpp a concern; a section of this header stands for one of them.
+class AddrBookDlg : public QWidget
+{
+    Q_OBJECT
+
+    // ---- Construction, language, device state (AddrBookDlg.cpp, AddrBookDlgStatus.cpp) -----------------------------
+public:
+    AddrBookDlg();
+
+    // Stops the workers and waits for each to end, at most for the record it has in hand.
+    ~AddrBookDlg() override;
+
+    // Builds the window, in two steps that are called once and in this order. pParent is not used: the window gets its
+    // parent when it is shown. Null if a part could not be made.
+    QWidget* InitWindow(QWidget* pParent);
+    void InitTree();
+
+    // Texts, shortcut keys and reading direction anew from the language files.
+    void SetLanguage();
+    QString tr(const QString& strId) const;
+
+    // The host's notices.
+    void OnSimDisabled(bool bIsSimDisabled);
+    void OnSysmodeChanged();
+
+    // The radio; true when it is off, in spite of the argument's name.
+    void OnRFStatusChanged(bool bIsRFEnabled);
+
+public slots:
+    void OnSimStatusChanged(bool bIsSimEnabled);
+    void OnAddrBookReady();
+    void OnAddrBookSimReady();
+    void OnAddrBookDeviceReady();
+    void OnDeviceStatusChanged(bool isDeviceConnected);
+    void OnNetStatusChanged(bool bIsNetSrvConnected);
+    void OnSplitterMoved(int pos, int index);
+    void getUpdateDeviceAndSimNode();
+
+signals:
+    // Nothing in this plug-in emits it.
+    void signalSimStatus(bool bIsSimEnabled);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void setArabicLanguage();
+    bool createPanes();
+    bool createPreview();
+    void connectStatusSlots();
+    void readRadio();
+    void stopReader();
+    void stopBatch();
+    void retranslateHeader();
+    void retranslateToolBar();
+    void removeSimNode(const char* szLog);
+    void removeDeviceNode(const char* szLog, unsigned int uiMsg);
+    void tellSelectContacts(bool bIsSimEnabled);
+    void cancelBatchOn(_ORVA_EN_PHONEBOOK_MEMORY enMemory);
+    bool isOnline() const { return m_bNetConnected && !m_bRFOff; }
+
+    // Connects to a slot of the window that may not be there; false if it is not.
+    bool joinFlow(const QObject* pSender, const char* szSignal, const char* szSlot);
+    bool hasSlot(const char* szSlot) const;
+
+    // ---- Tree (AddrBookDlgTree.cpp) --------------------------------------------------------------------------------
+public:
+    void SetTreeFocus();
+    void addTreeNode(QTreeWidgetItem** ppItem, _ORVA_EN_PHONEBOOK_MEMORY enType);
+
+    // Adds whatever memory node the SDK names and the tree lacks; the card's, with bCheckSim, only if it can be read.
+    void updateDeviceAndSimNode(bool bCheckSim);
+    bool setNodeText(QTreeWidgetItem* pItem, _ORVA_EN_PHONEBOOK_MEMORY enType, bool bShowCount);
+    void setLocalText();
+    void updateGroupInfoInTree(QTreeWidgetItem* pItem, AddrBookGroup* pGroup, _ORVA_EN_PHONEBOOK_MEMORY enType,
+                               qlonglong iNodeValue);
+    void rePaintTree();
+    void updateNodes();
+    bool isNodePresentInTree(QTreeWidgetItem* pItem) const;
+    bool isSimorDeviceNodeExist() const;
+    QTreeWidgetItem* getGroupAndParentIds(_ORVA_EN_PHONEBOOK_MEMORY& enType, int& iGroupId, int& iParentId,
+                                          QTreeWidgetItem* pItem) const;
+    QTreeWidgetItem* getGroupId(_ORVA_EN_PHONEBOOK_MEMORY& enType, int& iGroupId) const;
+
+public slots:
+    void OnTreeClicked(QTreeWidgetItem* item);
+    void OnTreeItemSelectionChanged();
+    void OnTreeItemEntered(QTreeWidgetItem* item);
+
+private:
+    void createTreeWidget();
+    void connectTree(const QObject* pDelegate);
+
+    // Each group that becomes a node belongs to its node.
+    void addGroupsToTree(QTreeWidgetItem* pParent, QList<AddrBookGroup*> lstGroups, int iParentId);
+    void readGroups();
+    void addListedNode(_ORVA_EN_PHONEBOOK_MEMORY enType, bool bCheckSim);
+    void repaintNode(QTreeWidgetItem* pItem, TreeNodeData* pData);
+    void setTreeData(qlonglong iData, int iColumn, bool bSorted, Qt::SortOrder enOrder, QTreeWidgetItem* pItem);
+    void setNodeLook(QTreeWidgetItem* pItem, int iFrame);
+    void setNodeCaption(QTreeWidgetItem* pItem, QString strText);
+    void getImageIconFromFile(const QString& strPath, int iFrame, QIcon& icon) const;
+    void setTreeColumnWidth(QTreeWidgetItem* pItem);
+    void setCorrectTreeWidth();
+    void deleteTreeVariantData();
+
+    // ---- Table and preview (AddrBookDlgTable.cpp, AddrBookDlgPreview.cpp)
+    // --------------------------------------------
+public:
+    void getFieldNames();
+    void getColumnCount(_ORVA_EN_PHONEBOOK_MEMORY enType, int& iCount) const;
+    void removeFieldNameAndInfo(QList<QString>& lstNames, QList<QString>& lstInfo, int iIndex) const;
+    void UpdateTableRecords(QTreeWidgetItem* pItem);
+    void addContactToTable(_ORVA_EN_PHONEBOOK_MEMORY enType, const AddrBookRecord& record, int iGroupId, int& iRow);
+    void setTableContent(_ORVA_EN_PHONEBOOK_MEMORY enType, const AddrBookRecord& record);
+    bool checkStrings(const QString& strText, const QString& strPrefix) const;
+    void constructPreview(int iRow, int iColumnCount, QString& strText, TableRowData* pData);
+    int tableSelectionStatus() const; // ADDRBOOK_ENABLE_TABLE_SINGLE, _MULTIPLE or _NONE
+
+public slots:
+    void OnAddContactToTable(int enType, qlonglong iData, int iGroupid, int iCurrentRow, int iColumnCount);
+    void OnReadFinished();
+    void OnTableClicked(int iRow, int iColumn);
+    void OnTableItemClicked();
+    void OnTableItemSelectionChanged();
+    void OnHeaderClicked(int iLogicalIndex);
+    void OnDragTargetChanged(QWidget* pwidgetTarget);
+
+private:
+    void constructTable(_ORVA_EN_PHONEBOOK_MEMORY enType);
+    UITableItem* constructTableHeader(int iColumn, const QString& strText);
+    void createNewTable();
+    void connectHandlersForTable();
+    void startThreadAndUpdateTable(_ORVA_EN_PHONEBOOK_MEMORY enType, int iGroupId);
+    void saveColumnState();
+    void restoreColumnState(int iSortSection);
+    void retireTable();
+    bool isCurrentReader() const;
+    bool matchesSearch(const AddrBookRecord& record, int iColumnCount) const;
+    bool fillRow(int iRow, _ORVA_EN_PHONEBOOK_MEMORY enType, const AddrBookRecord& record, int iGroupId,
+                 int iColumnCount, bool bCorrectParentheses);
+    void clearTable(AddrBookTableWidget* pTable);
+    void showNoRecord();
+    QString noRecordText() const;
+    void enableForPreview();
+    void disableSelectionItems();
+
+    // ---- Search box and tool bar (AddrBookDlgToolBar.cpp, AddrBookDlgSearch.cpp) -----------------------------------
+public:
+    void enableItem(int iId);
+    void disableItem(int iId);
+
+public slots:
+    void OnTBBtnClicked(int iId);
+    void OnShowHideSearchBox();
+    void OnTextEdited(const QString& strEditedText);
+
+private:
+    bool createToolBar(QWidget* pParent);
+    void connectToolBar();
+    void hideAbsentButtons();
+    void appendShortcuts();
+    void setButtonTip(int iId, const char* szTextId);
+    QAbstractButton* toolButton(int iId) const;
+    void createSendMenu();
+    QMenu* getSendMenu();
+    void addSendEntry(QMenu* pMenu, const QString& strId, const char* szSlot);
+    void destroyToolBar();
+    void deleteToolBarObjects();
+    void showSearchBox();
+    void hideSearchBox();
+    void updateTable(const QString& strText);
+    bool rowMatches(int iRow, const QString& strText) const;
+    void removeRows(int iFirst, int iLast);
+
+    // ---- Menus and shortcuts (AddrBookDlgMenus.cpp, AddrBookDlgShortcuts.cpp) --------------------------------------
+public:
+    QAction* getAction(const QString& strId, const QList<MENU::QActionInfo>& lstActions) const;
+    void updateTableSend(bool bEnable);
+    void updateTableCall(bool bEnable);
+    void enableOutlookMenu(bool bEnable, int iId);
+    void updateContextMenu(ADDRBOOK_ENABLE_STATUS enStatus);
+
+    // The text of an action with its key behind it, in the layout's direction.
+    void setShortCutToQAction(QAction* pAction, const QKeySequence& key) const;
+
+public slots:
+    void OnTableEmptyAreaRightClicked();
+    void OnShortKeySendSMS();
+    void OnShortKeySendMMS();
+    void OnShortKeyEditContact();
+    void OnShortKeyDel();
+    void OnShortKeyNewGroup();
+    void OnShortKeyRenameGroup();
+
+protected:
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void constructContextMenu();
+    void tableMenuConnect();
+    void treeMenuConnect();
+    void connectAction(const MENU::QActionInfo& info, const char* szSlot);
+    void tableMenuConnectCall(const MENU::QActionInfo& info, const QString& strPluginId);
+    void tableMenuConnectMMS(const MENU::QActionInfo& info, QMenu* pmenuSend);
+    void removeTreeMenuItem(const QString& strPluginId, const QString& strActionId);
+    void updateMenu(ADDRBOOK_ENABLE_STATUS enStatus, QAction* pactionRemove);
+    void updateTableMenu(bool bDetail, bool bDelete, bool bExportSelected);
+    void updateTreeMenu(bool bNew, bool bRename, bool bDelete);
+    void setTableActionEnabled(const char* szId, bool bEnable);
+    void setTreeActionEnabled(const char* szId, bool bEnable);
+    void tableContextMenuEvent(QContextMenuEvent* event);
+    void treeContextMenuEvent(QContextMenuEvent* event);
+    void supportShortcutsKeys();
+    void connectShortcutsKeysToSlot();
+    void setMenuShortCuts();
+
+    // ---- Contacts (AddrBookDlgContacts.cpp, AddrBookDlgBatches.cpp) ------------------------------------------------
+public:
+    // Lets the user save a number to the PC's phonebook; pParent, or the window, is the dialog's parent. Always 1.
+    int SaveNumberToAddrBook(QString strNumber, QWidget* pParent);
+
+    // Starts the worker on the rows selected: ADDRBOOK_OP_DELETE or ADDRBOOK_OP_REMOVE_FROM_GROUP.
+    void handleMultipleContact(_ADDRBOOK_OPERATION_TYPE enOperation);
+    void getContactInfoFromSDK(QTableWidgetItem* pItem, AddrBookRecord& record);
+    void enableDisableNewContact(int iTotal, int iUsed);
+    void checkMaxCapacity(_ORVA_EN_PHONEBOOK_MEMORY enType, bool bRefresh);
+
+    // Follows the cached figures by one record, without asking the SDK.
+    void checkMaxCapWithLocals(_ORVA_EN_PHONEBOOK_MEMORY enType, _ADDRBOOK_OPERATION_TYPE enOperation);
+
+public slots:
+    void OnButtonClickedNewContact();
+    void OnButtonClickedEditContact();
+    void OnOKBtnClickedNewEditContact(AddrBookEditDlg* pAddrBookEditDlg);
+    void OnButtonClickedDeleteContact();
+    void OnRemoveFromGroupClicked();
+    void OnDelResult(bool bVal, int iRecordId);
+
+    // Forwarders to the number picker; nothing is connected to them.
+    void OnAddSelectDialogContact(int iType, int iRecordId, int iGroupId);
+    void OnDeleteSelectDialogContact(int iType, int iRecordId);
+    void OnRemoveContactFromGroup(int iType, int iRecordId, int iGroupId);
+
+private:
+    void showNewContact(const AddrBookRecord& record);
+    void showChangedContact(_ORVA_EN_PHONEBOOK_MEMORY enMemory, const AddrBookRecord& record);
+    bool passesSearch(const AddrBookRecord& record) const;
+    bool capacityCache(_ORVA_EN_PHONEBOOK_MEMORY enType, int*& piUsed, int*& piTotal);
+    void releaseOrphanedBatch();
+    bool retireBatch();
+
+    // ---- Groups (AddrBookDlgGroups.cpp) ----------------------------------------------------------------------------
+public:
+    // Ends an open editor from outside: the text in it is saved, or the node goes.
+    void CloseEditor();
+
+    // Writes the editor's text to the store and puts the count behind it. False if the edit was undone.
+    bool saveGroupName(QString& strText, QTreeWidgetItem* pItem);
+
+    // Takes a node out of the tree and frees it with what is below it; nothing in the window names it afterwards.
+    void removeTreeItem(QTreeWidgetItem* pParent, QTreeWidgetItem* pItem);
+
+public slots:
+    void OnNewGroupClicked();
+    void OnRenameGroupClicked();
+    void OnDeleteGroupClicked();
+    void OnTreeDoubleClicked(QTreeWidgetItem* pItem);
+    void OnEditorClosed(QWidget* pwidgetEditor);
+
+private:
+    bool saveNewGroup(QString& strText, QTreeWidgetItem* pItem);
+    bool saveRenamedGroup(QString& strText, QTreeWidgetItem* pItem);
+    void undoGroupEdit(QTreeWidgetItem* pItem, bool bFitTree);
+    void forgetTreeItem(const QTreeWidgetItem* pItem);
+    void freeNodeData(QTreeWidgetItem* pItem);
+
+    // ---- Copies (AddrBookDlgCopy.cpp, AddrBookDlgBatches.cpp) ------------------------------------------------------
+public:
+    // What was dropped: iCount entries of the tree's drag list, two a contact.
+    void moveOrCopyAllContacts(int iCount, int iTargetGroup);
+    void moveOrCopyContactInLocal(int iSourceGroup, int iTargetGroup, int iRecordId, _ORVA_EN_PHONEBOOK_MEMORY enMemory,
+                                  bool bCopy);
+    void moveOrCopyContactBetweenType(QList<AddrBookRecord>& lstRecords, int iRecordId, QList<QString> lstSourceFields,
+                                      QList<QString> lstTargetFields);
+
+    // Cuts the name to what the target of the drag can hold.
+    void limitNameField(QList<QString> lstFieldNames, QList<QString>& lstValues);
+
+    // Splits one contact over as many records as it takes.
+    void constructRecordsForCopy(QList<AddrBookRecord>& lstRecords, QList<QString> lstSourceFields,
+                                 QList<QString> lstTargetFields, QList<QString> lstValues, int iRecordId);
+    void initThreadForMoveorCopy(bool bBetweenTypes, QList<AddrBookRecord> lstRecords, int iTargetGroup,
+                                 _ADDRBOOK_OPERATION_TYPE enOperation);
+    void showCopyCompletedAlert(int iTotal, int iSuccess);
+
+    // Keeps the phone numbers of the records for the notifications to come.
+    void copyContactsForPushNotify(QList<AddrBookRecord> lstRecords, _ORVA_EN_PHONEBOOK_MEMORY enMemory);
+
+public slots:
+    void OnAddResult(bool bSuccess, qlonglong iPtrRecord);
+    void OnFinished();
+
+private:
+    void showProgressBar(int iSteps);
+    void stopAtFullMemory();
+
+    // ---- Files and contact applications (AddrBookDlgFiles.cpp) -----------------------------------------------------
+public:
+    void getFileFieldDescription(QString strPath, QList<QString>& lstTitles);
+    void addImportedRecords(_ORVA_EN_PHONEBOOK_MEMORY enMemory, QList<AddrBookRecord> lstRecords, int iGroupId);
+    void ImportOutlookRecords(QString strSource);
+    void showFileDialog();
+    void OnFileSelected(QString strFile);
+    bool saveToFile(QString strFile); // always true
+
+public slots:
+    void OnClickImport();
+    void OnClickExportSelectedContacts();
+    void OnClickExportAllContacts();
+    void OnBnClickedBtnMOO();
+    void OnBnClickedBtnMOE();
+    void SetImportBtnState(_ORVA_EN_PHONEBOOK_MEMORY enMemory);
+
+private:
+    bool askFieldMap(const QString& strSource, _ORVA_EN_PHONEBOOK_MEMORY enMemory, const QList<QString>& lstTitles,
+                     QList<int>& lstFieldMap);
+    void showImportStart();
+    void finishReading(int iResult, _ORVA_EN_PHONEBOOK_MEMORY enMemory, const QList<AddrBookRecord>& lstRecords,
+                       int iGroupId);
+    void importFromApplication(const char* pActionId, const char* pSource, bool& bUsable);
+
+    // ---- Usage file (AddrBookDlgUsage.cpp) -------------------------------------------------------------------------
+public:
+    // Notes an item's element in the usage file; true when the file was written.
+    bool SavePBInfoForAgent(QString strItem, QString strName, QString strValue);
+
+    // ---- Send, call and notifications (AddrBookDlgSend.cpp, AddrBookDlgNotify.cpp) ---------------------------------
+public:
+    // The object that a sibling plug-in serves for a kind; null if it is not there.
+    QObject* getPlugin(const QString& strPluginId, int iKind);
+    IDeviceMgr* getDeviceMgrPlugin();
+    void sendSMS(ADDRBOOK_SEND_TYPE enType);
+    void sendMMS(ADDRBOOK_SEND_TYPE enType);
+
+    // Numbers with ";" between: of the rows selected, and of the node selected.
+    QString sendSingleSMS() const;
+    QString sendMultipleSMS() const;
+    void broadcastMsg(unsigned int uiMsg, unsigned int uiParam1, unsigned int uiParam2);
+    void pushNotify(unsigned int uiMsg, unsigned int uiParam1, unsigned int uiParam2);
+
+    // Tells of each number of the records that wait under this identifier, and takes them off the list.
+    void sendNotifyToSMS(int iRecordId, unsigned int uiMsg);
+
+    // Lets the user pick numbers. True, with the choice in lstNumbers, if the user confirmed.
+    bool OpenNumSelectDlg(bool bFlag, FIELD_TYPE enFieldType, QList<QString>& lstNumbers);
+
+    // True for a label of a phone field of the memory that the last row click or drag was in.
+    bool isPhoneField(const QString& strFieldName) const;
+    int getPhoneFieldCount(const QList<QString>& lstFieldNames) const;
+
+public slots:
+    void OnButtonClickedSendSMS();
+    void OnButtonClickedSendMMS();
+    void OnButtonClickedSendGroupSMS();
+    void OnButtonClickedSendGroupMMS();
+    void OnButtonClickedCall();
+
+private:
+    QString numbersFor(ADDRBOOK_SEND_TYPE enType) const;
+    QString cellText(int iRow, int iColumn) const;
+
+    // ---- Members ---------------------------------------------------------------------------------------------------
+private:
+    Q_DISABLE_COPY(AddrBookDlg)
+    friend struct AddrBookDlgAccess; // the tests' look at the members
+
+    // Capacity as last read, followed while a batch runs.
+    int m_iSimUsedCount = 0;
+    int m_iSimTotalCount = 0;
+    int m_iLocalUsedCount = 0;
+    int m_iLocalTotalCount = 0;
+    int m_iDeviceUsedCount = 0;
+    int m_iDeviceTotalCount = 0;
+
+    // The operation under way.
+    int m_iTotalRowCount = 0;
+    int m_iProcessedRowCount = 0;
+    int m_iSuccessRowCount = 0;
+    _ORVA_EN_PHONEBOOK_MEMORY m_enMemory = PB_MEM_LOCAL; // of the operation, or of the open dialog
+    int m_iGroupId = 0;
+    bool m_bThreadBusy = false;
+    QList<int> m_listPreviewSplitterSizes;
+    AddrBookThread m_threadWorker;
+    AddrBookThread* m_pthreadRead = nullptr;
+    AddrBookThread* m_pthreadReadOld = nullptr;
+    _ORVA_EN_PHONEBOOK_MEMORY m_enTableMemory = PB_MEM_LOCAL;
+    GridDelegate* m_pdelegateGrid = nullptr;
+    _ORVA_EN_PHONEBOOK_MEMORY m_enDragSourceMemory = PB_MEM_LOCAL;
+    _ORVA_EN_PHONEBOOK_MEMORY m_enDragTargetMemory = PB_MEM_LOCAL;
+    _ADDRBOOK_OPERATION_TYPE m_enOperation = ADDRBOOK_OP_DELETE;
+    _ADDRBOOK_OPERATION_TYPE m_enReadMode = ADDRBOOK_OP_NONE; // ADDRBOOK_OP_SEARCH while a reload for the search runs
+    QPointer<AddrBookWaitingDlg> m_pdlgWaiting;
+    AddrBookRecord m_recordCurrent = AddrBookRecord(); // edit and delete work on it
+    bool m_bNewContactEnabled = true;
+    QList<AddrBookRecord> m_listNotifyRecords;
+
+    // Widgets.
+    QWidget* m_pwidgetSplitter = nullptr;
+    QVBoxLayout* m_pvlayoutCentral = nullptr;
+    QVBoxLayout* m_pvlayoutRight = nullptr;
+    QSplitter* m_psplitterMain = nullptr;
+    PBTreeWidget* m_ptreePhonebook = nullptr;
+    QTreeWidgetItem* m_pitemEnteredTreeWidgetItem = nullptr;
+    QTreeWidgetItem* m_pitemLocalTreeWidgetItem = nullptr;
+    QTreeWidgetItem* m_pitemSimTreeWidgetItem = nullptr;
+    QTreeWidgetItem* m_pitemDeviceTreeWidgetItem = nullptr;
+    QTreeWidgetItem* m_pitemCurrentTreeWidgetItem = nullptr; // whose records the table holds or is loading
+    QSplitter* m_psplitterPreview = nullptr;
+    ChoosePhoneNumber* m_pdlgChoosePhone = nullptr;
+    AddrBookTableWidget* m_ptableContacts = nullptr;
+    AddrBookTableWidget* m_ptableContactsOld = nullptr;
+    QTextBrowser* m_plabelPreview = nullptr;
+    AddrBookLogic* m_pAddrBookLogic = nullptr;
+
+    // Tool bar.
+    QWidget* m_pwidgetToolBar = nullptr;
+    QList<ToolItem> m_listToolItems;
+    QButtonGroup* m_pbuttonGroup = nullptr;
+    SearchLineEdit* m_plineeditSearch = nullptr;
+    bool m_bSearchBoxShown = false;
+    QHBoxLayout* m_phlayoutToolBar = nullptr;
+    QLabel* m_plabelToolBar = nullptr;
+    IPluginContainer* m_pPluginContainer = nullptr;
+    bool m_bSimEnabled = false;
+    bool m_bNetConnected = false;
+    bool m_bRFOff = false;
+    bool m_bSubGroupSupported = false;
+
+    // Last answers about the contact applications.
+    bool m_bOutlookUsable = false;
+    bool m_bOutlookExpressUsable = false;
+
+    // Meant for an open number picker; no flow assigns it.
+    AddrBookSelectContactsDlg* m_pdlgSelectContacts = nullptr;
+
+    // The group editor.
+    QString m_strOldGroupName;
+    int m_iNewGroupParentId = 0;
+    QTreeWidgetItem* m_pitemGroupParent = nullptr;
+    QTreeWidgetItem* m_pitemEditedGroup = nullptr;
+
+    // Menus.
+    MENU::QBuildMenu* m_pBuildMenu = nullptr;
+    QMenu* m_pmenuTable = nullptr;
+    QMenu* m_pmenuTree = nullptr;
+    QTableWidget* m_ptableMenuOwner = nullptr; // never shown; outlives the tables on screen
+    QList<MENU::QActionInfo> m_listTableActions;
+    QList<MENU::QActionInfo> m_listTreeActions;
+    QString m_strSearchText = QLatin1String("");
+    bool m_bSortPreserve = true;
+    bool m_bPreviewEmpty = true;
+    bool m_bRemovingTreeItem = false;
+    QList<QString> m_listFieldNames;
+    bool m_bRightToLeft = false;
+    bool m_bStateSavePending = true;
+    QMenu* m_pmenuSend = nullptr;
+    bool m_bClosingEditor = false;
+    QList<int> m_listColumnWidths;
+    int m_iSortSection = 0;
+    Qt::SortOrder m_enSortOrder = Qt::AscendingOrder;
+    bool m_bNewGroupPending = false;
+    QShortcut* m_pshortcutSendSMS = nullptr;
+    QShortcut* m_pshortcutSendMMS = nullptr;
+    QShortcut* m_pshortcutNewContact = nullptr;
+    QShortcut* m_pshortcutEditContact = nullptr;
+    QShortcut* m_pshortcutDelete = nullptr;
+    QShortcut* m_pshortcutSearch = nullptr;
+    QShortcut* m_pshortcutCall = nullptr;
+    QShortcut* m_pshortcutNewGroup = nullptr;
+    QShortcut* m_pshortcutRenameGroup = nullptr;
+    unsigned char m_ucMultiModeCard[2] = {0, 0}; // the SDK may write two bytes; the first is the status
+    bool m_bHideDoubleModeCardNode = false;
+};
+
+#endif // ADDRBOOKUIPLUGIN_ADDRBOOKDLG_H

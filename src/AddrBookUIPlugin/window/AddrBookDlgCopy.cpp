@@ -1,0 +1,218 @@
+// Contacts dropped on a node of the tree: moved or copied between groups, or turned into records of another memory and
+// handed to the worker.
+
+#include "window/AddrBookDlg.h"
+
+#include "dialogs/AddrBookWaitingDlg.h"
+#include "logic/AddrBookLogic.h"
+#include "logic/Log.h"
+#include "logic/SdkText.h"
+#include "logic/Texts.h"
+#include "widgets/PBTreeWidget.h"
+
+void AddrBookDlg::moveOrCopyAllContacts(int iCount, int iTargetGroup)
+{
+    ADDRBOOK_LOG_ENTER();
+    if (m_ptreePhonebook == nullptr)
+        return;
+    // The list is the tree's and may be emptied by events that a dialog lets in.
+    const QList<QString> lstDragData = m_ptreePhonebook->m_listDragData;
+    const bool bCopyInLocal = m_ptreePhonebook->m_bCopyInLocal;
+    const _ORVA_EN_PHONEBOOK_MEMORY enTarget = m_enDragTargetMemory;
+    QList<AddrBookRecord> lstRecords;
+    QList<QString> lstSourceFields;
+    QList<QString> lstTargetFields;
+    bool bBetweenTypes = false;
+    AddrBookWaitingDlg* pdlgWaiting = nullptr;
+
+    beginSdkTransaction(enTarget);
+    for (int i = 0; i < iCount && i + 1 < lstDragData.size(); i += 2) {
+        const int iRecordId = lstDragData.at(i).toInt();
+        const int iGroupId = lstDragData.at(i + 1).toInt();
+        if (enTarget == PB_MEM_LOCAL && m_enDragSourceMemory == PB_MEM_LOCAL) {
+            if (iGroupId == iTargetGroup) {
+                endSdkTransaction(enTarget);
+                return;
+            }
+            moveOrCopyContactInLocal(iGroupId, iTargetGroup, iRecordId, PB_MEM_LOCAL, bCopyInLocal);
+            continue;
+        }
+        if (enTarget == m_enDragSourceMemory && isDeviceMemory(enTarget)) {
+            endSdkTransaction(enTarget);
+            return;
+        }
+        bBetweenTypes = true;
+        if (i == 0 && m_pAddrBookLogic != nullptr) {
+            m_pAddrBookLogic->GetFieldNames(m_enDragSourceMemory, lstSourceFields);
+            m_pAddrBookLogic->GetFieldNames(enTarget, lstTargetFields);
+        }
+        if (pdlgWaiting == nullptr) {
+            pdlgWaiting = AddrBookWaitingDlg::GetWaitingDlgInstance(this);
+            if (pdlgWaiting != nullptr) {
+                pdlgWaiting->ShowAnimation(tr(QLatin1String("IDS_COPY_STATUS")), iCount / 2);
+                pdlgWaiting->UpDateLabel(0, 0);
+            }
+        }
+        QThread::yieldCurrentThread();
+        moveOrCopyContactBetweenType(lstRecords, iRecordId, lstSourceFields, lstTargetFields);
+    }
+    endSdkTransaction(enTarget);
+    initThreadForMoveorCopy(bBetweenTypes, lstRecords, iTargetGroup, ADDRBOOK_OP_COPY);
+    ADDRBOOK_LOG_EXIT();
+}
+
+void AddrBookDlg::moveOrCopyContactInLocal(int iSourceGroup, int iTargetGroup, int iRecordId,
+                                           _ORVA_EN_PHONEBOOK_MEMORY enMemory, bool bCopy)
+{
+    if (m_pAddrBookLogic == nullptr || iSourceGroup == iTargetGroup)
+        return;
+    if (iSourceGroup == 0) {
+        m_pAddrBookLogic->AddAddrToGroup(enMemory, iRecordId, iTargetGroup);
+    } else {
+        if (!bCopy)
+            m_pAddrBookLogic->RemoveAddrFromGroup(enMemory, iRecordId, iSourceGroup);
+        if (iTargetGroup != 0)
+            m_pAddrBookLogic->AddAddrToGroup(enMemory, iRecordId, iTargetGroup);
+    }
+    SavePBInfoForAgent(QLatin1String("PB01"), QLatin1String("PBisUsing"), QLatin1String("1"));
+}
+
+void AddrBookDlg::moveOrCopyContactBetweenType(QList<AddrBookRecord>& lstRecords, int iRecordId,
+                                               QList<QString> lstSourceFields, QList<QString> lstTargetFields)
+{
+    QList<QString> lstValues;
+    if (m_pAddrBookLogic == nullptr ||
+        m_pAddrBookLogic->GetRecord(m_enDragSourceMemory, iRecordId, lstValues) != ADDRBOOK_OK) {
+        ADDRBOOK_LOG("GetRecord failed");
+        return;
+    }
+    if (lstTargetFields.size() < lstSourceFields.size()) {
+        limitNameField(lstSourceFields, lstValues);
+        constructRecordsForCopy(lstRecords, lstSourceFields, lstTargetFields, lstValues, iRecordId);
+    } else {
+        AddrBookRecord record;
+        record.iID = iRecordId;
+        foreach (const QString& strField, lstTargetFields)
+            record.lstValues.append(lstValues.value(lstSourceFields.indexOf(strField), QLatin1String("")));
+        lstRecords.append(record);
+    }
+    SavePBInfoForAgent(QLatin1String("PB01"), QLatin1String("PBisUsing"), QLatin1String("1"));
+}
+
+void AddrBookDlg::limitNameField(QList<QString> lstFieldNames, QList<QString>& lstValues)
+{
+    if (m_pAddrBookLogic == nullptr)
+        return;
+    QList<AddrBookField> lstFields;
+    m_pAddrBookLogic->GetAllFields(lstFields, m_enDragTargetMemory);
+    int iLimit = 0;
+    foreach (const AddrBookField& field, lstFields) {
+        if (field.strName.compare(QLatin1String("Name"), Qt::CaseInsensitive) == 0)
+            iLimit = field.iMaxLength;
+    }
+    for (int i = 0; i < lstFieldNames.size() && i < lstValues.size(); ++i) {
+        if (lstFieldNames.at(i) == QLatin1String("ID_STR_NAME")) {
+            QString strName;
+            m_pAddrBookLogic->GetFieldString(strName, lstValues.at(i), iLimit, m_enDragTargetMemory);
+            lstValues[i] = strName;
+        }
+    }
+}
+
+// Fills the target's slots with the values of the source's fields in the order in which they come, emits a record each
+// time the slots are full, throws out the field that filled the last one and starts over. Other software relies on
+// exactly these results, so the walk stays as it is.
+void AddrBookDlg::constructRecordsForCopy(QList<AddrBookRecord>& lstRecords, QList<QString> lstSourceFields,
+                                          QList<QString> lstTargetFields, QList<QString> lstValues, int iRecordId)
+{
+    const int iPhoneCount = getPhoneFieldCount(lstSourceFields);
+    int iEmptyPhones = 0;
+    QList<QString> lstPending;
+    int i = 0;
+    while (i < lstSourceFields.size() && i < lstValues.size()) {
+        const bool bMatched = lstTargetFields.contains(lstSourceFields.at(i));
+        const bool bSpare = !bMatched && isPhoneField(lstSourceFields.at(i));
+        if (bMatched || bSpare)
+            lstPending.append(lstValues.at(i));
+        if (lstPending.size() != lstTargetFields.size()) {
+            if (!bMatched && !bSpare)
+                removeFieldNameAndInfo(lstSourceFields, lstValues, i);
+            else
+                ++i;
+            continue;
+        }
+        AddrBookRecord record;
+        record.iID = 0;
+        bool bComplete = true;
+        int iEmptyValues = 0;
+        for (int j = 0; j < lstPending.size(); ++j) {
+            if (lstPending.at(j).isEmpty()) {
+                ++iEmptyValues;
+                if (isPhoneField(lstSourceFields.at(j)) && ++iEmptyPhones < iPhoneCount) {
+                    bComplete = false;
+                    break;
+                }
+            }
+            record.lstValues.append(lstPending.at(j));
+        }
+        if (bComplete && lstPending.size() != iEmptyValues) {
+            record.iID = iRecordId;
+            lstRecords.append(record);
+        }
+        removeFieldNameAndInfo(lstSourceFields, lstValues, i);
+        i = 0;
+        lstPending.clear();
+    }
+}
+
+void AddrBookDlg::initThreadForMoveorCopy(bool bBetweenTypes, QList<AddrBookRecord> lstRecords, int iTargetGroup,
+                                          _ADDRBOOK_OPERATION_TYPE enOperation)
+{
+    ADDRBOOK_LOG_ENTER();
+    if (!bBetweenTypes) {
+        _ORVA_EN_PHONEBOOK_MEMORY enMemory = PB_MEM_LOCAL;
+        int iGroupId = 0;
+        QTreeWidgetItem* pitem = getGroupId(enMemory, iGroupId);
+        if (pitem != nullptr) {
+            rePaintTree();
+            m_pitemCurrentTreeWidgetItem = nullptr;
+            OnTreeClicked(pitem);
+        }
+        return;
+    }
+    if (lstRecords.isEmpty())
+        return;
+    retireBatch();
+    m_threadWorker.StopOperation();
+    m_enMemory = m_enDragTargetMemory;
+    if (!isSimorDeviceNodeExist())
+        return;
+    checkMaxCapacity(m_enMemory, true);
+    if (!m_bNewContactEnabled)
+        return;
+    if (enOperation == ADDRBOOK_OP_MOVE)
+        m_threadWorker.SetOperation(ADDRBOOK_OP_MOVE, m_enDragSourceMemory, m_enDragTargetMemory, lstRecords,
+                                    iTargetGroup);
+    else if (enOperation == ADDRBOOK_OP_COPY)
+        m_threadWorker.SetOperation(ADDRBOOK_OP_COPY, m_enDragTargetMemory, lstRecords, iTargetGroup);
+    else
+        return;
+    m_enOperation = enOperation;
+    m_iProcessedRowCount = 0;
+    m_iSuccessRowCount = 0;
+    m_iTotalRowCount = lstRecords.size();
+    m_iGroupId = iTargetGroup;
+    showProgressBar(m_iTotalRowCount);
+    m_bThreadBusy = true;
+    m_threadWorker.start(QThread::InheritPriority);
+    ADDRBOOK_LOG_EXIT();
+}
+
+void AddrBookDlg::showProgressBar(int iSteps)
+{
+    m_pdlgWaiting = AddrBookWaitingDlg::GetWaitingDlgInstance(this);
+    if (m_pdlgWaiting == nullptr || m_ptreePhonebook == nullptr)
+        return;
+    const char* pText = m_enOperation == ADDRBOOK_OP_MOVE ? "IDS_MOVE_STATUS" : "IDS_COPY_STATUS";
+    m_pdlgWaiting->ShowAnimation(tr(QLatin1String(pText)), iSteps);
+}

@@ -1,0 +1,303 @@
+// Groups of the local phonebook: new, renamed in place in the tree, deleted.
+
+#include "window/AddrBookDlg.h"
+
+#include <QLineEdit>
+#include <QPointer>
+#include <QRegExp>
+
+#include "linkhand/core/CommonUtils.h"
+#include "logic/AddrBookLogic.h"
+#include "logic/ItemData.h"
+#include "logic/Log.h"
+#include "logic/Texts.h"
+#include "widgets/AddrBookTableWidget.h"
+#include "widgets/PBTreeWidget.h"
+
+namespace
+{
+
+// Matches the count behind a group's name when searched from the end of the text.
+const QRegExp& countExpression()
+{
+    static const QRegExp expression(QLatin1String("[(](.)*[)]"), Qt::CaseSensitive);
+    return expression;
+}
+
+} // namespace
+
+void AddrBookDlg::OnNewGroupClicked()
+{
+    ADDRBOOK_LOG_ENTER();
+    if (m_ptreePhonebook == nullptr)
+        return;
+    _ORVA_EN_PHONEBOOK_MEMORY enMemory = PB_MEM_LOCAL;
+    int iGroupId = -1;
+    getGroupId(enMemory, iGroupId);
+    m_iNewGroupParentId = iGroupId;
+    m_bNewGroupPending = true;
+    QTreeWidgetItem* pitemParent = m_ptreePhonebook->currentItem();
+    if (pitemParent == nullptr)
+        return;
+    const bool bLocalRoot = pitemParent->parent() == nullptr &&
+                            pitemParent->text(0).startsWith(tr(QLatin1String("IDS_LOCAL_PHONEBOOKUI"))) &&
+                            isNodePresentInTree(pitemParent);
+    if (!bLocalRoot) {
+        // A group beside the current one: groups never nest through here.
+        pitemParent = pitemParent->parent();
+        m_iNewGroupParentId = 0;
+    }
+    if (pitemParent == nullptr)
+        return;
+    m_strOldGroupName.clear();
+    m_pitemGroupParent = pitemParent;
+    QTreeWidgetItem* pitem = new (std::nothrow) QTreeWidgetItem(pitemParent);
+    if (pitem == nullptr)
+        return;
+    m_pitemEditedGroup = pitem;
+    setNodeLook(pitem, 6);
+    pitem->setFlags(pitem->flags() | Qt::ItemIsEditable);
+    m_ptreePhonebook->setCurrentItem(pitem);
+    pitemParent->setExpanded(true);
+    m_ptreePhonebook->editItem(pitem, 0);
+    ADDRBOOK_LOG_EXIT();
+}
+
+void AddrBookDlg::OnRenameGroupClicked()
+{
+    ADDRBOOK_LOG_ENTER();
+    if (m_ptreePhonebook == nullptr)
+        return;
+    QTreeWidgetItem* pitem = m_ptreePhonebook->currentItem();
+    if (pitem == nullptr || pitem->text(0).isEmpty())
+        return;
+    m_strOldGroupName = pitem->text(0);
+    QString strName = m_strOldGroupName;
+    strName.truncate(countExpression().lastIndexIn(strName));
+    pitem->setText(0, QString());
+    pitem->setFlags(pitem->flags() | Qt::ItemIsEditable);
+    m_ptreePhonebook->editItem(pitem, 0);
+    QLineEdit* peditor = qobject_cast<QLineEdit*>(m_ptreePhonebook->itemWidget(pitem, 0));
+    if (peditor != nullptr) {
+        peditor->setText(strName);
+        peditor->setSelection(0, strName.length());
+    }
+    m_pitemEditedGroup = pitem;
+    ADDRBOOK_LOG_EXIT();
+}
+
+void AddrBookDlg::OnTreeDoubleClicked(QTreeWidgetItem* pitem)
+{
+    ADDRBOOK_LOG_CALLED();
+    if (pitem != m_pitemLocalTreeWidgetItem && pitem != m_pitemSimTreeWidgetItem &&
+        pitem != m_pitemDeviceTreeWidgetItem)
+        OnRenameGroupClicked();
+}
+
+void AddrBookDlg::OnEditorClosed(QWidget* pwidgetEditor)
+{
+    ADDRBOOK_LOG_ENTER();
+    QLineEdit* peditor = qobject_cast<QLineEdit*>(pwidgetEditor);
+    if (peditor == nullptr || m_ptreePhonebook == nullptr || m_pitemEditedGroup == nullptr)
+        return;
+    QTreeWidgetItem* pitem = m_pitemEditedGroup;
+    QString strText = peditor->text();
+    QString strWithoutBlanks = strText;
+    strWithoutBlanks.remove(QLatin1Char(' '));
+    if (strWithoutBlanks.isEmpty()) {
+        showMessageOk(QMessageBox::Information, this, QLatin1String("IDS_PROMPT_CAPTION"),
+                      tr(QLatin1String("IDS_GROUP_NAME_NULL")));
+        // The node may have gone while the box was open.
+        if (m_pitemEditedGroup == pitem)
+            undoGroupEdit(pitem, true);
+        m_pitemEditedGroup = nullptr;
+        return;
+    }
+    if (!saveGroupName(strText, pitem)) {
+        m_pitemEditedGroup = nullptr;
+        return;
+    }
+    if (m_bNewGroupPending) {
+        SavePBInfoForAgent(QLatin1String("PB01"), QLatin1String("PBisUsing"), QLatin1String("1"));
+        m_bNewGroupPending = false;
+    }
+    m_pitemEditedGroup = nullptr;
+    pitem->setText(0, strText);
+    setCorrectTreeWidth();
+    pitem->setFlags(pitem->flags() & ~Qt::ItemIsEditable);
+    ADDRBOOK_LOG_EXIT();
+}
+
+// A new group's node goes and its parent becomes current; a renamed one gets its old text back.
+void AddrBookDlg::undoGroupEdit(QTreeWidgetItem* pitem, bool bFitTree)
+{
+    if (m_strOldGroupName.isEmpty()) {
+        QTreeWidgetItem* pitemParent = m_pitemGroupParent;
+        removeTreeItem(pitemParent, pitem);
+        m_pitemCurrentTreeWidgetItem = pitemParent;
+        m_ptreePhonebook->setCurrentItem(pitemParent);
+        return;
+    }
+    pitem->setText(0, m_strOldGroupName);
+    if (bFitTree)
+        setCorrectTreeWidth();
+    else
+        setTreeColumnWidth(pitem);
+}
+
+bool AddrBookDlg::saveGroupName(QString& strText, QTreeWidgetItem* pitem)
+{
+    ADDRBOOK_LOG_CALLED();
+    return m_strOldGroupName.isEmpty() ? saveNewGroup(strText, pitem) : saveRenamedGroup(strText, pitem);
+}
+
+bool AddrBookDlg::saveNewGroup(QString& strText, QTreeWidgetItem* pitem)
+{
+    AddrBookGroup* pGroup = new (std::nothrow) AddrBookGroup;
+    if (pGroup == nullptr || m_pAddrBookLogic == nullptr) {
+        delete pGroup;
+        return false;
+    }
+    int iNewId = 0;
+    const int iResult = m_pAddrBookLogic->AddGroup(PB_MEM_LOCAL, strText, m_iNewGroupParentId, iNewId);
+    if (iResult == ADDRBOOK_GROUP_EXISTS)
+        showMessageOk(QMessageBox::Information, this, QLatin1String("IDS_PROMPT_CAPTION"),
+                      tr(QLatin1String("IDS_GROUP_NAME_REPEAT")));
+    if (iResult != ADDRBOOK_OK) {
+        delete pGroup;
+        if (m_pitemEditedGroup == pitem)
+            undoGroupEdit(pitem, false);
+        return false;
+    }
+    pGroup->iGroupID = iNewId;
+    pGroup->iParentID = m_iNewGroupParentId;
+    pGroup->strName = strText;
+    pGroup->iSize = 0;
+    setTreeData(pointerToCarrier(pGroup), 0, false, Qt::AscendingOrder, pitem);
+    setNodeLook(pitem, 6);
+    m_ptreePhonebook->setCurrentItem(m_pitemGroupParent);
+    strText += QLatin1String("(0)");
+    if (m_bRightToLeft)
+        CommonUtils::ParanthesisCorrectionForHeAndAr(strText);
+    return true;
+}
+
+bool AddrBookDlg::saveRenamedGroup(QString& strText, QTreeWidgetItem* pitem)
+{
+    if (m_pAddrBookLogic == nullptr)
+        return false;
+    const QString strBareName = strText;
+    const int iCount = countExpression().lastIndexIn(m_strOldGroupName);
+    if (iCount >= 0)
+        strText += m_strOldGroupName.mid(iCount);
+    _ORVA_EN_PHONEBOOK_MEMORY enMemory = PB_MEM_LOCAL;
+    int iGroupId = 0;
+    int iParentId = 0;
+    getGroupAndParentIds(enMemory, iGroupId, iParentId, m_pitemEditedGroup);
+    if (strText == m_strOldGroupName)
+        return true;
+    const int iResult = m_pAddrBookLogic->UpdateGroup(PB_MEM_LOCAL, iGroupId, strBareName, iParentId);
+    if (iResult == ADDRBOOK_OK)
+        return true;
+    if (iResult == ADDRBOOK_GROUP_EXISTS)
+        showMessageOk(QMessageBox::Information, this, QLatin1String("IDS_PROMPT_CAPTION"),
+                      tr(QLatin1String("IDS_GROUP_NAME_REPEAT")));
+    if (m_pitemEditedGroup == pitem)
+        undoGroupEdit(pitem, false);
+    return false;
+}
+
+void AddrBookDlg::CloseEditor()
+{
+    ADDRBOOK_LOG_ENTER();
+    m_bClosingEditor = true;
+    if (m_ptreePhonebook != nullptr) {
+        QTreeWidgetItem* pitemCurrent = m_ptreePhonebook->currentItem();
+        if (pitemCurrent == nullptr)
+            return; // the flag stays set: selection changes then leave the tree unpainted
+        QTreeWidgetItem* pitemParent = pitemCurrent->parent();
+        if (pitemParent != nullptr) {
+            const int iChildren = pitemParent->childCount();
+            const QPointer<QWidget> peditor = m_ptreePhonebook->itemWidget(pitemCurrent, 0);
+            m_pitemCurrentTreeWidgetItem = m_pitemLocalTreeWidgetItem;
+            m_ptreePhonebook->setCurrentItem(m_pitemLocalTreeWidgetItem);
+            OnEditorClosed(peditor);
+            if (pitemParent->childCount() == iChildren)
+                m_ptreePhonebook->setCurrentItem(pitemCurrent);
+        }
+    }
+    m_bClosingEditor = false;
+    ADDRBOOK_LOG_EXIT();
+}
+
+void AddrBookDlg::OnDeleteGroupClicked()
+{
+    ADDRBOOK_LOG_ENTER();
+    _ORVA_EN_PHONEBOOK_MEMORY enMemory = PB_MEM_LOCAL;
+    int iGroupId = 0;
+    QTreeWidgetItem* pitem = getGroupId(enMemory, iGroupId);
+    const int iAnswer = CommonUtils::ShowMessage(QMessageBox::Question, this, tr(QLatin1String("IDS_PROMPT_CAPTION")),
+                                                 tr(QLatin1String("IDS_DELETE_GROUP")), QLatin1String("IDS_OK"),
+                                                 QLatin1String("IDS_CANCEL"), QLatin1String(""), true,
+                                                 Qt::WindowCloseButtonHint, nullptr, QLatin1String(""), true);
+    if (iAnswer != QMessageBox::Ok || m_pitemLocalTreeWidgetItem == nullptr || pitem == nullptr ||
+        m_pAddrBookLogic == nullptr)
+        return;
+    // A memory that went while the question was open took its node with it.
+    if (m_ptreePhonebook->currentItem() != pitem)
+        return;
+    m_pAddrBookLogic->DelGroup(enMemory, iGroupId);
+    QTreeWidgetItem* pitemParent = pitem->parent();
+    removeTreeItem(pitemParent, pitem);
+    if (pitemParent != nullptr) {
+        m_pitemCurrentTreeWidgetItem = nullptr;
+        m_ptreePhonebook->setCurrentItem(pitemParent);
+        OnTreeItemSelectionChanged();
+    }
+    setCorrectTreeWidth();
+    ADDRBOOK_LOG_EXIT();
+}
+
+void AddrBookDlg::removeTreeItem(QTreeWidgetItem* pParent, QTreeWidgetItem* pItem)
+{
+    ADDRBOOK_LOG_ENTER();
+    m_bRemovingTreeItem = true;
+    // The selection may change while the node goes.
+    if (m_ptableContacts != nullptr)
+        QObject::disconnect(m_ptableContacts, nullptr, this, nullptr);
+    if (pParent != nullptr && pItem != nullptr && pParent->indexOfChild(pItem) >= 0) {
+        forgetTreeItem(pItem);
+        pParent->takeChild(pParent->indexOfChild(pItem));
+        // Taking it may have named it once more.
+        forgetTreeItem(pItem);
+        freeNodeData(pItem);
+        delete pItem;
+    }
+    connectHandlersForTable();
+    m_bRemovingTreeItem = false;
+    ADDRBOOK_LOG_EXIT();
+}
+
+void AddrBookDlg::forgetTreeItem(const QTreeWidgetItem* pItem)
+{
+    QTreeWidgetItem** const lstNamed[] = {&m_pitemEnteredTreeWidgetItem, &m_pitemCurrentTreeWidgetItem,
+                                          &m_pitemSimTreeWidgetItem,     &m_pitemDeviceTreeWidgetItem,
+                                          &m_pitemGroupParent,           &m_pitemEditedGroup};
+    for (QTreeWidgetItem** ppNamed : lstNamed) {
+        if (*ppNamed == pItem)
+            *ppNamed = nullptr;
+    }
+    if (m_ptreePhonebook != nullptr && m_ptreePhonebook->m_pitemPrevious == pItem)
+        m_ptreePhonebook->m_pitemPrevious = nullptr;
+    for (int i = 0; i < pItem->childCount(); ++i)
+        forgetTreeItem(pItem->child(i));
+}
+
+void AddrBookDlg::freeNodeData(QTreeWidgetItem* pItem)
+{
+    const TreeNodeData* pData = treeNodeData(pItem);
+    delete groupOf(pData);
+    delete pData;
+    for (int i = 0; i < pItem->childCount(); ++i)
+        freeNodeData(pItem->child(i));
+}

@@ -1,0 +1,90 @@
+#include "logic/ItemData.h"
+#include "logic/Log.h"
+#include "widgets/AddrBookTableWidget.h"
+#include "widgets/PBTreeWidget.h"
+#include "window/AddrBookDlg.h"
+#include "window/QuietModel.h"
+
+void AddrBookDlg::OnShowHideSearchBox()
+{
+    m_bSearchBoxShown = !m_bSearchBoxShown;
+    if (m_bSearchBoxShown)
+        showSearchBox();
+    else
+        hideSearchBox();
+}
+
+void AddrBookDlg::showSearchBox()
+{
+    ToolBarLogic::ShowHideSearchBox(m_pwidgetToolBar, m_phlayoutToolBar, m_plineeditSearch, true);
+}
+
+void AddrBookDlg::hideSearchBox()
+{
+    ToolBarLogic::ShowHideSearchBox(m_pwidgetToolBar, m_phlayoutToolBar, m_plineeditSearch, false);
+    if (m_plineeditSearch != nullptr && !m_plineeditSearch->text().isEmpty())
+        OnTextEdited(QLatin1String(""));
+}
+
+void AddrBookDlg::OnTextEdited(const QString& strEditedText)
+{
+    ADDRBOOK_LOG_ENTER();
+    const bool bNarrows = !strEditedText.isEmpty() && strEditedText.contains(m_strSearchText, Qt::CaseSensitive);
+    if (bNarrows) {
+        updateTable(strEditedText);
+    } else if (m_ptreePhonebook != nullptr) {
+        QTreeWidgetItem* pItem = m_ptreePhonebook->currentItem();
+        m_pitemCurrentTreeWidgetItem = nullptr;
+        m_enReadMode = ADDRBOOK_OP_SEARCH;
+        UpdateTableRecords(pItem);
+    }
+    // Behind the start of the reader: its first row is taken only by the event loop, which sees the new text.
+    m_strSearchText = strEditedText;
+    ADDRBOOK_LOG_EXIT();
+}
+
+// Rows go in runs and from the end, so that none is moved more often than it must.
+void AddrBookDlg::updateTable(const QString& strText)
+{
+    if (m_ptableContacts == nullptr)
+        return;
+    int iLast = m_ptableContacts->rowCount() - 1;
+    while (iLast >= 0) {
+        if (rowMatches(iLast, strText)) {
+            --iLast;
+            continue;
+        }
+        int iFirst = iLast;
+        while (iFirst > 0 && !rowMatches(iFirst - 1, strText))
+            --iFirst;
+        removeRows(iFirst, iLast);
+        iLast = iFirst - 1;
+    }
+}
+
+bool AddrBookDlg::rowMatches(int iRow, const QString& strText) const
+{
+    const int iColumns = m_ptableContacts->columnCount();
+    for (int iColumn = 0; iColumn < iColumns; ++iColumn) {
+        const QTableWidgetItem* pItem = m_ptableContacts->item(iRow, iColumn);
+        if (pItem != nullptr && pItem->text().contains(strText, Qt::CaseInsensitive))
+            return true;
+    }
+    return false;
+}
+
+void AddrBookDlg::removeRows(int iFirst, int iLast)
+{
+    {
+        // Emptied first: the selection follows while the rows go, and looks at what is behind them.
+        const QuietModel quiet(m_ptableContacts->model());
+        const int iColumns = m_ptableContacts->columnCount();
+        for (int iRow = iFirst; iRow <= iLast; ++iRow) {
+            for (int iColumn = 0; iColumn < iColumns; ++iColumn) {
+                delete tableRowData(m_ptableContacts->item(iRow, iColumn));
+                delete m_ptableContacts->takeItem(iRow, iColumn);
+            }
+        }
+    }
+    m_ptableContacts->model()->removeRows(iFirst, iLast - iFirst + 1);
+}

@@ -1,0 +1,156 @@
+#include <QStringList>
+
+#include "dialogs/ChoosePhoneNumber.h"
+#include "linkhand/core/Startup.h"
+#include "linkhand/plugin/IMMSUIPlugin.h"
+#include "linkhand/plugin/ISMSUIService.h"
+#include "logic/AddrBookLogic.h"
+#include "logic/Log.h"
+#include "logic/Texts.h"
+#include "widgets/AddrBookTableWidget.h"
+#include "window/AddrBookDlg.h"
+#include "window/PluginIds.h"
+
+void AddrBookDlg::OnButtonClickedSendSMS()
+{
+    if (isOnline() && tableSelectionStatus() != ADDRBOOK_ENABLE_TABLE_NONE)
+        sendSMS(ADDRBOOK_SEND_SINGLE);
+}
+
+void AddrBookDlg::OnButtonClickedSendMMS()
+{
+    if (isOnline() && tableSelectionStatus() != ADDRBOOK_ENABLE_TABLE_NONE)
+        sendMMS(ADDRBOOK_SEND_SINGLE);
+}
+
+void AddrBookDlg::OnButtonClickedSendGroupSMS()
+{
+    if (isOnline())
+        sendSMS(ADDRBOOK_SEND_GROUP);
+}
+
+void AddrBookDlg::OnButtonClickedSendGroupMMS()
+{
+    if (isOnline())
+        sendMMS(ADDRBOOK_SEND_GROUP);
+}
+
+void AddrBookDlg::sendSMS(ADDRBOOK_SEND_TYPE enType)
+{
+    m_pPluginContainer = Startup::GetPluginContainer();
+    if (m_pPluginContainer == nullptr) {
+        ADDRBOOK_LOG("Plugin container is null ");
+        return;
+    }
+    QObject* pPlugin = m_pPluginContainer->GetPlugin(PluginId::sms(), PLUGIN_KIND_SERVICE);
+    if (pPlugin == nullptr) {
+        ADDRBOOK_LOG("IBase plugin is null ");
+        return;
+    }
+    ISMSUIService* pService = qobject_cast<ISMSUIService*>(pPlugin);
+    if (pService != nullptr && m_ptableContacts != nullptr)
+        pService->SendMessage(numbersFor(enType), QLatin1String(""), qobject_cast<QWidget*>(parent()));
+}
+
+void AddrBookDlg::sendMMS(ADDRBOOK_SEND_TYPE enType)
+{
+    m_pPluginContainer = Startup::GetPluginContainer();
+    if (m_pPluginContainer == nullptr) {
+        ADDRBOOK_LOG("Plugin container is null ");
+        return;
+    }
+    QObject* pPlugin = m_pPluginContainer->GetPlugin(PluginId::mms(), PLUGIN_KIND_MMS);
+    if (pPlugin == nullptr) {
+        ADDRBOOK_LOG("IBase plugin is null ");
+        return;
+    }
+    IMMSUIPlugin* pService = qobject_cast<IMMSUIPlugin*>(pPlugin);
+    if (pService != nullptr && m_ptableContacts != nullptr)
+        pService->SendMessage(numbersFor(enType));
+}
+
+QString AddrBookDlg::numbersFor(ADDRBOOK_SEND_TYPE enType) const
+{
+    return enType == ADDRBOOK_SEND_GROUP ? sendMultipleSMS() : sendSingleSMS();
+}
+
+QString AddrBookDlg::cellText(int iRow, int iColumn) const
+{
+    const QTableWidgetItem* pItem = m_ptableContacts->item(iRow, iColumn);
+    return pItem != nullptr ? pItem->text() : QString();
+}
+
+// The first field behind the name is the number; further numbers of a contact are not sent to.
+QString AddrBookDlg::sendSingleSMS() const
+{
+    QStringList lstNumbers;
+    if (m_ptableContacts == nullptr)
+        return QLatin1String("");
+    const QList<QTableWidgetSelectionRange> lstRanges = m_ptableContacts->selectedRanges();
+    for (int iRange = lstRanges.size() - 1; iRange >= 0; --iRange) {
+        for (int iRow = lstRanges.at(iRange).topRow(); iRow <= lstRanges.at(iRange).bottomRow(); ++iRow) {
+            const QString strNumber = cellText(iRow, 1);
+            if (!strNumber.isEmpty())
+                lstNumbers.append(strNumber);
+        }
+    }
+    return lstNumbers.join(QLatin1String(";"));
+}
+
+// From the SDK and not from the table: contacts that a search hides count.
+QString AddrBookDlg::sendMultipleSMS() const
+{
+    _ORVA_EN_PHONEBOOK_MEMORY enMemory = PB_MEM_LOCAL;
+    int iGroupId = -1;
+    getGroupId(enMemory, iGroupId);
+    if (m_pAddrBookLogic == nullptr)
+        return QLatin1String("");
+    QList<AddrBookRecord> lstRecords;
+    QList<AddrBookField> lstFields;
+    m_pAddrBookLogic->GetRecordInGroup(lstRecords, enMemory, iGroupId);
+    m_pAddrBookLogic->GetAllFields(lstFields, enMemory);
+    int iIndex = 0;
+    while (iIndex < lstFields.size() && lstFields.at(iIndex).strType != QLatin1String("Mobile"))
+        ++iIndex;
+    QStringList lstNumbers;
+    if (iIndex == lstFields.size())
+        return QLatin1String("");
+    foreach (const AddrBookRecord& record, lstRecords) {
+        if (record.lstValues.size() > iIndex && !record.lstValues.at(iIndex).isEmpty())
+            lstNumbers.append(record.lstValues.at(iIndex));
+    }
+    return lstNumbers.join(QLatin1String(";"));
+}
+
+void AddrBookDlg::OnButtonClickedCall()
+{
+    if (!isOnline() || tableSelectionStatus() != ADDRBOOK_ENABLE_TABLE_SINGLE)
+        return;
+    _ORVA_EN_PHONEBOOK_MEMORY enMemory = PB_MEM_LOCAL;
+    int iGroupId = 0;
+    getGroupId(enMemory, iGroupId);
+    int iFields = 0;
+    getColumnCount(enMemory, iFields);
+    if (m_pdlgChoosePhone == nullptr)
+        m_pdlgChoosePhone = new (std::nothrow) ChoosePhoneNumber;
+    if (m_pdlgChoosePhone == nullptr || m_ptableContacts == nullptr)
+        return;
+
+    // Columns by position: mobile, business and home number.
+    static const char* const s_lstLabels[] = {"ID_STR_MOBILE_PHONE", "ID_STR_BUSINESS_PHONE", "ID_STR_HOME_PHONE"};
+    const int iRow = m_ptableContacts->currentRow();
+    const int iLastColumn = iFields > 2 ? 3 : 1;
+    QStringList lstNumbers;
+    QStringList lstLabels;
+    for (int iColumn = 1; iColumn <= iLastColumn; ++iColumn) {
+        const QString strNumber = cellText(iRow, iColumn);
+        if (strNumber.isEmpty())
+            continue;
+        lstNumbers.append(strNumber);
+        lstLabels.append(tr(QLatin1String(s_lstLabels[iColumn - 1])));
+    }
+    if (lstNumbers.size() > 1)
+        m_pdlgChoosePhone->ShowPhoneNumDlg(this, lstNumbers, lstLabels);
+    else if (lstNumbers.size() == 1)
+        CommonUtils::MakeCall(lstNumbers.at(0), UI_CALL_VOICE);
+}

@@ -1,0 +1,178 @@
+#include "dialogs/AddrBookSelectContactsDlg.h"
+#include "dialogs/AddrBookWaitingDlg.h"
+#include "logic/AddrBookLogic.h"
+#include "logic/Log.h"
+#include "widgets/PBTreeWidget.h"
+#include "window/AddrBookDlg.h"
+#include "window/PluginIds.h"
+#include "window/ToolItemIds.h"
+
+void AddrBookDlg::getUpdateDeviceAndSimNode()
+{
+    updateDeviceAndSimNode(true);
+}
+
+// A batch on a memory that has just gone is cancelled.
+void AddrBookDlg::cancelBatchOn(_ORVA_EN_PHONEBOOK_MEMORY enMemory)
+{
+    if (m_bThreadBusy && m_enMemory == enMemory && !m_pdlgWaiting.isNull())
+        m_pdlgWaiting->OnCancelClicked();
+}
+
+void AddrBookDlg::removeSimNode(const char* szLog)
+{
+    if (m_pitemSimTreeWidgetItem == nullptr || m_ptreePhonebook == nullptr)
+        return;
+    ADDRBOOK_LOG("%s", szLog);
+    removeTreeItem(m_ptreePhonebook->invisibleRootItem(), m_pitemSimTreeWidgetItem);
+    broadcastMsg(ADDRBOOK_MSG_SIM_NODE, 0, 0);
+    m_pitemSimTreeWidgetItem = nullptr;
+    cancelBatchOn(PB_MEM_SIM);
+}
+
+void AddrBookDlg::removeDeviceNode(const char* szLog, unsigned int uiMsg)
+{
+    if (m_pitemDeviceTreeWidgetItem == nullptr || m_ptreePhonebook == nullptr)
+        return;
+    ADDRBOOK_LOG("%s", szLog);
+    removeTreeItem(m_ptreePhonebook->invisibleRootItem(), m_pitemDeviceTreeWidgetItem);
+    broadcastMsg(uiMsg, 0, 0);
+    m_pitemDeviceTreeWidgetItem = nullptr;
+    cancelBatchOn(PB_MEM_ME);
+}
+
+void AddrBookDlg::OnDeviceStatusChanged(bool isDeviceConnected)
+{
+    ADDRBOOK_LOG_ENTER();
+    m_bSimEnabled = isDeviceConnected;
+    if (isDeviceConnected) {
+        updateDeviceAndSimNode(true);
+        tellSelectContacts(isDeviceConnected);
+        return;
+    }
+    if (m_pAddrBookLogic == nullptr)
+        return;
+    m_pAddrBookLogic->ClearDeviceInfo();
+    QTreeWidgetItem* pCurrent = m_ptreePhonebook != nullptr ? m_ptreePhonebook->currentItem() : nullptr;
+    if (pCurrent != nullptr && (pCurrent == m_pitemSimTreeWidgetItem || pCurrent == m_pitemDeviceTreeWidgetItem))
+        OnTreeClicked(m_pitemLocalTreeWidgetItem);
+    removeSimNode("Sim Node removed");
+    removeDeviceNode("Device Node removed", ADDRBOOK_MSG_DEVICE_NODE);
+    m_pitemCurrentTreeWidgetItem = nullptr;
+    tellSelectContacts(isDeviceConnected);
+}
+
+void AddrBookDlg::tellSelectContacts(bool bIsSimEnabled)
+{
+    if (m_pdlgSelectContacts != nullptr)
+        m_pdlgSelectContacts->OnSimStatusChanged(bIsSimEnabled);
+}
+
+void AddrBookDlg::OnSimStatusChanged(bool bIsSimEnabled)
+{
+    tellSelectContacts(bIsSimEnabled);
+    if (bIsSimEnabled == m_bSimEnabled)
+        return;
+    if (bIsSimEnabled) {
+        ADDRBOOK_LOG("OnSimStatusChanged - Sim node added");
+        // A node that is there stays the card's one node.
+        if (!isNodePresentInTree(m_pitemSimTreeWidgetItem))
+            addTreeNode(&m_pitemSimTreeWidgetItem, PB_MEM_SIM);
+    } else if (m_ptreePhonebook != nullptr) {
+        QTreeWidgetItem* pRoot = m_ptreePhonebook->invisibleRootItem();
+        for (int i = pRoot->childCount() - 1; i >= 0; --i) {
+            if (pRoot->child(i) != m_pitemSimTreeWidgetItem)
+                continue;
+            removeTreeItem(pRoot, m_pitemSimTreeWidgetItem);
+            broadcastMsg(ADDRBOOK_MSG_SIM_NODE, 0, 0);
+            m_pitemSimTreeWidgetItem = nullptr;
+            break;
+        }
+    }
+    m_bSimEnabled = bIsSimEnabled;
+}
+
+void AddrBookDlg::OnSimDisabled(bool bIsSimDisabled)
+{
+    if (!bIsSimDisabled) {
+        updateDeviceAndSimNode(true);
+        return;
+    }
+    if (m_ptreePhonebook != nullptr && m_pitemSimTreeWidgetItem != nullptr &&
+        m_ptreePhonebook->currentItem() == m_pitemSimTreeWidgetItem)
+        OnTreeClicked(m_pitemLocalTreeWidgetItem);
+    removeSimNode("Sim Node removed");
+}
+
+void AddrBookDlg::OnSysmodeChanged()
+{
+    if (m_ptreePhonebook != nullptr && m_ptreePhonebook->currentItem() != m_pitemLocalTreeWidgetItem)
+        OnTreeClicked(m_pitemLocalTreeWidgetItem);
+    removeSimNode("Sim Node removed");
+    // Receivers know the change of system mode by the card's code coming twice.
+    removeDeviceNode("NV Node removed", ADDRBOOK_MSG_SIM_NODE);
+}
+
+void AddrBookDlg::OnAddrBookSimReady()
+{
+    if (m_pitemSimTreeWidgetItem == nullptr)
+        updateDeviceAndSimNode(true);
+    setNodeText(m_pitemSimTreeWidgetItem, PB_MEM_SIM, true);
+    m_pitemCurrentTreeWidgetItem = nullptr;
+    if (m_ptreePhonebook != nullptr && m_pitemSimTreeWidgetItem != nullptr &&
+        m_ptreePhonebook->currentItem() == m_pitemSimTreeWidgetItem)
+        OnTreeClicked(m_pitemSimTreeWidgetItem);
+}
+
+void AddrBookDlg::OnAddrBookDeviceReady()
+{
+    if (m_pitemDeviceTreeWidgetItem == nullptr)
+        updateDeviceAndSimNode(true);
+    setNodeText(m_pitemDeviceTreeWidgetItem, PB_MEM_ME, true);
+    m_pitemCurrentTreeWidgetItem = nullptr;
+    if (m_ptreePhonebook != nullptr && m_pitemDeviceTreeWidgetItem != nullptr &&
+        m_ptreePhonebook->currentItem() == m_pitemDeviceTreeWidgetItem)
+        OnTreeClicked(m_pitemDeviceTreeWidgetItem);
+}
+
+void AddrBookDlg::OnAddrBookReady() {}
+
+void AddrBookDlg::OnNetStatusChanged(bool bIsNetSrvConnected)
+{
+    if (bIsNetSrvConnected && !m_bRFOff) {
+        const int iStatus = tableSelectionStatus();
+        if (iStatus != ADDRBOOK_ENABLE_TABLE_NONE) {
+            enableItem(TOOL_SEND);
+            updateTableSend(true);
+            if (iStatus == ADDRBOOK_ENABLE_TABLE_SINGLE) {
+                updateTableCall(true);
+                enableItem(TOOL_CALL);
+            }
+        }
+    } else {
+        disableItem(TOOL_SEND);
+        disableItem(TOOL_CALL);
+        updateTableSend(false);
+        updateTableCall(false);
+    }
+    m_bNetConnected = bIsNetSrvConnected;
+}
+
+void AddrBookDlg::OnRFStatusChanged(bool bIsRFEnabled)
+{
+    if (m_bNetConnected && !bIsRFEnabled) {
+        // The call goes on for several rows too; the next selection change puts that right.
+        if (tableSelectionStatus() != ADDRBOOK_ENABLE_TABLE_NONE) {
+            enableItem(TOOL_SEND);
+            enableItem(TOOL_CALL);
+            updateTableSend(true);
+            updateTableCall(true);
+        }
+    } else {
+        updateTableSend(false);
+        updateTableCall(false);
+        disableItem(TOOL_SEND);
+        disableItem(TOOL_CALL);
+    }
+    m_bRFOff = bIsRFEnabled;
+}

@@ -1,0 +1,451 @@
+#include <QHeaderView>
+#include <QScopedPointer>
+#include <QSplitter>
+#include <QTextBrowser>
+
+#include "logic/AddrBookLogic.h"
+#include "logic/ItemData.h"
+#include "logic/Log.h"
+#include "logic/Texts.h"
+#include "widgets/AddrBookTableWidget.h"
+#include "widgets/GridDelegate.h"
+#include "widgets/PBTreeWidget.h"
+#include "widgets/UITableItem.h"
+#include "window/AddrBookDlg.h"
+#include "window/QuietModel.h"
+
+namespace
+{
+const int s_iRowHeight = 16;
+const int s_iColumnWidth = 100;
+
+QString inOneLine(const QString& strValue)
+{
+    QString strText = strValue;
+    strText.replace(QLatin1Char('\n'), QLatin1Char(' '));
+    return strText;
+}
+} // namespace
+
+void AddrBookDlg::getFieldNames()
+{
+    if (m_pAddrBookLogic == nullptr)
+        return;
+    _ORVA_EN_PHONEBOOK_MEMORY enMemory = PB_MEM_LOCAL;
+    QTreeWidgetItem* pCurrent = m_ptreePhonebook != nullptr ? m_ptreePhonebook->currentItem() : nullptr;
+    if (pCurrent != nullptr && pCurrent == m_pitemSimTreeWidgetItem)
+        enMemory = PB_MEM_SIM;
+    else if (pCurrent != nullptr && pCurrent == m_pitemDeviceTreeWidgetItem)
+        enMemory = PB_MEM_ME;
+    m_pAddrBookLogic->GetFieldNames(enMemory, m_listFieldNames);
+}
+
+void AddrBookDlg::getColumnCount(_ORVA_EN_PHONEBOOK_MEMORY enType, int& iCount) const
+{
+    QList<AddrBookField> lstFields;
+    if (m_pAddrBookLogic != nullptr)
+        m_pAddrBookLogic->GetAllFields(lstFields, enType);
+    iCount = lstFields.size();
+}
+
+void AddrBookDlg::removeFieldNameAndInfo(QList<QString>& lstNames, QList<QString>& lstInfo, int iIndex) const
+{
+    lstNames.removeAt(iIndex);
+    lstInfo.removeAt(iIndex);
+}
+
+void AddrBookDlg::constructTable(_ORVA_EN_PHONEBOOK_MEMORY enType)
+{
+    int iCount = 0;
+    getColumnCount(enType, iCount);
+    QList<QString> lstNames;
+    if (m_pAddrBookLogic != nullptr)
+        m_pAddrBookLogic->GetFieldNames(enType, lstNames);
+    if (m_ptableContacts == nullptr)
+        return;
+    m_ptableContacts->setColumnCount(iCount);
+    m_ptableContacts->setSortingEnabled(false);
+    m_ptableContacts->setSelectionBehavior(QAbstractItemView::SelectRows);
+    for (int iColumn = 0; iColumn < qMin(iCount, lstNames.size()); ++iColumn) {
+        constructTableHeader(iColumn, tr(lstNames.at(iColumn)));
+        m_ptableContacts->setColumnWidth(iColumn, s_iColumnWidth);
+    }
+    QHeaderView* pHeader = m_ptableContacts->horizontalHeader();
+    pHeader->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    pHeader->setTextElideMode(Qt::ElideRight);
+    pHeader->setSortIndicatorShown(true);
+    pHeader->setStretchLastSection(false);
+    m_ptableContacts->setTabKeyNavigation(false);
+    m_ptableContacts->setColumnCount(iCount);
+    m_ptableContacts->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+}
+
+UITableItem* AddrBookDlg::constructTableHeader(int iColumn, const QString& strText)
+{
+    UITableItem* pItem = new (std::nothrow) UITableItem;
+    if (pItem == nullptr)
+        return nullptr;
+    m_ptableContacts->setHorizontalHeaderItem(iColumn, pItem);
+    m_ptableContacts->verticalHeader()->hide();
+    pItem->setText(strText);
+    return pItem;
+}
+
+void AddrBookDlg::createNewTable()
+{
+    if (m_ptableContacts != nullptr) {
+        clearTable(m_ptableContacts);
+        delete m_ptableContacts;
+        m_ptableContacts = nullptr;
+    }
+    if (m_psplitterPreview == nullptr)
+        return;
+    m_ptableContacts = new (std::nothrow) AddrBookTableWidget(m_psplitterPreview);
+    if (m_ptableContacts == nullptr)
+        return;
+    m_ptableContacts->setObjectName(QLatin1String("AddrBookUIPlugin_ContactTable"));
+    m_psplitterPreview->insertWidget(0, m_ptableContacts);
+    m_psplitterPreview->setSizes(m_listPreviewSplitterSizes);
+    m_pdelegateGrid = new (std::nothrow) GridDelegate(nullptr);
+    if (m_pdelegateGrid != nullptr)
+        m_ptableContacts->setItemDelegate(m_pdelegateGrid);
+    // The height of all rows, without a call a row: that one would have the header lay itself out each time.
+    m_ptableContacts->verticalHeader()->setMinimumSectionSize(s_iRowHeight);
+    m_ptableContacts->verticalHeader()->setDefaultSectionSize(s_iRowHeight);
+}
+
+void AddrBookDlg::connectHandlersForTable()
+{
+    if (m_ptableContacts == nullptr)
+        return;
+    const AddrBookTableWidget* pTable = m_ptableContacts;
+    // A second call, without a disconnect in between, must not double the connections.
+    QObject::disconnect(pTable, nullptr, this, nullptr);
+    QObject::disconnect(pTable->horizontalHeader(), nullptr, this, nullptr);
+    connect(pTable, SIGNAL(itemSelectionChanged()), this, SLOT(OnTableItemSelectionChanged()));
+    connect(pTable, SIGNAL(cellClicked(int, int)), this, SLOT(OnTableClicked(int, int)));
+    connect(pTable, SIGNAL(emptyAreaRightClicked(bool)), this, SLOT(OnTableEmptyAreaRightClicked()));
+    joinFlow(pTable, SIGNAL(mouseDoubleClicked()), SLOT(OnButtonClickedEditContact()));
+    joinFlow(pTable, SIGNAL(editContact()), SLOT(OnButtonClickedEditContact()));
+    connect(pTable, SIGNAL(itemClicked(QTableWidgetItem*)), this, SLOT(OnTableItemClicked()));
+    connect(pTable->horizontalHeader(), SIGNAL(sectionClicked(int)), this, SLOT(OnHeaderClicked(int)));
+    joinFlow(pTable, SIGNAL(newContact()), SLOT(OnButtonClickedNewContact()));
+    joinFlow(pTable, SIGNAL(deleteContact()), SLOT(OnButtonClickedDeleteContact()));
+    connect(pTable, SIGNAL(showHideSearchControl()), this, SLOT(OnShowHideSearchBox()));
+    connect(pTable, SIGNAL(sendMessage()), this, SLOT(OnButtonClickedSendSMS()));
+    // The table has no such signal: Qt warns, and nothing depends on it.
+    connect(pTable, SIGNAL(sendMmsMessage()), this, SLOT(OnButtonClickedSendMMS()));
+    connect(pTable, SIGNAL(dragTargetChanged(QWidget*)), this, SLOT(OnDragTargetChanged(QWidget*)));
+    connect(pTable, SIGNAL(makeCall()), this, SLOT(OnButtonClickedCall()));
+    joinFlow(pTable, SIGNAL(importMOE()), SLOT(OnBnClickedBtnMOE()));
+    joinFlow(pTable, SIGNAL(importMOO()), SLOT(OnBnClickedBtnMOO()));
+}
+
+void AddrBookDlg::UpdateTableRecords(QTreeWidgetItem* pItem)
+{
+    ADDRBOOK_LOG_ENTER();
+    const TreeNodeData* pData = treeNodeData(pItem);
+    if (pData == nullptr || m_bRemovingTreeItem)
+        return;
+    _ORVA_EN_PHONEBOOK_MEMORY enMemory = PB_MEM_LOCAL;
+    int iGroupId = 0;
+    const AddrBookGroup* pGroup = groupOf(pData);
+    if (pGroup != nullptr)
+        iGroupId = pGroup->iGroupID;
+    else
+        enMemory = static_cast<_ORVA_EN_PHONEBOOK_MEMORY>(pData->iMemoryOrGroup);
+
+    if (m_ptableContacts != nullptr) {
+        if (m_bStateSavePending)
+            saveColumnState();
+        retireTable();
+    }
+    constructTable(enMemory);
+    startThreadAndUpdateTable(enMemory, iGroupId);
+
+    if (m_ptableContacts != nullptr) {
+        int iCount = 0;
+        getColumnCount(m_enTableMemory, iCount);
+        m_ptableContacts->setColumnCount(iCount);
+        m_ptableContacts->setShowGrid(false);
+        m_ptableContacts->horizontalHeader()->setStretchLastSection(false);
+        m_ptableContacts->setSelectionBehavior(QAbstractItemView::SelectRows);
+        m_ptableContacts->setSelectionMode(QAbstractItemView::ExtendedSelection);
+        showNoRecord();
+        m_ptableContacts->horizontalHeader()->setSortIndicatorShown(true);
+    }
+    disableSelectionItems();
+    if (m_ptableContacts != nullptr)
+        m_ptableContacts->setCurrentIndex(QModelIndex());
+    if (m_bSortPreserve) {
+        // While the table is empty the indicator stands one column to the right; the end of the read sets the true one.
+        restoreColumnState(m_iSortSection + 1);
+        m_bStateSavePending = true;
+    }
+    ADDRBOOK_LOG_EXIT();
+}
+
+void AddrBookDlg::saveColumnState()
+{
+    ADDRBOOK_LOG("state saved");
+    const QHeaderView* pHeader = m_ptableContacts->horizontalHeader();
+    m_listColumnWidths.clear();
+    for (int iColumn = 0; iColumn < m_ptableContacts->columnCount(); ++iColumn)
+        m_listColumnWidths.append(m_ptableContacts->columnWidth(iColumn));
+    if (pHeader->isSortIndicatorShown())
+        m_iSortSection = pHeader->sortIndicatorSection();
+    m_enSortOrder = pHeader->sortIndicatorOrder();
+    // A switch of node during the read that follows must not save the half-built table's defaults.
+    m_bStateSavePending = false;
+}
+
+void AddrBookDlg::restoreColumnState(int iSortSection)
+{
+    ADDRBOOK_LOG("state restored");
+    if (m_ptableContacts == nullptr)
+        return;
+    const int iCount = qMin(m_ptableContacts->columnCount(), m_listColumnWidths.size());
+    for (int iColumn = 0; iColumn < iCount; ++iColumn)
+        m_ptableContacts->setColumnWidth(iColumn, m_listColumnWidths.at(iColumn));
+    m_ptableContacts->horizontalHeader()->setSortIndicator(iSortSection, m_enSortOrder);
+}
+
+// The table on screen keeps its rows, out of sight, until the next switch.
+void AddrBookDlg::retireTable()
+{
+    clearTable(m_ptableContactsOld);
+    delete m_ptableContactsOld;
+    m_ptableContactsOld = m_ptableContacts;
+    m_ptableContacts = nullptr;
+    m_ptableContactsOld->setParent(nullptr);
+    createNewTable();
+}
+
+void AddrBookDlg::startThreadAndUpdateTable(_ORVA_EN_PHONEBOOK_MEMORY enType, int iGroupId)
+{
+    ADDRBOOK_LOG_ENTER();
+    m_enTableMemory = enType;
+    if (m_pthreadRead != nullptr) {
+        QObject::disconnect(m_pthreadRead, nullptr, nullptr, nullptr);
+        m_pthreadRead->StopOperation();
+    }
+    m_pthreadReadOld = m_pthreadRead;
+    m_pthreadRead = new (std::nothrow) AddrBookThread;
+    if (m_pthreadReadOld != nullptr) {
+        while (m_pthreadReadOld->isRunning())
+            QThread::yieldCurrentThread();
+        // Its records are still in the event queue, and tell themselves as stale by a sender that is not the current
+        // reader. Its address must therefore not come back as that of a new reader before they have gone; the deferred
+        // deletion stands behind them in the same queue.
+        m_pthreadReadOld->setParent(this);
+        m_pthreadReadOld->deleteLater();
+        m_pthreadReadOld = nullptr;
+    }
+    if (m_pthreadRead == nullptr)
+        return;
+    connect(m_pthreadRead, SIGNAL(finished()), this, SLOT(OnReadFinished()));
+    connect(m_pthreadRead, SIGNAL(addContacts(int, qlonglong, int, int, int)), this,
+            SLOT(OnAddContactToTable(int, qlonglong, int, int, int)));
+    m_pthreadRead->SetOperation(ADDRBOOK_OP_READ, enType, QList<AddrBookRecord>(), iGroupId);
+    int iCount = 0;
+    getColumnCount(enType, iCount);
+    m_pthreadRead->SetReadOperation(m_ptableContacts, iCount);
+    m_pthreadRead->start(QThread::InheritPriority);
+    connectHandlersForTable();
+    ADDRBOOK_LOG_EXIT();
+}
+
+bool AddrBookDlg::isCurrentReader() const
+{
+    return m_pthreadRead != nullptr && QObject::sender() == m_pthreadRead;
+}
+
+void AddrBookDlg::OnAddContactToTable(int enType, qlonglong iData, int iGroupid, int /*iCurrentRow*/, int iColumnCount)
+{
+    const QScopedPointer<AddrBookRecord> pRecord(carrierToPointer<AddrBookRecord>(iData));
+    if (pRecord.isNull() || !isCurrentReader() || m_ptableContacts == nullptr)
+        return;
+    if (m_enReadMode == ADDRBOOK_OP_SEARCH && !matchesSearch(*pRecord, iColumnCount))
+        return;
+    const int iRow = m_ptableContacts->rowCount();
+    m_ptableContacts->setRowCount(iRow + 1);
+    if (fillRow(iRow, static_cast<_ORVA_EN_PHONEBOOK_MEMORY>(enType), *pRecord, iGroupid, iColumnCount, m_bRightToLeft))
+        m_ptableContacts->setColumnCount(iColumnCount);
+}
+
+bool AddrBookDlg::matchesSearch(const AddrBookRecord& record, int iColumnCount) const
+{
+    const int iCount = qMin(iColumnCount, record.lstValues.size());
+    for (int i = 0; i < iCount; ++i) {
+        if (record.lstValues.at(i).contains(m_strSearchText, Qt::CaseInsensitive))
+            return true;
+    }
+    // A record without values has nothing that could hold a text, but holds the empty one.
+    return m_strSearchText.isEmpty();
+}
+
+// The cells of a row that is there. A record that is shorter than the field list, such as that of a group member that
+// is gone, gives empty cells.
+bool AddrBookDlg::fillRow(int iRow, _ORVA_EN_PHONEBOOK_MEMORY enType, const AddrBookRecord& record, int iGroupId,
+                          int iColumnCount, bool bCorrectParentheses)
+{
+    const QuietModel quiet(m_ptableContacts->model());
+    for (int iColumn = 0; iColumn < iColumnCount; ++iColumn) {
+        QString strText = iColumn < record.lstValues.size() ? inOneLine(record.lstValues.at(iColumn)) : QString();
+        if (bCorrectParentheses)
+            CommonUtils::ParanthesisCorrectionForHeAndAr(strText);
+        QScopedPointer<UITableItem> pItem(new (std::nothrow) UITableItem(strText));
+        TableRowData* pData = new (std::nothrow) TableRowData;
+        if (pItem.isNull() || pData == nullptr) {
+            delete pData;
+            return false;
+        }
+        pItem->setTextAlignment(Qt::AlignLeft | Qt::AlignBottom);
+        pItem->setFlags(pItem->flags() & ~Qt::ItemIsEditable);
+        pData->enType = enType;
+        pData->iRecordID = record.iID;
+        pData->iGroupID = iGroupId;
+        pItem->setData(Qt::UserRole, pointerToCarrier(pData));
+        m_ptableContacts->setItem(iRow, iColumn, pItem.take());
+    }
+    return true;
+}
+
+void AddrBookDlg::OnReadFinished()
+{
+    if (!isCurrentReader())
+        return;
+    ADDRBOOK_LOG_ENTER();
+    int iCount = 0;
+    getColumnCount(m_enTableMemory, iCount);
+    if (m_ptableContacts != nullptr) {
+        if (m_bSortPreserve) {
+            restoreColumnState(m_iSortSection);
+            m_bStateSavePending = true;
+        }
+        for (int iColumn = 0; iColumn < iCount; ++iColumn) {
+            ADDRBOOK_LOG("column number is %d, ColumnWidth is %d", iColumn, m_ptableContacts->columnWidth(iColumn));
+            m_ptableContacts->horizontalHeader()->showSection(iColumn);
+        }
+        m_ptableContacts->setColumnCount(iCount);
+    }
+    if (m_enReadMode == ADDRBOOK_OP_SEARCH)
+        m_enReadMode = ADDRBOOK_OP_NONE;
+    if (m_ptableContacts != nullptr)
+        m_ptableContacts->setSortingEnabled(true);
+    checkMaxCapacity(m_enTableMemory, false);
+
+    if (m_ptableContacts != nullptr) {
+        const int iRow = m_ptableContacts->currentRow();
+        QTableWidgetItem* pItem = m_ptableContacts->item(iRow, 0);
+        TableRowData* pData = tableRowData(pItem);
+        if (pItem != nullptr && pData == nullptr)
+            return;
+        QString strText;
+        constructPreview(iRow, iCount, strText, pData);
+        if (m_plabelPreview != nullptr)
+            m_plabelPreview->setText(strText);
+    }
+    OnTableItemSelectionChanged();
+    ADDRBOOK_LOG_EXIT();
+}
+
+void AddrBookDlg::addContactToTable(_ORVA_EN_PHONEBOOK_MEMORY enType, const AddrBookRecord& record, int iGroupId,
+                                    int& iRow)
+{
+    if (m_ptableContacts == nullptr)
+        return;
+    iRow = m_ptableContacts->rowCount();
+    m_ptableContacts->insertRow(iRow);
+    int iCount = 0;
+    getColumnCount(enType, iCount);
+    if (fillRow(iRow, enType, record, iGroupId, iCount, false))
+        m_ptableContacts->setColumnCount(iCount);
+}
+
+void AddrBookDlg::setTableContent(_ORVA_EN_PHONEBOOK_MEMORY /*enType*/, const AddrBookRecord& record)
+{
+    if (m_ptableContacts == nullptr)
+        return;
+    const int iRow = m_ptableContacts->currentRow();
+    const int iCount = qMin(m_ptableContacts->columnCount(), record.lstValues.size());
+    for (int iColumn = 0; iColumn < iCount; ++iColumn) {
+        QTableWidgetItem* pItem = m_ptableContacts->item(iRow, iColumn);
+        if (pItem != nullptr)
+            pItem->setText(inOneLine(record.lstValues.at(iColumn)));
+    }
+    OnTableClicked(iRow, 0);
+}
+
+bool AddrBookDlg::checkStrings(const QString& strText, const QString& strPrefix) const
+{
+    return strText.length() > strPrefix.length() && strText.startsWith(strPrefix, Qt::CaseInsensitive) &&
+           strText.at(strPrefix.length()).isLetterOrNumber();
+}
+
+void AddrBookDlg::clearTable(AddrBookTableWidget* pTable)
+{
+    if (pTable == nullptr)
+        return;
+    if (m_psplitterPreview != nullptr)
+        m_listPreviewSplitterSizes = m_psplitterPreview->sizes();
+    const QuietModel quiet(pTable->model());
+    const int iColumns = pTable->columnCount();
+    for (int iRow = 0; iRow < pTable->rowCount(); ++iRow) {
+        for (int iColumn = 0; iColumn < iColumns; ++iColumn) {
+            delete tableRowData(pTable->item(iRow, iColumn));
+            delete pTable->takeItem(iRow, iColumn);
+        }
+    }
+    delete pTable->itemDelegate();
+    for (int iColumn = 0; iColumn < iColumns; ++iColumn)
+        delete pTable->takeHorizontalHeaderItem(iColumn);
+}
+
+void AddrBookDlg::OnTableItemClicked()
+{
+    _ORVA_EN_PHONEBOOK_MEMORY enMemory = PB_MEM_LOCAL;
+    int iGroupId = 0;
+    getGroupId(enMemory, iGroupId);
+    if (m_ptreePhonebook != nullptr) {
+        m_ptreePhonebook->m_enDragMemory = enMemory;
+        m_ptreePhonebook->m_iDragGroupId = iGroupId;
+    }
+    m_enDragSourceMemory = enMemory;
+}
+
+void AddrBookDlg::OnHeaderClicked(int iLogicalIndex)
+{
+    if (m_ptreePhonebook == nullptr || m_ptableContacts == nullptr)
+        return;
+    QTreeWidgetItem* pCurrent = m_ptreePhonebook->currentItem();
+    if (pCurrent == nullptr)
+        return;
+    TreeNodeData* pData = treeNodeData(pCurrent);
+    if (pData != nullptr) {
+        pData->bSorted = true;
+        pData->iSortColumn = iLogicalIndex;
+        pData->enSortOrder = m_ptableContacts->horizontalHeader()->sortIndicatorOrder();
+    }
+    m_ptableContacts->activateWindow();
+    m_ptableContacts->repaint();
+}
+
+void AddrBookDlg::OnDragTargetChanged(QWidget* pwidgetTarget)
+{
+    if (m_ptreePhonebook != nullptr && pwidgetTarget != m_ptableContacts &&
+        m_ptreePhonebook->m_pitemPrevious != nullptr)
+        m_ptreePhonebook->setCurrentItem(m_ptreePhonebook->m_pitemPrevious);
+}
+
+int AddrBookDlg::tableSelectionStatus() const
+{
+    if (m_ptableContacts == nullptr)
+        return ADDRBOOK_ENABLE_TABLE_NONE;
+    const QList<QTableWidgetSelectionRange> lstRanges = m_ptableContacts->selectedRanges();
+    if (lstRanges.isEmpty())
+        return ADDRBOOK_ENABLE_TABLE_NONE;
+    if (lstRanges.size() == 1 && lstRanges.at(0).rowCount() == 1)
+        return ADDRBOOK_ENABLE_TABLE_SINGLE;
+    return ADDRBOOK_ENABLE_TABLE_MULTIPLE;
+}

@@ -1,0 +1,166 @@
+// The usage file: a small XML file beside the log folder that says that the phonebook is in use.
+
+#include "window/AddrBookDlg.h"
+
+#include <QDate>
+#include <QDir>
+#include <QDomDocument>
+#include <QFile>
+#include <QTextStream>
+#include <QTime>
+#include <QXmlStreamWriter>
+
+#include "logic/Log.h"
+#include "logic/SdkText.h"
+
+namespace
+{
+
+const char* const PHONEBOOK_ITEM = "PB01";
+
+// Where the file lies. Both texts are empty when there is no log folder.
+struct UsagePaths {
+    QString strFolder;
+    QString strFile;
+};
+
+UsagePaths usagePaths()
+{
+    UsagePaths paths;
+    unsigned short* pDirectory = nullptr;
+    long iResult = 0;
+    SDK_CALL(iResult, ORVA_GetLogDirectory, (&pDirectory));
+    if (iResult != 0 || pDirectory == nullptr) {
+        takeSdkText(pDirectory);
+        return paths;
+    }
+    // The log folder ends in a separator: off with it, then off with the folder's own name.
+    QString strPath = takeSdkText(pDirectory);
+    strPath = strPath.left(strPath.lastIndexOf(QLatin1Char('/')));
+    strPath = strPath.left(strPath.lastIndexOf(QLatin1Char('/')) + 1);
+    paths.strFolder = strPath + QLatin1String("OnlineUpdate/UpdateInfo");
+    paths.strFile = strPath + QLatin1String("OnlineUpdate/UpdateInfo/kpi-pb.dat");
+    return paths;
+}
+
+// The permission that the file's reader expects, and no other: whoever may not override it cannot open it again.
+void setUsagePermissions(QFile& file)
+{
+    file.setPermissions(QFile::WriteOther);
+}
+
+bool createUsageFile(const QString& strFile, const QString& strTime)
+{
+    QFile file(strFile);
+    if (!file.open(QIODevice::ReadWrite | QIODevice::Text)) {
+        ADDRBOOK_LOG("Error open file: ");
+        return false;
+    }
+    setUsagePermissions(file);
+    QXmlStreamWriter writer(&file);
+    writer.setAutoFormatting(true);
+    writer.writeStartDocument();
+    writer.writeStartElement(QLatin1String("Client"));
+    writer.writeAttribute(QLatin1String("version"), QLatin1String("1.0"));
+    writer.writeAttribute(QLatin1String("entity"), QLatin1String("agent"));
+    writer.writeStartElement(QLatin1String("Item"));
+    writer.writeAttribute(QLatin1String("itemname"), QLatin1String(PHONEBOOK_ITEM));
+    writer.writeTextElement(QLatin1String("LogStartTime"), strTime);
+    writer.writeTextElement(QLatin1String("ReportType"), QLatin1String("2"));
+    writer.writeTextElement(QLatin1String("PBisUsing"), QLatin1String("1"));
+    writer.writeEndElement();
+    writer.writeEndElement();
+    writer.writeEndDocument();
+    file.close();
+    ADDRBOOK_LOG("The file is not exist,init write success!");
+    return true;
+}
+
+QDomElement textElement(QDomDocument& document, const QString& strTag, const QString& strText)
+{
+    QDomElement element = document.createElement(strTag);
+    element.appendChild(document.createTextNode(strText));
+    return element;
+}
+
+QDomElement findItem(const QDomElement& root, const QString& strItem)
+{
+    for (QDomNode node = root.firstChild(); !node.isNull(); node = node.nextSibling()) {
+        const QDomElement element = node.toElement();
+        if (!element.isNull() && element.attribute(QLatin1String("itemname")) == strItem)
+            return element;
+    }
+    return QDomElement();
+}
+
+void appendItem(QDomDocument& document, const QString& strItem, const QString& strName, const QString& strValue,
+                const QString& strTime)
+{
+    ADDRBOOK_LOG("The add item not exist,add a new item to the file!");
+    QDomElement item = document.createElement(QLatin1String("Item"));
+    item.setAttribute(QLatin1String("itemname"), strItem);
+    if (strItem == QLatin1String(PHONEBOOK_ITEM)) {
+        item.appendChild(textElement(document, QLatin1String("LogStartTime"), strTime));
+        item.appendChild(textElement(document, QLatin1String("ReportType"), QLatin1String("2")));
+        item.appendChild(textElement(document, QLatin1String("PBisUsing"), QLatin1String("1")));
+    } else {
+        item.appendChild(textElement(document, strName, strValue));
+    }
+    document.documentElement().appendChild(item);
+}
+
+void updateItem(QDomDocument& document, QDomElement item, const QString& strName, const QString& strValue)
+{
+    const QDomElement replacement = textElement(document, strName, strValue);
+    const QDomElement present = item.firstChildElement(strName);
+    if (present.isNull())
+        item.appendChild(replacement);
+    else
+        item.replaceChild(replacement, present);
+}
+
+} // namespace
+
+bool AddrBookDlg::SavePBInfoForAgent(QString strItem, QString strName, QString strValue)
+{
+    ADDRBOOK_LOG_ENTER();
+    const QString strTime =
+        QDate::currentDate().toString(Qt::ISODate) + QLatin1Char(' ') + QTime::currentTime().toString(Qt::TextDate);
+    const UsagePaths paths = usagePaths();
+    // Makes the last level only; the folder above is the host's.
+    if (!QDir(paths.strFolder).exists())
+        QDir().mkdir(paths.strFolder);
+    if (!QFile::exists(paths.strFile) && !createUsageFile(paths.strFile, strTime))
+        return false;
+
+    QFile file(paths.strFile);
+    if (!file.open(QIODevice::ReadWrite)) {
+        ADDRBOOK_LOG("Error open file: ");
+        return false;
+    }
+    setUsagePermissions(file);
+    QDomDocument document;
+    if (!document.setContent(&file)) {
+        ADDRBOOK_LOG("Error set file: ");
+        file.close();
+        return false;
+    }
+    file.close();
+
+    const QDomElement item = findItem(document.documentElement(), strItem);
+    if (item.isNull())
+        appendItem(document, strItem, strName, strValue, strTime);
+    else
+        updateItem(document, item, strName, strValue);
+
+    QFile output(paths.strFile);
+    if (!output.open(QIODevice::WriteOnly | QIODevice::Text))
+        return false;
+    setUsagePermissions(file);
+    QTextStream stream(&output);
+    document.save(stream, 4);
+    stream.flush();
+    output.close();
+    ADDRBOOK_LOG_EXIT();
+    return true;
+}

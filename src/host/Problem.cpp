@@ -1,0 +1,19 @@
+#include "Problem.h"
+
+#include "HostText.h"
+
+bool Problem::IsGrave() const
+{
+    return strReasonId == QLatin1String("IDS_HOST_PROBLEM_FOLDER_CREATE") ||
+           strReasonId == QLatin1String("IDS_HOST_PROBLEM_FOLDER_WRITE") ||
+           strReasonId == QLatin1String("IDS_HOST_PROBLEM_STORE") ||
+           strReasonId == QLatin1String("IDS_HOST_PROBLEM_STORE_NEWER") ||
+           strReasonId == QLatin1String("IDS_HOST_PROBLEM_DAMAGED") ||
+           strReasonId == QLatin1String("IDS_HOST_PROBLEM_OUTBOX");
+}
+
+QString Problem::Reason() const
+{
+    const QString strText = HostText::Get(strReasonId);
+    return strText.contains(QLatin1String("%1")) ? strText.arg(strDetail) : strText;
+}

@@ -1,0 +1,251 @@
+#include "app/HostApplication.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QTimer>
+#include <QTranslator>
+
+#include <cstdio>
+#include <sys/stat.h>
+
+#include "HostText.h"
+#include "app/DataFolder.h"
+#include "app/Link.h"
+#include "app/Screenshot.h"
+#include "app/SdkFolders.h"
+#include "app/UnixSignals.h"
+#include "common/PluginIds.h"
+#include "device/DeviceWatcher.h"
+#include "device/Outbox.h"
+#include "device/SimulatedModem.h"
+#include "linkhand/QtCompat.h"
+#include "linkhand/core/CommonUtils.h"
+#include "loader/PluginContainer.h"
+#include "loader/PluginLifecycle.h"
+#include "loader/PluginLoader.h"
+#include "test/TestSocket.h"
+#include "window/MainWindow.h"
+#include "window/StatusArea.h"
+
+namespace
+{
+
+// How long the end of the program waits for workers.
+const int SHUTDOWN_LIMIT_MS = 5000;
+
+void print(FILE* pStream, const QString& strText)
+{
+    std::fputs(strText.toLocal8Bit().constData(), pStream);
+}
+
+QStringList argumentsOf(int argc, char** argv)
+{
+    QStringList lstArguments;
+    for (int i = 1; i < argc; ++i) {
+        lstArguments.append(QString::fromLocal8Bit(argv[i]));
+    }
+    return lstArguments;
+}
+
+int answerInText(const CommandLine& line)
+{
+    if (!line.strError.isEmpty()) {
+        print(stderr, QLatin1String("linkhand: ") + line.strError + QLatin1String("\nTry 'linkhand --help'.\n"));
+        return 2;
+    }
+    print(stdout, line.bHelp ? CommandLine::HelpText() : CommandLine::VersionText());
+    return 0;
+}
+
+} // namespace
+
+int HostApplication::Main(int argc, char** argv)
+{
+    // Help and version work without a display.
+    if (CommandLine::WantsText(argumentsOf(argc, argv))) {
+        return answerInText(CommandLine::Parse(argumentsOf(argc, argv)));
+    }
+    // Contacts, messages and logs are nobody else's business.
+    umask(077);
+    QtCompat::prepareApplication();
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QLatin1String("linkhand"));
+    QApplication::setApplicationVersion(QLatin1String(LINKHAND_VERSION));
+    QApplication::setQuitOnLastWindowClosed(false);
+    QtCompat::setDebugEnabled(!qgetenv("LINKHAND_DEBUG").isEmpty());
+
+    // Qt has taken its own options out.
+    const CommandLine line = CommandLine::Parse(QApplication::arguments().mid(1));
+    if (!line.strError.isEmpty()) {
+        return answerInText(line);
+    }
+    if (!line.strDataDir.isEmpty()) {
+        qputenv("LINKHAND_DATA_DIR", QFile::encodeName(line.strDataDir));
+    }
+    return HostApplication(line).Run();
+}
+
+HostApplication::HostApplication(const CommandLine& line)
+    : m_line(line),
+      m_services(QCoreApplication::applicationDirPath(), DataFolder::SettingsFile()),
+      m_settings(m_services.SettingsFile()),
+      m_languages(m_services.LanguagesPath()),
+      m_iExitCode(0)
+{
+    DataFolder::Prepare(SdkFolders::LogFolder(), m_problems);
+    m_pOutbox.reset(new Outbox(DataFolder::Path() + QLatin1String("/outbox.xml")));
+    m_pModem.reset(new SimulatedModem(*m_pOutbox));
+    m_pWatcher.reset(new DeviceWatcher);
+    m_pContainer.reset(new PluginContainer);
+    m_pLifecycle.reset(new PluginLifecycle(*m_pContainer, m_services));
+    m_services.SetContainer(m_pContainer.data());
+    m_services.SetModem(m_pModem.data());
+    m_services.Publish();
+    applyLanguage(
+        m_languages.BestFor(m_settings.Language().isEmpty() ? QLocale::system().name() : m_settings.Language()));
+    m_pWindow.reset(new MainWindow(*m_pContainer, *m_pOutbox, *m_pWatcher));
+    m_services.SetMainWindow(m_pWindow.data());
+    m_pLink.reset(new Link(*m_pModem, m_pWindow.data(), SdkFolders::LogFolder()));
+    m_pLink->Publish();
+}
+
+HostApplication::~HostApplication()
+{
+    m_pLink->Withdraw();
+    // Windows that plug-ins left with the main window go while the plug-ins' code is there.
+    m_pWindow.reset();
+    m_pContainer.reset();
+    m_services.Withdraw();
+}
+
+int HostApplication::Run()
+{
+    connect(m_pWindow.data(), SIGNAL(languageChosen(QString)), this, SLOT(OnLanguageChosen(QString)));
+    connect(m_pWindow.data(), SIGNAL(closing()), this, SLOT(OnClosing()));
+    connect(m_pWatcher.data(), SIGNAL(notifyCode(int, int)), m_pLifecycle.data(), SLOT(NotifyAll(int, int)));
+    UnixSignals unixSignals;
+    connect(&unixSignals, SIGNAL(received()), qApp, SLOT(quit()));
+    TestSocket testSocket;
+
+    m_pWatcher->Start();
+    loadPlugins();
+    checkInstallation();
+    showWindow();
+    QScopedPointer<Screenshot> pScreenshot;
+    if (!m_line.strScreenshot.isEmpty()) {
+        pScreenshot.reset(new Screenshot(m_pWindow.data(), m_services.Workers(), m_line.strScreenshot, nullptr));
+        connect(pScreenshot.data(), SIGNAL(taken(bool)), this, SLOT(OnScreenshotTaken(bool)));
+    } else if (!m_problems.isEmpty()) {
+        QTimer::singleShot(0, this, SLOT(OnReportProblems()));
+    }
+    QApplication::exec();
+    shutDown();
+    return m_iExitCode;
+}
+
+void HostApplication::OnLanguageChosen(const QString& strCode)
+{
+    applyLanguage(strCode);
+    m_settings.SetLanguage(strCode);
+    m_pWindow->SetLanguages(m_languages.Entries(), strCode);
+    m_pWindow->Retranslate();
+    m_pLifecycle->NotifyAll(320, 0);
+}
+
+void HostApplication::OnClosing()
+{
+    QApplication::quit();
+}
+
+void HostApplication::OnScreenshotTaken(bool bWritten)
+{
+    if (!bWritten) {
+        print(stderr, QString::fromLatin1("linkhand: cannot write %1\n").arg(m_line.strScreenshot));
+        m_iExitCode = 1;
+    }
+    QApplication::quit();
+}
+
+// Only what touches the contacts themselves interrupts the user; the rest waits in the status area.
+void HostApplication::OnReportProblems()
+{
+    foreach (const Problem& problem, m_problems) {
+        if (problem.IsGrave()) {
+            CommonUtils::ShowMessage(QMessageBox::Critical, m_pWindow.data(), HostText::Get("IDS_HOST_TITLE"),
+                                     problem.strName + QLatin1String("\n\n") + problem.Reason(),
+                                     QLatin1String("IDS_OK"), QString(), QString(), true, Qt::WindowCloseButtonHint,
+                                     nullptr, QString(), true);
+        }
+    }
+}
+
+void HostApplication::loadPlugins()
+{
+    const QStringList lstDamaged = DataFolder::DamagedStores();
+    PluginLoader(m_services.PluginsPath()).LoadAll(*m_pContainer, m_problems);
+    m_pLifecycle->InitAll(m_problems);
+    DataFolder::CheckStore(lstDamaged, m_problems);
+}
+
+// Files that the phonebook lives without, but that ought to be there.
+void HostApplication::checkInstallation()
+{
+    const QString strFolder = m_services.PluginsPath() + QLatin1String("/" LINKHAND_ADDRBOOK_NAME);
+    if (m_pContainer->FindByName(QLatin1String(LINKHAND_ADDRBOOK_NAME)) != nullptr) {
+        foreach (const char* pszFile, (QList<const char*>() << "/Config.xml"
+                                                            << "/addr_tre_images")) {
+            if (!QFile::exists(strFolder + QLatin1String(pszFile))) {
+                m_problems.append(Problem(strFolder + QLatin1String(pszFile), "IDS_HOST_PROBLEM_FILE"));
+            }
+        }
+    }
+    if (!m_languages.Contains(QLatin1String("en"))) {
+        // A text of its own where no file has one: the id is shown as it is.
+        m_problems.append(
+            Problem(m_services.LanguagesPath(), "No English language file was found; texts show as ids."));
+    }
+    if (m_pOutbox->WasDamaged()) {
+        m_problems.append(
+            Problem(DataFolder::Path() + QLatin1String("/outbox.xml.damaged"), "IDS_HOST_PROBLEM_OUTBOX"));
+    }
+}
+
+void HostApplication::showWindow()
+{
+    m_pWindow->BuildPages();
+    m_pWindow->SetLanguages(m_languages.Entries(), m_services.Language());
+    m_pWindow->Retranslate();
+    m_pWindow->Status().SetProblems(m_problems);
+    m_pWindow->Status().SetState(m_pWatcher->State());
+    m_pWindow->restoreGeometry(m_settings.Geometry());
+    m_pWindow->SetDevicePanelShown(m_settings.DevicePanelShown());
+    m_pWindow->show();
+    m_pWindow->ShowPage(QLatin1String(LINKHAND_ADDRBOOK_NAME));
+}
+
+void HostApplication::applyLanguage(const QString& strCode)
+{
+    m_services.SetLanguage(strCode);
+    const QLocale locale(strCode);
+    QLocale::setDefault(locale);
+    QApplication::setLayoutDirection(locale.textDirection());
+    // The texts of Qt's own dialogs, where the distribution has them.
+    QScopedPointer<QTranslator> pTexts(new QTranslator);
+    pTexts->load(QLatin1String("qt_") + strCode, QLibraryInfo::location(QLibraryInfo::TranslationsPath));
+    QApplication::installTranslator(pTexts.data());
+    m_pQtTexts.swap(pTexts);
+}
+
+void HostApplication::shutDown()
+{
+    if (m_line.strScreenshot.isEmpty()) {
+        m_settings.SetGeometry(m_pWindow->saveGeometry());
+        m_settings.SetDevicePanelShown(m_pWindow->DevicePanelShown());
+    }
+    m_pWindow->hide();
+    m_pModem->HangUp();
+    m_pWatcher->Stop();
+    m_pLifecycle->ShutDown(SHUTDOWN_LIMIT_MS);
+}

@@ -1,0 +1,71 @@
+#ifndef LINKHAND_HOST_HOSTAPPLICATION_H
+#define LINKHAND_HOST_HOSTAPPLICATION_H
+
+#include <QObject>
+#include <QScopedPointer>
+#include <QString>
+
+#include "Problem.h"
+#include "app/CommandLine.h"
+#include "app/HostSettings.h"
+#include "app/LanguageCatalog.h"
+#include "app/Services.h"
+
+class DeviceWatcher;
+class Link;
+class MainWindow;
+class Outbox;
+class PluginContainer;
+class PluginLifecycle;
+class QTranslator;
+class SimulatedModem;
+
+// Puts the program together and takes it apart again.
+//
+// Start: services and link are published, the plug-ins loaded, then started, then their pages built; the window comes
+// last. End: the window is hidden, the plug-ins go through their shutdown, then everything else goes in the reverse
+// order.
+class HostApplication : public QObject
+{
+    Q_OBJECT
+
+public:
+    // The whole run of the program; the result is its exit code: 0, 1 for a picture that could not be written, 2 for
+    // arguments that make no sense.
+    static int Main(int argc, char** argv);
+
+    explicit HostApplication(const CommandLine& line);
+    ~HostApplication() override;
+
+    int Run();
+
+private slots:
+    void OnLanguageChosen(const QString& strCode);
+    void OnClosing();
+    void OnScreenshotTaken(bool bWritten);
+    void OnReportProblems();
+
+private:
+    void loadPlugins();
+    void checkInstallation();
+    void showWindow();
+    void applyLanguage(const QString& strCode);
+    void shutDown();
+
+    CommandLine m_line;
+    ProblemList m_problems;
+    Services m_services;
+    HostSettings m_settings;
+    LanguageCatalog m_languages;
+    QScopedPointer<QTranslator> m_pQtTexts;
+    QScopedPointer<Outbox> m_pOutbox;
+    QScopedPointer<SimulatedModem> m_pModem;
+    QScopedPointer<DeviceWatcher> m_pWatcher;
+    QScopedPointer<PluginContainer> m_pContainer;
+    QScopedPointer<PluginLifecycle> m_pLifecycle;
+    QScopedPointer<MainWindow> m_pWindow;
+    QScopedPointer<Link> m_pLink;
+    int m_iExitCode;
+};
+
+#endif // LINKHAND_HOST_HOSTAPPLICATION_H

@@ -1,0 +1,65 @@
+#include "app/Link.h"
+
+#include <QCoreApplication>
+#include <QVariant>
+
+#include "Modem.h"
+#include "window/MainWindow.h"
+#include "window/StatusArea.h"
+
+Link::Link(Modem& modem, MainWindow* pWindow, const QString& strLogFolder)
+    : m_modem(modem), m_pWindow(pWindow), m_strLogFolder(strLogFolder)
+{
+}
+
+void Link::Publish()
+{
+    const HostLink* pSelf = this;
+    QCoreApplication::instance()->setProperty(LINKHAND_HOST_LINK,
+                                              QVariant(static_cast<qlonglong>(reinterpret_cast<quintptr>(pSelf))));
+}
+
+void Link::Withdraw()
+{
+    QCoreApplication::instance()->setProperty(LINKHAND_HOST_LINK, QVariant());
+}
+
+bool Link::SendMessage(HostMessageKind enKind, const QStringList& lstNumbers, const QString& strSubject,
+                       const QString& strText)
+{
+    OutgoingMessage message;
+    message.iKind = enKind;
+    message.lstNumbers = lstNumbers;
+    message.strSubject = strSubject;
+    message.strText = strText;
+    return m_modem.Send(message);
+}
+
+bool Link::Dial(const QString& strNumber, HostCallType enType)
+{
+    return m_modem.Dial(strNumber, enType);
+}
+
+void Link::HangUp()
+{
+    m_modem.HangUp();
+}
+
+QObject* Link::CallEvents()
+{
+    return &m_modem;
+}
+
+void Link::ShowPage(const QString& strPlugin)
+{
+    if (m_pWindow) {
+        m_pWindow->ShowPage(strPlugin);
+    }
+}
+
+void Link::ShowStatus(const QString& strText)
+{
+    if (m_pWindow) {
+        m_pWindow->Status().ShowNotice(strText);
+    }
+}

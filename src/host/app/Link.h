@@ -1,0 +1,36 @@
+#ifndef LINKHAND_HOST_LINK_H
+#define LINKHAND_HOST_LINK_H
+
+#include <QPointer>
+
+#include "common/HostLink.h"
+
+class MainWindow;
+class Modem;
+
+// What the host gives its own siblings, joined to the modem and the main window.
+class Link : public HostLink
+{
+public:
+    // The modem outlives the link; the window may go before it.
+    Link(Modem& modem, MainWindow* pWindow, const QString& strLogFolder);
+
+    void Publish();
+    void Withdraw();
+
+    bool SendMessage(HostMessageKind enKind, const QStringList& lstNumbers, const QString& strSubject,
+                     const QString& strText) override;
+    bool Dial(const QString& strNumber, HostCallType enType) override;
+    void HangUp() override;
+    QObject* CallEvents() override;
+    void ShowPage(const QString& strPlugin) override;
+    void ShowStatus(const QString& strText) override;
+    QString LogFolder() override { return m_strLogFolder; }
+
+private:
+    Modem& m_modem;
+    QPointer<MainWindow> m_pWindow;
+    QString m_strLogFolder;
+};
+
+#endif // LINKHAND_HOST_LINK_H

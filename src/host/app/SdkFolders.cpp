@@ -1,0 +1,14 @@
+#include "app/SdkFolders.h"
+
+#include "orva/orva_sdk.h"
+
+QString SdkFolders::LogFolder()
+{
+    unsigned short* pusPath = nullptr;
+    if (ORVA_GetLogDirectory(&pusPath) != ORVA_OK || pusPath == nullptr) {
+        return QString();
+    }
+    const QString strPath = QString::fromUtf16(pusPath);
+    delete[] pusPath;
+    return strPath;
+}

@@ -1,0 +1,119 @@
+#include "app/Services.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QStringList>
+#include <QVariant>
+
+#include "Modem.h"
+#include "common/PluginIds.h"
+
+namespace
+{
+
+// The plug-in's name to an identifier, which is the identifier itself for one that is known by its name. A plug-in
+// that is installed but not loaded has no other way to tell its identifier.
+QString pluginNameOf(const QString& strId)
+{
+    static const struct {
+        const char* pszId;
+        const char* pszName;
+    } known[] = {
+        {LINKHAND_SMS_ID, LINKHAND_SMS_NAME},
+        {LINKHAND_MMS_ID, LINKHAND_MMS_NAME},
+        {LINKHAND_VOICECALL_ID, LINKHAND_VOICECALL_NAME},
+        {LINKHAND_VIDEOCALL_ID, LINKHAND_VIDEOCALL_NAME},
+        {LINKHAND_NOTIFY_ID, LINKHAND_NOTIFY_NAME},
+        {LINKHAND_DEVICEMGR_ID, LINKHAND_DEVICEMGR_NAME},
+    };
+    for (const auto& entry : known) {
+        if (strId == QLatin1String(entry.pszId)) {
+            return QLatin1String(entry.pszName);
+        }
+    }
+    return strId;
+}
+
+QList<int> answersFromEnvironment()
+{
+    QList<int> listAnswers;
+    const QString strAnswers = QString::fromLatin1(qgetenv("LINKHAND_MESSAGE_ANSWERS"));
+    foreach (const QString& strAnswer, strAnswers.split(QLatin1Char(','))) {
+        bool bNumber = false;
+        const int iAnswer = strAnswer.trimmed().toInt(&bNumber);
+        if (bNumber) {
+            listAnswers.append(iAnswer);
+        }
+    }
+    return listAnswers;
+}
+
+} // namespace
+
+Services::Services(const QString& strRoot, const QString& strSettingsFile)
+    : m_strRoot(strRoot),
+      m_strSettingsFile(strSettingsFile),
+      m_strLanguage(QLatin1String("en")),
+      m_pContainer(nullptr),
+      m_bShuttingDown(false),
+      m_listAnswers(answersFromEnvironment())
+{
+}
+
+void Services::Publish()
+{
+    const HostServices* pSelf = this;
+    QCoreApplication::instance()->setProperty(LINKHAND_HOST_SERVICES,
+                                              QVariant(static_cast<qlonglong>(reinterpret_cast<quintptr>(pSelf))));
+}
+
+void Services::Withdraw()
+{
+    QCoreApplication::instance()->setProperty(LINKHAND_HOST_SERVICES, QVariant());
+}
+
+QString Services::PluginsPath() const
+{
+    return m_strRoot + QLatin1String("/plugins");
+}
+
+IPluginContainer* Services::PluginContainer()
+{
+    return m_pContainer;
+}
+
+bool Services::IsPluginAvailable(const QString& strId)
+{
+    if (strId.isEmpty() || strId.contains(QLatin1Char('/'))) {
+        return false;
+    }
+    if (m_pContainer != nullptr && m_pContainer->GetPlugin(strId, 0) != nullptr) {
+        return true;
+    }
+    return QFile::exists(PluginsPath() + QLatin1String("/lib") + pluginNameOf(strId) + QLatin1String(".so"));
+}
+
+bool Services::MakeCall(const QString& strNumber, int iType)
+{
+    return m_pModem && m_pModem->Dial(strNumber, iType);
+}
+
+QString Services::LanguagesPath()
+{
+    return m_strRoot + QLatin1String("/languages");
+}
+
+int Services::MessageAnswer(QMessageBox::Icon, const QString&, const QString&)
+{
+    return m_listAnswers.isEmpty() ? -1 : m_listAnswers.takeFirst();
+}
+
+void Services::ThreadCountInc(const QString& strFile, const QString& strFunction)
+{
+    m_workers.Increment(strFile, strFunction);
+}
+
+void Services::ThreadCountDec(const QString& strFile, const QString& strFunction)
+{
+    m_workers.Decrement(strFile, strFunction);
+}

@@ -1,0 +1,32 @@
+#ifndef LINKHAND_HOST_WORKERCOUNT_H
+#define LINKHAND_HOST_WORKERCOUNT_H
+
+#include <QHash>
+#include <QMutex>
+#include <QString>
+#include <QStringList>
+
+#include <atomic>
+
+// The running workers of all plug-ins, counted by place of work so that one that does not end can be named. Any
+// thread.
+class WorkerCount
+{
+public:
+    void Increment(const QString& strFile, const QString& strFunction);
+
+    // Counting down what was never counted up changes nothing.
+    void Decrement(const QString& strFile, const QString& strFunction);
+
+    int Running() const { return m_iRunning.load(); }
+
+    // "file: function" of each that runs.
+    QStringList Names() const;
+
+private:
+    std::atomic<int> m_iRunning{0};
+    mutable QMutex m_mutex;
+    QHash<QString, int> m_hashNames;
+};
+
+#endif // LINKHAND_HOST_WORKERCOUNT_H

@@ -1,0 +1,132 @@
+#include "device/DeviceWatcher.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QMutex>
+#include <QMutexLocker>
+
+#include "orva/orva_sdk.h"
+
+namespace
+{
+
+enum SdkEvent {
+    EVENT_NETWORK = 7,
+    EVENT_CARD_REMOVED = 6002,
+    EVENT_DEVICE = 6014,
+    EVENT_CARD_INSERTED = 6601,
+    EVENT_PIN = 6604,
+    EVENT_RADIO = 6615
+};
+
+enum NotifyCode {
+    NOTIFY_REGISTRATION = 515,
+    NOTIFY_NETWORK_LOST = 576,
+    NOTIFY_NETWORK_GAINED = 577,
+    NOTIFY_CARD_ENABLED = 578,
+    NOTIFY_CARD_DISABLED = 579,
+    NOTIFY_SYSTEM_MODE = 4101
+};
+
+const QEvent::Type SDK_EVENT = static_cast<QEvent::Type>(QEvent::User + 1);
+
+class SdkEventCarrier : public QEvent
+{
+public:
+    explicit SdkEventCarrier(int event) : QEvent(SDK_EVENT), iEvent(event) {}
+    const int iEvent;
+};
+
+// The SDK's callback has no argument of ours, so that the object is found here. The lock keeps it alive meanwhile.
+QMutex s_mutex;
+DeviceWatcher* s_pWatcher = nullptr;
+
+} // namespace
+
+DeviceWatcher::DeviceWatcher(QObject* pParent) : QObject(pParent), m_bStarted(false) {}
+
+DeviceWatcher::~DeviceWatcher()
+{
+    Stop();
+}
+
+void DeviceWatcher::Start()
+{
+    {
+        QMutexLocker locker(&s_mutex);
+        s_pWatcher = this;
+    }
+    m_bStarted = true;
+    ORVA_DevSrv_RegisterDevInitEventCallback(&DeviceWatcher::onSdkEvent);
+    ORVA_DevSrv_RegisterDevMgrCallback(&DeviceWatcher::onSdkEvent);
+    ORVA_NetSrv_RegisterNetSrvEvent(&DeviceWatcher::onSdkEvent);
+    Refresh();
+}
+
+void DeviceWatcher::Stop()
+{
+    if (!m_bStarted) {
+        return;
+    }
+    m_bStarted = false;
+    ORVA_DevSrv_UnRegisterDevInitEventCallback(&DeviceWatcher::onSdkEvent);
+    ORVA_DevSrv_UnRegisterDevMgrCallback(&DeviceWatcher::onSdkEvent);
+    ORVA_NetSrv_UnRegisterNetSrvEvent(&DeviceWatcher::onSdkEvent);
+    QMutexLocker locker(&s_mutex);
+    s_pWatcher = nullptr;
+}
+
+void DeviceWatcher::Refresh()
+{
+    const DeviceState state = DeviceState::Read();
+    if (!(state == m_state)) {
+        m_state = state;
+        emit changed();
+    }
+}
+
+void DeviceWatcher::AnnounceSystemMode()
+{
+    Refresh();
+    emit notifyCode(NOTIFY_SYSTEM_MODE, 0);
+}
+
+void DeviceWatcher::customEvent(QEvent* pEvent)
+{
+    if (pEvent->type() == SDK_EVENT && m_bStarted) {
+        handle(static_cast<SdkEventCarrier*>(pEvent)->iEvent);
+    }
+}
+
+// On the SDK's event thread.
+int DeviceWatcher::onSdkEvent(int iEvent, void*)
+{
+    QMutexLocker locker(&s_mutex);
+    if (s_pWatcher != nullptr) {
+        QCoreApplication::postEvent(s_pWatcher, new SdkEventCarrier(iEvent));
+    }
+    return 0;
+}
+
+void DeviceWatcher::handle(int iEvent)
+{
+    Refresh();
+    switch (iEvent) {
+    case EVENT_NETWORK:
+        emit notifyCode(NOTIFY_REGISTRATION, m_state.bRegistered ? 1 : 0);
+        break;
+    case EVENT_DEVICE:
+    case EVENT_RADIO:
+        emit notifyCode(m_state.Online() ? NOTIFY_NETWORK_GAINED : NOTIFY_NETWORK_LOST, 0);
+        break;
+    case EVENT_CARD_REMOVED:
+        emit notifyCode(NOTIFY_CARD_DISABLED, 0);
+        break;
+    case EVENT_CARD_INSERTED:
+    case EVENT_PIN:
+        emit notifyCode(m_state.bCardReady ? NOTIFY_CARD_ENABLED : NOTIFY_CARD_DISABLED, 0);
+        break;
+    default:
+        break;
+    }
+}

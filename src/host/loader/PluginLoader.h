@@ -1,0 +1,33 @@
+#ifndef LINKHAND_HOST_PLUGINLOADER_H
+#define LINKHAND_HOST_PLUGINLOADER_H
+
+#include <QString>
+#include <QStringList>
+
+#include "Problem.h"
+
+class PluginContainer;
+class PluginHandle;
+
+// Loads the plug-ins of one folder. A file that does not pass is a Problem with its name and reason, and the next
+// one is tried. Order of the tests of a file: who may write it; its verification text, before any of its code runs;
+// the loading itself; the interfaces of its root object. User-interface thread only.
+class PluginLoader
+{
+public:
+    explicit PluginLoader(const QString& strFolder) : m_strFolder(strFolder) {}
+
+    // The shared objects in the folder, by name.
+    QStringList Files() const;
+
+    // Loads all into container; problems gets those that were refused.
+    void LoadAll(PluginContainer& container, ProblemList& problems) const;
+
+    // Loads one file. Null, with the reason in problem, if it was refused; otherwise the caller owns the handle.
+    static PluginHandle* Load(const QString& strFile, Problem& problem);
+
+private:
+    QString m_strFolder;
+};
+
+#endif // LINKHAND_HOST_PLUGINLOADER_H

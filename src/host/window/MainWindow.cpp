@@ -1,0 +1,211 @@
+#include "window/MainWindow.h"
+
+#include <QCloseEvent>
+#include <QHBoxLayout>
+#include <QShortcut>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+
+#include "HostText.h"
+#include "common/PluginIds.h"
+#include "device/DeviceWatcher.h"
+#include "device/SimulatedHardware.h"
+#include "loader/PluginContainer.h"
+#include "loader/PluginHandle.h"
+#include "window/DevicePanel.h"
+#include "window/MessagesPage.h"
+#include "window/NavBar.h"
+#include "window/PluginPage.h"
+#include "window/StatusArea.h"
+#include "window/StyleSheet.h"
+
+namespace
+{
+
+const char* const MESSAGES_PAGE = "Messages";
+
+Glyphs::Glyph glyphOf(const QString& strPage)
+{
+    return strPage == QLatin1String(LINKHAND_ADDRBOOK_NAME)    ? Glyphs::PHONEBOOK
+           : strPage == QLatin1String(MESSAGES_PAGE)           ? Glyphs::MESSAGES
+           : strPage == QLatin1String(LINKHAND_VOICECALL_NAME) ? Glyphs::CALLS
+                                                               : Glyphs::OTHER;
+}
+
+// A plug-in that the language files do not know shows under its own name.
+QString titleOf(const QString& strPage)
+{
+    const QString strId = QLatin1String("IDS_HOST_PAGE_") + strPage;
+    const QString strText = HostText::Get(strId);
+    return strText == strId ? strPage : strText;
+}
+
+} // namespace
+
+MainWindow::MainWindow(PluginContainer& container, Outbox& outbox, DeviceWatcher& watcher)
+    : m_container(container),
+      m_watcher(watcher),
+      m_pNavBar(new NavBar(this)),
+      m_pStack(new QStackedWidget(this)),
+      m_pDevicePanel(new DevicePanel(watcher, this)),
+      m_pStatus(new StatusArea(this)),
+      m_pMessages(new MessagesPage(outbox, container, this)),
+      m_iCurrentPage(-1)
+{
+    setObjectName(QLatin1String("linkhand_MainWindow"));
+    setWindowIcon(Glyphs::Icon(Glyphs::PHONEBOOK, palette().color(QPalette::Highlight)));
+    setMinimumSize(720, 480);
+    resize(1120, 740);
+
+    QWidget* pCentral = new QWidget(this);
+    QHBoxLayout* pRow = new QHBoxLayout;
+    pRow->setSpacing(0);
+    pRow->addWidget(m_pNavBar);
+    pRow->addWidget(m_pStack, 1);
+    pRow->addWidget(m_pDevicePanel);
+    QVBoxLayout* pLayout = new QVBoxLayout(pCentral);
+    pLayout->setContentsMargins(0, 0, 0, 0);
+    pLayout->setSpacing(0);
+    pLayout->addLayout(pRow, 1);
+    pLayout->addWidget(m_pStatus);
+    setCentralWidget(pCentral);
+
+    m_pMessages->hide();
+    m_pDevicePanel->hide();
+    m_pNavBar->SetDeviceAvailable(SimulatedHardware::Available());
+    connect(m_pNavBar, SIGNAL(pageChosen(int)), this, SLOT(OnPageChosen(int)));
+    connect(m_pNavBar, SIGNAL(deviceToggled(bool)), this, SLOT(OnDeviceToggled(bool)));
+    connect(m_pNavBar, SIGNAL(languageChosen(QString)), this, SIGNAL(languageChosen(QString)));
+    connect(&m_watcher, SIGNAL(changed()), this, SLOT(OnDeviceChanged()));
+    QShortcut* pQuit = new QShortcut(QKeySequence(QLatin1String("Ctrl+Q")), this);
+    connect(pQuit, SIGNAL(activated()), this, SLOT(close()));
+    applyStyle();
+}
+
+void MainWindow::BuildPages()
+{
+    addPluginPage(QLatin1String(LINKHAND_ADDRBOOK_NAME));
+    addPage(QLatin1String(MESSAGES_PAGE), m_pMessages, nullptr, Glyphs::MESSAGES);
+    foreach (PluginHandle* pHandle, m_container.Handles()) {
+        if (pHandle->HasWindow() && Page(pHandle->Name()) == nullptr) {
+            addPluginPage(pHandle->Name());
+        }
+    }
+}
+
+void MainWindow::SetLanguages(const QList<LanguageEntry>& listEntries, const QString& strCurrent)
+{
+    m_pNavBar->SetLanguages(listEntries, strCurrent);
+}
+
+void MainWindow::SetDevicePanelShown(bool bShown)
+{
+    m_pNavBar->SetDeviceShown(bShown && SimulatedHardware::Available());
+}
+
+bool MainWindow::DevicePanelShown() const
+{
+    return !m_pDevicePanel->isHidden();
+}
+
+QWidget* MainWindow::Page(const QString& strName) const
+{
+    foreach (const PageEntry& page, m_listPages) {
+        if (page.strName == strName) {
+            return page.pWidget;
+        }
+    }
+    return nullptr;
+}
+
+void MainWindow::ShowPage(const QString& strName)
+{
+    for (int i = 0; i < m_listPages.size(); ++i) {
+        if (m_listPages.at(i).strName == strName) {
+            OnPageChosen(i);
+        }
+    }
+}
+
+void MainWindow::Retranslate()
+{
+    setWindowTitle(HostText::Get("IDS_HOST_TITLE"));
+    for (int i = 0; i < m_listPages.size(); ++i) {
+        m_pNavBar->SetPageText(i, titleOf(m_listPages.at(i).strName));
+        if (m_listPages.at(i).pPlugin != nullptr) {
+            m_listPages.at(i).pPlugin->Retranslate();
+        }
+    }
+    m_pNavBar->Retranslate();
+    m_pMessages->Retranslate();
+    m_pDevicePanel->Retranslate();
+    m_pStatus->Retranslate();
+}
+
+void MainWindow::closeEvent(QCloseEvent* pEvent)
+{
+    pEvent->accept();
+    emit closing();
+}
+
+void MainWindow::changeEvent(QEvent* pEvent)
+{
+    QMainWindow::changeEvent(pEvent);
+    if (pEvent->type() == QEvent::PaletteChange) {
+        applyStyle();
+    }
+}
+
+void MainWindow::OnPageChosen(int iPage)
+{
+    m_pNavBar->SetCurrentPage(iPage);
+    if (iPage == m_iCurrentPage) {
+        return;
+    }
+    if (m_iCurrentPage >= 0 && m_listPages.at(m_iCurrentPage).pPlugin != nullptr) {
+        m_listPages.at(m_iCurrentPage).pPlugin->Leave();
+    }
+    m_iCurrentPage = iPage;
+    m_pStack->setCurrentWidget(m_listPages.at(iPage).pWidget);
+    if (m_listPages.at(iPage).pPlugin != nullptr) {
+        m_listPages.at(iPage).pPlugin->Enter();
+    } else {
+        m_pMessages->Enter();
+    }
+}
+
+void MainWindow::OnDeviceToggled(bool bShown)
+{
+    m_pDevicePanel->setVisible(bShown);
+}
+
+void MainWindow::OnDeviceChanged()
+{
+    m_pStatus->SetState(m_watcher.State());
+}
+
+void MainWindow::addPage(const QString& strName, QWidget* pWidget, PluginPage* pPlugin, Glyphs::Glyph enGlyph)
+{
+    PageEntry page;
+    page.strName = strName;
+    page.pWidget = pWidget;
+    page.pPlugin = pPlugin;
+    m_listPages.append(page);
+    m_pStack->addWidget(pWidget);
+    m_pNavBar->AddPage(m_listPages.size() - 1, strName, enGlyph);
+}
+
+void MainWindow::addPluginPage(const QString& strName)
+{
+    PluginPage* pPage = new PluginPage(m_container, strName, m_pStack);
+    addPage(strName, pPage, pPage, glyphOf(strName));
+}
+
+void MainWindow::applyStyle()
+{
+    // Setting a style sheet sends a change of palette itself.
+    const QString strRules = StyleSheet::Build(palette());
+    if (strRules != styleSheet()) {
+        setStyleSheet(strRules);
+    }
+}

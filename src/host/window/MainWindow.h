@@ -1,0 +1,84 @@
+#ifndef LINKHAND_HOST_MAINWINDOW_H
+#define LINKHAND_HOST_MAINWINDOW_H
+
+#include <QList>
+#include <QMainWindow>
+#include <QString>
+
+#include "app/LanguageCatalog.h"
+#include "window/Glyphs.h"
+
+class DevicePanel;
+class DeviceWatcher;
+class IPluginContainer;
+class MessagesPage;
+class NavBar;
+class Outbox;
+class PluginContainer;
+class PluginPage;
+class QStackedWidget;
+class StatusArea;
+
+// The window of the program: pages at the side bar, one of them in the middle, the device panel, the status area.
+class MainWindow : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    // All three outlive the window.
+    MainWindow(PluginContainer& container, Outbox& outbox, DeviceWatcher& watcher);
+
+    // Makes a page for the phonebook, one for each further plug-in with a window, and the messages page. Called once,
+    // after the plug-ins have been loaded, whether they started or not.
+    void BuildPages();
+
+    void SetLanguages(const QList<LanguageEntry>& listEntries, const QString& strCurrent);
+    void SetDevicePanelShown(bool bShown);
+    bool DevicePanelShown() const;
+    StatusArea& Status() { return *m_pStatus; }
+
+    // The page of a plug-in, or "Messages"; null if there is none.
+    QWidget* Page(const QString& strName) const;
+    void ShowPage(const QString& strName);
+
+    // All texts anew, after a change of language.
+    void Retranslate();
+
+signals:
+    void languageChosen(const QString& strCode);
+
+    // The user closes the window.
+    void closing();
+
+protected:
+    void closeEvent(QCloseEvent* pEvent) override;
+    void changeEvent(QEvent* pEvent) override;
+
+private slots:
+    void OnPageChosen(int iPage);
+    void OnDeviceToggled(bool bShown);
+    void OnDeviceChanged();
+
+private:
+    struct PageEntry {
+        QString strName;
+        QWidget* pWidget;
+        PluginPage* pPlugin; // null for a page of the host's own
+    };
+
+    void addPage(const QString& strName, QWidget* pWidget, PluginPage* pPlugin, Glyphs::Glyph enGlyph);
+    void addPluginPage(const QString& strName);
+    void applyStyle();
+
+    PluginContainer& m_container;
+    DeviceWatcher& m_watcher;
+    NavBar* m_pNavBar;
+    QStackedWidget* m_pStack;
+    DevicePanel* m_pDevicePanel;
+    StatusArea* m_pStatus;
+    MessagesPage* m_pMessages;
+    QList<PageEntry> m_listPages;
+    int m_iCurrentPage;
+};
+
+#endif // LINKHAND_HOST_MAINWINDOW_H

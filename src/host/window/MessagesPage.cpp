@@ -1,0 +1,196 @@
+#include "window/MessagesPage.h"
+
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLocale>
+#include <QPushButton>
+#include <QSplitter>
+#include <QTextBrowser>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+#include "HostText.h"
+#include "common/HostLink.h"
+#include "common/PluginIds.h"
+#include "device/Outbox.h"
+#include "linkhand/core/CommonUtils.h"
+#include "linkhand/plugin/IMMSUIPlugin.h"
+#include "linkhand/plugin/ISMSUIService.h"
+
+namespace
+{
+
+enum Column { COLUMN_KIND, COLUMN_TO, COLUMN_TEXT, COLUMN_TIME, COLUMN_COUNT };
+const int ROLE_ID = Qt::UserRole;
+
+QString kindText(const OutgoingMessage& message)
+{
+    return HostText::Get(message.iKind == HOST_MESSAGE_MMS ? "IDS_HOST_KIND_MMS" : "IDS_HOST_KIND_SMS");
+}
+
+QString firstLine(const OutgoingMessage& message)
+{
+    const QString strText = message.strSubject.isEmpty() ? message.strText : message.strSubject;
+    return strText.section(QLatin1Char('\n'), 0, 0);
+}
+
+QString escaped(QString strText)
+{
+    strText.replace(QLatin1Char('&'), QLatin1String("&amp;"));
+    strText.replace(QLatin1Char('<'), QLatin1String("&lt;"));
+    strText.replace(QLatin1Char('>'), QLatin1String("&gt;"));
+    return strText.replace(QLatin1Char('\n'), QLatin1String("<br/>"));
+}
+
+} // namespace
+
+MessagesPage::MessagesPage(Outbox& outbox, IPluginContainer& container, QWidget* pParent)
+    : QWidget(pParent),
+      m_outbox(outbox),
+      m_container(container),
+      m_pTitle(new QLabel(this)),
+      m_pHint(new QLabel(this)),
+      m_pNewSms(new QPushButton(this)),
+      m_pNewMms(new QPushButton(this)),
+      m_pDelete(new QPushButton(this)),
+      m_pList(new QTreeWidget),
+      m_pPreview(new QTextBrowser)
+{
+    setObjectName(QLatin1String("linkhand_Page_Messages"));
+    m_pTitle->setObjectName(QLatin1String("linkhand_Messages_title"));
+    m_pHint->setObjectName(QLatin1String("linkhand_Messages_hint"));
+    m_pNewSms->setObjectName(QLatin1String("linkhand_Messages_newSms"));
+    m_pNewMms->setObjectName(QLatin1String("linkhand_Messages_newMms"));
+    m_pDelete->setObjectName(QLatin1String("linkhand_Messages_delete"));
+    m_pList->setObjectName(QLatin1String("linkhand_Messages_list"));
+    m_pPreview->setObjectName(QLatin1String("linkhand_Messages_preview"));
+
+    m_pHint->setWordWrap(true);
+    m_pList->setColumnCount(COLUMN_COUNT);
+    m_pList->setRootIsDecorated(false);
+    m_pList->setUniformRowHeights(true);
+    m_pList->setAlternatingRowColors(true);
+
+    QHBoxLayout* pBar = new QHBoxLayout;
+    pBar->addWidget(m_pTitle, 1);
+    pBar->addWidget(m_pNewSms);
+    pBar->addWidget(m_pNewMms);
+    pBar->addWidget(m_pDelete);
+    QSplitter* pSplitter = new QSplitter(Qt::Vertical);
+    pSplitter->addWidget(m_pList);
+    pSplitter->addWidget(m_pPreview);
+    pSplitter->setStretchFactor(0, 3);
+    pSplitter->setStretchFactor(1, 1);
+    QVBoxLayout* pLayout = new QVBoxLayout(this);
+    pLayout->setContentsMargins(12, 10, 12, 10);
+    pLayout->addLayout(pBar);
+    pLayout->addWidget(m_pHint);
+    pLayout->addWidget(pSplitter, 1);
+
+    connect(&m_outbox, SIGNAL(changed()), this, SLOT(OnOutboxChanged()));
+    connect(m_pList, SIGNAL(itemSelectionChanged()), this, SLOT(OnSelectionChanged()));
+    connect(m_pNewSms, SIGNAL(clicked()), this, SLOT(OnNewSms()));
+    connect(m_pNewMms, SIGNAL(clicked()), this, SLOT(OnNewMms()));
+    connect(m_pDelete, SIGNAL(clicked()), this, SLOT(OnDelete()));
+    m_pList->setColumnWidth(COLUMN_KIND, 70);
+    m_pList->setColumnWidth(COLUMN_TO, 220);
+    m_pList->setColumnWidth(COLUMN_TEXT, 340);
+}
+
+void MessagesPage::Retranslate()
+{
+    m_pTitle->setText(HostText::Get("IDS_HOST_OUTBOX"));
+    m_pHint->setText(HostText::Get("IDS_HOST_OUTBOX_HINT"));
+    m_pNewSms->setText(HostText::Get("IDS_HOST_NEW_SMS"));
+    m_pNewMms->setText(HostText::Get("IDS_HOST_NEW_MMS"));
+    m_pDelete->setText(HostText::Get("IDS_HOST_DELETE"));
+    QStringList lstHeaders;
+    lstHeaders << HostText::Get("IDS_HOST_COLUMN_KIND") << HostText::Get("IDS_HOST_COLUMN_TO")
+               << HostText::Get("IDS_HOST_COLUMN_TEXT") << HostText::Get("IDS_HOST_COLUMN_TIME");
+    m_pList->setHeaderLabels(lstHeaders);
+    OnOutboxChanged();
+}
+
+void MessagesPage::Enter()
+{
+    m_pNewSms->setEnabled(m_container.GetPlugin(QLatin1String(LINKHAND_SMS_ID), LINKHAND_SMS_KIND) != nullptr);
+    m_pNewMms->setEnabled(m_container.GetPlugin(QLatin1String(LINKHAND_MMS_ID), LINKHAND_MMS_KIND) != nullptr);
+}
+
+void MessagesPage::OnOutboxChanged()
+{
+    const int iCurrent = currentId();
+    m_pList->clear();
+    QTreeWidgetItem* pCurrent = nullptr;
+    foreach (const OutboxEntry& entry, m_outbox.Entries()) {
+        QTreeWidgetItem* pItem = new QTreeWidgetItem;
+        pItem->setText(COLUMN_KIND, kindText(entry.message));
+        pItem->setText(COLUMN_TO, entry.message.lstNumbers.join(QLatin1String("; ")));
+        pItem->setText(COLUMN_TEXT, firstLine(entry.message));
+        pItem->setText(COLUMN_TIME, QLocale().toString(entry.time, QLocale::ShortFormat));
+        pItem->setData(0, ROLE_ID, entry.iId);
+        m_pList->insertTopLevelItem(0, pItem); // the latest first
+        if (entry.iId == iCurrent) {
+            pCurrent = pItem;
+        }
+    }
+    m_pList->setCurrentItem(pCurrent != nullptr ? pCurrent : m_pList->topLevelItem(0));
+    OnSelectionChanged();
+}
+
+void MessagesPage::OnSelectionChanged()
+{
+    const int iId = currentId();
+    m_pDelete->setEnabled(iId != 0);
+    m_pPreview->clear();
+    foreach (const OutboxEntry& entry, m_outbox.Entries()) {
+        if (entry.iId == iId) {
+            const QString strSubject =
+                entry.message.strSubject.isEmpty()
+                    ? QString()
+                    : QLatin1String("<p><b>") + escaped(entry.message.strSubject) + QLatin1String("</b></p>");
+            m_pPreview->setHtml(QLatin1String("<p>") + kindText(entry.message) + QLatin1String(" &rarr; ") +
+                                escaped(entry.message.lstNumbers.join(QLatin1String("; "))) + QLatin1String("</p>") +
+                                strSubject + QLatin1String("<p>") + escaped(entry.message.strText) +
+                                QLatin1String("</p>"));
+        }
+    }
+}
+
+void MessagesPage::OnNewSms()
+{
+    ISMSUIService* pSms =
+        qobject_cast<ISMSUIService*>(m_container.GetPlugin(QLatin1String(LINKHAND_SMS_ID), LINKHAND_SMS_KIND));
+    if (pSms != nullptr) {
+        pSms->SendMessage(QString(), QString(), this);
+    }
+}
+
+void MessagesPage::OnNewMms()
+{
+    IMMSUIPlugin* pMms =
+        qobject_cast<IMMSUIPlugin*>(m_container.GetPlugin(QLatin1String(LINKHAND_MMS_ID), LINKHAND_MMS_KIND));
+    if (pMms != nullptr) {
+        pMms->SendMessage(QString());
+    }
+}
+
+void MessagesPage::OnDelete()
+{
+    const int iAnswer = CommonUtils::ShowMessage(QMessageBox::Question, window(), HostText::Get("IDS_HOST_OUTBOX"),
+                                                 HostText::Get("IDS_HOST_DELETE_QUESTION"), QLatin1String("IDS_OK"),
+                                                 QLatin1String("IDS_CANCEL"), QString(), false,
+                                                 Qt::WindowCloseButtonHint, nullptr, QString(), true);
+    if (iAnswer == QMessageBox::Ok && !m_outbox.Remove(currentId())) {
+        CommonUtils::ShowMessage(QMessageBox::Critical, window(), HostText::Get("IDS_HOST_OUTBOX"),
+                                 HostText::Get("IDS_HOST_OUTBOX_FAILED"), QLatin1String("IDS_OK"), QString(), QString(),
+                                 true, Qt::WindowCloseButtonHint, nullptr, QString(), true);
+    }
+}
+
+int MessagesPage::currentId() const
+{
+    const QList<QTreeWidgetItem*> listSelected = m_pList->selectedItems();
+    return listSelected.isEmpty() ? 0 : listSelected.first()->data(0, ROLE_ID).toInt();
+}

@@ -1,0 +1,116 @@
+#include "window/StatusArea.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QMenu>
+#include <QTime>
+#include <QToolButton>
+
+#include "HostText.h"
+#include "window/Glyphs.h"
+#include "window/ProblemsDialog.h"
+
+namespace
+{
+
+const int KEPT_NOTICES = 100;
+const int SHOWN_NOTICES = 20;
+
+QLabel* newChip(const char* pszName, QWidget* pParent)
+{
+    QLabel* pLabel = new QLabel(pParent);
+    pLabel->setObjectName(QLatin1String(pszName));
+    return pLabel;
+}
+
+} // namespace
+
+StatusArea::StatusArea(QWidget* pParent)
+    : QFrame(pParent),
+      m_pNotice(new QToolButton(this)),
+      m_pDevice(newChip("linkhand_StatusArea_device", this)),
+      m_pCard(newChip("linkhand_StatusArea_card", this)),
+      m_pNetwork(newChip("linkhand_StatusArea_network", this)),
+      m_pProblems(new QToolButton(this))
+{
+    setObjectName(QLatin1String("linkhand_StatusArea"));
+    m_pNotice->setObjectName(QLatin1String("linkhand_StatusArea_notice"));
+    m_pNotice->setAutoRaise(true);
+    m_pNotice->setToolButtonStyle(Qt::ToolButtonTextOnly);
+    m_pNotice->setEnabled(false);
+    m_pNotice->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
+    m_pProblems->setObjectName(QLatin1String("linkhand_StatusArea_problems"));
+    m_pProblems->setAutoRaise(true);
+    m_pProblems->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    m_pProblems->hide();
+
+    QHBoxLayout* pLayout = new QHBoxLayout(this);
+    pLayout->setContentsMargins(10, 3, 12, 3);
+    pLayout->setSpacing(16);
+    pLayout->addWidget(m_pNotice);
+    pLayout->addStretch(1);
+    pLayout->addWidget(m_pProblems);
+    pLayout->addWidget(m_pDevice);
+    pLayout->addWidget(m_pCard);
+    pLayout->addWidget(m_pNetwork);
+    connect(m_pNotice, SIGNAL(clicked()), this, SLOT(OnHistory()));
+    connect(m_pProblems, SIGNAL(clicked()), this, SLOT(OnProblems()));
+}
+
+void StatusArea::ShowNotice(const QString& strText)
+{
+    m_lstNotices.prepend(QTime::currentTime().toString(QLatin1String("hh:mm:ss  ")) + strText);
+    if (m_lstNotices.size() > KEPT_NOTICES) {
+        m_lstNotices.removeLast();
+    }
+    m_pNotice->setText(strText);
+    m_pNotice->setEnabled(true);
+}
+
+void StatusArea::SetState(const DeviceState& state)
+{
+    m_state = state;
+    m_pDevice->setText(HostText::Get(state.bAttached ? "IDS_HOST_STATUS_DEVICE" : "IDS_HOST_STATUS_NO_DEVICE"));
+    m_pCard->setText(HostText::Get(state.bCardReady        ? "IDS_HOST_STATUS_CARD"
+                                   : state.iPinStatus != 0 ? "IDS_HOST_STATUS_CARD_LOCKED"
+                                                           : "IDS_HOST_STATUS_NO_CARD"));
+    m_pNetwork->setText(HostText::Get(state.Online() ? "IDS_HOST_STATUS_ONLINE" : "IDS_HOST_STATUS_OFFLINE"));
+    m_pCard->setVisible(state.bAttached);
+    m_pNetwork->setVisible(state.bAttached);
+}
+
+void StatusArea::SetProblems(const ProblemList& problems)
+{
+    m_problems = problems;
+    m_pProblems->setVisible(!problems.isEmpty());
+    if (!problems.isEmpty()) {
+        m_pProblems->setText(HostText::Get("IDS_HOST_PROBLEMS_COUNT").arg(problems.size()));
+        m_pProblems->setIcon(Glyphs::Icon(Glyphs::WARNING, QColor(0xd0, 0x7a, 0x00)));
+        // The first says most; the dialog says all.
+        m_pProblems->setToolTip(problems.first().strName + QLatin1String(": ") + problems.first().Reason());
+    }
+}
+
+void StatusArea::Retranslate()
+{
+    SetState(m_state);
+    SetProblems(m_problems);
+    m_pNotice->setToolTip(HostText::Get("IDS_HOST_NOTICES_TIP"));
+}
+
+void StatusArea::OnHistory()
+{
+    QMenu menu(this);
+    menu.setObjectName(QLatin1String("linkhand_StatusArea_history"));
+    foreach (const QString& strNotice, m_lstNotices.mid(0, SHOWN_NOTICES)) {
+        // A number may hold no mnemonic, but a name may hold an ampersand.
+        menu.addAction(QString(strNotice).replace(QLatin1Char('&'), QLatin1String("&&")));
+    }
+    menu.exec(m_pNotice->mapToGlobal(QPoint(0, -menu.sizeHint().height())));
+}
+
+void StatusArea::OnProblems()
+{
+    ProblemsDialog dialog(m_problems, window());
+    dialog.exec();
+}

@@ -1,0 +1,42 @@
+#include "window/StyleSheet.h"
+
+#include <QColor>
+
+namespace
+{
+
+QColor mix(const QColor& one, const QColor& other, qreal fOther)
+{
+    return QColor::fromRgbF(one.redF() + (other.redF() - one.redF()) * fOther,
+                            one.greenF() + (other.greenF() - one.greenF()) * fOther,
+                            one.blueF() + (other.blueF() - one.blueF()) * fOther);
+}
+
+const char* const RULES =
+    "#linkhand_NavBar { background: %bar%; border: none; }"
+    "#linkhand_DevicePanel { background: %bar%; border: none; }"
+    "#linkhand_StatusArea { background: %bar%; border: none; border-top: 1px solid %line%; }"
+    "#linkhand_StatusArea QLabel { color: %quiet%; }"
+    "#linkhand_StatusArea QToolButton { border: none; padding: 2px 4px; color: %quiet%; }"
+    "#linkhand_StatusArea QToolButton:hover { color: %text%; }"
+    "#linkhand_DevicePanel_title, #linkhand_Messages_title, #linkhand_Calls_title { font-size: 15px; font-weight: "
+    "bold; }"
+    "#linkhand_DevicePanel_hint, #linkhand_Messages_hint, #linkhand_Calls_hint { color: %quiet%; }"
+    "#linkhand_Page_failure { color: %quiet%; font-size: 14px; }"
+    "QSplitter::handle { background: transparent; }"
+    "QHeaderView::section { background: %bar%; color: %text%; border: none; border-bottom: 1px solid %line%;"
+    " border-right: 1px solid %line%; padding: 3px 6px; }";
+
+} // namespace
+
+QString StyleSheet::Build(const QPalette& palette)
+{
+    const QColor window = palette.color(QPalette::Window);
+    const QColor text = palette.color(QPalette::WindowText);
+    QString strRules = QLatin1String(RULES);
+    strRules.replace(QLatin1String("%bar%"), mix(window, text, 0.04).name());
+    strRules.replace(QLatin1String("%line%"), mix(window, text, 0.18).name());
+    strRules.replace(QLatin1String("%quiet%"), mix(text, window, 0.35).name());
+    strRules.replace(QLatin1String("%text%"), text.name());
+    return strRules;
+}

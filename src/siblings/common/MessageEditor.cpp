@@ -1,0 +1,194 @@
+#include "common/MessageEditor.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "common/Phonebook.h"
+#include "common/Recipients.h"
+#include "common/SmsLength.h"
+#include "linkhand/core/Change.h"
+#include "linkhand/core/CommonUtils.h"
+
+MessageEditor::MessageEditor(const QString& strPlugin, HostMessageKind enKind, QWidget* pParent)
+    : QWidget(pParent),
+      m_strPlugin(strPlugin),
+      m_enKind(enKind),
+      m_pToLabel(new QLabel(this)),
+      m_pTo(new QLineEdit(this)),
+      m_pAdd(new QPushButton(this)),
+      m_pSave(new QPushButton(this)),
+      m_pSubjectLabel(new QLabel(this)),
+      m_pSubject(new QLineEdit(this)),
+      m_pText(new QPlainTextEdit(this)),
+      m_pLength(new QLabel(this)),
+      m_pSend(new QPushButton(this)),
+      m_pClose(new QPushButton(this))
+{
+    name(this, "editor");
+    name(m_pTo, "lineeditTo");
+    name(m_pAdd, "buttonAddRecipients");
+    name(m_pSave, "buttonSaveNumber");
+    name(m_pSubject, "lineeditSubject");
+    name(m_pText, "texteditText");
+    name(m_pLength, "labelLength");
+    name(m_pSend, "buttonSend");
+    name(m_pClose, "buttonClose");
+    m_pToLabel->setBuddy(m_pTo);
+    m_pSubjectLabel->setBuddy(m_pSubject);
+    m_pText->setTabChangesFocus(true);
+    // Return belongs to the text.
+    m_pAdd->setAutoDefault(false);
+    m_pSave->setAutoDefault(false);
+    m_pSend->setAutoDefault(false);
+    m_pClose->setAutoDefault(false);
+    makeLayout();
+
+    connect(m_pTo, SIGNAL(textChanged(QString)), this, SLOT(OnEdited()));
+    connect(m_pSubject, SIGNAL(textChanged(QString)), this, SLOT(OnEdited()));
+    connect(m_pText, SIGNAL(textChanged()), this, SLOT(OnEdited()));
+    connect(m_pAdd, SIGNAL(clicked()), this, SLOT(OnAddRecipients()));
+    connect(m_pSave, SIGNAL(clicked()), this, SLOT(OnSaveNumber()));
+    connect(m_pSend, SIGNAL(clicked()), this, SLOT(OnSend()));
+    connect(m_pClose, SIGNAL(clicked()), this, SIGNAL(closed()));
+    Retranslate();
+}
+
+void MessageEditor::SetRecipients(const QStringList& lstNumbers)
+{
+    m_pTo->setText(Recipients::Join(lstNumbers));
+}
+
+QStringList MessageEditor::GetRecipients() const
+{
+    return Recipients::Split(m_pTo->text());
+}
+
+void MessageEditor::SetText(const QString& strText)
+{
+    m_pText->setPlainText(strText);
+}
+
+void MessageEditor::Retranslate()
+{
+    m_pToLabel->setText(text("IDS_TO"));
+    m_pAdd->setText(text("IDS_ADD_RECIPIENTS"));
+    m_pSave->setText(text("IDS_SAVE_NUMBER"));
+    m_pSubjectLabel->setText(text("IDS_SUBJECT"));
+    m_pSend->setText(text("IDS_SEND"));
+    m_pSend->setToolTip(text("IDS_SEND_TIP"));
+    m_pClose->setText(text("IDS_CLOSE"));
+    OnEdited();
+}
+
+void MessageEditor::showEvent(QShowEvent* pEvent)
+{
+    QWidget::showEvent(pEvent);
+    OnEdited();
+    QWidget* pFirst = m_pTo->text().isEmpty() ? static_cast<QWidget*>(m_pTo) : m_pText;
+    pFirst->setFocus();
+}
+
+void MessageEditor::OnEdited()
+{
+    const QStringList lstNumbers = GetRecipients();
+    bool bAllValid = true;
+    foreach (const QString& strNumber, lstNumbers) {
+        bAllValid = bAllValid && Recipients::IsNumber(strNumber);
+    }
+    const bool bText = !m_pText->document()->isEmpty() || !m_pSubject->text().isEmpty();
+    const bool bPhonebook = Phonebook::Available();
+    m_pAdd->setEnabled(bPhonebook);
+    m_pSave->setEnabled(bPhonebook && !lstNumbers.isEmpty());
+    m_pSend->setEnabled(HostLink::Instance() != nullptr && !lstNumbers.isEmpty() && bAllValid && bText);
+
+    const SmsLength length = SmsLength::Of(m_pText->toPlainText());
+    if (!bAllValid) {
+        m_pLength->setText(text("IDS_BAD_NUMBER"));
+    } else if (m_enKind == HOST_MESSAGE_SMS) {
+        m_pLength->setText(text("IDS_LENGTH").arg(length.iUnits).arg(length.iMessages));
+    } else {
+        m_pLength->clear();
+    }
+}
+
+void MessageEditor::OnAddRecipients()
+{
+    QStringList lstNumbers = GetRecipients();
+    if (Phonebook::SelectNumbers(lstNumbers)) {
+        SetRecipients(lstNumbers);
+    }
+}
+
+void MessageEditor::OnSaveNumber()
+{
+    const QStringList lstNumbers = GetRecipients();
+    if (lstNumbers.size() == 1) {
+        Phonebook::SaveNumber(lstNumbers.first(), window());
+        return;
+    }
+    QMenu menu(this);
+    name(&menu, "menuSaveNumber");
+    foreach (const QString& strNumber, lstNumbers) {
+        menu.addAction(strNumber)->setData(strNumber);
+    }
+    const QAction* pChosen = menu.exec(m_pSave->mapToGlobal(QPoint(0, m_pSave->height())));
+    if (pChosen != nullptr) {
+        Phonebook::SaveNumber(pChosen->data().toString(), window());
+    }
+}
+
+void MessageEditor::OnSend()
+{
+    HostLink* pLink = HostLink::Instance();
+    const QStringList lstNumbers = GetRecipients();
+    if (pLink == nullptr || !pLink->SendMessage(m_enKind, lstNumbers, m_pSubject->text(), m_pText->toPlainText())) {
+        report("IDS_SEND_FAILED");
+        return;
+    }
+    pLink->ShowStatus(text("IDS_IN_OUTBOX").arg(lstNumbers.size()));
+    emit sent();
+}
+
+QString MessageEditor::text(const char* pszId) const
+{
+    return Change::tr(QLatin1String(pszId), m_strPlugin);
+}
+
+void MessageEditor::name(QWidget* pWidget, const char* pszRole)
+{
+    pWidget->setObjectName(m_strPlugin + QLatin1Char('_') + QLatin1String(pszRole));
+}
+
+void MessageEditor::makeLayout()
+{
+    QGridLayout* pHead = new QGridLayout;
+    pHead->addWidget(m_pToLabel, 0, 0);
+    pHead->addWidget(m_pTo, 0, 1);
+    pHead->addWidget(m_pAdd, 0, 2);
+    pHead->addWidget(m_pSave, 0, 3);
+    pHead->addWidget(m_pSubjectLabel, 1, 0);
+    pHead->addWidget(m_pSubject, 1, 1, 1, 3);
+    m_pSubjectLabel->setVisible(m_enKind == HOST_MESSAGE_MMS);
+    m_pSubject->setVisible(m_enKind == HOST_MESSAGE_MMS);
+    QHBoxLayout* pFoot = new QHBoxLayout;
+    pFoot->addWidget(m_pLength, 1);
+    pFoot->addWidget(m_pSend);
+    pFoot->addWidget(m_pClose);
+    QVBoxLayout* pLayout = new QVBoxLayout(this);
+    pLayout->addLayout(pHead);
+    pLayout->addWidget(m_pText, 1);
+    pLayout->addLayout(pFoot);
+    setMinimumSize(560, 320);
+}
+
+void MessageEditor::report(const char* pszId)
+{
+    CommonUtils::ShowMessage(QMessageBox::Critical, window(), text("IDS_TITLE"), text(pszId), QLatin1String("IDS_OK"),
+                             QString(), QString(), true, Qt::WindowCloseButtonHint, nullptr, QString(), true);
+}

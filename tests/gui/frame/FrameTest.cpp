@@ -1,0 +1,278 @@
+#include <QButtonGroup>
+#include <QCoreApplication>
+#include <QDir>
+#include <QTableWidget>
+#include <QTreeWidget>
+#include <QtTest>
+
+#include <memory>
+
+#include "fakecore/FakeCore.h"
+#include "fakesdk/FakeSdk.h"
+#include "frame/AddrBookUIPlugin.h"
+#include "frame/AddrBookUIService.h"
+#include "linkhand/plugin/PluginVerification.h"
+#include "window/AddrBookDlg.h"
+
+extern "C" const char* qt_plugin_query_verification_data();
+
+// What the host and the siblings see of the plug-in, in the host's order of calls.
+class FrameTest : public QObject
+{
+    Q_OBJECT
+
+private:
+    std::unique_ptr<CAddrBookUIPlugin> m_plugin;
+    std::unique_ptr<QWidget> m_page;
+
+    static AddrBookDlg* window()
+    {
+        for (QWidget* widget : QApplication::allWidgets()) {
+            if (AddrBookDlg* dialog = qobject_cast<AddrBookDlg*>(widget))
+                return dialog;
+        }
+        return nullptr;
+    }
+
+    static int windows()
+    {
+        int count = 0;
+        for (QWidget* widget : QApplication::allWidgets())
+            count += qobject_cast<AddrBookDlg*>(widget) != nullptr ? 1 : 0;
+        return count;
+    }
+
+    static bool buttonEnabled(int id)
+    {
+        QList<QButtonGroup*> groups = window()->findChildren<QButtonGroup*>();
+        return !groups.isEmpty() && groups.first()->button(id)->isEnabled();
+    }
+
+private slots:
+    void init()
+    {
+        FakeCore::reset();
+        FakeSdk::reset();
+        FakeSdk::addRecord(4, {"Anna", "1"});
+        m_plugin = std::make_unique<CAddrBookUIPlugin>();
+        m_page = std::make_unique<QWidget>();
+    }
+
+    void cleanup()
+    {
+        m_plugin->UnSDKRegisterEvent();
+        m_plugin->OnDestroy();
+        QCOMPARE(windows(), 0);
+        QCOMPARE(FakeSdk::callbackCount(), 0);
+        QCOMPARE(FakeSdk::leaks(), QString());
+        QCOMPARE(FakeCore::runningWorkers(), 0);
+        m_page.reset();
+        m_plugin.reset();
+    }
+
+    void rootObjectAnswersItsCasts()
+    {
+        QObject* object = m_plugin.get();
+        QVERIFY(qobject_cast<CAddrBookUIPlugin*>(object) == m_plugin.get());
+        QVERIFY(qobject_cast<IUIPlugin*>(object) == static_cast<IUIPlugin*>(m_plugin.get()));
+        QVERIFY(qobject_cast<IBasePlugin*>(object) == static_cast<IBasePlugin*>(m_plugin.get()));
+        QVERIFY(qobject_cast<INotify*>(object) == static_cast<INotify*>(m_plugin.get()));
+        QVERIFY(qobject_cast<IAddrBookUIPlugin*>(object) == nullptr);
+        QVERIFY(qobject_cast<IAddrBookUIPlugin*>(static_cast<QObject*>(CAddrBookUIService::instance())) != nullptr);
+    }
+
+    void fixedAnswers()
+    {
+        QCOMPARE(m_plugin->DoModal(), 1);
+        QCOMPARE(m_plugin->GetLastError(), 0);
+        QVERIFY(!m_plugin->IsAllowRelease());
+        QCOMPARE(m_plugin->GetVersion(), 0);
+        QCOMPARE(m_plugin->GetPluginType(), 0);
+        QVERIFY(!m_plugin->IsReady());
+        QCOMPARE(m_plugin->GetPluginName(), QString("AddrBookUIPlugin"));
+        QVERIFY(m_plugin->GetCLSID().isNull());
+        m_plugin->Release();
+        QCOMPARE(m_plugin->GetLastError(), 0);
+    }
+
+    void verificationTextNamesTheQtInUse()
+    {
+        const QStringList lines = QString::fromLatin1(qt_plugin_query_verification_data()).split('\n');
+        QCOMPARE(lines.size(), 4);
+        QCOMPARE(lines.at(0), QString("pattern=QT_PLUGIN_VERIFICATION_DATA"));
+        QCOMPARE(lines.at(1), QString("version=%1").arg(qVersion()));
+        QCOMPARE(lines.at(2), QString("debug=false"));
+        QVERIFY(lines.at(3).startsWith("buildkey="));
+        QVERIFY(lines.at(3).size() > 9);
+    }
+
+    void queryInterfaceServesOneId()
+    {
+        QObject marker;
+        QObject* object = &marker;
+        QCOMPARE(m_plugin->QueryInterface(4096, &object), 0);
+        QCOMPARE(object, &marker);
+        QCOMPARE(m_plugin->QueryInterface(4097, &object), 1);
+        QVERIFY(qobject_cast<CAddrBookUIService*>(object) != nullptr);
+        m_plugin->OnDestroy();
+        QCOMPARE(m_plugin->QueryInterface(4097, &object), 1); // creates it anew
+        QVERIFY(qobject_cast<IAddrBookUIPlugin*>(object) != nullptr);
+        QCOMPARE(windows(), 0);
+    }
+
+    void changeLangOnlyAnswers()
+    {
+        m_plugin->Init();
+        FakeCore::setText("IDS_LOCAL_PHONEBOOKUI", "Ordinateur", "fr");
+        FakeCore::setLanguage("fr");
+        QVERIFY(!m_plugin->ChangeLang(""));
+        QVERIFY(m_plugin->ChangeLang("fr"));
+        QTreeWidget* tree = window()->findChild<QTreeWidget*>();
+        QCOMPARE(tree->topLevelItem(0)->text(0), QString("IDS_LOCAL_PHONEBOOKUI(1)"));
+        QCOMPARE(m_plugin->Notify(320, 0, 0), 0);
+        QCOMPARE(tree->topLevelItem(0)->text(0), QString("Ordinateur(1)"));
+    }
+
+    void initBuildsTheWindowAndAddsTheFolder()
+    {
+        QVERIFY(m_plugin->Init());
+        QCOMPARE(windows(), 1);
+        QCOMPARE(window()->objectName(), QString("AddrBookUIPlugin_MainWidget"));
+        QCOMPARE(FakeSdk::callbackCount(), 4);
+        QVERIFY(QCoreApplication::libraryPaths().contains(QCoreApplication::applicationDirPath() + "/plugins") ||
+                !QDir(QCoreApplication::applicationDirPath() + "/plugins").exists());
+        QVERIFY(m_plugin->Init());
+        QCOMPARE(windows(), 1);
+    }
+
+    void noticesOfTheNetwork()
+    {
+        FakeSdk::setNetStatus(0);
+        QRect rect(0, 0, 800, 600);
+        m_plugin->ShowWindow(m_page.get(), rect);
+        QTableWidget* table = window()->findChild<QTableWidget*>("AddrBookUIPlugin_ContactTable");
+        QTRY_VERIFY(table->isSortingEnabled());
+        table->selectRow(0);
+        QVERIFY(!buttonEnabled(9005));
+        QCOMPARE(m_plugin->Notify(515, 7, 0), 0);
+        QVERIFY(buttonEnabled(9005));
+        QCOMPARE(m_plugin->Notify(515, 0, 0), 0);
+        QVERIFY(!buttonEnabled(9005));
+        QCOMPARE(m_plugin->Notify(999, 1, 1), 0);
+        QVERIFY(!buttonEnabled(9005));
+        QCOMPARE(m_plugin->Notify(577, 0, 0), 0);
+        QVERIFY(buttonEnabled(9005));
+        QCOMPARE(m_plugin->Notify(999, 1, 1), 0);
+        QVERIFY(buttonEnabled(9005));
+        QCOMPARE(m_plugin->Notify(576, 0, 0), 0);
+        QVERIFY(!buttonEnabled(9005));
+    }
+
+    void noticesOfCardAndSystemMode()
+    {
+        m_plugin->Init();
+        QTreeWidget* tree = window()->findChild<QTreeWidget*>();
+        QCOMPARE(tree->topLevelItemCount(), 3);
+        QCOMPARE(m_plugin->Notify(579, 0, 0), 0);
+        QCOMPARE(tree->topLevelItemCount(), 2);
+        QCOMPARE(m_plugin->Notify(578, 0, 0), 0);
+        QCOMPARE(tree->topLevelItemCount(), 3);
+        QCOMPARE(m_plugin->Notify(4101, 0, 0), 0);
+        QCOMPARE(tree->topLevelItemCount(), 1);
+    }
+
+    void showWindowTwiceBuildsOneWindow()
+    {
+        QRect rect(3, 5, 640, 480);
+        QVERIFY(m_plugin->ShowWindow(m_page.get(), rect));
+        QCOMPARE(windows(), 1);
+        AddrBookDlg* first = window();
+        QCOMPARE(first->parentWidget(), m_page.get());
+        QCOMPARE(first->geometry(), QRect(3, 5, 640, 480));
+        QCOMPARE(first->contentsMargins(), QMargins(4, 0, 4, 0));
+        QVERIFY(first->hasMouseTracking());
+        QVERIFY(!first->isHidden());
+        const int queries = FakeSdk::count("NetSrv_GetSrvStatus");
+
+        QWidget other;
+        QRect second(0, 0, 500, 400);
+        QVERIFY(m_plugin->ShowWindow(&other, second));
+        QCOMPARE(windows(), 1);
+        QCOMPARE(window(), first);
+        QCOMPARE(first->parentWidget(), &other);
+        QCOMPARE(first->size(), QSize(500, 400));
+        QCOMPARE(FakeSdk::count("NetSrv_GetSrvStatus"), queries + 1);
+        first->setParent(nullptr);
+    }
+
+    void failingNetworkQueryMeansOffline()
+    {
+        FakeSdk::failAlways("NetSrv_GetSrvStatus");
+        QRect rect(0, 0, 640, 480);
+        QVERIFY(m_plugin->ShowWindow(m_page.get(), rect));
+        QTableWidget* table = window()->findChild<QTableWidget*>("AddrBookUIPlugin_ContactTable");
+        QTRY_VERIFY(table->isSortingEnabled());
+        table->selectRow(0);
+        QVERIFY(!buttonEnabled(9005));
+    }
+
+    void fitSizeAndHideWorkOnTheWindow()
+    {
+        QRect rect(10, 20, 300, 200);
+        m_plugin->FitSize(rect); // without a window: nothing
+        m_plugin->Hide();
+        QCOMPARE(windows(), 0);
+        m_plugin->ShowWindow(m_page.get(), rect);
+        QRect fit(1, 2, 333, 222);
+        m_plugin->FitSize(fit);
+        QCOMPARE(window()->geometry(), fit);
+        m_plugin->Hide();
+        QCOMPARE(windows(), 1);
+        QVERIFY(window()->isHidden());
+    }
+
+    void siblingsRequestsBuildTheWindowThemselves()
+    {
+        QList<QString> numbers{"12"};
+        CAddrBookUIService::instance()->OpenNumSelectDlg(true, FIELD_TYPE_DEFAULT, numbers);
+        QCOMPARE(windows(), 1);
+        int result = 42;
+        CAddrBookUIService::instance()->SearchMobile("1", "2", result, true);
+        QCOMPARE(result, 42);
+        m_plugin->OnDestroy();
+        QCOMPARE(windows(), 0);
+    }
+
+    void noticeAfterTheEndFindsNoWindow()
+    {
+        m_plugin->Init();
+        m_plugin->UnSDKRegisterEvent();
+        m_plugin->OnDestroy();
+        QCOMPARE(windows(), 0);
+        QCOMPARE(m_plugin->Notify(320, 0, 0), 0);
+        QCOMPARE(m_plugin->Notify(4101, 0, 0), 0);
+        QCOMPARE(windows(), 0);
+    }
+
+    void unregisteringLeavesTheWindowAlone()
+    {
+        m_plugin->Init();
+        QCOMPARE(FakeSdk::callbackCount(), 4);
+        m_plugin->UnSDKRegisterEvent();
+        QCOMPARE(FakeSdk::callbackCount(), 0);
+        QCOMPARE(windows(), 1);
+    }
+
+    void windowLivesAgainAfterTheEnd()
+    {
+        m_plugin->Init();
+        m_plugin->UnSDKRegisterEvent();
+        m_plugin->OnDestroy();
+        QVERIFY(m_plugin->Init());
+        QCOMPARE(windows(), 1);
+        QCOMPARE(FakeSdk::callbackCount(), 4);
+    }
+};
+
+QTEST_MAIN(FrameTest)
+#include "FrameTest.moc"

@@ -1,0 +1,449 @@
+#include <QHeaderView>
+#include <QObject>
+#include <QSplitter>
+#include <QVBoxLayout>
+
+#include "WindowFixture.h"
+#include "dialogs/AddrBookWaitingDlg.h"
+#include "worker/AddrBookThread.h"
+
+// Construction, language, and how device, card, network and radio change the window.
+class StatusTest : public QObject
+{
+    Q_OBJECT
+
+private:
+    static QList<QPair<int, int>> broadcasts()
+    {
+        QList<QPair<int, int>> list;
+        for (const FakeCore::Notice& notice : FakeCore::notices()) {
+            if (!notice.isPush)
+                list << qMakePair(int(notice.message), int(notice.param1));
+        }
+        return list;
+    }
+
+private slots:
+    void cleanup()
+    {
+        QCOMPARE(FakeSdk::leaks(), QString());
+        QCOMPARE(FakeCore::runningWorkers(), 0);
+    }
+
+    void partsAreNamedAndPlacedAsTold()
+    {
+        WindowFixture f;
+        f.build();
+        AddrBookDlg* w = f.window();
+        QCOMPARE(w->layout()->objectName(), QString("AddrBookUIPlugin_vlayoutCentral"));
+        QCOMPARE(w->layout()->spacing(), 0);
+        QCOMPARE(w->layout()->contentsMargins(), QMargins(3, 8, 3, 8));
+
+        QSplitter* main = w->findChild<QSplitter*>("AddrBookUIPlugin_splitterMain");
+        QVERIFY(main != nullptr);
+        QCOMPARE(main->orientation(), Qt::Horizontal);
+        QCOMPARE(main->handleWidth(), 4);
+        QCOMPARE(main->widget(0)->objectName(), QString("AddrBookUIPlugin_TreeWidget"));
+        QCOMPARE(main->widget(1)->objectName(), QString("AddrBookUIPlugin_widgetSplitter"));
+        QCOMPARE(main->widget(1)->layout()->contentsMargins(), QMargins(0, 0, 0, 0));
+        QCOMPARE(main->widget(1)->layout()->spacing(), 0);
+
+        QSplitter* preview = w->findChild<QSplitter*>("AddrBookUIPlugin_splitterPreview");
+        QVERIFY(preview != nullptr);
+        QCOMPARE(preview->orientation(), Qt::Vertical);
+        QCOMPARE(preview->handleWidth(), 4);
+        QCOMPARE(preview->widget(0)->objectName(), QString("AddrBookUIPlugin_ContactTable"));
+        QCOMPARE(preview->widget(1)->objectName(), QString("AddrBookUIPlugin_labelPreview"));
+        QVERIFY(f.in().preview()->openExternalLinks());
+
+        // Tool bar above, table and preview below.
+        QLayout* right = main->widget(1)->layout();
+        QCOMPARE(right->count(), 2);
+        QCOMPARE(right->itemAt(0)->widget()->objectName(), ToolBarLogic::GetObjectName("AddrBookUIPlugin"));
+        QCOMPARE(right->itemAt(1)->widget(), static_cast<QWidget*>(preview));
+    }
+
+    void twoConnectionsFailWithAWarning()
+    {
+        QStringList lines;
+        {
+            MessageLog log;
+            WindowFixture f;
+            f.build();
+            lines = MessageLog::lines();
+        }
+        QCOMPARE(lines.filter("No such slot AddrBookDlg::OnMoveResult(bool, qlonglong)").size(), 1);
+        QVERIFY(lines.filter("No such signal AddrBookTableWidget::sendMmsMessage()").size() >= 1);
+        QCOMPARE(lines.filter("No such").size(), 1 + lines.filter("::sendMmsMessage()").size());
+    }
+
+    void radioSwitchFailureLeavesTheWindowWorking()
+    {
+        WindowFixture f;
+        WindowFixture::fillStores();
+        FakeSdk::failAlways("DevSrv_GetRFSwitch");
+        f.build();
+        QVERIFY(!f.in().radioOff());
+        QCOMPARE(f.table()->rowCount(), 3);
+        f.selectRows({0});
+        QVERIFY(f.button(TOOL_SEND)->isEnabled());
+    }
+
+    void radioWordsDecide_data()
+    {
+        QTest::addColumn<int>("first");
+        QTest::addColumn<int>("second");
+        QTest::addColumn<bool>("off");
+        QTest::newRow("both on") << 1 << 1 << false;
+        QTest::newRow("second off") << 1 << 0 << true;
+        QTest::newRow("first off") << 0 << 1 << true;
+        QTest::newRow("both off") << 0 << 0 << true;
+    }
+    void radioWordsDecide()
+    {
+        QFETCH(int, first);
+        QFETCH(int, second);
+        QFETCH(bool, off);
+        WindowFixture f;
+        WindowFixture::fillStores();
+        FakeSdk::setRadio(first, second);
+        f.build();
+        QCOMPARE(f.in().radioOff(), off);
+        f.selectRows({0});
+        f.window()->OnNetStatusChanged(true);
+        f.window()->OnTableItemSelectionChanged();
+        QCOMPARE(f.button(TOOL_SEND)->isEnabled(), !off);
+        QCOMPARE(f.button(TOOL_CALL)->isEnabled(), !off);
+        QCOMPARE(f.tableAction("IDS_PMMENU_SEND_MSG")->isEnabled(), !off);
+    }
+
+    void lostDeviceWithTheCardCurrentLandsOnTheLocalNode()
+    {
+        WindowFixture f;
+        WindowFixture::fillStores();
+        f.build();
+        f.click(f.in().sim());
+        QCOMPARE(f.column(0), QStringList{"Dora"});
+        FakeCore::clearNotices();
+        f.window()->OnDeviceStatusChanged(false);
+        QVERIFY(f.waitRead());
+        QCOMPARE(f.tree()->currentItem(), f.in().local());
+        QCOMPARE(f.column(0), (QStringList{"Anna", "Bert", "Carl"}));
+        QVERIFY(f.in().sim() == nullptr);
+        QVERIFY(f.in().device() == nullptr);
+        QCOMPARE(f.tree()->topLevelItemCount(), 1);
+        QCOMPARE(broadcasts(), (QList<QPair<int, int>>{{291, 0}, {292, 0}}));
+        QVERIFY(f.in().current() == nullptr);
+    }
+
+    void lostDeviceForgetsItsFieldLists()
+    {
+        WindowFixture f;
+        WindowFixture::fillStores();
+        f.build();
+        f.click(f.in().device());
+        f.window()->OnDeviceStatusChanged(false);
+        QVERIFY(f.waitRead());
+        FakeSdk::setFields(1, FakeSdk::wideDeviceFields());
+        f.window()->OnDeviceStatusChanged(true);
+        f.click(f.in().device());
+        QCOMPARE(f.table()->columnCount(), FakeSdk::wideDeviceFields().size());
+    }
+
+    void lostDeviceDuringACopyCancelsTheWaitingDialog_data()
+    {
+        QTest::addColumn<int>("memory");
+        QTest::addColumn<bool>("busy");
+        QTest::addColumn<bool>("cancelled");
+        QTest::newRow("copy to the card") << 0 << true << true;
+        QTest::newRow("copy to the device") << 1 << true << true;
+        QTest::newRow("copy to the PC") << 4 << true << false;
+        QTest::newRow("no batch") << 0 << false << false;
+    }
+    void lostDeviceDuringACopyCancelsTheWaitingDialog()
+    {
+        QFETCH(int, memory);
+        QFETCH(bool, busy);
+        QFETCH(bool, cancelled);
+        WindowFixture f;
+        f.build();
+        f.in().waitingDialog() = AddrBookWaitingDlg::GetWaitingDlgInstance(f.window());
+        f.in().waitingDialog()->ShowAnimation("copying", 5);
+        f.in().threadBusy() = busy;
+        f.in().memory() = static_cast<_ORVA_EN_PHONEBOOK_MEMORY>(memory);
+        f.window()->OnDeviceStatusChanged(false);
+        QCOMPARE(f.in().waitingDialog()->GetProgressDlgCancelStatus(), cancelled);
+        f.in().threadBusy() = false;
+        QVERIFY(f.waitRead());
+    }
+
+    void cardReportedTwiceAddsOneNode()
+    {
+        WindowFixture f;
+        FakeSdk::setCardPresent(false);
+        f.build();
+        QVERIFY(f.in().sim() == nullptr);
+        FakeCore::clearNotices();
+        f.window()->OnSimStatusChanged(true);
+        f.window()->OnSimStatusChanged(true);
+        QVERIFY(f.in().sim() != nullptr);
+        QCOMPARE(f.tree()->topLevelItemCount(), 3);
+        QVERIFY(broadcasts().isEmpty());
+        f.window()->OnSimStatusChanged(false);
+        QVERIFY(f.in().sim() == nullptr);
+        QCOMPARE(f.tree()->topLevelItemCount(), 2);
+        QCOMPARE(broadcasts(), (QList<QPair<int, int>>{{291, 0}}));
+    }
+
+    void changedSystemModeOnTheLocalNodeReloadsNothing()
+    {
+        WindowFixture f;
+        WindowFixture::fillStores();
+        f.build();
+        const AddrBookThread* reader = f.in().reader();
+        FakeCore::clearNotices();
+        f.window()->OnSysmodeChanged();
+        QCOMPARE(static_cast<const AddrBookThread*>(f.in().reader()), reader);
+        QCOMPARE(f.tree()->topLevelItemCount(), 1);
+        // The card's code for both.
+        QCOMPARE(broadcasts(), (QList<QPair<int, int>>{{291, 0}, {291, 0}}));
+        QVERIFY(f.in().sim() == nullptr);
+        QVERIFY(f.in().device() == nullptr);
+    }
+
+    void changedSystemModeElsewhereGoesToTheLocalNode()
+    {
+        WindowFixture f;
+        WindowFixture::fillStores();
+        f.build();
+        f.click(f.in().device());
+        f.window()->OnSysmodeChanged();
+        QVERIFY(f.waitRead());
+        QCOMPARE(f.tree()->currentItem(), f.in().local());
+        QCOMPARE(f.table()->rowCount(), 3);
+    }
+
+    void readyCardThatIsRefusedAddsNoNodeButForcesAReload()
+    {
+        WindowFixture f;
+        WindowFixture::fillStores();
+        FakeSdk::setPinStatus(2);
+        f.build();
+        QVERIFY(f.in().sim() == nullptr);
+        QCOMPARE(f.in().current(), f.in().local());
+        f.window()->OnAddrBookSimReady();
+        QVERIFY(f.in().sim() == nullptr);
+        QVERIFY(f.in().current() == nullptr);
+        FakeSdk::addRecord(4, {"Gero", "9"});
+        f.click(f.in().local());
+        QCOMPARE(f.table()->rowCount(), 4);
+    }
+
+    void readyMemoryThatIsCurrentIsReadAgain()
+    {
+        WindowFixture f;
+        WindowFixture::fillStores();
+        f.build();
+        f.click(f.in().sim());
+        FakeSdk::addRecord(0, {"Hans", "1"});
+        f.window()->OnAddrBookSimReady();
+        QVERIFY(f.waitRead());
+        QCOMPARE(f.column(0), (QStringList{"Dora", "Hans"}));
+        f.click(f.in().device());
+        FakeSdk::addRecord(1, {"Ida", "1"});
+        f.window()->OnAddrBookDeviceReady();
+        QVERIFY(f.waitRead());
+        QCOMPARE(f.column(0), (QStringList{"Emil", "Frida", "Ida"}));
+    }
+
+    void hostsNoticeOfTheCardTakesTheNodeAndGivesItBack()
+    {
+        WindowFixture f;
+        WindowFixture::fillStores();
+        f.build();
+        f.click(f.in().sim());
+        f.window()->OnSimDisabled(true);
+        QVERIFY(f.waitRead());
+        QVERIFY(f.in().sim() == nullptr);
+        QCOMPARE(f.tree()->currentItem(), f.in().local());
+        f.window()->OnSimDisabled(false);
+        QVERIFY(f.in().sim() != nullptr);
+    }
+
+    void sdkEventsReachTheWindowFromTheirThread()
+    {
+        WindowFixture f;
+        WindowFixture::fillStores();
+        f.build();
+        FakeSdk::setDevicePresent(false);
+        FakeSdk::fire(6014);
+        QTRY_VERIFY(f.in().device() == nullptr);
+        FakeSdk::setDevicePresent(true);
+        FakeSdk::fire(6014);
+        QTRY_VERIFY(f.in().device() != nullptr);
+        QVERIFY(f.in().sim() != nullptr);
+        FakeSdk::fire(6002); // the card is out
+        QTRY_VERIFY(f.in().sim() == nullptr);
+        QVERIFY(!f.in().netConnected());
+    }
+
+    void languageChangeRewritesHeaderAndPreview()
+    {
+        FakeCore::reset();
+        WindowFixture f;
+        WindowFixture::fillStores();
+        FakeCore::setText("ID_STR_NAME", "Nom", "fr");
+        FakeCore::setText("IDS_LOCAL_PHONEBOOKUI", "Ordinateur", "fr");
+        FakeCore::setText("IDS_PMMENU_ADD", "Nouveau", "fr");
+        FakeCore::setShortcut("IDS_PMBTN_ADD", QKeySequence("Ctrl+T"), "fr");
+        FakeCore::setText("IDS_PMBTN_ADD", "Nouveau contact", "fr");
+        f.build();
+        f.selectRows({0});
+        QVERIFY(f.previewText().startsWith("ID_STR_NAME: Anna"));
+        const AddrBookThread* reader = f.in().reader();
+        FakeCore::setLanguage("fr");
+        f.window()->SetLanguage();
+        QCOMPARE(f.table()->horizontalHeaderItem(0)->text(), QString("Nom"));
+        QVERIFY(f.previewText().startsWith("Nom: Anna"));
+        QCOMPARE(f.in().local()->text(0), QString("Ordinateur(3)"));
+        QCOMPARE(f.tableAction("IDS_PMMENU_ADD")->text(), QString("Nouveau"));
+        QCOMPARE(f.button(TOOL_NEW)->toolTip(), QString("Nouveau contact  (Ctrl+T)"));
+        QCOMPARE(static_cast<const AddrBookThread*>(f.in().reader()), reader);
+    }
+
+    void languageChangeWithNothingSelectedShowsTheNewNoRecordText()
+    {
+        WindowFixture f;
+        FakeCore::setText("IDS_NORECORDSELECT", "Rien", "fr");
+        f.build();
+        FakeCore::setLanguage("fr");
+        f.window()->SetLanguage();
+        QCOMPARE(f.previewText(), QString("Rien"));
+    }
+
+    void rightToLeftLayoutCorrectsCountsAndCells()
+    {
+        WindowFixture f;
+        WindowFixture::fillStores();
+        FakeCore::setParenthesisCorrection([](QString& text) { text.prepend("<"); });
+        qApp->setLayoutDirection(Qt::RightToLeft);
+        f.build();
+        qApp->setLayoutDirection(Qt::LeftToRight);
+        QVERIFY(f.in().rightToLeft());
+        QCOMPARE(f.in().local()->text(0), QString("<IDS_LOCAL_PHONEBOOKUI(3)"));
+        QVERIFY(f.in().sim()->text(0).startsWith("<"));
+        QCOMPARE(f.table()->item(0, 0)->text(), QString("<Anna"));
+        // A row that the window adds by itself is not corrected.
+        AddrBookRecord record{77, {"Zoe", "1", "", "", "", ""}};
+        int row = -1;
+        f.table()->setSortingEnabled(false);
+        f.window()->addContactToTable(PB_MEM_LOCAL, record, 0, row);
+        QCOMPARE(f.table()->item(row, 0)->text(), QString("Zoe"));
+    }
+
+    void networkComingBackEnablesByTheSelection_data()
+    {
+        QTest::addColumn<QList<int>>("rows");
+        QTest::addColumn<bool>("send");
+        QTest::addColumn<bool>("call");
+        QTest::newRow("none") << QList<int>{} << false << false;
+        QTest::newRow("one") << QList<int>{1} << true << true;
+        QTest::newRow("two") << QList<int>{0, 2} << true << false;
+    }
+    void networkComingBackEnablesByTheSelection()
+    {
+        QFETCH(QList<int>, rows);
+        QFETCH(bool, send);
+        QFETCH(bool, call);
+        WindowFixture f;
+        WindowFixture::fillStores();
+        FakeSdk::setNetStatus(0);
+        f.build();
+        f.selectRows(rows);
+        QVERIFY(!f.button(TOOL_SEND)->isEnabled());
+        f.window()->OnNetStatusChanged(true);
+        QCOMPARE(f.button(TOOL_SEND)->isEnabled(), send);
+        QCOMPARE(f.button(TOOL_CALL)->isEnabled(), call);
+        QCOMPARE(f.tableAction("IDS_PMMENU_CALL")->isEnabled(), call);
+        f.window()->OnNetStatusChanged(false);
+        QVERIFY(!f.button(TOOL_SEND)->isEnabled());
+        QVERIFY(!f.button(TOOL_CALL)->isEnabled());
+    }
+
+    void radioComingBackEnablesTheCallForSeveralRowsToo()
+    {
+        WindowFixture f;
+        WindowFixture::fillStores();
+        f.build();
+        f.selectRows({0, 2});
+        QVERIFY(!f.button(TOOL_CALL)->isEnabled());
+        f.window()->OnRFStatusChanged(true);
+        QVERIFY(!f.button(TOOL_SEND)->isEnabled());
+        f.window()->OnRFStatusChanged(false);
+        QVERIFY(f.button(TOOL_CALL)->isEnabled());
+        QVERIFY(f.button(TOOL_SEND)->isEnabled());
+        f.window()->OnTableItemSelectionChanged();
+        QVERIFY(!f.button(TOOL_CALL)->isEnabled());
+    }
+
+    void nodeThatGoesIsForgottenEverywhere()
+    {
+        WindowFixture f;
+        WindowFixture::fillStores();
+        f.build();
+        f.click(f.in().sim());
+        f.in().editedGroup() = f.in().sim();
+        f.in().groupParent() = f.in().sim();
+        f.in().entered() = f.in().sim();
+        QCOMPARE(f.tree()->m_pitemPrevious, f.in().sim());
+        f.window()->OnDeviceStatusChanged(true);
+        f.window()->OnSimStatusChanged(false);
+        QVERIFY(f.in().editedGroup() == nullptr);
+        QVERIFY(f.in().groupParent() == nullptr);
+        QVERIFY(f.in().entered() == nullptr);
+        QVERIFY(f.tree()->m_pitemPrevious == nullptr || f.node(f.tree()->m_pitemPrevious->text(0)) != nullptr);
+        QVERIFY(f.in().current() == nullptr || f.node(f.in().current()->text(0)) != nullptr);
+        f.window()->OnDragTargetChanged(f.window());
+    }
+
+    void windowEndsWhileItReads()
+    {
+        WindowFixture f;
+        for (int i = 0; i < 3000; ++i)
+            FakeSdk::addRecord(4, {QString("Name %1").arg(i), QString::number(i)});
+        f.build();
+        f.window()->OnAddrBookSimReady();
+        f.window()->OnTreeClicked(f.in().local());
+        QTRY_VERIFY(f.table()->rowCount() > 10 || f.table()->isSortingEnabled());
+        f.destroy();
+    }
+
+    void windowEndsWithRecordsThatNobodyTook()
+    {
+        WindowFixture f;
+        for (int i = 0; i < 500; ++i)
+            FakeSdk::addRecord(4, {QString("Name %1").arg(i), QString::number(i)});
+        f.build();
+        f.in().current() = nullptr;
+        f.window()->OnTreeClicked(f.in().local());
+        QVERIFY(f.in().reader()->wait());
+        f.destroy(); // all 500 are in the queue
+    }
+
+    void windowEndsWhileABatchWaitsForItsSlot()
+    {
+        WindowFixture f;
+        WindowFixture::fillStores();
+        f.build();
+        QList<AddrBookRecord> records;
+        for (int i = 0; i < 50; ++i)
+            records << AddrBookRecord{-1, {"N", "1", "", "", "", ""}};
+        f.in().worker().SetOperation(ADDRBOOK_OP_ADD, PB_MEM_LOCAL, records, 0);
+        f.in().worker().start();
+        QTRY_VERIFY(FakeSdk::count("AddAddrRec") >= 1);
+        f.destroy();
+    }
+};
+
+QTEST_MAIN(StatusTest)
+#include "StatusTest.moc"

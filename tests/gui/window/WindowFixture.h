@@ -1,0 +1,132 @@
+#ifndef TESTS_GUI_WINDOW_WINDOWFIXTURE_H
+#define TESTS_GUI_WINDOW_WINDOWFIXTURE_H
+
+#include <QTemporaryDir>
+#include <QTextBrowser>
+#include <QtTest>
+
+#include <memory>
+
+#include "fakecore/FakeCore.h"
+#include "fakesdk/FakeSdk.h"
+#include "logic/AddrBookLogic.h"
+#include "logic/ItemData.h"
+#include "widgets/AddrBookTableWidget.h"
+#include "widgets/PBTreeWidget.h"
+#include "window/AddrBookDlg.h"
+#include "window/ToolItemIds.h"
+
+// The members that a test may look at.
+struct AddrBookDlgAccess {
+    AddrBookDlg* d;
+
+    AddrBookThread* reader() const { return d->m_pthreadRead; }
+    AddrBookThread& worker() const { return d->m_threadWorker; }
+    PBTreeWidget* tree() const { return d->m_ptreePhonebook; }
+    AddrBookTableWidget* table() const { return d->m_ptableContacts; }
+    AddrBookTableWidget* retiredTable() const { return d->m_ptableContactsOld; }
+    QTextBrowser* preview() const { return d->m_plabelPreview; }
+    SearchLineEdit* searchBox() const { return d->m_plineeditSearch; }
+    QTreeWidgetItem* local() const { return d->m_pitemLocalTreeWidgetItem; }
+    QTreeWidgetItem* sim() const { return d->m_pitemSimTreeWidgetItem; }
+    QTreeWidgetItem* device() const { return d->m_pitemDeviceTreeWidgetItem; }
+    QTreeWidgetItem*& current() const { return d->m_pitemCurrentTreeWidgetItem; }
+    QTreeWidgetItem*& entered() const { return d->m_pitemEnteredTreeWidgetItem; }
+    QTreeWidgetItem*& editedGroup() const { return d->m_pitemEditedGroup; }
+    QTreeWidgetItem*& groupParent() const { return d->m_pitemGroupParent; }
+    QMenu* tableMenu() const { return d->m_pmenuTable; }
+    QMenu* treeMenu() const { return d->m_pmenuTree; }
+    QMenu* sendMenu() const { return d->m_pmenuSend; }
+    QList<MENU::QActionInfo> tableActions() const { return d->m_listTableActions; }
+    QList<MENU::QActionInfo> treeActions() const { return d->m_listTreeActions; }
+    QList<ToolItem> toolItems() const { return d->m_listToolItems; }
+    QList<AddrBookRecord>& notifyRecords() const { return d->m_listNotifyRecords; }
+    QList<int> columnWidths() const { return d->m_listColumnWidths; }
+    QString searchText() const { return d->m_strSearchText; }
+    QPointer<AddrBookWaitingDlg>& waitingDialog() const { return d->m_pdlgWaiting; }
+    _ORVA_EN_PHONEBOOK_MEMORY& memory() const { return d->m_enMemory; }
+    _ORVA_EN_PHONEBOOK_MEMORY& dragSource() const { return d->m_enDragSourceMemory; }
+    _ADDRBOOK_OPERATION_TYPE operation() const { return d->m_enOperation; }
+    _ADDRBOOK_OPERATION_TYPE readMode() const { return d->m_enReadMode; }
+    bool& threadBusy() const { return d->m_bThreadBusy; }
+    bool& subGroups() const { return d->m_bSubGroupSupported; }
+    bool radioOff() const { return d->m_bRFOff; }
+    bool netConnected() const { return d->m_bNetConnected; }
+    bool newContactEnabled() const { return d->m_bNewContactEnabled; }
+    bool previewEmpty() const { return d->m_bPreviewEmpty; }
+    bool rightToLeft() const { return d->m_bRightToLeft; }
+    bool statePending() const { return d->m_bStateSavePending; }
+    bool searchShown() const { return d->m_bSearchBoxShown; }
+    int sortSection() const { return d->m_iSortSection; }
+    int simUsed() const { return d->m_iSimUsedCount; }
+    int localTotal() const { return d->m_iLocalTotalCount; }
+
+    void setTreeColumnWidth(QTreeWidgetItem* node) const { d->setTreeColumnWidth(node); }
+    void setCorrectTreeWidth() const { d->setCorrectTreeWidth(); }
+    void icon(const QString& path, int frame, QIcon& into) const { d->getImageIconFromFile(path, frame, into); }
+    void updateTable(const QString& text) const { d->updateTable(text); }
+    QString noRecordText() const { return d->noRecordText(); }
+    QMenu* makeSendMenu() const { return d->getSendMenu(); }
+};
+
+// The window on the scripted SDK and host library, with a plug-in folder of its own: Config.xml as it is shipped and a
+// picture strip whose frames tell themselves by colour, white on their left half.
+class WindowFixture
+{
+public:
+    WindowFixture();
+    ~WindowFixture();
+
+    // Builds the window as the service does, shows it, and waits for the first read.
+    void build();
+    void destroy();
+
+    // The scripted contents that most tests use: three contacts, of which two are in the group "Friends"; one record
+    // on the card, two in the device.
+    static void fillStores();
+
+    AddrBookDlg* window() const { return m_window.get(); }
+    AddrBookDlgAccess in() const { return AddrBookDlgAccess{m_window.get()}; }
+    PBTreeWidget* tree() const { return in().tree(); }
+    AddrBookTableWidget* table() const { return in().table(); }
+
+    // The node whose text begins so; null if there is none.
+    QTreeWidgetItem* node(const QString& text) const;
+
+    // A user's click on a node, up to the table's complete read.
+    void click(QTreeWidgetItem* node);
+    bool waitRead() const;
+
+    // Texts of a column, top to bottom.
+    QStringList column(int column) const;
+    int rowOf(const QString& name) const;
+    void selectRows(const QList<int>& rows) const;
+
+    QAbstractButton* button(int id) const;
+    QAction* tableAction(const QString& id) const;
+    QAction* treeAction(const QString& id) const;
+    QString previewText() const;
+
+    QString folder() const { return m_folder.path(); }
+    QString configFile() const;
+    void writeConfig(const QByteArray& xml) const;
+    static QByteArray shippedConfig();
+
+private:
+    QTemporaryDir m_folder;
+    std::unique_ptr<AddrBookDlg> m_window;
+};
+
+// Collects Qt's messages while it lives.
+class MessageLog
+{
+public:
+    MessageLog();
+    ~MessageLog();
+    static QStringList lines();
+
+private:
+    QtMessageHandler m_before;
+};
+
+#endif // TESTS_GUI_WINDOW_WINDOWFIXTURE_H

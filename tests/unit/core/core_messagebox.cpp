@@ -1,0 +1,206 @@
+#include <QLabel>
+#include <QMessageBox>
+#include <QPicture>
+#include <QPointer>
+#include <QPushButton>
+#include <QTimer>
+#include <QtTest>
+
+#include <functional>
+
+#include "FakeHost.h"
+#include "linkhand/core/CommonUtils.h"
+
+class CoreMessageBox : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init() { m_pHost.reset(new FakeHost); }
+    void cleanup() { m_pHost.reset(); }
+
+    void seamAnswersWithoutABox();
+    void firstButtonIsOk();
+    void cancelButtonIsCancel();
+    void closedOrEscapedIsCancel_data();
+    void closedOrEscapedIsCancel();
+    void flagChoosesTheDefaultButton();
+    void textsButtonsAndFlagsAreShown();
+    void everyKindHasAPicture();
+    void markUpIsText();
+    void pointerHoldsTheOpenBox();
+    void parentMayGoWhileTheBoxIsOpen();
+    void withoutModalityItReturnsAtOnce();
+    void withoutHostItStillShows();
+
+private:
+    // Shows a box and runs `act` on it while it is open.
+    int show(const std::function<void(QMessageBox*)>& act, const QString& strButton2 = "IDS_CANCEL", bool bFlag = true,
+             QWidget* pParent = nullptr, QDialog** ppDialog = nullptr)
+    {
+        bool bActed = false;
+        QTimer poll;
+        connect(&poll, &QTimer::timeout, this, [&]() {
+            QMessageBox* pBox = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            if (pBox == nullptr || !pBox->isVisible() || bActed)
+                return;
+            bActed = true;
+            poll.stop();
+            act(pBox);
+        });
+        poll.start(0);
+        const int iAnswer =
+            CommonUtils::ShowMessage(QMessageBox::Question, pParent, "caption", "text", "IDS_OK", strButton2, "", bFlag,
+                                     Qt::WindowCloseButtonHint, ppDialog, "", true);
+        [&]() { QVERIFY(bActed); }();
+        return iAnswer;
+    }
+
+    static QPushButton* button(QMessageBox* pBox, const QString& strText)
+    {
+        for (QPushButton* pButton : pBox->findChildren<QPushButton*>()) {
+            if (pButton->text() == strText)
+                return pButton;
+        }
+        return nullptr;
+    }
+
+    QScopedPointer<FakeHost> m_pHost;
+};
+
+void CoreMessageBox::seamAnswersWithoutABox()
+{
+    for (const int iAnswer : {int(QMessageBox::Ok), int(QMessageBox::Cancel), 0}) {
+        m_pHost->iMessageAnswer = iAnswer;
+        QCOMPARE(CommonUtils::ShowMessage(QMessageBox::Critical, nullptr, "caption", "text", "IDS_OK", "", "", true,
+                                          Qt::WindowCloseButtonHint, nullptr, "", true),
+                 iAnswer);
+    }
+    QCOMPARE(m_pHost->lstMessages, QStringList() << "caption: text"
+                                                 << "caption: text"
+                                                 << "caption: text");
+}
+
+void CoreMessageBox::firstButtonIsOk()
+{
+    QCOMPARE(show([](QMessageBox* pBox) { QTest::mouseClick(button(pBox, "OK"), Qt::LeftButton); }), 1024);
+    QCOMPARE(show([](QMessageBox* pBox) { QTest::mouseClick(button(pBox, "OK"), Qt::LeftButton); }, ""), 1024);
+    QCOMPARE(show([](QMessageBox* pBox) { QTest::keyClick(pBox, Qt::Key_Return); }), 1024);
+}
+
+void CoreMessageBox::cancelButtonIsCancel()
+{
+    QCOMPARE(show([](QMessageBox* pBox) { QTest::mouseClick(button(pBox, "Cancel"), Qt::LeftButton); }), 4194304);
+}
+
+void CoreMessageBox::closedOrEscapedIsCancel_data()
+{
+    QTest::addColumn<QString>("secondButton");
+    QTest::newRow("one button") << "";
+    QTest::newRow("two buttons") << "IDS_CANCEL";
+}
+
+void CoreMessageBox::closedOrEscapedIsCancel()
+{
+    QFETCH(QString, secondButton);
+    QCOMPARE(show([](QMessageBox* pBox) { pBox->close(); }, secondButton), int(QMessageBox::Cancel));
+    QCOMPARE(show([](QMessageBox* pBox) { QTest::keyClick(pBox, Qt::Key_Escape); }, secondButton),
+             int(QMessageBox::Cancel));
+}
+
+void CoreMessageBox::flagChoosesTheDefaultButton()
+{
+    QString strDefault;
+    const auto look = [&](QMessageBox* pBox) {
+        strDefault = pBox->defaultButton()->text();
+        pBox->close();
+    };
+    show(look, "IDS_CANCEL", true);
+    QCOMPARE(strDefault, QString("OK"));
+    show(look, "IDS_CANCEL", false);
+    QCOMPARE(strDefault, QString("Cancel"));
+    show(look, "", false);
+    QCOMPARE(strDefault, QString("OK"));
+}
+
+void CoreMessageBox::textsButtonsAndFlagsAreShown()
+{
+    show([](QMessageBox* pBox) {
+        QCOMPARE(pBox->windowTitle(), QString("caption"));
+        QCOMPARE(pBox->text(), QString("text"));
+        QCOMPARE(pBox->icon(), QMessageBox::Question);
+        QCOMPARE(pBox->findChildren<QPushButton*>().size(), 2);
+        QVERIFY(pBox->windowFlags() & Qt::WindowCloseButtonHint);
+        QVERIFY(pBox->isModal());
+        pBox->close();
+    });
+}
+
+void CoreMessageBox::everyKindHasAPicture()
+{
+    for (const QMessageBox::Icon enIcon :
+         {QMessageBox::Information, QMessageBox::Warning, QMessageBox::Critical, QMessageBox::Question}) {
+        QWidget parent;
+        QDialog* pDialog = nullptr;
+        CommonUtils::ShowMessage(enIcon, &parent, "caption", "text", "IDS_OK", "", "", true, Qt::WindowCloseButtonHint,
+                                 &pDialog, "", false);
+        const QMessageBox* pBox = qobject_cast<QMessageBox*>(pDialog);
+        QCOMPARE(pBox->icon(), enIcon);
+        const QLabel* pPicture = pBox->findChild<QLabel*>("qt_msgboxex_icon_label");
+        QVERIFY(pPicture != nullptr && pPicture->isVisible());
+        QVERIFY(!pPicture->picture(Qt::ReturnByValue).isNull() || !pPicture->pixmap(Qt::ReturnByValue).isNull());
+        QVERIFY(pPicture->width() >= 32);
+    }
+}
+
+void CoreMessageBox::markUpIsText()
+{
+    QCOMPARE(show([](QMessageBox* pBox) {
+                 QCOMPARE(pBox->textFormat(), Qt::PlainText);
+                 pBox->close();
+             }),
+             int(QMessageBox::Cancel));
+}
+
+void CoreMessageBox::pointerHoldsTheOpenBox()
+{
+    QDialog* pDialog = nullptr;
+    show(
+        [&](QMessageBox* pBox) {
+            QCOMPARE(pDialog, static_cast<QDialog*>(pBox));
+            pBox->close();
+        },
+        "", true, nullptr, &pDialog);
+    QVERIFY(pDialog == nullptr);
+}
+
+void CoreMessageBox::parentMayGoWhileTheBoxIsOpen()
+{
+    QWidget* pParent = new QWidget;
+    QCOMPARE(show([&](QMessageBox*) { delete pParent; }, "IDS_CANCEL", true, pParent), int(QMessageBox::Cancel));
+}
+
+void CoreMessageBox::withoutModalityItReturnsAtOnce()
+{
+    QWidget parent;
+    QDialog* pDialog = nullptr;
+    QCOMPARE(CommonUtils::ShowMessage(QMessageBox::Information, &parent, "caption", "text", "IDS_OK", "", "", true,
+                                      Qt::WindowCloseButtonHint, &pDialog, "more", false),
+             0);
+    QPointer<QMessageBox> pBox = qobject_cast<QMessageBox*>(pDialog);
+    QVERIFY(!pBox.isNull());
+    QVERIFY(pBox->isVisible());
+    QVERIFY(!pBox->isModal());
+    QCOMPARE(pBox->informativeText(), QString("more"));
+    pBox->close();
+    QTRY_VERIFY(pBox.isNull());
+}
+
+void CoreMessageBox::withoutHostItStillShows()
+{
+    m_pHost.reset();
+    QCOMPARE(show([](QMessageBox* pBox) { QTest::keyClick(pBox, Qt::Key_Return); }), int(QMessageBox::Ok));
+}
+
+QTEST_MAIN(CoreMessageBox)
+#include "core_messagebox.moc"

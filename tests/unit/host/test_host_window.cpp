@@ -1,0 +1,320 @@
+#include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QMenu>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QToolButton>
+#include <QTreeWidget>
+#include <QTextEdit>
+#include <QtTest>
+
+#include "StandInFolder.h"
+#include "app/Services.h"
+#include "common/HostLink.h"
+#include "device/DeviceWatcher.h"
+#include "device/Outbox.h"
+#include "device/SimulatedHardware.h"
+#include "loader/PluginContainer.h"
+#include "loader/PluginHandle.h"
+#include "loader/PluginLifecycle.h"
+#include "loader/PluginLoader.h"
+#include "orva/orva_sim.h"
+#include "window/MainWindow.h"
+#include "window/StatusArea.h"
+#include "window/StyleSheet.h"
+
+// The main window with stand-in plug-ins and the simulated device.
+class TestHostWindow : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+    void eachPluginWithAWindowHasAPage();
+    void aPageIsShownFittedAndHidden();
+    void aMissingPhonebookIsSaidOnItsPage();
+    void aFailedWindowIsSaidOnItsPage();
+    void theMessagesPageShowsTheOutbox();
+    void deletingAMessageAsksFirst();
+    void thePanelSwitchesTheDevice();
+    void thePanelFollowsTheDevice();
+    void theStatusAreaShowsTheState();
+    void problemsAreCountedAndNamed();
+    void noticesAreKeptUpToALimit();
+    void choosingALanguageIsSignalled();
+    void closingIsSignalled();
+    void theStyleFollowsThePalette();
+
+private:
+    void build(const QStringList& lstNames);
+    template <class Widget>
+    Widget* find(const char* pszName)
+    {
+        return m_pWindow->findChild<Widget*>(QLatin1String(pszName));
+    }
+
+    QScopedPointer<StandInFolder> m_pFolder;
+    QScopedPointer<Services> m_pServices;
+    QScopedPointer<Outbox> m_pOutbox;
+    QScopedPointer<DeviceWatcher> m_pWatcher;
+    QScopedPointer<PluginContainer> m_pContainer;
+    QScopedPointer<MainWindow> m_pWindow;
+    ProblemList m_problems;
+};
+
+void TestHostWindow::init()
+{
+    QCOMPARE(ORVA_Sim_Reset(nullptr), 0L);
+    m_pFolder.reset(new StandInFolder);
+    m_pServices.reset(new Services(m_pFolder->Path(), m_pFolder->Path() + "/s.ini"));
+    m_pServices->Publish();
+    m_pOutbox.reset(new Outbox(m_pFolder->Path() + "/outbox.xml"));
+    m_pWatcher.reset(new DeviceWatcher);
+    m_pContainer.reset(new PluginContainer);
+    m_pServices->SetContainer(m_pContainer.data());
+    m_pWindow.reset(new MainWindow(*m_pContainer, *m_pOutbox, *m_pWatcher));
+    m_pServices->SetMainWindow(m_pWindow.data());
+    m_pWatcher->Start();
+}
+
+void TestHostWindow::cleanup()
+{
+    m_pWindow.reset();
+    m_pContainer.reset();
+    m_pWatcher.reset();
+    m_pServices->Withdraw();
+    qApp->setProperty("standin.showFails", QVariant());
+    StandInFolder::TakeCalls();
+}
+
+void TestHostWindow::build(const QStringList& lstNames)
+{
+    foreach (const QString& strName, lstNames) {
+        m_pFolder->Add(strName);
+    }
+    PluginLoader(m_pFolder->Path()).LoadAll(*m_pContainer, m_problems);
+    PluginLifecycle(*m_pContainer, *m_pServices).InitAll(m_problems);
+    QVERIFY(m_problems.isEmpty());
+    m_pWindow->BuildPages();
+    m_pWindow->Retranslate();
+    m_pWindow->show();
+    StandInFolder::TakeCalls();
+}
+
+void TestHostWindow::eachPluginWithAWindowHasAPage()
+{
+    build(QStringList() << "AddrBookStandIn"
+                        << "StandInPlugin");
+    QVERIFY(m_pWindow->Page("AddrBookUIPlugin") != nullptr);
+    QVERIFY(m_pWindow->Page("Messages") != nullptr);
+    QVERIFY(m_pWindow->Page("StandInPlugin") != nullptr);
+    QVERIFY(m_pWindow->Page("Nobody") == nullptr);
+    QCOMPARE(find<QAbstractButton>("linkhand_NavBar_StandInPlugin")->text(), QStringLiteral("StandInPlugin"));
+}
+
+void TestHostWindow::aPageIsShownFittedAndHidden()
+{
+    build(QStringList("AddrBookStandIn"));
+    m_pWindow->ShowPage("AddrBookUIPlugin");
+    QWidget* pPage = m_pWindow->Page("AddrBookUIPlugin");
+    QWidget* pContent = find<QWidget>("AddrBookUIPlugin_MainWidget");
+    QVERIFY(pContent != nullptr);
+    QCOMPARE(pContent->parentWidget(), pPage);
+    QVERIFY(pContent->isVisible());
+    m_pWindow->resize(m_pWindow->width() + 80, m_pWindow->height() + 30);
+    QTRY_COMPARE(pContent->size(), pPage->size());
+    QVERIFY(StandInFolder::TakeCalls().last().startsWith("AddrBookUIPlugin: FitSize"));
+    QTest::mouseClick(find<QAbstractButton>("linkhand_NavBar_Messages"), Qt::LeftButton);
+    QCOMPARE(StandInFolder::TakeCalls(), QStringList("AddrBookUIPlugin: Hide"));
+    QVERIFY(!pContent->isVisible());
+    QTest::mouseClick(find<QAbstractButton>("linkhand_NavBar_AddrBookUIPlugin"), Qt::LeftButton);
+    QVERIFY(pContent->isVisible());
+    QTest::mouseClick(find<QAbstractButton>("linkhand_NavBar_AddrBookUIPlugin"), Qt::LeftButton);
+    QCOMPARE(StandInFolder::TakeCalls().size(), 1);
+}
+
+void TestHostWindow::aMissingPhonebookIsSaidOnItsPage()
+{
+    build(QStringList());
+    m_pWindow->ShowPage("AddrBookUIPlugin");
+    QLabel* pFailure = m_pWindow->Page("AddrBookUIPlugin")->findChild<QLabel*>("linkhand_Page_failure");
+    QVERIFY(pFailure->isVisible());
+    QVERIFY(!pFailure->text().isEmpty());
+}
+
+void TestHostWindow::aFailedWindowIsSaidOnItsPage()
+{
+    build(QStringList("AddrBookStandIn"));
+    qApp->setProperty("standin.showFails", true);
+    m_pWindow->ShowPage("AddrBookUIPlugin");
+    QLabel* pFailure = m_pWindow->Page("AddrBookUIPlugin")->findChild<QLabel*>("linkhand_Page_failure");
+    QVERIFY(pFailure->isVisible());
+    m_pWindow->ShowPage("Messages");
+    qApp->setProperty("standin.showFails", false);
+    m_pWindow->ShowPage("AddrBookUIPlugin");
+    QVERIFY(!pFailure->isVisible());
+}
+
+void TestHostWindow::theMessagesPageShowsTheOutbox()
+{
+    OutgoingMessage message;
+    message.lstNumbers << "123"
+                       << "456";
+    message.strText = "first line\n<second>";
+    QVERIFY(m_pOutbox->Add(message));
+    build(QStringList());
+    m_pWindow->ShowPage("Messages");
+    QTreeWidget* pList = find<QTreeWidget>("linkhand_Messages_list");
+    QCOMPARE(pList->topLevelItemCount(), 1);
+    message.iKind = HOST_MESSAGE_MMS;
+    message.strSubject = "Subject";
+    QVERIFY(m_pOutbox->Add(message));
+    QCOMPARE(pList->topLevelItemCount(), 2);
+    QCOMPARE(pList->topLevelItem(0)->text(2), QStringLiteral("Subject"));
+    QCOMPARE(pList->topLevelItem(1)->text(1), QStringLiteral("123; 456"));
+    QCOMPARE(pList->topLevelItem(1)->text(2), QStringLiteral("first line"));
+    // The one that was selected stays so.
+    QVERIFY(pList->topLevelItem(1)->isSelected());
+    QVERIFY(find<QTextEdit>("linkhand_Messages_preview")->toPlainText().contains("<second>"));
+    QVERIFY2(!find<QPushButton>("linkhand_Messages_newSms")->isEnabled(), "no SMS plug-in is there");
+}
+
+void TestHostWindow::deletingAMessageAsksFirst()
+{
+    OutgoingMessage message;
+    message.lstNumbers << "123";
+    QVERIFY(m_pOutbox->Add(message));
+    build(QStringList());
+    m_pWindow->ShowPage("Messages");
+    qputenv("LINKHAND_MESSAGE_ANSWERS", "4194304,1024");
+    Services answers(m_pFolder->Path(), QString());
+    qunsetenv("LINKHAND_MESSAGE_ANSWERS");
+    answers.Publish();
+    QPushButton* pDelete = find<QPushButton>("linkhand_Messages_delete");
+    QTest::mouseClick(pDelete, Qt::LeftButton);
+    QCOMPARE(m_pOutbox->Entries().size(), 1);
+    QTest::mouseClick(pDelete, Qt::LeftButton);
+    QCOMPARE(m_pOutbox->Entries().size(), 0);
+    QVERIFY(!pDelete->isEnabled());
+    m_pServices->Publish();
+}
+
+void TestHostWindow::thePanelSwitchesTheDevice()
+{
+    build(QStringList());
+    m_pWindow->SetDevicePanelShown(true);
+    QVERIFY(m_pWindow->DevicePanelShown());
+    QVERIFY(m_pWatcher->State().bAttached);
+    find<QCheckBox>("linkhand_DevicePanel_network")->click();
+    QVERIFY(!DeviceState::Read().bRegistered);
+    find<QCheckBox>("linkhand_DevicePanel_radio")->click();
+    QVERIFY(!DeviceState::Read().bRadioOn);
+    find<QCheckBox>("linkhand_DevicePanel_card")->click();
+    QVERIFY(!DeviceState::Read().bCardReady);
+    find<QCheckBox>("linkhand_DevicePanel_device")->click();
+    QVERIFY(!DeviceState::Read().bAttached);
+    foreach (const char* pszName, (QList<const char*>() << "device"
+                                                        << "card"
+                                                        << "radio"
+                                                        << "network")) {
+        find<QCheckBox>(QByteArray("linkhand_DevicePanel_") + pszName)->click();
+    }
+    QVERIFY(DeviceState::Read().Online());
+    QVERIFY(DeviceState::Read().bCardReady);
+    QComboBox* pPin = find<QComboBox>("linkhand_DevicePanel_pin");
+    QVERIFY(pPin->isEnabled());
+    pPin->setCurrentIndex(2);
+    emit pPin->activated(2);
+    QVERIFY(!DeviceState::Read().bCardReady);
+    m_pWindow->SetDevicePanelShown(false);
+    QVERIFY(!m_pWindow->DevicePanelShown());
+}
+
+void TestHostWindow::thePanelFollowsTheDevice()
+{
+    build(QStringList());
+    QCheckBox* pDevice = find<QCheckBox>("linkhand_DevicePanel_device");
+    QVERIFY(pDevice->isChecked());
+    SimulatedHardware::SetDevice(false);
+    QTRY_VERIFY(!pDevice->isChecked());
+}
+
+void TestHostWindow::theStatusAreaShowsTheState()
+{
+    build(QStringList());
+    QLabel* pCard = find<QLabel>("linkhand_StatusArea_card");
+    QTRY_COMPARE(pCard->text(), QStringLiteral("IDS_HOST_STATUS_CARD"));
+    SimulatedHardware::SetPinStatus(2);
+    QTRY_COMPARE(pCard->text(), QStringLiteral("IDS_HOST_STATUS_CARD_LOCKED"));
+    SimulatedHardware::SetCard(false);
+    QTRY_COMPARE(pCard->text(), QStringLiteral("IDS_HOST_STATUS_NO_CARD"));
+    SimulatedHardware::SetDevice(false);
+    QTRY_COMPARE(find<QLabel>("linkhand_StatusArea_device")->text(), QStringLiteral("IDS_HOST_STATUS_NO_DEVICE"));
+    QVERIFY(!pCard->isVisible());
+}
+
+void TestHostWindow::problemsAreCountedAndNamed()
+{
+    build(QStringList());
+    QToolButton* pProblems = find<QToolButton>("linkhand_StatusArea_problems");
+    QVERIFY(!pProblems->isVisible());
+    m_pWindow->Status().SetProblems(ProblemList() << Problem("BadPlugin", "Built for %1.", "4.6.2"));
+    QVERIFY(pProblems->isVisible());
+    QCOMPARE(pProblems->toolTip(), QStringLiteral("BadPlugin: Built for 4.6.2."));
+}
+
+void TestHostWindow::noticesAreKeptUpToALimit()
+{
+    StatusArea& status = m_pWindow->Status();
+    for (int i = 0; i < 250; ++i) {
+        status.ShowNotice(QString::number(i));
+    }
+    QCOMPARE(status.Notices().size(), 100);
+    QVERIFY(status.Notices().first().endsWith("249"));
+    QVERIFY(status.Notices().last().endsWith("150"));
+    QCOMPARE(find<QToolButton>("linkhand_StatusArea_notice")->text(), QStringLiteral("249"));
+}
+
+void TestHostWindow::choosingALanguageIsSignalled()
+{
+    LanguageEntry english;
+    english.strCode = "en";
+    english.strName = "English";
+    LanguageEntry german;
+    german.strCode = "de";
+    german.strName = "Deutsch";
+    m_pWindow->SetLanguages(QList<LanguageEntry>() << german << english, "en");
+    QSignalSpy spy(m_pWindow.data(), SIGNAL(languageChosen(QString)));
+    QMenu* pMenu = find<QMenu>("linkhand_NavBar_languageMenu");
+    QCOMPARE(pMenu->actions().size(), 2);
+    QVERIFY(!pMenu->actions().at(0)->isChecked());
+    QVERIFY(pMenu->actions().at(1)->isChecked());
+    pMenu->actions().at(0)->trigger();
+    QCOMPARE(spy.count(), 1);
+    QCOMPARE(spy.first().first().toString(), QStringLiteral("de"));
+}
+
+void TestHostWindow::closingIsSignalled()
+{
+    build(QStringList());
+    const QSignalSpy spy(m_pWindow.data(), SIGNAL(closing()));
+    m_pWindow->close();
+    QCOMPARE(spy.count(), 1);
+}
+
+void TestHostWindow::theStyleFollowsThePalette()
+{
+    const QPalette light(QColor(240, 240, 240));
+    const QPalette dark(QColor(40, 40, 40));
+    QVERIFY(StyleSheet::Build(light) != StyleSheet::Build(dark));
+    QVERIFY(!StyleSheet::Build(light).contains('%'));
+    m_pWindow->setPalette(dark);
+    QCOMPARE(m_pWindow->styleSheet(), StyleSheet::Build(m_pWindow->palette()));
+}
+
+QTEST_MAIN(TestHostWindow)
+#include "test_host_window.moc"
