@@ -304,6 +304,9 @@ public:
     // Takes a node out of the tree and frees it with what is below it; nothing in the window names it afterwards.
     void removeTreeItem(QTreeWidgetItem* pParent, QTreeWidgetItem* pItem);
 
+    // Frees what is below a node, with its groups.
+    void removeChildNodes(QTreeWidgetItem* pItem);
+
 public slots:
     void OnNewGroupClicked();
     void OnRenameGroupClicked();
@@ -316,7 +319,8 @@ private:
     bool saveRenamedGroup(QString& strText, QTreeWidgetItem* pItem);
     void undoGroupEdit(QTreeWidgetItem* pItem, bool bFitTree);
     void forgetTreeItem(const QTreeWidgetItem* pItem);
-    void freeNodeData(QTreeWidgetItem* pItem);
+    void freeNodeData(const QTreeWidgetItem* pItem);
+    bool isInTree(const QTreeWidgetItem* pItem) const;
 
     // ---- Copies (AddrBookDlgCopy.cpp, AddrBookDlgBatches.cpp) ------------------------------------------------------
 public:
@@ -345,6 +349,7 @@ public slots:
     void OnFinished();
 
 private:
+    void finishDrop();
     void showProgressBar(int iSteps);
     void stopAtFullMemory();
 

@@ -23,6 +23,8 @@ const char* const RULES =
     "bold; }"
     "#linkhand_DevicePanel_hint, #linkhand_Messages_hint, #linkhand_Calls_hint { color: %quiet%; }"
     "#linkhand_Page_failure { color: %quiet%; font-size: 14px; }"
+    // The contact table's rows are 16 pixels high, whatever the user's letters are.
+    "#AddrBookUIPlugin_ContactTable { font-size: 12px; }"
     "QSplitter::handle { background: transparent; }"
     "QHeaderView::section { background: %bar%; color: %text%; border: none; border-bottom: 1px solid %line%;"
     " border-right: 1px solid %line%; padding: 3px 6px; }";

@@ -20,7 +20,7 @@ std::string listed(const Columns& columns, std::size_t count, const std::string&
 {
     std::string text;
     for (std::size_t i = 0; i < count; ++i)
-        text += before + columns[i] + after;
+        text.append(before).append(columns[i]).append(after);
     return text;
 }
 

@@ -6,6 +6,7 @@
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTemporaryDir>
+#include <QTextEdit>
 #include <QToolButton>
 #include <QTreeWidget>
 #include <QTextEdit>
@@ -68,8 +69,16 @@ private:
 
 void TestHostWindow::init()
 {
-    QCOMPARE(ORVA_Sim_Reset(nullptr), 0L);
+    SimulatedHardware::SetDevice(true);
+    SimulatedHardware::SetCard(true);
+    SimulatedHardware::SetPinStatus(1);
+    ORVA_Sim_SetRadio(1, 1);
+    SimulatedHardware::SetNetwork(true);
+    ORVA_Sim_WaitEvents();
     m_pFolder.reset(new StandInFolder);
+    // The real texts.
+    QVERIFY(QFile::link(QString::fromLocal8Bit(qgetenv("LINKHAND_BUILD_DIR")) + "/languages",
+                        m_pFolder->Path() + "/languages"));
     m_pServices.reset(new Services(m_pFolder->Path(), m_pFolder->Path() + "/s.ini"));
     m_pServices->Publish();
     m_pOutbox.reset(new Outbox(m_pFolder->Path() + "/outbox.xml"));
@@ -247,13 +256,13 @@ void TestHostWindow::theStatusAreaShowsTheState()
 {
     build(QStringList());
     QLabel* pCard = find<QLabel>("linkhand_StatusArea_card");
-    QTRY_COMPARE(pCard->text(), QStringLiteral("IDS_HOST_STATUS_CARD"));
+    QTRY_COMPARE(pCard->text(), QStringLiteral("Card ready"));
     SimulatedHardware::SetPinStatus(2);
-    QTRY_COMPARE(pCard->text(), QStringLiteral("IDS_HOST_STATUS_CARD_LOCKED"));
+    QTRY_COMPARE(pCard->text(), QStringLiteral("Card locked"));
     SimulatedHardware::SetCard(false);
-    QTRY_COMPARE(pCard->text(), QStringLiteral("IDS_HOST_STATUS_NO_CARD"));
+    QTRY_COMPARE(pCard->text(), QStringLiteral("No card"));
     SimulatedHardware::SetDevice(false);
-    QTRY_COMPARE(find<QLabel>("linkhand_StatusArea_device")->text(), QStringLiteral("IDS_HOST_STATUS_NO_DEVICE"));
+    QTRY_COMPARE(find<QLabel>("linkhand_StatusArea_device")->text(), QStringLiteral("No device"));
     QVERIFY(!pCard->isVisible());
 }
 
