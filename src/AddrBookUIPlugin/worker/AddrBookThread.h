@@ -29,7 +29,7 @@ class AddrBookThread : public QThread
 
 public:
     explicit AddrBookThread(QObject* pParent = nullptr);
-    ~AddrBookThread();
+    ~AddrBookThread() override;
 
     // Setters, on the user-interface thread. Each clears a stop request.
     void SetOperation(_ADDRBOOK_OPERATION_TYPE enOperation, _ORVA_EN_PHONEBOOK_MEMORY enMemory,
