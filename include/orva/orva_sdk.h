@@ -200,23 +200,34 @@ ORVA_API long ORVA_PBSrv_EndTransaction(int memory);
 
 /* ---- Import and export ----------------------------------------------------------------------------------------- */
 
-/* 0 when the named contacts application can be imported from: "Outlook" or "Outlook Express". */
+/* 0 when the named contacts application can be imported from: "Outlook", which Evolution's local address books answer
+ * for, or "Outlook Express", Thunderbird's personal address book; both in the user's home. Else ORVA_E_NOT_FOUND. */
 ORVA_API long ORVA_PBSrv_IsOutlookInstalled(const char* name);
 
-/* The titles of a file's columns in the locale's eight-bit encoding, separated by ",". With buffer null: returns 2
- * and the buffer's size in *length. With a zeroed buffer of that size: fills it in and returns 0. */
+/* The titles of a file's columns in the locale's eight-bit encoding, separated by ",": as many as the first row has
+ * columns and in their order, a comma or line end within one being a blank. With buffer null: returns 2 and the
+ * buffer's size in *length. With a zeroed buffer of that size: fills it in and returns 0. On failure *length is 0. */
 ORVA_API long ORVA_PBSrv_GetFileFieldDescription(const unsigned short* path, char* buffer, int* length);
 
-/* Reads a file (RFC 4180, also with semicolons or tabs) into a new record set for a memory; nothing is stored. The
- * map has an entry for each field of the memory: the column it is taken from, counted from 0, or -1 for none.
- * ORVA_E_FORMAT for a file without a usable row. */
+/* Reads a file into a new record set for a memory; nothing is stored. RFC 4180, also with semicolons or tabs; UTF-8,
+ * UTF-16, the locale's encoding or Windows-1252.
+ * - The map has an entry for each field of the memory: the column it is taken from, counted from 0, or -1 for none.
+ *   first + 65536 * (second + 1) joins two columns by a blank.
+ * - A record's identifier is the number of the line it begins in.
+ * - Numbers lose blanks, dots, dashes, slashes and parentheses if only digits, "+", "*" and "#" are left then. A note
+ *   is cut to what its field holds; other values may be longer than the memory takes.
+ * - A row that cannot be read is passed over and named by its line in the log; so is the line of a quotation mark that
+ *   nothing closes. Rows without a value in the mapped columns are no records.
+ * ORVA_E_FORMAT for a file without a usable row, ORVA_E_TOO_LONG for one beyond 256 MB or a million records. */
 ORVA_API long ORVA_PBSrv_ImportFromFile(const unsigned short* path, int* map, int memory, void** set);
 
-/* The same from a contacts application, named as for ORVA_PBSrv_IsOutlookInstalled. */
+/* The same from a contacts application, named as for ORVA_PBSrv_IsOutlookInstalled. Its columns are the fields of the
+ * memory, in their order. Read from a copy; the application may be running. */
 ORVA_API long ORVA_PBSrv_ImportFromOutlook(const unsigned short* name, int* map, int memory, void** set);
 
-/* Writes the records named, in their order, to a file: RFC 4180, UTF-8 with mark, titles in the first row. An
- * existing file is replaced only when the new one is complete. Identifiers that are not there are passed over. */
+/* Writes the records named, in their order, to a file: RFC 4180, UTF-8 with mark, field keys as titles in the first
+ * row. An existing file is replaced only when the new one is complete. Identifiers that are not there are passed
+ * over. */
 ORVA_API long ORVA_PBSrv_ExportToFile(const unsigned short* path, int* ids, int count, int memory);
 
 /* ---- Callbacks ------------------------------------------------------------------------------------------------- */
