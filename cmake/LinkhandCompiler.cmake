@@ -26,5 +26,11 @@ if(LINKHAND_SANITIZER)
   endif()
 endif()
 
+# Fuzz targets see into the libraries they link.
+if(LINKHAND_FUZZ)
+  add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=undefined -g -O1)
+  add_link_options(-fsanitize=address,undefined)
+endif()
+
 add_library(linkhand_include INTERFACE)
 target_include_directories(linkhand_include INTERFACE ${CMAKE_SOURCE_DIR}/include)

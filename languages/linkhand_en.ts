@@ -152,6 +152,10 @@
         <translation>Required</translation>
     </message>
     <message>
+        <source>IDS_HOST_PLUGIN_ABSENT</source>
+        <translation>The plug-in is not installed.</translation>
+    </message>
+    <message>
         <source>IDS_HOST_PLUGIN_BUILDKEY</source>
         <translation>The plug-in was built for another system or compiler: %1.</translation>
     </message>

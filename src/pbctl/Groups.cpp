@@ -104,8 +104,9 @@ std::vector<std::string> splitGroups(const std::string& column)
         std::string name = trimmed(rest.substr(0, end));
         if (name.rfind("* ", 0) == 0)
             name = trimmed(name.substr(2));
-        // No level may be without a name.
-        if (!name.empty() && name.front() != '/' && name.back() != '/' && name.find("//") == std::string::npos)
+        // "My contacts" holds everybody. No level may be without a name.
+        if (name != "myContacts" && !name.empty() && name.front() != '/' && name.back() != '/' &&
+            name.find("//") == std::string::npos)
             groups.push_back(name);
         rest.erase(0, end + 1);
     }

@@ -110,8 +110,10 @@ bool CAddrBookUIService::ShowWindow(QWidget* pParent, QRect& rect)
 void CAddrBookUIService::Hide()
 {
     FRAME_LOG_CALLED();
-    if (m_pAddrBookDlg != nullptr)
-        m_pAddrBookDlg->hide();
+    if (m_pAddrBookDlg == nullptr)
+        return;
+    m_pAddrBookDlg->CloseEditor();
+    m_pAddrBookDlg->hide();
 }
 
 void CAddrBookUIService::FitSize(QRect& rect)

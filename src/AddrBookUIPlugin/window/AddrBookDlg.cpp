@@ -245,6 +245,7 @@ void AddrBookDlg::SetLanguage()
     setMenuShortCuts();
     if (m_plabelPreview != nullptr && m_bPreviewEmpty)
         m_plabelPreview->setText(noRecordText());
+    CloseEditor();
     rePaintTree();
     if (m_ptreePhonebook != nullptr)
         OnTreeClicked(m_ptreePhonebook->currentItem());

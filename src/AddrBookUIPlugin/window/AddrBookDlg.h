@@ -286,12 +286,15 @@ public slots:
     void OnRemoveContactFromGroup(int iType, int iRecordId, int iGroupId);
 
 private:
+    int runForm(AddrBookEditDlg& dlgEdit);
+    bool isRowOf(const QTableWidgetItem* pItem, _ORVA_EN_PHONEBOOK_MEMORY enMemory) const;
     void showNewContact(const AddrBookRecord& record);
     void showChangedContact(_ORVA_EN_PHONEBOOK_MEMORY enMemory, const AddrBookRecord& record);
     bool passesSearch(const AddrBookRecord& record) const;
     bool capacityCache(_ORVA_EN_PHONEBOOK_MEMORY enType, int*& piUsed, int*& piTotal);
     void releaseOrphanedBatch();
     bool retireBatch();
+    bool makeRoomForBatch();
 
     // ---- Groups (AddrBookDlgGroups.cpp) ----------------------------------------------------------------------------
 public:
@@ -303,6 +306,9 @@ public:
 
     // Takes a node out of the tree and frees it with what is below it; nothing in the window names it afterwards.
     void removeTreeItem(QTreeWidgetItem* pParent, QTreeWidgetItem* pItem);
+
+    // Frees what is below a node, with its groups.
+    void removeChildNodes(QTreeWidgetItem* pItem);
 
 public slots:
     void OnNewGroupClicked();
@@ -316,7 +322,8 @@ private:
     bool saveRenamedGroup(QString& strText, QTreeWidgetItem* pItem);
     void undoGroupEdit(QTreeWidgetItem* pItem, bool bFitTree);
     void forgetTreeItem(const QTreeWidgetItem* pItem);
-    void freeNodeData(QTreeWidgetItem* pItem);
+    void freeNodeData(const QTreeWidgetItem* pItem);
+    bool isInTree(const QTreeWidgetItem* pItem) const;
 
     // ---- Copies (AddrBookDlgCopy.cpp, AddrBookDlgBatches.cpp) ------------------------------------------------------
 public:
@@ -345,6 +352,7 @@ public slots:
     void OnFinished();
 
 private:
+    void finishDrop();
     void showProgressBar(int iSteps);
     void stopAtFullMemory();
 

@@ -10,13 +10,27 @@
 #include "logic/Texts.h"
 #include "widgets/PBTreeWidget.h"
 
+// The selection change at the end of a drop: the current node is the target.
+void AddrBookDlg::finishDrop()
+{
+    m_enDragTargetMemory = PB_MEM_LOCAL;
+    int iGroupId = 0;
+    getGroupId(m_enDragTargetMemory, iGroupId);
+    moveOrCopyAllContacts(m_ptreePhonebook->m_listDragData.size(), iGroupId);
+    m_ptreePhonebook->m_listDragData.clear();
+    m_ptreePhonebook->m_bCopyInLocal = false;
+    m_ptreePhonebook->m_bDropped = false;
+    m_ptreePhonebook->m_bHandleSelection = true;
+}
+
 void AddrBookDlg::moveOrCopyAllContacts(int iCount, int iTargetGroup)
 {
     ADDRBOOK_LOG_ENTER();
     if (m_ptreePhonebook == nullptr)
         return;
-    // The list is the tree's and may be emptied by events that a dialog lets in.
-    const QList<QString> lstDragData = m_ptreePhonebook->m_listDragData;
+    // Taken out of the tree: a selection change on the way, such as a node that goes, must not drop them again.
+    QList<QString> lstDragData;
+    lstDragData.swap(m_ptreePhonebook->m_listDragData);
     const bool bCopyInLocal = m_ptreePhonebook->m_bCopyInLocal;
     const _ORVA_EN_PHONEBOOK_MEMORY enTarget = m_enDragTargetMemory;
     QList<AddrBookRecord> lstRecords;
@@ -182,7 +196,10 @@ void AddrBookDlg::initThreadForMoveorCopy(bool bBetweenTypes, QList<AddrBookReco
     }
     if (lstRecords.isEmpty())
         return;
-    retireBatch();
+    // The end of a retired batch makes the current node, this drop's target, the source of the next drag.
+    const _ORVA_EN_PHONEBOOK_MEMORY enSource = m_enDragSourceMemory;
+    if (retireBatch())
+        m_enDragSourceMemory = enSource;
     m_threadWorker.StopOperation();
     m_enMemory = m_enDragTargetMemory;
     if (!isSimorDeviceNodeExist())

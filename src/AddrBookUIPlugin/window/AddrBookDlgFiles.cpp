@@ -4,7 +4,8 @@
 
 #include <QScopedPointer>
 
-#include <vector>
+#include <memory>
+#include <new>
 
 #include "dialogs/AddrBookFieldMapDlg.h"
 #include "dialogs/AddrBookWaitingDlg.h"
@@ -78,10 +79,12 @@ void AddrBookDlg::getFileFieldDescription(QString strPath, QList<QString>& lstTi
     if (iLength <= 0)
         return;
     // One byte more than asked for: the text ends even if the file grew in between.
-    std::vector<char> buffer(static_cast<size_t>(iLength) + 1, '\0');
-    SDK_CALL(iResult, ORVA_PBSrv_GetFileFieldDescription, (pPath, buffer.data(), &iLength));
+    const std::unique_ptr<char[]> pBuffer(new (std::nothrow) char[static_cast<size_t>(iLength) + 1]());
+    if (pBuffer == nullptr)
+        return;
+    SDK_CALL(iResult, ORVA_PBSrv_GetFileFieldDescription, (pPath, pBuffer.get(), &iLength));
     if (iResult == 0) {
-        const QString strTitles = QString::fromLocal8Bit(buffer.data());
+        const QString strTitles = QString::fromLocal8Bit(pBuffer.get());
         lstTitles += strTitles.split(QLatin1Char(','), QtCompat::KeepEmptyParts);
     }
     ADDRBOOK_LOG_EXIT();

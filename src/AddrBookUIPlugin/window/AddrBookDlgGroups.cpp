@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QPointer>
 #include <QRegExp>
+#include <QTreeWidgetItemIterator>
 
 #include "linkhand/core/CommonUtils.h"
 #include "logic/AddrBookLogic.h"
@@ -240,11 +241,9 @@ void AddrBookDlg::OnDeleteGroupClicked()
                                                  tr(QLatin1String("IDS_DELETE_GROUP")), QLatin1String("IDS_OK"),
                                                  QLatin1String("IDS_CANCEL"), QLatin1String(""), true,
                                                  Qt::WindowCloseButtonHint, nullptr, QLatin1String(""), true);
-    if (iAnswer != QMessageBox::Ok || m_pitemLocalTreeWidgetItem == nullptr || pitem == nullptr ||
-        m_pAddrBookLogic == nullptr)
-        return;
-    // A memory that went while the question was open took its node with it.
-    if (m_ptreePhonebook->currentItem() != pitem)
+    // A node that went while the question was open has nothing left to delete.
+    if (iAnswer != QMessageBox::Ok || m_pitemLocalTreeWidgetItem == nullptr || m_pAddrBookLogic == nullptr ||
+        !isInTree(pitem))
         return;
     m_pAddrBookLogic->DelGroup(enMemory, iGroupId);
     QTreeWidgetItem* pitemParent = pitem->parent();
@@ -270,6 +269,7 @@ void AddrBookDlg::removeTreeItem(QTreeWidgetItem* pParent, QTreeWidgetItem* pIte
         pParent->takeChild(pParent->indexOfChild(pItem));
         // Taking it may have named it once more.
         forgetTreeItem(pItem);
+        removeChildNodes(pItem);
         freeNodeData(pItem);
         delete pItem;
     }
@@ -293,11 +293,31 @@ void AddrBookDlg::forgetTreeItem(const QTreeWidgetItem* pItem)
         forgetTreeItem(pItem->child(i));
 }
 
-void AddrBookDlg::freeNodeData(QTreeWidgetItem* pItem)
+void AddrBookDlg::removeChildNodes(QTreeWidgetItem* pItem)
+{
+    for (int i = pItem->childCount() - 1; i >= 0; --i) {
+        QTreeWidgetItem* pChild = pItem->takeChild(i);
+        removeChildNodes(pChild);
+        freeNodeData(pChild);
+        delete pChild;
+    }
+}
+
+void AddrBookDlg::freeNodeData(const QTreeWidgetItem* pItem)
 {
     const TreeNodeData* pData = treeNodeData(pItem);
     delete groupOf(pData);
     delete pData;
-    for (int i = 0; i < pItem->childCount(); ++i)
-        freeNodeData(pItem->child(i));
+}
+
+// True for a node at any depth; a pointer to one that has gone is safe here.
+bool AddrBookDlg::isInTree(const QTreeWidgetItem* pItem) const
+{
+    if (m_ptreePhonebook == nullptr || pItem == nullptr)
+        return false;
+    for (QTreeWidgetItemIterator it(m_ptreePhonebook); *it != nullptr; ++it) {
+        if (*it == pItem)
+            return true;
+    }
+    return false;
 }

@@ -366,6 +366,10 @@ void AddrBookDlg::OnTreeItemSelectionChanged()
         m_ptreePhonebook->setCurrentItem(pEntered);
         m_pitemEnteredTreeWidgetItem = nullptr;
     }
+    if (!m_ptreePhonebook->m_listDragData.isEmpty()) {
+        finishDrop();
+        return;
+    }
     if (!m_ptreePhonebook->m_bHandleSelection)
         return;
     OnTreeClicked(m_ptreePhonebook->currentItem());

@@ -1,5 +1,6 @@
 #include "window/NavButton.h"
 
+#include <QFont>
 #include <QFontMetrics>
 #include <QPainter>
 #include <QPalette>
@@ -14,6 +15,7 @@ const int MARGIN = 10;
 const int GAP = 5;
 const int LEAST_WIDTH = 84;
 const int MARK_WIDTH = 3;
+const qreal WORD_SIZE = 0.9; // of the usual letters
 
 } // namespace
 
@@ -21,6 +23,12 @@ NavButton::NavButton(Glyphs::Glyph enGlyph, QWidget* pParent) : QAbstractButton(
 {
     setCheckable(true);
     setFocusPolicy(Qt::TabFocus);
+    QFont smaller = font();
+    // A font that is told in pixels has no point size.
+    if (smaller.pointSizeF() > 0) {
+        smaller.setPointSizeF(smaller.pointSizeF() * WORD_SIZE);
+    }
+    setFont(smaller);
 }
 
 QSize NavButton::sizeHint() const

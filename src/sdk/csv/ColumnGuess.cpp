@@ -13,10 +13,11 @@ namespace
 
 using Words = std::vector<const char*>; // in order of preference, as normalised() makes them
 
-const Words fullName = {"fullname",         "displayname",     "formattedname", "anzeigename",    "vollständigername",
-                        "vollername",       "nomcomplet",      "nomàafficher",  "nombrecompleto", "nombreparamostrar",
-                        "nomevisualizzato", "отображаемоеимя", "полноеимя",     "fileas",         "contactname",
-                        "contact",          "kontakt"};
+const Words fullName = {"fullname",          "displayname",       "formattedname",    "anzeigename",
+                        "vollständigername", "vollername",        "nomcomplet",       "nomàafficher",
+                        "nombrecompleto",    "nombreparamostrar", "nomevisualizzato", "отображаемоеимя",
+                        "полноеимя",         "contactname",       "contact",          "kontakt"};
+const Words filedName = {"fileas", "fileunder", "speichernunter"};
 const Words plainName = {"name", "nom", "nombre", "nome", "naam", "имя"};
 const Words firstName = {"firstname",    "givenname",     "vorname", "prénom",
                          "nombredepila", "nomebattesimo", "имя",     "nombre"};
@@ -37,6 +38,7 @@ const Words mobile = {"mobile",
                       "handy",
                       "handynummer",
                       "telmobile",
+                      "télmobile",
                       "téléphonemobile",
                       "téléphoneportable",
                       "portable",
@@ -146,7 +148,8 @@ int findName(const std::vector<std::string>& titles)
         last = plain;
     if (first >= 0 && last >= 0)
         return joinedColumns(first, last);
-    return std::max({first, last, plain});
+    const int either = std::max({first, last, plain});
+    return either >= 0 ? either : find(titles, filedName);
 }
 
 } // namespace

@@ -1,12 +1,20 @@
 #include "csv/NumberText.h"
 
-#include <string_view>
-
 namespace orva
 {
 
 namespace
 {
+
+bool isDigit(char16_t c)
+{
+    return c >= u'0' && c <= u'9';
+}
+
+bool isSign(char16_t c)
+{
+    return c == u'+' || c == u'*' || c == u'#';
+}
 
 bool isDecoration(char16_t c)
 {
@@ -41,7 +49,7 @@ bool isDecoration(char16_t c)
 // The digit, plus, star or hash that a character is; 0 for anything else.
 char16_t dialled(char16_t c)
 {
-    if ((c >= u'0' && c <= u'9') || c == u'+' || c == u'*' || c == u'#')
+    if (isDigit(c) || isSign(c))
         return c;
     for (const char16_t zero :
          {0x0660, 0x06F0, 0x0966, 0x0E50, 0xFF10}) // Arabic, Persian, Devanagari, Thai, full width
@@ -52,19 +60,28 @@ char16_t dialled(char16_t c)
 
 } // namespace
 
-void cleanNumber(std::u16string& text, std::size_t begin)
+std::size_t cleanNumber(char16_t* text, std::size_t length)
 {
-    const std::u16string_view whole = std::u16string_view(text).substr(begin);
-    const std::size_t first = whole.find(u" ::: ");
-    const std::size_t end = begin + (first == std::u16string_view::npos ? whole.size() : first);
-    for (std::size_t i = begin; i < end; ++i)
+    std::size_t plain = 0;
+    while (plain < length && (isDigit(text[plain]) || isSign(text[plain])))
+        ++plain;
+    for (std::size_t i = plain; i < length; ++i)
         if (dialled(text[i]) == 0 && !isDecoration(text[i]))
-            return;
-    std::size_t to = begin;
-    for (std::size_t i = begin; i < end; ++i)
+            return length;
+    std::size_t to = plain;
+    for (std::size_t i = plain; i < length; ++i)
         if (const char16_t c = dialled(text[i]); c != 0)
             text[to++] = c;
-    text.resize(to);
+    return to;
+}
+
+std::size_t firstLength(std::u16string_view text)
+{
+    constexpr std::u16string_view between = u" ::: ";
+    for (std::size_t at = text.find(u' '); at < text.size(); at = text.find(u' ', at + 1))
+        if (text.substr(at, between.size()) == between)
+            return at;
+    return text.size();
 }
 
 } // namespace orva

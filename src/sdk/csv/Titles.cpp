@@ -16,6 +16,8 @@ std::vector<std::string> readTitles(RowReader& reader)
 
 std::vector<std::string> titlesOf(const Row& row)
 {
+    if (row.columns() == 0)
+        throw Failure(ORVA_E_FORMAT, "no titles");
     std::vector<std::string> titles;
     titles.reserve(static_cast<std::size_t>(row.columns()));
     std::u16string units;

@@ -9,9 +9,9 @@ namespace orva
 namespace
 {
 
-constexpr char32_t replacement = 0xFFFD;
+constexpr char16_t replacement = 0xFFFD;
 
-bool isAscii(const char* text)
+inline bool isAscii(const char* text)
 {
     std::uint64_t block = 0;
     std::memcpy(&block, text, sizeof block);
@@ -26,7 +26,7 @@ struct Lead {
     unsigned char high;
 };
 
-Lead leadOf(unsigned char c)
+inline Lead leadOf(unsigned char c)
 {
     if (c < 0x80)
         return {1, 0, 0};
@@ -39,6 +39,31 @@ Lead leadOf(unsigned char c)
                 static_cast<unsigned char>(c == 0xED ? 0x9F : 0xBF)};
     return {4, static_cast<unsigned char>(c == 0xF0 ? 0x90 : 0x80),
             static_cast<unsigned char>(c == 0xF4 ? 0x8F : 0xBF)};
+}
+
+// Length of the sequence at `text`, of which `room` octets are there; 0 for none, with *cut set if there may be one.
+inline std::size_t sequenceLength(const char* text, std::size_t room, bool* cut)
+{
+    const Lead lead = leadOf(static_cast<unsigned char>(text[0]));
+    for (std::size_t i = 1; i < lead.length; ++i) {
+        if (i == room) {
+            if (cut != nullptr)
+                *cut = true;
+            return 0;
+        }
+        const auto c = static_cast<unsigned char>(text[i]);
+        if (c < (i == 1 ? lead.low : 0x80) || c > (i == 1 ? lead.high : 0xBF))
+            return 0;
+    }
+    return lead.length;
+}
+
+inline char* putThree(char16_t c, char* to)
+{
+    *to++ = static_cast<char>(0xE0 | c >> 12);
+    *to++ = static_cast<char>(0x80 | (c >> 6 & 0x3F));
+    *to++ = static_cast<char>(0x80 | (c & 0x3F));
+    return to;
 }
 
 char32_t decode(const char* text, std::size_t length)
@@ -76,24 +101,34 @@ void appendUtf8(char32_t point, std::string& out)
 
 void appendUtf8(std::u16string_view text, std::string& out)
 {
+    const std::size_t before = out.size();
+    out.resize(before + 3 * text.size()); // UTF-8 never has more octets than three a unit
+    char* to = out.data() + before;
     for (std::size_t i = 0; i < text.size(); ++i) {
         const char16_t c = text[i];
         if (c < 0x80) {
-            out.push_back(static_cast<char>(c));
-        } else if (c >= 0xD800 && c < 0xDC00 && i + 1 < text.size() && text[i + 1] >= 0xDC00 && text[i + 1] < 0xE000) {
-            appendUtf8(0x10000 + (static_cast<char32_t>(c - 0xD800) << 10) + (text[i + 1] - 0xDC00U), out);
-            ++i;
+            *to++ = static_cast<char>(c);
+        } else if (c < 0x800) {
+            *to++ = static_cast<char>(0xC0 | c >> 6);
+            *to++ = static_cast<char>(0x80 | (c & 0x3F));
+        } else if (c < 0xD800 || c >= 0xE000) {
+            to = putThree(c, to);
+        } else if (c < 0xDC00 && i + 1 < text.size() && text[i + 1] >= 0xDC00 && text[i + 1] < 0xE000) {
+            const char32_t point = 0x10000 + (static_cast<char32_t>(c - 0xD800) << 10) + (text[++i] - 0xDC00U);
+            *to++ = static_cast<char>(0xF0 | point >> 18);
+            *to++ = static_cast<char>(0x80 | (point >> 12 & 0x3F));
+            *to++ = static_cast<char>(0x80 | (point >> 6 & 0x3F));
+            *to++ = static_cast<char>(0x80 | (point & 0x3F));
         } else {
-            appendUtf8(static_cast<char32_t>(c), out);
+            to = putThree(replacement, to);
         }
     }
+    out.resize(static_cast<std::size_t>(to - out.data()));
 }
 
-bool appendUtf16(std::string_view text, std::u16string& out)
+std::size_t toUtf16(std::string_view text, char16_t* out)
 {
-    const std::size_t before = out.size();
-    out.resize(before + text.size()); // UTF-16 never has more units than UTF-8 has octets
-    char16_t* to = out.data() + before;
+    char16_t* to = out;
     const char* from = text.data();
     const char* const end = from + text.size();
     while (from < end) {
@@ -103,11 +138,9 @@ bool appendUtf16(std::string_view text, std::u16string& out)
             ++from;
             continue;
         }
-        const std::size_t length = c == 0 ? 0 : utf8Piece(std::string_view(from, static_cast<std::size_t>(end - from)));
-        if (length == 0) {
-            out.resize(before);
-            return false;
-        }
+        const std::size_t length = sequenceLength(from, static_cast<std::size_t>(end - from), nullptr);
+        if (length < 2)
+            return std::string_view::npos;
         const char32_t point = decode(from, length);
         if (point < 0x10000) {
             *to++ = static_cast<char16_t>(point);
@@ -117,34 +150,27 @@ bool appendUtf16(std::string_view text, std::u16string& out)
         }
         from += length;
     }
-    out.resize(static_cast<std::size_t>(to - out.data()));
-    return true;
+    return static_cast<std::size_t>(to - out);
+}
+
+bool appendUtf16(std::string_view text, std::u16string& out)
+{
+    const std::size_t before = out.size();
+    out.resize(before + text.size());
+    const std::size_t length = toUtf16(text, out.data() + before);
+    out.resize(before + (length == std::string_view::npos ? 0 : length));
+    return length != std::string_view::npos;
 }
 
 std::size_t utf8Piece(std::string_view text, bool* cut)
 {
-    if (text.empty())
-        return 0;
-    // A run of ASCII counts as one sequence: nearly all of nearly every file.
+    // A run of ASCII counts as one piece: nearly all of nearly every file.
     std::size_t ascii = 0;
     while (ascii + 8 <= text.size() && isAscii(text.data() + ascii))
         ascii += 8;
-    if (ascii > 0)
+    if (ascii > 0 || text.empty())
         return ascii;
-    const Lead lead = leadOf(static_cast<unsigned char>(text[0]));
-    if (lead.length < 2)
-        return lead.length;
-    for (std::size_t i = 1; i < lead.length; ++i) {
-        if (i == text.size()) {
-            if (cut != nullptr)
-                *cut = true;
-            return 0;
-        }
-        const auto c = static_cast<unsigned char>(text[i]);
-        if (c < (i == 1 ? lead.low : 0x80) || c > (i == 1 ? lead.high : 0xBF))
-            return 0;
-    }
-    return lead.length;
+    return sequenceLength(text.data(), text.size(), cut);
 }
 
 } // namespace orva

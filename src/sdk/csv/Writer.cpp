@@ -1,6 +1,7 @@
 #include "csv/Writer.h"
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <climits>
 #include <cstdlib>
@@ -51,13 +52,24 @@ std::string resolved(const std::string& path)
     return out;
 }
 
-// Whether a column needs its quotes: also for the separators of other settings and for blanks at its ends, which
-// readers take away.
+// Characters for which a column needs its quotes, also the separators of other settings.
+constexpr std::array<bool, 256> quotedCharacters()
+{
+    std::array<bool, 256> table{};
+    for (const char c : {'"', ',', ';', '\t', '\r', '\n'})
+        table[static_cast<unsigned char>(c)] = true;
+    return table;
+}
+
+constexpr std::array<bool, 256> quoted = quotedCharacters();
+
+// Blanks at the ends count, too: readers take them away.
 bool needsQuotes(std::string_view text)
 {
     if (text.empty())
         return false;
-    return text.front() == ' ' || text.back() == ' ' || text.find_first_of("\",;\t\r\n") != std::string_view::npos;
+    return text.front() == ' ' || text.back() == ' ' ||
+           std::any_of(text.begin(), text.end(), [](char c) { return quoted[static_cast<unsigned char>(c)]; });
 }
 
 } // namespace
@@ -116,14 +128,14 @@ void Writer::quoteFrom(std::size_t begin)
     m_rowHasText = m_rowHasText || !text.empty();
     if (!needsQuotes(text))
         return;
-    std::string quoted = "\"";
+    m_scratch = "\"";
     for (const char c : text) {
         if (c == '"')
-            quoted.push_back('"');
-        quoted.push_back(c);
+            m_scratch.push_back('"');
+        m_scratch.push_back(c);
     }
-    quoted.push_back('"');
-    m_buffer.replace(begin, std::string::npos, quoted);
+    m_scratch.push_back('"');
+    m_buffer.replace(begin, std::string::npos, m_scratch);
 }
 
 void Writer::endRow()

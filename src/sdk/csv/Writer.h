@@ -38,6 +38,7 @@ private:
     std::string m_unfinished;
     int m_file = -1;
     std::string m_buffer;
+    std::string m_scratch;
     int m_columns = 0; // of the current row, so far
     bool m_rowHasText = false;
 };

@@ -36,7 +36,7 @@ bool SqlFailure::isDamage() const
 
 Database::Database(const std::string& path, Mode mode)
 {
-    const int access = mode == Mode::ReadOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
+    const int access = mode == Mode::ReadWrite ? SQLITE_OPEN_READWRITE : SQLITE_OPEN_READONLY;
     const int flags = access | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_NOFOLLOW | SQLITE_OPEN_EXRESCODE;
     const int result = sqlite3_open_v2(path.c_str(), &m_db, flags, nullptr);
     if (result != SQLITE_OK) {
@@ -45,9 +45,13 @@ Database::Database(const std::string& path, Mode mode)
         throw SqlFailure(result, "opening the store: " + text);
     }
     sqlite3_busy_timeout(m_db, statementWait);
-    // A damaged or hostile file must not run anything or read past its cells.
-    sqlite3_db_config(m_db, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+    // A hostile file must not run anything.
     sqlite3_db_config(m_db, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+    if (mode == Mode::Salvage)
+        // The way to make SQLite accept a file that is shorter than it should be.
+        sqlite3_db_config(m_db, SQLITE_DBCONFIG_WRITABLE_SCHEMA, 1, nullptr);
+    else
+        sqlite3_db_config(m_db, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
 }
 
 Database::~Database()

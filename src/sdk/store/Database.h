@@ -34,7 +34,8 @@ private:
 class Database
 {
 public:
-    enum class Mode { ReadWrite, ReadOnly };
+    // Salvage reads what is left of a damaged file, also of one that has lost its end.
+    enum class Mode { ReadWrite, ReadOnly, Salvage };
 
     // The path must hold no symbolic link; the file must exist.
     Database(const std::string& path, Mode mode);

@@ -68,14 +68,24 @@ std::string parentOf(const std::string& path)
     return slash == 0 ? "/" : path.substr(0, slash);
 }
 
-void makeFolders(const std::string& path)
+// One folder; false if that above it is missing. Whatever the umask, it is open to its owner.
+bool makeFolder(const std::string& path)
 {
-    if (::mkdir(path.c_str(), 0700) == 0 || errno == EEXIST)
-        return;
+    if (::mkdir(path.c_str(), 0700) == 0)
+        return ::chmod(path.c_str(), 0700) == 0;
+    if (errno == EEXIST)
+        return true;
     if (errno != ENOENT || path == "/" || path == ".")
         failFile("making the folder", path);
+    return false;
+}
+
+void makeFolders(const std::string& path)
+{
+    if (makeFolder(path))
+        return;
     makeFolders(parentOf(path));
-    if (::mkdir(path.c_str(), 0700) != 0 && errno != EEXIST)
+    if (!makeFolder(path))
         failFile("making the folder", path);
 }
 
@@ -114,7 +124,7 @@ std::string preparePrivateFolder(const std::string& path)
     const std::unique_ptr<char, decltype(&std::free)> resolved(::realpath(plain.c_str(), nullptr), &std::free);
     if (!resolved)
         failFile("finding the folder", plain);
-    const std::string real = resolved.get();
+    std::string real = resolved.get();
     // Through a descriptor, so that what is checked is what is changed.
     const OpenFile folder(::open(real.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
     struct stat state = {};

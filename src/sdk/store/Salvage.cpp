@@ -109,7 +109,7 @@ void tryPart(const std::function<void()>& part)
 Salvaged salvage(const std::string& damagedPath, Database& target, const Columns& columns)
 {
     Salvaged found;
-    Database source(damagedPath, Database::Mode::ReadOnly);
+    Database source(damagedPath, Database::Mode::Salvage);
     target.execute("BEGIN IMMEDIATE");
     try {
         tryPart([&] { salvageRecords(source, target, columns, found); });

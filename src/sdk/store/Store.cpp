@@ -20,7 +20,7 @@ std::string listed(const Columns& columns, std::size_t count, const std::string&
 {
     std::string text;
     for (std::size_t i = 0; i < count; ++i)
-        text += before + columns[i] + after;
+        text.append(before).append(columns[i]).append(after);
     return text;
 }
 
@@ -91,8 +91,8 @@ Extent Store::extent()
 
 void Store::read(int first, int last, std::size_t maxRows, int fields, RowBlock& rows)
 {
-    rows.clear(fields);
     reading([&] {
+        rows.clear(fields);
         reconnectIfReplaced();
         Query query(*m_db, m_selectRange[static_cast<std::size_t>(fields)].c_str());
         query.bind(1, first).bind(2, last).bind(3, static_cast<int>(std::min<std::size_t>(maxRows, INT_MAX)));
@@ -108,8 +108,11 @@ void Store::read(int first, int last, std::size_t maxRows, int fields, RowBlock&
 
 void Store::readSome(const int* ids, std::size_t count, int fields, RowBlock& rows)
 {
-    rows.clear(fields);
     reading([&] {
+        rows.clear(fields);
+        // While this one is open, those below share its read transaction and take no locks of their own.
+        Query holder(*m_db, "SELECT id FROM records LIMIT 1");
+        holder.step();
         for (std::size_t i = 0; i < count; ++i) {
             Query query(*m_db, m_selectOne[static_cast<std::size_t>(fields)].c_str());
             if (!query.bind(1, ids[i]).step())

@@ -104,7 +104,7 @@ private:
     void breakTransaction(const Failure& failure);
     void keepTime();
 
-    // Run with the lock held, on an open connection.
+    // Run with the lock held, on an open connection. A reading body may be run twice.
     template <typename Body>
     auto reading(Body&& body) -> decltype(body());
     template <typename Body>
@@ -153,8 +153,12 @@ auto Store::reading(Body&& body) -> decltype(body())
         return body();
     } catch (const SqlFailure& failure) {
         noteDamage(failure);
-        throw;
+        if (m_db)
+            throw;
     }
+    // The file was damaged: once more on what could be saved of it.
+    connect();
+    return body();
 }
 
 template <typename Body>

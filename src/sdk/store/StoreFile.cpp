@@ -104,10 +104,10 @@ void Store::prepareOpened()
         throw;
     }
     if (m_suspect) {
-        m_suspect = false;
         const std::vector<std::string> problems = problemsOf(*m_db);
         if (!problems.empty())
             throw SqlFailure(SQLITE_CORRUPT, "the integrity check failed: " + problems.front());
+        m_suspect = false;
     }
     m_db->learnEncoding();
     m_inode = inodeOf(m_path);

@@ -1,32 +1,14 @@
-#include <QApplication>
-#include <QDrag>
-#include <QDragEnterEvent>
-#include <QDragMoveEvent>
-#include <QDropEvent>
-#include <QHeaderView>
-#include <QMimeData>
-#include <QScrollBar>
-#include <QSignalSpy>
-#include <QTimer>
-#include <QtTest>
+#include "FieldMapFixture.h"
 
-#include <functional>
-#include <memory>
-
-#include "dialogs/AddrBookFieldMapDlg.h"
-#include "fakecore/FakeCore.h"
-#include "fakesdk/FakeSdk.h"
-#include "logic/AddrBookLogic.h"
-#include "logic/AddrBookUICommon.h"
-
-// The dialog in which the user says which column of a file feeds which field.
-class FieldMapDlgTest : public QObject
+// The dialog in which the user says which column of a file feeds which field: its shape, what it maps by itself, and
+// what it gives.
+class FieldMapDlgTest : public FieldMapFixture
 {
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init() { setUp(); }
+    void cleanup() { tearDown(); }
 
     void theDialogHasItsShape();
     void theTablesHaveTheirShape();
@@ -45,20 +27,6 @@ private slots:
     void theLastMatchingTitleWins();
     void oneTitleMayServeTwoFields();
     void anSdkThatFailsLeavesTheFieldsEmpty();
-    void aPressPreparesTheOtherTableForADrop();
-    void aSecondPressOnTheSameRowPreparesItAgain();
-    void theFirstMoveDragsTheTitle();
-    void aMoveWithoutTheLeftButtonDragsNothing();
-    void aDropIsPlacedWhereTheMouseMovesNext();
-    void aDropReplacesAMapping();
-    void theSameTitleMayBeDroppedOnSeveralFields();
-    void aDisabledRowDoesNotTakeADrop();
-    void withoutADropTheNextMoveEndsTheTracking();
-    void onlyTextIsTakenAtTheEnter();
-    void aDropNeedsAPressBefore();
-    void deleteClearsAMapping();
-    void deleteWithNothingCurrentDoesNothing();
-    void otherKeysMoveThroughTheTable();
     void okGivesOneTextPerRow();
     void cancelGivesNothing_data();
     void cancelGivesNothing();
@@ -66,111 +34,7 @@ private slots:
     void callsBeforeInitDialogDoNothing();
     void aDialogThatWentWithItsParentIsNotTouched();
     void anUnknownTableNumberDoesNothing();
-
-private:
-    void fill(const QStringList& titles, _ORVA_EN_PHONEBOOK_MEMORY memory = PB_MEM_LOCAL)
-    {
-        map->InitDialog(parent.get(), memory, "contacts.csv");
-        map->SetRowCount(1, 11);
-        map->SetRowCount(2, 11);
-        map->SetRowHeight(1, 15);
-        map->SetRowHeight(2, 15);
-        map->SetFirstTableInfo(titles);
-        map->SetSecondTableInfo(titles, memory);
-    }
-    void open()
-    {
-        dialog()->show();
-        QVERIFY(QTest::qWaitForWindowExposed(dialog()));
-    }
-    // Runs the dialog modally; the function is the user.
-    int run(const std::function<void()>& user)
-    {
-        QTimer::singleShot(0, this, user);
-        return map->Exec();
-    }
-
-    ExtendDialog* dialog() const { return FakeCore::dialogs().value(0); }
-    FieldMapTable1Widget* left() const { return dialog()->findChild<FieldMapTable1Widget*>(); }
-    FieldMapTable2Widget* right() const { return dialog()->findChild<FieldMapTable2Widget*>(); }
-    QPushButton* ok() const { return dialog()->findChild<QPushButton*>("AddrUIplugin_FieldMapokbtn"); }
-    QPushButton* cancel() const { return dialog()->findChild<QPushButton*>("AddrUIplugin_FieldMapCancelbtn"); }
-    QStringList mapped() const
-    {
-        QStringList texts;
-        for (int row = 0; row < right()->rowCount(); ++row)
-            texts << right()->item(row, 1)->text();
-        return texts;
-    }
-
-    static QPoint cell(const QTableWidget* table, int row, int column)
-    {
-        return table->visualRect(table->model()->index(row, column)).center();
-    }
-    static void mouse(QTableWidget* table, QEvent::Type type, QPoint point, Qt::MouseButton button,
-                      Qt::MouseButtons held)
-    {
-        QMouseEvent event(type, point, table->viewport()->mapToGlobal(point), button, held, Qt::NoModifier);
-        QApplication::sendEvent(table->viewport(), &event);
-    }
-    void pressTitle(int row)
-    {
-        mouse(left(), QEvent::MouseButtonPress, cell(left(), row, 0), Qt::LeftButton, Qt::LeftButton);
-        mouse(left(), QEvent::MouseButtonRelease, cell(left(), row, 0), Qt::LeftButton, Qt::NoButton);
-    }
-    // What a real drag of a text brings to the right table. True if it was let in.
-    bool dropText(const QString& text, int row)
-    {
-        QMimeData data;
-        data.setText(text);
-        const QPoint point = cell(right(), row, 1);
-        const Qt::DropActions actions = Qt::CopyAction | Qt::MoveAction;
-        QDragEnterEvent enter(point, actions, &data, Qt::LeftButton, Qt::NoModifier);
-        enter.ignore();
-        QApplication::sendEvent(right()->viewport(), &enter);
-        if (!enter.isAccepted())
-            return false;
-        QDragMoveEvent move(point, actions, &data, Qt::LeftButton, Qt::NoModifier);
-        move.ignore();
-        QApplication::sendEvent(right()->viewport(), &move);
-        if (!move.isAccepted())
-            return false;
-        QDropEvent drop(point, actions, &data, Qt::NoButton, Qt::NoModifier);
-        drop.ignore();
-        QApplication::sendEvent(right()->viewport(), &drop);
-        return drop.isAccepted();
-    }
-    void moveOver(int row, int column = 1)
-    {
-        mouse(right(), QEvent::MouseMove, cell(right(), row, column), Qt::NoButton, Qt::NoButton);
-    }
-
-    std::unique_ptr<QWidget> parent;
-    std::unique_ptr<AddrBookFieldMapDlg> map;
 };
-
-void FieldMapDlgTest::init()
-{
-    FakeCore::reset();
-    FakeSdk::reset();
-    FakeCore::setText("ID_STR_NAME", "Name");
-    FakeCore::setText("ID_STR_MOBILE_PHONE", "Mobile phone");
-    FakeCore::setText("ID_STR_BUSINESS_PHONE", "Business phone");
-    FakeCore::setText("ID_STR_HOME_PHONE", "Home phone");
-    FakeCore::setText("ID_STR_EMAIL", "E-mail");
-    FakeCore::setText("ID_STR_NOTES", "Notes");
-    parent = std::make_unique<QWidget>();
-    map = std::make_unique<AddrBookFieldMapDlg>();
-}
-
-void FieldMapDlgTest::cleanup()
-{
-    map.reset();
-    QCOMPARE(FakeCore::dialogs().size(), 0);
-    parent.reset();
-    AddrBookLogic::Destroy();
-    QCOMPARE(FakeSdk::leaks(), QString());
-}
 
 void FieldMapDlgTest::theDialogHasItsShape()
 {
@@ -393,188 +257,6 @@ void FieldMapDlgTest::anSdkThatFailsLeavesTheFieldsEmpty()
     fill({"Name", "Mobile"});
     QCOMPARE(mapped(), QStringList(QVector<QString>(11, QString()).toList()));
     QCOMPARE(left()->item(0, 0)->text(), QString("Name"));
-}
-
-void FieldMapDlgTest::aPressPreparesTheOtherTableForADrop()
-{
-    fill({"Name", "Tel"});
-    open();
-    QVERIFY(!right()->hasMouseTracking());
-    QVERIFY(!right()->acceptDrops());
-    right()->setCurrentCell(1, 0);
-    pressTitle(1);
-    QVERIFY(right()->hasMouseTracking());
-    QVERIFY(right()->viewport()->hasMouseTracking());
-    QVERIFY(right()->acceptDrops());
-    QCOMPARE(right()->currentRow(), 0);
-    QVERIFY(right()->selectedItems().isEmpty());
-}
-
-void FieldMapDlgTest::aSecondPressOnTheSameRowPreparesItAgain()
-{
-    fill({"Name", "Tel"});
-    open();
-    pressTitle(1);
-    moveOver(0);
-    QVERIFY(!right()->hasMouseTracking());
-    QSignalSpy changed(left(), SIGNAL(itemSelectionChanged()));
-    pressTitle(1);
-    QCOMPARE(changed.count(), 1); // by hand: the selection stayed
-    QVERIFY(right()->hasMouseTracking());
-    QVERIFY(right()->acceptDrops());
-}
-
-void FieldMapDlgTest::theFirstMoveDragsTheTitle()
-{
-    fill({"Name", "Tel"});
-    open();
-    const QPoint point = cell(left(), 1, 0);
-    mouse(left(), QEvent::MouseButtonPress, point, Qt::LeftButton, Qt::LeftButton);
-    mouse(left(), QEvent::MouseMove, point + QPoint(1, 0), Qt::NoButton, Qt::LeftButton);
-    auto* drag = left()->findChild<QDrag*>(); // over already; Qt deletes it later
-    QVERIFY(drag);
-    QCOMPARE(drag->mimeData()->text(), QString("Tel"));
-    QCOMPARE(drag->mimeData()->formats(), QStringList("text/plain"));
-    QCOMPARE(drag->source(), static_cast<QObject*>(left()));
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    mouse(left(), QEvent::MouseMove, point + QPoint(2, 0), Qt::NoButton, Qt::LeftButton);
-    QVERIFY(left()->findChild<QDrag*>());
-}
-
-void FieldMapDlgTest::aMoveWithoutTheLeftButtonDragsNothing()
-{
-    fill({"Name", "Tel"});
-    open();
-    pressTitle(1);
-    mouse(left(), QEvent::MouseMove, cell(left(), 0, 0), Qt::NoButton, Qt::NoButton);
-    mouse(left(), QEvent::MouseMove, cell(left(), 0, 0), Qt::NoButton, Qt::RightButton);
-    QVERIFY(!left()->findChild<QDrag*>());
-}
-
-void FieldMapDlgTest::aDropIsPlacedWhereTheMouseMovesNext()
-{
-    fill({"Name", "Tel"});
-    open();
-    pressTitle(1);
-    QVERIFY(dropText("Tel", 1));
-    QCOMPARE(right()->m_strDropText, QString("Tel"));
-    QCOMPARE(right()->item(1, 1)->text(), QString(" ")); // the drop itself changes nothing
-    QCOMPARE(right()->rowCount(), 11);
-    moveOver(2, 0);
-    QCOMPARE(right()->item(2, 1)->text(), QString("Tel"));
-    QCOMPARE(right()->item(1, 1)->text(), QString(" "));
-    QCOMPARE(right()->m_strDropText, QString());
-    QCOMPARE(right()->currentRow(), 2);
-    QCOMPARE(right()->currentColumn(), 0);
-    QVERIFY(!right()->hasMouseTracking());
-    QVERIFY(!right()->acceptDrops());
-    QCOMPARE(dialog()->focusWidget(), static_cast<QWidget*>(right()));
-}
-
-void FieldMapDlgTest::aDropReplacesAMapping()
-{
-    fill({"Name", "Full name"});
-    open();
-    QCOMPARE(right()->item(0, 1)->text(), QString("Name"));
-    pressTitle(1);
-    QVERIFY(dropText("Full name", 0));
-    moveOver(0);
-    QCOMPARE(right()->item(0, 1)->text(), QString("Full name"));
-}
-
-void FieldMapDlgTest::theSameTitleMayBeDroppedOnSeveralFields()
-{
-    fill({"Name", "Tel"});
-    open();
-    for (int row : {1, 2, 3}) {
-        pressTitle(1);
-        QVERIFY(dropText("Tel", row));
-        moveOver(row);
-    }
-    QCOMPARE(mapped().mid(0, 6), (QStringList{"Name", "Tel", "Tel", "Tel", " ", " "}));
-}
-
-void FieldMapDlgTest::aDisabledRowDoesNotTakeADrop()
-{
-    fill({"Name", "Tel"}, PB_MEM_SIM);
-    open();
-    pressTitle(1);
-    QVERIFY(dropText("Tel", 5));
-    emit right()->cellEntered(5, 1);
-    QCOMPARE(right()->item(5, 1)->text(), QString());
-    QVERIFY(!(right()->item(5, 1)->flags() & Qt::ItemIsEnabled));
-    QCOMPARE(right()->m_strDropText, QString()); // and it is gone
-    moveOver(1);
-    QCOMPARE(right()->item(1, 1)->text(), QString(" "));
-}
-
-void FieldMapDlgTest::withoutADropTheNextMoveEndsTheTracking()
-{
-    fill({"Name", "Tel"});
-    open();
-    pressTitle(1);
-    moveOver(1);
-    QVERIFY(!right()->hasMouseTracking());
-    QVERIFY(!right()->acceptDrops());
-    QCOMPARE(right()->item(1, 1)->text(), QString(" "));
-    QVERIFY(!dropText("Tel", 1)); // needs a new press
-    pressTitle(1);
-    QVERIFY(dropText("Tel", 1));
-}
-
-void FieldMapDlgTest::onlyTextIsTakenAtTheEnter()
-{
-    fill({"Name", "Tel"});
-    open();
-    pressTitle(1);
-    QMimeData data;
-    data.setData("text/html", "<b>Tel</b>");
-    QDragEnterEvent enter(cell(right(), 1, 1), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    enter.ignore();
-    QApplication::sendEvent(right()->viewport(), &enter);
-    QVERIFY(!enter.isAccepted());
-}
-
-void FieldMapDlgTest::aDropNeedsAPressBefore()
-{
-    fill({"Name", "Tel"});
-    open();
-    QVERIFY(!dropText("Tel", 1));
-    QCOMPARE(right()->m_strDropText, QString());
-}
-
-void FieldMapDlgTest::deleteClearsAMapping()
-{
-    fill({"Name", "Mobile"});
-    open();
-    right()->setFocus();
-    right()->setCurrentCell(1, 0);
-    QTest::keyClick(right(), Qt::Key_Delete);
-    QCOMPARE(right()->item(1, 1)->text(), QString(" "));
-    QCOMPARE(right()->item(1, 0)->text(), QString("Mobile phone"));
-    QCOMPARE(run([this] { ok()->click(); }), 1);
-    QCOMPARE(map->GetFieldMapData().mid(0, 3), (QList<QString>{"Name", " ", " "}));
-}
-
-void FieldMapDlgTest::deleteWithNothingCurrentDoesNothing()
-{
-    fill({"Name", "Mobile"});
-    open();
-    right()->setCurrentItem(nullptr);
-    QCOMPARE(right()->currentRow(), -1);
-    QKeyEvent key(QEvent::KeyPress, Qt::Key_Delete, Qt::NoModifier);
-    QApplication::sendEvent(right(), &key);
-    QCOMPARE(mapped().mid(0, 2), (QStringList{"Name", "Mobile"}));
-}
-
-void FieldMapDlgTest::otherKeysMoveThroughTheTable()
-{
-    fill({"Name", "Mobile"});
-    open();
-    right()->setCurrentCell(0, 0);
-    QTest::keyClick(right(), Qt::Key_Down);
-    QCOMPARE(right()->currentRow(), 1);
-    QCOMPARE(mapped().mid(0, 2), (QStringList{"Name", "Mobile"}));
 }
 
 void FieldMapDlgTest::okGivesOneTextPerRow()

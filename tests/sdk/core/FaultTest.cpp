@@ -16,21 +16,6 @@ using namespace phonebook;
 namespace
 {
 
-// ---- Memory that runs out: the next allocation of the armed thread's choice fails.
-
-std::atomic<long> allocationsLeft{-1}; // -1: no end
-std::atomic<long> failedAllocations{0};
-
-bool allocationFails()
-{
-    if (allocationsLeft.load(std::memory_order_relaxed) < 0)
-        return false;
-    if (allocationsLeft.fetch_sub(1) != 0)
-        return false;
-    ++failedAllocations;
-    return true;
-}
-
 Text digits(long number)
 {
     const std::string text = std::to_string(number);
@@ -183,6 +168,24 @@ void failEachStep(faulty::Fault fault, bool stays)
 
 // The sanitizers bring their own allocation.
 #if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
+
+namespace
+{
+
+std::atomic<long> allocationsLeft{-1}; // -1: no end
+std::atomic<long> failedAllocations{0};
+
+bool allocationFails()
+{
+    if (allocationsLeft.load(std::memory_order_relaxed) < 0)
+        return false;
+    if (allocationsLeft.fetch_sub(1) != 0)
+        return false;
+    ++failedAllocations;
+    return true;
+}
+
+} // namespace
 
 void* operator new(std::size_t size)
 {

@@ -49,23 +49,27 @@ inline const std::vector<Extension>& extensions()
     return table;
 }
 
+// Octets of each character in the default alphabet; none for one that is not in it.
+inline const std::vector<Octets>& codes()
+{
+    static const std::vector<Octets> table = [] {
+        std::vector<Octets> made(0x10000);
+        for (std::size_t code = 0; code < alphabet().size(); ++code)
+            if (code != 0x1B)
+                made[alphabet()[code]] = {static_cast<unsigned char>(code)};
+        for (const Extension& e : extensions())
+            made[e.character] = {0x1B, e.code};
+        return made;
+    }();
+    return table;
+}
+
 // Appends a character in the default alphabet; false if it is not in it.
 inline bool appendGsm(Octets& out, char16_t c)
 {
-    for (std::size_t code = 0; code < alphabet().size(); ++code) {
-        if (alphabet()[code] == c && code != 0x1B) {
-            out.push_back(static_cast<unsigned char>(code));
-            return true;
-        }
-    }
-    for (const Extension& e : extensions()) {
-        if (e.character == c) {
-            out.push_back(0x1B);
-            out.push_back(e.code);
-            return true;
-        }
-    }
-    return false;
+    const Octets& code = codes()[c];
+    out.insert(out.end(), code.begin(), code.end());
+    return !code.empty();
 }
 
 inline std::optional<Octets> encodeGsm(std::u16string_view text)

@@ -379,5 +379,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestBatches)
+QTEST_GUILESS_MAIN(TestBatches)
 #include "tst_batches.moc"

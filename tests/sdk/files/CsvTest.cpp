@@ -1,0 +1,374 @@
+// Titles, numbers, field maps, guesses and the writer.
+
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+#include <random>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "csv/ColumnGuess.h"
+#include "csv/ContactRows.h"
+#include "csv/LocalText.h"
+#include "csv/NumberText.h"
+#include "csv/Titles.h"
+#include "csv/Unicode.h"
+#include "csv/Writer.h"
+#include "memories/Failure.h"
+#include "support/Check.h"
+
+using namespace orva;
+using namespace std::string_view_literals;
+
+namespace
+{
+
+std::string pathOf(const std::string& name)
+{
+    return std::string(std::getenv("HOME")) + "/" + name;
+}
+
+std::string save(std::string_view content)
+{
+    const std::string path = pathOf("some.csv");
+    std::ofstream out(path, std::ios::binary | std::ios::trunc);
+    out.write(content.data(), static_cast<std::streamsize>(content.size()));
+    return path;
+}
+
+std::string load(const std::string& path)
+{
+    std::ifstream in(path, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+}
+
+std::string joined(const std::vector<std::string>& titles)
+{
+    std::string out;
+    for (const std::string& title : titles)
+        out += (out.empty() && &title == &titles.front() ? "" : ",") + title;
+    return out;
+}
+
+std::string titlesIn(std::string_view content)
+{
+    RowReader reader(save(content), RowReader::Report());
+    return joined(readTitles(reader));
+}
+
+std::u16string cleaned(std::u16string text)
+{
+    text.resize(cleanNumber(text.data(), text.size()));
+    return text;
+}
+
+Field field(const char* key, const char* kind, int maxLength)
+{
+    Field made;
+    made.key = key;
+    made.kind = kind;
+    made.maxLength = maxLength;
+    return made;
+}
+
+Profile threeFields()
+{
+    return Profile({field("Name", "Name", 40), field("Mobile", "Mobile", 20), field("remark", "Remaik", 10)});
+}
+
+struct Imported {
+    std::vector<std::string> rows; // "line|name|mobile|remark"
+    std::vector<std::string> reports;
+    long code = ORVA_OK;
+};
+
+Imported importText(std::string_view content, std::vector<int> map)
+{
+    Imported result;
+    try {
+        const RowBlock rows = readContacts(save(content), threeFields(), map.data(), [&](int line, const char* what) {
+            result.reports.push_back(std::to_string(line) + ": " + what);
+        });
+        for (std::size_t i = 0; i < rows.rows(); ++i) {
+            std::string text = std::to_string(rows.id(i));
+            for (int f = 0; f < rows.fields(); ++f) {
+                text += '|';
+                appendUtf8(rows.value(i, f), text);
+            }
+            result.rows.push_back(text);
+        }
+    } catch (const Failure& failure) {
+        result.code = failure.code();
+    }
+    return result;
+}
+
+} // namespace
+
+TEST(titlesNeverHoldTheSeparator)
+{
+    CHECK_EQ(titlesIn("Name,Phone\n"), "Name,Phone");
+    CHECK_EQ(titlesIn("\"Name, first\",\"Pho\r\nne\",x\n"), "Name  first,Pho  ne,x");
+    CHECK_EQ(titlesIn("A,B;C;D;E\n"), "A B,C,D,E");
+    CHECK_EQ(titlesIn("\"a\tb\",\"\x01\",c\n"), "a b, ,c");
+}
+
+TEST(titlesStayAlignedWithTheirColumns)
+{
+    CHECK_EQ(titlesIn("a,b,\n1,2,3\n"), "a,b,");
+    CHECK_EQ(titlesIn(",,\n"), ",,");
+    CHECK_EQ(titlesIn("a,a,a\n"), "a,a,a");
+    RowReader reader(save("\"x,y\";\"p;q\";r\n1;2;3\n"), RowReader::Report());
+    CHECK_EQ(readTitles(reader).size(), 3U);
+}
+
+TEST(titlesThatAreNoTextAreRefused)
+{
+    for (const std::string_view content : {std::string_view("\x7F"
+                                                            "ELF\0\0\1,x\n",
+                                                            11),
+                                           std::string_view("")}) {
+        long code = ORVA_OK;
+        try {
+            titlesIn(content);
+        } catch (const Failure& failure) {
+            code = failure.code();
+        }
+        CHECK_EQ(code, ORVA_E_FORMAT);
+    }
+}
+
+TEST(numbersLoseWhatIsThereForTheEye)
+{
+    CHECK_EQ(cleaned(u"+49 (30) 231-25.000/1"), u"+4930231250001");
+    CHECK_EQ(cleaned(u"*#06#"), u"*#06#");
+    CHECK_EQ(cleaned(u"01632 960 001"), u"01632960001");
+    CHECK_EQ(cleaned(u"\u202A+1\u00A0202\u2011555\u20130100\u202C"), u"+12025550100");
+    CHECK_EQ(cleaned(u"٠١٢ ۳४๕０＋"), u"0123450+");
+    CHECK_EQ(cleaned(u"-"), u"");
+    CHECK_EQ(cleaned(u""), u"");
+}
+
+TEST(numbersThatHoldMoreStayAsTheyAre)
+{
+    for (const char16_t* text :
+         {u"1-800-FLOWERS", u"see note", u"030 123 ext. 4", u"anna@example.com", u"12,34", u"1;2"})
+        CHECK_EQ(cleaned(text), text);
+}
+
+TEST(mapsTakeFieldsFromTheirColumns)
+{
+    const Imported result = importText("N,T,R\nAnna,+49 30-1,hi\nBo,2,\n", {0, 1, 2});
+    REQUIRE(result.rows.size() == 2);
+    CHECK_EQ(result.rows[0], "2|Anna|+49301|hi");
+    CHECK_EQ(result.rows[1], "3|Bo|2|");
+    CHECK_EQ(importText("N,T,R\nAnna,1,hi\n", {2, -1, 0}).rows[0], "2|hi||Anna");
+    CHECK_EQ(importText("N,T,R\nAnna,1,hi\n", {0, 1, 99}).rows[0], "2|Anna|1|");
+    CHECK_EQ(importText("N,T,R\nAnna,1,hi\n", {0, 1, 0}).rows[0], "2|Anna|1|Anna");
+}
+
+TEST(twoColumnsCanMakeOneField)
+{
+    const std::string text = "F,L,T\nAnna,Berg,1\nBo,,2\n,Carl,3\n";
+    const Imported result = importText(text, {joinedColumns(0, 1), 2, -1});
+    REQUIRE(result.rows.size() == 3);
+    CHECK_EQ(result.rows[0], "2|Anna Berg|1|");
+    CHECK_EQ(result.rows[1], "3|Bo|2|");
+    CHECK_EQ(result.rows[2], "4|Carl|3|");
+}
+
+TEST(severalValuesInAColumnGiveTheFirst)
+{
+    CHECK_EQ(importText("N,T\nAnna,+1 2 ::: 3\n", {0, 1, -1}).rows[0], "2|Anna|+12|");
+    CHECK_EQ(importText("N,T\nAnna ::: Berg,1\n", {0, 1, -1}).rows[0], "2|Anna ::: Berg|1|");
+}
+
+TEST(aNoteThatIsTooLongIsCutBetweenCharacters)
+{
+    const Imported result = importText("N,R\nAnna,0123456789abc\nBo,012345678😀\n", {0, -1, 1});
+    REQUIRE(result.rows.size() == 2);
+    CHECK_EQ(result.rows[0], "2|Anna||0123456789");
+    CHECK_EQ(result.rows[1], "3|Bo||012345678");
+    CHECK_EQ(result.reports.size(), 2U);
+}
+
+TEST(rowsThatAreNoTextAreReportedByTheirLine)
+{
+    const Imported result =
+        importText("\xEF\xBB\xBFN,T\nAnna,1\nB\xF6,2\nC\0,3\n\"x\ny\",4\nD,\xFF\nE,5\n"sv, {0, 1, -1});
+    REQUIRE(result.rows.size() == 3);
+    CHECK_EQ(result.rows[0], "2|Anna|1|");
+    CHECK_EQ(result.rows[1], "5|x\ny|4|");
+    CHECK_EQ(result.rows[2], "8|E|5|");
+    REQUIRE(result.reports.size() == 3);
+    CHECK_EQ(result.reports[0], "3: row passed over: not text");
+    CHECK_EQ(result.reports[1], "4: row passed over: not text");
+    CHECK_EQ(result.reports[2], "7: row passed over: not text");
+}
+
+TEST(brokenTextInAColumnThatNobodyWantsDoesNotMatter)
+{
+    CHECK_EQ(importText("\xEF\xBB\xBFN,T,X\nAnna,1,\xFF\n", {0, 1, -1}).rows[0], "2|Anna|1|");
+}
+
+TEST(aFileWithoutAUsableRowIsAnError)
+{
+    CHECK_EQ(importText("", {0, 1, 2}).code, ORVA_E_FORMAT);
+    CHECK_EQ(importText("N,T,R\n", {0, 1, 2}).code, ORVA_E_FORMAT);
+    CHECK_EQ(importText("N,T,R\n,,\n\n", {0, 1, 2}).code, ORVA_E_FORMAT);
+    CHECK_EQ(importText("N,T,R\na,1,b\n", {-1, -1, -1}).code, ORVA_E_FORMAT);
+    CHECK_EQ(importText("N,T,R\na,1,b\n", {-5, 7, 7}).code, ORVA_E_FORMAT);
+}
+
+TEST(aValueLongerThanAnyMayBeIsPassedOver)
+{
+    const Imported result = importText("N,T\n" + std::string(70000, 'x') + ",1\nBo,2\n", {0, 1, -1});
+    REQUIRE(result.rows.size() == 1);
+    CHECK_EQ(result.rows[0], "3|Bo|2|");
+    CHECK_EQ(result.reports[0], "2: row passed over: value too long");
+}
+
+TEST(columnsAreGuessedFromTitles)
+{
+    const auto entry = [](const std::vector<std::string>& titles, const char* label) {
+        return ColumnGuess(titles).forLabel(label);
+    };
+    CHECK_EQ(entry({"Mobile", "Name"}, "ID_STR_NAME"), 1);
+    CHECK_EQ(entry({"Name", "Given Name", "Family Name"}, "ID_STR_NAME"), 0);
+    CHECK_EQ(entry({"Name", "Vorname"}, "ID_STR_NAME"), joinedColumns(1, 0));
+    CHECK_EQ(entry({"First Name", "Last Name", "File As"}, "ID_STR_NAME"), joinedColumns(0, 1));
+    CHECK_EQ(entry({"Vorname", "Nachname", "Anzeigename"}, "ID_STR_NAME"), 2);
+    CHECK_EQ(entry({"Nombre", "Apellidos"}, "ID_STR_NAME"), joinedColumns(0, 1));
+    CHECK_EQ(entry({"ИМЯ", "ФАМИЛИЯ"}, "ID_STR_NAME"), joinedColumns(0, 1));
+    CHECK_EQ(entry({"E-MAIL address"}, "ID_STR_EMAIL"), 0);
+    CHECK_EQ(entry({"Telefon (privat)"}, "ID_STR_HOME_PHONE"), 0);
+    CHECK_EQ(entry({"officePhone"}, "ID_STR_BUSINESS_PHONE"), 0);
+    CHECK_EQ(entry({"Number"}, "ID_STR_MOBILE_PHONE"), 0);
+    CHECK_EQ(entry({"x", "y"}, "ID_STR_NAME"), -1);
+    CHECK_EQ(entry({}, "ID_STR_NAME"), -1);
+    CHECK_EQ(entry({"Name"}, "ID_STR_UNKNOWN"), -1);
+    CHECK_EQ(ColumnGuess({"a", "Kategorien"}).groups(), 1);
+}
+
+TEST(localTextKeepsWhatItCan)
+{
+    // The tests run in a UTF-8 locale; the conversion itself is tried on another.
+    CHECK_EQ(localCodeset(), "UTF-8");
+    CHECK_EQ(toLocal("Größe"), "Größe");
+    Conversion conversion("ISO-8859-1", "UTF-8");
+    std::string out;
+    std::string_view in = "Größe";
+    CHECK(conversion.convert(in, out, nullptr));
+    CHECK_EQ(out, "Gr\xF6\xDF"
+                  "e");
+    CHECK(!Conversion("no-such-encoding", "UTF-8").usable());
+}
+
+TEST(whatIsWrittenIsPlainCsv)
+{
+    const std::string path = pathOf("written.csv");
+    {
+        Writer writer(path);
+        for (const char16_t* text :
+             {u"plain", u"", u" lead", u"trail ", u"a,b", u"c;d", u"e\tf", u"g\"h", u"i\r\nj", u"\"", u","})
+            writer.column(std::u16string_view(text));
+        writer.endRow();
+        writer.column(std::string_view("Ελένη 😀"));
+        writer.endRow();
+        writer.column(std::string_view(""));
+        writer.endRow();
+        writer.commit();
+    }
+    CHECK_EQ(load(path), "\xEF\xBB\xBF"
+                         "plain,,\" lead\",\"trail \",\"a,b\",\"c;d\",\"e\tf\",\"g\"\"h\",\"i\r\nj\",\"\"\"\",\",\"\r\n"
+                         "Ελένη 😀\r\n\"\"\r\n");
+}
+
+TEST(anUnfinishedFileLeavesTheOldOne)
+{
+    const std::string path = pathOf("kept.csv");
+    std::ofstream(path) << "old";
+    {
+        Writer writer(path);
+        writer.column(std::string_view("new"));
+        writer.endRow();
+    }
+    CHECK_EQ(load(path), "old");
+    Writer writer(path);
+    writer.column(std::string_view("new"));
+    writer.endRow();
+    CHECK_EQ(load(path), "old");
+    writer.commit();
+    CHECK_EQ(load(path), "\xEF\xBB\xBFnew\r\n");
+}
+
+TEST(aReplacedFileKeepsItsModeAndItsLink)
+{
+    const std::string path = pathOf("target.csv");
+    const std::string link = pathOf("link.csv");
+    std::ofstream(path) << "old";
+    CHECK_EQ(chmod(path.c_str(), 0640), 0);
+    CHECK_EQ(symlink(path.c_str(), link.c_str()), 0);
+    Writer writer(link);
+    writer.column(std::string_view("new"));
+    writer.endRow();
+    writer.commit();
+    struct stat state = {};
+    CHECK_EQ(lstat(link.c_str(), &state), 0);
+    CHECK(S_ISLNK(state.st_mode));
+    CHECK_EQ(stat(path.c_str(), &state), 0);
+    CHECK_EQ(state.st_mode & 0777U, 0640U);
+    CHECK_EQ(load(path), "\xEF\xBB\xBFnew\r\n");
+}
+
+TEST(targetsThatAreNoFilesAreRefused)
+{
+    for (const std::string& path : {std::string("/dev/null"), pathOf("."), pathOf("no/such/folder.csv")}) {
+        long code = ORVA_OK;
+        try {
+            Writer writer(path);
+        } catch (const Failure& failure) {
+            code = failure.code();
+        }
+        CHECK_EQ(code, ORVA_E_STORE);
+    }
+    struct stat state = {};
+    CHECK_EQ(stat("/dev/null", &state), 0);
+    CHECK(S_ISCHR(state.st_mode));
+}
+
+TEST(unicodeIsConvertedBothWays)
+{
+    std::u16string all;
+    for (char32_t point = 1; point <= 0x10FFFF; point += point < 0x3000 ? 1 : 37) {
+        if (point >= 0xD800 && point < 0xE000)
+            continue;
+        std::string one;
+        appendUtf8(point, one);
+        std::u16string units;
+        CHECK(appendUtf16(one, units));
+        std::string back;
+        appendUtf8(std::u16string_view(units), back);
+        if (!CHECK_EQ(back, one))
+            return;
+    }
+    std::string out;
+    const std::u16string lone = {u'a', 0xDC00, u'b', 0xD800};
+    appendUtf8(std::u16string_view(lone), out);
+    CHECK_EQ(out, "a\xEF\xBF\xBD"
+                  "b\xEF\xBF\xBD");
+}
+
+TEST(brokenUtf8IsRefused)
+{
+    for (const std::string_view text : {"\x80", "a\xC3", "\xC0\xAF", "\xE0\x80\xAF", "\xED\xA0\x80", "\xF4\x90\x80\x80",
+                                        "\xF8\x88\x80\x80\x80", "\xFF", "\xE2\x82", "abcdefgh\xE2"}) {
+        std::u16string out = u"before";
+        CHECK(!appendUtf16(text, out));
+        CHECK_EQ(out, u"before");
+    }
+    std::u16string out;
+    CHECK(!appendUtf16(std::string_view("a\0b", 3), out));
+}
+
+CHECK_MAIN
