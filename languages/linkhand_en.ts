@@ -676,7 +676,7 @@
     </message>
     <message>
         <source>IDS_STR_REPEARTEDNUMBER</source>
-        <translation>This number is in another field of the contact already. Save the contact nevertheless?</translation>
+        <translation>Another contact has this number already. Save the contact nevertheless?</translation>
     </message>
     <message>
         <source>IDS_STR_STATINFORMATION</source>

@@ -50,11 +50,9 @@ void fillStore(const QString& folder)
     expect(ORVA_PBSrv_EndTransaction(memory));
 }
 
-// One walk through the C interface into a list of records.
-double walkSeconds()
+// One walk through the C interface into a list of records, which goes at its end like the form's.
+void walk()
 {
-    QElapsedTimer timer;
-    timer.start();
     QList<AddrBookRecord> records;
     void* set = nullptr;
     expect(ORVA_PBSrv_GetAddrRecList(memory, &set));
@@ -71,6 +69,13 @@ double walkSeconds()
         records.append(record);
     } while (ORVA_PBSrv_AddrRecordSet_MoveNext(set) == ORVA_OK);
     expect(ORVA_PBSrv_AddrRecordSet_Release(set));
+}
+
+double walkSeconds()
+{
+    QElapsedTimer timer;
+    timer.start();
+    walk();
     return double(timer.nsecsElapsed()) / 1e9;
 }
 
@@ -111,16 +116,16 @@ int main(int argc, char** argv)
     const QTemporaryDir folder;
     fillStore(folder.path());
 
-    double walk = 1e9;
+    double once = 1e9;
     double save = 1e9;
-    for (int round = 0; round < 5; ++round) {
-        walk = std::min(walk, walkSeconds());
+    for (int round = 0; round < 7; ++round) {
+        once = std::min(once, walkSeconds());
         save = std::min(save, saveSeconds(round));
     }
     AddrBookLogic::Destroy();
-    const double ratio = save / walk;
+    const double ratio = save / once;
     std::printf(
         "from OK to the end of the form, 50,000 contacts: %.0f ms, one walk %.0f ms, ratio %.2f, at most 1.5 %s\n",
-        save * 1e3, walk * 1e3, ratio, ratio <= 1.5 ? "" : "MISSED");
+        save * 1e3, once * 1e3, ratio, ratio <= 1.5 ? "" : "MISSED");
     return ratio <= 1.5 ? 0 : 1;
 }

@@ -320,6 +320,7 @@ public slots:
 private:
     bool saveNewGroup(QString& strText, QTreeWidgetItem* pItem);
     bool saveRenamedGroup(QString& strText, QTreeWidgetItem* pItem);
+    void refuseGroupName(QTreeWidgetItem* pItem, int iResult);
     void undoGroupEdit(QTreeWidgetItem* pItem, bool bFitTree);
     void forgetTreeItem(const QTreeWidgetItem* pItem);
     void freeNodeData(const QTreeWidgetItem* pItem);

@@ -3,6 +3,8 @@
 
 #include "window/AddrBookDlg.h"
 
+#include <QPointer>
+
 #include "dialogs/AddrBookWaitingDlg.h"
 #include "logic/AddrBookLogic.h"
 #include "logic/Log.h"
@@ -16,7 +18,10 @@ void AddrBookDlg::finishDrop()
     m_enDragTargetMemory = PB_MEM_LOCAL;
     int iGroupId = 0;
     getGroupId(m_enDragTargetMemory, iGroupId);
+    const QPointer<AddrBookDlg> pSelf(this);
     moveOrCopyAllContacts(m_ptreePhonebook->m_listDragData.size(), iGroupId);
+    if (pSelf.isNull())
+        return;
     m_ptreePhonebook->m_listDragData.clear();
     m_ptreePhonebook->m_bCopyInLocal = false;
     m_ptreePhonebook->m_bDropped = false;
@@ -198,8 +203,12 @@ void AddrBookDlg::initThreadForMoveorCopy(bool bBetweenTypes, QList<AddrBookReco
         return;
     // The end of a retired batch makes the current node, this drop's target, the source of the next drag.
     const _ORVA_EN_PHONEBOOK_MEMORY enSource = m_enDragSourceMemory;
-    if (retireBatch())
+    const QPointer<AddrBookDlg> pSelf(this);
+    if (retireBatch()) {
+        if (pSelf.isNull())
+            return;
         m_enDragSourceMemory = enSource;
+    }
     m_threadWorker.StopOperation();
     m_enMemory = m_enDragTargetMemory;
     if (!isSimorDeviceNodeExist())

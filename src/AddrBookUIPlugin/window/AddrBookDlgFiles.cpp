@@ -2,6 +2,7 @@
 
 #include "window/AddrBookDlg.h"
 
+#include <QPointer>
 #include <QScopedPointer>
 
 #include <memory>
@@ -43,7 +44,10 @@ void AddrBookDlg::OnClickImport()
     ADDRBOOK_LOG_ENTER();
     if (!m_bNewContactEnabled)
         return;
+    const QPointer<AddrBookDlg> pSelf(this);
     const QString strPath = FileDialogs::open(this, tr(QLatin1String("Open")), startPath(), QLatin1String(FILE_FILTER));
+    if (pSelf.isNull())
+        return;
     _ORVA_EN_PHONEBOOK_MEMORY enMemory = PB_MEM_LOCAL;
     int iGroupId = 0;
     getGroupId(enMemory, iGroupId);
@@ -53,7 +57,7 @@ void AddrBookDlg::OnClickImport()
         return;
     const QString strName = strPath.section(QLatin1Char('/'), -1);
     QList<int> lstFieldMap;
-    if (!askFieldMap(strName, enMemory, lstTitles, lstFieldMap))
+    if (!askFieldMap(strName, enMemory, lstTitles, lstFieldMap) || pSelf.isNull())
         return;
     showImportStart();
     QList<AddrBookRecord> lstRecords;
@@ -133,7 +137,9 @@ void AddrBookDlg::finishReading(int iResult, _ORVA_EN_PHONEBOOK_MEMORY enMemory,
                                 const QList<AddrBookRecord>& lstRecords, int iGroupId)
 {
     if (iResult == ADDRBOOK_OK) {
-        m_enOperation = ADDRBOOK_OP_IMPORT;
+        // A cancelled batch that still ends is told as what it was.
+        if (!m_bThreadBusy)
+            m_enOperation = ADDRBOOK_OP_IMPORT;
         addImportedRecords(enMemory, lstRecords, iGroupId);
         return;
     }
@@ -150,8 +156,9 @@ void AddrBookDlg::addImportedRecords(_ORVA_EN_PHONEBOOK_MEMORY enMemory, QList<A
     ADDRBOOK_LOG_ENTER();
     if (lstRecords.isEmpty())
         return;
-    if (retireBatch())
-        m_enOperation = ADDRBOOK_OP_IMPORT;
+    const QPointer<AddrBookDlg> pSelf(this);
+    if (retireBatch() && pSelf.isNull())
+        return;
     m_threadWorker.StopOperation();
     m_enMemory = enMemory;
     if (!isSimorDeviceNodeExist())
@@ -212,7 +219,8 @@ void AddrBookDlg::ImportOutlookRecords(QString strSource)
     for (int i = 0; i < lstTitles.size(); ++i)
         lstTitles[i] = tr(lstTitles.at(i));
     QList<int> lstFieldMap;
-    if (!askFieldMap(strSource, enMemory, lstTitles, lstFieldMap) || lstFieldMap.isEmpty())
+    const QPointer<AddrBookDlg> pSelf(this);
+    if (!askFieldMap(strSource, enMemory, lstTitles, lstFieldMap) || lstFieldMap.isEmpty() || pSelf.isNull())
         return;
     showImportStart();
     QList<AddrBookRecord> lstRecords;
@@ -254,9 +262,10 @@ void AddrBookDlg::OnClickExportAllContacts()
 
 void AddrBookDlg::showFileDialog()
 {
+    const QPointer<AddrBookDlg> pSelf(this);
     const QString strFile =
         FileDialogs::save(this, tr(QLatin1String("Save As")), startPath(), QLatin1String(FILE_FILTER));
-    if (!strFile.isNull())
+    if (!pSelf.isNull() && !strFile.isNull())
         OnFileSelected(strFile);
 }
 

@@ -101,6 +101,7 @@ void AddrBookDlg::OnEditorClosed(QWidget* pwidgetEditor)
     QLineEdit* peditor = qobject_cast<QLineEdit*>(pwidgetEditor);
     if (peditor == nullptr || m_ptreePhonebook == nullptr || m_pitemEditedGroup == nullptr)
         return;
+    const QPointer<AddrBookDlg> pSelf(this);
     QTreeWidgetItem* pitem = m_pitemEditedGroup;
     QString strText = peditor->text();
     QString strWithoutBlanks = strText;
@@ -108,14 +109,17 @@ void AddrBookDlg::OnEditorClosed(QWidget* pwidgetEditor)
     if (strWithoutBlanks.isEmpty()) {
         showMessageOk(QMessageBox::Information, this, QLatin1String("IDS_PROMPT_CAPTION"),
                       tr(QLatin1String("IDS_GROUP_NAME_NULL")));
-        // The node may have gone while the box was open.
+        // The node, or the window, may have gone while the box was open.
+        if (pSelf.isNull())
+            return;
         if (m_pitemEditedGroup == pitem)
             undoGroupEdit(pitem, true);
         m_pitemEditedGroup = nullptr;
         return;
     }
     if (!saveGroupName(strText, pitem)) {
-        m_pitemEditedGroup = nullptr;
+        if (!pSelf.isNull())
+            m_pitemEditedGroup = nullptr;
         return;
     }
     if (m_bNewGroupPending) {
@@ -161,13 +165,9 @@ bool AddrBookDlg::saveNewGroup(QString& strText, QTreeWidgetItem* pitem)
     }
     int iNewId = 0;
     const int iResult = m_pAddrBookLogic->AddGroup(PB_MEM_LOCAL, strText, m_iNewGroupParentId, iNewId);
-    if (iResult == ADDRBOOK_GROUP_EXISTS)
-        showMessageOk(QMessageBox::Information, this, QLatin1String("IDS_PROMPT_CAPTION"),
-                      tr(QLatin1String("IDS_GROUP_NAME_REPEAT")));
     if (iResult != ADDRBOOK_OK) {
         delete pGroup;
-        if (m_pitemEditedGroup == pitem)
-            undoGroupEdit(pitem, false);
+        refuseGroupName(pitem, iResult);
         return false;
     }
     pGroup->iGroupID = iNewId;
@@ -198,14 +198,20 @@ bool AddrBookDlg::saveRenamedGroup(QString& strText, QTreeWidgetItem* pitem)
     if (strText == m_strOldGroupName)
         return true;
     const int iResult = m_pAddrBookLogic->UpdateGroup(PB_MEM_LOCAL, iGroupId, strBareName, iParentId);
-    if (iResult == ADDRBOOK_OK)
-        return true;
+    if (iResult != ADDRBOOK_OK)
+        refuseGroupName(pitem, iResult);
+    return iResult == ADDRBOOK_OK;
+}
+
+// A name that the store did not take. Only one that stands already is told to the user.
+void AddrBookDlg::refuseGroupName(QTreeWidgetItem* pitem, int iResult)
+{
+    const QPointer<AddrBookDlg> pSelf(this);
     if (iResult == ADDRBOOK_GROUP_EXISTS)
         showMessageOk(QMessageBox::Information, this, QLatin1String("IDS_PROMPT_CAPTION"),
                       tr(QLatin1String("IDS_GROUP_NAME_REPEAT")));
-    if (m_pitemEditedGroup == pitem)
+    if (!pSelf.isNull() && m_pitemEditedGroup == pitem)
         undoGroupEdit(pitem, false);
-    return false;
 }
 
 void AddrBookDlg::CloseEditor()
@@ -222,7 +228,10 @@ void AddrBookDlg::CloseEditor()
             const QPointer<QWidget> peditor = m_ptreePhonebook->itemWidget(pitemCurrent, 0);
             m_pitemCurrentTreeWidgetItem = m_pitemLocalTreeWidgetItem;
             m_ptreePhonebook->setCurrentItem(m_pitemLocalTreeWidgetItem);
+            const QPointer<AddrBookDlg> pSelf(this);
             OnEditorClosed(peditor);
+            if (pSelf.isNull())
+                return;
             if (pitemParent->childCount() == iChildren)
                 m_ptreePhonebook->setCurrentItem(pitemCurrent);
         }
@@ -237,13 +246,14 @@ void AddrBookDlg::OnDeleteGroupClicked()
     _ORVA_EN_PHONEBOOK_MEMORY enMemory = PB_MEM_LOCAL;
     int iGroupId = 0;
     QTreeWidgetItem* pitem = getGroupId(enMemory, iGroupId);
+    const QPointer<AddrBookDlg> pSelf(this);
     const int iAnswer = CommonUtils::ShowMessage(QMessageBox::Question, this, tr(QLatin1String("IDS_PROMPT_CAPTION")),
                                                  tr(QLatin1String("IDS_DELETE_GROUP")), QLatin1String("IDS_OK"),
                                                  QLatin1String("IDS_CANCEL"), QLatin1String(""), true,
                                                  Qt::WindowCloseButtonHint, nullptr, QLatin1String(""), true);
     // A node that went while the question was open has nothing left to delete.
-    if (iAnswer != QMessageBox::Ok || m_pitemLocalTreeWidgetItem == nullptr || m_pAddrBookLogic == nullptr ||
-        !isInTree(pitem))
+    if (pSelf.isNull() || iAnswer != QMessageBox::Ok || m_pitemLocalTreeWidgetItem == nullptr ||
+        m_pAddrBookLogic == nullptr || !isInTree(pitem))
         return;
     m_pAddrBookLogic->DelGroup(enMemory, iGroupId);
     QTreeWidgetItem* pitemParent = pitem->parent();
