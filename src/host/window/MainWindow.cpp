@@ -78,8 +78,7 @@ MainWindow::MainWindow(PluginContainer& container, Outbox& outbox, DeviceWatcher
     connect(m_pNavBar, SIGNAL(deviceToggled(bool)), this, SLOT(OnDeviceToggled(bool)));
     connect(m_pNavBar, SIGNAL(languageChosen(QString)), this, SIGNAL(languageChosen(QString)));
     connect(&m_watcher, SIGNAL(changed()), this, SLOT(OnDeviceChanged()));
-    QShortcut* pQuit = new QShortcut(QKeySequence(QLatin1String("Ctrl+Q")), this);
-    connect(pQuit, SIGNAL(activated()), this, SLOT(close()));
+    new QShortcut(QKeySequence(QLatin1String("Ctrl+Q")), this, SLOT(close()));
     applyStyle();
 }
 

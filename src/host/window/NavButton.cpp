@@ -40,8 +40,8 @@ QSize NavButton::sizeHint() const
 void NavButton::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    const QPalette colors = palette();
-    const QColor accent = colors.color(QPalette::Highlight);
+    const QPalette& colors = palette();
+    const QColor& accent = colors.color(QPalette::Highlight);
     QColor ink = colors.color(isEnabled() ? QPalette::Normal : QPalette::Disabled, QPalette::WindowText);
     QColor ground = isChecked() ? accent : colors.color(QPalette::WindowText);
     ground.setAlpha(isChecked() ? 36 : (underMouse() && isEnabled() ? 18 : 0));

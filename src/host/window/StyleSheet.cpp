@@ -53,8 +53,8 @@ const char* const RULES =
 
 QString StyleSheet::Build(const QPalette& palette)
 {
-    const QColor window = palette.color(QPalette::Window);
-    const QColor text = palette.color(QPalette::WindowText);
+    const QColor& window = palette.color(QPalette::Window);
+    const QColor& text = palette.color(QPalette::WindowText);
     QString strRules = QLatin1String(RULES);
     strRules.replace(QLatin1String("%bar%"), mix(window, text, 0.04).name());
     strRules.replace(QLatin1String("%line%"), mix(window, text, 0.18).name());

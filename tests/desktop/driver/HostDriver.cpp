@@ -186,6 +186,22 @@ CellInfo HostDriver::Cell(const QString& strAddress, const QString& strText, int
     return CellInfo();
 }
 
+QList<CellInfo> HostDriver::Headers(const QString& strAddress)
+{
+    bool bFound = false;
+    QList<CellInfo> listCells;
+    foreach (const QString& strLine, ask("headers\t" + strAddress, bFound)) {
+        const QStringList lstFields = fields(strLine);
+        CellInfo cell;
+        cell.strPath = "header";
+        cell.iColumn = lstFields.value(0).toInt();
+        cell.strText = lstFields.value(1);
+        cell.rect = rect(lstFields, 2);
+        listCells.append(cell);
+    }
+    return listCells;
+}
+
 QList<ActionInfo> HostDriver::Actions(const QString& strAddress)
 {
     bool bFound = false;

@@ -87,6 +87,8 @@ public:
 
     // The first cell whose text begins so, in any column or in the one given.
     CellInfo Cell(const QString& strAddress, const QString& strText, int iColumn = -1);
+    // The header sections of a table or tree, as cells of the row "header".
+    QList<CellInfo> Headers(const QString& strAddress);
     QList<ActionInfo> Actions(const QString& strAddress = QStringLiteral("popup"));
     ActionInfo Action(const QString& strText, const QString& strAddress = QStringLiteral("popup"));
     QStringList Windows();

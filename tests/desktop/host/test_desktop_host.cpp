@@ -198,6 +198,8 @@ void TestDesktopHost::anotherLanguageTurnsTheWindow()
     QTRY_VERIFY(m_pHost->Widget("linkhand_NavBar").rect.left() > before.right());
     QCOMPARE(m_pHost->Text("linkhand_NavBar_AddrBookUIPlugin"), QString::fromUtf8("دليل الهاتف"));
     QCOMPARE(m_pHost->Rows(TABLE), 40);
+    // The plug-in has heard of it.
+    QTRY_COMPARE(m_pHost->Headers(TABLE).value(0).strText, QString::fromUtf8("الاسم"));
     QVERIFY(m_pHost->Quit() >= 0);
     // It stays chosen.
     QVERIFY2(m_pHost->Start(m_pProfile->Path()), qPrintable(m_pHost->Log()));
