@@ -16,7 +16,13 @@ struct AddrBookEditDlgAccess {
 
     AddrBookNewContactExtendDialog* window() const { return d->m_pExtendDialog; }
     NewContactLineEdit* name() const { return d->m_pNameEdit; }
-    NewContactLineEdit* mobile() const { return d->m_pMobileEdit; }
+    // The first number: a field of its own on the PC, the first of the others on card and device.
+    NewContactLineEdit* mobile() const
+    {
+        return d->m_pMobileEdit != nullptr    ? d->m_pMobileEdit.data()
+               : d->m_lstFieldItems.isEmpty() ? nullptr
+                                              : d->m_lstFieldItems.first().pLineEdit.data();
+    }
     NewContactTextEdit* remarks() const { return d->m_pRemarksEdit; }
     QPushButton* ok() const { return d->m_pOkButton; }
     QPushButton* cancel() const { return d->m_pCancelButton; }
