@@ -8,11 +8,12 @@ class CopyFailureTest : public QObject
     Q_OBJECT
 
 private:
-    struct Drop {
-        const char* source;
-        QStringList contacts;
-        const char* target;
-    };
+    // As little as the drops need, since each of their calls has its turn.
+    static void fillSparsely()
+    {
+        FakeSdk::join(FakeSdk::addGroup("Friends"), FakeSdk::addRecord(4, {"Anna", "111", "222"}));
+        FakeSdk::addRecord(0, {"Dora", "666"});
+    }
 
     static QTreeWidgetItem* node(const CopyFixture& f, const QString& name)
     {
@@ -76,10 +77,9 @@ private slots:
         QTest::addColumn<QString>("source");
         QTest::addColumn<QStringList>("contacts");
         QTest::addColumn<QString>("target");
-        QTest::newRow("PC to card") << "IDS_LOCAL" << QStringList({"Anna", "Bert"}) << "SIM";
+        QTest::newRow("PC to card") << "IDS_LOCAL" << QStringList("Anna") << "SIM";
         QTest::newRow("card to group") << "SIM" << QStringList("Dora") << "Friends";
-        QTest::newRow("device to PC") << "ME" << QStringList({"Emil", "Frida"}) << "IDS_LOCAL";
-        QTest::newRow("group to root") << "Friends" << QStringList({"Anna", "Bert"}) << "IDS_LOCAL";
+        QTest::newRow("group to root") << "Friends" << QStringList("Anna") << "IDS_LOCAL";
     }
     void eachCallFailsOnce()
     {
@@ -90,7 +90,7 @@ private slots:
         int k = 1;
         for (; failed && k < 2000; ++k) {
             CopyFixture f;
-            WindowFixture::fillStores();
+            fillSparsely();
             f.build();
             const QList<QStringList> before = CopyFixture::all(memoryOf(source));
             const int there = FakeSdk::recordIds(memoryOf(target)).size();
@@ -134,7 +134,7 @@ private slots:
         QStringList names;
         {
             CopyFixture f;
-            WindowFixture::fillStores();
+            fillSparsely();
             f.build();
             FakeSdk::clearCalls();
             QVERIFY(f.drop(node(f, source), contacts, node(f, target)));
@@ -144,7 +144,7 @@ private slots:
         }
         for (const QString& name : names) {
             CopyFixture f;
-            WindowFixture::fillStores();
+            fillSparsely();
             f.build();
             const QList<QStringList> before = CopyFixture::all(memoryOf(source));
             const auto rows = f.take(node(f, source), contacts);

@@ -161,8 +161,9 @@ private slots:
         int k = 1;
         for (; failed && k < 2000; ++k) {
             FilesFixture f;
-            WindowFixture::fillStores();
-            makePeople();
+            FakeSdk::addRecord(4, {"Anna", "111"});
+            FilesFixture::makeFile("/a/file.csv", "Name,Mobile", {{"Pia", "1"}, {"Quin", "2"}});
+            FilesFixture::choose("/a/file.csv");
             f.build();
             const QStringList before = FilesFixture::stored(4);
             FakeSdk::failCall(k);
