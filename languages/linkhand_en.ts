@@ -152,6 +152,10 @@
         <translation>Required</translation>
     </message>
     <message>
+        <source>IDS_HOST_PLUGIN_ABSENT</source>
+        <translation>The plug-in is not installed.</translation>
+    </message>
+    <message>
         <source>IDS_HOST_PLUGIN_BUILDKEY</source>
         <translation>The plug-in was built for another system or compiler: %1.</translation>
     </message>
@@ -672,7 +676,7 @@
     </message>
     <message>
         <source>IDS_STR_REPEARTEDNUMBER</source>
-        <translation>This number is in another field of the contact already. Save the contact nevertheless?</translation>
+        <translation>Another contact has this number already. Save the contact nevertheless?</translation>
     </message>
     <message>
         <source>IDS_STR_STATINFORMATION</source>

@@ -81,10 +81,12 @@ ORVA_API long ORVA_PBSrv_AddrRecord_GetValue(void* record, const char* key, unsi
 ORVA_API long ORVA_PBSrv_AddrRecord_Release(void* record);
 
 /* Stores the record in its memory and gives the new identifier (1 or more, never used before in that memory).
- * ORVA_E_FULL when the memory is full. Durable when it returns 0 outside a transaction. */
+ * ORVA_E_FULL when the memory is full, ORVA_E_TOO_LONG for a value beyond its field's max_length. Durable when it
+ * returns 0 outside a transaction. */
 ORVA_API long ORVA_PBSrv_AddAddrRec(void* record, int* id);
 
-/* Replaces every field of a stored record; fields not set become empty. ORVA_E_NOT_FOUND if it is not there. */
+/* Replaces every field of a stored record; fields not set become empty. ORVA_E_NOT_FOUND if it is not there,
+ * ORVA_E_TOO_LONG as above. */
 ORVA_API long ORVA_PBSrv_UpdateAddrRec(void* record, int id);
 
 /* Deletes a record with its group memberships. ORVA_E_NOT_FOUND if it is not there. */
@@ -99,11 +101,18 @@ ORVA_API long ORVA_PBSrv_GetAddrRecord(int id, int memory, void** record);
  * call, walked with the values they have when reached; one deleted meanwhile is passed over. 0 and a null set for an
  * empty memory. */
 ORVA_API long ORVA_PBSrv_GetAddrRecList(int memory, void** set);
+
+/* The number of records when the set was made. */
 ORVA_API long ORVA_PBSrv_AddrRecordSet_GetAddrRecordCount(void* set, int* count);
+
+/* To the first record that is still there; ORVA_E_END if none is. A new set stands in front of it. */
 ORVA_API long ORVA_PBSrv_AddrRecordSet_MoveFirst(void* set);
 
 /* ORVA_E_END behind the last record. */
 ORVA_API long ORVA_PBSrv_AddrRecordSet_MoveNext(void* set);
+
+/* The current record, as it was when the walk came to it: its identifier, and one field in a new buffer. ORVA_E_END
+ * when there is no current record. */
 ORVA_API long ORVA_PBSrv_AddrRecordSet_GetID(void* set, int* id);
 ORVA_API long ORVA_PBSrv_AddrRecordSet_GetValue(void* set, const char* key, unsigned short** value);
 ORVA_API long ORVA_PBSrv_AddrRecordSet_Release(void* set);
@@ -113,7 +122,7 @@ ORVA_API long ORVA_PBSrv_AddrRecordSet_Release(void* set);
 /* Gives a set over all groups, in ascending order of identifiers. */
 ORVA_API long ORVA_PBSrv_GetGroupList(int memory, void** set);
 
-/* 0, or -1 for a set without groups. */
+/* Moves to the first group: 0, or -1 for a set without groups. */
 ORVA_API long ORVA_PBSrv_AddrGroupSet_MoveFirst(void* set);
 ORVA_API long ORVA_PBSrv_AddrGroupSet_MoveNext(void* set);
 ORVA_API long ORVA_PBSrv_AddrGroupSet_GetID(void* set, int* id);
@@ -159,8 +168,10 @@ ORVA_API long ORVA_PBSrv_DelAddrFromGroup(int group, int record, int memory);
 ORVA_API long ORVA_PBSrv_GetProfile(int memory, ORVA_PROFILE_ENTRY** entries, int* count);
 ORVA_API long ORVA_PBSrv_ProfileRelease(int memory, ORVA_PROFILE_ENTRY** entries);
 
-/* How many records fit into a memory; 0 while it is not ready. How many are stored. */
+/* How many records fit into a memory; 0 while it is not ready, such as a card that its PIN keeps closed. */
 ORVA_API long ORVA_PBSrv_GetCapacity(int memory, int* capacity);
+
+/* How many records are stored. */
 ORVA_API long ORVA_PBSrv_GetSize(int memory, int* size);
 
 /* With types null: the number of device-side memories. With a buffer of *count words, all set to -1 by the caller:
@@ -176,7 +187,8 @@ ORVA_API long ORVA_PBSrv_PBGetMemoryListType(short* types, unsigned short* count
  *   TS 102 221 Annex A, header octets counted and an extension character counting two in the half-page forms.
  * - not_uim false (a UIM card): one for each character of ASCII text, any other text in plain UCS-2: two for each unit
  *   and one for the header octet.
- * - customised true, whatever the card: one for each UTF-16 unit. */
+ * - customised true, whatever the card: one for each UTF-16 unit. From then on, until a count with customised false,
+ * this process's card takes names that fit by that count. */
 ORVA_API long ORVA_PBSrv_PBContentCodingJudge(const unsigned short* text, short length, bool not_uim, bool customised,
                                               short* result);
 
@@ -188,29 +200,41 @@ ORVA_API long ORVA_PBSrv_EndTransaction(int memory);
 
 /* ---- Import and export ----------------------------------------------------------------------------------------- */
 
-/* 0 when the named contacts application can be imported from: "Outlook" or "Outlook Express". */
+/* 0 when the named contacts application can be imported from: "Outlook", which Evolution's local address books answer
+ * for, or "Outlook Express", Thunderbird's personal address book; both in the user's home. Else ORVA_E_NOT_FOUND. */
 ORVA_API long ORVA_PBSrv_IsOutlookInstalled(const char* name);
 
-/* The titles of a file's columns in the locale's eight-bit encoding, separated by ",". With buffer null: returns 2
- * and the buffer's size in *length. With a zeroed buffer of that size: fills it in and returns 0. */
+/* The titles of a file's columns in the locale's eight-bit encoding, separated by ",": as many as the first row has
+ * columns and in their order, a comma or line end within one being a blank. With buffer null: returns 2 and the
+ * buffer's size in *length. With a zeroed buffer of that size: fills it in and returns 0. On failure *length is 0. */
 ORVA_API long ORVA_PBSrv_GetFileFieldDescription(const unsigned short* path, char* buffer, int* length);
 
-/* Reads a file (RFC 4180, also with semicolons or tabs) into a new record set for a memory; nothing is stored. The
- * map has an entry for each field of the memory: the column it is taken from, counted from 0, or -1 for none.
- * ORVA_E_FORMAT for a file without a usable row. */
+/* Reads a file into a new record set for a memory; nothing is stored. RFC 4180, also with semicolons or tabs; UTF-8,
+ * UTF-16, the locale's encoding or Windows-1252.
+ * - The map has an entry for each field of the memory: the column it is taken from, counted from 0, or -1 for none.
+ *   first + 65536 * (second + 1) joins two columns by a blank.
+ * - A record's identifier is the number of the line it begins in.
+ * - Numbers lose blanks, dots, dashes, slashes and parentheses if only digits, "+", "*" and "#" are left then. A note
+ *   is cut to what its field holds; other values may be longer than the memory takes.
+ * - A row that cannot be read is passed over and named by its line in the log; so is the line of a quotation mark that
+ *   nothing closes. Rows without a value in the mapped columns are no records.
+ * ORVA_E_FORMAT for a file without a usable row, ORVA_E_TOO_LONG for one beyond 256 MB or a million records. */
 ORVA_API long ORVA_PBSrv_ImportFromFile(const unsigned short* path, int* map, int memory, void** set);
 
-/* The same from a contacts application, named as for ORVA_PBSrv_IsOutlookInstalled. */
+/* The same from a contacts application, named as for ORVA_PBSrv_IsOutlookInstalled. Its columns are the fields of the
+ * memory, in their order. Read from a copy; the application may be running. */
 ORVA_API long ORVA_PBSrv_ImportFromOutlook(const unsigned short* name, int* map, int memory, void** set);
 
-/* Writes the records named, in their order, to a file: RFC 4180, UTF-8 with mark, titles in the first row. An
- * existing file is replaced only when the new one is complete. Identifiers that are not there are passed over. */
+/* Writes the records named, in their order, to a file: RFC 4180, UTF-8 with mark, field keys as titles in the first
+ * row. An existing file is replaced only when the new one is complete. Identifiers that are not there are passed
+ * over. */
 ORVA_API long ORVA_PBSrv_ExportToFile(const unsigned short* path, int* ids, int count, int memory);
 
 /* ---- Callbacks ------------------------------------------------------------------------------------------------- */
 
 /* Four services, each event belonging to one of them. Registering a callback twice changes nothing. After an
- * unregister returns, the callback is not running and will not be called again (unless it unregisters itself). */
+ * unregister returns, the callback is not running and will not be called again (unless it unregisters itself).
+ * ORVA_E_NOT_FOUND for a callback that was not registered. */
 ORVA_API long ORVA_PBSrv_RegisterPBCallback(ORVA_CALLBACK callback);
 ORVA_API long ORVA_PBSrv_UnRegisterPBCallback(ORVA_CALLBACK callback);
 ORVA_API long ORVA_DevSrv_RegisterDevInitEventCallback(ORVA_CALLBACK callback);
@@ -220,9 +244,11 @@ ORVA_API long ORVA_DevSrv_UnRegisterDevMgrCallback(ORVA_CALLBACK callback);
 ORVA_API long ORVA_NetSrv_RegisterNetSrvEvent(ORVA_CALLBACK callback);
 ORVA_API long ORVA_NetSrv_UnRegisterNetSrvEvent(ORVA_CALLBACK callback);
 
-/* ---- Device and network ---------------------------------------------------------------------------------------- */
+/* ---- Device and network ----------------------------------------------------------------------------------------
+ * Without a device, all of these but GetDevStatus and GetProductType give ORVA_E_ABSENT; so do GetPinStatus and
+ * GetSimType without a card. */
 
-/* 3: the device is available. */
+/* 3: the device is available; 4: it is not. */
 ORVA_API long ORVA_DevSrv_GetDevStatus(int* status);
 
 /* The card's PIN status; 1 and 8 open its phonebook. The three bytes, each of which may be null, are set to 0. */

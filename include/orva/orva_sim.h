@@ -7,6 +7,11 @@
  *
  * Every function may be called from any thread, returns 0 for success and a non-zero code for an argument out of
  * range, and reads nothing after it returns. A change that sets what is already set sends no event.
+ *
+ * What the hardware is (attached, card in, PIN status, types, radio, network, capacities, lengths, fields) is kept in
+ * the data folder, so that the next process starts with it; a process that runs already keeps what it has. How it
+ * behaves for a test (SetAutoReady, SetDelay) is not kept. A new folder has an attached device with a card, PIN status
+ * 1, product type 0, card type 1, the radio on (1 and 1), network status 2 and multi-mode status 0 and 0.
  */
 
 #include "orva/orva_sdk.h"
@@ -24,7 +29,7 @@ ORVA_API long ORVA_Sim_SetDevice(int attached);
 
 /*
  * Inserts (non-zero) or removes (0) the card. Takes effect on the memory list while the device is attached. Removing
- * sends 6002; inserting sends 6601 and, by default, 20302.
+ * sends 6002; inserting sends 6601 and, by default and with the device attached, 20302.
  */
 ORVA_API long ORVA_Sim_SetCard(int inserted);
 
@@ -71,9 +76,10 @@ ORVA_API long ORVA_Sim_SetDeviceFields(int count);
 ORVA_API long ORVA_Sim_WaitEvents(void);
 
 /*
- * Closes every store and forgets every setting and registration of this process; the next call opens the data folder
- * anew. data_dir, UTF-8, is the folder from then on; null keeps what the environment says (LINKHAND_DATA_DIR, else
- * $XDG_DATA_HOME/linkhand). No handle may be in use and no callback running.
+ * Commits what is open, closes every store and forgets every handle, registration and setting of this process; the next
+ * call opens the data folder anew, with the hardware as it is kept there. data_dir, UTF-8, is the folder from then on;
+ * null keeps what the environment says (LINKHAND_DATA_DIR, else $XDG_DATA_HOME/linkhand). No handle may be in use and
+ * no callback running.
  */
 ORVA_API long ORVA_Sim_Reset(const char* data_dir);
 

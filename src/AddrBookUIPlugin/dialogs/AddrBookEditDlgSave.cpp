@@ -138,16 +138,17 @@ bool AddrBookEditDlg::checkRepeatedNumber()
 
 bool AddrBookEditDlg::checkRepeatedNumber(QList<AddrBookRecord> lstRecords, QString& strField)
 {
+    // One list for all: its entries are exchanged, since a list of its own for each contact would cost more than the
+    // comparison.
     QList<QString> lstOtherNumbers;
+    for (int k = 0; m_enMemory == PB_MEM_LOCAL && k < m_lstNumberIndexes.size(); ++k)
+        lstOtherNumbers.append(QString());
     for (int i = 0; i < lstRecords.size(); ++i) {
         const AddrBookRecord& other = lstRecords.at(i);
         if (other.iID == m_record.iID)
             continue;
-        lstOtherNumbers.clear();
-        if (m_enMemory == PB_MEM_LOCAL) {
-            for (int k = 0; k < m_lstNumberIndexes.size(); ++k)
-                lstOtherNumbers.append(other.lstValues.value(m_lstNumberIndexes.at(k)));
-        }
+        for (int k = 0; k < lstOtherNumbers.size(); ++k)
+            lstOtherNumbers[k] = other.lstValues.value(m_lstNumberIndexes.at(k));
         if (checkPhoneNumber(other.lstValues.value(m_iMobileIndex), lstOtherNumbers, strField))
             return true;
     }

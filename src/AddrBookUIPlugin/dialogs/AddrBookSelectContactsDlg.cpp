@@ -2,8 +2,10 @@
 
 #include <QCoreApplication>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QScopedPointer>
+#include <QToolTip>
 #include <QVector>
 #include <new>
 
@@ -17,6 +19,7 @@
 namespace
 {
 const int kTreeWidth = 287;
+const int kIndentation = 12; // a number in a group still fits beside its check box
 const int kMargin = 14;
 const unsigned int kThreadEndSeconds = 5;
 } // namespace
@@ -152,6 +155,9 @@ void AddrBookSelectContactsDlg::layOut()
     m_pvlayoutLeft->addLayout(m_phlayoutButtons);
     m_phlayoutMain->addLayout(m_pvlayoutLeft);
     m_phlayoutMain->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    // The window is exactly as wide as the tree and these margins: one of the frame's own would push the tree out.
+    if (QLayout* pFrame = m_pExtendDialog->layout())
+        pFrame->setContentsMargins(0, 0, 0, 0);
 }
 
 void AddrBookSelectContactsDlg::connectSignals()
@@ -160,6 +166,7 @@ void AddrBookSelectContactsDlg::connectSignals()
     connect(m_pbuttonCancel, SIGNAL(clicked(bool)), this, SLOT(OnCancelButtonClicked()));
     connect(m_ptreeContacts, SIGNAL(itemClicked(QTreeWidgetItem*, int)), this, SLOT(OnTreeClicked(QTreeWidgetItem*)));
     m_ptreeContacts->installEventFilter(this);
+    m_ptreeContacts->viewport()->installEventFilter(this);
     if (!m_pAddrBookLogic)
         return;
     connect(m_pAddrBookLogic, SIGNAL(signalSimStatus(bool)), this, SLOT(OnSimStatusChanged(bool)));
@@ -194,16 +201,32 @@ QString AddrBookSelectContactsDlg::tr(QString strId)
 
 bool AddrBookSelectContactsDlg::eventFilter(QObject* pObject, QEvent* pEvent)
 {
-    if (pObject == m_ptreeContacts && pEvent->type() == QEvent::KeyPress && m_bMultiSelect) {
-        const QKeyEvent* pKey = static_cast<QKeyEvent*>(pEvent);
-        QTreeWidgetItem* pitem = m_ptreeContacts->currentItem();
-        if (pKey->key() == Qt::Key_Space && pKey->modifiers() == Qt::NoModifier && pitem != nullptr) {
-            pitem->setCheckState(0, pitem->checkState(0) == Qt::Unchecked ? Qt::Checked : Qt::Unchecked);
-            OnTreeClicked(pitem);
-            return true;
-        }
-    }
+    if (m_ptreeContacts && pObject == m_ptreeContacts && pEvent->type() == QEvent::KeyPress)
+        return tickByKey(*static_cast<QKeyEvent*>(pEvent));
+    if (m_ptreeContacts && pObject == m_ptreeContacts->viewport() && pEvent->type() == QEvent::ToolTip)
+        return showWholeText(*static_cast<QHelpEvent*>(pEvent));
     return QWidget::eventFilter(pObject, pEvent);
+}
+
+bool AddrBookSelectContactsDlg::tickByKey(const QKeyEvent& event)
+{
+    QTreeWidgetItem* pitem = m_ptreeContacts->currentItem();
+    if (!m_bMultiSelect || event.key() != Qt::Key_Space || event.modifiers() != Qt::NoModifier || pitem == nullptr)
+        return false;
+    pitem->setCheckState(0, pitem->checkState(0) == Qt::Unchecked ? Qt::Checked : Qt::Unchecked);
+    OnTreeClicked(pitem);
+    return true;
+}
+
+// Two numbers that begin alike must be told apart where the column cuts them.
+bool AddrBookSelectContactsDlg::showWholeText(const QHelpEvent& event)
+{
+    const QTreeWidgetItem* pitem = m_ptreeContacts->itemAt(event.pos());
+    if (pitem == nullptr)
+        QToolTip::hideText();
+    else
+        QToolTip::showText(event.globalPos(), pitem->text(0), m_ptreeContacts->viewport());
+    return true;
 }
 
 // ---- The first fill --------------------------------------------------------------------------------------------
@@ -218,6 +241,7 @@ void AddrBookSelectContactsDlg::initTree()
 {
     m_ptreeContacts->setHeaderHidden(true);
     m_ptreeContacts->setMinimumWidth(kTreeWidth);
+    m_ptreeContacts->setIndentation(kIndentation);
     m_ptreeContacts->setExpandsOnDoubleClick(true);
     m_pitemLocalTreeWidgetItem = createNode();
     if (m_pitemLocalTreeWidgetItem != nullptr)

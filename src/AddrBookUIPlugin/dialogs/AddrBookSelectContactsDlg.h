@@ -4,6 +4,8 @@
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QHash>
+#include <QHelpEvent>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QList>
 #include <QMultiMap>
@@ -146,7 +148,8 @@ public slots:
     void OnHeaderClicked(int iLogicalIndex);
 
 protected:
-    // The space bar on the tree ticks like a click: the view toggles the box without telling.
+    // The space bar on the tree ticks like a click (the view toggles the box without telling), and a node's tool tip
+    // is its whole text.
     bool eventFilter(QObject* pObject, QEvent* pEvent) override;
 
 private:
@@ -161,6 +164,8 @@ private:
     void setObjectNames();
     void layOut();
     void connectSignals();
+    bool tickByKey(const QKeyEvent& event);
+    bool showWholeText(const QHelpEvent& event);
     void initTree();
     void checkSimStatus();
     void updateDeviceAndSimNodes();

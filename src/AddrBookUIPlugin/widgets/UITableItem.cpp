@@ -15,13 +15,62 @@ const QTextCodec* systemCodec()
 }
 } // namespace
 
-UITableItem::UITableItem() : QTableWidgetItem() {}
+UITableItem::UITableItem() : QTableWidgetItem(s_iType), m_ullKeyHead(0), m_enKeyState(KEY_UNKNOWN) {}
 
-UITableItem::UITableItem(const QString& strText) : QTableWidgetItem(strText) {}
+UITableItem::UITableItem(const QString& strText)
+    : QTableWidgetItem(strText, s_iType), m_ullKeyHead(0), m_enKeyState(KEY_UNKNOWN)
+{
+}
+
+QString UITableItem::displayText() const
+{
+    return data(Qt::DisplayRole).toString();
+}
+
+void UITableItem::setData(int iRole, const QVariant& value)
+{
+    m_enKeyState = KEY_UNKNOWN;
+    QTableWidgetItem::setData(iRole, value);
+}
+
+// Folds each character by itself, as QString::compare does without regard to case. It takes the halves of a surrogate
+// pair together, which a key of 16-bit units cannot tell: such texts have none.
+bool UITableItem::makeKey() const
+{
+    if (m_enKeyState != KEY_UNKNOWN)
+        return m_enKeyState == KEY_READY;
+    m_enKeyState = KEY_NONE;
+    if (systemCodec() != nullptr)
+        return false;
+    m_strKey = displayText();
+    m_ullKeyHead = 0;
+    for (int i = 0; i < m_strKey.size(); ++i) {
+        const QChar ch = m_strKey.at(i);
+        if (ch.isSurrogate())
+            return false;
+        const QChar chFolded = ch.toCaseFolded();
+        if (chFolded != ch)
+            m_strKey[i] = chFolded;
+    }
+    for (int i = 0; i < 4; ++i)
+        m_ullKeyHead = m_ullKeyHead << 16 | (i < m_strKey.size() ? m_strKey.at(i).unicode() : 0u);
+    m_enKeyState = KEY_READY;
+    return true;
+}
 
 bool UITableItem::operator<(const QTableWidgetItem& other) const
 {
-    return lessThan(data(Qt::DisplayRole).toString(), other.data(Qt::DisplayRole).toString(), systemCodec());
+    if (other.type() == s_iType) {
+        const UITableItem& item = static_cast<const UITableItem&>(other);
+        if (makeKey() && item.makeKey()) {
+            if (m_ullKeyHead != item.m_ullKeyHead)
+                return m_ullKeyHead < item.m_ullKeyHead;
+            const int iOrder = QString::compare(m_strKey, item.m_strKey, Qt::CaseSensitive);
+            return iOrder != 0 ? iOrder < 0
+                               : QString::compare(displayText(), item.displayText(), Qt::CaseSensitive) < 0;
+        }
+    }
+    return lessThan(displayText(), other.data(Qt::DisplayRole).toString(), systemCodec());
 }
 
 bool UITableItem::lessThan(const QString& strA, const QString& strB, const QTextCodec* pcodec)

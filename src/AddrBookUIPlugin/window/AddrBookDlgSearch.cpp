@@ -1,9 +1,34 @@
+#include <QHeaderView>
+#include <QStandardItemModel>
+
 #include "logic/ItemData.h"
 #include "logic/Log.h"
 #include "widgets/AddrBookTableWidget.h"
 #include "widgets/PBTreeWidget.h"
 #include "window/AddrBookDlg.h"
 #include "window/QuietModel.h"
+
+namespace
+{
+// Keeps a table's vertical header from following each of thousands of removals, which it does by a walk over all rows;
+// at the end it takes the rows that are left, all at once.
+class DetachedHeader
+{
+public:
+    explicit DetachedHeader(QTableWidget* ptable) : m_ptable(ptable) { m_ptable->verticalHeader()->setModel(&m_empty); }
+    ~DetachedHeader()
+    {
+        QHeaderView* pHeader = m_ptable->verticalHeader();
+        pHeader->setModel(m_ptable->model());
+        pHeader->setSelectionModel(m_ptable->selectionModel());
+    }
+
+private:
+    Q_DISABLE_COPY(DetachedHeader)
+    QTableWidget* m_ptable;
+    QStandardItemModel m_empty;
+};
+} // namespace
 
 void AddrBookDlg::OnShowHideSearchBox()
 {
@@ -48,6 +73,7 @@ void AddrBookDlg::updateTable(const QString& strText)
 {
     if (m_ptableContacts == nullptr)
         return;
+    const DetachedHeader detached(m_ptableContacts);
     int iLast = m_ptableContacts->rowCount() - 1;
     while (iLast >= 0) {
         if (rowMatches(iLast, strText)) {

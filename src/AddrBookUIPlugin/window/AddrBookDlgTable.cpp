@@ -2,6 +2,10 @@
 #include <QScopedPointer>
 #include <QSplitter>
 #include <QTextBrowser>
+#include <QVector>
+
+#include <algorithm>
+#include <utility>
 
 #include "logic/AddrBookLogic.h"
 #include "logic/ItemData.h"
@@ -24,6 +28,21 @@ QString inOneLine(const QString& strValue)
     QString strText = strValue;
     strText.replace(QLatin1Char('\n'), QLatin1Char(' '));
     return strText;
+}
+// The rows of a table in the order in which their cells lie in memory. Freed in that order, the blocks of a large table
+// join up again; in the order of a sorted table the allocator spends longer on it than the whole fill took.
+QVector<int> rowsByAge(const QTableWidget& table)
+{
+    QVector<std::pair<const QTableWidgetItem*, int>> lstFirst;
+    lstFirst.reserve(table.rowCount());
+    for (int iRow = 0; iRow < table.rowCount(); ++iRow)
+        lstFirst.append(std::make_pair(table.item(iRow, 0), iRow));
+    std::sort(lstFirst.begin(), lstFirst.end());
+    QVector<int> lstRows;
+    lstRows.reserve(lstFirst.size());
+    for (int i = 0; i < lstFirst.size(); ++i)
+        lstRows.append(lstFirst.at(i).second);
+    return lstRows;
 }
 } // namespace
 
@@ -391,10 +410,11 @@ void AddrBookDlg::clearTable(AddrBookTableWidget* pTable)
         m_listPreviewSplitterSizes = m_psplitterPreview->sizes();
     const QuietModel quiet(pTable->model());
     const int iColumns = pTable->columnCount();
-    for (int iRow = 0; iRow < pTable->rowCount(); ++iRow) {
+    foreach (int iRow, rowsByAge(*pTable)) {
         for (int iColumn = 0; iColumn < iColumns; ++iColumn) {
-            delete tableRowData(pTable->item(iRow, iColumn));
-            delete pTable->takeItem(iRow, iColumn);
+            QTableWidgetItem* pItem = pTable->takeItem(iRow, iColumn);
+            delete tableRowData(pItem);
+            delete pItem;
         }
     }
     delete pTable->itemDelegate();

@@ -32,8 +32,9 @@
 namespace
 {
 
-// How long the end of the program waits for workers.
-const int SHUTDOWN_LIMIT_MS = 5000;
+// How long the end of the program waits for workers before their owners stop them: a slow card may go on for minutes,
+// and a program that is quit should be gone within two seconds.
+const int SHUTDOWN_LIMIT_MS = 1000;
 
 void print(FILE* pStream, const QString& strText)
 {
@@ -189,11 +190,14 @@ void HostApplication::loadPlugins()
     DataFolder::CheckStore(lstDamaged, m_problems);
 }
 
-// Files that the phonebook lives without, but that ought to be there.
+// What ought to be there, and without which the program runs all the same.
 void HostApplication::checkInstallation()
 {
-    const QString strFolder = m_services.PluginsPath() + QLatin1String("/" LINKHAND_ADDRBOOK_NAME);
-    if (m_pContainer->FindByName(QLatin1String(LINKHAND_ADDRBOOK_NAME)) != nullptr) {
+    const QString strPhonebook = QLatin1String(LINKHAND_ADDRBOOK_NAME);
+    const QString strFolder = m_services.PluginsPath() + QLatin1Char('/') + strPhonebook;
+    if (!m_services.IsPluginAvailable(strPhonebook)) {
+        m_problems.append(Problem(strPhonebook, "IDS_HOST_PLUGIN_ABSENT"));
+    } else if (m_pContainer->FindByName(strPhonebook) != nullptr) {
         foreach (const char* pszFile, (QList<const char*>() << "/Config.xml"
                                                             << "/addr_tre_images")) {
             if (!QFile::exists(strFolder + QLatin1String(pszFile))) {
@@ -202,7 +206,7 @@ void HostApplication::checkInstallation()
         }
     }
     if (!m_languages.Contains(QLatin1String("en"))) {
-        // A text of its own where no file has one: the id is shown as it is.
+        // Not an id: no file has a text for one.
         m_problems.append(
             Problem(m_services.LanguagesPath(), "No English language file was found; texts show as ids."));
     }
@@ -230,12 +234,12 @@ void HostApplication::applyLanguage(const QString& strCode)
     m_services.SetLanguage(strCode);
     const QLocale locale(strCode);
     QLocale::setDefault(locale);
-    QApplication::setLayoutDirection(locale.textDirection());
     // The texts of Qt's own dialogs, where the distribution has them.
-    QScopedPointer<QTranslator> pTexts(new QTranslator);
-    pTexts->load(QLatin1String("qt_") + strCode, QLibraryInfo::location(QLibraryInfo::TranslationsPath));
-    QApplication::installTranslator(pTexts.data());
-    m_pQtTexts.swap(pTexts);
+    m_pQtTexts.reset(new QTranslator);
+    m_pQtTexts->load(QLatin1String("qt_") + strCode, QLibraryInfo::location(QLibraryInfo::TranslationsPath));
+    QApplication::installTranslator(m_pQtTexts.data());
+    // Last: a change of translators sets the direction of Qt's own texts.
+    QApplication::setLayoutDirection(locale.textDirection());
 }
 
 void HostApplication::shutDown()

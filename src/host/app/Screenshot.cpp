@@ -16,7 +16,7 @@ const int LONGEST_MS = 30000; // a picture is better than none
 } // namespace
 
 Screenshot::Screenshot(QWidget* pWindow, const WorkerCount& workers, const QString& strFile, QObject* pParent)
-    : QObject(pParent), m_pWindow(pWindow), m_workers(workers), m_strFile(strFile), m_iCalmTicks(0)
+    : QObject(pParent), m_pWindow(pWindow), m_workers(workers), m_strFile(strFile), m_iCalmTicks(0), m_bSelected(false)
 {
     connect(&m_timer, SIGNAL(timeout()), this, SLOT(OnTick()));
     m_elapsed.start();
@@ -25,12 +25,36 @@ Screenshot::Screenshot(QWidget* pWindow, const WorkerCount& workers, const QStri
 
 void Screenshot::OnTick()
 {
-    const bool bCalm = m_workers.Running() == 0 && (contactsShown() || m_elapsed.elapsed() > EMPTY_MS);
+    QTableWidget* pContacts = contacts();
+    const bool bCalm = m_workers.Running() == 0 && (pContacts != nullptr || m_elapsed.elapsed() > EMPTY_MS);
     m_iCalmTicks = bCalm ? m_iCalmTicks + 1 : 0;
     if (m_iCalmTicks < CALM_TICKS && m_elapsed.elapsed() < LONGEST_MS) {
         return;
     }
+    if (pContacts != nullptr && !m_bSelected) {
+        m_bSelected = true;
+        m_iCalmTicks = 0;
+        pContacts->selectRow(0);
+        return;
+    }
     m_timer.stop();
+    write();
+}
+
+QTableWidget* Screenshot::contacts() const
+{
+    if (m_pWindow) {
+        foreach (QTableWidget* pTable, m_pWindow->findChildren<QTableWidget*>()) {
+            if (pTable->isVisible() && pTable->rowCount() > 0) {
+                return pTable;
+            }
+        }
+    }
+    return nullptr;
+}
+
+void Screenshot::write()
+{
     bool bWritten = false;
     if (m_pWindow) {
         QPixmap pixmap(m_pWindow->size());
@@ -38,16 +62,4 @@ void Screenshot::OnTick()
         bWritten = pixmap.save(m_strFile);
     }
     emit taken(bWritten);
-}
-
-bool Screenshot::contactsShown() const
-{
-    if (m_pWindow) {
-        foreach (const QTableWidget* pTable, m_pWindow->findChildren<QTableWidget*>()) {
-            if (pTable->isVisible() && pTable->rowCount() > 0) {
-                return true;
-            }
-        }
-    }
-    return false;
 }

@@ -7,11 +7,12 @@
 #include <QString>
 #include <QTimer>
 
+class QTableWidget;
 class QWidget;
 class WorkerCount;
 
 // Writes a picture of the window once the phonebook shows its contacts: no worker runs and a table has rows, or, for
-// an empty phonebook, a few seconds have gone by.
+// an empty phonebook, a few seconds have gone by. The first contact is selected, so that the picture shows it in full.
 class Screenshot : public QObject
 {
     Q_OBJECT
@@ -26,7 +27,9 @@ private slots:
     void OnTick();
 
 private:
-    bool contactsShown() const;
+    // The table on the screen that has rows, null if there is none.
+    QTableWidget* contacts() const;
+    void write();
 
     QPointer<QWidget> m_pWindow;
     const WorkerCount& m_workers;
@@ -34,6 +37,7 @@ private:
     QTimer m_timer;
     QElapsedTimer m_elapsed;
     int m_iCalmTicks;
+    bool m_bSelected;
 };
 
 #endif // LINKHAND_HOST_SCREENSHOT_H

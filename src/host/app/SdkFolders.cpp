@@ -8,7 +8,7 @@ QString SdkFolders::LogFolder()
     if (ORVA_GetLogDirectory(&pusPath) != ORVA_OK || pusPath == nullptr) {
         return QString();
     }
-    const QString strPath = QString::fromUtf16(pusPath);
+    QString strPath = QString::fromUtf16(pusPath);
     delete[] pusPath;
     return strPath;
 }

@@ -7,6 +7,7 @@
 
 #include "Modem.h"
 #include "common/PluginIds.h"
+#include "linkhand/core/Startup.h"
 
 namespace
 {
@@ -48,6 +49,17 @@ QList<int> answersFromEnvironment()
     return listAnswers;
 }
 
+void publish(HostServices* pServices)
+{
+    QVariant address;
+    if (pServices != nullptr) {
+        address = QVariant(static_cast<qlonglong>(reinterpret_cast<quintptr>(pServices)));
+    }
+    QCoreApplication::instance()->setProperty(LINKHAND_HOST_SERVICES, address);
+    // The library hands on to other threads what it last found on this one.
+    Startup::GetPluginContainer();
+}
+
 } // namespace
 
 Services::Services(const QString& strRoot, const QString& strSettingsFile)
@@ -62,14 +74,12 @@ Services::Services(const QString& strRoot, const QString& strSettingsFile)
 
 void Services::Publish()
 {
-    const HostServices* pSelf = this;
-    QCoreApplication::instance()->setProperty(LINKHAND_HOST_SERVICES,
-                                              QVariant(static_cast<qlonglong>(reinterpret_cast<quintptr>(pSelf))));
+    publish(this);
 }
 
 void Services::Withdraw()
 {
-    QCoreApplication::instance()->setProperty(LINKHAND_HOST_SERVICES, QVariant());
+    publish(nullptr);
 }
 
 QString Services::PluginsPath() const

@@ -73,8 +73,7 @@ bool PluginLifecycle::waitForWorkers(int iLimitMs)
     timer.start();
     while (m_services.Workers().Running() > 0) {
         if (timer.elapsed() >= iLimitMs) {
-            qWarning("still running at the end: %s",
-                     qPrintable(m_services.Workers().Names().join(QLatin1String(", "))));
+            qDebug("left to their owners: %s", qPrintable(m_services.Workers().Names().join(QLatin1String(", "))));
             return false;
         }
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents, 20);

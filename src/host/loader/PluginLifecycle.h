@@ -23,7 +23,8 @@ public:
 
     // Takes everything down: hides the windows, sets the shutting-down flag, takes the SDK callbacks away, waits
     // iLimitMs at most for the running workers, with queued slots going on so that a worker that waits for one gets
-    // free, and destroys the plug-ins in the reverse order of InitAll. False if workers still ran at the limit.
+    // free, and destroys the plug-ins in the reverse order of InitAll. False if workers still ran at the limit; a
+    // plug-in stops and awaits what is left of its own when it is destroyed.
     bool ShutDown(int iLimitMs);
 
 public slots:

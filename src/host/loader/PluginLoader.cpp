@@ -13,6 +13,7 @@
 #include "linkhand/plugin/IUIPlugin.h"
 #include "loader/PluginContainer.h"
 #include "loader/PluginHandle.h"
+#include "loader/SharedObject.h"
 #include "loader/Verification.h"
 
 namespace
@@ -53,12 +54,6 @@ bool checkVerification(const Verification& verification, Problem& problem)
         return true;
     }
     return false;
-}
-
-bool isLibrary(const QString& strFile)
-{
-    QFile file(strFile);
-    return file.open(QIODevice::ReadOnly) && file.read(4) == QByteArray("\177ELF");
 }
 
 // The text that the loaded library gives; it counts where the file itself did not show one.
@@ -117,7 +112,7 @@ PluginHandle* PluginLoader::Load(const QString& strFile, Problem& problem)
     if (!checkOwner(strFile, problem)) {
         return nullptr;
     }
-    if (!isLibrary(strFile)) {
+    if (!SharedObject::IsWhole(strFile)) {
         problem.strReasonId = QLatin1String("IDS_HOST_PLUGIN_NO_LIBRARY");
         return nullptr;
     }

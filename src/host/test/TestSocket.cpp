@@ -12,7 +12,8 @@
 
 #include "test/WidgetQueries.h"
 
-TestSocket::TestSocket(QObject* pParent) : QObject(pParent), m_iListener(-1), m_path(qgetenv("LINKHAND_TEST_SOCKET"))
+TestSocket::TestSocket(QObject* pParent)
+    : QObject(pParent), m_iListener(-1), m_path(qgetenv("LINKHAND_TEST_SOCKET")), m_pListening(nullptr)
 {
     sockaddr_un address = {};
     if (m_path.isEmpty() || m_path.size() >= int(sizeof address.sun_path)) {
@@ -27,15 +28,17 @@ TestSocket::TestSocket(QObject* pParent) : QObject(pParent), m_iListener(-1), m_
         qWarning("cannot listen on %s", m_path.constData());
         return;
     }
-    QSocketNotifier* pNotifier = new QSocketNotifier(m_iListener, QSocketNotifier::Read, this);
-    connect(pNotifier, SIGNAL(activated(int)), this, SLOT(OnConnection()));
+    m_pListening = new QSocketNotifier(m_iListener, QSocketNotifier::Read, this);
+    connect(m_pListening, SIGNAL(activated(int)), this, SLOT(OnConnection()));
 }
 
 TestSocket::~TestSocket()
 {
-    foreach (const int iSocket, m_hashPending.keys()) {
+    foreach (const int iSocket, m_hashConnections.keys()) {
+        delete m_hashConnections.value(iSocket).pNotifier;
         close(iSocket);
     }
+    delete m_pListening;
     if (m_iListener >= 0) {
         close(m_iListener);
         unlink(m_path.constData());
@@ -46,9 +49,9 @@ void TestSocket::OnConnection()
 {
     const int iSocket = accept4(m_iListener, nullptr, nullptr, SOCK_CLOEXEC);
     if (iSocket >= 0) {
-        m_hashPending.insert(iSocket, QByteArray());
-        QSocketNotifier* pNotifier = new QSocketNotifier(iSocket, QSocketNotifier::Read, this);
-        connect(pNotifier, SIGNAL(activated(int)), this, SLOT(OnReadable(int)));
+        Connection& connection = m_hashConnections[iSocket];
+        connection.pNotifier = new QSocketNotifier(iSocket, QSocketNotifier::Read, this);
+        connect(connection.pNotifier, SIGNAL(activated(int)), this, SLOT(OnReadable(int)));
     }
 }
 
@@ -57,13 +60,14 @@ void TestSocket::OnReadable(int iSocket)
     char acBuffer[4096];
     const ssize_t iRead = read(iSocket, acBuffer, sizeof acBuffer);
     if (iRead <= 0) {
-        sender()->deleteLater();
-        qobject_cast<QSocketNotifier*>(sender())->setEnabled(false);
-        m_hashPending.remove(iSocket);
+        // The notifier is the sender of this very call.
+        QSocketNotifier* pNotifier = m_hashConnections.take(iSocket).pNotifier;
+        pNotifier->setEnabled(false);
+        pNotifier->deleteLater();
         close(iSocket);
         return;
     }
-    QByteArray& pending = m_hashPending[iSocket];
+    QByteArray& pending = m_hashConnections[iSocket].pending;
     pending.append(acBuffer, int(iRead));
     for (int iEnd = pending.indexOf('\n'); iEnd >= 0; iEnd = pending.indexOf('\n')) {
         const QByteArray query = pending.left(iEnd);

@@ -25,9 +25,15 @@ private slots:
 private:
     void answer(int iSocket, const QByteArray& query);
 
+    struct Connection {
+        QSocketNotifier* pNotifier;
+        QByteArray pending; // what has come of the next query
+    };
+
     int m_iListener;
     QByteArray m_path;
-    QHash<int, QByteArray> m_hashPending; // by socket: what has come of the next query
+    QSocketNotifier* m_pListening;
+    QHash<int, Connection> m_hashConnections; // by socket
 };
 
 #endif // LINKHAND_HOST_TESTSOCKET_H

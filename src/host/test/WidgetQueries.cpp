@@ -186,6 +186,20 @@ void cells(const QAbstractItemView* pView, const QModelIndex& parent, QStringLis
     }
 }
 
+QStringList headers(const QHeaderView* pHeader)
+{
+    QStringList lstLines;
+    for (int i = 0; i < pHeader->count(); ++i) {
+        if (!pHeader->isSectionHidden(i)) {
+            const QRect rect(pHeader->sectionViewportPosition(i), 0, pHeader->sectionSize(i), pHeader->height());
+            lstLines.append(line(QStringList()
+                                 << QString::number(i) << pHeader->model()->headerData(i, Qt::Horizontal).toString()
+                                 << area(pHeader->viewport(), rect)));
+        }
+    }
+    return lstLines;
+}
+
 QStringList actions(const QMenu* pMenu)
 {
     QStringList lstLines;
@@ -244,6 +258,11 @@ QStringList WidgetQueries::Answer(const QString& strQuery, bool& bFound)
         QStringList lstLines;
         cells(pView, pView->rootIndex(), lstLines);
         return lstLines;
+    }
+    const QTableView* pTable = qobject_cast<QTableView*>(pWidget);
+    const QTreeView* pTree = qobject_cast<QTreeView*>(pWidget);
+    if (strVerb == QLatin1String("headers") && (pTable != nullptr || pTree != nullptr)) {
+        return headers(pTable != nullptr ? pTable->horizontalHeader() : pTree->header());
     }
     if (pMenu != nullptr && strVerb == QLatin1String("actions")) {
         return actions(pMenu);

@@ -1,5 +1,6 @@
 #include "window/MainWindow.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QShortcut>
@@ -77,8 +78,7 @@ MainWindow::MainWindow(PluginContainer& container, Outbox& outbox, DeviceWatcher
     connect(m_pNavBar, SIGNAL(deviceToggled(bool)), this, SLOT(OnDeviceToggled(bool)));
     connect(m_pNavBar, SIGNAL(languageChosen(QString)), this, SIGNAL(languageChosen(QString)));
     connect(&m_watcher, SIGNAL(changed()), this, SLOT(OnDeviceChanged()));
-    QShortcut* pQuit = new QShortcut(QKeySequence(QLatin1String("Ctrl+Q")), this);
-    connect(pQuit, SIGNAL(activated()), this, SLOT(close()));
+    new QShortcut(QKeySequence(QLatin1String("Ctrl+Q")), this, SLOT(close()));
     applyStyle();
 }
 
@@ -151,7 +151,7 @@ void MainWindow::closeEvent(QCloseEvent* pEvent)
 void MainWindow::changeEvent(QEvent* pEvent)
 {
     QMainWindow::changeEvent(pEvent);
-    if (pEvent->type() == QEvent::PaletteChange) {
+    if (pEvent->type() == QEvent::PaletteChange || pEvent->type() == QEvent::ApplicationPaletteChange) {
         applyStyle();
     }
 }
@@ -203,7 +203,11 @@ void MainWindow::addPluginPage(const QString& strName)
 
 void MainWindow::applyStyle()
 {
-    // Setting a style sheet sends a change of palette itself.
+    // Both setters send a change of palette themselves.
+    const QPalette legible = StyleSheet::WithLegibleLinks(QApplication::palette());
+    if (legible != QApplication::palette()) {
+        QApplication::setPalette(legible);
+    }
     const QString strRules = StyleSheet::Build(palette());
     if (strRules != styleSheet()) {
         setStyleSheet(strRules);

@@ -1,5 +1,6 @@
 #include "window/NavButton.h"
 
+#include <QFont>
 #include <QFontMetrics>
 #include <QPainter>
 #include <QPalette>
@@ -14,6 +15,7 @@ const int MARGIN = 10;
 const int GAP = 5;
 const int LEAST_WIDTH = 84;
 const int MARK_WIDTH = 3;
+const qreal WORD_SIZE = 0.9; // of the usual letters
 
 } // namespace
 
@@ -21,6 +23,12 @@ NavButton::NavButton(Glyphs::Glyph enGlyph, QWidget* pParent) : QAbstractButton(
 {
     setCheckable(true);
     setFocusPolicy(Qt::TabFocus);
+    QFont smaller = font();
+    // A font that is told in pixels has no point size.
+    if (smaller.pointSizeF() > 0) {
+        smaller.setPointSizeF(smaller.pointSizeF() * WORD_SIZE);
+    }
+    setFont(smaller);
 }
 
 QSize NavButton::sizeHint() const
@@ -32,8 +40,8 @@ QSize NavButton::sizeHint() const
 void NavButton::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    const QPalette colors = palette();
-    const QColor accent = colors.color(QPalette::Highlight);
+    const QPalette& colors = palette();
+    const QColor& accent = colors.color(QPalette::Highlight);
     QColor ink = colors.color(isEnabled() ? QPalette::Normal : QPalette::Disabled, QPalette::WindowText);
     QColor ground = isChecked() ? accent : colors.color(QPalette::WindowText);
     ground.setAlpha(isChecked() ? 36 : (underMouse() && isEnabled() ? 18 : 0));

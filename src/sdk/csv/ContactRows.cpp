@@ -1,5 +1,7 @@
 #include "csv/ContactRows.h"
 
+#include <algorithm>
+
 #include "csv/NumberText.h"
 #include "csv/Unicode.h"
 #include "memories/Failure.h"
@@ -12,6 +14,8 @@ namespace
 
 constexpr std::size_t rowsAtMost = 1000000;
 constexpr std::size_t octetsAtMost = 256U << 20;
+constexpr std::uint64_t unitsReservedAtMost = 16U << 20;
+constexpr std::size_t octetsOfARow = 32;        // a short one
 constexpr std::size_t valueUnitsAtMost = 65535; // what a value call takes
 
 constexpr int secondShift = 16;
@@ -39,33 +43,47 @@ FieldMap::FieldMap(const Profile& profile, const int* map)
     }
 }
 
-// Reads a field's text into m_value; false for one that is not fit to be a value.
-bool FieldMap::readValue(const Row& row, const Source& source)
+bool FieldMap::appendColumn(std::string_view column)
 {
-    m_value.clear();
-    if (source.first < 0)
-        return true;
-    if (!appendUtf16(row.column(source.first), m_value))
+    if (m_value.size() < m_length + column.size())
+        m_value.resize(2 * (m_length + column.size()));
+    const std::size_t units = toUtf16(column, m_value.data() + m_length);
+    if (units == std::string_view::npos)
         return false;
-    if (source.second >= 0) {
-        const std::string_view second = row.column(source.second);
-        if (!m_value.empty() && !second.empty())
-            m_value.push_back(u' ');
-        if (!appendUtf16(second, m_value))
-            return false;
-    }
-    if (source.number || source.email)
-        keepFirst(m_value);
-    if (source.number)
-        cleanNumber(m_value);
+    m_length += units;
     return true;
 }
 
-// Cuts m_value to a length, between characters.
-void FieldMap::cutValue(std::size_t units)
+// Reads a field's text into m_value; false for one that is not fit to be a value.
+bool FieldMap::readValue(const Row& row, const Source& source)
 {
+    m_length = 0;
+    if (source.first < 0)
+        return true;
+    if (!appendColumn(row.column(source.first)))
+        return false;
+    if (source.second >= 0) {
+        const std::string_view second = row.column(source.second);
+        if (m_length > 0 && !second.empty())
+            appendColumn(" ");
+        if (!appendColumn(second))
+            return false;
+    }
+    if (source.number || source.email)
+        m_length = firstLength({m_value.data(), m_length});
+    if (source.number)
+        m_length = cleanNumber(m_value.data(), m_length);
+    return true;
+}
+
+// Cuts the value to a length, between characters; false if it is not longer.
+bool FieldMap::cutNote(std::size_t units)
+{
+    if (units == 0 || m_length <= units)
+        return false;
     const bool splitsPair = (m_value[units - 1] & 0xFC00) == 0xD800;
-    m_value.resize(splitsPair ? units - 1 : units);
+    m_length = splitsPair ? units - 1 : units;
+    return true;
 }
 
 bool FieldMap::add(const Row& row, RowBlock& into, const RowReader::Report& report)
@@ -74,19 +92,16 @@ bool FieldMap::add(const Row& row, RowBlock& into, const RowReader::Report& repo
     into.beginRow(row.line());
     for (const Source& source : m_sources) {
         const bool text = readValue(row, source);
-        if (text && source.noteUnits > 0 && m_value.size() > source.noteUnits) {
-            cutValue(source.noteUnits);
-            if (report)
-                report(row.line(), "note cut to what its field holds");
-        }
-        if (!text || m_value.size() > valueUnitsAtMost) {
+        if (text && cutNote(source.noteUnits) && report)
+            report(row.line(), "note cut to what its field holds");
+        if (!text || m_length > valueUnitsAtMost) {
             if (report)
                 report(row.line(), text ? "row passed over: value too long" : "row passed over: not text");
             into.dropRow();
             return false;
         }
-        anything = anything || !m_value.empty();
-        into.addValue(m_value);
+        anything = anything || m_length > 0;
+        into.addValue({m_value.data(), m_length});
     }
     if (!anything)
         into.dropRow();
@@ -102,6 +117,9 @@ RowBlock readContacts(const std::string& path, const Profile& profile, const int
         throw Failure(ORVA_E_FORMAT, "empty file");
     FieldMap fields(profile, map);
     RowBlock rows(fields.fields());
+    // Room that is not needed in the end costs nothing but addresses.
+    const auto units = static_cast<std::size_t>(std::min<std::uint64_t>(reader.octets(), unitsReservedAtMost));
+    rows.reserve(units / octetsOfARow, units);
     while (reader.next(row)) {
         fields.add(row, rows, report);
         if (rows.rows() > rowsAtMost || rows.bytes() > octetsAtMost)

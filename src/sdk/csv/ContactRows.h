@@ -34,10 +34,12 @@ private:
     };
 
     bool readValue(const Row& row, const Source& source);
-    void cutValue(std::size_t units);
+    bool appendColumn(std::string_view column);
+    bool cutNote(std::size_t units);
 
     std::vector<Source> m_sources;
-    std::u16string m_value;
+    std::vector<char16_t> m_value; // room for the value being read
+    std::size_t m_length = 0;      // of that value
 };
 
 // A map entry that joins two columns by a blank, such as first and last name.

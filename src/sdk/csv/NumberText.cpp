@@ -6,6 +6,16 @@ namespace orva
 namespace
 {
 
+bool isDigit(char16_t c)
+{
+    return c >= u'0' && c <= u'9';
+}
+
+bool isSign(char16_t c)
+{
+    return c == u'+' || c == u'*' || c == u'#';
+}
+
 bool isDecoration(char16_t c)
 {
     switch (c) {
@@ -39,7 +49,7 @@ bool isDecoration(char16_t c)
 // The digit, plus, star or hash that a character is; 0 for anything else.
 char16_t dialled(char16_t c)
 {
-    if ((c >= u'0' && c <= u'9') || c == u'+' || c == u'*' || c == u'#')
+    if (isDigit(c) || isSign(c))
         return c;
     for (const char16_t zero :
          {0x0660, 0x06F0, 0x0966, 0x0E50, 0xFF10}) // Arabic, Persian, Devanagari, Thai, full width
@@ -50,23 +60,28 @@ char16_t dialled(char16_t c)
 
 } // namespace
 
-void cleanNumber(std::u16string& text)
+std::size_t cleanNumber(char16_t* text, std::size_t length)
 {
-    for (const char16_t c : text)
-        if (dialled(c) == 0 && !isDecoration(c))
-            return;
-    std::size_t to = 0;
-    for (const char16_t c : text)
-        if (const char16_t sign = dialled(c); sign != 0)
-            text[to++] = sign;
-    text.resize(to);
+    std::size_t plain = 0;
+    while (plain < length && (isDigit(text[plain]) || isSign(text[plain])))
+        ++plain;
+    for (std::size_t i = plain; i < length; ++i)
+        if (dialled(text[i]) == 0 && !isDecoration(text[i]))
+            return length;
+    std::size_t to = plain;
+    for (std::size_t i = plain; i < length; ++i)
+        if (const char16_t c = dialled(text[i]); c != 0)
+            text[to++] = c;
+    return to;
 }
 
-void keepFirst(std::u16string& text)
+std::size_t firstLength(std::u16string_view text)
 {
-    const std::size_t end = text.find(u" ::: ");
-    if (end != std::u16string::npos)
-        text.resize(end);
+    constexpr std::u16string_view between = u" ::: ";
+    for (std::size_t at = text.find(u' '); at < text.size(); at = text.find(u' ', at + 1))
+        if (text.substr(at, between.size()) == between)
+            return at;
+    return text.size();
 }
 
 } // namespace orva

@@ -107,7 +107,8 @@ RowReader::RowReader(const std::string& path, Report report, const ReaderLimits&
         struct stat state = {};
         if (fstat(m_file, &state) != 0 || !S_ISREG(state.st_mode))
             throw Failure(ORVA_E_FORMAT, "not a regular file");
-        if (static_cast<std::uint64_t>(state.st_size) > m_limits.fileOctets)
+        m_octets = static_cast<std::uint64_t>(state.st_size);
+        if (m_octets > m_limits.fileOctets)
             throw Failure(ORVA_E_TOO_LONG, "file too long");
         m_parser = std::make_unique<Parser>(m_limits.columns);
         detectEncoding();

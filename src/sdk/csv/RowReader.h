@@ -74,6 +74,9 @@ public:
     // Gives the next row; false at the end. Failure(ORVA_E_STORE) if reading fails.
     bool next(Row& row);
 
+    // Of the file, when it was opened.
+    std::uint64_t octets() const { return m_octets; }
+
     EncodingGuess encoding() const { return m_guess; }
     char separator() const { return m_separator; }
 
@@ -96,6 +99,7 @@ private:
     ReaderLimits m_limits;
     Report m_report;
     int m_file = -1;
+    std::uint64_t m_octets = 0;
     std::uint64_t m_octetsLeft = 0; // of the limit: a file may grow while it is read
     EncodingGuess m_guess;
     std::string m_codeset;

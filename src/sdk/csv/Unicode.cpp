@@ -126,11 +126,9 @@ void appendUtf8(std::u16string_view text, std::string& out)
     out.resize(static_cast<std::size_t>(to - out.data()));
 }
 
-bool appendUtf16(std::string_view text, std::u16string& out)
+std::size_t toUtf16(std::string_view text, char16_t* out)
 {
-    const std::size_t before = out.size();
-    out.resize(before + text.size()); // UTF-16 never has more units than UTF-8 has octets
-    char16_t* to = out.data() + before;
+    char16_t* to = out;
     const char* from = text.data();
     const char* const end = from + text.size();
     while (from < end) {
@@ -141,10 +139,8 @@ bool appendUtf16(std::string_view text, std::u16string& out)
             continue;
         }
         const std::size_t length = sequenceLength(from, static_cast<std::size_t>(end - from), nullptr);
-        if (length < 2) {
-            out.resize(before);
-            return false;
-        }
+        if (length < 2)
+            return std::string_view::npos;
         const char32_t point = decode(from, length);
         if (point < 0x10000) {
             *to++ = static_cast<char16_t>(point);
@@ -154,8 +150,16 @@ bool appendUtf16(std::string_view text, std::u16string& out)
         }
         from += length;
     }
-    out.resize(static_cast<std::size_t>(to - out.data()));
-    return true;
+    return static_cast<std::size_t>(to - out);
+}
+
+bool appendUtf16(std::string_view text, std::u16string& out)
+{
+    const std::size_t before = out.size();
+    out.resize(before + text.size());
+    const std::size_t length = toUtf16(text, out.data() + before);
+    out.resize(before + (length == std::string_view::npos ? 0 : length));
+    return length != std::string_view::npos;
 }
 
 std::size_t utf8Piece(std::string_view text, bool* cut)

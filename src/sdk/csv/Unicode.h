@@ -14,6 +14,10 @@ void appendUtf8(char32_t point, std::string& out);
 // Appends UTF-16 as UTF-8; a lone surrogate becomes U+FFFD.
 void appendUtf8(std::u16string_view text, std::string& out);
 
+// Writes UTF-8 as UTF-16 to `out`, which has room for as many units as the text has octets, and gives their number;
+// npos for text that is not well-formed or holds a zero.
+std::size_t toUtf16(std::string_view text, char16_t* out);
+
 // Appends UTF-8 as UTF-16. False, and `out` as it was, for text that is not well-formed or holds a zero.
 bool appendUtf16(std::string_view text, std::u16string& out);
 

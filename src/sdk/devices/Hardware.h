@@ -61,6 +61,11 @@ public:
     void spendReading(int memory, int records);
     void spendWriting(int memory);
 
+    // Whether the card promises room for a number of characters, whatever they are. The host knows that of its product
+    // and says so whenever it counts a text; its last word stands.
+    void setCountsUnits(bool units) { m_countsUnits.store(units, std::memory_order_relaxed); }
+    bool countsUnits() const { return m_countsUnits.load(std::memory_order_relaxed); }
+
     // Grows whenever a memory appears, disappears or changes its shape.
     std::uint64_t epoch() const { return m_epoch.load(std::memory_order_acquire); }
 
@@ -91,6 +96,7 @@ private:
     std::array<Delay, 2> m_delays;
     std::array<std::shared_ptr<const Profile>, 2> m_profiles;
     std::atomic<std::uint64_t> m_epoch{0};
+    std::atomic<bool> m_countsUnits{false};
 };
 
 } // namespace orva

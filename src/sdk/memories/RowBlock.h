@@ -40,6 +40,14 @@ public:
         m_ends.clear();
     }
 
+    // Makes room for what is about to come.
+    void reserve(std::size_t rows, std::size_t units)
+    {
+        m_ids.reserve(rows);
+        m_ends.reserve(rows * m_fields);
+        m_text.reserve(units);
+    }
+
     // Adds a row by its identifier, then exactly fields() values in order. Before that many the row does not count as
     // complete and must be taken back with dropRow().
     void beginRow(int id) { m_ids.push_back(id); }

@@ -16,7 +16,6 @@ constexpr int patience = 50;
 SimMemory::SimMemory(const std::string& folder, Hardware& hardware, int memory)
     : m_hardware(hardware),
       m_memory(memory),
-      m_lengthOf(memory == ORVA_MEMORY_CARD ? cardLength : plainLength),
       m_store(folder, memory == ORVA_MEMORY_CARD ? "card" : "device", {"name", "number", "home_phone", "email"})
 {
 }
@@ -73,7 +72,8 @@ Values SimMemory::readOne(int id)
 void SimMemory::requireWritable(const Values& values)
 {
     m_hardware.requireOpen(m_memory);
-    requireFit(*profile(), values, m_lengthOf);
+    const bool encoded = m_memory == ORVA_MEMORY_CARD && !m_hardware.countsUnits();
+    requireFit(*profile(), values, encoded ? cardLength : plainLength);
     m_hardware.spendWriting(m_memory);
 }
 

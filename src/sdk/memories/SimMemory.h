@@ -39,7 +39,6 @@ private:
 
     Hardware& m_hardware;
     const int m_memory;
-    const LengthOf m_lengthOf;
     Store m_store;
 };
 

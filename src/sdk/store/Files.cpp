@@ -124,7 +124,7 @@ std::string preparePrivateFolder(const std::string& path)
     const std::unique_ptr<char, decltype(&std::free)> resolved(::realpath(plain.c_str(), nullptr), &std::free);
     if (!resolved)
         failFile("finding the folder", plain);
-    const std::string real = resolved.get();
+    std::string real = resolved.get();
     // Through a descriptor, so that what is checked is what is changed.
     const OpenFile folder(::open(real.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
     struct stat state = {};

@@ -1,5 +1,7 @@
 #include "SelectSupport.h"
 
+#include <QToolTip>
+
 // The window around the tree: how it looks, and how it ends while the tree still fills.
 class SelectWindowTest : public SelectTestBase
 {
@@ -164,6 +166,26 @@ private slots:
                        QVERIFY(!Picker::ticked(ada));
                        QVERIFY(picker.chosen().isEmpty());
                        picker.access.ok()->click();
+                   });
+    }
+
+    void aNodesToolTipIsItsWholeText()
+    {
+        FakeSdk::addRecord(4, {QString(300, 'W'), "111"});
+        Picker picker;
+        picker.run([&] { return picker.access.filled(); },
+                   [&] {
+                       QTreeWidget* tree = picker.access.tree();
+                       const QRect rect = tree->visualItemRect(picker.access.localNode()->child(0));
+                       const QPoint position(40, rect.center().y());
+                       QHelpEvent over(QEvent::ToolTip, position, tree->viewport()->mapToGlobal(position));
+                       QApplication::sendEvent(tree->viewport(), &over);
+                       QCOMPARE(QToolTip::text(), QString(300, 'W'));
+                       const QPoint below(5, tree->viewport()->height() - 2);
+                       QHelpEvent beside(QEvent::ToolTip, below, tree->viewport()->mapToGlobal(below));
+                       QApplication::sendEvent(tree->viewport(), &beside);
+                       QTRY_VERIFY(!QToolTip::isVisible());
+                       picker.access.cancel()->click();
                    });
     }
 

@@ -45,6 +45,9 @@ struct AddrBookDlgAccess {
     QString searchText() const { return d->m_strSearchText; }
     QPointer<AddrBookWaitingDlg>& waitingDialog() const { return d->m_pdlgWaiting; }
     _ORVA_EN_PHONEBOOK_MEMORY& memory() const { return d->m_enMemory; }
+    int& group() const { return d->m_iGroupId; }
+    AddrBookRecord& record() const { return d->m_recordCurrent; }
+    _ORVA_EN_PHONEBOOK_MEMORY& dropMemory() const { return d->m_enDragTargetMemory; }
     _ORVA_EN_PHONEBOOK_MEMORY& dragSource() const { return d->m_enDragSourceMemory; }
     _ADDRBOOK_OPERATION_TYPE operation() const { return d->m_enOperation; }
     _ADDRBOOK_OPERATION_TYPE readMode() const { return d->m_enReadMode; }

@@ -255,6 +255,19 @@ TEST(aCardCountsANameAsItStoresIt)
     CHECK(tryAdd(device, {{"Name", Text(30, u'\x4e2d')}}) > 0);
 }
 
+TEST(aCardTakesNamesByTheCountOfACustomisedHost)
+{
+    useFreshFolder();
+    const Text varied = u"\x4e2d\x5e2d\x6e2d\x7e2d\x8e2d\x9e2d\x4e2d";
+    short length = 0;
+    CHECK_EQ(ORVA_PBSrv_PBContentCodingJudge(api(varied), 7, true, true, &length), ORVA_OK);
+    CHECK_EQ(length, 7);
+    CHECK(tryAdd(card, {{"Name", varied}}) > 0);
+    CHECK_EQ(tryAdd(card, {{"Name", Text(15, u'n')}}), -ORVA_E_TOO_LONG);
+    CHECK_EQ(ORVA_PBSrv_PBContentCodingJudge(api(varied), 7, true, false, &length), ORVA_OK);
+    CHECK_EQ(tryAdd(card, {{"Name", varied}}), -ORVA_E_TOO_LONG);
+}
+
 TEST(nullPointersAndWrongNumbersGiveACode)
 {
     useFreshFolder();

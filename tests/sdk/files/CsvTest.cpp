@@ -58,7 +58,7 @@ std::string titlesIn(std::string_view content)
 
 std::u16string cleaned(std::u16string text)
 {
-    cleanNumber(text);
+    text.resize(cleanNumber(text.data(), text.size()));
     return text;
 }
 

@@ -35,13 +35,13 @@ private slots:
 
 void TestHostDevice::init()
 {
-    // The default: a device with a card that is ready, radio on, in service.
-    QCOMPARE(ORVA_Sim_Reset(nullptr), 0L);
+    // A device with a card that is ready, radio on, in service.
     SimulatedHardware::SetDevice(true);
     SimulatedHardware::SetCard(true);
     SimulatedHardware::SetPinStatus(1);
     ORVA_Sim_SetRadio(1, 1);
     SimulatedHardware::SetNetwork(true);
+    SimulatedHardware::SetProductType(0);
     ORVA_Sim_WaitEvents();
 }
 

@@ -105,11 +105,13 @@ void TestHostLoader::aFileThatIsNoLibraryIsRefused()
 void TestHostLoader::aTruncatedLibraryIsRefused()
 {
     const QString strFile = m_pFolder->Add("StandInPlugin");
-    QVERIFY(QFile::resize(strFile, QFileInfo(strFile).size() / 2));
-    Problem problem;
-    QVERIFY(PluginLoader::Load(strFile, problem) == nullptr);
-    QCOMPARE(problem.strReasonId, QStringLiteral("IDS_HOST_PLUGIN_LOAD"));
-    QVERIFY(!problem.strDetail.isEmpty());
+    // Debug information stands behind what is loaded, so that a little may be missing.
+    foreach (const qint64 iSize, (QList<qint64>() << 20000 << 5000 << 100 << 40 << 4)) {
+        QVERIFY(QFile::resize(strFile, iSize));
+        Problem problem;
+        QVERIFY(PluginLoader::Load(strFile, problem) == nullptr);
+        QCOMPARE(problem.strReasonId, QStringLiteral("IDS_HOST_PLUGIN_NO_LIBRARY"));
+    }
 }
 
 void TestHostLoader::aFileThatOthersMayWriteIsRefused_data()

@@ -26,6 +26,7 @@ private slots:
     void aWidgetTellsTextAndPlace();
     void cellsOfATable();
     void nodesOfATree();
+    void headersOfATable();
     void hiddenRowsDoNotCount();
     void entriesOfAMenu();
     void specialCharactersAreEscaped();
@@ -116,6 +117,19 @@ void TestHostQueries::nodesOfATree()
     const QStringList lstCells = ask("cells\ttop/QTreeWidget");
     QCOMPARE(lstCells.size(), 2);
     QVERIFY(lstCells.at(1).startsWith("0/0\t0\tchild\t"));
+}
+
+void TestHostQueries::headersOfATable()
+{
+    m_pTable->setHorizontalHeaderLabels(QStringList() << "Name"
+                                                      << "Number");
+    const QStringList lstHeaders = ask("headers\ttop/table");
+    QCOMPARE(lstHeaders.size(), 2);
+    QVERIFY(lstHeaders.at(1).startsWith("1\tNumber\t"));
+    QCOMPARE(lstHeaders.at(0).section('\t', 4, 4).toInt(), m_pTable->columnWidth(0));
+    m_pTable->setColumnHidden(0, true);
+    QCOMPARE(ask("headers\ttop/table").size(), 1);
+    QCOMPARE(ask("headers\ttop"), QStringList("none"));
 }
 
 void TestHostQueries::hiddenRowsDoNotCount()

@@ -6,9 +6,9 @@
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTemporaryDir>
+#include <QTextEdit>
 #include <QToolButton>
 #include <QTreeWidget>
-#include <QTextEdit>
 #include <QtTest>
 
 #include "StandInFolder.h"
@@ -48,6 +48,8 @@ private slots:
     void choosingALanguageIsSignalled();
     void closingIsSignalled();
     void theStyleFollowsThePalette();
+    void linksCanBeReadOnAnyBackground_data();
+    void linksCanBeReadOnAnyBackground();
 
 private:
     void build(const QStringList& lstNames);
@@ -68,8 +70,16 @@ private:
 
 void TestHostWindow::init()
 {
-    QCOMPARE(ORVA_Sim_Reset(nullptr), 0L);
+    SimulatedHardware::SetDevice(true);
+    SimulatedHardware::SetCard(true);
+    SimulatedHardware::SetPinStatus(1);
+    ORVA_Sim_SetRadio(1, 1);
+    SimulatedHardware::SetNetwork(true);
+    ORVA_Sim_WaitEvents();
     m_pFolder.reset(new StandInFolder);
+    // The real texts.
+    QVERIFY(QFile::link(QString::fromLocal8Bit(qgetenv("LINKHAND_BUILD_DIR")) + "/languages",
+                        m_pFolder->Path() + "/languages"));
     m_pServices.reset(new Services(m_pFolder->Path(), m_pFolder->Path() + "/s.ini"));
     m_pServices->Publish();
     m_pOutbox.reset(new Outbox(m_pFolder->Path() + "/outbox.xml"));
@@ -247,13 +257,13 @@ void TestHostWindow::theStatusAreaShowsTheState()
 {
     build(QStringList());
     QLabel* pCard = find<QLabel>("linkhand_StatusArea_card");
-    QTRY_COMPARE(pCard->text(), QStringLiteral("IDS_HOST_STATUS_CARD"));
+    QTRY_COMPARE(pCard->text(), QStringLiteral("Card ready"));
     SimulatedHardware::SetPinStatus(2);
-    QTRY_COMPARE(pCard->text(), QStringLiteral("IDS_HOST_STATUS_CARD_LOCKED"));
+    QTRY_COMPARE(pCard->text(), QStringLiteral("Card locked"));
     SimulatedHardware::SetCard(false);
-    QTRY_COMPARE(pCard->text(), QStringLiteral("IDS_HOST_STATUS_NO_CARD"));
+    QTRY_COMPARE(pCard->text(), QStringLiteral("No card"));
     SimulatedHardware::SetDevice(false);
-    QTRY_COMPARE(find<QLabel>("linkhand_StatusArea_device")->text(), QStringLiteral("IDS_HOST_STATUS_NO_DEVICE"));
+    QTRY_COMPARE(find<QLabel>("linkhand_StatusArea_device")->text(), QStringLiteral("No device"));
     QVERIFY(!pCard->isVisible());
 }
 
@@ -314,6 +324,31 @@ void TestHostWindow::theStyleFollowsThePalette()
     QVERIFY(!StyleSheet::Build(light).contains('%'));
     m_pWindow->setPalette(dark);
     QCOMPARE(m_pWindow->styleSheet(), StyleSheet::Build(m_pWindow->palette()));
+}
+
+void TestHostWindow::linksCanBeReadOnAnyBackground_data()
+{
+    QTest::addColumn<QColor>("base");
+    QTest::addColumn<QColor>("link");
+    QTest::addColumn<bool>("kept");
+    QTest::newRow("Qt's blue on white") << QColor(Qt::white) << QColor(0, 0, 255) << true;
+    QTest::newRow("Qt's blue on black") << QColor(20, 20, 20) << QColor(0, 0, 255) << false;
+    QTest::newRow("light blue on black") << QColor(20, 20, 20) << QColor(120, 180, 255) << true;
+    QTest::newRow("light blue on white") << QColor(Qt::white) << QColor(120, 180, 255) << false;
+}
+
+void TestHostWindow::linksCanBeReadOnAnyBackground()
+{
+    QFETCH(QColor, base);
+    QFETCH(QColor, link);
+    QFETCH(bool, kept);
+    QPalette palette;
+    palette.setColor(QPalette::Base, base);
+    palette.setColor(QPalette::Link, link);
+    const QPalette legible = StyleSheet::WithLegibleLinks(palette);
+    QCOMPARE(legible.color(QPalette::Link) == link, kept);
+    QCOMPARE(legible.color(QPalette::Base), base);
+    QCOMPARE(StyleSheet::WithLegibleLinks(legible), legible);
 }
 
 QTEST_MAIN(TestHostWindow)

@@ -116,5 +116,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestFailures)
+QTEST_GUILESS_MAIN(TestFailures)
 #include "tst_failures.moc"

@@ -123,5 +123,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestFrame)
+QTEST_GUILESS_MAIN(TestFrame)
 #include "tst_frame.moc"

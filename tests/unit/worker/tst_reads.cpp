@@ -232,5 +232,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestReads)
+QTEST_GUILESS_MAIN(TestReads)
 #include "tst_reads.moc"

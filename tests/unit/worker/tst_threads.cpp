@@ -95,5 +95,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestThreads)
+QTEST_GUILESS_MAIN(TestThreads)
 #include "tst_threads.moc"

@@ -163,5 +163,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestTree)
+QTEST_GUILESS_MAIN(TestTree)
 #include "tst_tree.moc"

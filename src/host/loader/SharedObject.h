@@ -1,0 +1,15 @@
+#ifndef LINKHAND_HOST_SHAREDOBJECT_H
+#define LINKHAND_HOST_SHAREDOBJECT_H
+
+#include <QString>
+
+namespace SharedObject
+{
+
+// True if the file is a shared object of this machine's word size that holds all it claims to: the dynamic linker
+// maps a truncated one without a look, and the first touch behind its end kills the process.
+bool IsWhole(const QString& strFile);
+
+} // namespace SharedObject
+
+#endif // LINKHAND_HOST_SHAREDOBJECT_H
