@@ -268,8 +268,8 @@ private slots:
         f.build();
         FakeCore::clearNotices();
         f.window()->addImportedRecords(
-            PB_MEM_LOCAL, {record(99, {"Anna", "111", "222", "", "x@y", "z"}), record(98, {"Bert", "", "", "", "", ""})},
-            0);
+            PB_MEM_LOCAL,
+            {record(99, {"Anna", "111", "222", "", "x@y", "z"}), record(98, {"Bert", "", "", "", "", ""})}, 0);
         QVERIFY(Contacts::waitBatch(f));
         QCOMPARE(Contacts::pushes(), QStringList({"288 4 111", "288 4 222"}));
         QVERIFY(f.in().notifyRecords().isEmpty());
