@@ -16,8 +16,7 @@ public:
     // Copies lib<name>.so from the built ones and returns its path.
     QString Add(const QString& strName, const QString& strAs = QString())
     {
-        const QString strTarget =
-            Path() + QStringLiteral("/lib%1.so").arg(strAs.isEmpty() ? strName : strAs);
+        const QString strTarget = Path() + QStringLiteral("/lib%1.so").arg(strAs.isEmpty() ? strName : strAs);
         QFile::copy(QStringLiteral(STANDIN_FOLDER "/lib%1.so").arg(strName), strTarget);
         QFile::setPermissions(strTarget, QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::ReadOther);
         return strTarget;

@@ -141,13 +141,27 @@ void TestHostSettings::arguments_data()
     QTest::addColumn<QString>("screenshot");
     QTest::addColumn<QString>("error");
     const auto list = [](const char* pszWords) { return QString(pszWords).split(' ', Qt::SkipEmptyParts); };
-    QTest::newRow("none") << list("") << "" << "" << "";
-    QTest::newRow("two words") << list("--data-dir /x --screenshot y.png") << "/x" << "y.png" << "";
-    QTest::newRow("one word") << list("--data-dir=/x --screenshot=y.png") << "/x" << "y.png" << "";
-    QTest::newRow("no value") << list("--data-dir") << "" << "" << "option --data-dir needs a value";
-    QTest::newRow("empty value") << list("--screenshot=") << "" << "" << "option --screenshot needs a value";
-    QTest::newRow("unknown") << list("--frobnicate") << "" << "" << "unknown argument --frobnicate";
-    QTest::newRow("stray") << list("file.csv") << "" << "" << "unknown argument file.csv";
+    QTest::newRow("none") << list("") << ""
+                          << ""
+                          << "";
+    QTest::newRow("two words") << list("--data-dir /x --screenshot y.png") << "/x"
+                               << "y.png"
+                               << "";
+    QTest::newRow("one word") << list("--data-dir=/x --screenshot=y.png") << "/x"
+                              << "y.png"
+                              << "";
+    QTest::newRow("no value") << list("--data-dir") << ""
+                              << ""
+                              << "option --data-dir needs a value";
+    QTest::newRow("empty value") << list("--screenshot=") << ""
+                                 << ""
+                                 << "option --screenshot needs a value";
+    QTest::newRow("unknown") << list("--frobnicate") << ""
+                             << ""
+                             << "unknown argument --frobnicate";
+    QTest::newRow("stray") << list("file.csv") << ""
+                           << ""
+                           << "unknown argument file.csv";
 }
 
 void TestHostSettings::arguments()
