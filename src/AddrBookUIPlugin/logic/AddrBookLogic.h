@@ -110,7 +110,7 @@ signals:
 
 private:
     AddrBookLogic();
-    ~AddrBookLogic();
+    ~AddrBookLogic() override;
     Q_DISABLE_COPY(AddrBookLogic)
 
     int fetchFields(QList<AddrBookField>& lstFields, _ORVA_EN_PHONEBOOK_MEMORY enMemory);

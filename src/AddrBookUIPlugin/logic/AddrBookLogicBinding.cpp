@@ -1,6 +1,7 @@
 #include "linkhand/core/CommonUtils.h"
 #include "logic/AddrBookLogic.h"
 #include "logic/Log.h"
+#include "logic/QueuedEmit.h"
 
 // The callbacks of the SDK's four services, the signals made of their events, and the state of device and card.
 
@@ -48,8 +49,8 @@ int AddrBookLogic::OnDeviceMgrInitEvent(int enNotifyType, void* /*pvData*/)
         return 1;
     case 6002:
         ADDRBOOK_LOG("ORVA_EVENT_DEV_SIM_INVALID");
-        emit pLogic->signalNetStatus(false);
-        emit pLogic->signalSimStatus(false);
+        QUEUED_EMIT(pLogic->signalNetStatus(false));
+        QUEUED_EMIT(pLogic->signalSimStatus(false));
         return 1;
     case 6014:
     case 6601:
@@ -64,17 +65,17 @@ int AddrBookLogic::OnDeviceMgrInitEvent(int enNotifyType, void* /*pvData*/)
     case 20301:
         ADDRBOOK_LOG("ORVA_EVENT_PBM_EVENT_READY");
         m_bPbServiceReady = true;
-        emit pLogic->signalDeviceConnected(true);
+        QUEUED_EMIT(pLogic->signalDeviceConnected(true));
         return 1;
     case 20302:
         ADDRBOOK_LOG("ORVA_EVENT_PBM_EVENT_SIM_READY");
         m_bPbServiceReady = true;
-        emit pLogic->signalAddrBookSimReady();
+        QUEUED_EMIT(pLogic->signalAddrBookSimReady());
         return 1;
     case 20303:
         ADDRBOOK_LOG("ORVA_EVENT_PBM_EVENT_NV_READY");
         m_bPbServiceReady = true;
-        emit pLogic->signalAddrBookDeviceReady();
+        QUEUED_EMIT(pLogic->signalAddrBookDeviceReady());
         return 1;
     default:
         return 0;
@@ -88,11 +89,12 @@ void AddrBookLogic::signalDeviceState()
     long lResult = 0;
     SDK_CALL(lResult, ORVA_DevSrv_GetDevStatus, (&iStatus));
     if (lResult == 0 && iStatus == g_iDevStatusAvailable) {
-        emit signalDeviceConnected(true);
-        emit signalNetStatus(GetSystemModeStatus());
+        QUEUED_EMIT(signalDeviceConnected(true));
+        const bool bInService = GetSystemModeStatus();
+        QUEUED_EMIT(signalNetStatus(bInService));
     } else {
-        emit signalNetStatus(false);
-        emit signalDeviceConnected(false);
+        QUEUED_EMIT(signalNetStatus(false));
+        QUEUED_EMIT(signalDeviceConnected(false));
     }
 }
 
@@ -102,7 +104,7 @@ void AddrBookLogic::signalRadioState()
     long lResult = 0;
     SDK_CALL(lResult, ORVA_DevSrv_GetRFSwitch, (aiStates));
     if (lResult == 0)
-        emit signalNetStatus(aiStates[0] == 1 && aiStates[1] == 1);
+        QUEUED_EMIT(signalNetStatus(aiStates[0] == 1 && aiStates[1] == 1));
 }
 
 bool AddrBookLogic::PbServiceReady()

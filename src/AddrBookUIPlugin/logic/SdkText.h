@@ -11,7 +11,7 @@ inline QString takeSdkText(unsigned short*& pBuffer)
 {
     if (pBuffer == nullptr)
         return QString();
-    const QString strText = QString::fromUtf16(pBuffer, -1);
+    QString strText = QString::fromUtf16(pBuffer, -1);
     delete[] pBuffer;
     pBuffer = nullptr;
     return strText;

@@ -286,12 +286,15 @@ public slots:
     void OnRemoveContactFromGroup(int iType, int iRecordId, int iGroupId);
 
 private:
+    int runForm(AddrBookEditDlg& dlgEdit);
+    bool isRowOf(const QTableWidgetItem* pItem, _ORVA_EN_PHONEBOOK_MEMORY enMemory) const;
     void showNewContact(const AddrBookRecord& record);
     void showChangedContact(_ORVA_EN_PHONEBOOK_MEMORY enMemory, const AddrBookRecord& record);
     bool passesSearch(const AddrBookRecord& record) const;
     bool capacityCache(_ORVA_EN_PHONEBOOK_MEMORY enType, int*& piUsed, int*& piTotal);
     void releaseOrphanedBatch();
     bool retireBatch();
+    bool makeRoomForBatch();
 
     // ---- Groups (AddrBookDlgGroups.cpp) ----------------------------------------------------------------------------
 public:

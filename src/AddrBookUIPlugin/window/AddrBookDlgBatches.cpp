@@ -24,7 +24,10 @@ void AddrBookDlg::handleMultipleContact(_ADDRBOOK_OPERATION_TYPE enOperation)
     const QList<QTableWidgetSelectionRange> lstRanges = m_ptableContacts->selectedRanges();
     for (int i = lstRanges.size() - 1; i >= 0; --i) {
         for (int iRow = lstRanges.at(i).topRow(); iRow <= lstRanges.at(i).bottomRow(); ++iRow) {
-            getContactInfoFromSDK(m_ptableContacts->item(iRow, 0), m_recordCurrent);
+            QTableWidgetItem* pitem = m_ptableContacts->item(iRow, 0);
+            if (!isRowOf(pitem, m_enMemory))
+                continue;
+            getContactInfoFromSDK(pitem, m_recordCurrent);
             lstRecords.append(m_recordCurrent);
         }
     }
@@ -34,8 +37,8 @@ void AddrBookDlg::handleMultipleContact(_ADDRBOOK_OPERATION_TYPE enOperation)
         connectHandlersForTable();
         return;
     }
-    if (retireBatch() && m_ptableContacts != nullptr)
-        QObject::disconnect(m_ptableContacts, nullptr, nullptr, nullptr);
+    if (!makeRoomForBatch())
+        return;
     copyContactsForPushNotify(lstRecords, m_enMemory);
     m_threadWorker.StopOperation();
     m_enOperation = enOperation;
@@ -91,8 +94,11 @@ void AddrBookDlg::OnAddResult(bool bSuccess, qlonglong iPtrRecord)
         copyContactsForPushNotify(lstRecords, m_enMemory);
         sendNotifyToSMS(pRecord->iID, 288);
         checkMaxCapWithLocals(m_enMemory, ADDRBOOK_OP_ADD);
+        const QPointer<AddrBookDlg> pSelf(this);
         if (!m_bNewContactEnabled)
             stopAtFullMemory();
+        if (pSelf.isNull())
+            return;
     }
     if (m_pdlgWaiting != nullptr && m_pdlgWaiting->GetProgressDlgCancelStatus())
         m_threadWorker.StopOperation();
@@ -127,6 +133,7 @@ void AddrBookDlg::OnFinished()
         m_pitemCurrentTreeWidgetItem = nullptr;
         OnTreeClicked(pitem);
     }
+    const QPointer<AddrBookDlg> pSelf(this);
     if (m_enOperation == ADDRBOOK_OP_IMPORT) {
         const QString strText = tr(QLatin1String("IDS_IMPORT_TOTAL_NUMBER")) + QString::number(m_iTotalRowCount) +
                                 tr(QLatin1String("IDS_IMPORT_IMPORTED_NUMBER")) + QString::number(m_iSuccessRowCount);
@@ -134,6 +141,9 @@ void AddrBookDlg::OnFinished()
     } else if (m_enOperation == ADDRBOOK_OP_COPY || m_enOperation == ADDRBOOK_OP_MOVE) {
         showCopyCompletedAlert(m_iTotalRowCount, m_iSuccessRowCount);
     }
+    // The window may go while the box is open.
+    if (pSelf.isNull())
+        return;
     m_iTotalRowCount = 0;
     m_iProcessedRowCount = 0;
     m_iSuccessRowCount = 0;
@@ -174,12 +184,29 @@ bool AddrBookDlg::retireBatch()
     if (!m_bThreadBusy)
         return false;
     m_threadWorker.StopOperation();
-    while (m_threadWorker.isRunning()) {
+    // Waited for, since isRunning() turns false a moment before "finished" is sent.
+    while (!m_threadWorker.wait(1))
         m_threadWorker.SetSlotExecutionStatus();
-        m_threadWorker.wait(1);
-    }
     QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);
     return true;
+}
+
+// Retires the batch before the one that is about to start. Its end reads memory and group from the tree and reloads the
+// table: the new batch keeps its own, and the new table is deaf too. False if the new batch cannot run.
+bool AddrBookDlg::makeRoomForBatch()
+{
+    const _ORVA_EN_PHONEBOOK_MEMORY enMemory = m_enMemory;
+    const int iGroupId = m_iGroupId;
+    const QPointer<AddrBookDlg> pSelf(this);
+    if (!retireBatch())
+        return true;
+    if (pSelf.isNull())
+        return false;
+    m_enMemory = enMemory;
+    m_iGroupId = iGroupId;
+    if (m_ptableContacts != nullptr)
+        QObject::disconnect(m_ptableContacts, nullptr, nullptr, nullptr);
+    return isSimorDeviceNodeExist();
 }
 
 void AddrBookDlg::copyContactsForPushNotify(QList<AddrBookRecord> lstRecords, _ORVA_EN_PHONEBOOK_MEMORY enMemory)

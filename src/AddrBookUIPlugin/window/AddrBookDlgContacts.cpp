@@ -38,7 +38,7 @@ void AddrBookDlg::OnButtonClickedNewContact()
     pdlgEdit->InitDialog(this, m_iGroupId, m_enMemory, m_enOperation);
     pdlgEdit->setRegEx();
     pdlgEdit->SetWindowTitle(tr(QLatin1String("IDS_ADD_RECORD_INFO")));
-    if (pdlgEdit->Exec() == 0) {
+    if (runForm(*pdlgEdit) == 0) {
         OnOKBtnClickedNewEditContact(pdlgEdit.data());
         SavePBInfoForAgent(QLatin1String("PB01"), QLatin1String("PBisUsing"), QLatin1String("1"));
     }
@@ -54,7 +54,7 @@ void AddrBookDlg::OnButtonClickedEditContact()
     if (m_ptableContacts == nullptr || m_pAddrBookLogic == nullptr)
         return;
     QTableWidgetItem* pitem = m_ptableContacts->selectedItems().value(0);
-    if (pitem == nullptr)
+    if (pitem == nullptr || !isRowOf(pitem, m_enMemory))
         return;
     QList<QString> lstNames;
     m_pAddrBookLogic->GetFieldNames(m_enMemory, lstNames);
@@ -69,10 +69,13 @@ void AddrBookDlg::OnButtonClickedEditContact()
     pdlgEdit->SetEditCotactDetails(m_recordCurrent);
     pdlgEdit->setRegEx();
     m_enOperation = ADDRBOOK_OP_EDIT;
-    if (pdlgEdit->Exec() == 0) {
+    const QPointer<AddrBookDlg> pSelf(this);
+    if (runForm(*pdlgEdit) == 0) {
         SavePBInfoForAgent(QLatin1String("PB01"), QLatin1String("PBisUsing"), QLatin1String("1"));
         OnOKBtnClickedNewEditContact(pdlgEdit.data());
     }
+    if (pSelf.isNull())
+        return;
     // The sort may have moved the row.
     if (m_ptableContacts != nullptr && !m_ptableContacts->selectedItems().isEmpty())
         m_ptableContacts->setCurrentItem(m_ptableContacts->selectedItems().first());
@@ -98,10 +101,29 @@ int AddrBookDlg::SaveNumberToAddrBook(QString strNumber, QWidget* pParent)
     pdlgEdit->SetEditCotactDetails(m_recordCurrent);
     pdlgEdit->setRegEx();
     pdlgEdit->SetOKButtonTrue();
-    if (pdlgEdit->Exec() == 0)
+    if (runForm(*pdlgEdit) == 0)
         OnOKBtnClickedNewEditContact(pdlgEdit.data());
     ADDRBOOK_LOG_EXIT();
     return 1;
+}
+
+// Runs the form: 0 if the contact was saved. A batch that ends while the form is open resets what the flow works on, so
+// that a saved contact gets it back. With any other result the window may have gone.
+int AddrBookDlg::runForm(AddrBookEditDlg& dlgEdit)
+{
+    const _ADDRBOOK_OPERATION_TYPE enOperation = m_enOperation;
+    const _ORVA_EN_PHONEBOOK_MEMORY enMemory = m_enMemory;
+    const int iGroupId = m_iGroupId;
+    const QPointer<AddrBookDlg> pSelf(this);
+    const int iResult = dlgEdit.Exec();
+    if (pSelf.isNull())
+        return -1;
+    if (iResult == 0) {
+        m_enOperation = enOperation;
+        m_enMemory = enMemory;
+        m_iGroupId = iGroupId;
+    }
+    return iResult;
 }
 
 void AddrBookDlg::OnOKBtnClickedNewEditContact(AddrBookEditDlg* pAddrBookEditDlg)
@@ -141,10 +163,12 @@ void AddrBookDlg::showNewContact(const AddrBookRecord& record)
     if (m_bSearchBoxShown && !passesSearch(record))
         return;
     int iRow = 0;
+    // Off while a read runs, up to the read's end: a row must not move while its cells arrive.
+    const bool bSort = m_ptableContacts->isSortingEnabled();
     m_ptableContacts->setSortingEnabled(false);
     addContactToTable(m_enMemory, record, m_iGroupId, iRow);
     m_ptableContacts->selectRow(iRow);
-    m_ptableContacts->setSortingEnabled(true);
+    m_ptableContacts->setSortingEnabled(bSort);
     m_ptableContacts->repaint();
     const QList<QTableWidgetItem*> lstSelected = m_ptableContacts->selectedItems();
     if (!lstSelected.isEmpty())
@@ -153,9 +177,10 @@ void AddrBookDlg::showNewContact(const AddrBookRecord& record)
 
 void AddrBookDlg::showChangedContact(_ORVA_EN_PHONEBOOK_MEMORY enMemory, const AddrBookRecord& record)
 {
+    const bool bSort = m_ptableContacts->isSortingEnabled();
     m_ptableContacts->setSortingEnabled(false);
     setTableContent(enMemory, record);
-    m_ptableContacts->setSortingEnabled(true);
+    m_ptableContacts->setSortingEnabled(bSort);
 }
 
 bool AddrBookDlg::passesSearch(const AddrBookRecord& record) const
@@ -187,15 +212,24 @@ void AddrBookDlg::getContactInfoFromSDK(QTableWidgetItem* pitem, AddrBookRecord&
         m_pAddrBookLogic->GetRecord(pData->enType, pData->iRecordID, record.lstValues);
 }
 
+// False for a row that names no contact, and for one left over from a memory whose node has gone: its identifier means
+// somebody else in the current one.
+bool AddrBookDlg::isRowOf(const QTableWidgetItem* pitem, _ORVA_EN_PHONEBOOK_MEMORY enMemory) const
+{
+    const TableRowData* pData = tableRowData(pitem);
+    return pData != nullptr && pData->enType == enMemory;
+}
+
 void AddrBookDlg::OnButtonClickedDeleteContact()
 {
     ADDRBOOK_LOG_ENTER();
     getGroupId(m_enMemory, m_iGroupId);
+    const QPointer<AddrBookDlg> pSelf(this);
     const int iAnswer = CommonUtils::ShowMessage(
         QMessageBox::Question, this, tr(QLatin1String("IDS_PROMPT_CAPTION")),
         tr(QLatin1String("IDS_FLEXIT_UI_DELETE_ITEM")), QLatin1String("IDS_OK"), QLatin1String("IDS_CANCEL"),
         QLatin1String(""), false, Qt::WindowCloseButtonHint, nullptr, QLatin1String(""), true);
-    if (iAnswer == QMessageBox::Ok)
+    if (iAnswer == QMessageBox::Ok && !pSelf.isNull())
         handleMultipleContact(ADDRBOOK_OP_DELETE);
     ADDRBOOK_LOG_EXIT();
 }
@@ -222,11 +256,10 @@ void AddrBookDlg::enableDisableNewContact(int iTotal, int iUsed)
 
 void AddrBookDlg::checkMaxCapacity(_ORVA_EN_PHONEBOOK_MEMORY enType, bool bRefresh)
 {
-    if (m_pAddrBookLogic == nullptr)
-        return;
     int iTotal = 0;
     int iUsed = 0;
-    m_pAddrBookLogic->GetAddrCapacity(enType, iTotal, iUsed);
+    if (m_pAddrBookLogic != nullptr)
+        m_pAddrBookLogic->GetAddrCapacity(enType, iTotal, iUsed);
     int* piUsed = nullptr;
     int* piTotal = nullptr;
     if (bRefresh && capacityCache(enType, piUsed, piTotal)) {

@@ -4,6 +4,7 @@
 
 #include "linkhand/core/CommonUtils.h"
 #include "logic/Log.h"
+#include "logic/QueuedEmit.h"
 
 AddrBookThread::AddrBookThread(QObject* pParent)
     : QThread(pParent),
@@ -163,4 +164,5 @@ void AddrBookThread::run()
     }
     m_iRuns.fetch_add(1, std::memory_order_release);
     CommonUtils::ThreadCountDec(strFile, strFunction);
+    QUEUED_EMIT_FINISHED();
 }

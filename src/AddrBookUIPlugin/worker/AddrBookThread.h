@@ -18,6 +18,9 @@
 // qlonglong (see PointerCarrier.h); the slot that receives a heap record owns it.
 //
 // The changing operations wait after each record's result for SetSlotExecutionStatus; the reading ones do not.
+// A receiver that goes away takes what is still on its way to it first, when the worker has ended:
+// QCoreApplication::sendPostedEvents(this, QEvent::MetaCall) in its destructor.
+//
 // To end a worker: StopOperation, SetSlotExecutionStatus, wait. The destructor and the setters do that with one that
 // still runs, so that neither the object nor its lists go away under it.
 class AddrBookThread : public QThread
@@ -26,7 +29,7 @@ class AddrBookThread : public QThread
 
 public:
     explicit AddrBookThread(QObject* pParent = nullptr);
-    ~AddrBookThread();
+    ~AddrBookThread() override;
 
     // Setters, on the user-interface thread. Each clears a stop request.
     void SetOperation(_ADDRBOOK_OPERATION_TYPE enOperation, _ORVA_EN_PHONEBOOK_MEMORY enMemory,

@@ -8,6 +8,7 @@
 #include "logic/AddrBookLogic.h"
 #include "logic/Log.h"
 #include "logic/PointerCarrier.h"
+#include "logic/QueuedEmit.h"
 #include "logic/SdkText.h"
 #include "worker/AddrBookThread.h"
 
@@ -66,8 +67,8 @@ bool AddrBookThread::delStep(const AddrBookRecord& record)
 {
     const int iResult = AddrBookLogic::Instance()->DelRecord(m_enMemory, record.iID);
     if (iResult == ADDRBOOK_OK && !CommonUtils::IsShuttingDown())
-        emit deleteSelectDialogContact(m_enMemory, record.iID);
-    emit delResult(iResult == ADDRBOOK_OK, record.iID);
+        QUEUED_EMIT(deleteSelectDialogContact(m_enMemory, record.iID));
+    QUEUED_EMIT(delResult(iResult == ADDRBOOK_OK, record.iID));
     return true;
 }
 
@@ -76,8 +77,8 @@ bool AddrBookThread::removeFromGroupStep(const AddrBookRecord& record)
     const int iResult = AddrBookLogic::Instance()->RemoveAddrFromGroup(PB_MEM_LOCAL, record.iID, m_iGroupId);
     // Sent whether or not the removal succeeded.
     if (!CommonUtils::IsShuttingDown())
-        emit removeContactFromGroup(PB_MEM_LOCAL, record.iID, m_iGroupId);
-    emit delResult(iResult == ADDRBOOK_OK, record.iID);
+        QUEUED_EMIT(removeContactFromGroup(PB_MEM_LOCAL, record.iID, m_iGroupId));
+    QUEUED_EMIT(delResult(iResult == ADDRBOOK_OK, record.iID));
     return true;
 }
 
@@ -102,7 +103,7 @@ bool AddrBookThread::addStep(const AddrBookRecord& record)
         bOk = iResult == ADDRBOOK_OK; // the record stays, though it is reported as failed
     }
     if (bOk && !CommonUtils::IsShuttingDown())
-        emit addSelectDialogContact(m_enMemory, iNewId, m_iGroupId);
+        QUEUED_EMIT(addSelectDialogContact(m_enMemory, iNewId, m_iGroupId));
     reportAdd(bOk, pCopy);
     return true;
 }
@@ -112,7 +113,7 @@ void AddrBookThread::reportAdd(bool bResult, AddrBookRecord* pCopy)
     std::unique_ptr<AddrBookRecord> pOwned(pCopy);
     const std::lock_guard<std::mutex> locker(m_mutexHandOver);
     if (!CommonUtils::IsShuttingDown() && receivers(SIGNAL(addResult(bool, qlonglong))) > 0)
-        emit addResult(bResult, pointerToCarrier(pOwned.release()));
+        QUEUED_EMIT(addResult(bResult, pointerToCarrier(pOwned.release())));
 }
 
 void AddrBookThread::moveThreadFun()
@@ -139,7 +140,7 @@ bool AddrBookThread::moveStep(const AddrBookRecord& record)
         bOk = iResult == ADDRBOOK_OK;
     }
     if (bOk && !CommonUtils::IsShuttingDown())
-        emit addSelectDialogContact(m_enTargetMemory, iNewId, m_iGroupId);
+        QUEUED_EMIT(addSelectDialogContact(m_enTargetMemory, iNewId, m_iGroupId));
     reportMove(bOk, pCopy);
     return true;
 }
@@ -149,5 +150,5 @@ void AddrBookThread::reportMove(bool bResult, AddrBookRecord* pCopy)
     std::unique_ptr<AddrBookRecord> pOwned(pCopy);
     const std::lock_guard<std::mutex> locker(m_mutexHandOver);
     if (!CommonUtils::IsShuttingDown() && receivers(SIGNAL(moveResult(bool, qlonglong))) > 0)
-        emit moveResult(bResult, pointerToCarrier(pOwned.release()));
+        QUEUED_EMIT(moveResult(bResult, pointerToCarrier(pOwned.release())));
 }

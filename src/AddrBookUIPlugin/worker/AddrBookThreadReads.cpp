@@ -7,6 +7,7 @@
 #include "logic/AddrBookLogic.h"
 #include "logic/Log.h"
 #include "logic/PointerCarrier.h"
+#include "logic/QueuedEmit.h"
 #include "logic/RecordReader.h"
 #include "logic/SdkHandle.h"
 #include "logic/SdkText.h"
@@ -106,7 +107,7 @@ void AddrBookThread::handOverContact(const AddrBookRecord& record, _ORVA_EN_PHON
         return;
     AddrBookRecord* const pCopy = new (std::nothrow) AddrBookRecord(record);
     if (pCopy != nullptr)
-        emit addContacts(enMemory, pointerToCarrier(pCopy), iGroupId, iRow, iFieldCount);
+        QUEUED_EMIT(addContacts(enMemory, pointerToCarrier(pCopy), iGroupId, iRow, iFieldCount));
 }
 
 int AddrBookThread::getRecordInRoot(QList<AddrBookRecord>& lstRecords, _ORVA_EN_PHONEBOOK_MEMORY enMemory, int iGroupId,

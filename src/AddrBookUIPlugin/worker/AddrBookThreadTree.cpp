@@ -5,6 +5,7 @@
 #include "linkhand/core/CommonUtils.h"
 #include "logic/AddrBookLogic.h"
 #include "logic/PointerCarrier.h"
+#include "logic/QueuedEmit.h"
 #include "worker/AddrBookThread.h"
 
 // Reading for the select-contacts tree: a memory's contacts, the groups with their members, and the rest.
@@ -25,7 +26,8 @@ void AddrBookThread::addTreeNodes()
         AddrBookRecord* const pCopy = new (std::nothrow) AddrBookRecord(lstRecords.at(i));
         if (pCopy == nullptr)
             return;
-        emit signalAddSimOrNvTreeNodes(m_enMemory, pointerToCarrier(pCopy), pointerToCarrier(m_pitemTreeNode), i);
+        QUEUED_EMIT(
+            signalAddSimOrNvTreeNodes(m_enMemory, pointerToCarrier(pCopy), pointerToCarrier(m_pitemTreeNode), i));
     }
 }
 
@@ -54,7 +56,7 @@ void AddrBookThread::handOverGroup(const AddrBookGroup& group)
         return;
     AddrBookGroup* const pCopy = new (std::nothrow) AddrBookGroup(group);
     if (pCopy != nullptr)
-        emit signalAddGroupsToTree(m_enMemory, pointerToCarrier(pCopy));
+        QUEUED_EMIT(signalAddGroupsToTree(m_enMemory, pointerToCarrier(pCopy)));
 }
 
 void AddrBookThread::handOverMember(const AddrBookGroup* pGroup, const AddrBookRecord& record)
@@ -64,7 +66,7 @@ void AddrBookThread::handOverMember(const AddrBookGroup* pGroup, const AddrBookR
         return;
     AddrBookRecord* const pCopy = new (std::nothrow) AddrBookRecord(record);
     if (pCopy != nullptr)
-        emit signalAddContactGroups(m_enMemory, pointerToCarrier(pGroup), pointerToCarrier(pCopy));
+        QUEUED_EMIT(signalAddContactGroups(m_enMemory, pointerToCarrier(pGroup), pointerToCarrier(pCopy)));
 }
 
 // One pass for all members of a group, so that a large group in a large memory does not cost their product.
@@ -94,6 +96,6 @@ void AddrBookThread::addContactsToTree()
     for (int i = 0; i < m_listLocalRecords.size(); ++i) {
         if (isToEnd())
             return;
-        emit signalAddContactsToTree(i);
+        QUEUED_EMIT(signalAddContactsToTree(i));
     }
 }

@@ -1,5 +1,6 @@
 #include "window/MainWindow.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QShortcut>
@@ -151,7 +152,7 @@ void MainWindow::closeEvent(QCloseEvent* pEvent)
 void MainWindow::changeEvent(QEvent* pEvent)
 {
     QMainWindow::changeEvent(pEvent);
-    if (pEvent->type() == QEvent::PaletteChange) {
+    if (pEvent->type() == QEvent::PaletteChange || pEvent->type() == QEvent::ApplicationPaletteChange) {
         applyStyle();
     }
 }
@@ -203,7 +204,11 @@ void MainWindow::addPluginPage(const QString& strName)
 
 void MainWindow::applyStyle()
 {
-    // Setting a style sheet sends a change of palette itself.
+    // Both setters send a change of palette themselves.
+    const QPalette legible = StyleSheet::WithLegibleLinks(QApplication::palette());
+    if (legible != QApplication::palette()) {
+        QApplication::setPalette(legible);
+    }
     const QString strRules = StyleSheet::Build(palette());
     if (strRules != styleSheet()) {
         setStyleSheet(strRules);

@@ -24,7 +24,10 @@ NavButton::NavButton(Glyphs::Glyph enGlyph, QWidget* pParent) : QAbstractButton(
     setCheckable(true);
     setFocusPolicy(Qt::TabFocus);
     QFont smaller = font();
-    smaller.setPointSizeF(smaller.pointSizeF() * WORD_SIZE);
+    // A font that is told in pixels has no point size.
+    if (smaller.pointSizeF() > 0) {
+        smaller.setPointSizeF(smaller.pointSizeF() * WORD_SIZE);
+    }
     setFont(smaller);
 }
 

@@ -2,6 +2,8 @@
 
 #include <QColor>
 
+#include <cmath>
+
 namespace
 {
 
@@ -11,6 +13,24 @@ QColor mix(const QColor& one, const QColor& other, qreal fOther)
                             one.greenF() + (other.greenF() - one.greenF()) * fOther,
                             one.blueF() + (other.blueF() - one.blueF()) * fOther);
 }
+
+// Relative luminance and contrast as WCAG 2.1 defines them.
+qreal luminance(const QColor& color)
+{
+    const auto linear = [](qreal fPart) {
+        return fPart <= 0.03928 ? fPart / 12.92 : std::pow((fPart + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
+}
+
+qreal contrast(const QColor& one, const QColor& other)
+{
+    const qreal fOne = luminance(one) + 0.05;
+    const qreal fOther = luminance(other) + 0.05;
+    return fOne > fOther ? fOne / fOther : fOther / fOne;
+}
+
+const qreal LEAST_CONTRAST = 4.5; // WCAG 2.1, level AA
 
 const char* const RULES =
     "#linkhand_NavBar { background: %bar%; border: none; }"
@@ -41,4 +61,16 @@ QString StyleSheet::Build(const QPalette& palette)
     strRules.replace(QLatin1String("%quiet%"), mix(text, window, 0.35).name());
     strRules.replace(QLatin1String("%text%"), text.name());
     return strRules;
+}
+
+QPalette StyleSheet::WithLegibleLinks(QPalette palette)
+{
+    const QColor base = palette.color(QPalette::Base);
+    for (const QPalette::ColorRole enRole : {QPalette::Link, QPalette::LinkVisited}) {
+        if (contrast(palette.color(enRole), base) < LEAST_CONTRAST) {
+            const bool bDark = luminance(base) < 0.2;
+            palette.setColor(enRole, bDark ? QColor(0x7a, 0xb8, 0xf5) : QColor(0x05, 0x50, 0xae));
+        }
+    }
+    return palette;
 }

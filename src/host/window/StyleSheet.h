@@ -10,6 +10,9 @@ namespace StyleSheet
 
 QString Build(const QPalette& palette);
 
+// The palette with a link colour that can be read on its background; some dark themes leave Qt's dark blue.
+QPalette WithLegibleLinks(QPalette palette);
+
 } // namespace StyleSheet
 
 #endif // LINKHAND_HOST_STYLESHEET_H

@@ -1,7 +1,8 @@
 #include "api/Library.h"
 
+#include <atomic>
+#include <chrono>
 #include <mutex>
-#include <shared_mutex>
 
 #include "api/Handles.h"
 #include "devices/Hardware.h"
@@ -68,13 +69,21 @@ Library& library()
     return *made;
 }
 
-// Commits what is open when the process ends in good order.
+// How long the process's end waits for a callback that runs.
+constexpr std::chrono::milliseconds patienceAtEnd(1000);
+
+// Commits and closes when the process ends in good order. What the library is made of stays: a callback or another
+// thread may still be at it.
 struct AtEnd {
     ~AtEnd()
     {
-        Global& all = global();
-        const std::lock_guard<std::mutex> lock(all.mutex);
-        delete all.library.exchange(nullptr);
+        Library* const all = global().library.load();
+        if (all == nullptr)
+            return;
+        all->events.stop(patienceAtEnd);
+        all->local.store().shutDown();
+        all->card.store().shutDown();
+        all->device.store().shutDown();
     }
 };
 

@@ -26,13 +26,19 @@ EventHub::~EventHub()
         m_stop = true;
     }
     m_posted.notify_all();
-    if (!m_thread.joinable())
-        return;
-    // A callback that ends the process is on the thread itself, which nobody can wait for then.
-    if (onEventThread())
-        m_thread.detach();
-    else
+    if (m_thread.joinable())
         m_thread.join();
+}
+
+bool EventHub::stop(std::chrono::milliseconds atMost)
+{
+    std::unique_lock<std::mutex> lock(m_mutex);
+    m_stop = true;
+    m_posted.notify_all();
+    if (onEventThread())
+        return false;
+    const auto until = std::chrono::steady_clock::now() + atMost;
+    return !m_thread.joinable() || m_delivered.wait_until(lock, until, [&] { return m_left; });
 }
 
 void EventHub::add(Service service, ORVA_CALLBACK callback)
@@ -94,32 +100,38 @@ void EventHub::deliver()
     for (;;) {
         m_posted.wait(lock, [&] { return m_stop || !m_queue.empty(); });
         if (m_stop)
-            return;
+            break;
         const int event = m_queue.front();
         m_queue.pop_front();
-        const Service service = serviceOf(event);
-        const std::vector<ORVA_CALLBACK>& callbacks = m_callbacks[static_cast<std::size_t>(service)];
-        // Those who are registered now; who is removed while another one runs is not called any more.
-        const std::vector<ORVA_CALLBACK> chosen = callbacks;
-        for (const ORVA_CALLBACK callback : chosen) {
-            if (m_stop)
-                return;
-            if (std::find(callbacks.begin(), callbacks.end(), callback) == callbacks.end())
-                continue;
-            m_running = callback;
-            m_runningService = service;
-            lock.unlock();
-            try {
-                callback(event, nullptr);
-            } catch (const std::exception& failure) {
-                // A client's mistake must not end the process from here.
-                logFormat("a callback threw: %s", failure.what());
-            }
-            lock.lock();
-            m_running = nullptr;
-            m_delivered.notify_all();
-        }
+        deliverTo(serviceOf(event), event, lock);
         ++m_deliveredCount;
+        m_delivered.notify_all();
+    }
+    m_left = true;
+    m_delivered.notify_all();
+}
+
+void EventHub::deliverTo(Service service, int event, std::unique_lock<std::mutex>& lock)
+{
+    const std::vector<ORVA_CALLBACK>& callbacks = m_callbacks[static_cast<std::size_t>(service)];
+    // Those who are registered now; who is removed while another one runs is not called any more.
+    const std::vector<ORVA_CALLBACK> chosen = callbacks;
+    for (const ORVA_CALLBACK callback : chosen) {
+        if (m_stop)
+            return;
+        if (std::find(callbacks.begin(), callbacks.end(), callback) == callbacks.end())
+            continue;
+        m_running = callback;
+        m_runningService = service;
+        lock.unlock();
+        try {
+            callback(event, nullptr);
+        } catch (const std::exception& failure) {
+            // A client's mistake must not end the process from here.
+            logFormat("a callback threw: %s", failure.what());
+        }
+        lock.lock();
+        m_running = nullptr;
         m_delivered.notify_all();
     }
 }

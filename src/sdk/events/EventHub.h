@@ -3,6 +3,7 @@
 
 #include <array>
 #include <atomic>
+#include <chrono>
 #include <condition_variable>
 #include <cstdint>
 #include <deque>
@@ -31,7 +32,7 @@ class EventHub
 public:
     EventHub() = default;
 
-    // Lets a running callback end and drops what is still to be delivered. Not from within a callback.
+    // Not from within a callback; waits for a running one.
     ~EventHub();
     EventHub(const EventHub&) = delete;
     EventHub& operator=(const EventHub&) = delete;
@@ -47,10 +48,15 @@ public:
     // Waits until everything posted before has been delivered. False from within a callback.
     bool drain();
 
+    // Drops what is still to be delivered and waits until no callback runs any more. False if one still does after that
+    // time, or if it is a callback that asks. For good.
+    bool stop(std::chrono::milliseconds atMost);
+
     bool onEventThread() const;
 
 private:
     void deliver();
+    void deliverTo(Service service, int event, std::unique_lock<std::mutex>& lock);
 
     mutable std::mutex m_mutex;
     std::condition_variable m_posted;    // for the thread
@@ -62,6 +68,7 @@ private:
     ORVA_CALLBACK m_running = nullptr;
     Service m_runningService = Service::Network;
     bool m_stop = false;
+    bool m_left = false; // the thread is through with all of this
     std::thread m_thread;
     std::atomic<std::thread::id> m_threadId{std::thread::id()};
 };

@@ -41,18 +41,7 @@ Store::Store(std::string folder, std::string name, Columns columns)
 
 Store::~Store()
 {
-    {
-        const Lock lock(m_mutex);
-        m_stopKeeper = true;
-    }
-    m_wakeKeeper.notify_all();
-    if (m_keeper.joinable())
-        m_keeper.join();
-    try {
-        end();
-    } catch (const std::exception& failure) {
-        logFormat("%s: closing: %s", m_path.c_str(), failure.what());
-    }
+    shutDown();
 }
 
 void Store::makeStatements()

@@ -43,7 +43,7 @@ public:
     // `name` is the file's name without ".db".
     Store(std::string folder, std::string name, Columns columns);
 
-    // Commits what is open.
+    // Shuts down.
     ~Store();
     Store(const Store&) = delete;
     Store& operator=(const Store&) = delete;
@@ -69,6 +69,10 @@ public:
 
     void begin();
     void end();
+
+    // Commits what is open, closes the file and opens no further transaction. Whoever still comes, such as a thread
+    // that outlasts the end of main, opens the file anew.
+    void shutDown();
 
     std::uint64_t changes() const { return m_changes.load(std::memory_order_acquire); }
 

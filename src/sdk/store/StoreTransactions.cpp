@@ -26,7 +26,7 @@ constexpr milliseconds betweenTries(1);
 void Store::begin()
 {
     const Lock lock(m_mutex);
-    if (m_transaction != Transaction::None)
+    if (m_transaction != Transaction::None || m_stopKeeper)
         return;
     if (!m_keeper.joinable()) {
         try {
@@ -60,6 +60,24 @@ void Store::end()
     }
     if (lost != ORVA_OK)
         throw Failure(lost, "writes of this transaction were lost");
+}
+
+void Store::shutDown()
+{
+    {
+        const Lock lock(m_mutex);
+        m_stopKeeper = true;
+    }
+    m_wakeKeeper.notify_all();
+    if (m_keeper.joinable())
+        m_keeper.join();
+    try {
+        end();
+    } catch (const std::exception& failure) {
+        logFormat("%s: closing: %s", m_path.c_str(), failure.what());
+    }
+    const Lock lock(m_mutex);
+    m_db.reset();
 }
 
 void Store::startWriting(Lock& lock)

@@ -23,7 +23,10 @@ CallBox::CallBox(const QString& strPlugin, QWidget* pParent)
     m_pHangUp->setObjectName(m_strPlugin + QLatin1String("_buttonHangUp"));
     setFrameShape(QFrame::StyledPanel);
     QFont font = m_pNumber->font();
-    font.setPointSizeF(font.pointSizeF() * 1.5);
+    // A font that is told in pixels has no point size.
+    if (font.pointSizeF() > 0) {
+        font.setPointSizeF(font.pointSizeF() * 1.5);
+    }
     m_pNumber->setFont(font);
     m_pState->setWordWrap(true);
 

@@ -9,7 +9,6 @@
 #include <QTextEdit>
 #include <QToolButton>
 #include <QTreeWidget>
-#include <QTextEdit>
 #include <QtTest>
 
 #include "StandInFolder.h"
@@ -49,6 +48,8 @@ private slots:
     void choosingALanguageIsSignalled();
     void closingIsSignalled();
     void theStyleFollowsThePalette();
+    void linksCanBeReadOnAnyBackground_data();
+    void linksCanBeReadOnAnyBackground();
 
 private:
     void build(const QStringList& lstNames);
@@ -323,6 +324,31 @@ void TestHostWindow::theStyleFollowsThePalette()
     QVERIFY(!StyleSheet::Build(light).contains('%'));
     m_pWindow->setPalette(dark);
     QCOMPARE(m_pWindow->styleSheet(), StyleSheet::Build(m_pWindow->palette()));
+}
+
+void TestHostWindow::linksCanBeReadOnAnyBackground_data()
+{
+    QTest::addColumn<QColor>("base");
+    QTest::addColumn<QColor>("link");
+    QTest::addColumn<bool>("kept");
+    QTest::newRow("Qt's blue on white") << QColor(Qt::white) << QColor(0, 0, 255) << true;
+    QTest::newRow("Qt's blue on black") << QColor(20, 20, 20) << QColor(0, 0, 255) << false;
+    QTest::newRow("light blue on black") << QColor(20, 20, 20) << QColor(120, 180, 255) << true;
+    QTest::newRow("light blue on white") << QColor(Qt::white) << QColor(120, 180, 255) << false;
+}
+
+void TestHostWindow::linksCanBeReadOnAnyBackground()
+{
+    QFETCH(QColor, base);
+    QFETCH(QColor, link);
+    QFETCH(bool, kept);
+    QPalette palette;
+    palette.setColor(QPalette::Base, base);
+    palette.setColor(QPalette::Link, link);
+    const QPalette legible = StyleSheet::WithLegibleLinks(palette);
+    QCOMPARE(legible.color(QPalette::Link) == link, kept);
+    QCOMPARE(legible.color(QPalette::Base), base);
+    QCOMPARE(StyleSheet::WithLegibleLinks(legible), legible);
 }
 
 QTEST_MAIN(TestHostWindow)
