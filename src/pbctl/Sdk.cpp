@@ -85,6 +85,7 @@ std::vector<Field> fieldsOf(int memory)
     int count = 0;
     check(ORVA_PBSrv_GetProfile(memory, &entries, &count), "asking for the fields of the " + memoryName(memory));
     std::vector<Field> fields;
+    fields.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i)
         fields.push_back({entries[i].key, entries[i].label_id, entries[i].kind, entries[i].max_length});
     ORVA_PBSrv_ProfileRelease(memory, &entries);

@@ -28,7 +28,7 @@ constexpr std::size_t recordsRead = 256;
 std::string pathFrom(const unsigned short* path)
 {
     require(path);
-    const std::string file = toUtf8(fromApi(path));
+    std::string file = toUtf8(fromApi(path));
     if (file.empty())
         throw Failure(ORVA_E_ARGUMENT, "empty path");
     return file;

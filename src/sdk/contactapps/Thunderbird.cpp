@@ -55,6 +55,7 @@ std::vector<std::string> profileFolders(const std::string& programFolder)
 {
     const std::vector<Section> sections = readSections(programFolder + "/profiles.ini");
     std::vector<std::string> paths;
+    paths.reserve(2 * sections.size());
     for (const Section& section : sections)
         paths.push_back(section.installed);
     for (const bool isDefault : {true, false})
@@ -64,7 +65,7 @@ std::vector<std::string> profileFolders(const std::string& programFolder)
     std::vector<std::string> folders;
     for (const std::string& path : paths)
         if (!path.empty())
-            folders.push_back(path.front() == '/' ? path : programFolder + "/" + path);
+            folders.push_back(path.front() == '/' ? path : std::string(programFolder).append("/").append(path));
     return folders;
 }
 

@@ -211,21 +211,20 @@ bool RowReader::refill()
 // or CR.
 std::size_t RowReader::lineEnd()
 {
-    const char* const begin = m_text.data();
+    const std::string_view text = m_text;
     const std::size_t from = std::max(m_at, m_searched);
-    const auto* lf = static_cast<const char*>(std::memchr(begin + from, '\n', m_text.size() - from));
-    const std::size_t end = lf == nullptr ? m_text.size() : static_cast<std::size_t>(lf - begin);
-    const auto* cr = static_cast<const char*>(std::memchr(begin + from, '\r', end - from));
-    if (cr != nullptr) {
-        const auto at = static_cast<std::size_t>(cr - begin);
-        if (at + 1 < m_text.size())
-            return at + (begin[at + 1] == '\n' ? 2 : 1);
-        m_searched = at; // an LF may follow with the next piece
+    const std::size_t lf = text.find('\n', from);
+    const std::size_t end = std::min(lf, text.size());
+    const std::size_t cr = text.substr(0, end).find('\r', from);
+    if (cr != std::string_view::npos) {
+        if (cr + 1 < text.size())
+            return cr + (text[cr + 1] == '\n' ? 2 : 1);
+        m_searched = cr; // an LF may follow with the next piece
         return std::string::npos;
     }
-    if (lf != nullptr)
-        return end + 1;
-    m_searched = m_text.size();
+    if (lf != std::string_view::npos)
+        return lf + 1;
+    m_searched = text.size();
     return std::string::npos;
 }
 

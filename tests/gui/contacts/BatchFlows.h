@@ -52,15 +52,15 @@ public:
             f.window()->OnRemoveFromGroupClicked();
             break;
         case ImportCard:
-            f.window()->addImportedRecords(PB_MEM_SIM, Contacts::records("New", m_n), 0);
+            f.window()->addImportedRecords(PB_MEM_SIM, Contacts::records(PB_MEM_SIM, "New", m_n), 0);
             break;
         case ImportGroup:
-            f.window()->addImportedRecords(PB_MEM_LOCAL, Contacts::records("New", m_n), group);
+            f.window()->addImportedRecords(PB_MEM_LOCAL, Contacts::records(PB_MEM_LOCAL, "New", m_n), group);
             break;
         case CopyCard:
             f.in().dragSource() = PB_MEM_LOCAL;
             f.in().dropMemory() = PB_MEM_SIM;
-            f.window()->initThreadForMoveorCopy(true, Contacts::records("New", m_n), 0, ADDRBOOK_OP_COPY);
+            f.window()->initThreadForMoveorCopy(true, Contacts::records(PB_MEM_SIM, "New", m_n), 0, ADDRBOOK_OP_COPY);
             break;
         }
     }

@@ -206,7 +206,7 @@ private slots:
         const int friends = FakeSdk::addGroup("Friends");
         f.build();
         FakeSdk::clearCalls();
-        f.window()->addImportedRecords(PB_MEM_LOCAL, Contacts::records("New", 3), group ? friends : 0);
+        f.window()->addImportedRecords(PB_MEM_LOCAL, Contacts::records(PB_MEM_LOCAL, "New", 3), group ? friends : 0);
         QVERIFY(Contacts::waitBatch(f));
         const QStringList log = FakeSdk::log().filter("AddAddrToGroup");
         const int id = group ? friends : 0;
@@ -235,7 +235,7 @@ private slots:
             if (QThread::currentThread() != qApp->thread())
                 commitsAt << FakeSdk::recordIds(0).size();
         });
-        f.window()->addImportedRecords(PB_MEM_SIM, Contacts::records("New", 201), 0);
+        f.window()->addImportedRecords(PB_MEM_SIM, Contacts::records(PB_MEM_SIM, "New", 201), 0);
         QVERIFY(QTest::qWaitFor([&f] { return !f.in().threadBusy(); }, 60000));
         // At the opening, behind the 200th, and at the close.
         QCOMPARE(commitsAt.mid(0, 3), QList<int>({0, 200, 201}));
@@ -268,7 +268,7 @@ private slots:
         f.build();
         FakeCore::clearNotices();
         f.window()->addImportedRecords(
-            PB_MEM_LOCAL, {record(99, {"Anna", "111", "222", "", "x", "y"}), record(98, {"Bert", "", "", "", "", ""})},
+            PB_MEM_LOCAL, {record(99, {"Anna", "111", "222", "", "x@y", "z"}), record(98, {"Bert", "", "", "", "", ""})},
             0);
         QVERIFY(Contacts::waitBatch(f));
         QCOMPARE(Contacts::pushes(), QStringList({"288 4 111", "288 4 222"}));
@@ -281,7 +281,7 @@ private slots:
         f.build();
         FakeCore::clearNotices();
         FakeSdk::fail("AddAddrRec", 1);
-        f.window()->addImportedRecords(PB_MEM_SIM, Contacts::records("New", 2), 0);
+        f.window()->addImportedRecords(PB_MEM_SIM, Contacts::records(PB_MEM_SIM, "New", 2), 0);
         QVERIFY(Contacts::waitBatch(f));
         QCOMPARE(Contacts::pushes(), QStringList("288 0 1002"));
     }
@@ -442,7 +442,7 @@ private slots:
         f.build();
         f.click(f.node("Friends"));
         f.in().dragSource() = PB_MEM_ME;
-        f.window()->addImportedRecords(PB_MEM_SIM, Contacts::records("New", 2), 0);
+        f.window()->addImportedRecords(PB_MEM_SIM, Contacts::records(PB_MEM_SIM, "New", 2), 0);
         QCOMPARE(f.in().memory(), PB_MEM_SIM);
         QVERIFY(Contacts::waitBatch(f));
         QCOMPARE(f.in().memory(), PB_MEM_LOCAL);
@@ -457,7 +457,7 @@ private slots:
         WindowFixture::fillStores();
         f.build();
         AddrBookTableWidget* table = f.table();
-        f.window()->addImportedRecords(PB_MEM_LOCAL, Contacts::records("New", 1), 0);
+        f.window()->addImportedRecords(PB_MEM_LOCAL, Contacts::records(PB_MEM_LOCAL, "New", 1), 0);
         {
             const QSignalBlocker quiet(f.tree());
             f.tree()->setCurrentItem(nullptr);

@@ -52,13 +52,16 @@ void FormUser::act()
 namespace Contacts
 {
 
-QList<AddrBookRecord> records(const QString& prefix, int n)
+QList<AddrBookRecord> records(int memory, const QString& prefix, int n)
 {
+    const int fields = FakeSdk::fields(memory).size();
     QList<AddrBookRecord> list;
     for (int i = 1; i <= n; ++i) {
         AddrBookRecord record;
         record.iID = 0;
         record.lstValues = QList<QString>{QString("%1 %2").arg(prefix).arg(i), QString::number(1000 + i)};
+        while (record.lstValues.size() < fields)
+            record.lstValues << QString();
         list << record;
     }
     return list;
@@ -67,7 +70,7 @@ QList<AddrBookRecord> records(const QString& prefix, int n)
 QList<int> fill(int memory, const QString& prefix, int n)
 {
     QList<int> ids;
-    for (const AddrBookRecord& record : records(prefix, n))
+    for (const AddrBookRecord& record : records(memory, prefix, n))
         ids << FakeSdk::addRecord(memory, record.lstValues);
     return ids;
 }
@@ -90,6 +93,12 @@ ABWaitingDlg* waitingWindow()
 QPushButton* cancelButton()
 {
     return waitingWindow() != nullptr ? waitingWindow()->findChild<QPushButton*>() : nullptr;
+}
+
+void selectRange(const WindowFixture& f, int top, int bottom)
+{
+    f.table()->clearSelection();
+    f.table()->setRangeSelected(QTableWidgetSelectionRange(top, 0, bottom, f.table()->columnCount() - 1), true);
 }
 
 void selectAll(const WindowFixture& f)

@@ -16,7 +16,13 @@ struct AddrBookEditDlgAccess {
 
     AddrBookNewContactExtendDialog* window() const { return d->m_pExtendDialog; }
     NewContactLineEdit* name() const { return d->m_pNameEdit; }
-    NewContactLineEdit* mobile() const { return d->m_pMobileEdit; }
+    // The first number: a field of its own on the PC, the first of the others on card and device.
+    NewContactLineEdit* mobile() const
+    {
+        return d->m_pMobileEdit != nullptr    ? d->m_pMobileEdit.data()
+               : d->m_lstFieldItems.isEmpty() ? nullptr
+                                              : d->m_lstFieldItems.first().pLineEdit.data();
+    }
     NewContactTextEdit* remarks() const { return d->m_pRemarksEdit; }
     QPushButton* ok() const { return d->m_pOkButton; }
     QPushButton* cancel() const { return d->m_pCancelButton; }
@@ -62,8 +68,8 @@ private:
 namespace Contacts
 {
 
-// n contacts of a memory, "<prefix> 1" with number <first>+1 and so on, as records to add.
-QList<AddrBookRecord> records(const QString& prefix, int n);
+// n contacts, "<prefix> 1" with number 1001 and so on, with as many values as the memory has fields.
+QList<AddrBookRecord> records(int memory, const QString& prefix, int n);
 
 // The same in the store. Returns their identifiers.
 QList<int> fill(int memory, const QString& prefix, int n);
@@ -76,6 +82,9 @@ ABWaitingDlg* waitingWindow();
 QPushButton* cancelButton();
 
 void selectAll(const WindowFixture& f);
+
+// Rows in one range, as a user's Shift gives them.
+void selectRange(const WindowFixture& f, int top, int bottom);
 
 // Up to the end of the batch and of the read behind it.
 bool waitBatch(const WindowFixture& f);

@@ -3,6 +3,7 @@
 #include <QSplitter>
 
 #include "WindowFixture.h"
+#include "widgets/UITableItem.h"
 
 // The table and the preview: from the click to the finished table, sorting, column state, what a selection enables.
 class TableTest : public QObject
@@ -99,6 +100,34 @@ private slots:
         QCOMPARE(f.column(0), (QStringList{"Alpha", "alpha", "Beta", "beta"}));
         f.table()->sortItems(0, Qt::DescendingOrder);
         QCOMPARE(f.column(0), (QStringList{"beta", "Beta", "alpha", "Alpha"}));
+    }
+
+    void cellsSortByTheRuleWhateverTheirTexts()
+    {
+        const QString letters = QString::fromUtf8("aAbBzZ sSſßẞkKKiIİıåÅÅΣσςꭰᎠ") + QChar(0) +
+                                QChar(0xd801) + QChar(0xdc00) + QChar(0xdc28) + QChar(0xffff);
+        quint32 seed = 1;
+        const auto next = [&seed](int limit) {
+            seed = seed * 1664525u + 1013904223u;
+            return int(seed >> 16) % limit;
+        };
+        const auto word = [&] {
+            QString text;
+            for (int i = next(7); i > 0; --i)
+                text += letters.at(next(letters.size()));
+            return text;
+        };
+        for (int round = 0; round < 20000; ++round) {
+            const QString a = word();
+            const QString b = round % 3 == 0 ? a.toUpper() : word();
+            UITableItem left(a);
+            UITableItem right(b);
+            QCOMPARE(left < right, UITableItem::lessThan(a, b, nullptr));
+            QCOMPARE(right < left, UITableItem::lessThan(b, a, nullptr));
+            left.setText(b); // the key does not outlive the text
+            QVERIFY(!(left < right));
+            QVERIFY(!(right < left));
+        }
     }
 
     void memberThatIsGoneIsARowOfEmptyCells()

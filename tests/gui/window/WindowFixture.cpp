@@ -8,6 +8,8 @@
 
 #include <mutex>
 
+#include "linkhand/QtCompat.h"
+
 namespace
 {
 const char* const s_szConfig = R"(<?xml version="1.0" encoding="UTF-8"?>
@@ -75,6 +77,8 @@ void writeStrip(const QString& path)
 
 WindowFixture::WindowFixture()
 {
+    // Thousands of lines a test, otherwise.
+    QtCompat::setDebugEnabled(false);
     FakeCore::reset();
     FakeSdk::reset();
     QDir(m_folder.path()).mkpath("plugins/AddrBookUIPlugin");

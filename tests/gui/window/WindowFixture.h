@@ -63,6 +63,16 @@ struct AddrBookDlgAccess {
     int sortSection() const { return d->m_iSortSection; }
     int simUsed() const { return d->m_iSimUsedCount; }
     int localTotal() const { return d->m_iLocalTotalCount; }
+    int localUsed() const { return d->m_iLocalUsedCount; }
+
+    // Groups, copies, files.
+    QString oldGroupName() const { return d->m_strOldGroupName; }
+    bool& newGroupPending() const { return d->m_bNewGroupPending; }
+    bool& closingEditor() const { return d->m_bClosingEditor; }
+    _ORVA_EN_PHONEBOOK_MEMORY& dragTarget() const { return d->m_enDragTargetMemory; }
+    int totalRows() const { return d->m_iTotalRowCount; }
+    bool& outlookUsable() const { return d->m_bOutlookUsable; }
+    void setOperation(_ADDRBOOK_OPERATION_TYPE operation) const { d->m_enOperation = operation; }
 
     void setTreeColumnWidth(QTreeWidgetItem* node) const { d->setTreeColumnWidth(node); }
     void setCorrectTreeWidth() const { d->setCorrectTreeWidth(); }

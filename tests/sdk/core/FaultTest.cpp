@@ -195,12 +195,13 @@ void* operator new(std::size_t size)
     return memory;
 }
 
-void operator delete(void* memory) noexcept
+// Not inlined: the compiler would see new meet free and take it for a mistake.
+__attribute__((noinline)) void operator delete(void* memory) noexcept
 {
     std::free(memory);
 }
 
-void operator delete(void* memory, std::size_t /*size*/) noexcept
+__attribute__((noinline)) void operator delete(void* memory, std::size_t /*size*/) noexcept
 {
     std::free(memory);
 }

@@ -12,6 +12,7 @@
 #include "csv/Unicode.h"
 #include "memories/Failure.h"
 #include "support/Check.h"
+#include "support/Environment.h"
 
 using namespace orva;
 
@@ -29,14 +30,9 @@ struct Result {
     char separator = 0;
 };
 
-std::string pathOf(const std::string& name)
-{
-    return std::string(std::getenv("HOME")) + "/" + name;
-}
-
 std::string save(std::string_view content)
 {
-    const std::string path = pathOf("rows.csv");
+    std::string path = check::inHome("rows.csv");
     std::ofstream out(path, std::ios::binary | std::ios::trunc);
     out.write(content.data(), static_cast<std::streamsize>(content.size()));
     return path;
@@ -311,7 +307,7 @@ TEST(rowsDoNotDependOnWhereThePiecesEnd)
     Rows expected = {{"N", "T"}};
     for (std::size_t i = 0; text.size() < 400000; ++i) {
         const std::string word(i % 97, static_cast<char>('a' + i % 26));
-        text += "\"" + word + "\r\n\"\"é\"," + std::to_string(i) + "\r\n";
+        text.append("\"").append(word).append("\r\n\"\"é\",").append(std::to_string(i)).append("\r\n");
         expected.push_back({word + "\r\n\"é", std::to_string(i)});
     }
     checkRows(readText(text), expected);
@@ -319,18 +315,18 @@ TEST(rowsDoNotDependOnWhereThePiecesEnd)
 
 TEST(filesThatAreNoFilesAreRefused)
 {
-    CHECK_EQ(codeOf(pathOf("nothing-here.csv")), ORVA_E_NOT_FOUND);
+    CHECK_EQ(codeOf(check::inHome("nothing-here.csv")), ORVA_E_NOT_FOUND);
     CHECK_EQ(codeOf(save("x") + "/below"), ORVA_E_NOT_FOUND);
-    CHECK_EQ(codeOf(pathOf(".")), ORVA_E_FORMAT);
+    CHECK_EQ(codeOf(check::inHome(".")), ORVA_E_FORMAT);
     CHECK_EQ(codeOf("/dev/zero"), ORVA_E_FORMAT);
-    const std::string pipe = pathOf("pipe");
+    const std::string pipe = check::inHome("pipe");
     CHECK_EQ(mkfifo(pipe.c_str(), 0600), 0);
     CHECK_EQ(codeOf(pipe), ORVA_E_FORMAT);
 }
 
 TEST(aFileOfAGigabyteIsRefusedUnread)
 {
-    const std::string path = pathOf("sparse.csv");
+    const std::string path = check::inHome("sparse.csv");
     const int file = open(path.c_str(), O_CREAT | O_WRONLY, 0600);
     CHECK_EQ(ftruncate(file, 1 << 30), 0);
     close(file);
@@ -340,7 +336,7 @@ TEST(aFileOfAGigabyteIsRefusedUnread)
 
 TEST(aLineOfAHundredMegabytesIsReadInBoundedMemory)
 {
-    const std::string path = pathOf("long-line.csv");
+    const std::string path = check::inHome("long-line.csv");
     {
         std::ofstream out(path, std::ios::binary);
         out << "a,b\n1,\"";

@@ -16,6 +16,7 @@
 #include "csv/Writer.h"
 #include "memories/Failure.h"
 #include "support/Check.h"
+#include "support/Environment.h"
 
 using namespace orva;
 using namespace std::string_view_literals;
@@ -23,14 +24,9 @@ using namespace std::string_view_literals;
 namespace
 {
 
-std::string pathOf(const std::string& name)
-{
-    return std::string(std::getenv("HOME")) + "/" + name;
-}
-
 std::string save(std::string_view content)
 {
-    const std::string path = pathOf("some.csv");
+    std::string path = check::inHome("some.csv");
     std::ofstream out(path, std::ios::binary | std::ios::trunc);
     out.write(content.data(), static_cast<std::streamsize>(content.size()));
     return path;
@@ -124,10 +120,7 @@ TEST(titlesStayAlignedWithTheirColumns)
 
 TEST(titlesThatAreNoTextAreRefused)
 {
-    for (const std::string_view content : {std::string_view("\x7F"
-                                                            "ELF\0\0\1,x\n",
-                                                            11),
-                                           std::string_view("")}) {
+    for (const std::string_view content : {"\x7FSOME\0\0\1,x\n"sv, ""sv}) {
         long code = ORVA_OK;
         try {
             titlesIn(content);
@@ -266,7 +259,7 @@ TEST(localTextKeepsWhatItCan)
 
 TEST(whatIsWrittenIsPlainCsv)
 {
-    const std::string path = pathOf("written.csv");
+    const std::string path = check::inHome("written.csv");
     {
         Writer writer(path);
         for (const char16_t* text :
@@ -286,7 +279,7 @@ TEST(whatIsWrittenIsPlainCsv)
 
 TEST(anUnfinishedFileLeavesTheOldOne)
 {
-    const std::string path = pathOf("kept.csv");
+    const std::string path = check::inHome("kept.csv");
     std::ofstream(path) << "old";
     {
         Writer writer(path);
@@ -304,8 +297,8 @@ TEST(anUnfinishedFileLeavesTheOldOne)
 
 TEST(aReplacedFileKeepsItsModeAndItsLink)
 {
-    const std::string path = pathOf("target.csv");
-    const std::string link = pathOf("link.csv");
+    const std::string path = check::inHome("target.csv");
+    const std::string link = check::inHome("link.csv");
     std::ofstream(path) << "old";
     CHECK_EQ(chmod(path.c_str(), 0640), 0);
     CHECK_EQ(symlink(path.c_str(), link.c_str()), 0);
@@ -323,7 +316,8 @@ TEST(aReplacedFileKeepsItsModeAndItsLink)
 
 TEST(targetsThatAreNoFilesAreRefused)
 {
-    for (const std::string& path : {std::string("/dev/null"), pathOf("."), pathOf("no/such/folder.csv")}) {
+    for (const std::string& path :
+         {std::string("/dev/null"), check::inHome("."), check::inHome("no/such/folder.csv")}) {
         long code = ORVA_OK;
         try {
             Writer writer(path);

@@ -208,7 +208,7 @@ TEST(theCodingFunctionTakesTextAndLength)
 TEST(theDemoComesInWhole)
 {
     const FreshStore store;
-    const std::string folder = std::string(std::getenv("LINKHAND_SOURCE_DIR")) + "/demo/";
+    const std::string folder = check::environment("LINKHAND_SOURCE_DIR") + "/demo/";
     const std::vector<Record> contacts = import(folder + "contacts.csv", {0, 1, 2, 3, 4, 5}, local);
     CHECK(contacts.size() >= 1000);
     for (const Record& record : contacts) {

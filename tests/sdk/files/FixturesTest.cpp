@@ -59,9 +59,9 @@ std::string describe(const std::string& path)
 TEST(filesOfEachProgramComeInAsExpected)
 {
     const files::FreshStore store;
-    const bool writing = std::getenv("WRITE_EXPECTED") != nullptr;
+    const bool writing = !check::environment("WRITE_EXPECTED").empty();
     int count = 0;
-    const std::string folder = std::string(std::getenv("LINKHAND_SOURCE_DIR")) + "/tests/sdk/files/fixtures";
+    const std::string folder = check::environment("LINKHAND_SOURCE_DIR") + "/tests/sdk/files/fixtures";
     for (const auto& entry : std::filesystem::directory_iterator(folder)) {
         const std::string extension = entry.path().extension().string();
         if (extension != ".csv" && extension != ".txt")

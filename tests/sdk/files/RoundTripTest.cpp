@@ -94,6 +94,7 @@ TEST(aSecondExportIsTheSameFile)
         ids.push_back(add(ORVA_MEMORY_LOCAL, {"x" + randomText(random, 90), randomNumber(random)}));
     REQUIRE(exportTo(inHome("first.csv"), ids, ORVA_MEMORY_LOCAL) == ORVA_OK);
     std::vector<int> again;
+    again.reserve(ids.size());
     for (const Record& record : import(inHome("first.csv"), {0, 1, 2, 3, 4, 5}, ORVA_MEMORY_LOCAL))
         again.push_back(add(ORVA_MEMORY_LOCAL, record.values));
     REQUIRE(exportTo(inHome("second.csv"), again, ORVA_MEMORY_LOCAL) == ORVA_OK);

@@ -4,7 +4,6 @@
 // Files and the library's C functions, as the tests of import and export need them.
 
 #include <cstdio>
-#include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <string>
@@ -15,15 +14,12 @@
 #include "orva/orva_sdk.h"
 #include "orva/orva_sim.h"
 #include "support/Check.h"
+#include "support/Environment.h"
 
 namespace files
 {
 
-// A path in the test's own home.
-inline std::string inHome(const std::string& name)
-{
-    return std::string(std::getenv("HOME")) + "/" + name;
-}
+using check::inHome;
 
 inline std::string write(const std::string& name, std::string_view content)
 {

@@ -23,7 +23,10 @@ public:
         if (state.absent.contains(strId))
             return nullptr;
         const QPair<QString, int> key(strId, iKind);
-        return state.objects.contains(key) ? state.objects[key] : m_served.value(key);
+        if (state.objects.contains(key))
+            return state.objects[key];
+        // Every plug-in has a root object.
+        return m_served.contains(key) || iKind != 0 ? m_served.value(key) : &m_root;
     }
 
 private:
@@ -31,6 +34,7 @@ private:
     FakeMms m_mms;
     FakeNotify m_notify;
     FakeDeviceMgr m_deviceMgr;
+    QObject m_root;
     QObject m_voiceCall;
     QObject m_videoCall;
     QMap<QPair<QString, int>, QObject*> m_served;

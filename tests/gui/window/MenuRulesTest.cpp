@@ -1,0 +1,381 @@
+#include <QMap>
+#include <QMenu>
+#include <QObject>
+
+#include "WindowFixture.h"
+
+// What is enabled, over all combinations of siblings, settings, network, radio, node and selection.
+class MenuRulesTest : public QObject
+{
+    Q_OBJECT
+
+private:
+    enum Selection { None, One, Several };
+    enum State { Off, On, Same };
+
+    static QMap<QString, bool> states(const WindowFixture& f)
+    {
+        QMap<QString, bool> map;
+        for (const MENU::QActionInfo& info : f.in().tableActions())
+            map.insert("table " + info.strId, info.pAction->isEnabled());
+        for (const MENU::QActionInfo& info : f.in().treeActions())
+            map.insert("tree " + info.strId, info.pAction->isEnabled());
+        return map;
+    }
+
+    static void select(const WindowFixture& f, Selection selection)
+    {
+        f.selectRows(selection == None ? QList<int>{} : selection == One ? QList<int>{1} : QList<int>{0, 1});
+    }
+
+    // The entries that depend on the status the menu is prepared for; what is not named stays.
+    static void applyStatus(QMap<QString, bool>& map, ADDRBOOK_ENABLE_STATUS status, bool subGroups,
+                            Selection selection)
+    {
+        const auto table = [&map](bool detail, bool remove, bool exported) {
+            map["table IDS_PMMENU_DETAIL"] = detail;
+            map["table IDS_PMMENU_DELETE"] = remove;
+            map["table IDS_EXPORT_PHONEBOOKSEL"] = exported;
+        };
+        const auto tree = [&map](bool add, bool rename, bool remove) {
+            map["tree IDS_Add_GROUP"] = add;
+            map["tree IDS_EDIT_GROUP"] = rename;
+            map["tree IDS_DEL_GROUP"] = remove;
+        };
+        switch (status) {
+        case ADDRBOOK_ENABLE_TABLE_SINGLE:
+            return table(true, true, true);
+        case ADDRBOOK_ENABLE_TABLE_MULTIPLE:
+            return table(false, true, true);
+        case ADDRBOOK_ENABLE_TABLE_NONE:
+            return table(false, false, false);
+        case ADDRBOOK_ENABLE_TREE_LOCAL:
+            return tree(true, false, false);
+        case ADDRBOOK_ENABLE_TREE_GROUP:
+            return tree(subGroups, true, true);
+        case ADDRBOOK_ENABLE_TREE_DEVICE:
+            return tree(false, false, false);
+        case ADDRBOOK_ENABLE_TABLE_IN_GROUP:
+            map["table IDS_PMMENU_REMFRGRP"] = selection != None;
+            return;
+        }
+    }
+
+    // Sets all four tool items and the two entries that follow them.
+    static void preset(const WindowFixture& f, bool on)
+    {
+        for (int id : {TOOL_EDIT, TOOL_DELETE, TOOL_CALL, TOOL_SEND}) {
+            if (on)
+                f.window()->enableItem(id);
+            else
+                f.window()->disableItem(id);
+        }
+        f.window()->updateTableSend(on);
+        f.window()->updateTableCall(on);
+    }
+
+    static void compare(const WindowFixture& f, const QList<int>& expected, bool before, const char* event)
+    {
+        const bool now[] = {f.button(TOOL_EDIT)->isEnabled(),
+                            f.button(TOOL_DELETE)->isEnabled(),
+                            f.button(TOOL_CALL)->isEnabled(),
+                            f.button(TOOL_SEND)->isEnabled(),
+                            f.tableAction("IDS_PMMENU_SEND_MSG")->isEnabled(),
+                            f.tableAction("IDS_PMMENU_CALL")->isEnabled()};
+        static const char* const s_names[] = {"9001", "9002", "9003", "9005", "send", "call"};
+        for (int i = 0; i < 6; ++i) {
+            const bool wanted = expected.at(i) == Same ? before : expected.at(i) == On;
+            QVERIFY2(now[i] == wanted, qPrintable(QString("%1: %2 is %3, was %4")
+                                                      .arg(event, s_names[i])
+                                                      .arg(now[i] ? "on" : "off", before ? "on" : "off")));
+        }
+    }
+
+private slots:
+    void cleanup() { QCOMPARE(FakeSdk::leaks(), QString()); }
+
+    void everyOpening_data()
+    {
+        QTest::addColumn<bool>("sms");
+        QTest::addColumn<bool>("mms");
+        QTest::addColumn<bool>("container");
+        QTest::addColumn<bool>("subGroups");
+        for (int bits = 0; bits < 16; ++bits) {
+            QTest::newRow(qPrintable(QString::number(bits, 2)))
+                << ((bits & 1) != 0) << ((bits & 2) != 0) << ((bits & 4) != 0) << ((bits & 8) != 0);
+        }
+    }
+    void everyOpening()
+    {
+        QFETCH(bool, sms);
+        QFETCH(bool, mms);
+        QFETCH(bool, container);
+        QFETCH(bool, subGroups);
+        WindowFixture f;
+        WindowFixture::fillStores();
+        FakeCore::setSibling(FakeCore::SmsId, sms);
+        FakeCore::setSibling(FakeCore::MmsId, mms);
+        f.build();
+        f.in().subGroups() = subGroups;
+        QCOMPARE(f.treeAction("IDS_SEND_MMS") != nullptr, mms);
+        FakeCore::setContainerPresent(container);
+        for (int node = 0; node < 2; ++node) {
+            f.click(node == 0 ? f.in().local() : f.node("Friends"));
+            for (int combination = 0; combination < 12; ++combination) {
+                const Selection selection = Selection(combination % 3);
+                const bool net = combination / 3 % 2 == 0;
+                const bool radioOff = combination / 6 == 1;
+                f.window()->OnNetStatusChanged(net);
+                f.window()->OnRFStatusChanged(radioOff);
+                select(f, selection);
+                for (int status = 0; status <= ADDRBOOK_ENABLE_TABLE_IN_GROUP; ++status) {
+                    QMap<QString, bool> wanted = states(f);
+                    const bool online = net && !radioOff;
+                    if (container) {
+                        wanted["tree IDS_SEND_MSG"] = online && sms;
+                        if (mms)
+                            wanted["tree IDS_SEND_MMS"] = online && sms;
+                        wanted["table IDS_EXPORT_PHONEBOOK"] = true;
+                        wanted["table IDS_PMMENU_SEND"] = selection != None && online && sms;
+                        wanted["table IDS_PMMENU_CALL"] = selection == One && online;
+                        wanted["table IDS_PMMENU_VIDEO_CALL"] = false;
+                        wanted["table IDS_PMMENU_REMFRGRP"] = false;
+                        applyStatus(wanted, ADDRBOOK_ENABLE_STATUS(status), subGroups, selection);
+                    }
+                    f.window()->updateContextMenu(ADDRBOOK_ENABLE_STATUS(status));
+                    const QMap<QString, bool> now = states(f);
+                    for (auto it = wanted.constBegin(); it != wanted.constEnd(); ++it) {
+                        QVERIFY2(now.value(it.key()) == it.value(),
+                                 qPrintable(QString("%1 at status %2, selection %3, online %4")
+                                                .arg(it.key())
+                                                .arg(status)
+                                                .arg(selection)
+                                                .arg(online)));
+                    }
+                }
+            }
+        }
+    }
+
+    void exportOfAnEmptyTableIsOff()
+    {
+        WindowFixture f;
+        f.build();
+        f.window()->updateContextMenu(ADDRBOOK_ENABLE_TABLE_NONE);
+        QVERIFY(!f.tableAction("IDS_EXPORT_PHONEBOOK")->isEnabled());
+    }
+
+    void callEntriesNeedTheirPluginAndTheSetting_data()
+    {
+        QTest::addColumn<bool>("voice");
+        QTest::addColumn<bool>("video");
+        QTest::addColumn<QString>("setting");
+        QTest::addColumn<bool>("voiceShown");
+        QTest::addColumn<bool>("videoShown");
+        QTest::newRow("both") << true << true << "1" << true << true;
+        QTest::newRow("begins with 1") << true << true << "10" << true << true;
+        QTest::newRow("empty setting") << true << true << "" << false << false;
+        QTest::newRow("0") << true << true << "0" << false << false;
+        QTest::newRow("01") << true << true << "01" << false << false;
+        QTest::newRow("voice alone") << true << false << "1" << true << false;
+        QTest::newRow("video alone") << false << true << "1" << false << true;
+        QTest::newRow("neither") << false << false << "1" << false << false;
+    }
+    void callEntriesNeedTheirPluginAndTheSetting()
+    {
+        QFETCH(bool, voice);
+        QFETCH(bool, video);
+        QFETCH(QString, setting);
+        QFETCH(bool, voiceShown);
+        QFETCH(bool, videoShown);
+        WindowFixture f;
+        FakeCore::setSibling(FakeCore::VoiceCallId, voice);
+        FakeCore::setSibling(FakeCore::VideoCallId, video);
+        FakeCore::setSetting("callui", "callvoice", setting);
+        f.build();
+        // Out of the menu, and still in the list.
+        QAction* const voiceEntry = f.tableAction("IDS_PMMENU_CALL");
+        QAction* const videoEntry = f.tableAction("IDS_PMMENU_VIDEO_CALL");
+        QVERIFY(voiceEntry != nullptr);
+        QVERIFY(videoEntry != nullptr);
+        QCOMPARE(f.in().tableMenu()->actions().contains(voiceEntry), voiceShown);
+        QCOMPARE(f.in().tableMenu()->actions().contains(videoEntry), videoShown);
+        QVERIFY(f.in().treeMenu()->actions().contains(f.treeAction("IDS_PMMENU_CALL")));
+    }
+
+    void mmsEntriesGoWithTheirPlugin_data()
+    {
+        QTest::addColumn<bool>("mms");
+        QTest::newRow("present") << true;
+        QTest::newRow("absent") << false;
+    }
+    void mmsEntriesGoWithTheirPlugin()
+    {
+        QFETCH(bool, mms);
+        WindowFixture f;
+        FakeCore::setSibling(FakeCore::MmsId, mms);
+        f.build();
+        QMenu* const send = f.tableAction("IDS_PMMENU_SEND")->menu();
+        QVERIFY(send != nullptr);
+        QCOMPARE(send->actions().contains(f.tableAction("IDS_PMMENU_SEND_MMS")), mms);
+        QVERIFY(send->actions().contains(f.tableAction("IDS_PMMENU_SEND_MSG")));
+        QCOMPARE(f.treeAction("IDS_SEND_MMS") != nullptr, mms);
+        // They stay away for the session.
+        FakeCore::setSibling(FakeCore::MmsId, true);
+        f.window()->updateContextMenu(ADDRBOOK_ENABLE_TREE_LOCAL);
+        QCOMPARE(f.treeAction("IDS_SEND_MMS") != nullptr, mms);
+    }
+
+    void sendSubmenuBehindTheMmsEntryIsNotFound()
+    {
+        WindowFixture f;
+        QByteArray xml = WindowFixture::shippedConfig();
+        xml.replace(
+            R"(<item id="IDS_PMMENU_SEND" type="POPUP" name="Send"/>)",
+            R"(<item id="IDS_PMMENU_SEND_MMS" type="ITEM"/><item id="IDS_PMMENU_SEND" type="POPUP" name="Send"/>)");
+        f.writeConfig(xml);
+        FakeCore::setSibling(FakeCore::MmsId, false);
+        f.build();
+        QAction* const first = f.tableAction("IDS_PMMENU_SEND_MMS");
+        QVERIFY(f.in().tableMenu()->actions().contains(first));
+    }
+
+    void everyEventOnTheToolItems_data()
+    {
+        QTest::addColumn<bool>("before");
+        QTest::newRow("all were on") << true;
+        QTest::newRow("all were off") << false;
+    }
+    void everyEventOnTheToolItems()
+    {
+        QFETCH(bool, before);
+        WindowFixture f;
+        WindowFixture::fillStores();
+        f.build();
+        AddrBookDlg* const w = f.window();
+        const auto online = [w](bool on) {
+            w->OnRFStatusChanged(false);
+            w->OnNetStatusChanged(on);
+        };
+        const auto offByRadio = [w] {
+            w->OnNetStatusChanged(true);
+            w->OnRFStatusChanged(true);
+        };
+        const QList<int> allOff{Off, Off, Off, Off, Off, Off};
+
+        // The selection alone: with no record to show, the preview changes nothing.
+        FakeSdk::failAlways("GetAddrRecord");
+        struct Event {
+            const char* name;
+            Selection selection;
+            bool online;
+            QList<int> expected;
+        };
+        const QList<Event> selections{
+            {"selection none, online", None, true, allOff},
+            {"selection none, offline", None, false, allOff},
+            {"selection one, online", One, true, {On, On, On, On, On, On}},
+            {"selection one, offline", One, false, {On, On, Same, Same, Same, Same}},
+            {"selection several, online", Several, true, {Off, On, Off, On, On, Off}},
+            {"selection several, offline", Several, false, {Off, On, Same, Same, Same, Same}},
+        };
+        for (const Event& event : selections) {
+            select(f, event.selection);
+            for (int how = 0; how < (event.online ? 1 : 2); ++how) {
+                if (how == 0)
+                    online(event.online);
+                else
+                    offByRadio();
+                preset(f, before);
+                w->OnTableItemSelectionChanged();
+                compare(f, event.expected, before, event.name);
+            }
+        }
+        FakeSdk::clearFailures();
+
+        const QList<Event> previews{
+            {"preview of one row, online", One, true, {On, On, On, On, On, On}},
+            {"preview of one row, offline", One, false, {On, On, Off, Same, Same, Off}},
+            {"preview of several, online", Several, true, {Off, On, Off, On, On, Off}},
+            {"preview of several, offline", Several, false, {Off, On, Off, Same, Same, Off}},
+            {"preview without a selected row", None, true, {Off, Same, Off, Same, Same, Off}},
+        };
+        for (const Event& event : previews) {
+            select(f, event.selection);
+            online(event.online);
+            preset(f, before);
+            QString text;
+            w->constructPreview(1, 6, text, tableRowData(f.table()->item(1, 0)));
+            compare(f, event.expected, before, event.name);
+        }
+
+        const QList<Event> networks{
+            {"network up, one row", One, true, {Same, Same, On, On, On, On}},
+            {"network up, several", Several, true, {Same, Same, Same, On, On, Same}},
+            {"network up, none", None, true, {Same, Same, Same, Same, Same, Same}},
+            {"network down, one row", One, false, {Same, Same, Off, Off, Off, Off}},
+        };
+        for (const Event& event : networks) {
+            select(f, event.selection);
+            w->OnRFStatusChanged(false);
+            preset(f, before);
+            w->OnNetStatusChanged(event.online);
+            compare(f, event.expected, before, event.name);
+            w->OnRFStatusChanged(true);
+            preset(f, before);
+            w->OnNetStatusChanged(event.online);
+            compare(f, {Same, Same, Off, Off, Off, Off}, before, "network with the radio off");
+        }
+
+        const QList<Event> radios{
+            {"radio on, network up, one row", One, true, {Same, Same, On, On, On, On}},
+            {"radio on, network up, several", Several, true, {Same, Same, On, On, On, On}},
+            {"radio on, network up, none", None, true, {Same, Same, Same, Same, Same, Same}},
+            {"radio on, network down", One, false, {Same, Same, Off, Off, Off, Off}},
+        };
+        for (const Event& event : radios) {
+            select(f, event.selection);
+            w->OnNetStatusChanged(event.online);
+            preset(f, before);
+            w->OnRFStatusChanged(false);
+            compare(f, event.expected, before, event.name);
+            preset(f, before);
+            w->OnRFStatusChanged(true);
+            compare(f, {Same, Same, Off, Off, Off, Off}, before, "radio off");
+        }
+
+        select(f, None);
+        preset(f, before);
+        w->OnTableEmptyAreaRightClicked();
+        compare(f, allOff, before, "empty area, none");
+        preset(f, before);
+        w->OnTableClicked(-1, -1);
+        compare(f, allOff, before, "click on nothing, none");
+        select(f, One);
+        preset(f, before);
+        w->OnTableEmptyAreaRightClicked();
+        compare(f, {Same, Same, Same, Same, Same, Same}, before, "empty area, one");
+        preset(f, before);
+        f.in().current() = nullptr;
+        w->OnTreeClicked(f.in().local());
+        compare(f, allOff, before, "switch of node");
+        QVERIFY(f.waitRead());
+    }
+
+    void selectionChangeTurnsTheMailClientsOff()
+    {
+        WindowFixture f;
+        WindowFixture::fillStores();
+        f.build();
+        for (int id : {TOOL_IMPORT_MOE, TOOL_IMPORT_MOO})
+            f.window()->enableItem(id);
+        f.window()->OnTableItemSelectionChanged();
+        QVERIFY(!f.button(TOOL_IMPORT_MOE)->isEnabled());
+        QVERIFY(!f.button(TOOL_IMPORT_MOO)->isEnabled());
+        QVERIFY(!f.tableAction("IDS_PMMENU_IMPORT_FROM_MOE")->isEnabled());
+        QVERIFY(!f.tableAction("IDS_PMMENU_IMPORT_FROM_MOO")->isEnabled());
+    }
+};
+
+QTEST_MAIN(MenuRulesTest)
+#include "MenuRulesTest.moc"

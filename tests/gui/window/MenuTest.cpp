@@ -1,0 +1,400 @@
+#include <QContextMenuEvent>
+#include <QHeaderView>
+#include <QMenu>
+#include <QObject>
+#include <QShortcut>
+#include <QTimer>
+
+#include "WindowFixture.h"
+
+// The context menus as they open, the shortcuts, and the keys of the window.
+class MenuTest : public QObject
+{
+    Q_OBJECT
+
+private:
+    // Sends a right click at a point of a widget to the window. The menu that opens, closed again by then; null if
+    // none did.
+    static QMenu* rightClick(WindowFixture& f, QWidget* widget, const QPoint& point)
+    {
+        // The offscreen platform gives the activation to a popup and does not give it back.
+        QApplication::setActiveWindow(f.window());
+        widget->setFocus();
+        QMenu* opened = nullptr;
+        QTimer poll;
+        poll.setInterval(0);
+        QObject::connect(&poll, &QTimer::timeout, [&opened] {
+            QMenu* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+            if (menu != nullptr) {
+                opened = menu;
+                menu->close();
+            }
+        });
+        poll.start();
+        const QPoint inWindow = widget->mapTo(f.window(), point);
+        QContextMenuEvent event(QContextMenuEvent::Mouse, inWindow, f.window()->mapToGlobal(inWindow));
+        QCoreApplication::sendEvent(f.window(), &event);
+        return opened;
+    }
+
+    static QPoint rowPoint(const WindowFixture& f, int row)
+    {
+        return f.table()->viewport()->mapTo(f.table(), f.table()->visualItemRect(f.table()->item(row, 0)).center());
+    }
+
+    static QPoint nodePoint(const WindowFixture& f, QTreeWidgetItem* node)
+    {
+        return f.tree()->viewport()->mapTo(f.tree(), f.tree()->visualItemRect(node).center());
+    }
+
+    static void activate(WindowFixture& f)
+    {
+        f.window()->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(f.window()));
+    }
+
+private slots:
+    void cleanup() { QCOMPARE(FakeSdk::leaks(), QString()); }
+
+    void rightClickBelowTheRowsClearsTheSelection()
+    {
+        WindowFixture f;
+        WindowFixture::fillStores();
+        f.build();
+        activate(f);
+        f.selectRows({0, 1});
+        QCOMPARE(rightClick(f, f.table(), QPoint(20, f.table()->height() - 5)), f.in().tableMenu());
+        QVERIFY(f.table()->selectedItems().isEmpty());
+        QVERIFY(!f.tableAction("IDS_PMMENU_DETAIL")->isEnabled());
+        QVERIFY(!f.tableAction("IDS_PMMENU_DELETE")->isEnabled());
+        QVERIFY(!f.tableAction("IDS_EXPORT_PHONEBOOKSEL")->isEnabled());
+        QVERIFY(f.tableAction("IDS_EXPORT_PHONEBOOK")->isEnabled());
+        QCOMPARE(f.previewText(), QString("IDS_NORECORDSELECT"));
+    }
+
+    void rightClickOnTheHeaderOpensOnlyWithASelection()
+    {
+        WindowFixture f;
+        WindowFixture::fillStores();
+        f.build();
+        activate(f);
+        const QPoint header(20, f.table()->horizontalHeader()->height() / 2);
+        QVERIFY(rightClick(f, f.table(), header) == nullptr);
+        f.selectRows({0, 1});
+        QCOMPARE(rightClick(f, f.table(), header), f.in().tableMenu());
+        QVERIFY(f.table()->selectedItems().isEmpty());
+        QVERIFY(!f.tableAction("IDS_PMMENU_DELETE")->isEnabled());
+    }
+
+    void rightClickBelowTheTableOpensNothing()
+    {
+        WindowFixture f;
+        WindowFixture::fillStores();
+        f.build();
+        activate(f);
+        QVERIFY(rightClick(f, f.table(), QPoint(20, f.table()->height() + 30)) == nullptr);
+    }
+
+    void rightClickOnRowsPreparesForTheirNumber()
+    {
+        WindowFixture f;
+        WindowFixture::fillStores();
+        f.build();
+        activate(f);
+        f.selectRows({1});
+        QCOMPARE(rightClick(f, f.table(), rowPoint(f, 1)), f.in().tableMenu());
+        QVERIFY(f.tableAction("IDS_PMMENU_DETAIL")->isEnabled());
+        QVERIFY(f.tableAction("IDS_PMMENU_CALL")->isEnabled());
+        QVERIFY(!f.tableAction("IDS_PMMENU_REMFRGRP")->isEnabled());
+        f.selectRows({0, 1});
+        QCOMPARE(rightClick(f, f.table(), rowPoint(f, 1)), f.in().tableMenu());
+        QVERIFY(!f.tableAction("IDS_PMMENU_DETAIL")->isEnabled());
+        QVERIFY(!f.tableAction("IDS_PMMENU_CALL")->isEnabled());
+        QVERIFY(f.tableAction("IDS_PMMENU_SEND")->isEnabled());
+    }
+
+    void rowInAGroupCanBeTakenOutOfIt()
+    {
+        WindowFixture f;
+        WindowFixture::fillStores();
+        f.build();
+        activate(f);
+        f.click(f.node("Friends"));
+        f.selectRows({0});
+        QCOMPARE(rightClick(f, f.table(), rowPoint(f, 0)), f.in().tableMenu());
+        QVERIFY(f.tableAction("IDS_PMMENU_REMFRGRP")->isEnabled());
+        QVERIFY(f.tableAction("IDS_PMMENU_SEND")->isEnabled());
+        QVERIFY(f.tableAction("IDS_PMMENU_CALL")->isEnabled());
+        f.click(f.in().local());
+        f.selectRows({0});
+        QCOMPARE(rightClick(f, f.table(), rowPoint(f, 0)), f.in().tableMenu());
+        QVERIFY(!f.tableAction("IDS_PMMENU_REMFRGRP")->isEnabled());
+    }
+
+    void openingFollowsTheCapacityOfTheNode()
+    {
+        WindowFixture f;
+        WindowFixture::fillStores();
+        f.build();
+        activate(f);
+        FakeSdk::setCapacity(4, 3);
+        rightClick(f, f.table(), rowPoint(f, 1));
+        QVERIFY(!f.tableAction("IDS_PMMENU_ADD")->isEnabled());
+        QVERIFY(!f.tableAction("IDS_IMPORT_PHONEBOOK")->isEnabled());
+        FakeSdk::setCapacity(4, 4);
+        rightClick(f, f.table(), rowPoint(f, 1));
+        QVERIFY(f.tableAction("IDS_PMMENU_ADD")->isEnabled());
+        QVERIFY(f.tableAction("IDS_IMPORT_PHONEBOOK")->isEnabled());
+    }
+
+    void treeMenuFollowsTheNode_data()
+    {
+        QTest::addColumn<QString>("node");
+        QTest::addColumn<bool>("subGroups");
+        QTest::addColumn<bool>("add");
+        QTest::addColumn<bool>("change");
+        QTest::newRow("local") << "IDS_LOCAL" << false << true << false;
+        QTest::newRow("group") << "Friends" << false << false << true;
+        QTest::newRow("group with sub-groups") << "Friends" << true << true << true;
+        QTest::newRow("device") << "device" << true << false << false;
+    }
+    void treeMenuFollowsTheNode()
+    {
+        QFETCH(QString, node);
+        QFETCH(bool, subGroups);
+        QFETCH(bool, add);
+        QFETCH(bool, change);
+        WindowFixture f;
+        WindowFixture::fillStores();
+        f.build();
+        activate(f);
+        f.in().subGroups() = subGroups;
+        QTreeWidgetItem* const item = node == "device" ? f.in().device() : f.node(node);
+        f.click(item);
+        QCOMPARE(rightClick(f, f.tree(), nodePoint(f, item)), f.in().treeMenu());
+        QCOMPARE(f.treeAction("IDS_Add_GROUP")->isEnabled(), add);
+        QCOMPARE(f.treeAction("IDS_EDIT_GROUP")->isEnabled(), change);
+        QCOMPARE(f.treeAction("IDS_DEL_GROUP")->isEnabled(), change);
+    }
+
+    void rightClickBesideTheNodesOpensNothing()
+    {
+        WindowFixture f;
+        f.build();
+        activate(f);
+        QVERIFY(rightClick(f, f.tree(), QPoint(10, f.tree()->height() - 5)) == nullptr);
+    }
+
+    void menuOpensWithoutAContainerInItsLastState()
+    {
+        WindowFixture f;
+        WindowFixture::fillStores();
+        f.build();
+        activate(f);
+        f.selectRows({0});
+        rightClick(f, f.table(), rowPoint(f, 0));
+        FakeCore::setContainerPresent(false);
+        f.selectRows({0, 1});
+        QCOMPARE(rightClick(f, f.table(), rowPoint(f, 0)), f.in().tableMenu());
+        QVERIFY(f.tableAction("IDS_PMMENU_DETAIL")->isEnabled());
+    }
+
+    void neitherFocusOpensNothing()
+    {
+        WindowFixture f;
+        WindowFixture::fillStores();
+        f.build();
+        activate(f);
+        QVERIFY(rightClick(f, f.in().preview(), QPoint(5, 5)) == nullptr);
+    }
+
+    void menuOutlivesTheTables()
+    {
+        WindowFixture f;
+        WindowFixture::fillStores();
+        f.build();
+        activate(f);
+        const QPointer<QMenu> menu(f.in().tableMenu());
+        f.click(f.in().device());
+        f.click(f.in().local());
+        QVERIFY(!menu.isNull());
+        f.selectRows({0});
+        QCOMPARE(rightClick(f, f.table(), rowPoint(f, 0)), menu.data());
+    }
+
+    void rowsArriveWhileTheMenuIsOpen()
+    {
+        WindowFixture f;
+        WindowFixture::fillStores();
+        f.build();
+        activate(f);
+        f.selectRows({0});
+        QTimer reload;
+        reload.setSingleShot(true);
+        QObject::connect(&reload, &QTimer::timeout, [&f] {
+            f.window()->OnTreeClicked(f.in().device());
+            QVERIFY(f.waitRead());
+            QApplication::activePopupWidget()->close();
+        });
+        f.table()->setFocus();
+        const QPoint point = f.table()->mapTo(f.window(), rowPoint(f, 0));
+        QContextMenuEvent event(QContextMenuEvent::Mouse, point, f.window()->mapToGlobal(point));
+        reload.start(0);
+        QCoreApplication::sendEvent(f.window(), &event);
+        QCOMPARE(f.column(0), (QStringList{"Emil", "Frida"}));
+    }
+
+    void keysOfShortcutsAndEntriesComeFromTheLanguage()
+    {
+        WindowFixture f;
+        FakeCore::setShortcut("IDS_PMMENU_SEND_MSG", QKeySequence("Ctrl+1"));
+        FakeCore::setShortcut("IDS_PMMENU_CALL", QKeySequence("Ctrl+2"));
+        FakeCore::setShortcut("IDS_EDIT_GROUP", QKeySequence("F2"));
+        FakeCore::setShortcut("IDS_PMMENU_SEND_MSG", QKeySequence("Ctrl+9"), "fr");
+        f.build();
+        const auto keys = [&f] {
+            QStringList list;
+            for (const QShortcut* shortcut : f.window()->findChildren<QShortcut*>())
+                list << shortcut->key().toString();
+            return list;
+        };
+        QCOMPARE(f.window()->findChildren<QShortcut*>().size(), 9);
+        QCOMPARE(f.tree()->findChildren<QShortcut*>(QString(), Qt::FindDirectChildrenOnly).size(), 2);
+        QVERIFY(keys().contains("Ctrl+1"));
+        QVERIFY(keys().contains("Ctrl+2"));
+        QVERIFY(keys().contains("F2"));
+        QCOMPARE(f.tableAction("IDS_PMMENU_SEND_MSG")->shortcut(), QKeySequence("Ctrl+1"));
+        FakeCore::setLanguage("fr");
+        f.window()->SetLanguage();
+        QVERIFY(keys().contains("Ctrl+9"));
+        QVERIFY(!keys().contains("Ctrl+1"));
+        QCOMPARE(f.window()->findChildren<QShortcut*>().size(), 9);
+        QCOMPARE(f.tableAction("IDS_PMMENU_SEND_MSG")->shortcut(), QKeySequence("Ctrl+9"));
+    }
+
+    void callKeyNeedsTheCallPlugin()
+    {
+        WindowFixture f;
+        FakeCore::setSibling(FakeCore::VoiceCallId, false);
+        FakeCore::setShortcut("IDS_PMMENU_CALL", QKeySequence("Ctrl+2"));
+        f.build();
+        for (const QShortcut* shortcut : f.window()->findChildren<QShortcut*>())
+            QVERIFY(shortcut->key() != QKeySequence("Ctrl+2"));
+    }
+
+    void shortcutsReachTheirSlots()
+    {
+        WindowFixture f;
+        FakeCore::setShortcut("IDS_PMTOOLBAR_SEARCH", QKeySequence("Ctrl+F"));
+        FakeCore::setShortcut("IDS_PMMENU_SEND_MSG", QKeySequence("Ctrl+M"));
+        FakeCore::setShortcut("IDS_PMMENU_SEND_MMS", QKeySequence("Ctrl+Shift+M"));
+        FakeCore::setShortcut("IDS_PMMENU_CALL", QKeySequence("Ctrl+T"));
+        WindowFixture::fillStores();
+        f.build();
+        activate(f);
+        f.table()->setFocus();
+        f.selectRows({1});
+        QTest::keyClick(f.table(), Qt::Key_F, Qt::ControlModifier);
+        QVERIFY(f.in().searchShown());
+        f.table()->setFocus();
+        QTest::keyClick(f.table(), Qt::Key_M, Qt::ControlModifier);
+        QCOMPARE(FakeCore::sms().size(), 1);
+        QCOMPARE(FakeCore::sms().first().numbers, QString("444"));
+        QTest::keyClick(f.table(), Qt::Key_M, Qt::ControlModifier | Qt::ShiftModifier);
+        QCOMPARE(FakeCore::mms(), QStringList{"444"});
+        QTest::keyClick(f.table(), Qt::Key_T, Qt::ControlModifier);
+        QCOMPARE(FakeCore::madeCalls().size(), 1);
+        // With the tree in focus the message goes to the node.
+        f.tree()->setFocus();
+        QTest::keyClick(f.tree(), Qt::Key_M, Qt::ControlModifier);
+        QCOMPARE(FakeCore::sms().last().numbers, QString("111;444;555"));
+    }
+
+    void groupShortcutsNeedTheFocusOfTheTree()
+    {
+        WindowFixture f;
+        WindowFixture::fillStores();
+        f.build();
+        activate(f);
+        int asked = 0;
+        QObject::connect(f.tree(), &PBTreeWidget::newGroup, [&asked] { ++asked; });
+        // What a new group opens is another test's matter.
+        QObject::disconnect(f.tree(), SIGNAL(newGroup()), f.window(), nullptr);
+        f.table()->setFocus();
+        f.window()->OnShortKeyNewGroup();
+        QCOMPARE(asked, 0);
+        f.tree()->setFocus();
+        f.window()->OnShortKeyNewGroup();
+        QCOMPARE(asked, 1);
+    }
+
+    void theKeyMAloneIsKeptFromTheTable()
+    {
+        WindowFixture f;
+        for (const char* name : {"Anna", "Max", "Nils"})
+            FakeSdk::addRecord(4, {name});
+        f.build();
+        activate(f);
+        f.table()->setCurrentCell(0, 0);
+        const auto press = [&f](int key, const QString& text) {
+            QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier, text);
+            QCoreApplication::sendEvent(f.window(), &event);
+            return event.isAccepted();
+        };
+        press(Qt::Key_N, "n"); // keyboard search of the table
+        QCOMPARE(f.table()->currentRow(), 2);
+        f.table()->setCurrentCell(0, 0);
+        QTest::qWait(QApplication::keyboardInputInterval() + 50);
+        QVERIFY(!press(Qt::Key_M, "m"));
+        QCOMPARE(f.table()->currentRow(), 0);
+        // Every other key reaches the base class behind the table, which ignores it.
+        QVERIFY(!press(Qt::Key_F5, QString()));
+    }
+
+    void textWithItsKeyFollowsTheLayout()
+    {
+        WindowFixture f;
+        f.build();
+        QAction action("Save", nullptr);
+        f.window()->setShortCutToQAction(&action, QKeySequence("Ctrl+S"));
+        QCOMPARE(action.text(), QString("Save \t Ctrl+S"));
+        qApp->setLayoutDirection(Qt::RightToLeft);
+        action.setText("Save");
+        f.window()->setShortCutToQAction(&action, QKeySequence("Ctrl+S"));
+        qApp->setLayoutDirection(Qt::LeftToRight);
+        QCOMPARE(action.text(), QChar(0x202e) + QString("Save") + QChar(0x202d) + "Ctrl+S ");
+    }
+
+    void menuFileCutAnywhereLeavesAWorkingWindow()
+    {
+        const QByteArray xml = WindowFixture::shippedConfig();
+        for (int length = 0; length < xml.size(); length += 37) {
+            WindowFixture f;
+            WindowFixture::fillStores();
+            f.writeConfig(xml.left(length));
+            f.build();
+            QCOMPARE(f.table()->rowCount(), 3);
+            f.selectRows({0});
+            f.window()->updateContextMenu(ADDRBOOK_ENABLE_TABLE_SINGLE);
+            f.window()->updateContextMenu(ADDRBOOK_ENABLE_TREE_LOCAL);
+            f.window()->SetLanguage();
+        }
+    }
+
+    void menuFileWithAnyByteSpoiltLeavesAWorkingWindow()
+    {
+        const QByteArray xml = WindowFixture::shippedConfig();
+        WindowFixture f;
+        f.build();
+        for (int at = 0; at < xml.size(); ++at) {
+            QByteArray spoilt = xml;
+            spoilt[at] = at % 2 == 0 ? '<' : '\0';
+            f.writeConfig(spoilt);
+            const std::unique_ptr<QMenu> menu(f.in().makeSendMenu());
+            QVERIFY(menu);
+        }
+    }
+};
+
+QTEST_MAIN(MenuTest)
+#include "MenuTest.moc"

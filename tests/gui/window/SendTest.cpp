@@ -1,0 +1,312 @@
+#include <QObject>
+#include <QTableWidget>
+
+#include "linkhand/core/ExtendDialog.h"
+
+#include "WindowFixture.h"
+
+// Sending, calling, and telling others of changes.
+class SendTest : public QObject
+{
+    Q_OBJECT
+
+private:
+    static QStringList pushes()
+    {
+        QStringList list;
+        for (const FakeCore::Notice& notice : FakeCore::notices()) {
+            if (notice.isPush)
+                list << QString("%1 %2 %3").arg(notice.message).arg(notice.param1).arg(notice.param2);
+        }
+        return list;
+    }
+
+private slots:
+    void cleanup() { QCOMPARE(FakeSdk::leaks(), QString()); }
+
+    void selectedRowsGiveTheirFirstNumber()
+    {
+        WindowFixture f;
+        WindowFixture::fillStores();
+        FakeSdk::addRecord(4, {"Doro", "", "999"}); // its further numbers do not count
+        f.build();
+        f.selectRows({0, 3});
+        QCOMPARE(f.window()->sendSingleSMS(), QString("111"));
+        f.window()->OnButtonClickedSendSMS();
+        QCOMPARE(FakeCore::sms().size(), 1);
+        QCOMPARE(FakeCore::sms().first().numbers, QString("111"));
+        QCOMPARE(FakeCore::sms().first().text, QString(""));
+        QVERIFY(FakeCore::sms().first().parent == nullptr);
+    }
+
+    void rangesAreWalkedFromTheLastAndRowsFromTheTop()
+    {
+        WindowFixture f;
+        for (const char* number : {"1", "2", "3", "4", "5"})
+            FakeSdk::addRecord(4, {QString("N") + number, number});
+        f.build();
+        f.table()->clearSelection();
+        f.table()->setRangeSelected(QTableWidgetSelectionRange(0, 0, 1, 5), true);
+        f.table()->setRangeSelected(QTableWidgetSelectionRange(3, 0, 4, 5), true);
+        QStringList expected;
+        const QList<QTableWidgetSelectionRange> ranges = f.table()->selectedRanges();
+        for (int i = ranges.size() - 1; i >= 0; --i) {
+            for (int row = ranges.at(i).topRow(); row <= ranges.at(i).bottomRow(); ++row)
+                expected << f.table()->item(row, 1)->text();
+        }
+        QCOMPARE(expected.size(), 4);
+        QCOMPARE(f.window()->sendSingleSMS(), expected.join(";"));
+    }
+
+    void sameNumberTwiceOccursTwice()
+    {
+        WindowFixture f;
+        FakeSdk::addRecord(4, {"A", "12"});
+        FakeSdk::addRecord(4, {"B", "12"});
+        f.build();
+        f.selectRows({0, 1});
+        f.window()->OnButtonClickedSendMMS();
+        QCOMPARE(FakeCore::mms(), QStringList{"12;12"});
+    }
+
+    void groupGivesTheMobileNumbersOfItsMembers()
+    {
+        WindowFixture f;
+        WindowFixture::fillStores();
+        const int group = FakeSdk::addGroup("Three");
+        for (int id : {1, 2, 3})
+            FakeSdk::join(group, id);
+        f.build();
+        f.click(f.node("Three"));
+        f.window()->OnButtonClickedSendGroupSMS();
+        QCOMPARE(FakeCore::sms().last().numbers, QString("111;444;555"));
+        f.window()->OnButtonClickedSendGroupMMS();
+        QCOMPARE(FakeCore::mms().last(), QString("111;444;555"));
+    }
+
+    void rowsThatASearchHidesCountInAGroup()
+    {
+        WindowFixture f;
+        WindowFixture::fillStores();
+        f.build();
+        f.window()->OnTextEdited("Anna");
+        QCOMPARE(f.table()->rowCount(), 1);
+        QCOMPARE(f.window()->sendMultipleSMS(), QString("111;444;555"));
+    }
+
+    void cardNodeOpensTheEditorWithoutRecipients()
+    {
+        WindowFixture f;
+        WindowFixture::fillStores();
+        f.build();
+        f.click(f.in().sim());
+        f.window()->OnButtonClickedSendGroupSMS();
+        QCOMPARE(FakeCore::sms().size(), 1);
+        QCOMPARE(FakeCore::sms().first().numbers, QString(""));
+    }
+
+    void memberThatIsGoneIsPassedOver()
+    {
+        WindowFixture f;
+        WindowFixture::fillStores();
+        const int group = FakeSdk::addGroup("Ghosts");
+        FakeSdk::setMissingRecordGivesNull(true);
+        FakeSdk::join(group, 4711);
+        FakeSdk::join(group, 1);
+        f.build();
+        f.click(f.node("Ghosts"));
+        QCOMPARE(f.window()->sendMultipleSMS(), QString("111"));
+    }
+
+    void nothingIsSentOffline_data()
+    {
+        QTest::addColumn<bool>("net");
+        QTest::addColumn<bool>("radioOff");
+        QTest::addColumn<bool>("selected");
+        QTest::addColumn<bool>("sent");
+        QTest::newRow("online, one row") << true << false << true << true;
+        QTest::newRow("online, none") << true << false << false << false;
+        QTest::newRow("no network") << false << false << true << false;
+        QTest::newRow("radio off") << true << true << true << false;
+    }
+    void nothingIsSentOffline()
+    {
+        QFETCH(bool, net);
+        QFETCH(bool, radioOff);
+        QFETCH(bool, selected);
+        QFETCH(bool, sent);
+        WindowFixture f;
+        WindowFixture::fillStores();
+        f.build();
+        f.window()->OnNetStatusChanged(net);
+        f.window()->OnRFStatusChanged(radioOff);
+        f.selectRows(selected ? QList<int>{2} : QList<int>{});
+        f.window()->OnButtonClickedSendSMS();
+        f.window()->OnButtonClickedSendMMS();
+        f.window()->OnButtonClickedCall();
+        QCOMPARE(FakeCore::sms().size(), sent ? 1 : 0);
+        QCOMPARE(FakeCore::mms().size(), sent ? 1 : 0);
+        QCOMPARE(FakeCore::madeCalls().size(), sent ? 1 : 0);
+        f.window()->OnButtonClickedSendGroupSMS();
+        f.window()->OnButtonClickedSendGroupMMS();
+        QCOMPARE(FakeCore::sms().size(), net && !radioOff ? (sent ? 2 : 1) : 0);
+        QVERIFY(FakeCore::messages().isEmpty());
+    }
+
+    void absentSiblingsAndFailedCastsAreSilent()
+    {
+        WindowFixture f;
+        WindowFixture::fillStores();
+        f.build();
+        f.selectRows({0});
+        QObject stranger; // no service
+        FakeCore::setSiblingObject(FakeCore::SmsId, 4097, &stranger);
+        FakeCore::setSiblingObject(FakeCore::MmsId, 32785, &stranger);
+        FakeCore::setSiblingObject(FakeCore::NotifyId, 8209, &stranger);
+        FakeCore::setSiblingObject(FakeCore::DeviceMgrId, 4097, &stranger);
+        FakeCore::clearNotices();
+        for (int round = 0; round < 3; ++round) {
+            f.window()->OnButtonClickedSendSMS();
+            f.window()->OnButtonClickedSendMMS();
+            f.window()->OnButtonClickedSendGroupSMS();
+            f.window()->OnButtonClickedSendGroupMMS();
+            f.window()->broadcastMsg(291, 1, 0);
+            f.window()->pushNotify(288, 4, 1);
+            QVERIFY(f.window()->getDeviceMgrPlugin() == nullptr);
+            if (round == 0) {
+                for (const char* id : {FakeCore::SmsId, FakeCore::MmsId, FakeCore::NotifyId, FakeCore::DeviceMgrId})
+                    FakeCore::setSibling(id, false);
+            }
+            if (round == 1)
+                FakeCore::setContainerPresent(false);
+        }
+        QVERIFY(FakeCore::sms().isEmpty());
+        QVERIFY(FakeCore::mms().isEmpty());
+        QVERIFY(FakeCore::notices().isEmpty());
+        QVERIFY(FakeCore::messages().isEmpty());
+    }
+
+    void siblingsAreAskedForByKind()
+    {
+        WindowFixture f;
+        WindowFixture::fillStores();
+        f.build();
+        f.selectRows({0});
+        f.window()->OnButtonClickedSendSMS();
+        QCOMPARE(FakeCore::lookups().last(), QString("%1 4097").arg(FakeCore::SmsId));
+        f.window()->OnButtonClickedSendMMS();
+        QCOMPARE(FakeCore::lookups().last(), QString("%1 32785").arg(FakeCore::MmsId));
+        f.window()->broadcastMsg(291, 1, 0);
+        QCOMPARE(FakeCore::lookups().last(), QString("%1 8209").arg(FakeCore::NotifyId));
+        QVERIFY(f.window()->getDeviceMgrPlugin() != nullptr);
+        QCOMPARE(FakeCore::lookups().last(), QString("%1 4097").arg(FakeCore::DeviceMgrId));
+    }
+
+    void severalNumbersAreOfferedInTheOrderMobileBusinessHome()
+    {
+        WindowFixture f;
+        FakeSdk::addRecord(4, {"Mobile and home", "1", "", "3"});
+        f.build();
+        f.selectRows({0});
+        f.window()->OnButtonClickedCall();
+        QVERIFY(FakeCore::madeCalls().isEmpty());
+        QCOMPARE(FakeCore::dialogs().size(), 1);
+        QTableWidget* const numbers = FakeCore::dialogs().first()->findChild<QTableWidget*>();
+        QVERIFY(numbers != nullptr);
+        QCOMPARE(numbers->rowCount(), 2);
+        QCOMPARE(numbers->item(0, 0)->text(), QString("ID_STR_MOBILE_PHONE"));
+        QCOMPARE(numbers->item(0, 1)->text(), QString("1"));
+        QCOMPARE(numbers->item(1, 0)->text(), QString("ID_STR_HOME_PHONE"));
+        QCOMPARE(numbers->item(1, 1)->text(), QString("3"));
+    }
+
+    void oneNumberIsCalledAtOnce_data()
+    {
+        QTest::addColumn<QStringList>("record");
+        QTest::addColumn<QString>("called");
+        QTest::newRow("mobile") << QStringList{"A", "1"} << "1";
+        QTest::newRow("business") << QStringList{"A", "", "2"} << "2";
+        QTest::newRow("home") << QStringList{"A", "", "", "3"} << "3";
+        QTest::newRow("none") << QStringList{"A", "", "", "", "4@x.org"} << "";
+    }
+    void oneNumberIsCalledAtOnce()
+    {
+        QFETCH(QStringList, record);
+        QFETCH(QString, called);
+        WindowFixture f;
+        FakeSdk::addRecord(4, record);
+        f.build();
+        f.selectRows({0});
+        f.window()->OnButtonClickedCall();
+        QCOMPARE(FakeCore::madeCalls().size(), called.isEmpty() ? 0 : 1);
+        if (!called.isEmpty()) {
+            QCOMPARE(FakeCore::madeCalls().first().number, called);
+            QCOMPARE(FakeCore::madeCalls().first().type, 0);
+        }
+        QVERIFY(FakeCore::dialogs().isEmpty());
+    }
+
+    void memoryOfTwoFieldsHasOneNumberColumn()
+    {
+        WindowFixture f;
+        WindowFixture::fillStores();
+        f.build();
+        f.click(f.in().sim());
+        f.selectRows({0});
+        f.window()->OnButtonClickedCall();
+        QCOMPARE(FakeCore::madeCalls().size(), 1);
+        QCOMPARE(FakeCore::madeCalls().first().number, QString("666"));
+    }
+
+    void changesAreToldOncePerNumber()
+    {
+        WindowFixture f;
+        f.build();
+        FakeCore::clearNotices();
+        f.in().memory() = PB_MEM_ME;
+        f.in().notifyRecords() = {AddrBookRecord{7, {"123", "456"}}, AddrBookRecord{8, {"9"}},
+                                  AddrBookRecord{7, {"789"}}, AddrBookRecord{7, {}}};
+        f.window()->sendNotifyToSMS(7, 289);
+        QCOMPARE(pushes(), (QStringList{"289 1 123", "289 1 456", "289 1 789"}));
+        QCOMPARE(f.in().notifyRecords().size(), 1);
+        QCOMPARE(f.in().notifyRecords().first().iID, 8);
+    }
+
+    void numberThatDoesNotFitIsToldAsZero()
+    {
+        WindowFixture f;
+        f.build();
+        FakeCore::clearNotices();
+        f.in().memory() = PB_MEM_LOCAL;
+        f.in().notifyRecords() = {AddrBookRecord{1, {"+4917", "2147483647", "2147483648", "12a"}}};
+        f.window()->sendNotifyToSMS(1, 288);
+        QCOMPARE(pushes(), (QStringList{"288 4 0", "288 4 2147483647", "288 4 0", "288 4 0"}));
+    }
+
+    void deletedContactWithoutNumbersIsToldToNobody()
+    {
+        WindowFixture f;
+        f.build();
+        FakeCore::clearNotices();
+        f.in().notifyRecords() = {AddrBookRecord{1, {}}};
+        f.window()->sendNotifyToSMS(1, 290);
+        QVERIFY(pushes().isEmpty());
+        QVERIFY(f.in().notifyRecords().isEmpty());
+    }
+
+    void phoneFieldsAreThoseOfTheDragSource()
+    {
+        WindowFixture f;
+        f.build();
+        f.in().dragSource() = PB_MEM_LOCAL;
+        QVERIFY(f.window()->isPhoneField("ID_STR_HOME_PHONE"));
+        QVERIFY(!f.window()->isPhoneField("ID_STR_NAME"));
+        QCOMPARE(f.window()->getPhoneFieldCount({"ID_STR_NAME", "ID_STR_MOBILE_PHONE", "ID_STR_HOME_PHONE"}), 2);
+        f.in().dragSource() = PB_MEM_SIM;
+        QVERIFY(!f.window()->isPhoneField("ID_STR_HOME_PHONE"));
+        QVERIFY(f.window()->isPhoneField("ID_STR_MOBILE_PHONE"));
+    }
+};
+
+QTEST_MAIN(SendTest)
+#include "SendTest.moc"
