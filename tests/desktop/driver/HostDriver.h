@@ -75,7 +75,7 @@ public:
     // What the program wrote on its error channel so far.
     QString Log();
 
-    // The lines of it that should not be there: everything but what the phonebook is known to say.
+    // The lines of it that should not be there: everything but what the phonebook and Qt are known to say.
     QStringList ErrorLines();
 
     // What the screen shows.
