@@ -49,6 +49,11 @@ void Hand::Release()
     m_bDown = false;
 }
 
+void Hand::Tap(const QString& strKey)
+{
+    xdotool({"key", strKey});
+}
+
 void Hand::Hold(const QString& strKey)
 {
     xdotool({"keydown", strKey});

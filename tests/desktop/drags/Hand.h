@@ -16,6 +16,8 @@ public:
     void MoveTo(const QPoint& point);
     void Release();
 
+    // A key pressed with the button down; a key that clears other keys first would let the button go.
+    void Tap(const QString& strKey);
     void Hold(const QString& strKey);
     void LetGo();
 

@@ -254,7 +254,7 @@ void TestDesktopDrags::escapeCancels()
         hand.Press(handle("Anna 0002"));
         hand.MoveTo(node("Work"));
         QVERIFY(isLit("Work"));
-        m_pHost->Key("Escape");
+        hand.Tap("Escape");
         hand.Release();
     }
     QVERIFY(shows("Work(0)"));
