@@ -149,7 +149,7 @@ private slots:
         WindowFixture::fillStores();
         f.build();
         FakeSdk::fail("ExportToFile");
-        FilesFixture::choose("/root/nobody/all.csv");
+        FilesFixture::choose("/no/such/folder/all.csv");
         f.tableAction("IDS_EXPORT_PHONEBOOK")->trigger();
         QCOMPARE(FakeCore::messageTexts(), QStringList("IDS_SMS_EXPORTFAILURE_COUNT"));
         QCOMPARE(FakeCore::messages().last().caption, QString("IDS_ERROR_CAPTION"));
