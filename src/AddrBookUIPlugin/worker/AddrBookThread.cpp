@@ -16,6 +16,7 @@ AddrBookThread::AddrBookThread(QObject* pParent)
       m_bStop(false),
       m_iColumnCount(0),
       m_iParentGroupId(0),
+      m_bSlotFinished(false),
       m_enSourceMemory(PB_MEM_LOCAL),
       m_enTargetMemory(PB_MEM_LOCAL),
       m_bContactsTaken(false),
@@ -105,6 +106,7 @@ void AddrBookThread::StopOperation()
 void AddrBookThread::SetSlotExecutionStatus()
 {
     const QMutexLocker locker(&m_mutex);
+    m_bSlotFinished = true;
     m_condition.wakeAll();
 }
 

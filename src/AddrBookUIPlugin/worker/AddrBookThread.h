@@ -126,6 +126,7 @@ private:
     int m_iParentGroupId;
     QMutex m_mutex;
     QWaitCondition m_condition;
+    std::atomic<bool> m_bSlotFinished; // SetSlotExecutionStatus was called during the present wait; under m_mutex
     _ORVA_EN_PHONEBOOK_MEMORY m_enSourceMemory;
     _ORVA_EN_PHONEBOOK_MEMORY m_enTargetMemory;
 

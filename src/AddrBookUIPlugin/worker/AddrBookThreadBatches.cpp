@@ -48,12 +48,16 @@ void AddrBookThread::runBatch(BatchStep pStep, bool bLockFirst)
 }
 
 // Without a time limit, since a slot may hold a message box open; but when the application goes down no slot runs any
-// more, and the worker has to find out by itself.
+// more, and the worker has to find out by itself. The flag catches an answer that falls between the end of one timed
+// wait and the begin of the next: QWaitCondition wakes only who waits.
 void AddrBookThread::waitForSlot()
 {
-    while (!m_condition.wait(&m_mutex, g_ulShutdownCheckMilliseconds))
+    m_bSlotFinished = false;
+    while (!m_bSlotFinished) {
+        m_condition.wait(&m_mutex, g_ulShutdownCheckMilliseconds);
         if (CommonUtils::IsShuttingDown())
             return;
+    }
 }
 
 void AddrBookThread::delThreadFun(_ADDRBOOK_OPERATION_TYPE enOperation)

@@ -80,6 +80,17 @@ private slots:
         }
     }
 
+    // Answers around the moments at which a waiting worker looks for a shutdown, which must not swallow one.
+    void anAnswerAtAnyMomentEndsTheWait()
+    {
+        AddrBookThread worker;
+        Receiver receiver(&worker);
+        receiver.onResult = [](int count) { QThread::usleep(49500 + 50UL * static_cast<unsigned long>(count % 20)); };
+        worker.SetOperation(ADDRBOOK_OP_DELETE, PB_MEM_LOCAL, records(60), 0);
+        QVERIFY(runToEnd(worker));
+        QCOMPARE(receiver.results.size(), 60);
+    }
+
     void aBatchEndedByItsOwnerAtAnyMoment()
     {
         for (int round = 0; round < 30; ++round) {
