@@ -387,6 +387,20 @@
         <translation>Ctrl+E</translation>
     </message>
     <message>
+        <source>IDS_EMPTY_GROUP</source>
+        <translation>لا توجد جهات اتصال في هذه المجموعة بعد.
+اسحب جهات اتصال إلى المجموعة من قائمة كل جهات الاتصال.</translation>
+    </message>
+    <message>
+        <source>IDS_EMPTY_MEMORY</source>
+        <translation>لا توجد جهات اتصال بعد.
+أنشئ واحدة بزر «جهة اتصال جديدة» في شريط الأدوات، أو استورد ملفًا بزر الفأرة الأيمن.</translation>
+    </message>
+    <message>
+        <source>IDS_EMPTY_SEARCH</source>
+        <translation>لا توجد جهة اتصال تطابق البحث.</translation>
+    </message>
+    <message>
         <source>IDS_ERROR_CAPTION</source>
         <translation>خطأ</translation>
     </message>

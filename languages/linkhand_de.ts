@@ -316,7 +316,7 @@
     </message>
     <message>
         <source>IDS_ADDR_TO_FROM</source>
-        <translation>Übernommen aus</translation>
+        <translation>Aus Spalte</translation>
     </message>
     <message>
         <source>IDS_ADD_RECORD_INFO</source>
@@ -385,6 +385,20 @@
         <source>IDS_EDIT_LINKMAN</source>
         <comment>shortcut</comment>
         <translation>Ctrl+E</translation>
+    </message>
+    <message>
+        <source>IDS_EMPTY_GROUP</source>
+        <translation>Noch keine Kontakte in dieser Gruppe.
+Ziehen Sie Kontakte aus der Liste aller Kontakte auf die Gruppe.</translation>
+    </message>
+    <message>
+        <source>IDS_EMPTY_MEMORY</source>
+        <translation>Noch keine Kontakte.
+Legen Sie mit „Neuer Kontakt“ in der Werkzeugleiste einen an, oder importieren Sie mit der rechten Maustaste eine Datei.</translation>
+    </message>
+    <message>
+        <source>IDS_EMPTY_SEARCH</source>
+        <translation>Kein Kontakt passt zur Suche.</translation>
     </message>
     <message>
         <source>IDS_ERROR_CAPTION</source>

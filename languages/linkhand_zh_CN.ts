@@ -387,6 +387,20 @@
         <translation>Ctrl+E</translation>
     </message>
     <message>
+        <source>IDS_EMPTY_GROUP</source>
+        <translation>此群组中还没有联系人。
+请从所有联系人的列表中将联系人拖到该群组。</translation>
+    </message>
+    <message>
+        <source>IDS_EMPTY_MEMORY</source>
+        <translation>还没有联系人。
+使用工具栏中的“新建联系人”添加，或点击鼠标右键导入文件。</translation>
+    </message>
+    <message>
+        <source>IDS_EMPTY_SEARCH</source>
+        <translation>没有与搜索匹配的联系人。</translation>
+    </message>
+    <message>
         <source>IDS_ERROR_CAPTION</source>
         <translation>错误</translation>
     </message>
