@@ -344,6 +344,14 @@
         <translation>إلغاء</translation>
     </message>
     <message>
+        <source>IDS_CONTACT_DETAILS</source>
+        <translation>تفاصيل جهة الاتصال</translation>
+    </message>
+    <message>
+        <source>IDS_CONTACT_LIST</source>
+        <translation>جهات الاتصال</translation>
+    </message>
+    <message>
         <source>IDS_COPY_COMPLETE</source>
         <translation>اكتمل النسخ.</translation>
     </message>
@@ -784,6 +792,10 @@
         <translation>الموضوع:</translation>
     </message>
     <message>
+        <source>IDS_TEXT</source>
+        <translation>الرسالة</translation>
+    </message>
+    <message>
         <source>IDS_TITLE</source>
         <translation>رسالة SMS جديدة</translation>
     </message>
@@ -829,6 +841,10 @@
     <message>
         <source>IDS_SUBJECT</source>
         <translation>الموضوع:</translation>
+    </message>
+    <message>
+        <source>IDS_TEXT</source>
+        <translation>الرسالة</translation>
     </message>
     <message>
         <source>IDS_TITLE</source>

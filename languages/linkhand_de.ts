@@ -344,6 +344,14 @@
         <translation>Abbrechen</translation>
     </message>
     <message>
+        <source>IDS_CONTACT_DETAILS</source>
+        <translation>Angaben zum Kontakt</translation>
+    </message>
+    <message>
+        <source>IDS_CONTACT_LIST</source>
+        <translation>Kontakte</translation>
+    </message>
+    <message>
         <source>IDS_COPY_COMPLETE</source>
         <translation>Das Kopieren ist abgeschlossen.</translation>
     </message>
@@ -784,6 +792,10 @@ Legen Sie mit „Neuer Kontakt“ in der Werkzeugleiste einen an, oder importier
         <translation>Betreff:</translation>
     </message>
     <message>
+        <source>IDS_TEXT</source>
+        <translation>Nachricht</translation>
+    </message>
+    <message>
         <source>IDS_TITLE</source>
         <translation>Neue SMS</translation>
     </message>
@@ -829,6 +841,10 @@ Legen Sie mit „Neuer Kontakt“ in der Werkzeugleiste einen an, oder importier
     <message>
         <source>IDS_SUBJECT</source>
         <translation>Betreff:</translation>
+    </message>
+    <message>
+        <source>IDS_TEXT</source>
+        <translation>Nachricht</translation>
     </message>
     <message>
         <source>IDS_TITLE</source>

@@ -344,6 +344,14 @@
         <translation>取消</translation>
     </message>
     <message>
+        <source>IDS_CONTACT_DETAILS</source>
+        <translation>联系人详细信息</translation>
+    </message>
+    <message>
+        <source>IDS_CONTACT_LIST</source>
+        <translation>联系人</translation>
+    </message>
+    <message>
         <source>IDS_COPY_COMPLETE</source>
         <translation>复制已完成。</translation>
     </message>
@@ -784,6 +792,10 @@
         <translation>主题：</translation>
     </message>
     <message>
+        <source>IDS_TEXT</source>
+        <translation>信息</translation>
+    </message>
+    <message>
         <source>IDS_TITLE</source>
         <translation>新建短信</translation>
     </message>
@@ -829,6 +841,10 @@
     <message>
         <source>IDS_SUBJECT</source>
         <translation>主题：</translation>
+    </message>
+    <message>
+        <source>IDS_TEXT</source>
+        <translation>信息</translation>
     </message>
     <message>
         <source>IDS_TITLE</source>
