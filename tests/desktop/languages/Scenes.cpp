@@ -1,9 +1,9 @@
 #include "Scenes.h"
 
 #include <QAbstractButton>
-#include <QContextMenuEvent>
 #include <QFile>
 #include <QFileDialog>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
@@ -11,6 +11,7 @@
 #include <QTextEdit>
 #include <QToolButton>
 #include <QTreeWidget>
+#include <QWindow>
 #include <QtTest>
 
 #include "Problem.h"
@@ -95,6 +96,11 @@ bool shown(int iLeast)
     if (pTable == nullptr || pPreview == nullptr || pTable->rowCount() < iLeast) {
         return false;
     }
+    // A read restores the order that the user left, and so the order in which the director found the table.
+    if (pTable->horizontalHeader()->sortIndicatorSection() != 0) {
+        pTable->horizontalHeader()->setSortIndicator(0, Qt::AscendingOrder);
+        return false;
+    }
     const QString strName = pTable->item(0, 0) != nullptr ? pTable->item(0, 0)->text() : QString();
     if (!pPreview->toPlainText().contains(strName) || pTable->selectedItems().isEmpty()) {
         selectFirst(pTable);
@@ -126,12 +132,10 @@ void closePopup()
     }
 }
 
-void contextMenu(QAbstractItemView* pView, const QPoint& point)
+// Through the window, as the key comes from the keyboard: only that makes a context menu of it.
+void menuKey()
 {
-    const QPoint ptGlobal = pView->viewport()->mapToGlobal(point);
-    QCursor::setPos(ptGlobal);
-    QContextMenuEvent event(QContextMenuEvent::Mouse, point, ptGlobal);
-    QApplication::sendEvent(pView->viewport(), &event);
+    QTest::keyClick(Scenes::Main()->windowHandle(), Qt::Key_Menu);
 }
 
 // Does something in a moment, when a window that runs its own loop has come.
@@ -265,18 +269,15 @@ void addMenus(QList<Scene>& listScenes)
     listScenes << scene(
         "table-menu",
         [] {
-            QTableWidget* pTable = Child<QTableWidget>(TABLE);
-            pTable->setFocus();
-            selectFirst(pTable);
-            contextMenu(pTable, pTable->visualItemRect(pTable->item(0, 0)).center() + QPoint(0, 1));
+            selectFirst(Child<QTableWidget>(TABLE));
+            menuKey();
         },
-        popup, closePopup);
+        [] { return Child<QTableWidget>(TABLE)->selectedItems().isEmpty() ? nullptr : popup(); }, closePopup);
     listScenes << scene(
         "tree-menu",
         [] {
-            QTreeWidget* pTree = Child<QTreeWidget>(TREE);
-            pTree->setFocus();
-            contextMenu(pTree, pTree->visualItemRect(node(NODE_LOCAL)).center());
+            Child<QTreeWidget>(TREE)->setFocus();
+            menuKey();
         },
         popup, closePopup);
     listScenes << scene(
