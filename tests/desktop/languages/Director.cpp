@@ -32,10 +32,17 @@ QPalette darkPalette()
     return palette;
 }
 
-// The window manager makes a window the active one a moment after it is there.
-bool hasKeys(const QWidget* pWidget)
+// The window manager makes a window the active one a moment after it is there; between the end of one and the start of
+// the next it may have none to choose.
+bool hasKeys(QWidget* pWidget)
 {
-    return pWidget->isActiveWindow() || pWidget->windowType() == Qt::Popup;
+    if (pWidget->isActiveWindow() || pWidget->windowType() == Qt::Popup) {
+        return true;
+    }
+    if (QApplication::activeWindow() == nullptr) {
+        pWidget->activateWindow();
+    }
+    return false;
 }
 
 } // namespace

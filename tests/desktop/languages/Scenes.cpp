@@ -7,11 +7,11 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
+#include <QProcess>
 #include <QTableWidget>
 #include <QTextEdit>
 #include <QToolButton>
 #include <QTreeWidget>
-#include <QWindow>
 #include <QtTest>
 
 #include "Problem.h"
@@ -132,10 +132,10 @@ void closePopup()
     }
 }
 
-// Through the window, as the key comes from the keyboard: only that makes a context menu of it.
+// A real key: only from the keyboard does Qt make a context menu of it.
 void menuKey()
 {
-    QTest::keyClick(Scenes::Main()->windowHandle(), Qt::Key_Menu);
+    QProcess::startDetached("xdotool", {"key", "Menu"});
 }
 
 // Does something in a moment, when a window that runs its own loop has come.
@@ -345,7 +345,14 @@ void addDialogs(QList<Scene>& listScenes)
         "select-contacts",
         [] {
             click("linkhand_Messages_newSms");
-            click("SMSUIPlugin_buttonAddRecipients");
+            later([] {
+                const bool bReady =
+                    windowOf("SMSUIPlugin_window") != nullptr && windowOf("SMSUIPlugin_window")->isActiveWindow();
+                if (bReady) {
+                    QTimer::singleShot(0, qApp, [] { click("SMSUIPlugin_buttonAddRecipients"); });
+                }
+                return bReady;
+            });
         },
         []() -> QWidget* {
             QTreeWidget* pTree = seen<QTreeWidget>("AddrBookUIPlugin_selectContacts_treeContacts");
