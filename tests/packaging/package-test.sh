@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
-# Usage: package-test.sh CPACK  Builds the Debian package of the build tree, unpacks it into a fresh folder, looks at what
+# Usage: package-test.sh CMAKE CPACK  Builds the Debian package of the build tree, unpacks it into a fresh folder, looks at what
 # is in it and runs its programs from there. Runs in a home of its own, as ctest gives it (in-home.sh).
 set -euo pipefail
-cpack=$1
+cmake=$1
+cpack=$2
 source=$LINKHAND_SOURCE_DIR
 build=$LINKHAND_BUILD_DIR
 unset LINKHAND_DATA_DIR
@@ -65,6 +66,14 @@ for library in libqt5widgets5 libqt5xml5 libsqlite3-0 libcsv3 libc6; do
     expect "^ *$library( |\$)" "$work/depends" "the dependencies"
 done
 dpkg-deb -f "$package" | grep -q '^Maintainer: .*@' || fail "nobody maintains the package"
+
+# --- Installed without a package, and moved ---
+"$cmake" --install "$build" --prefix "$work/first" >"$work/install.log" 2>&1 || fail "$(tail -5 "$work/install.log")"
+mv "$work/first" "$work/second"
+[ "$("$work/second/bin/pbctl" --version)" = "pbctl $version" ] || fail "pbctl does not run from a moved folder"
+(cd "$work/second" && find . | sort) >"$work/installed"
+(cd "$root/usr" && find . | sort) >"$work/packed"
+cmp -s "$work/installed" "$work/packed" || fail "installed and packed: $(diff "$work/installed" "$work/packed")"
 
 # --- The desktop's files and the manual ---
 desktop-file-validate "$root/usr/share/applications/linkhand.desktop" >"$work/validate" 2>&1 || fail "$(cat "$work/validate")"
