@@ -314,6 +314,33 @@ private slots:
         QCOMPARE(f.previewText(), QString());
     }
 
+    void emptyMemoryShowsAnEmptyTableAndNoMessage()
+    {
+        WindowFixture f;
+        FakeSdk::addRecord(4, {"Anna", "1"});
+        f.build();
+        QCOMPARE(f.table()->rowCount(), 1);
+        f.click(f.in().sim());
+        QCOMPARE(f.table()->rowCount(), 0);
+        QCOMPARE(f.table()->columnCount(), 2);
+        QVERIFY(f.table()->isSortingEnabled()); // the read has come to its end
+        QCOMPARE(f.previewText(), QString("IDS_NORECORDSELECT"));
+        QVERIFY(FakeCore::messages().isEmpty());
+    }
+
+    // The closing tag is so written.
+    void noRecordTextIsMarkedUpAsTold()
+    {
+        WindowFixture f;
+        f.build();
+        FakeCore::setText("IDS_NORECORDSELECT", "Nothing chosen");
+        QCOMPARE(f.in().noRecordText(), QString("<HTML>Nothing chosen<HTML/>"));
+        QString text("before ");
+        f.window()->constructPreview(-1, 6, text, nullptr);
+        QCOMPARE(text, QString("before <HTML>Nothing chosen<HTML/>"));
+        QVERIFY(!f.in().previewEmpty()); // it counts as shown
+    }
+
     void failedReadShowsAShortTableAndNoMessage()
     {
         WindowFixture f;

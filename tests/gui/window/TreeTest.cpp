@@ -251,6 +251,19 @@ private slots:
         QCOMPARE(f.tree()->topLevelItemCount(), 1);
     }
 
+    void memoryListOfNoneGivesTheLocalNodeAlone()
+    {
+        WindowFixture f;
+        FakeSdk::setMemoryList({});
+        f.build();
+        QCOMPARE(f.tree()->topLevelItemCount(), 1);
+        FakeSdk::clearCalls();
+        f.window()->updateDeviceAndSimNode(false);
+        QCOMPARE(FakeSdk::names(), QStringList{"PBGetMemoryListType"}); // not asked to fill in a list
+        QCOMPARE(f.tree()->topLevelItemCount(), 1);
+        QVERIFY(FakeCore::messages().isEmpty());
+    }
+
     void groupsThatFailGiveTheLocalNodeNoChildren()
     {
         WindowFixture f;
