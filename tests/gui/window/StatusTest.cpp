@@ -287,6 +287,33 @@ private slots:
         QVERIFY(!f.in().netConnected());
     }
 
+    void memoryThatBecomesReadyIsReadAgainOnTheSdksWord()
+    {
+        WindowFixture f;
+        WindowFixture::fillStores();
+        f.build();
+        f.click(f.in().sim());
+        FakeSdk::addRecord(0, {"Hans", "1"});
+        QCOMPARE(FakeSdk::fire(20302), 1);
+        QTRY_COMPARE(f.column(0), (QStringList{"Dora", "Hans"}));
+        QVERIFY(f.waitRead());
+        f.click(f.in().device());
+        FakeSdk::addRecord(1, {"Ida", "1"});
+        QCOMPARE(FakeSdk::fire(20303), 1);
+        QTRY_COMPARE(f.column(0), (QStringList{"Emil", "Frida", "Ida"}));
+        QVERIFY(f.waitRead());
+    }
+
+    void movedSplitterFitsTheTree()
+    {
+        WindowFixture f;
+        f.build();
+        f.tree()->setColumnWidth(0, 5000);
+        QSplitter* splitter = f.window()->findChild<QSplitter*>("AddrBookUIPlugin_splitterMain");
+        QMetaObject::invokeMethod(splitter, "splitterMoved", Q_ARG(int, 200), Q_ARG(int, 1));
+        QVERIFY(f.tree()->columnWidth(0) < 5000);
+    }
+
     void languageChangeRewritesHeaderAndPreview()
     {
         FakeCore::reset();
