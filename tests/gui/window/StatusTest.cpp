@@ -195,6 +195,63 @@ private slots:
         QCOMPARE(broadcasts(), (QList<QPair<int, int>>{{291, 0}}));
     }
 
+    // Until a device was reported the window takes the card for out already.
+    void cardReportedOutBeforeAnyDeviceKeepsItsNode()
+    {
+        WindowFixture f;
+        WindowFixture::fillStores();
+        f.build();
+        FakeCore::clearNotices();
+        f.window()->OnSimStatusChanged(false);
+        QVERIFY(f.in().sim() != nullptr);
+        QCOMPARE(f.tree()->topLevelItemCount(), 3);
+        QVERIFY(broadcasts().isEmpty());
+    }
+
+    void reportsThatTakeTheCardAway_data()
+    {
+        QTest::addColumn<QByteArray>("report");
+        QTest::addColumn<int>("memory");
+        QTest::addColumn<bool>("cancelled");
+        QTest::addColumn<bool>("toLocal"); // the table goes to the PC's phonebook
+        const char* const disabled = "OnSimDisabled(true)";
+        const char* const invalid = "OnSimStatusChanged(false)";
+        const char* const mode = "OnSysmodeChanged()";
+        QTest::newRow("disabled, copy to the card") << QByteArray(disabled) << 0 << true << true;
+        QTest::newRow("disabled, copy to the device") << QByteArray(disabled) << 1 << false << true;
+        QTest::newRow("invalid, copy to the card") << QByteArray(invalid) << 0 << false << false;
+        QTest::newRow("mode, copy to the card") << QByteArray(mode) << 0 << true << true;
+        QTest::newRow("mode, copy to the device") << QByteArray(mode) << 1 << true << true;
+        QTest::newRow("mode, copy to the PC") << QByteArray(mode) << 4 << false << true;
+    }
+    void reportsThatTakeTheCardAway()
+    {
+        QFETCH(QByteArray, report);
+        QFETCH(int, memory);
+        QFETCH(bool, cancelled);
+        QFETCH(bool, toLocal);
+        WindowFixture f;
+        WindowFixture::fillStores();
+        f.build();
+        f.window()->OnDeviceStatusChanged(true);
+        f.click(f.in().sim());
+        f.in().waitingDialog() = AddrBookWaitingDlg::GetWaitingDlgInstance(f.window());
+        f.in().waitingDialog()->ShowAnimation("copying", 5);
+        f.in().threadBusy() = true;
+        f.in().memory() = static_cast<_ORVA_EN_PHONEBOOK_MEMORY>(memory);
+        if (report == "OnSysmodeChanged()")
+            f.window()->OnSysmodeChanged();
+        else if (report == "OnSimDisabled(true)")
+            f.window()->OnSimDisabled(true);
+        else
+            f.window()->OnSimStatusChanged(false);
+        QVERIFY(f.in().sim() == nullptr);
+        QCOMPARE(f.in().waitingDialog()->GetProgressDlgCancelStatus(), cancelled);
+        f.in().threadBusy() = false;
+        QVERIFY(f.waitRead());
+        QCOMPARE(f.column(0), toLocal ? (QStringList{"Anna", "Bert", "Carl"}) : QStringList{"Dora"});
+    }
+
     void changedSystemModeOnTheLocalNodeReloadsNothing()
     {
         WindowFixture f;

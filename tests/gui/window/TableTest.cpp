@@ -241,6 +241,9 @@ private slots:
         f.window()->OnTreeClicked(f.in().local());
         QVERIFY(f.waitRead());
         QCOMPARE(f.table()->columnWidth(0), 170);
+        // The indicator of the fresh table stood one column to the right, and stays there.
+        QCOMPARE(f.in().sortSection(), 1);
+        QCOMPARE(f.table()->horizontalHeader()->sortIndicatorSection(), 1);
     }
 
     void retiredTableKeepsItsRowsUntilTheNextSwitch()
@@ -437,8 +440,10 @@ private slots:
         WindowFixture f;
         f.build();
         f.window()->OnAddContactToTable(4, 0, 0, 0, 6);
-        f.window()->OnAddContactToTable(4, pointerToCarrier(new AddrBookRecord{1, {"x"}}), 0, 0, 6); // no sender
+        const QString name = QString("The one and only");
+        f.window()->OnAddContactToTable(4, pointerToCarrier(new AddrBookRecord{1, {name}}), 0, 0, 6); // no sender
         QCOMPARE(f.table()->rowCount(), 0);
+        QVERIFY(name.isDetached()); // the record is freed
     }
 
     void removedNodeLeavesTheTableConnected()
