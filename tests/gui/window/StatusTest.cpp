@@ -361,6 +361,19 @@ private slots:
         QVERIFY(f.waitRead());
     }
 
+    void eventDuringTheRegistrationFindsItsReceivers()
+    {
+        WindowFixture f;
+        WindowFixture::fillStores();
+        int answer = -1;
+        FakeSdk::onCall("RegisterPBCallback", 1, [&answer] { answer = FakeSdk::fire(6604); });
+        f.build();
+        QCOMPARE(answer, 1);
+        // The device was heard of: a card that goes now takes its node along.
+        f.window()->OnSimStatusChanged(false);
+        QVERIFY(f.in().sim() == nullptr);
+    }
+
     void movedSplitterFitsTheTree()
     {
         WindowFixture f;
@@ -393,6 +406,26 @@ private slots:
         QCOMPARE(f.tableAction("IDS_PMMENU_ADD")->text(), QString("Nouveau"));
         QCOMPARE(f.button(TOOL_NEW)->toolTip(), QString("Nouveau contact  (Ctrl+T)"));
         QCOMPARE(static_cast<const AddrBookThread*>(f.in().reader()), reader);
+    }
+
+    void languageChangeEndsAtARowThatCannotBeRead()
+    {
+        WindowFixture f;
+        WindowFixture::fillStores();
+        FakeCore::setText("ID_STR_NAME", "Nom", "fr");
+        FakeCore::setText("IDS_PMBTN_ADD", "Nouveau contact", "fr");
+        f.build();
+        f.selectRows({0});
+        const QString tip = f.button(TOOL_NEW)->toolTip();
+        const QString preview = f.previewText();
+        QTableWidgetItem* cell = f.table()->item(0, 0);
+        delete tableRowData(cell);
+        cell->setData(Qt::UserRole, QVariant());
+        FakeCore::setLanguage("fr");
+        f.window()->SetLanguage();
+        QCOMPARE(f.table()->horizontalHeaderItem(0)->text(), QString("Nom"));
+        QCOMPARE(f.previewText(), preview);
+        QCOMPARE(f.button(TOOL_NEW)->toolTip(), tip);
     }
 
     void languageChangeWithNothingSelectedShowsTheNewNoRecordText()
