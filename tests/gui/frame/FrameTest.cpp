@@ -212,6 +212,7 @@ private slots:
         QCOMPARE(first->contentsMargins(), QMargins(4, 0, 4, 0));
         QVERIFY(first->hasMouseTracking());
         QVERIFY(!first->isHidden());
+        QVERIFY(qobject_cast<QTreeWidget*>(first->focusWidget()) != nullptr);
         const int queries = FakeSdk::count("NetSrv_GetSrvStatus");
 
         QWidget other;
@@ -295,6 +296,29 @@ private slots:
         QCOMPARE(result, 42);
         m_plugin->OnDestroy();
         QCOMPARE(windows(), 0);
+    }
+
+    void numberRequestGivesAWindowWithoutAParentTheHosts()
+    {
+        QWidget main;
+        FakeCore::setMainWindow(&main);
+        QTimer closer;
+        connect(&closer, &QTimer::timeout, [] {
+            if (QWidget* dialog = QApplication::activeModalWidget())
+                dialog->close();
+        });
+        closer.start(10);
+        QRect rect(0, 0, 640, 480);
+        QList<QString> numbers;
+        m_plugin->ShowWindow(m_page.get(), rect);
+        CAddrBookUIService::instance()->OpenNumSelectDlg(true, FIELD_TYPE_DEFAULT, numbers);
+        QCOMPARE(window()->parentWidget(), m_page.get()); // it has one
+        m_plugin->ShowWindow(nullptr, rect);
+        QVERIFY(window()->parentWidget() == nullptr);
+        CAddrBookUIService::instance()->OpenNumSelectDlg(true, FIELD_TYPE_DEFAULT, numbers);
+        QCOMPARE(window()->parentWidget(), &main);
+        m_plugin->OnDestroy(); // before its parent goes
+        FakeCore::setMainWindow(nullptr);
     }
 
     void noticeAfterTheEndFindsNoWindow()

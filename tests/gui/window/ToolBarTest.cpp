@@ -170,6 +170,19 @@ private slots:
         QVERIFY(f.in().searchShown());
     }
 
+    void clickedBarTakesTheFocus()
+    {
+        WindowFixture f;
+        f.build();
+        QApplication::setActiveWindow(f.window());
+        f.table()->setFocus();
+        QTRY_VERIFY(f.table()->hasFocus());
+        f.window()->OnTBBtnClicked(TOOL_SEND); // does nothing else
+        QWidget* bar = f.window()->findChild<QWidget*>(ToolBarLogic::GetObjectName("AddrBookUIPlugin"));
+        QVERIFY(bar != nullptr);
+        QVERIFY(bar->hasFocus());
+    }
+
     void callButtonCalls()
     {
         WindowFixture f;
@@ -237,6 +250,8 @@ private slots:
         for (const char* signal : ofTheLogic)
             QVERIFY2(receivers(AddrBookLogic::Instance(), signal) == 1, signal);
         QCOMPARE(receivers(f.window(), SIGNAL(signalSimStatus(bool))), 1);
+        for (const char* signal : {SIGNAL(controlN()), SIGNAL(textEdited(QString))})
+            QVERIFY2(receivers(f.in().searchBox(), signal) == 1, signal);
         const auto checkTable = [&](const char* when) {
             for (const char* signal : ofTheTable)
                 QVERIFY2(receivers(f.table(), signal) == 1, qPrintable(QString(when) + signal));

@@ -81,6 +81,19 @@ private slots:
         QVERIFY(!f.in().sim()->text(0).contains("("));
     }
 
+    void repaintShowsTheRecordsAndOtherwiseTheUsedPlacesCount()
+    {
+        WindowFixture f;
+        WindowFixture::fillStores();
+        FakeSdk::setSize(0, 7); // of which one can be read
+        f.build();
+        QVERIFY(f.in().sim()->text(0).endsWith("(7/250)"));
+        f.window()->rePaintTree();
+        QVERIFY(f.in().sim()->text(0).endsWith("(1/250)"));
+        f.window()->updateNodes();
+        QVERIFY(f.in().sim()->text(0).endsWith("(7/250)"));
+    }
+
     void countThatCannotBeReadShowsZero()
     {
         WindowFixture f;
