@@ -349,6 +349,22 @@ private slots:
         QCOMPARE(FakeSdk::record(1, 1).first(), QString("Emil"));
     }
 
+    void buttonsOfTheBarOpenTheForm()
+    {
+        WindowFixture f;
+        WindowFixture::fillStores();
+        f.build();
+        f.selectRows({1});
+        FormUser user([](AddrBookEditDlgAccess) {});
+        f.button(TOOL_EDIT)->click();
+        QCOMPARE(user.title(), QString("IDS_RECORD_INFO"));
+        QCOMPARE(user.firstName(), QString("Bert"));
+        f.button(TOOL_NEW)->click();
+        QCOMPARE(user.title(), QString("IDS_ADD_RECORD_INFO"));
+        QCOMPARE(user.firstName(), QString());
+        QCOMPARE(user.forms(), 2);
+    }
+
     // ---- What happens meanwhile ------------------------------------------------------------------------------------
 
     void contactSavedWhileAReadRunsLeavesEachRowWhole()
