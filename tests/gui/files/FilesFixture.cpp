@@ -117,6 +117,12 @@ void FilesFixture::import()
     tableAction("IDS_IMPORT_PHONEBOOK")->trigger();
 }
 
+void FilesFixture::importFrom(const char* slot)
+{
+    const MapWatcher watcher;
+    QVERIFY(QMetaObject::invokeMethod(window(), slot));
+}
+
 void FilesFixture::importTo(QTreeWidgetItem* node)
 {
     click(node);

@@ -44,6 +44,8 @@ public:
     // The menu entry, up to the end of what it starts.
     void import();
     void importTo(QTreeWidgetItem* node);
+    // The same for one of the window's slots.
+    void importFrom(const char* slot);
     bool waitDone() const;
 
     static ABWaitingDlg* waiting();

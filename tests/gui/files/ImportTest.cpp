@@ -297,6 +297,22 @@ private slots:
         QVERIFY(FilesFixture::waiting() == nullptr);
     }
 
+    void memoryThatGoesWhileTheFileIsReadLeavesTheDialogWithAWorkingCancel()
+    {
+        FilesFixture f;
+        FilesFixture::makeFile("/a/file.csv", "Name", {{"Anna"}});
+        f.build();
+        f.click(f.in().device());
+        FilesFixture::choose("/a/file.csv");
+        FakeSdk::onCall("ImportFromFile", 1, [&f] { f.window()->OnDeviceStatusChanged(false); });
+        f.import();
+        QVERIFY(f.in().device() == nullptr);
+        QVERIFY(!f.in().threadBusy());
+        FilesFixture::cancelWaiting();
+        QVERIFY(FakeCore::messages().isEmpty());
+        QCOMPARE(FakeSdk::count("AddAddrRec"), 0);
+    }
+
     void dialogIsBlankWhileTheFileIsRead()
     {
         FilesFixture f;
