@@ -485,6 +485,19 @@ private slots:
         QCOMPARE(f.in().local()->childCount(), before + 1);
     }
 
+    void shortcutOfARenameOpensTheEditorOfTheCurrentGroup()
+    {
+        WindowFixture f;
+        WindowFixture::fillStores();
+        f.build();
+        f.click(f.node("Friends"));
+        QTreeWidgetItem* const node = f.tree()->currentItem();
+        f.tree()->setFocus();
+        f.window()->OnShortKeyRenameGroup();
+        QCOMPARE(f.in().editedGroup(), node);
+        QVERIFY(f.tree()->itemWidget(node, 0) != nullptr);
+    }
+
     void shortcutOfDeleteFollowsTheFocus()
     {
         WindowFixture f;

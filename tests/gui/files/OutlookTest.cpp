@@ -61,6 +61,10 @@ private slots:
         QCOMPARE(FilesFixture::stored(4), QStringList("Anna|1|2|3|a@b.org|5"));
         QCOMPARE(FakeCore::messageTexts(), QStringList("IDS_IMPORT_TOTAL_NUMBER1IDS_IMPORT_IMPORTED_NUMBER1"));
         QCOMPARE(f.in().outlookUsable(), source == "Outlook");
+        // The answer about each application rules its own button.
+        f.window()->SetImportBtnState(PB_MEM_LOCAL);
+        QCOMPARE(f.button(TOOL_IMPORT_MOO)->isEnabled(), source == "Outlook");
+        QCOMPARE(f.button(TOOL_IMPORT_MOE)->isEnabled(), source != "Outlook");
     }
 
     void applicationThatIsNotThereTurnsItsItemOff()

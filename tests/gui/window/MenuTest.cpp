@@ -410,6 +410,8 @@ private slots:
         f.tree()->setFocus();
         QTest::keyClick(f.tree(), Qt::Key_M, Qt::ControlModifier);
         QCOMPARE(FakeCore::sms().last().numbers, QString("111;444;555"));
+        QTest::keyClick(f.tree(), Qt::Key_M, Qt::ControlModifier | Qt::ShiftModifier);
+        QCOMPARE(FakeCore::mms().last(), QString("111;444;555"));
     }
 
     void groupShortcutsNeedTheFocusOfTheTree()
