@@ -1,3 +1,5 @@
+#include <ctime>
+
 #include "WorkerTest.h"
 
 class TestTree : public WorkerTest
@@ -122,6 +124,40 @@ private slots:
             QCOMPARE(remaining(worker), expected);
             QVERIFY(!expected.isEmpty() && expected.size() < m_local.size());
         }
+    }
+
+    // Processor time, so that other programs do not count: four times the contacts, all in one group, are to cost about
+    // four times as much, where striking them one by one costs sixteen times.
+    void strikingDoesNotCostTheSquareOfTheMembers()
+    {
+        const auto secondsFor = [this](int count) {
+            FakeSdk::reset();
+            FakeSdk::setRecording(false);
+            AddrBookLogic::Destroy();
+            qDeleteAll(m_groups);
+            m_groups.clear();
+            m_local.clear();
+            FakeSdk::addGroup("All");
+            for (int id = 1; id <= count; ++id) {
+                FakeSdk::addRecord(PB_MEM_LOCAL, contact("Anna"));
+                FakeSdk::join(1, id);
+                m_local.prepend(record(contact("Anna"), id)); // each is found at the far end
+            }
+            AddrBookLogic::Instance()->GetGroups(m_groups, PB_MEM_LOCAL);
+            double best = 1e9;
+            for (int round = 0; round < 3; ++round) {
+                AddrBookThread worker; // without receivers: nothing is copied
+                worker.SetSCGroupOperation(ADDRBOOK_OP_TREE_GROUPS, PB_MEM_LOCAL, m_groups, m_local, 0);
+                const std::clock_t before = std::clock();
+                if (!runToEnd(worker) || !remaining(worker).isEmpty())
+                    qFatal("the worker does not strike");
+                best = qMin(best, double(std::clock() - before) / CLOCKS_PER_SEC);
+            }
+            return best;
+        };
+        const double few = secondsFor(10000);
+        const double many = secondsFor(40000);
+        QVERIFY2(many < 8 * few, qPrintable(QString("%1 s against %2 s").arg(many).arg(few)));
     }
 
     void aStopEndsTheWalkOverTheListEarly()
