@@ -406,6 +406,44 @@ private slots:
         QVERIFY(FakeCore::dialogs().isEmpty());
     }
 
+    // The picker hangs below the host's window, and goes with it.
+    void hostsWindowThatGoesUnderThePickerLeavesTheCallersNumbers_data()
+    {
+        QTest::addColumn<bool>("host");
+        QTest::newRow("the host's window") << true;
+        QTest::newRow("the phonebook's") << false;
+    }
+    void hostsWindowThatGoesUnderThePickerLeavesTheCallersNumbers()
+    {
+        QFETCH(bool, host);
+        WindowFixture f;
+        WindowFixture::fillStores();
+        f.build();
+        auto* mainWindow = new QWidget;
+        FakeCore::setMainWindow(mainWindow);
+        QTimer user;
+        connect(&user, &QTimer::timeout, [&] {
+            if (FakeCore::dialogs().isEmpty() || !FakeCore::dialogs().first()->isVisible())
+                return;
+            user.stop();
+            if (host) {
+                delete mainWindow;
+            } else {
+                f.destroy();
+                FakeCore::dialogs().first()->close();
+            }
+        });
+        user.start(0);
+        QList<QString> numbers{"999"};
+        QVERIFY(!f.window()->OpenNumSelectDlg(true, FIELD_TYPE_DEFAULT, numbers));
+        QCOMPARE(numbers, QList<QString>{"999"});
+        QVERIFY(FakeCore::dialogs().isEmpty());
+        QCOMPARE(FakeCore::runningWorkers(), 0);
+        FakeCore::setMainWindow(nullptr);
+        if (!host)
+            delete mainWindow;
+    }
+
     void phoneFieldsAreThoseOfTheDragSource()
     {
         WindowFixture f;
