@@ -1,5 +1,5 @@
 // Times what the window does to many contacts against bare loops of the library's calls. Both sides take turns in one
-// run, and the best round of each counts.
+// run, and the best round of each counts. Arguments pick parts: batches, import, card, reading, tree.
 
 #include <QApplication>
 #include <QDir>
@@ -240,10 +240,16 @@ int main(int argc, char** argv)
     QCoreApplication::processEvents();
 
     bench::Table table("Batches, files and drops");
-    measureBatches(counts, bare, table);
-    measureImport(counts, bare, table);
-    measureDropOnCard(counts, bare, table);
-    measureReading(counts, table);
-    measureTree(counts, table);
+    const auto wanted = [&](const char* part) { return bench::isWanted(argc, argv, part); };
+    if (wanted("batches"))
+        measureBatches(counts, bare, table);
+    if (wanted("import"))
+        measureImport(counts, bare, table);
+    if (wanted("card"))
+        measureDropOnCard(counts, bare, table);
+    if (wanted("reading"))
+        measureReading(counts, table);
+    if (wanted("tree"))
+        measureTree(counts, table);
     return table.result();
 }

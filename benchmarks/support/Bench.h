@@ -83,6 +83,14 @@ inline bool isShort(int argc, char** argv)
     return std::any_of(argv + 1, argv + argc, [](const char* text) { return std::strcmp(text, "--short") == 0; });
 }
 
+// Whether a part of the program is to run: all do, unless some are named as arguments.
+inline bool isWanted(int argc, char** argv, const char* part)
+{
+    const auto named = [](const char* text) { return text[0] != '-'; };
+    return std::none_of(argv + 1, argv + argc, named) ||
+           std::any_of(argv + 1, argv + argc, [part](const char* text) { return std::strcmp(text, part) == 0; });
+}
+
 // Prints one line a ratio as it comes.
 class Table
 {
@@ -96,13 +104,12 @@ public:
     void ratio(const char* what, const char* against, const Time& ours, const Time& base, double most,
                By by = By::Clock)
     {
-        const bool clock = by == By::Clock;
-        const double measured = clock ? ours.clock / base.clock : ours.processor / base.processor;
-        const double other = clock ? ours.processor / base.processor : ours.clock / base.clock;
+        const double clock = ours.clock / base.clock;
+        const double processor = ours.processor / base.processor;
         char text[160];
-        std::snprintf(text, sizeof text, "%.3f ms : %.3f ms; by %s time %.2f",
-                      (clock ? ours.clock : ours.processor) * 1e3, (clock ? base.clock : base.processor) * 1e3,
-                      clock ? "processor" : "clock", other);
+        std::snprintf(text, sizeof text, "clock %.3f : %.3f ms, %.2f; processor %.3f : %.3f ms, %.2f", ours.clock * 1e3,
+                      base.clock * 1e3, clock, ours.processor * 1e3, base.processor * 1e3, processor);
+        const double measured = by == By::Clock ? clock : processor;
         line(what, against, measured, most, text);
     }
 
