@@ -210,11 +210,11 @@ void AddrBookDlg::connectStatusSlots()
     connect(m_pAddrBookLogic, SIGNAL(signalDeviceConnected(bool)), this, SLOT(OnDeviceStatusChanged(bool)));
     connect(m_pAddrBookLogic, SIGNAL(signalNetStatus(bool)), this, SLOT(OnNetStatusChanged(bool)));
     connect(m_psplitterMain, SIGNAL(splitterMoved(int, int)), this, SLOT(OnSplitterMoved(int, int)));
-    joinFlow(&m_threadWorker, SIGNAL(delResult(bool, int)), SLOT(OnDelResult(bool, int)));
-    joinFlow(&m_threadWorker, SIGNAL(addResult(bool, qlonglong)), SLOT(OnAddResult(bool, qlonglong)));
+    connect(&m_threadWorker, SIGNAL(delResult(bool, int)), this, SLOT(OnDelResult(bool, int)));
+    connect(&m_threadWorker, SIGNAL(addResult(bool, qlonglong)), this, SLOT(OnAddResult(bool, qlonglong)));
     // There is no such slot: Qt warns, and nothing of the window receives moveResult.
     connect(&m_threadWorker, SIGNAL(moveResult(bool, qlonglong)), this, SLOT(OnMoveResult(bool, qlonglong)));
-    joinFlow(&m_threadWorker, SIGNAL(finished()), SLOT(OnFinished()));
+    connect(&m_threadWorker, SIGNAL(finished()), this, SLOT(OnFinished()));
 }
 
 void AddrBookDlg::readRadio()
@@ -313,14 +313,4 @@ void AddrBookDlg::paintEvent(QPaintEvent* /*event*/)
     QPainter painter(this);
     if (style() != nullptr)
         style()->drawPrimitive(QStyle::PE_Widget, &option, &painter, this);
-}
-
-bool AddrBookDlg::hasSlot(const char* szSlot) const
-{
-    return metaObject()->indexOfSlot(QMetaObject::normalizedSignature(szSlot + 1).constData()) >= 0;
-}
-
-bool AddrBookDlg::joinFlow(const QObject* pSender, const char* szSignal, const char* szSlot)
-{
-    return hasSlot(szSlot) && connect(pSender, szSignal, this, szSlot);
 }

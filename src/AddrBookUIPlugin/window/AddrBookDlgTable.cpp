@@ -144,20 +144,20 @@ void AddrBookDlg::connectHandlersForTable()
     connect(pTable, SIGNAL(itemSelectionChanged()), this, SLOT(OnTableItemSelectionChanged()));
     connect(pTable, SIGNAL(cellClicked(int, int)), this, SLOT(OnTableClicked(int, int)));
     connect(pTable, SIGNAL(emptyAreaRightClicked(bool)), this, SLOT(OnTableEmptyAreaRightClicked()));
-    joinFlow(pTable, SIGNAL(mouseDoubleClicked()), SLOT(OnButtonClickedEditContact()));
-    joinFlow(pTable, SIGNAL(editContact()), SLOT(OnButtonClickedEditContact()));
+    connect(pTable, SIGNAL(mouseDoubleClicked()), this, SLOT(OnButtonClickedEditContact()));
+    connect(pTable, SIGNAL(editContact()), this, SLOT(OnButtonClickedEditContact()));
     connect(pTable, SIGNAL(itemClicked(QTableWidgetItem*)), this, SLOT(OnTableItemClicked()));
     connect(pTable->horizontalHeader(), SIGNAL(sectionClicked(int)), this, SLOT(OnHeaderClicked(int)));
-    joinFlow(pTable, SIGNAL(newContact()), SLOT(OnButtonClickedNewContact()));
-    joinFlow(pTable, SIGNAL(deleteContact()), SLOT(OnButtonClickedDeleteContact()));
+    connect(pTable, SIGNAL(newContact()), this, SLOT(OnButtonClickedNewContact()));
+    connect(pTable, SIGNAL(deleteContact()), this, SLOT(OnButtonClickedDeleteContact()));
     connect(pTable, SIGNAL(showHideSearchControl()), this, SLOT(OnShowHideSearchBox()));
     connect(pTable, SIGNAL(sendMessage()), this, SLOT(OnButtonClickedSendSMS()));
     // The table has no such signal: Qt warns, and nothing depends on it.
     connect(pTable, SIGNAL(sendMmsMessage()), this, SLOT(OnButtonClickedSendMMS()));
     connect(pTable, SIGNAL(dragTargetChanged(QWidget*)), this, SLOT(OnDragTargetChanged(QWidget*)));
     connect(pTable, SIGNAL(makeCall()), this, SLOT(OnButtonClickedCall()));
-    joinFlow(pTable, SIGNAL(importMOE()), SLOT(OnBnClickedBtnMOE()));
-    joinFlow(pTable, SIGNAL(importMOO()), SLOT(OnBnClickedBtnMOO()));
+    connect(pTable, SIGNAL(importMOE()), this, SLOT(OnBnClickedBtnMOE()));
+    connect(pTable, SIGNAL(importMOO()), this, SLOT(OnBnClickedBtnMOO()));
 }
 
 void AddrBookDlg::UpdateTableRecords(QTreeWidgetItem* pItem)

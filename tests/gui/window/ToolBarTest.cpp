@@ -170,23 +170,21 @@ private slots:
         QCOMPARE(FakeCore::madeCalls().size(), 1);
     }
 
-    void buttonThatDoesNothingIsNotShown()
+    void everyConnectionOfTheWindowHolds()
     {
-        WindowFixture f;
-        f.build();
-        for (const ToolItem& item : f.in().toolItems()) {
-            if (item.pButton->isHidden())
-                continue;
-            static const QHash<int, const char*> s_slots{
-                {TOOL_NEW, "OnButtonClickedNewContact()"},       {TOOL_EDIT, "OnButtonClickedEditContact()"},
-                {TOOL_DELETE, "OnButtonClickedDeleteContact()"}, {TOOL_CALL, "OnButtonClickedCall()"},
-                {TOOL_IMPORT_MOE, "OnBnClickedBtnMOE()"},        {TOOL_IMPORT_MOO, "OnBnClickedBtnMOO()"}};
-            if (s_slots.contains(item.iId))
-                QVERIFY2(f.window()->metaObject()->indexOfSlot(s_slots.value(item.iId)) >= 0, s_slots.value(item.iId));
+        QStringList failed;
+        {
+            MessageLog log;
+            WindowFixture f;
+            f.build();
+            failed = MessageLog::lines().filter("No such");
         }
-        QVERIFY(!f.button(TOOL_CALL)->isHidden());
-        QVERIFY(!f.button(TOOL_SEND)->isHidden());
-        QVERIFY(!f.button(TOOL_SEARCH)->isHidden());
+        // Two are meant to fail; the table's does so for each table.
+        failed.erase(std::remove_if(failed.begin(), failed.end(),
+                                    [](const QString& line) { return line.contains("::sendMmsMessage()"); }),
+                     failed.end());
+        QCOMPARE(failed.size(), 1);
+        QVERIFY(failed.first().contains("OnMoveResult"));
     }
 
     void languageChangeRebuildsTheSendMenu()
