@@ -91,6 +91,22 @@ inline bool isWanted(int argc, char** argv, const char* part)
            std::any_of(argv + 1, argv + argc, [part](const char* text) { return std::strcmp(text, part) == 0; });
 }
 
+// Takes turns, and keeps the best round of each side.
+struct Pair {
+    Time ours;
+    Time base;
+};
+inline Pair inTurns(int rounds, const std::function<void()>& ours, const std::function<void()>& base)
+{
+    Best best;
+    Best bestBase;
+    for (int i = 0; i < rounds; ++i) {
+        bestBase.add(timeOf(base));
+        best.add(timeOf(ours));
+    }
+    return Pair{best.time(), bestBase.time()};
+}
+
 // Prints one line a ratio as it comes.
 class Table
 {
@@ -118,6 +134,14 @@ public:
         m_missed = m_missed || measured > most;
         std::printf("| %s | %s | %.2f | %.1f | %s | %s |\n", what, against, measured, most,
                     measured > most ? "MISSED" : "met", text);
+        std::fflush(stdout);
+    }
+
+    // A ratio without a bound.
+    void relation(const char* what, const char* against, const Time& ours, const Time& base)
+    {
+        std::printf("| %s | %s | %.2f | | | %.3f : %.3f ms |\n", what, against, ours.clock / base.clock,
+                    ours.clock * 1e3, base.clock * 1e3);
         std::fflush(stdout);
     }
 

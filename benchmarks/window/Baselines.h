@@ -1,5 +1,5 @@
-#ifndef BENCHMARKS_GUI_BASELINES_H
-#define BENCHMARKS_GUI_BASELINES_H
+#ifndef BENCHMARKS_WINDOW_BASELINES_H
+#define BENCHMARKS_WINDOW_BASELINES_H
 
 #include <QString>
 #include <QStringList>
@@ -21,4 +21,4 @@ bench::Time readPlainly(const QString& strDataFolder, QVector<QStringList>& lstR
 // A bare table on the screen, filled in bulk, and sorted once by its first column if told so.
 bench::Time fillBareTable(const QVector<QStringList>& lstRows, bool bSort);
 
-#endif // BENCHMARKS_GUI_BASELINES_H
+#endif // BENCHMARKS_WINDOW_BASELINES_H
