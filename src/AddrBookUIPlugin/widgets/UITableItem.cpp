@@ -71,6 +71,13 @@ QVariant UITableItem::data(int iRole) const
 void UITableItem::setData(int iRole, const QVariant& value)
 {
     m_enKeyState = KEY_UNKNOWN;
+    if (m_bOwnValues && (iRole == Qt::DisplayRole || iRole == Qt::EditRole) && value.type() == QVariant::String) {
+        if (m_strText == value.toString())
+            return;
+        m_strText = value.toString();
+        setFlags(flags()); // tells the table of a change, once
+        return;
+    }
     if (m_bOwnValues)
         moveToBase();
     QTableWidgetItem::setData(iRole, value);
