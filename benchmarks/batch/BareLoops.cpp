@@ -1,6 +1,7 @@
 #include "BareLoops.h"
 
 #include <QFile>
+#include <QFrame>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QProgressBar>
@@ -44,12 +45,31 @@ void commitAt(int index, int memory)
 BareDialog::BareDialog()
 {
     setFixedSize(410, 160);
+    setWindowFlags(Qt::CustomizeWindowHint | Qt::Dialog | Qt::FramelessWindowHint);
+    auto* frame = new QFrame(this);
+    frame->setGeometry(0, 0, width(), height());
+    frame->setFrameStyle(int(QFrame::Box) | int(QFrame::Plain));
+    auto* status = new QLabel("Deleting contacts", this);
+    status->setAlignment(Qt::AlignCenter);
+    status->setWordWrap(true);
+    status->setMargin(12);
+    auto* counter = new QLabel("1000/2000", this);
+    counter->setAlignment(Qt::AlignCenter);
+    counter->setFixedSize(220, 20);
+    auto* bar = new QProgressBar(this);
+    bar->setFixedSize(340, 23);
+    bar->setMaximum(2000);
+    bar->setValue(1000);
+    bar->setTextVisible(false);
+    auto* button = new QPushButton("Cancel", this);
     auto* rows = new QVBoxLayout(this);
-    const QList<QWidget*> parts = {new QLabel("Working", this), new QLabel("1/2", this), new QProgressBar(this),
-                                   new QPushButton("Cancel", this)};
+    rows->setContentsMargins(0, 0, 0, 10);
+    const QList<QWidget*> parts = {status, counter, bar, button};
     for (QWidget* part : parts) {
         auto* row = new QHBoxLayout;
         row->addWidget(part);
+        if (part != status)
+            row->setAlignment(Qt::AlignCenter);
         rows->addLayout(row);
     }
 }
