@@ -25,6 +25,7 @@
 #include "loader/PluginContainer.h"
 #include "loader/PluginLifecycle.h"
 #include "loader/PluginLoader.h"
+#include "test/ShownMark.h"
 #include "test/TestSocket.h"
 #include "window/MainWindow.h"
 #include "window/StatusArea.h"
@@ -131,6 +132,7 @@ int HostApplication::Run()
     UnixSignals unixSignals;
     connect(&unixSignals, SIGNAL(received()), qApp, SLOT(quit()));
     TestSocket testSocket;
+    const ShownMark shownMark(m_pWindow.data());
 
     m_pWatcher->Start();
     loadPlugins();
