@@ -172,6 +172,7 @@ QList<CellInfo> HostDriver::Cells(const QString& strAddress)
         cell.strText = lstFields.value(2);
         cell.rect = rect(lstFields, 3);
         cell.bSelected = flag(lstFields, 7);
+        cell.iCheckState = lstFields.value(8).toInt();
         listCells.append(cell);
     }
     return listCells;
@@ -261,6 +262,11 @@ bool HostDriver::WaitGone(const QString& strAddress)
     return WaitUntil([&] { return !Exists(strAddress); });
 }
 
+bool HostDriver::WaitForFocus(const QString& strAddress)
+{
+    return WaitUntil([&] { return Widget(strAddress).bFocused; });
+}
+
 bool HostDriver::Click(const QString& strAddress, int iButton)
 {
     // A widget may still be moving to its place.
@@ -321,22 +327,24 @@ void HostDriver::ClickAtHolding(const QString& strKey, const QPoint& point)
     xdotool(QStringList() << "keyup" << strKey);
 }
 
+void HostDriver::MoveTo(const QPoint& point)
+{
+    xdotool(QStringList() << "mousemove" << QString::number(point.x()) << QString::number(point.y()));
+}
+
 void HostDriver::Drag(const QPoint& from, const QPoint& to)
 {
-    const auto moveTo = [](const QPoint& point) {
-        xdotool(QStringList() << "mousemove" << QString::number(point.x()) << QString::number(point.y()));
-    };
-    moveTo(from);
+    MoveTo(from);
     xdotool(QStringList() << "mousedown"
                           << "1");
     // A drag begins after some way, and its targets want to see the pointer move.
     const int iSteps = 12;
     for (int i = 1; i <= iSteps; ++i) {
-        moveTo(from + (to - from) * i / iSteps);
+        MoveTo(from + (to - from) * i / iSteps);
         QTest::qWait(STEP_MS);
     }
-    moveTo(to + QPoint(1, 1));
-    moveTo(to);
+    MoveTo(to + QPoint(1, 1));
+    MoveTo(to);
     QTest::qWait(5 * STEP_MS);
     xdotool(QStringList() << "mouseup"
                           << "1");
