@@ -121,11 +121,13 @@ QString HostDriver::Log()
 QStringList HostDriver::ErrorLines()
 {
     // Two connections of the phonebook are asked for though one end does not exist, which Qt says; a node without a
-    // group asks for one when the tree is painted anew; Qt's X11 part may ask for a window that has just closed.
+    // group asks for one when the tree is painted anew; without a card there is no PIN to be told of (code 1007); Qt's
+    // X11 part may ask for a window that has just closed.
     static const QRegularExpression known("No such slot AddrBookDlg::OnMoveResult|"
                                           "No such signal AddrBookTableWidget::sendMmsMessage|"
                                           "QObject::connect:  \\((sender|receiver) name:|"
                                           "GetGroupInfo could not find the info for the given group id|"
+                                          "ORVA_DevSrv_GetPinStatus returned 1007|"
                                           "XCB error: 3 \\(BadWindow\\)");
     QStringList lstLines;
     foreach (const QString& strLine, Log().split('\n', Qt::SkipEmptyParts)) {
