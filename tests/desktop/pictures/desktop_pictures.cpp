@@ -38,19 +38,22 @@ QStringList linesOf(const QString& strFile)
 class Camera
 {
 public:
-    Camera(const QString& strDemo, const QString& strFolder) : m_folder(strFolder)
+    // iScale: pixels of the screen for one of the window.
+    Camera(const QString& strDemo, const QString& strFolder, int iScale = 1) : m_folder(strFolder), m_iScale(iScale)
     {
+        m_host.SetEnvironment("QT_SCALE_FACTOR", QString::number(iScale));
         MUST(m_profile.Import(ORVA_MEMORY_LOCAL, linesOf(strDemo + "/contacts.csv")));
         MUST(m_profile.Import(ORVA_MEMORY_CARD, linesOf(strDemo + "/card.csv")));
         m_profile.Close();
         MUST(m_host.Start(m_profile.Path()));
         MUST(HostDriver::WaitUntil([this] { return m_host.Rows(TABLE) > 1000 && !isBusy(); }));
-        QProcess::execute("xdotool", {"getactivewindow", "windowsize", "--sync", "1280", "800"});
-        MUST(HostDriver::WaitUntil([this] { return m_host.Widget(WINDOW).rect.size() == QSize(1280, 800); }));
     }
     ~Camera() { m_host.Quit(); }
 
+    // The size of the pictures of whole windows.
+    void MakeLarge();
     void TakeMenus();
+    void TakeSharpToolBar();
     void TakeToolBar();
     void TakeEditors();
 
@@ -66,6 +69,7 @@ private:
     Profile m_profile;
     HostDriver m_host;
     QDir m_folder;
+    int m_iScale;
 };
 
 void Camera::take(const QString& strFile, const QRect& rect)
@@ -88,6 +92,12 @@ void Camera::select(const QStringList& lstContacts)
     foreach (const QString& strContact, lstContacts.mid(1))
         m_host.ClickAtHolding("ctrl", m_host.Cell(TABLE, strContact).rect.center());
     MUST(HostDriver::WaitUntil([&] { return m_host.Cell(TABLE, lstContacts.last()).bSelected; }));
+}
+
+void Camera::MakeLarge()
+{
+    QProcess::execute("xdotool", {"getactivewindow", "windowsize", "--sync", "1280", "800"});
+    MUST(HostDriver::WaitUntil([this] { return m_host.Widget(WINDOW).rect.size() == QSize(1280, 800); }));
 }
 
 void Camera::TakeMenus()
@@ -127,6 +137,17 @@ void Camera::TakeToolBar()
     MUST(m_host.WaitGone("popup"));
     m_host.Key("ctrl+f");
     MUST(HostDriver::WaitUntil([this] { return m_host.Rows(TABLE) > 1000; }));
+}
+
+// The left part, where the buttons are.
+void Camera::TakeSharpToolBar()
+{
+    m_host.ClickAt(m_host.Cell(TABLE, "Ada Dunmore").rect.center() * m_iScale);
+    MUST(HostDriver::WaitUntil([this] { return m_host.Widget("AddrBookUIPlugin_ToolButton_9001").bEnabled; }));
+    const QRect bar = m_host.Widget("AddrBookUIPlugin_ToolBar").rect;
+    const QRect search = m_host.Widget("AddrBookUIPlugin_ToolButton_9006").rect;
+    take("toolbar-200-percent.png",
+         QRect(bar.topLeft() * m_iScale, QSize(search.right() - bar.left() + 5, bar.height()) * m_iScale));
 }
 
 void Camera::TakeEditors()
@@ -192,9 +213,15 @@ int main(int argc, char** argv)
         QTextStream(stderr) << "Usage: desktop_pictures DEMO FOLDER\n";
         return 2;
     }
-    Camera camera(QFile::decodeName(argv[1]), QFile::decodeName(argv[2]));
-    camera.TakeMenus();
-    camera.TakeToolBar();
-    camera.TakeEditors();
+    const QString strDemo = QFile::decodeName(argv[1]);
+    const QString strFolder = QFile::decodeName(argv[2]);
+    {
+        Camera camera(strDemo, strFolder);
+        camera.MakeLarge();
+        camera.TakeMenus();
+        camera.TakeToolBar();
+        camera.TakeEditors();
+    }
+    Camera(strDemo, strFolder, 2).TakeSharpToolBar();
     return 0;
 }
