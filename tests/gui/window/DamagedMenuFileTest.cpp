@@ -66,7 +66,7 @@ private:
         closer.start(0);
         view->activateWindow();
         view->setFocus();
-        QTRY_VERIFY(view->hasFocus());
+        QVERIFY(QTest::qWaitFor([view] { return view->hasFocus(); }));
         QContextMenuEvent event(QContextMenuEvent::Mouse, point, view->viewport()->mapToGlobal(point));
         QCoreApplication::sendEvent(view->viewport(), &event);
     }
@@ -92,14 +92,14 @@ private:
         QTableWidget* table = page.findChild<QTableWidget*>("AddrBookUIPlugin_ContactTable");
         QVERIFY(tree != nullptr);
         QVERIFY(table != nullptr);
-        QTRY_VERIFY(table->rowCount() == CONTACTS && table->isSortingEnabled());
+        QVERIFY(QTest::qWaitFor([table] { return table->rowCount() == CONTACTS && table->isSortingEnabled(); }));
 
         table->selectRow(1);
         openMenu(table, table->visualItemRect(table->item(1, 0)).center());
         openMenu(tree, tree->visualItemRect(tree->topLevelItem(0)).center());
         QCOMPARE(table->item(1, 0)->text(), QString("Name 1"));
         plugin->UnSDKRegisterEvent();
-        QTRY_COMPARE(m_host->workers(), 0);
+        QVERIFY(QTest::qWaitFor([this] { return m_host->workers() == 0; }));
         plugin->OnDestroy();
     }
 
