@@ -755,7 +755,7 @@
     </message>
     <message>
         <source>IDS_LENGTH</source>
-        <translation>%1 characters, %2 message(s)</translation>
+        <translation>Characters: %1, messages: %2</translation>
     </message>
     <message>
         <source>IDS_SAVE_NUMBER</source>

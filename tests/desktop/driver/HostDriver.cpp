@@ -121,11 +121,13 @@ QString HostDriver::Log()
 QStringList HostDriver::ErrorLines()
 {
     // Two connections of the phonebook are asked for though one end does not exist, which Qt says; a node without a
-    // group asks for one when the tree is painted anew; Qt's X11 part may ask for a window that has just closed.
+    // group asks for one when the tree is painted anew; without a card there is no PIN to be told of (code 1007); Qt's
+    // X11 part may ask for a window that has just closed.
     static const QRegularExpression known("No such slot AddrBookDlg::OnMoveResult|"
                                           "No such signal AddrBookTableWidget::sendMmsMessage|"
                                           "QObject::connect:  \\((sender|receiver) name:|"
                                           "GetGroupInfo could not find the info for the given group id|"
+                                          "ORVA_DevSrv_GetPinStatus returned 1007|"
                                           "XCB error: 3 \\(BadWindow\\)");
     QStringList lstLines;
     foreach (const QString& strLine, Log().split('\n', Qt::SkipEmptyParts)) {
@@ -172,6 +174,7 @@ QList<CellInfo> HostDriver::Cells(const QString& strAddress)
         cell.strText = lstFields.value(2);
         cell.rect = rect(lstFields, 3);
         cell.bSelected = flag(lstFields, 7);
+        cell.iCheckState = lstFields.value(8).toInt();
         listCells.append(cell);
     }
     return listCells;
@@ -261,6 +264,11 @@ bool HostDriver::WaitGone(const QString& strAddress)
     return WaitUntil([&] { return !Exists(strAddress); });
 }
 
+bool HostDriver::WaitForFocus(const QString& strAddress)
+{
+    return WaitUntil([&] { return Widget(strAddress).bFocused; });
+}
+
 bool HostDriver::Click(const QString& strAddress, int iButton)
 {
     // A widget may still be moving to its place.
@@ -321,22 +329,24 @@ void HostDriver::ClickAtHolding(const QString& strKey, const QPoint& point)
     xdotool(QStringList() << "keyup" << strKey);
 }
 
+void HostDriver::MoveTo(const QPoint& point)
+{
+    xdotool(QStringList() << "mousemove" << QString::number(point.x()) << QString::number(point.y()));
+}
+
 void HostDriver::Drag(const QPoint& from, const QPoint& to)
 {
-    const auto moveTo = [](const QPoint& point) {
-        xdotool(QStringList() << "mousemove" << QString::number(point.x()) << QString::number(point.y()));
-    };
-    moveTo(from);
+    MoveTo(from);
     xdotool(QStringList() << "mousedown"
                           << "1");
     // A drag begins after some way, and its targets want to see the pointer move.
     const int iSteps = 12;
     for (int i = 1; i <= iSteps; ++i) {
-        moveTo(from + (to - from) * i / iSteps);
+        MoveTo(from + (to - from) * i / iSteps);
         QTest::qWait(STEP_MS);
     }
-    moveTo(to + QPoint(1, 1));
-    moveTo(to);
+    MoveTo(to + QPoint(1, 1));
+    MoveTo(to);
     QTest::qWait(5 * STEP_MS);
     xdotool(QStringList() << "mouseup"
                           << "1");

@@ -30,6 +30,7 @@ struct CellInfo {
     QString strText;
     QRect rect;
     bool bSelected = false;
+    int iCheckState = -1; // as Qt::CheckState; -1: there is no check box
 };
 
 // An entry of a menu.
@@ -97,6 +98,7 @@ public:
     static bool WaitUntil(const std::function<bool()>& condition, int iLimitMs = 15000);
     bool WaitFor(const QString& strAddress);
     bool WaitGone(const QString& strAddress);
+    bool WaitForFocus(const QString& strAddress);
 
     // What a person does. False if the target does not come.
     bool Click(const QString& strAddress, int iButton = 1);
@@ -104,6 +106,7 @@ public:
     bool DoubleClickCell(const QString& strAddress, const QString& strText);
     bool ClickAction(const QString& strText);
     void ClickAt(const QPoint& point, int iButton = 1, int iTimes = 1);
+    void MoveTo(const QPoint& point);
     void Drag(const QPoint& from, const QPoint& to);
 
     // Keys in xdotool's names, such as "ctrl+n" or "Return"; text as it is.
