@@ -121,10 +121,12 @@ QString HostDriver::Log()
 QStringList HostDriver::ErrorLines()
 {
     // Two connections of the phonebook are asked for though one end does not exist, which Qt says; a node without a
-    // group asks for one when the tree is painted anew; Qt's X11 part may ask for a window that has just closed.
+    // group asks for one when the tree is painted anew; a phonebook without groups is told as a walk that cannot
+    // begin; Qt's X11 part may ask for a window that has just closed.
     static const QRegularExpression known("No such slot AddrBookDlg::OnMoveResult|"
                                           "No such signal AddrBookTableWidget::sendMmsMessage|"
                                           "QObject::connect:  \\((sender|receiver) name:|"
+                                          "GetGroups: ORVA_PBSrv_AddrGroupSet_MoveFirst returned -1$|"
                                           "GetGroupInfo could not find the info for the given group id|"
                                           "XCB error: 3 \\(BadWindow\\)");
     QStringList lstLines;
