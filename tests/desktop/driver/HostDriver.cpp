@@ -77,7 +77,9 @@ bool HostDriver::Launch(const QString& strDataDir, const QStringList& lstArgumen
     m_log.clear();
     disconnectSocket();
     m_process.setProcessEnvironment(m_environment);
-    m_process.start(m_strProgram, QStringList() << "--data-dir" << strDataDir << lstArguments);
+    const QStringList lstCommand = QStringList(m_lstRunner)
+                                   << m_strProgram << "--data-dir" << strDataDir << lstArguments;
+    m_process.start(lstCommand.first(), lstCommand.mid(1));
     return m_process.waitForStarted();
 }
 
@@ -114,7 +116,9 @@ int HostDriver::WaitForExit(int iLimitMs)
 
 QString HostDriver::Log()
 {
-    m_log += m_process.readAllStandardError();
+    if (m_process.isOpen()) {
+        m_log += m_process.readAllStandardError();
+    }
     return QString::fromLocal8Bit(m_log);
 }
 
@@ -261,6 +265,17 @@ bool HostDriver::WaitFor(const QString& strAddress)
 bool HostDriver::WaitGone(const QString& strAddress)
 {
     return WaitUntil([&] { return !Exists(strAddress); });
+}
+
+bool HostDriver::WaitForModal()
+{
+    QStringList lstBefore;
+    return WaitUntil([&] {
+        const QStringList lstNow = Windows().filter(QRegularExpression("\t1\t1$"));
+        const bool bStill = !lstNow.isEmpty() && lstNow == lstBefore;
+        lstBefore = lstNow;
+        return bStill;
+    });
 }
 
 bool HostDriver::Click(const QString& strAddress, int iButton)

@@ -55,6 +55,9 @@ public:
 
     // The program to run; the built one unless set.
     void SetProgram(const QString& strProgram) { m_strProgram = strProgram; }
+
+    // A command that runs the program in its own place, such as setpriv with its options.
+    void SetRunner(const QStringList& lstRunner) { m_lstRunner = lstRunner; }
     void SetEnvironment(const QString& strName, const QString& strValue) { m_environment.insert(strName, strValue); }
 
     // Starts the program on a data folder and waits until its main window is on the screen. False, with the reason in
@@ -69,6 +72,9 @@ public:
 
     // Waits for the end. The exit code, -1 for a crash or none within the limit.
     int WaitForExit(int iLimitMs = 20000);
+
+    // The folder of the test socket, which the program must be able to write.
+    QString SocketFolder() const { return m_folder.path(); }
     bool Running() const { return m_process.state() == QProcess::Running; }
     qint64 Pid() const { return m_process.processId(); }
 
@@ -97,6 +103,9 @@ public:
     static bool WaitUntil(const std::function<bool()>& condition, int iLimitMs = 15000);
     bool WaitFor(const QString& strAddress);
     bool WaitGone(const QString& strAddress);
+
+    // Waits until the modal window has the focus and stays in its place: the window manager has put it there.
+    bool WaitForModal();
 
     // What a person does. False if the target does not come.
     bool Click(const QString& strAddress, int iButton = 1);
@@ -127,6 +136,7 @@ private:
 
     QTemporaryDir m_folder;
     QString m_strProgram;
+    QStringList m_lstRunner;
     QProcessEnvironment m_environment;
     QProcess m_process;
     QByteArray m_log;
