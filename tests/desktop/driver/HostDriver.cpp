@@ -378,11 +378,15 @@ void HostDriver::CloseActiveWindow()
     Key("alt+F4");
 }
 
-bool HostDriver::Screenshot(const QString& strFile)
+bool HostDriver::Screenshot(const QString& strFile, const QRect& part)
 {
-    return QProcess::execute("import", QStringList() << "-silent"
-                                                     << "-window"
-                                                     << "root" << strFile) == 0;
+    QStringList lstArguments = {"-silent", "-window", "root"};
+    if (!part.isEmpty()) {
+        lstArguments << "-crop"
+                     << QStringLiteral("%1x%2+%3+%4").arg(part.width()).arg(part.height()).arg(part.x()).arg(part.y())
+                     << "+repage";
+    }
+    return QProcess::execute("import", lstArguments << strFile) == 0;
 }
 
 QStringList HostDriver::ask(const QString& strQuery, bool& bFound)

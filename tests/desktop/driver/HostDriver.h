@@ -125,8 +125,8 @@ public:
     // Asks the window manager to close the window with this object name, as its close button does.
     void CloseActiveWindow();
 
-    // Writes a picture of the whole screen.
-    bool Screenshot(const QString& strFile);
+    // Writes a picture of the whole screen or of a part of it.
+    bool Screenshot(const QString& strFile, const QRect& part = QRect());
 
 private:
     QStringList ask(const QString& strQuery, bool& bFound);
