@@ -56,15 +56,18 @@ private slots:
 
 private:
     bool start();
-    QString path(const QString& strName) const { return m_pFolder->filePath(strName); }
-    QString write(const QString& strName, const QByteArray& content) const;
+    // A file on the user's desktop, where the file dialogs start.
+    QString path(const QString& strName) const { return m_pFolder->filePath("home/Desktop/" + strName); }
+    QString dataFolder() const { return m_pFolder->filePath("data"); }
+    QString write(const QString& strName, const QByteArray& content) const; // gives the name
+
     bool chooseAction(const QString& strAction);
-    bool answerFileDialog(const QString& strPath);
-    bool openFieldMap(const QString& strPath);
+    bool answerFileDialog(const QString& strName);
+    bool openFieldMap(const QString& strName);
     bool map(const QString& strTitle, const QString& strField);
     QString mapped(const QString& strField);
     bool import(int iFound, int iImported);
-    bool exportAll(const QString& strPath, const QString& strSaid);
+    bool exportAll(const QString& strName, const QString& strSaid);
     bool box(const QString& strText);
 
     QScopedPointer<QTemporaryDir> m_pFolder;
@@ -77,8 +80,10 @@ void TestDesktopFiles::init()
 {
     m_bFailuresExpected = false;
     m_pFolder.reset(new QTemporaryDir);
-    m_pStore.reset(new PbCtl(path("data")));
+    m_pStore.reset(new PbCtl(dataFolder()));
     m_pHost.reset(new HostDriver);
+    QVERIFY(QDir().mkpath(path("")));
+    m_pHost->SetEnvironment("HOME", m_pFolder->filePath("home"));
 }
 
 void TestDesktopFiles::cleanup()
@@ -98,14 +103,14 @@ void TestDesktopFiles::cleanup()
 
 bool TestDesktopFiles::start()
 {
-    return m_pHost->Start(path("data")) &&
+    return m_pHost->Start(dataFolder()) &&
            HostDriver::WaitUntil([this] { return m_pHost->Rows(TABLE) == m_pStore->Used("local"); });
 }
 
 QString TestDesktopFiles::write(const QString& strName, const QByteArray& content) const
 {
     QFile file(path(strName));
-    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size() ? file.fileName() : QString();
+    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size() ? strName : QString();
 }
 
 bool TestDesktopFiles::chooseAction(const QString& strAction)
@@ -115,27 +120,28 @@ bool TestDesktopFiles::chooseAction(const QString& strAction)
     return m_pHost->ClickAction(strAction) && m_pHost->WaitFor(FILE_DIALOG);
 }
 
-bool TestDesktopFiles::answerFileDialog(const QString& strPath)
+bool TestDesktopFiles::answerFileDialog(const QString& strName)
 {
-    if (!HostDriver::WaitUntil([this] { return m_pHost->Widget(FILE_NAME).bFocused; })) {
+    if (!m_pHost->WaitForModal() || !HostDriver::WaitUntil([this] { return m_pHost->Widget(FILE_NAME).bFocused; })) {
         return false;
     }
-    m_pHost->Key("ctrl+a");
-    m_pHost->Type(strPath);
-    if (!HostDriver::WaitUntil([&] { return m_pHost->Text(FILE_NAME) == strPath; })) {
-        return false;
-    }
-    // The list of names that complete the path may be open, and takes the first click.
-    return HostDriver::WaitUntil([this] {
-        return !m_pHost->Exists(FILE_DIALOG) ||
-               (m_pHost->Click("QFileDialog/QDialogButtonBox/QPushButton[0]") &&
-                HostDriver::WaitUntil([this] { return !m_pHost->Exists(FILE_DIALOG); }, 2000));
+    // The list of names that complete what is typed may be open or come late; it takes the next click, wherever.
+    const auto answered = [this] { return !m_pHost->Exists(FILE_DIALOG); };
+    return HostDriver::WaitUntil([&] {
+        if (!answered() && m_pHost->Text(FILE_NAME) != strName) {
+            m_pHost->Key("ctrl+a");
+            m_pHost->Type(strName);
+            HostDriver::WaitUntil([&] { return m_pHost->Text(FILE_NAME) == strName; }, 5000);
+            m_pHost->Click("QFileDialog/fileNameLabel");
+        }
+        return answered() ||
+               (m_pHost->Click("QFileDialog/QDialogButtonBox/QPushButton[0]") && HostDriver::WaitUntil(answered, 3000));
     });
 }
 
-bool TestDesktopFiles::openFieldMap(const QString& strPath)
+bool TestDesktopFiles::openFieldMap(const QString& strName)
 {
-    return chooseAction(QString::fromUtf8("Import contacts…")) && answerFileDialog(strPath) &&
+    return chooseAction(QString::fromUtf8("Import contacts…")) && answerFileDialog(strName) &&
            m_pHost->WaitFor(FIELDS) && m_pHost->WaitForModal();
 }
 
@@ -198,9 +204,9 @@ bool TestDesktopFiles::import(int iFound, int iImported)
            m_pHost->WaitGone(WAITING);
 }
 
-bool TestDesktopFiles::exportAll(const QString& strPath, const QString& strSaid)
+bool TestDesktopFiles::exportAll(const QString& strName, const QString& strSaid)
 {
-    return chooseAction(QString::fromUtf8("Export all contacts…")) && answerFileDialog(strPath) && box(strSaid);
+    return chooseAction(QString::fromUtf8("Export all contacts…")) && answerFileDialog(strName) && box(strSaid);
 }
 
 void TestDesktopFiles::aTitleIsDraggedOntoAField()
@@ -310,7 +316,7 @@ void TestDesktopFiles::filesOfOtherProgramsComeIn()
     // The dialog wants the extension.
     const QString strFixtures = QString::fromLocal8Bit(qgetenv("LINKHAND_SOURCE_DIR")) + "/tests/sdk/files/fixtures/";
     QVERIFY(QFile::copy(strFixtures + QTest::currentDataTag(), path("theirs.csv")));
-    QVERIFY(openFieldMap(path("theirs.csv")));
+    QVERIFY(openFieldMap("theirs.csv"));
     for (int i = 0; i + 1 < maps.size(); i += 2) {
         QVERIFY2(map(maps.at(i), maps.at(i + 1)), qPrintable(maps.at(i)));
     }
@@ -347,15 +353,15 @@ void TestDesktopFiles::exportedContactsComeBackTheSame()
     };
     QVERIFY2(start(), qPrintable(m_pHost->Log()));
     QVERIFY(open(listBefore.size()));
-    QVERIFY(exportAll(path("out"), "The contacts have been exported."));
+    QVERIFY(exportAll("out", "The contacts have been exported."));
     QVERIFY(QFile::exists(path("out.csv")));
     QVERIFY(m_pHost->Quit() >= 0);
 
     // Into an empty memory, with what the field map finds by itself.
-    QVERIFY(QDir(path("data")).removeRecursively());
+    QVERIFY(QDir(dataFolder()).removeRecursively());
     QVERIFY2(start(), qPrintable(m_pHost->Log()));
     QVERIFY(open(0));
-    QVERIFY(openFieldMap(path("out.csv")));
+    QVERIFY(openFieldMap("out.csv"));
     QVERIFY(import(listBefore.size(), listBefore.size()));
     QTRY_COMPARE(m_pHost->Rows(TABLE), listBefore.size());
     QCOMPARE(m_pStore->Contacts(memory), listBefore);
@@ -365,8 +371,9 @@ void TestDesktopFiles::aFolderThatCannotBeWrittenIsSaid()
 {
     m_bFailuresExpected = true;
     QVERIFY2(m_pStore->Import("local", "Name,Mobile\nAnna,0170\n"), qPrintable(m_pStore->Said()));
-    QVERIFY(QDir().mkpath(path("home/run")) && QDir().mkpath(path("locked")));
-    QVERIFY(QFile::setPermissions(path("home/run"), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+    const QString strHome = m_pFolder->filePath("home");
+    QVERIFY(QDir().mkpath(strHome + "/run") && QDir().mkpath(path("locked")));
+    QVERIFY(QFile::setPermissions(strHome + "/run", QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
     QVERIFY(
         QFile::setPermissions(path("locked"), QFile::ReadOwner | QFile::ExeOwner | QFile::ReadOther | QFile::ExeOther));
     if (geteuid() == 0) {
@@ -376,22 +383,21 @@ void TestDesktopFiles::aFolderThatCannotBeWrittenIsSaid()
         if (QProcess::execute("setpriv", lstNobody.mid(1) + QStringList({"test", "-x", strProgram})) != 0) {
             QSKIP("the build folder is closed to other users");
         }
-        foreach (const QString& strFolder,
-                 QStringList({path("data"), path("home"), path("."), m_pHost->SocketFolder()})) {
+        foreach (const QString& strFolder, QStringList({m_pFolder->path(), m_pHost->SocketFolder()})) {
             QCOMPARE(QProcess::execute("chown", {"-R", "65534:65534", strFolder}), 0);
         }
         m_pHost->SetRunner(lstNobody);
         for (const char* szName : {"HOME", "XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME"}) {
-            m_pHost->SetEnvironment(szName, path("home"));
+            m_pHost->SetEnvironment(szName, strHome);
         }
-        m_pHost->SetEnvironment("XDG_RUNTIME_DIR", path("home/run"));
+        m_pHost->SetEnvironment("XDG_RUNTIME_DIR", strHome + "/run");
     }
-    QVERIFY2(m_pHost->Start(path("data")), qPrintable(m_pHost->Log()));
+    QVERIFY2(m_pHost->Start(dataFolder()), qPrintable(m_pHost->Log()));
     QTRY_COMPARE(m_pHost->Rows(TABLE), 1);
-    QVERIFY(exportAll(path("locked/contacts.csv"), "The contacts could not be exported."));
+    QVERIFY(exportAll("locked/contacts.csv", "The contacts could not be exported."));
     QVERIFY(QDir(path("locked")).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot).isEmpty());
     // The next try works.
-    QVERIFY(exportAll(path("contacts.csv"), "The contacts have been exported."));
+    QVERIFY(exportAll("contacts.csv", "The contacts have been exported."));
     QVERIFY(QFile::exists(path("contacts.csv")));
 }
 
@@ -404,11 +410,11 @@ void TestDesktopFiles::aFileInPlaceOfAFolderIsSaid()
     const QStringList lstBefore = QDir(path(".")).entryList(QDir::Files | QDir::Hidden);
     QVERIFY(exportAll(strFile + "/contacts.csv", "The contacts could not be exported."));
     QCOMPARE(QDir(path(".")).entryList(QDir::Files | QDir::Hidden), lstBefore);
-    QFile file(strFile);
+    QFile file(path(strFile));
     QVERIFY(file.open(QIODevice::ReadOnly));
     QCOMPARE(file.readAll(), QByteArray("not a folder"));
     // The next try works.
-    QVERIFY(exportAll(path("contacts.csv"), "The contacts have been exported."));
+    QVERIFY(exportAll("contacts.csv", "The contacts have been exported."));
     QVERIFY(QFile::exists(path("contacts.csv")));
 }
 
@@ -442,7 +448,7 @@ void TestDesktopFiles::aFileThatVanishesUnderTheFieldMapIsSaid()
     const QString strFile = write("mine.csv", "Name,Mobile\nAnna,0170\n");
     QVERIFY2(start(), qPrintable(m_pHost->Log()));
     QVERIFY(openFieldMap(strFile));
-    QVERIFY(QFile::remove(strFile));
+    QVERIFY(QFile::remove(path(strFile)));
     QVERIFY(m_pHost->Click(MAP_OK));
     QVERIFY(box("The contacts could not be read."));
     QVERIFY(!m_pHost->Exists("modal"));

@@ -44,7 +44,7 @@ QString escaped(QString strText)
 
 QString taken(unsigned short* pText)
 {
-    const QString strText = pText != nullptr ? QString::fromUtf16(pText) : QString();
+    QString strText = pText != nullptr ? QString::fromUtf16(pText) : QString();
     delete[] pText;
     return strText;
 }
