@@ -56,6 +56,9 @@ public:
 
     // The program to run; the built one unless set.
     void SetProgram(const QString& strProgram) { m_strProgram = strProgram; }
+
+    // A command that runs the program in its own place, such as setpriv with its options.
+    void SetRunner(const QStringList& lstRunner) { m_lstRunner = lstRunner; }
     void SetEnvironment(const QString& strName, const QString& strValue) { m_environment.insert(strName, strValue); }
 
     // Starts the program on a data folder and waits until its main window is on the screen. False, with the reason in
@@ -70,6 +73,9 @@ public:
 
     // Waits for the end. The exit code, -1 for a crash or none within the limit.
     int WaitForExit(int iLimitMs = 20000);
+
+    // The folder of the test socket, which the program must be able to write.
+    QString SocketFolder() const { return m_folder.path(); }
     bool Running() const { return m_process.state() == QProcess::Running; }
     qint64 Pid() const { return m_process.processId(); }
 
@@ -100,6 +106,9 @@ public:
     bool WaitGone(const QString& strAddress);
     bool WaitForFocus(const QString& strAddress);
 
+    // Waits until the modal window has the focus and stays in its place: the window manager has put it there.
+    bool WaitForModal();
+
     // What a person does. False if the target does not come.
     bool Click(const QString& strAddress, int iButton = 1);
     bool ClickCell(const QString& strAddress, const QString& strText, int iButton = 1);
@@ -119,8 +128,8 @@ public:
     // Asks the window manager to close the window with this object name, as its close button does.
     void CloseActiveWindow();
 
-    // Writes a picture of the whole screen.
-    bool Screenshot(const QString& strFile);
+    // Writes a picture of the whole screen or of a part of it.
+    bool Screenshot(const QString& strFile, const QRect& part = QRect());
 
 private:
     QStringList ask(const QString& strQuery, bool& bFound);
@@ -130,6 +139,7 @@ private:
 
     QTemporaryDir m_folder;
     QString m_strProgram;
+    QStringList m_lstRunner;
     QProcessEnvironment m_environment;
     QProcess m_process;
     QByteArray m_log;
