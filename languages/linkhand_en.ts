@@ -395,6 +395,20 @@
         <translation>Ctrl+E</translation>
     </message>
     <message>
+        <source>IDS_EMPTY_GROUP</source>
+        <translation>No contacts in this group yet.
+Drag contacts here from the list of all contacts.</translation>
+    </message>
+    <message>
+        <source>IDS_EMPTY_MEMORY</source>
+        <translation>No contacts yet.
+Create one with “New contact” in the tool bar, or import a file with the right mouse button.</translation>
+    </message>
+    <message>
+        <source>IDS_EMPTY_SEARCH</source>
+        <translation>No contact matches the search.</translation>
+    </message>
+    <message>
         <source>IDS_ERROR_CAPTION</source>
         <translation>Error</translation>
     </message>

@@ -281,6 +281,7 @@ void AddrBookDlg::retranslateHeader()
         if (pItem != nullptr)
             pItem->setText(tr(m_listFieldNames.at(iSection)));
     }
+    showEmptyText();
 }
 
 void AddrBookDlg::retranslateToolBar()

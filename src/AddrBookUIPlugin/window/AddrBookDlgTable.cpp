@@ -352,6 +352,7 @@ void AddrBookDlg::OnReadFinished()
     if (m_ptableContacts != nullptr)
         m_ptableContacts->setSortingEnabled(true);
     checkMaxCapacity(m_enTableMemory, false);
+    showEmptyText();
 
     if (m_ptableContacts != nullptr) {
         const int iRow = m_ptableContacts->currentRow();

@@ -156,6 +156,7 @@ void HostApplication::OnLanguageChosen(const QString& strCode)
     m_settings.SetLanguage(strCode);
     m_pWindow->SetLanguages(m_languages.Entries(), strCode);
     m_pWindow->Retranslate();
+    m_pWindow->Status().ForgetNotices();
     m_pLifecycle->NotifyAll(320, 0);
 }
 

@@ -158,7 +158,8 @@ void MainWindow::closeEvent(QCloseEvent* pEvent)
 void MainWindow::changeEvent(QEvent* pEvent)
 {
     QMainWindow::changeEvent(pEvent);
-    if (pEvent->type() == QEvent::PaletteChange || pEvent->type() == QEvent::ApplicationPaletteChange) {
+    if (pEvent->type() == QEvent::PaletteChange || pEvent->type() == QEvent::ApplicationPaletteChange ||
+        pEvent->type() == QEvent::ApplicationFontChange) {
         applyStyle();
     }
 }
@@ -216,7 +217,7 @@ void MainWindow::applyStyle()
     if (legible != QApplication::palette()) {
         QApplication::setPalette(legible);
     }
-    const QString strRules = StyleSheet::Build(palette());
+    const QString strRules = StyleSheet::Build(palette(), QApplication::font());
     if (strRules != styleSheet()) {
         setStyleSheet(strRules);
     }

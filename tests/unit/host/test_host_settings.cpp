@@ -97,6 +97,7 @@ void TestHostSettings::languagesAreListedByTheirOwnNames()
     foreach (const QString& strName, QStringList() << "linkhand_de.qm"
                                                    << "linkhand_en.qm"
                                                    << "linkhand_ar.qm"
+                                                   << "linkhand_zh_CN.qm"
                                                    << "notes.txt") {
         QFile file(folder.filePath(strName));
         QVERIFY(file.open(QIODevice::WriteOnly));
@@ -108,7 +109,7 @@ void TestHostSettings::languagesAreListedByTheirOwnNames()
     }
     lstNames.sort();
     QCOMPARE(lstNames, QStringList() << "Deutsch"
-                                     << "English" << QString::fromUtf8("العربية"));
+                                     << "English" << QString::fromUtf8("العربية") << QString::fromUtf8("简体中文"));
     QVERIFY(catalog.Contains("ar"));
     QVERIFY(!catalog.Contains("fr"));
 }

@@ -364,10 +364,10 @@ void TestHostWindow::theStyleFollowsThePalette()
 {
     const QPalette light(QColor(240, 240, 240));
     const QPalette dark(QColor(40, 40, 40));
-    QVERIFY(StyleSheet::Build(light) != StyleSheet::Build(dark));
-    QVERIFY(!StyleSheet::Build(light).contains('%'));
+    QVERIFY(StyleSheet::Build(light, QFont()) != StyleSheet::Build(dark, QFont()));
+    QVERIFY(!StyleSheet::Build(light, QFont()).contains('%'));
     m_pWindow->setPalette(dark);
-    QCOMPARE(m_pWindow->styleSheet(), StyleSheet::Build(m_pWindow->palette()));
+    QCOMPARE(m_pWindow->styleSheet(), StyleSheet::Build(m_pWindow->palette(), QApplication::font()));
 }
 
 void TestHostWindow::linksCanBeReadOnAnyBackground_data()
