@@ -3,6 +3,7 @@
 #include <QFile>
 #include <QProcess>
 
+#include "PbCtl.h"
 #include "orva/orva_sdk.h"
 #include "orva/orva_sim.h"
 
@@ -60,21 +61,12 @@ int Profile::AddGroup(const QString& strName, int iParent, const QList<int>& lis
 
 bool Profile::Import(int iMemory, const QStringList& lstLines)
 {
-    QFile file(m_folder.filePath("contacts.csv"));
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) || file.write(lstLines.join('\n').toUtf8() + '\n') < 0) {
-        return false;
-    }
-    file.close();
-    const char* const apszMemories[] = {"card", "device"};
-    QProcess pbctl;
-    pbctl.setProcessChannelMode(QProcess::MergedChannels);
-    pbctl.start(QString::fromLocal8Bit(qgetenv("LINKHAND_BUILD_DIR")) + "/pbctl",
-                QStringList() << "import"
-                              << "--data-dir" << Path() << "--memory"
-                              << (iMemory == ORVA_MEMORY_LOCAL ? "local" : apszMemories[iMemory]) << file.fileName());
-    const bool bDone = pbctl.waitForFinished() && pbctl.exitStatus() == QProcess::NormalExit && pbctl.exitCode() == 0;
+    static const char* const s_apszMemories[] = {"card", "device"};
+    PbCtl pbctl(Path());
+    const bool bDone =
+        pbctl.Import(iMemory == ORVA_MEMORY_LOCAL ? "local" : s_apszMemories[iMemory], lstLines.join('\n') + '\n');
     if (!bDone) {
-        qWarning("pbctl: %s", pbctl.readAll().constData());
+        qWarning("pbctl: %s", qPrintable(pbctl.Said()));
     }
     return bDone;
 }
