@@ -426,6 +426,13 @@ private slots:
         QCOMPARE(f.table()->horizontalHeaderItem(0)->text(), QString("Nom"));
         QCOMPARE(f.previewText(), preview);
         QCOMPARE(f.button(TOOL_NEW)->toolTip(), tip);
+        // With nothing selected the preview has its text by then.
+        FakeCore::setText("IDS_NORECORDSELECT", "Nichts", "de");
+        f.selectRows({});
+        QVERIFY(f.in().previewEmpty());
+        FakeCore::setLanguage("de");
+        f.window()->SetLanguage();
+        QCOMPARE(f.previewText(), QString("Nichts"));
     }
 
     void languageChangeWithNothingSelectedShowsTheNewNoRecordText()
