@@ -450,10 +450,12 @@ private slots:
         WindowFixture f;
         WindowFixture::fillStores();
         FakeCore::setParenthesisCorrection([](QString& text) { text.prepend("<"); });
+        FakeSdk::setCapacity(1, 0);
         qApp->setLayoutDirection(Qt::RightToLeft);
         f.build();
         qApp->setLayoutDirection(Qt::LeftToRight);
         QVERIFY(f.in().rightToLeft());
+        QVERIFY(!f.in().device()->text(0).startsWith("<")); // shows no count
         QCOMPARE(f.in().local()->text(0), QString("<IDS_LOCAL_PHONEBOOKUI(3)"));
         QVERIFY(f.in().sim()->text(0).startsWith("<"));
         QCOMPARE(f.table()->item(0, 0)->text(), QString("<Anna"));
