@@ -142,6 +142,38 @@ private slots:
         QCOMPARE(f.button(TOOL_EDIT)->toolTip(), QString("Edit"));
     }
 
+    // Also behind a change of the language, which sets the plain texts first.
+    void everyButtonHasItsOwnTip()
+    {
+        const QList<QPair<int, QString>> tips{{TOOL_NEW, "IDS_PMBTN_ADD"},
+                                              {TOOL_EDIT, "IDS_EDIT_LINKMAN"},
+                                              {TOOL_DELETE, "IDS_PMBTN_DELETE"},
+                                              {TOOL_CALL, "IDS_PMBTN_CALL"},
+                                              {TOOL_SEND, "IDS_PMMENU_SEND"},
+                                              {TOOL_SEARCH, "IDS_PMTOOLBAR_SEARCH"},
+                                              {TOOL_IMPORT_MOE, "IDS_PMBTN_IMPORT_FROM_MOE"},
+                                              {TOOL_IMPORT_MOO, "IDS_PMBTN_IMPORT_FROM_MOO"}};
+        WindowFixture f;
+        int number = 0;
+        for (const auto& tip : tips) {
+            for (const char* language : {"en", "de"}) {
+                FakeCore::setText(tip.second, tip.second + language, language);
+                FakeCore::setShortcut(tip.second, QKeySequence(QString("Ctrl+%1").arg(number)), language);
+            }
+            ++number;
+        }
+        f.build();
+        for (const char* language : {"en", "de"}) {
+            FakeCore::setLanguage(language);
+            f.window()->SetLanguage();
+            for (int i = 0; i < tips.size(); ++i) {
+                QCOMPARE(f.button(tips[i].first)->toolTip(),
+                         QString("%1%2  (Ctrl+%3)").arg(tips[i].second, language).arg(i));
+            }
+        }
+        QVERIFY(f.waitRead());
+    }
+
     void callButtonsTooltipNeedsTheCallPlugin_data()
     {
         QTest::addColumn<bool>("present");
@@ -191,6 +223,52 @@ private slots:
         f.selectRows({0});
         f.button(TOOL_CALL)->click();
         QCOMPARE(FakeCore::madeCalls().size(), 1);
+    }
+
+    void clickedButtonGivesTheFocusToTheBar()
+    {
+        WindowFixture f;
+        f.build();
+        f.table()->setFocus();
+        f.window()->OnTBBtnClicked(TOOL_SEND);
+        QVERIFY(f.window()->focusWidget() != nullptr);
+        QCOMPARE(f.window()->focusWidget()->objectName(), ToolBarLogic::GetObjectName("AddrBookUIPlugin"));
+    }
+
+    // "New" on a memory that cannot be read says so, and asks nothing else.
+    void newContactIsReachedFromTheBarAndFromTheSearchBox_data()
+    {
+        QTest::addColumn<bool>("box");
+        QTest::newRow("button") << false;
+        QTest::newRow("Ctrl+N in the search box") << true;
+    }
+    void newContactIsReachedFromTheBarAndFromTheSearchBox()
+    {
+        QFETCH(bool, box);
+        WindowFixture f;
+        f.build();
+        FakeSdk::failAlways("GetProfile");
+        AddrBookLogic::Instance()->ClearDeviceInfo();
+        f.click(f.in().sim());
+        if (box) {
+            f.window()->OnShowHideSearchBox();
+            QTest::keyClick(f.in().searchBox(), Qt::Key_N, Qt::ControlModifier);
+        } else {
+            f.button(TOOL_NEW)->click();
+        }
+        QCOMPARE(FakeCore::messageTexts(), QStringList("IDS_INIT_DEV_UNDERWAY"));
+    }
+
+    void deleteButtonAsks()
+    {
+        WindowFixture f;
+        WindowFixture::fillStores();
+        f.build();
+        f.selectRows({0});
+        FakeCore::answer(QMessageBox::Cancel);
+        f.button(TOOL_DELETE)->click();
+        QCOMPARE(FakeCore::messageTexts(), QStringList("IDS_FLEXIT_UI_DELETE_ITEM"));
+        QCOMPARE(FakeSdk::recordIds(4).size(), 3);
     }
 
     void everyConnectionOfTheWindowHolds()
