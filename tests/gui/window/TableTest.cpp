@@ -356,6 +356,20 @@ private slots:
         QVERIFY(FakeCore::messages().isEmpty());
     }
 
+    void endOfAReadActsLikeASelectionChange()
+    {
+        WindowFixture f;
+        WindowFixture::fillStores();
+        f.build();
+        f.in().current() = nullptr;
+        f.window()->OnTreeClicked(f.in().local());
+        f.button(TOOL_IMPORT_MOE)->setEnabled(true);
+        f.button(TOOL_EDIT)->setEnabled(true);
+        QVERIFY(f.waitRead());
+        QVERIFY(!f.button(TOOL_IMPORT_MOE)->isEnabled());
+        QVERIFY(!f.button(TOOL_EDIT)->isEnabled());
+    }
+
     void fullMemoryTurnsNewOff()
     {
         WindowFixture f;

@@ -176,6 +176,39 @@ private slots:
         QCOMPARE(f.column(0), (QStringList{"Anna", "Bert"}));
     }
 
+    void clickNotesWhereADragWouldStart()
+    {
+        WindowFixture f;
+        WindowFixture::fillStores();
+        f.build();
+        f.click(f.node("Friends"));
+        QCOMPARE(f.tree()->m_enDragMemory, PB_MEM_LOCAL);
+        QCOMPARE(f.tree()->m_iDragGroupId, FakeSdk::groups().first().id);
+        QCOMPARE(f.tree()->m_pitemPrevious, f.node("Friends"));
+        f.click(f.in().sim());
+        QCOMPARE(f.tree()->m_enDragMemory, PB_MEM_SIM);
+        QCOMPARE(f.tree()->m_iDragGroupId, 0);
+        // It is the node that is current at that moment, not yet the one that becomes so.
+        f.window()->OnTreeClicked(f.in().device());
+        QVERIFY(f.waitRead());
+        QCOMPARE(f.tree()->m_enDragMemory, PB_MEM_SIM);
+        QCOMPARE(f.tree()->m_pitemPrevious, f.in().device());
+        QCOMPARE(f.tree()->currentItem(), f.in().device());
+    }
+
+    void selectionChangeTurnsTheTablesItemsOffWithNothingSelected()
+    {
+        WindowFixture f;
+        WindowFixture::fillStores();
+        f.build();
+        f.button(TOOL_EDIT)->setEnabled(true);
+        f.window()->OnTreeItemSelectionChanged();
+        QVERIFY(!f.button(TOOL_EDIT)->isEnabled());
+        f.selectRows({0});
+        f.window()->OnTreeItemSelectionChanged();
+        QVERIFY(f.button(TOOL_EDIT)->isEnabled());
+    }
+
     void hiddenNodeOfADualModeCardIsPresent_data()
     {
         QTest::addColumn<int>("status");
