@@ -296,6 +296,14 @@
         <translation>Linkhand</translation>
     </message>
     <message>
+        <source>IDS_HOST_WELCOME</source>
+        <translation>Your phonebook is empty. To begin, right-click the table below: create a new contact, or import the contacts of another program from a file.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_WELCOME_DISMISS</source>
+        <translation>Dismiss</translation>
+    </message>
+    <message>
         <source>IDS_OK</source>
         <translation>OK</translation>
     </message>

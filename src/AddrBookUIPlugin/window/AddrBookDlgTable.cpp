@@ -245,7 +245,7 @@ void AddrBookDlg::startThreadAndUpdateTable(_ORVA_EN_PHONEBOOK_MEMORY enType, in
     ADDRBOOK_LOG_ENTER();
     m_enTableMemory = enType;
     if (m_pthreadRead != nullptr) {
-        QObject::disconnect(m_pthreadRead, nullptr, nullptr, nullptr);
+        m_pthreadRead->DisconnectSignals();
         m_pthreadRead->StopOperation();
     }
     m_pthreadReadOld = m_pthreadRead;
@@ -313,19 +313,18 @@ bool AddrBookDlg::fillRow(int iRow, _ORVA_EN_PHONEBOOK_MEMORY enType, const Addr
         QString strText = iColumn < record.lstValues.size() ? inOneLine(record.lstValues.at(iColumn)) : QString();
         if (bCorrectParentheses)
             CommonUtils::ParanthesisCorrectionForHeAndAr(strText);
-        QScopedPointer<UITableItem> pItem(new (std::nothrow) UITableItem(strText));
-        TableRowData* pData = new (std::nothrow) TableRowData;
-        if (pItem.isNull() || pData == nullptr) {
-            delete pData;
+        QScopedPointer<TableRowData> pData(new (std::nothrow) TableRowData);
+        UITableItem* pItem = pData.isNull() ? nullptr
+                                            : new (std::nothrow) UITableItem(strText, Qt::AlignLeft | Qt::AlignBottom,
+                                                                             pointerToCarrier(pData.data()));
+        if (pItem == nullptr)
             return false;
-        }
-        pItem->setTextAlignment(Qt::AlignLeft | Qt::AlignBottom);
         pItem->setFlags(pItem->flags() & ~Qt::ItemIsEditable);
         pData->enType = enType;
         pData->iRecordID = record.iID;
         pData->iGroupID = iGroupId;
-        pItem->setData(Qt::UserRole, pointerToCarrier(pData));
-        m_ptableContacts->setItem(iRow, iColumn, pItem.take());
+        pData.take();
+        m_ptableContacts->setItem(iRow, iColumn, pItem);
     }
     return true;
 }

@@ -25,9 +25,11 @@
 #include "loader/PluginContainer.h"
 #include "loader/PluginLifecycle.h"
 #include "loader/PluginLoader.h"
+#include "test/ShownMark.h"
 #include "test/TestSocket.h"
 #include "window/MainWindow.h"
 #include "window/StatusArea.h"
+#include "window/WelcomeNote.h"
 
 namespace
 {
@@ -125,10 +127,12 @@ int HostApplication::Run()
 {
     connect(m_pWindow.data(), SIGNAL(languageChosen(QString)), this, SLOT(OnLanguageChosen(QString)));
     connect(m_pWindow.data(), SIGNAL(closing()), this, SLOT(OnClosing()));
+    connect(&m_pWindow->Welcome(), SIGNAL(dismissed()), this, SLOT(OnWelcomeDismissed()));
     connect(m_pWatcher.data(), SIGNAL(notifyCode(int, int)), m_pLifecycle.data(), SLOT(NotifyAll(int, int)));
     UnixSignals unixSignals;
     connect(&unixSignals, SIGNAL(received()), qApp, SLOT(quit()));
     TestSocket testSocket;
+    const ShownMark shownMark(m_pWindow.data());
 
     m_pWatcher->Start();
     loadPlugins();
@@ -182,6 +186,11 @@ void HostApplication::OnReportProblems()
     }
 }
 
+void HostApplication::OnWelcomeDismissed()
+{
+    m_settings.SetWelcomeDismissed(true);
+}
+
 void HostApplication::loadPlugins()
 {
     const QStringList lstDamaged = DataFolder::DamagedStores();
@@ -225,6 +234,7 @@ void HostApplication::showWindow()
     m_pWindow->Status().SetState(m_pWatcher->State());
     m_pWindow->restoreGeometry(m_settings.Geometry());
     m_pWindow->SetDevicePanelShown(m_settings.DevicePanelShown());
+    m_pWindow->Welcome().SetDismissed(m_settings.WelcomeDismissed());
     m_pWindow->show();
     m_pWindow->ShowPage(QLatin1String(LINKHAND_ADDRBOOK_NAME));
 }

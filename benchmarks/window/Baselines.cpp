@@ -6,32 +6,8 @@
 #include <sqlite3.h>
 
 #include <cstdio>
-#include <ctime>
 
 #include "orva/orva_sdk.h"
-
-namespace
-{
-double clockTime(clockid_t idClock)
-{
-    timespec time = timespec();
-    clock_gettime(idClock, &time);
-    return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
-}
-
-Time now()
-{
-    return Time{clockTime(CLOCK_MONOTONIC), clockTime(CLOCK_PROCESS_CPUTIME_ID)};
-}
-} // namespace
-
-Stopwatch::Stopwatch() : m_start(now()) {}
-
-Time Stopwatch::elapsed() const
-{
-    const Time end = now();
-    return Time{end.dWall - m_start.dWall, end.dProcessor - m_start.dProcessor};
-}
 
 QVector<QStringList> makeContacts(int iCount)
 {
@@ -78,10 +54,10 @@ bool storeContacts(const QVector<QStringList>& lstContacts)
     return true;
 }
 
-Time readPlainly(const QString& strDataFolder, QVector<QStringList>& lstRows)
+bench::Time readPlainly(const QString& strDataFolder, QVector<QStringList>& lstRows)
 {
     const QString strFile = strDataFolder + QLatin1String("/local.db");
-    const Stopwatch watch;
+    const bench::Stopwatch watch;
     sqlite3* pDatabase = nullptr;
     sqlite3_stmt* pStatement = nullptr;
     lstRows.clear();
@@ -103,13 +79,13 @@ Time readPlainly(const QString& strDataFolder, QVector<QStringList>& lstRows)
     return watch.elapsed();
 }
 
-Time fillBareTable(const QVector<QStringList>& lstRows, bool bSort)
+bench::Time fillBareTable(const QVector<QStringList>& lstRows, bool bSort)
 {
     QTableWidget table;
     table.resize(700, 500);
     table.show();
     QCoreApplication::processEvents();
-    const Stopwatch watch;
+    const bench::Stopwatch watch;
     table.setColumnCount(6);
     table.setRowCount(lstRows.size());
     for (int iRow = 0; iRow < lstRows.size(); ++iRow) {
