@@ -78,6 +78,7 @@ void TestDesktopDrags::cleanup()
 {
     if (QTest::currentTestFailed())
         m_pHost->Screenshot(QStringLiteral("%1.png").arg(QTest::currentTestFunction()));
+    m_pHost->WaitForMainWindow();
     QVERIFY2(m_pHost->Quit() >= 0, qPrintable(m_pHost->Log()));
     QVERIFY2(m_pHost->ErrorLines().isEmpty(), qPrintable(m_pHost->ErrorLines().join('\n')));
 }
@@ -111,7 +112,7 @@ void TestDesktopDrags::drag(const QString& strContact, const QString& strNode, c
 
 bool TestDesktopDrags::answerBox()
 {
-    if (!m_pHost->WaitFor("modal/QPushButton"))
+    if (!m_pHost->WaitFor("modal/QPushButton") || !m_pHost->WaitForModal())
         return false;
     m_pHost->Key("Return");
     return m_pHost->WaitGone("modal");

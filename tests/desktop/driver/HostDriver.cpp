@@ -267,6 +267,12 @@ bool HostDriver::WaitGone(const QString& strAddress)
     return WaitUntil([&] { return !Exists(strAddress); });
 }
 
+bool HostDriver::WaitForMainWindow()
+{
+    return WaitUntil(
+        [this] { return !Windows().filter(QRegularExpression("^[^\t]*\tlinkhand_MainWindow\t.*\t1$")).isEmpty(); });
+}
+
 bool HostDriver::WaitForModal()
 {
     QStringList lstBefore;
