@@ -84,6 +84,7 @@ void TestDesktopContacts::cleanup()
         if (QTest::currentTestFailed()) {
             m_pHost->Screenshot(QStringLiteral("%1.png").arg(QTest::currentTestFunction()));
         }
+        m_pHost->WaitForMainWindow();
         QVERIFY2(m_pHost->Quit() >= 0, qPrintable(m_pHost->Log()));
     }
     QVERIFY2(m_pHost->ErrorLines().isEmpty(), qPrintable(m_pHost->ErrorLines().join('\n')));
@@ -160,6 +161,7 @@ void TestDesktopContacts::aContactIsMadeAndEditedWithTheKeyboardAlone()
     QCOMPARE(m_pStore->Contacts("local").first(), lstMade);
 
     // The new row is the selected one.
+    QVERIFY(m_pHost->WaitForMainWindow());
     m_pHost->Key("ctrl+e");
     QVERIFY(m_pHost->WaitFor(FORM));
     QVERIFY(focused(input(0)));
@@ -207,7 +209,7 @@ void TestDesktopContacts::aRepeatedNumberIsAskedAbout()
     QVERIFY(tabTo(input(1)) && tabTo(input(2)) && tabTo(input(3)));
     m_pHost->Type("0171");
     m_pHost->Key("Return");
-    QVERIFY(m_pHost->WaitFor(BOX));
+    QVERIFY(m_pHost->WaitFor(BOX) && m_pHost->WaitForModal());
     // It names the field that repeats a number.
     QVERIFY(!m_pHost->Windows().filter(QRegularExpression("\tlinkhand_MessageBox\tHome\t")).isEmpty());
     m_pHost->Key("Escape");
@@ -225,6 +227,7 @@ void TestDesktopContacts::aRepeatedNumberIsAskedAbout()
     QCOMPARE(m_pStore->Contacts("local"), listStored);
 
     // A contact's own number is no repeat.
+    QVERIFY(m_pHost->WaitForMainWindow());
     m_pHost->Key("ctrl+e");
     QVERIFY(m_pHost->WaitFor(FORM) && focused(input(0)));
     QCOMPARE(m_pHost->Text(input(0)), QStringLiteral("Dora"));

@@ -275,6 +275,12 @@ bool HostDriver::WaitForFocus(const QString& strAddress)
     return WaitUntil([&] { return Widget(strAddress).bFocused; });
 }
 
+bool HostDriver::WaitForMainWindow()
+{
+    return WaitUntil(
+        [this] { return !Windows().filter(QRegularExpression("^[^\t]*\tlinkhand_MainWindow\t.*\t1$")).isEmpty(); });
+}
+
 bool HostDriver::WaitForModal()
 {
     QStringList lstBefore;

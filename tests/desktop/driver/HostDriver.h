@@ -109,6 +109,9 @@ public:
     // Waits until the modal window has the focus and stays in its place: the window manager has put it there.
     bool WaitForModal();
 
+    // Waits until the main window has the focus, which it gets back a moment after a dialog is gone.
+    bool WaitForMainWindow();
+
     // What a person does. False if the target does not come.
     bool Click(const QString& strAddress, int iButton = 1);
     bool ClickCell(const QString& strAddress, const QString& strText, int iButton = 1);

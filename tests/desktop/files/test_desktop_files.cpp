@@ -92,6 +92,7 @@ void TestDesktopFiles::cleanup()
         if (QTest::currentTestFailed()) {
             m_pHost->Screenshot(QStringLiteral("%1.png").arg(QTest::currentTestFunction()));
         }
+        m_pHost->WaitForMainWindow();
         QVERIFY2(m_pHost->Quit() >= 0, qPrintable(m_pHost->Log()));
     }
     // What the SDK refuses is warned about.
@@ -189,7 +190,7 @@ bool TestDesktopFiles::map(const QString& strTitle, const QString& strField)
 
 bool TestDesktopFiles::box(const QString& strText)
 {
-    if (!m_pHost->WaitFor(BOX) || m_pHost->Text(BOX) != strText) {
+    if (!m_pHost->WaitFor(BOX) || !m_pHost->WaitForModal() || m_pHost->Text(BOX) != strText) {
         qWarning("The box says: %s", qPrintable(m_pHost->Text(BOX)));
         return false;
     }
@@ -355,6 +356,7 @@ void TestDesktopFiles::exportedContactsComeBackTheSame()
     QVERIFY(open(listBefore.size()));
     QVERIFY(exportAll("out", "The contacts have been exported."));
     QVERIFY(QFile::exists(path("out.csv")));
+    QVERIFY(m_pHost->WaitForMainWindow());
     QVERIFY(m_pHost->Quit() >= 0);
 
     // Into an empty memory, with what the field map finds by itself.

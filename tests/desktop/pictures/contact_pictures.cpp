@@ -2,6 +2,8 @@
 // Usage: contact_pictures FOLDER (with LINKHAND_BUILD_DIR and LINKHAND_SOURCE_DIR set, in a home of its own).
 
 #include <QCoreApplication>
+#include <QDir>
+#include <QFile>
 #include <QTest>
 
 #include <cstdio>
@@ -61,6 +63,8 @@ Studio::Studio()
     store.Run({"import", strDemo + "contacts.csv"});
     store.Run({"import", "--memory", "card", strDemo + "card.csv"});
     NEED(store.Used("local") > 1000 && store.Used("card") > 100);
+    NEED(QDir().mkpath(m_folder.filePath("home/Desktop")));
+    m_host.SetEnvironment("HOME", m_folder.filePath("home"));
     NEED(m_host.Start(m_folder.filePath("data")));
     NEED(QProcess::execute("xdotool", {"getactivewindow", "windowmove", "20", "30", "windowsize", "--sync",
                                        QString::number(SIZE.width()), QString::number(SIZE.height())}) == 0);
@@ -169,13 +173,14 @@ void Studio::FieldMap()
     m_host.ClickAt(QPoint(table.right() - 60, table.center().y()), 3);
     NEED(m_host.ClickAction(QString::fromUtf8("Import contacts…")));
     NEED(m_host.WaitFor("QFileDialog") && m_host.WaitForModal());
-    const QString strFile = m_folder.filePath("choir.csv");
-    QFile file(strFile);
+    QFile file(m_folder.filePath("home/Desktop/choir.csv"));
     NEED(file.open(QIODevice::WriteOnly));
     file.write("Singer,Voice,Mobile,Private number,E-mail,Since\nAnna,Alto,0170,030,a@example.org,2019\n");
     file.close();
     m_host.Key("ctrl+a");
-    m_host.Type(strFile);
+    m_host.Type("choir.csv");
+    NEED(HostDriver::WaitUntil([this] { return m_host.Text("QFileDialog/fileNameEdit") == "choir.csv"; }));
+    // The list of completions may be open, and takes the first click.
     NEED(HostDriver::WaitUntil([this] {
         return !m_host.Exists("QFileDialog") ||
                (m_host.Click("QFileDialog/QDialogButtonBox/QPushButton[0]") &&
