@@ -49,7 +49,7 @@ QString usageFolder()
 {
     unsigned short* text = nullptr;
     expect(ORVA_GetLogDirectory(&text));
-    const QString path = QDir::cleanPath(QString::fromUtf16(text) + "../OnlineUpdate");
+    QString path = QDir::cleanPath(QString::fromUtf16(text) + "../OnlineUpdate");
     delete[] text;
     return path;
 }
