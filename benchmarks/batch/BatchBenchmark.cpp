@@ -41,7 +41,7 @@ void check(bool condition, const char* what)
     if (condition)
         return;
     std::fprintf(stderr, "not as expected: %s\n", what);
-    std::exit(1);
+    std::exit(2);
 }
 
 // The folder that holds the usage file's, as the host makes it.

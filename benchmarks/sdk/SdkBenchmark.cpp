@@ -29,7 +29,7 @@ void expect(long code)
     if (code == ORVA_OK)
         return;
     std::fprintf(stderr, "the library returned %ld\n", code);
-    std::exit(1);
+    std::exit(2);
 }
 
 std::vector<bare::Row> makeRows(int count)
