@@ -296,6 +296,14 @@
         <translation>Linkhand</translation>
     </message>
     <message>
+        <source>IDS_HOST_WELCOME</source>
+        <translation>Your phonebook is empty. To begin, right-click the table below: create a new contact, or import the contacts of another program from a file.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_WELCOME_DISMISS</source>
+        <translation>Dismiss</translation>
+    </message>
+    <message>
         <source>IDS_OK</source>
         <translation>OK</translation>
     </message>
@@ -385,6 +393,20 @@
         <source>IDS_EDIT_LINKMAN</source>
         <comment>shortcut</comment>
         <translation>Ctrl+E</translation>
+    </message>
+    <message>
+        <source>IDS_EMPTY_GROUP</source>
+        <translation>No contacts in this group yet.
+Drag contacts here from the list of all contacts.</translation>
+    </message>
+    <message>
+        <source>IDS_EMPTY_MEMORY</source>
+        <translation>No contacts yet.
+Create one with “New contact” in the tool bar, or import a file with the right mouse button.</translation>
+    </message>
+    <message>
+        <source>IDS_EMPTY_SEARCH</source>
+        <translation>No contact matches the search.</translation>
     </message>
     <message>
         <source>IDS_ERROR_CAPTION</source>
@@ -747,7 +769,7 @@
     </message>
     <message>
         <source>IDS_LENGTH</source>
-        <translation>%1 characters, %2 message(s)</translation>
+        <translation>Characters: %1, messages: %2</translation>
     </message>
     <message>
         <source>IDS_SAVE_NUMBER</source>

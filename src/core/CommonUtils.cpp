@@ -75,7 +75,10 @@ void CommonUtils::ParanthesisCorrectionForHeAndAr(QString& strText)
 
 QString CommonUtils::ParseAndCreateHyperLinks(QString strText)
 {
-    return HyperLinks::create(strText);
+    const QString strLinks = HyperLinks::create(strText);
+    // Among letters that run from right to left the plus sign of a number would stand behind it.
+    const bool bTurns = QApplication::isRightToLeft() && strText.startsWith(QLatin1Char('+'));
+    return bTurns ? QChar(0x200e) + strLinks : strLinks;
 }
 
 int CommonUtils::ShowMessage(QMessageBox::Icon enIcon, QWidget* pParent, QString strCaption, QString strText,

@@ -1,6 +1,6 @@
 #!/bin/sh
 # Usage: with-display.sh COMMAND...  Runs the command on a display of its own: Xvfb on a free number with the window
-# manager openbox. Both end with the command, whose exit code is the script's.
+# manager openbox. Both end with the command, whose exit code is the script's. LINKHAND_TEST_SCREEN is the screen's size.
 set -eu
 
 work=$(mktemp -d)
@@ -32,7 +32,7 @@ wait_for()
     done
 }
 
-Xvfb -displayfd 3 -screen 0 1366x900x24 -dpi 96 -nolisten tcp -noreset 3>"$work/display" 2>"$work/xvfb.log" &
+Xvfb -displayfd 3 -screen 0 "${LINKHAND_TEST_SCREEN:-1366x900}x24" -dpi 96 -nolisten tcp -noreset 3>"$work/display" 2>"$work/xvfb.log" &
 xvfb=$!
 wait_for test -s "$work/display"
 DISPLAY=:$(cat "$work/display")

@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QVariant>
 
 #include <new>
@@ -14,6 +15,11 @@
 #include "linkhand/core/CommonUtils.h"
 #include "logic/ItemData.h"
 #include "widgets/DragFormat.h"
+
+namespace
+{
+const int EMPTY_MARGIN = 24;
+} // namespace
 
 AddrBookTableWidget::AddrBookTableWidget(int iRows, int iColumns, QWidget* pParent)
     : QTableWidget(iRows, iColumns, pParent), m_strDragData(QLatin1String(""))
@@ -25,6 +31,15 @@ AddrBookTableWidget::AddrBookTableWidget(QWidget* pParent) : QTableWidget(pParen
 QModelIndexList AddrBookTableWidget::GetSelectedIndexes() const
 {
     return selectedIndexes();
+}
+
+void AddrBookTableWidget::SetEmptyText(const QString& strText)
+{
+    if (strText == m_strEmptyText)
+        return;
+    m_strEmptyText = strText;
+    setAccessibleDescription(strText);
+    viewport()->update();
 }
 
 void AddrBookTableWidget::OnShortKeyDelContact()
@@ -173,4 +188,17 @@ void AddrBookTableWidget::keyPressEvent(QKeyEvent* pEvent)
         QAbstractItemView::keyPressEvent(pEvent);
         break;
     }
+}
+
+void AddrBookTableWidget::paintEvent(QPaintEvent* pEvent)
+{
+    QTableWidget::paintEvent(pEvent);
+    if (rowCount() > 0 || m_strEmptyText.isEmpty())
+        return;
+    QPainter painter(viewport());
+    QColor colour = palette().color(QPalette::Text);
+    colour.setAlphaF(0.7);
+    painter.setPen(colour);
+    painter.drawText(viewport()->rect().adjusted(EMPTY_MARGIN, EMPTY_MARGIN, -EMPTY_MARGIN, -EMPTY_MARGIN),
+                     static_cast<int>(Qt::AlignCenter) | static_cast<int>(Qt::TextWordWrap), m_strEmptyText);
 }

@@ -23,6 +23,9 @@ public:
     // selectedIndexes(), for everybody.
     QModelIndexList GetSelectedIndexes() const;
 
+    // What stands in the table while it has no rows.
+    void SetEmptyText(const QString& strText);
+
 public slots:
     // deleteContact(), if something is selected.
     void OnShortKeyDelContact();
@@ -52,9 +55,11 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* pEvent) override;
     void mouseMoveEvent(QMouseEvent* pEvent) override;
     void keyPressEvent(QKeyEvent* pEvent) override;
+    void paintEvent(QPaintEvent* pEvent) override;
 
     QPoint m_ptPress;      // of the last press, in the viewport's coordinates
     QString m_strDragData; // built at a press on the left half of a cell
+    QString m_strEmptyText;
 
 private slots:
     void OnDragTargetObjectChanged(QObject* pTarget);

@@ -4,6 +4,7 @@
 #include <QLineEdit>
 #include <QPainter>
 #include <QPen>
+#include <QStyle>
 
 namespace
 {
@@ -22,6 +23,20 @@ GridDelegate::GridDelegate(QObject* pParent) : QItemDelegate(pParent) {}
 void GridDelegate::drawFocus(QPainter* pPainter, const QStyleOptionViewItem& option, const QRect&) const
 {
     setFocusPen(pPainter, option);
+}
+
+void GridDelegate::drawDisplay(QPainter* pPainter, const QStyleOptionViewItem& option, const QRect& rect,
+                               const QString& strText) const
+{
+    // Otherwise the plus sign of a number would stand behind it.
+    if (option.direction != Qt::RightToLeft || !strText.startsWith(QLatin1Char('+'))) {
+        QItemDelegate::drawDisplay(pPainter, option, rect, strText);
+        return;
+    }
+    QStyleOptionViewItem number(option);
+    number.displayAlignment = QStyle::visualAlignment(option.direction, option.displayAlignment);
+    number.direction = Qt::LeftToRight;
+    QItemDelegate::drawDisplay(pPainter, number, rect, strText);
 }
 
 TreeDelegate::TreeDelegate(QObject* pParent) : QItemDelegate(pParent) {}

@@ -14,6 +14,9 @@ public:
     explicit GridDelegate(QObject* pParent);
 
 protected:
+    // A number runs from left to right in either layout, at the side of the cell where texts begin.
+    void drawDisplay(QPainter* pPainter, const QStyleOptionViewItem& option, const QRect& rect,
+                     const QString& strText) const override;
     void drawFocus(QPainter* pPainter, const QStyleOptionViewItem& option, const QRect& rect) const override;
 };
 

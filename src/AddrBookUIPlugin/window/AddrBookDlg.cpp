@@ -79,7 +79,7 @@ void AddrBookDlg::stopReader()
 {
     if (m_pthreadRead == nullptr)
         return;
-    QObject::disconnect(m_pthreadRead, nullptr, nullptr, nullptr);
+    m_pthreadRead->DisconnectSignals();
     m_pthreadRead->StopOperation();
     m_pthreadRead->wait();
     delete m_pthreadRead;
@@ -88,7 +88,7 @@ void AddrBookDlg::stopReader()
 
 void AddrBookDlg::stopBatch()
 {
-    QObject::disconnect(&m_threadWorker, nullptr, nullptr, nullptr);
+    m_threadWorker.DisconnectSignals();
     m_threadWorker.StopOperation();
     // The worker may be waiting for the slot of a result that will not run any more, or be about to.
     while (m_threadWorker.isRunning()) {
@@ -281,6 +281,7 @@ void AddrBookDlg::retranslateHeader()
         if (pItem != nullptr)
             pItem->setText(tr(m_listFieldNames.at(iSection)));
     }
+    showEmptyText();
 }
 
 void AddrBookDlg::retranslateToolBar()

@@ -207,6 +207,7 @@ private:
     void showSearchBox();
     void hideSearchBox();
     void updateTable(const QString& strText);
+    void showEmptyText();
     bool rowMatches(int iRow, const QString& strText) const;
     void removeRows(int iFirst, int iLast);
 

@@ -167,7 +167,8 @@ void AddrBookDlg::showNewContact(const AddrBookRecord& record)
     const bool bSort = m_ptableContacts->isSortingEnabled();
     m_ptableContacts->setSortingEnabled(false);
     addContactToTable(m_enMemory, record, m_iGroupId, iRow);
-    m_ptableContacts->selectRow(iRow);
+    // Not selectRow, which finds no column in a table that runs from right to left.
+    m_ptableContacts->setCurrentCell(iRow, 0);
     m_ptableContacts->setSortingEnabled(bSort);
     m_ptableContacts->repaint();
     const QList<QTableWidgetItem*> lstSelected = m_ptableContacts->selectedItems();

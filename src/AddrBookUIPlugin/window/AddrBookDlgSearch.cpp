@@ -65,7 +65,23 @@ void AddrBookDlg::OnTextEdited(const QString& strEditedText)
     }
     // Behind the start of the reader: its first row is taken only by the event loop, which sees the new text.
     m_strSearchText = strEditedText;
+    if (bNarrows)
+        showEmptyText();
     ADDRBOOK_LOG_EXIT();
+}
+
+// What an empty table says depends on why it is empty.
+void AddrBookDlg::showEmptyText()
+{
+    if (m_ptableContacts == nullptr)
+        return;
+    _ORVA_EN_PHONEBOOK_MEMORY enMemory = PB_MEM_LOCAL;
+    int iGroupId = 0;
+    getGroupId(enMemory, iGroupId);
+    const char* szId = iGroupId > 0 ? "IDS_EMPTY_GROUP" : "IDS_EMPTY_MEMORY";
+    if (m_bSearchBoxShown && !m_strSearchText.isEmpty())
+        szId = "IDS_EMPTY_SEARCH";
+    m_ptableContacts->SetEmptyText(tr(QLatin1String(szId)));
 }
 
 // Rows go in runs and from the end, so that none is moved more often than it must.

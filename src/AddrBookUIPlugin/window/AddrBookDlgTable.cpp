@@ -245,7 +245,7 @@ void AddrBookDlg::startThreadAndUpdateTable(_ORVA_EN_PHONEBOOK_MEMORY enType, in
     ADDRBOOK_LOG_ENTER();
     m_enTableMemory = enType;
     if (m_pthreadRead != nullptr) {
-        QObject::disconnect(m_pthreadRead, nullptr, nullptr, nullptr);
+        m_pthreadRead->DisconnectSignals();
         m_pthreadRead->StopOperation();
     }
     m_pthreadReadOld = m_pthreadRead;
@@ -352,6 +352,7 @@ void AddrBookDlg::OnReadFinished()
     if (m_ptableContacts != nullptr)
         m_ptableContacts->setSortingEnabled(true);
     checkMaxCapacity(m_enTableMemory, false);
+    showEmptyText();
 
     if (m_ptableContacts != nullptr) {
         const int iRow = m_ptableContacts->currentRow();

@@ -29,6 +29,7 @@
 #include "test/TestSocket.h"
 #include "window/MainWindow.h"
 #include "window/StatusArea.h"
+#include "window/WelcomeNote.h"
 
 namespace
 {
@@ -130,6 +131,7 @@ int HostApplication::Run()
 {
     connect(m_pWindow.data(), SIGNAL(languageChosen(QString)), this, SLOT(OnLanguageChosen(QString)));
     connect(m_pWindow.data(), SIGNAL(closing()), this, SLOT(OnClosing()));
+    connect(&m_pWindow->Welcome(), SIGNAL(dismissed()), this, SLOT(OnWelcomeDismissed()));
     connect(m_pWatcher.data(), SIGNAL(notifyCode(int, int)), m_pLifecycle.data(), SLOT(NotifyAll(int, int)));
     UnixSignals unixSignals;
     connect(&unixSignals, SIGNAL(received()), this, SLOT(OnClosing()));
@@ -160,6 +162,7 @@ void HostApplication::OnLanguageChosen(const QString& strCode)
     m_settings.SetLanguage(strCode);
     m_pWindow->SetLanguages(m_languages.Entries(), strCode);
     m_pWindow->Retranslate();
+    m_pWindow->Status().ForgetNotices();
     m_pLifecycle->NotifyAll(320, 0);
 }
 
@@ -189,6 +192,11 @@ void HostApplication::OnReportProblems()
                                      nullptr, QString(), true);
         }
     }
+}
+
+void HostApplication::OnWelcomeDismissed()
+{
+    m_settings.SetWelcomeDismissed(true);
 }
 
 void HostApplication::loadPlugins()
@@ -233,6 +241,7 @@ void HostApplication::showFrame()
     m_pWindow->Retranslate();
     m_pWindow->restoreGeometry(m_settings.Geometry());
     m_pWindow->SetDevicePanelShown(m_settings.DevicePanelShown());
+    m_pWindow->Welcome().SetDismissed(m_settings.WelcomeDismissed());
     const FirstPaint firstPaint(m_pWindow.data());
     m_pWindow->show();
     QTimer limit;

@@ -44,6 +44,7 @@ private slots:
     void OnClosing();
     void OnScreenshotTaken(bool bWritten);
     void OnReportProblems();
+    void OnWelcomeDismissed();
 
 private:
     void loadPlugins();

@@ -75,8 +75,5 @@ QString LanguageCatalog::NameOf(const QString& strCode)
     if (!strName.isEmpty()) {
         strName[0] = strName.at(0).toUpper();
     }
-    if (strCode.contains(QLatin1Char('_'))) {
-        strName += QLatin1String(" (") + locale.nativeCountryName() + QLatin1Char(')');
-    }
     return strName;
 }

@@ -26,7 +26,7 @@ public:
     // The code in a file name without its folder, empty if there is none.
     static QString CodeOfFile(const QString& strFileName);
 
-    // The language's name in the language itself, with the country where the code names one.
+    // The language's name in the language itself.
     static QString NameOf(const QString& strCode);
 
 private:

@@ -34,7 +34,8 @@ void Screenshot::OnTick()
     if (pContacts != nullptr && !m_bSelected) {
         m_bSelected = true;
         m_iCalmTicks = 0;
-        pContacts->selectRow(0);
+        // Not selectRow, which finds no column in a table that runs from right to left.
+        pContacts->setCurrentCell(0, 0);
         return;
     }
     m_timer.stop();

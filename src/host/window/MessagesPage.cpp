@@ -12,6 +12,7 @@
 
 #include "HostText.h"
 #include "common/HostLink.h"
+#include "common/NumberDelegate.h"
 #include "common/PluginIds.h"
 #include "device/Outbox.h"
 #include "linkhand/core/CommonUtils.h"
@@ -93,6 +94,7 @@ MessagesPage::MessagesPage(Outbox& outbox, IPluginContainer& container, QWidget*
     connect(m_pNewSms, SIGNAL(clicked()), this, SLOT(OnNewSms()));
     connect(m_pNewMms, SIGNAL(clicked()), this, SLOT(OnNewMms()));
     connect(m_pDelete, SIGNAL(clicked()), this, SLOT(OnDelete()));
+    m_pList->setItemDelegateForColumn(COLUMN_TO, new NumberDelegate(m_pList));
     m_pList->setColumnWidth(COLUMN_KIND, 70);
     m_pList->setColumnWidth(COLUMN_TO, 220);
     m_pList->setColumnWidth(COLUMN_TEXT, 340);

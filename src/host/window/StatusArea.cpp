@@ -67,6 +67,13 @@ void StatusArea::ShowNotice(const QString& strText)
     m_pNotice->setEnabled(true);
 }
 
+void StatusArea::ForgetNotices()
+{
+    m_lstNotices.clear();
+    m_pNotice->setText(QString());
+    m_pNotice->setEnabled(false);
+}
+
 void StatusArea::SetState(const DeviceState& state)
 {
     m_state = state;

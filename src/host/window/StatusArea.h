@@ -23,6 +23,9 @@ public:
     void ShowNotice(const QString& strText);
     const QStringList& Notices() const { return m_lstNotices; }
 
+    // Drops all notices: they are in the language of their time.
+    void ForgetNotices();
+
     void SetState(const DeviceState& state);
     void SetProblems(const ProblemList& problems);
     void Retranslate();

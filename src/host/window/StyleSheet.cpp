@@ -1,6 +1,7 @@
 #include "window/StyleSheet.h"
 
 #include <QColor>
+#include <QFontInfo>
 
 #include <cmath>
 
@@ -32,34 +33,65 @@ qreal contrast(const QColor& one, const QColor& other)
 
 const qreal LEAST_CONTRAST = 4.5; // WCAG 2.1, level AA
 
-const char* const RULES =
-    "#linkhand_NavBar { background: %bar%; border: none; }"
-    "#linkhand_DevicePanel { background: %bar%; border: none; }"
-    "#linkhand_StatusArea { background: %bar%; border: none; border-top: 1px solid %line%; }"
-    "#linkhand_StatusArea QLabel { color: %quiet%; }"
-    "#linkhand_StatusArea QToolButton { border: none; padding: 2px 4px; color: %quiet%; }"
+// One scale of letters, from the desktop's own size: small, text, title, large.
+const qreal SMALL = 0.92;
+const qreal TITLE = 1.25;
+const qreal LARGE = 1.6;
+
+const char* const BARS =
+    "#linkhand_NavBar, #linkhand_DevicePanel, #linkhand_StatusArea { background: %bar%; border: none; }"
+    "#linkhand_StatusArea { border-top: 1px solid %line%; }"
+    "#linkhand_StatusArea QLabel { color: %quiet%; font-size: %small%px; }"
+    "#linkhand_StatusArea QToolButton { border: 1px solid transparent; border-radius: 3px; padding: 1px 4px;"
+    " color: %quiet%; font-size: %small%px; }"
     "#linkhand_StatusArea QToolButton:hover { color: %text%; }"
-    "#linkhand_DevicePanel_title, #linkhand_Messages_title, #linkhand_Calls_title { font-size: 15px; font-weight: "
-    "bold; }"
+    "#linkhand_StatusArea QToolButton:focus { border-color: %accent%; color: %text%; }";
+
+const char* const LETTERS =
+    "#linkhand_DevicePanel_title, #linkhand_Messages_title, #linkhand_Calls_title { font-size: %title%px;"
+    " font-weight: bold; }"
     "#linkhand_DevicePanel_hint, #linkhand_Messages_hint, #linkhand_Calls_hint { color: %quiet%; }"
-    "#linkhand_Page_failure { color: %quiet%; font-size: 14px; }"
+    "#linkhand_Page_failure { color: %quiet%; font-size: %title%px; }"
+    "#VoiceCallPlugin_labelNumber, #VideoCallPlugin_labelNumber { font-size: %large%px; }"
+    "#VoiceCallPlugin_labelState, #VideoCallPlugin_labelState, #SMSUIPlugin_labelLength, #MMSUIPlugin_labelLength"
+    " { color: %quiet%; }"
     // The contact table's rows are 16 pixels high, whatever the user's letters are.
-    "#AddrBookUIPlugin_ContactTable { font-size: 12px; }"
+    "#AddrBookUIPlugin_ContactTable { font-size: 12px; }";
+
+// Lists draw no focus of their own on a row, so that their border tells where the keys go.
+const char* const LISTS =
+    "#AddrBookUIPlugin_TreeWidget, #AddrBookUIPlugin_ContactTable, #AddrBookUIPlugin_labelPreview,"
+    " #AddrBookUIPlugin_selectContacts_treeContacts, #linkhand_Messages_list, #linkhand_Messages_preview,"
+    " #linkhand_Problems_list, #VoiceCallPlugin_treeCalls { border: 1px solid %line%; }"
+    "#AddrBookUIPlugin_TreeWidget:focus, #AddrBookUIPlugin_ContactTable:focus, #AddrBookUIPlugin_labelPreview:focus,"
+    " #AddrBookUIPlugin_selectContacts_treeContacts:focus, #linkhand_Messages_list:focus,"
+    " #linkhand_Messages_preview:focus, #linkhand_Problems_list:focus, #VoiceCallPlugin_treeCalls:focus"
+    " { border: 1px solid %accent%; }"
+    "#AddrBookUIPlugin_labelPreview, #linkhand_Messages_preview { padding: 4px; }"
     "QSplitter::handle { background: transparent; }"
     "QHeaderView::section { background: %bar%; color: %text%; border: none; border-bottom: 1px solid %line%;"
     " border-right: 1px solid %line%; padding: 3px 6px; }";
 
+QString pixels(const QFont& font, qreal fFactor)
+{
+    return QString::number(qRound(QFontInfo(font).pixelSize() * fFactor));
+}
+
 } // namespace
 
-QString StyleSheet::Build(const QPalette& palette)
+QString StyleSheet::Build(const QPalette& palette, const QFont& font)
 {
     const QColor& window = palette.color(QPalette::Window);
     const QColor& text = palette.color(QPalette::WindowText);
-    QString strRules = QLatin1String(RULES);
+    QString strRules = QLatin1String(BARS) + QLatin1String(LETTERS) + QLatin1String(LISTS);
     strRules.replace(QLatin1String("%bar%"), mix(window, text, 0.04).name());
     strRules.replace(QLatin1String("%line%"), mix(window, text, 0.18).name());
-    strRules.replace(QLatin1String("%quiet%"), mix(text, window, 0.35).name());
+    strRules.replace(QLatin1String("%quiet%"), mix(text, window, 0.3).name());
     strRules.replace(QLatin1String("%text%"), text.name());
+    strRules.replace(QLatin1String("%accent%"), palette.color(QPalette::Highlight).name());
+    strRules.replace(QLatin1String("%small%"), pixels(font, SMALL));
+    strRules.replace(QLatin1String("%title%"), pixels(font, TITLE));
+    strRules.replace(QLatin1String("%large%"), pixels(font, LARGE));
     return strRules;
 }
 

@@ -11,6 +11,7 @@
 
 #include "common/CallBox.h"
 #include "common/HostLink.h"
+#include "common/NumberDelegate.h"
 #include "common/PluginIds.h"
 #include "common/Recipients.h"
 #include "linkhand/core/Change.h"
@@ -21,6 +22,12 @@ namespace
 {
 
 enum Column { COLUMN_NUMBER, COLUMN_TIME, COLUMN_DURATION, COLUMN_COUNT };
+const int ROLE_TIME = Qt::UserRole;
+
+void showTime(QTreeWidgetItem* pItem)
+{
+    pItem->setText(COLUMN_TIME, QLocale().toString(pItem->data(COLUMN_TIME, ROLE_TIME).toTime(), QLocale::ShortFormat));
+}
 
 } // namespace
 
@@ -47,6 +54,7 @@ CallPage::CallPage(const QString& strPlugin)
     m_pCalls->setRootIsDecorated(false);
     m_pCalls->setAlternatingRowColors(true);
     m_pCalls->setColumnWidth(COLUMN_NUMBER, 260);
+    m_pCalls->setItemDelegateForColumn(COLUMN_NUMBER, new NumberDelegate(m_pCalls));
 
     QHBoxLayout* pDial = new QHBoxLayout;
     pDial->addWidget(m_pNumber, 1);
@@ -70,7 +78,8 @@ void CallPage::Start(const QString& strNumber, int iType)
 {
     QTreeWidgetItem* pItem = new QTreeWidgetItem;
     pItem->setText(COLUMN_NUMBER, strNumber);
-    pItem->setText(COLUMN_TIME, QLocale().toString(QTime::currentTime(), QLocale::ShortFormat));
+    pItem->setData(COLUMN_TIME, ROLE_TIME, QTime::currentTime());
+    showTime(pItem);
     m_pCalls->insertTopLevelItem(0, pItem); // the latest first
     // A video call has its own window, but one call at a time counts for both.
     m_pBox->Start(strNumber);
@@ -97,6 +106,9 @@ void CallPage::Retranslate()
     QStringList lstHeaders;
     lstHeaders << text("IDS_COLUMN_NUMBER") << text("IDS_COLUMN_TIME") << text("IDS_COLUMN_DURATION");
     m_pCalls->setHeaderLabels(lstHeaders);
+    for (int i = 0; i < m_pCalls->topLevelItemCount(); ++i) {
+        showTime(m_pCalls->topLevelItem(i));
+    }
     m_pBox->Retranslate();
     Enter();
 }

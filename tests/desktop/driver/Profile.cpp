@@ -1,6 +1,7 @@
 #include "Profile.h"
 
 #include <QFile>
+#include <QProcess>
 
 #include "orva/orva_sdk.h"
 #include "orva/orva_sim.h"
@@ -55,6 +56,27 @@ int Profile::AddGroup(const QString& strName, int iParent, const QList<int>& lis
         bDone = bDone && ORVA_PBSrv_AddAddrToGroup(iId, iMember, ORVA_MEMORY_LOCAL) == ORVA_OK;
     }
     return bDone ? iId : 0;
+}
+
+bool Profile::Import(int iMemory, const QStringList& lstLines)
+{
+    QFile file(m_folder.filePath("contacts.csv"));
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) || file.write(lstLines.join('\n').toUtf8() + '\n') < 0) {
+        return false;
+    }
+    file.close();
+    const char* const apszMemories[] = {"card", "device"};
+    QProcess pbctl;
+    pbctl.setProcessChannelMode(QProcess::MergedChannels);
+    pbctl.start(QString::fromLocal8Bit(qgetenv("LINKHAND_BUILD_DIR")) + "/pbctl",
+                QStringList() << "import"
+                              << "--data-dir" << Path() << "--memory"
+                              << (iMemory == ORVA_MEMORY_LOCAL ? "local" : apszMemories[iMemory]) << file.fileName());
+    const bool bDone = pbctl.waitForFinished() && pbctl.exitStatus() == QProcess::NormalExit && pbctl.exitCode() == 0;
+    if (!bDone) {
+        qWarning("pbctl: %s", pbctl.readAll().constData());
+    }
+    return bDone;
 }
 
 void Profile::Close()

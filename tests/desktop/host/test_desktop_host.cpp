@@ -22,7 +22,7 @@ const int SLOWDOWN = 5; // the sanitizers' own time
 const int SLOWDOWN = 1;
 #endif
 
-// A copy of the built program whose plug-ins and languages may be changed.
+// A copy of the built program whose plug-ins may be changed.
 class InstalledCopy
 {
 public:
@@ -31,9 +31,7 @@ public:
         const QString strBuild = QString::fromLocal8Bit(qgetenv("LINKHAND_BUILD_DIR"));
         QFile::copy(strBuild + "/linkhand", Program());
         QFile::link(strBuild + "/lib", m_folder.filePath("lib"));
-        QDir().mkpath(m_folder.filePath("languages"));
-        QFile::copy(strBuild + "/languages/linkhand_en.qm", m_folder.filePath("languages/linkhand_en.qm"));
-        QFile::copy(QStringLiteral(TEST_LANGUAGE_FILE), m_folder.filePath("languages/linkhand_ar.qm"));
+        QFile::link(strBuild + "/languages", m_folder.filePath("languages"));
         QDir().mkpath(m_folder.filePath("plugins"));
         QFile::link(strBuild + "/plugins/AddrBookUIPlugin", m_folder.filePath("plugins/AddrBookUIPlugin"));
         foreach (const QString& strName, QDir(strBuild + "/plugins").entryList(QStringList("lib*.so"), QDir::Files)) {
@@ -186,9 +184,6 @@ void TestDesktopHost::removingTheCardTakesItsNodeAway()
 
 void TestDesktopHost::anotherLanguageTurnsTheWindow()
 {
-    const InstalledCopy copy;
-    m_pHost->SetProgram(copy.Program());
-    m_pHost->SetEnvironment("LC_ALL", "C.UTF-8");
     QVERIFY2(start(), qPrintable(m_pHost->Log()));
     QTRY_COMPARE(m_pHost->Rows(TABLE), 40);
     const QRect before = m_pHost->Widget("linkhand_NavBar").rect;

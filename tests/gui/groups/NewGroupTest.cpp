@@ -380,8 +380,11 @@ private slots:
         auto* editor = qobject_cast<QLineEdit*>(in.tree()->itemWidget(in.editedGroup(), 0));
         QVERIFY(editor != nullptr);
         QTest::keyClicks(editor, "Work");
+        bool isSavedInSight = false;
+        FakeSdk::onCall("AddGroup", 1, [&] { isSavedInSight = !window->isHidden(); });
         service->Hide();
         QVERIFY(window->isHidden());
+        QVERIFY(isSavedInSight);
         QCOMPARE(GroupsFixture::storedNames().last(), QString("Work"));
         QVERIFY(in.editedGroup() == nullptr);
         service->unSDKRegisterEvent();

@@ -1,3 +1,4 @@
+#include <QMimeData>
 #include <QObject>
 #include <QTreeWidgetItemIterator>
 
@@ -78,6 +79,19 @@ private slots:
         QVERIFY(f.node("Friends(2)") != nullptr);
         f.window()->setNodeText(f.in().sim(), PB_MEM_SIM, false);
         QVERIFY(!f.in().sim()->text(0).contains("("));
+    }
+
+    void repaintShowsTheRecordsAndOtherwiseTheUsedPlacesCount()
+    {
+        WindowFixture f;
+        WindowFixture::fillStores();
+        FakeSdk::setSize(0, 7); // of which one can be read
+        f.build();
+        QVERIFY(f.in().sim()->text(0).endsWith("(7/250)"));
+        f.window()->rePaintTree();
+        QVERIFY(f.in().sim()->text(0).endsWith("(1/250)"));
+        f.window()->updateNodes();
+        QVERIFY(f.in().sim()->text(0).endsWith("(7/250)"));
     }
 
     void countThatCannotBeReadShowsZero()
@@ -251,6 +265,19 @@ private slots:
         QCOMPARE(f.tree()->topLevelItemCount(), 1);
     }
 
+    void memoryListOfNoneGivesTheLocalNodeAlone()
+    {
+        WindowFixture f;
+        FakeSdk::setMemoryList({});
+        f.build();
+        QCOMPARE(f.tree()->topLevelItemCount(), 1);
+        FakeSdk::clearCalls();
+        f.window()->updateDeviceAndSimNode(false);
+        QCOMPARE(FakeSdk::names(), QStringList{"PBGetMemoryListType"}); // not asked to fill in a list
+        QCOMPARE(f.tree()->topLevelItemCount(), 1);
+        QVERIFY(FakeCore::messages().isEmpty());
+    }
+
     void groupsThatFailGiveTheLocalNodeNoChildren()
     {
         WindowFixture f;
@@ -301,6 +328,19 @@ private slots:
         QVERIFY(!f.window()->isNodePresentInTree(&bare));
     }
 
+    // A name whose only owner is the test again has left with its group's block.
+    void groupsGoWithTheWindow()
+    {
+        WindowFixture f;
+        WindowFixture::fillStores();
+        f.build();
+        const QString name = QString("The one and only");
+        groupOf(treeNodeData(f.node("Friends")))->strName = name;
+        QVERIFY(!name.isDetached());
+        f.destroy();
+        QVERIFY(name.isDetached());
+    }
+
     void absentMemoryCountsAsExisting()
     {
         WindowFixture f;
@@ -339,6 +379,39 @@ private slots:
         QCOMPARE(f.tree()->currentItem(), f.in().device());
         QVERIFY(f.in().entered() == nullptr);
         QVERIFY(!f.tree()->hasMouseTracking());
+        QCOMPARE(f.column(0), (QStringList{"Emil", "Frida"}));
+    }
+
+    void afterACancelledDragTheNotedNodeBecomesCurrentAndIsNotLoaded()
+    {
+        WindowFixture f;
+        WindowFixture::fillStores();
+        f.build();
+        QWidget* viewport = f.tree()->viewport();
+        const auto over = [&f](QTreeWidgetItem* node) { return f.tree()->visualItemRect(node).center(); };
+        QMimeData rows;
+        rows.setData("Text/stringids", "1-10-1");
+        rows.setData("Text/colordata", QVariant(QColor(Qt::transparent)).toByteArray());
+        const Qt::DropActions actions = Qt::CopyAction | Qt::MoveAction;
+        QDragEnterEvent enter(over(f.in().local()), actions, &rows, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(viewport, &enter);
+        QDragMoveEvent hover(over(f.in().sim()), actions, &rows, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(viewport, &hover);
+        QDragLeaveEvent leave;
+        QCoreApplication::sendEvent(viewport, &leave);
+        QCOMPARE(f.tree()->currentItem(), f.in().sim());
+        QVERIFY(f.tree()->hasMouseTracking());
+
+        QMouseEvent move(QEvent::MouseMove, over(f.in().device()), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(viewport, &move);
+        QCOMPARE(f.in().entered(), f.in().device());
+        f.tree()->setCurrentItem(f.node("Friends"));
+        QCOMPARE(f.tree()->currentItem(), f.in().device());
+        QVERIFY(f.in().entered() == nullptr);
+        QVERIFY(!f.tree()->hasMouseTracking());
+        QCOMPARE(f.in().current(), f.in().local());
+        QCOMPARE(f.column(0), (QStringList{"Anna", "Bert", "Carl"}));
+        f.click(f.in().device()); // the mouse still loads
         QCOMPARE(f.column(0), (QStringList{"Emil", "Frida"}));
     }
 

@@ -43,10 +43,12 @@ void TestHostSettings::settingsAreKeptBetweenRuns()
     first.SetLanguage("zh_CN");
     first.SetGeometry("\x01\x00\xff");
     first.SetDevicePanelShown(true);
+    first.SetWelcomeDismissed(true);
     const HostSettings second(strFile);
     QCOMPARE(second.Language(), QStringLiteral("zh_CN"));
     QCOMPARE(second.Geometry(), QByteArray("\x01\x00\xff"));
     QVERIFY(second.DevicePanelShown());
+    QVERIFY(second.WelcomeDismissed());
 }
 
 void TestHostSettings::otherSectionsStay()
@@ -68,6 +70,7 @@ void TestHostSettings::settingsOfAFirstStartAreEmpty()
     QVERIFY(settings.Language().isEmpty());
     QVERIFY(settings.Geometry().isEmpty());
     QVERIFY(!settings.DevicePanelShown());
+    QVERIFY(!settings.WelcomeDismissed());
 }
 
 void TestHostSettings::codesOfLanguageFiles_data()
@@ -94,6 +97,7 @@ void TestHostSettings::languagesAreListedByTheirOwnNames()
     foreach (const QString& strName, QStringList() << "linkhand_de.qm"
                                                    << "linkhand_en.qm"
                                                    << "linkhand_ar.qm"
+                                                   << "linkhand_zh_CN.qm"
                                                    << "notes.txt") {
         QFile file(folder.filePath(strName));
         QVERIFY(file.open(QIODevice::WriteOnly));
@@ -105,7 +109,7 @@ void TestHostSettings::languagesAreListedByTheirOwnNames()
     }
     lstNames.sort();
     QCOMPARE(lstNames, QStringList() << "Deutsch"
-                                     << "English" << QString::fromUtf8("العربية"));
+                                     << "English" << QString::fromUtf8("العربية") << QString::fromUtf8("简体中文"));
     QVERIFY(catalog.Contains("ar"));
     QVERIFY(!catalog.Contains("fr"));
 }

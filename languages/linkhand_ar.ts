@@ -1,0 +1,931 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="ar" sourcelanguage="en">
+<context>
+    <name>linkhand</name>
+    <message>
+        <source>IDS_CANCEL</source>
+        <translation>إلغاء</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARD_INSERTED</source>
+        <translation>بطاقة SIM مُدخلة</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CLOSE</source>
+        <translation>إغلاق</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_COLUMN_KIND</source>
+        <translation>النوع</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_COLUMN_TEXT</source>
+        <translation>النص</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_COLUMN_TIME</source>
+        <translation>وقت الكتابة</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_COLUMN_TO</source>
+        <translation>إلى</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_DELETE</source>
+        <translation>حذف</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_DELETE_QUESTION</source>
+        <translation>هل تريد حذف الرسالة المحددة؟</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_DEVICE</source>
+        <translation>الجهاز</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_DEVICE_ATTACHED</source>
+        <translation>الجهاز موصول</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_DEVICE_HINT</source>
+        <translation>لا يوجد مودم موصول. تحاكي هذه المفاتيح ما كان سيبلّغ عنه المودم.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_DEVICE_TIP</source>
+        <translation>إظهار مفاتيح الجهاز المُحاكى أو إخفاؤها</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_DEVICE_TITLE</source>
+        <translation>جهاز مُحاكى</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_KIND_MMS</source>
+        <translation>MMS</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_KIND_SMS</source>
+        <translation>SMS</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_LANGUAGE</source>
+        <translation>اللغة</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_LANGUAGE_TIP</source>
+        <translation>اختيار اللغة</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_MODE</source>
+        <translation>المنتج</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_MODE_SIM</source>
+        <translation>مع بطاقة SIM</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_MODE_UIM</source>
+        <translation>مع بطاقة UIM</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_NETWORK_ON</source>
+        <translation>مسجَّل في الشبكة</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_NEW_MMS</source>
+        <translation>رسالة MMS جديدة</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_NEW_SMS</source>
+        <translation>رسالة SMS جديدة</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_NOTICES_TIP</source>
+        <translation>عرض آخر الإشعارات</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_OUTBOX</source>
+        <translation>صندوق الصادر</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_OUTBOX_FAILED</source>
+        <translation>تعذّرت الكتابة في صندوق الصادر.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_OUTBOX_HINT</source>
+        <translation>تنتظر الرسائل هنا: لا يوجد مودم موصول، ولم يُرسل أي شيء.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PAGE_AddrBookUIPlugin</source>
+        <translation>دليل الهاتف</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PAGE_FAILED</source>
+        <translation>لا يمكن عرض هذه الصفحة: الملحق «%1» مفقود أو لم يبدأ تشغيله.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PAGE_Messages</source>
+        <translation>الرسائل</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PAGE_VoiceCallPlugin</source>
+        <translation>المكالمات</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PIN</source>
+        <translation>رمز PIN للبطاقة</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PIN_BLOCKED</source>
+        <translation>محظور</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PIN_OFF</source>
+        <translation>غير مطلوب</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PIN_READY</source>
+        <translation>أُدخل، والبطاقة جاهزة</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PIN_REQUIRED</source>
+        <translation>مطلوب</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PLUGIN_ABSENT</source>
+        <translation>الملحق غير مثبَّت.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PLUGIN_BUILDKEY</source>
+        <translation>بُني الملحق لنظام آخر أو لمصرِّف آخر: %1.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PLUGIN_INIT</source>
+        <translation>تعذّر بدء تشغيل الملحق.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PLUGIN_INTERFACE</source>
+        <translation>يفتقر الملحق إلى الواجهة التي يحتاجها هذا البرنامج.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PLUGIN_LOAD</source>
+        <translation>تعذّر تحميل الملحق: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PLUGIN_NO_LIBRARY</source>
+        <translation>الملف ليس مكتبة مشتركة.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PLUGIN_NO_VERIFICATION</source>
+        <translation>الملف ليس ملحقًا لهذا البرنامج: فهو لا يذكر إصدار Qt الذي بُني له.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PLUGIN_OWNER</source>
+        <translation>الملف مملوك لمستخدم آخر ولم يُحمَّل.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PLUGIN_TWICE</source>
+        <translation>هناك ملحق آخر محمَّل بالمعرِّف نفسه.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PLUGIN_UNREADABLE</source>
+        <translation>لا يمكن قراءة الملف.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PLUGIN_VERSION</source>
+        <translation>بُني الملحق لإصدار Qt %1، وهو ليس إصدار Qt الذي يستخدمه هذا البرنامج.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PLUGIN_WRITABLE</source>
+        <translation>يستطيع مستخدمون آخرون الكتابة في الملف، لذا لم يُحمَّل. إذا كنت تثق بالملف فأزل هذا الإذن (chmod go-w).</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PROBLEMS</source>
+        <translation>المشكلات</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PROBLEMS_COUNT</source>
+        <translation>المشكلات: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PROBLEMS_HEAD</source>
+        <translation>يعمل Linkhand، لكن ما يلي لم ينجح:</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PROBLEM_DAMAGED</source>
+        <translation>كان أحد المخازن تالفًا. احتُفظ به في هذا الملف، ونُقل ما أمكنت قراءته منه إلى مخزن جديد.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PROBLEM_FILE</source>
+        <translation>الملف مفقود؛ أعد تثبيت Linkhand لاستعادته.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PROBLEM_FOLDER_CREATE</source>
+        <translation>تعذّر إنشاء مجلد البيانات. لا يمكن حفظ جهات الاتصال والرسائل.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PROBLEM_FOLDER_WRITE</source>
+        <translation>لا يمكن الكتابة في مجلد البيانات. لا يمكن حفظ التغييرات في جهات الاتصال والرسائل.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PROBLEM_OUTBOX</source>
+        <translation>كان صندوق الصادر تالفًا. احتُفظ به في هذا الملف، وبُدئ صندوق جديد.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PROBLEM_STORE</source>
+        <translation>تعذّر فتح دليل الهاتف (الرمز %1).</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PROBLEM_STORE_NEWER</source>
+        <translation>كُتب دليل الهاتف بإصدار أحدث من Linkhand وتُرك كما هو.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_RADIO_ON</source>
+        <translation>الإرسال اللاسلكي مفعَّل</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_SEARCH_HINT</source>
+        <translation>البحث في جهات الاتصال</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_SPEED</source>
+        <translation>سرعة البطاقة والجهاز</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_SPEED_INSTANT</source>
+        <translation>فورية</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_SPEED_REAL</source>
+        <translation>10 م.ث لكل جهة اتصال</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_SPEED_SLOW</source>
+        <translation>100 م.ث لكل جهة اتصال</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATUS_CARD</source>
+        <translation>البطاقة جاهزة</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATUS_CARD_LOCKED</source>
+        <translation>البطاقة مقفلة</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATUS_DEVICE</source>
+        <translation>الجهاز موصول</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATUS_NO_CARD</source>
+        <translation>لا توجد بطاقة</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATUS_NO_DEVICE</source>
+        <translation>لا يوجد جهاز</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATUS_OFFLINE</source>
+        <translation>غير متصل</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATUS_ONLINE</source>
+        <translation>متصل</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_TITLE</source>
+        <translation>Linkhand</translation>
+    </message>
+    <message>
+        <source>IDS_OK</source>
+        <translation>موافق</translation>
+    </message>
+</context>
+<context>
+    <name>AddrBookUIPlugin</name>
+    <message>
+        <source>IDS_ADDR_FROM_VALUE</source>
+        <translation>العمود</translation>
+    </message>
+    <message>
+        <source>IDS_ADDR_NUMDLG_TITLE</source>
+        <translation>اختيار رقم</translation>
+    </message>
+    <message>
+        <source>IDS_ADDR_TO_FIELD</source>
+        <translation>الحقل</translation>
+    </message>
+    <message>
+        <source>IDS_ADDR_TO_FROM</source>
+        <translation>مأخوذ من</translation>
+    </message>
+    <message>
+        <source>IDS_ADD_RECORD_INFO</source>
+        <translation>جهة اتصال جديدة</translation>
+    </message>
+    <message>
+        <source>IDS_Add_GROUP</source>
+        <translation>مجموعة جديدة</translation>
+    </message>
+    <message>
+        <source>IDS_Add_GROUP</source>
+        <comment>shortcut</comment>
+        <translation>Ctrl+Shift+N</translation>
+    </message>
+    <message>
+        <source>IDS_BUTTON_CANCEL</source>
+        <translation>إلغاء</translation>
+    </message>
+    <message>
+        <source>IDS_BUTTON_OK</source>
+        <translation>موافق</translation>
+    </message>
+    <message>
+        <source>IDS_CANCEL</source>
+        <translation>إلغاء</translation>
+    </message>
+    <message>
+        <source>IDS_COPY_COMPLETE</source>
+        <translation>اكتمل النسخ.</translation>
+    </message>
+    <message>
+        <source>IDS_COPY_STATUS</source>
+        <translation>جارٍ نسخ جهات الاتصال…</translation>
+    </message>
+    <message>
+        <source>IDS_DELETE_GROUP</source>
+        <translation>هل تريد حذف هذه المجموعة والمجموعات التي بداخلها؟ تبقى جهات الاتصال في دليل الهاتف.</translation>
+    </message>
+    <message>
+        <source>IDS_DELETE_STATUS</source>
+        <translation>جارٍ إزالة جهات الاتصال…</translation>
+    </message>
+    <message>
+        <source>IDS_DEL_GROUP</source>
+        <translation>حذف المجموعة</translation>
+    </message>
+    <message>
+        <source>IDS_DEL_GROUP</source>
+        <comment>shortcut</comment>
+        <translation>Del</translation>
+    </message>
+    <message>
+        <source>IDS_EDIT_GROUP</source>
+        <translation>إعادة تسمية المجموعة</translation>
+    </message>
+    <message>
+        <source>IDS_EDIT_GROUP</source>
+        <comment>shortcut</comment>
+        <translation>F2</translation>
+    </message>
+    <message>
+        <source>IDS_EDIT_LINKMAN</source>
+        <translation>تحرير جهة الاتصال</translation>
+    </message>
+    <message>
+        <source>IDS_EDIT_LINKMAN</source>
+        <comment>shortcut</comment>
+        <translation>Ctrl+E</translation>
+    </message>
+    <message>
+        <source>IDS_EMPTY_GROUP</source>
+        <translation>لا توجد جهات اتصال في هذه المجموعة بعد.
+اسحب جهات اتصال إلى المجموعة من قائمة كل جهات الاتصال.</translation>
+    </message>
+    <message>
+        <source>IDS_EMPTY_MEMORY</source>
+        <translation>لا توجد جهات اتصال بعد.
+أنشئ واحدة بزر «جهة اتصال جديدة» في شريط الأدوات، أو استورد ملفًا بزر الفأرة الأيمن.</translation>
+    </message>
+    <message>
+        <source>IDS_EMPTY_SEARCH</source>
+        <translation>لا توجد جهة اتصال تطابق البحث.</translation>
+    </message>
+    <message>
+        <source>IDS_ERROR_CAPTION</source>
+        <translation>خطأ</translation>
+    </message>
+    <message>
+        <source>IDS_EXPORT_PHONEBOOK</source>
+        <translation>تصدير كل جهات الاتصال…</translation>
+    </message>
+    <message>
+        <source>IDS_EXPORT_PHONEBOOKSEL</source>
+        <translation>تصدير جهات الاتصال المحددة…</translation>
+    </message>
+    <message>
+        <source>IDS_FLEXIT_UI_DELETE_ITEM</source>
+        <translation>هل تريد حذف جهات الاتصال المحددة؟ لا يمكن التراجع عن ذلك.</translation>
+    </message>
+    <message>
+        <source>IDS_GROUP_NAME_NULL</source>
+        <translation>يُرجى إدخال اسم للمجموعة.</translation>
+    </message>
+    <message>
+        <source>IDS_GROUP_NAME_REPEAT</source>
+        <translation>توجد مجموعة بهذا الاسم من قبل.</translation>
+    </message>
+    <message>
+        <source>IDS_ILLEGAL_CHARACTER_EMAIL</source>
+        <translation>يحتوي عنوان البريد الإلكتروني على أحرف غير مسموح بها.</translation>
+    </message>
+    <message>
+        <source>IDS_ILLEGAL_EMAIL</source>
+        <translation>عنوان البريد الإلكتروني هذا غير صالح.</translation>
+    </message>
+    <message>
+        <source>IDS_IMPORT_DEVICEFULL</source>
+        <translation>الذاكرة ممتلئة. جهات الاتصال المستوردة: </translation>
+    </message>
+    <message>
+        <source>IDS_IMPORT_IMPORTED_NUMBER</source>
+        <translation>، المستورد: </translation>
+    </message>
+    <message>
+        <source>IDS_IMPORT_PHONEBOOK</source>
+        <translation>استيراد جهات اتصال…</translation>
+    </message>
+    <message>
+        <source>IDS_IMPORT_STATUS</source>
+        <translation>جارٍ استيراد جهات الاتصال…</translation>
+    </message>
+    <message>
+        <source>IDS_IMPORT_TOTAL_NUMBER</source>
+        <translation>جهات الاتصال الموجودة: </translation>
+    </message>
+    <message>
+        <source>IDS_INIT_DEV_UNDERWAY</source>
+        <translation>لا يزال الجهاز قيد التحضير. يُرجى المحاولة مرة أخرى بعد قليل.</translation>
+    </message>
+    <message>
+        <source>IDS_LOCAL_PHONEBOOKUI</source>
+        <translation>الكمبيوتر</translation>
+    </message>
+    <message>
+        <source>IDS_MAP_CAPTION</source>
+        <translation>مطابقة الأعمدة والحقول</translation>
+    </message>
+    <message>
+        <source>IDS_MAP_TIPSINFO</source>
+        <translation>اسحب كل عمود إلى الحقل الذي سيستقبله. يُفرغ مفتاح Delete الحقل.</translation>
+    </message>
+    <message>
+        <source>IDS_MOVE_COMPLETE</source>
+        <translation>اكتمل النقل.</translation>
+    </message>
+    <message>
+        <source>IDS_MOVE_REC_DEV_FULL</source>
+        <translation>الذاكرة ممتلئة. جهات الاتصال المنسوخة: </translation>
+    </message>
+    <message>
+        <source>IDS_MOVE_STATUS</source>
+        <translation>جارٍ نقل جهات الاتصال…</translation>
+    </message>
+    <message>
+        <source>IDS_NAME</source>
+        <translation>الاسم</translation>
+    </message>
+    <message>
+        <source>IDS_NORECORDSELECT</source>
+        <translation>لم يتم تحديد أي جهة اتصال.</translation>
+    </message>
+    <message>
+        <source>IDS_NV</source>
+        <translation>الجهاز</translation>
+    </message>
+    <message>
+        <source>IDS_OK</source>
+        <translation>موافق</translation>
+    </message>
+    <message>
+        <source>IDS_PHONE_TYPE</source>
+        <translation>النوع</translation>
+    </message>
+    <message>
+        <source>IDS_PHONE_VALUE</source>
+        <translation>الرقم</translation>
+    </message>
+    <message>
+        <source>IDS_PMBTN_ADD</source>
+        <translation>جهة اتصال جديدة</translation>
+    </message>
+    <message>
+        <source>IDS_PMBTN_ADD</source>
+        <comment>shortcut</comment>
+        <translation>Ctrl+N</translation>
+    </message>
+    <message>
+        <source>IDS_PMBTN_CALL</source>
+        <translation>اتصال</translation>
+    </message>
+    <message>
+        <source>IDS_PMBTN_CALL</source>
+        <comment>shortcut</comment>
+        <translation>Ctrl+Shift+C</translation>
+    </message>
+    <message>
+        <source>IDS_PMBTN_DELETE</source>
+        <translation>حذف جهات الاتصال</translation>
+    </message>
+    <message>
+        <source>IDS_PMBTN_DELETE</source>
+        <comment>shortcut</comment>
+        <translation>Del</translation>
+    </message>
+    <message>
+        <source>IDS_PMBTN_IMPORT_FROM_MOE</source>
+        <translation>استيراد من Outlook Express</translation>
+    </message>
+    <message>
+        <source>IDS_PMBTN_IMPORT_FROM_MOE</source>
+        <comment>shortcut</comment>
+        <translation>Ctrl+S</translation>
+    </message>
+    <message>
+        <source>IDS_PMBTN_IMPORT_FROM_MOO</source>
+        <translation>استيراد من Outlook</translation>
+    </message>
+    <message>
+        <source>IDS_PMBTN_IMPORT_FROM_MOO</source>
+        <comment>shortcut</comment>
+        <translation>Ctrl+O</translation>
+    </message>
+    <message>
+        <source>IDS_PMMENU_ADD</source>
+        <translation>جهة اتصال جديدة…</translation>
+    </message>
+    <message>
+        <source>IDS_PMMENU_ADD</source>
+        <comment>shortcut</comment>
+        <translation>Ctrl+N</translation>
+    </message>
+    <message>
+        <source>IDS_PMMENU_CALL</source>
+        <translation>اتصال</translation>
+    </message>
+    <message>
+        <source>IDS_PMMENU_CALL</source>
+        <comment>shortcut</comment>
+        <translation>Ctrl+Shift+C</translation>
+    </message>
+    <message>
+        <source>IDS_PMMENU_DELETE</source>
+        <translation>حذف</translation>
+    </message>
+    <message>
+        <source>IDS_PMMENU_DELETE</source>
+        <comment>shortcut</comment>
+        <translation>Del</translation>
+    </message>
+    <message>
+        <source>IDS_PMMENU_DETAIL</source>
+        <translation>تحرير جهة الاتصال…</translation>
+    </message>
+    <message>
+        <source>IDS_PMMENU_DETAIL</source>
+        <comment>shortcut</comment>
+        <translation>Ctrl+E</translation>
+    </message>
+    <message>
+        <source>IDS_PMMENU_IMPORT_FROM_MOE</source>
+        <translation>استيراد من Outlook Express…</translation>
+    </message>
+    <message>
+        <source>IDS_PMMENU_IMPORT_FROM_MOE</source>
+        <comment>shortcut</comment>
+        <translation>Ctrl+S</translation>
+    </message>
+    <message>
+        <source>IDS_PMMENU_IMPORT_FROM_MOO</source>
+        <translation>استيراد من Outlook…</translation>
+    </message>
+    <message>
+        <source>IDS_PMMENU_IMPORT_FROM_MOO</source>
+        <comment>shortcut</comment>
+        <translation>Ctrl+O</translation>
+    </message>
+    <message>
+        <source>IDS_PMMENU_REMFRGRP</source>
+        <translation>إزالة من المجموعة</translation>
+    </message>
+    <message>
+        <source>IDS_PMMENU_SEND</source>
+        <translation>إرسال</translation>
+    </message>
+    <message>
+        <source>IDS_PMMENU_SEND_MMS</source>
+        <translation>رسالة وسائط متعددة…</translation>
+    </message>
+    <message>
+        <source>IDS_PMMENU_SEND_MMS</source>
+        <comment>shortcut</comment>
+        <translation>Ctrl+M</translation>
+    </message>
+    <message>
+        <source>IDS_PMMENU_SEND_MSG</source>
+        <translation>رسالة نصية…</translation>
+    </message>
+    <message>
+        <source>IDS_PMMENU_SEND_MSG</source>
+        <comment>shortcut</comment>
+        <translation>Ctrl+T</translation>
+    </message>
+    <message>
+        <source>IDS_PMMENU_VIDEO_CALL</source>
+        <translation>مكالمة فيديو</translation>
+    </message>
+    <message>
+        <source>IDS_PMTOOLBAR_SEARCH</source>
+        <translation>بحث</translation>
+    </message>
+    <message>
+        <source>IDS_PMTOOLBAR_SEARCH</source>
+        <comment>shortcut</comment>
+        <translation>Ctrl+F</translation>
+    </message>
+    <message>
+        <source>IDS_PROMPT_CAPTION</source>
+        <translation>دليل الهاتف</translation>
+    </message>
+    <message>
+        <source>IDS_RECORD_INFO</source>
+        <translation>تحرير جهة الاتصال</translation>
+    </message>
+    <message>
+        <source>IDS_SEND_MMS</source>
+        <translation>إرسال رسالة وسائط متعددة…</translation>
+    </message>
+    <message>
+        <source>IDS_SEND_MMS</source>
+        <comment>shortcut</comment>
+        <translation>Ctrl+M</translation>
+    </message>
+    <message>
+        <source>IDS_SEND_MSG</source>
+        <translation>إرسال رسالة نصية…</translation>
+    </message>
+    <message>
+        <source>IDS_SEND_MSG</source>
+        <comment>shortcut</comment>
+        <translation>Ctrl+T</translation>
+    </message>
+    <message>
+        <source>IDS_SIM</source>
+        <translation>بطاقة %s</translation>
+    </message>
+    <message>
+        <source>IDS_SMS_EXPORTFAILURE_COUNT</source>
+        <translation>تعذّر تصدير جهات الاتصال.</translation>
+    </message>
+    <message>
+        <source>IDS_SMS_EXPORTSUCCESS_COUNT</source>
+        <translation>تم تصدير جهات الاتصال.</translation>
+    </message>
+    <message>
+        <source>IDS_SMS_IMPORTFAILURE_COUNT</source>
+        <translation>تعذّرت قراءة جهات الاتصال.</translation>
+    </message>
+    <message>
+        <source>IDS_STR_MAKECALLFAILED</source>
+        <translation>تعذّر بدء المكالمة.</translation>
+    </message>
+    <message>
+        <source>IDS_STR_REPEARTEDNUMBER</source>
+        <translation>هذا الرقم مسجَّل لجهة اتصال أخرى. هل تريد حفظ جهة الاتصال مع ذلك؟</translation>
+    </message>
+    <message>
+        <source>IDS_STR_STATINFORMATION</source>
+        <translation>الأرقام: %d، المحدد: %d</translation>
+    </message>
+    <message>
+        <source>IDS_SUCCESS_COUNT</source>
+        <translation>، الناجح: </translation>
+    </message>
+    <message>
+        <source>IDS_TOTAL_COUNT</source>
+        <translation>جهات الاتصال: </translation>
+    </message>
+    <message>
+        <source>IDS_UNSUCCESS</source>
+        <translation>تعذّر حفظ جهة الاتصال. يُرجى التحقق من القيم.</translation>
+    </message>
+    <message>
+        <source>ID_STR_BUSINESS_PHONE</source>
+        <translation>العمل</translation>
+    </message>
+    <message>
+        <source>ID_STR_EMAIL</source>
+        <translation>البريد الإلكتروني</translation>
+    </message>
+    <message>
+        <source>ID_STR_HOME_PHONE</source>
+        <translation>المنزل</translation>
+    </message>
+    <message>
+        <source>ID_STR_MOBILE_PHONE</source>
+        <translation>الجوال</translation>
+    </message>
+    <message>
+        <source>ID_STR_NAME</source>
+        <translation>الاسم</translation>
+    </message>
+    <message>
+        <source>ID_STR_NOTES</source>
+        <translation>ملاحظات</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>فتح</translation>
+    </message>
+    <message>
+        <source>Save As</source>
+        <translation>حفظ باسم</translation>
+    </message>
+</context>
+<context>
+    <name>SMSUIPlugin</name>
+    <message>
+        <source>IDS_ADD_RECIPIENTS</source>
+        <translation>إضافة مستلمين…</translation>
+    </message>
+    <message>
+        <source>IDS_BAD_NUMBER</source>
+        <translation>أحد المستلمين ليس رقم هاتف.</translation>
+    </message>
+    <message>
+        <source>IDS_CLOSE</source>
+        <translation>إغلاق</translation>
+    </message>
+    <message>
+        <source>IDS_IN_OUTBOX</source>
+        <translation>وُضعت رسالة SMS في صندوق الصادر، عدد المستلمين: %1</translation>
+    </message>
+    <message>
+        <source>IDS_LENGTH</source>
+        <translation>الأحرف: %1، الرسائل: %2</translation>
+    </message>
+    <message>
+        <source>IDS_SAVE_NUMBER</source>
+        <translation>حفظ الرقم…</translation>
+    </message>
+    <message>
+        <source>IDS_SEND</source>
+        <translation>إرسال</translation>
+    </message>
+    <message>
+        <source>IDS_SEND_FAILED</source>
+        <translation>تعذّر وضع الرسالة في صندوق الصادر.</translation>
+    </message>
+    <message>
+        <source>IDS_SEND_TIP</source>
+        <translation>وضع الرسالة في صندوق الصادر</translation>
+    </message>
+    <message>
+        <source>IDS_SUBJECT</source>
+        <translation>الموضوع:</translation>
+    </message>
+    <message>
+        <source>IDS_TITLE</source>
+        <translation>رسالة SMS جديدة</translation>
+    </message>
+    <message>
+        <source>IDS_TO</source>
+        <translation>إلى:</translation>
+    </message>
+</context>
+<context>
+    <name>MMSUIPlugin</name>
+    <message>
+        <source>IDS_ADD_RECIPIENTS</source>
+        <translation>إضافة مستلمين…</translation>
+    </message>
+    <message>
+        <source>IDS_BAD_NUMBER</source>
+        <translation>أحد المستلمين ليس رقم هاتف.</translation>
+    </message>
+    <message>
+        <source>IDS_CLOSE</source>
+        <translation>إغلاق</translation>
+    </message>
+    <message>
+        <source>IDS_IN_OUTBOX</source>
+        <translation>وُضعت رسالة MMS في صندوق الصادر، عدد المستلمين: %1</translation>
+    </message>
+    <message>
+        <source>IDS_SAVE_NUMBER</source>
+        <translation>حفظ الرقم…</translation>
+    </message>
+    <message>
+        <source>IDS_SEND</source>
+        <translation>إرسال</translation>
+    </message>
+    <message>
+        <source>IDS_SEND_FAILED</source>
+        <translation>تعذّر وضع الرسالة في صندوق الصادر.</translation>
+    </message>
+    <message>
+        <source>IDS_SEND_TIP</source>
+        <translation>وضع الرسالة في صندوق الصادر</translation>
+    </message>
+    <message>
+        <source>IDS_SUBJECT</source>
+        <translation>الموضوع:</translation>
+    </message>
+    <message>
+        <source>IDS_TITLE</source>
+        <translation>رسالة MMS جديدة</translation>
+    </message>
+    <message>
+        <source>IDS_TO</source>
+        <translation>إلى:</translation>
+    </message>
+</context>
+<context>
+    <name>VoiceCallPlugin</name>
+    <message>
+        <source>IDS_CALL</source>
+        <translation>اتصال</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_FAILED</source>
+        <translation>تعذّر بدء المكالمة. تأكد من أن الجهاز متصل بالشبكة ومن عدم وجود مكالمة أخرى جارية.</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_STATE</source>
+        <translation>مكالمة جارية، مُحاكاة</translation>
+    </message>
+    <message>
+        <source>IDS_COLUMN_DURATION</source>
+        <translation>المدة</translation>
+    </message>
+    <message>
+        <source>IDS_COLUMN_NUMBER</source>
+        <translation>الرقم</translation>
+    </message>
+    <message>
+        <source>IDS_COLUMN_TIME</source>
+        <translation>وقت البدء</translation>
+    </message>
+    <message>
+        <source>IDS_HANG_UP</source>
+        <translation>إنهاء المكالمة</translation>
+    </message>
+    <message>
+        <source>IDS_HINT</source>
+        <translation>لا يوجد مودم موصول: تُعرض المكالمة حتى تنهيها، ولا يسمعها أحد.</translation>
+    </message>
+    <message>
+        <source>IDS_TITLE</source>
+        <translation>المكالمات</translation>
+    </message>
+    <message>
+        <source>IDS_VIDEO_CALL</source>
+        <translation>مكالمة فيديو</translation>
+    </message>
+</context>
+<context>
+    <name>VideoCallPlugin</name>
+    <message>
+        <source>IDS_CALL_STATE</source>
+        <translation>مكالمة فيديو جارية، مُحاكاة</translation>
+    </message>
+    <message>
+        <source>IDS_HANG_UP</source>
+        <translation>إنهاء المكالمة</translation>
+    </message>
+    <message>
+        <source>IDS_TITLE</source>
+        <translation>مكالمة فيديو</translation>
+    </message>
+</context>
+<context>
+    <name>NotifyPlugin</name>
+    <message>
+        <source>IDS_CARD_CAME</source>
+        <translation>دليل هاتف البطاقة متاح</translation>
+    </message>
+    <message>
+        <source>IDS_CARD_WENT</source>
+        <translation>لم يعد دليل هاتف البطاقة متاحًا</translation>
+    </message>
+    <message>
+        <source>IDS_CONTACT_ADDED</source>
+        <translation>أُضيفت جهة اتصال</translation>
+    </message>
+    <message>
+        <source>IDS_CONTACT_CHANGED</source>
+        <translation>عُدِّلت جهة الاتصال</translation>
+    </message>
+    <message>
+        <source>IDS_CONTACT_DELETED</source>
+        <translation>حُذفت جهة اتصال</translation>
+    </message>
+    <message>
+        <source>IDS_DEVICE_CAME</source>
+        <translation>دليل هاتف الجهاز متاح</translation>
+    </message>
+    <message>
+        <source>IDS_DEVICE_WENT</source>
+        <translation>لم يعد دليل هاتف الجهاز متاحًا</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,931 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de" sourcelanguage="en">
+<context>
+    <name>linkhand</name>
+    <message>
+        <source>IDS_CANCEL</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARD_INSERTED</source>
+        <translation>SIM-Karte eingelegt</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CLOSE</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_COLUMN_KIND</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_COLUMN_TEXT</source>
+        <translation>Text</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_COLUMN_TIME</source>
+        <translation>Geschrieben</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_COLUMN_TO</source>
+        <translation>An</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_DELETE</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_DELETE_QUESTION</source>
+        <translation>Möchten Sie die ausgewählte Nachricht löschen?</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_DEVICE</source>
+        <translation>Gerät</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_DEVICE_ATTACHED</source>
+        <translation>Gerät angeschlossen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_DEVICE_HINT</source>
+        <translation>Es ist kein Modem angeschlossen. Diese Schalter stehen für das, was eines melden würde.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_DEVICE_TIP</source>
+        <translation>Schalter des simulierten Geräts ein- oder ausblenden</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_DEVICE_TITLE</source>
+        <translation>Simuliertes Gerät</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_KIND_MMS</source>
+        <translation>MMS</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_KIND_SMS</source>
+        <translation>SMS</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_LANGUAGE</source>
+        <translation>Sprache</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_LANGUAGE_TIP</source>
+        <translation>Sprache wählen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_MODE</source>
+        <translation>Produkt</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_MODE_SIM</source>
+        <translation>Mit SIM-Karte</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_MODE_UIM</source>
+        <translation>Mit UIM-Karte</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_NETWORK_ON</source>
+        <translation>Im Netz eingebucht</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_NEW_MMS</source>
+        <translation>Neue MMS</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_NEW_SMS</source>
+        <translation>Neue SMS</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_NOTICES_TIP</source>
+        <translation>Die letzten Meldungen anzeigen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_OUTBOX</source>
+        <translation>Postausgang</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_OUTBOX_FAILED</source>
+        <translation>Der Postausgang konnte nicht geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_OUTBOX_HINT</source>
+        <translation>Nachrichten warten hier: Es ist kein Modem angeschlossen, und nichts wurde gesendet.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PAGE_AddrBookUIPlugin</source>
+        <translation>Telefonbuch</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PAGE_FAILED</source>
+        <translation>Diese Seite kann nicht angezeigt werden: Das Plug-in „%1“ fehlt oder ist nicht gestartet.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PAGE_Messages</source>
+        <translation>Nachrichten</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PAGE_VoiceCallPlugin</source>
+        <translation>Anrufe</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PIN</source>
+        <translation>PIN der Karte</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PIN_BLOCKED</source>
+        <translation>Gesperrt</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PIN_OFF</source>
+        <translation>Nicht verlangt</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PIN_READY</source>
+        <translation>Eingegeben, Karte bereit</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PIN_REQUIRED</source>
+        <translation>Erforderlich</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PLUGIN_ABSENT</source>
+        <translation>Das Plug-in ist nicht installiert.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PLUGIN_BUILDKEY</source>
+        <translation>Das Plug-in wurde für ein anderes System oder einen anderen Compiler gebaut: %1.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PLUGIN_INIT</source>
+        <translation>Das Plug-in konnte nicht gestartet werden.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PLUGIN_INTERFACE</source>
+        <translation>Dem Plug-in fehlt die Schnittstelle, die dieses Programm braucht.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PLUGIN_LOAD</source>
+        <translation>Das Plug-in konnte nicht geladen werden: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PLUGIN_NO_LIBRARY</source>
+        <translation>Die Datei ist keine dynamische Bibliothek.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PLUGIN_NO_VERIFICATION</source>
+        <translation>Die Datei ist kein Plug-in dieses Programms: Sie gibt nicht an, für welches Qt sie gebaut wurde.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PLUGIN_OWNER</source>
+        <translation>Die Datei gehört einem anderen Benutzer und wurde nicht geladen.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PLUGIN_TWICE</source>
+        <translation>Ein anderes Plug-in mit derselben Kennung ist bereits geladen.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PLUGIN_UNREADABLE</source>
+        <translation>Die Datei kann nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PLUGIN_VERSION</source>
+        <translation>Das Plug-in wurde für Qt %1 gebaut; dieses Programm verwendet ein anderes Qt.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PLUGIN_WRITABLE</source>
+        <translation>Andere dürfen die Datei ändern; sie wurde nicht geladen. Entziehen Sie dieses Recht (chmod go-w), wenn Sie der Datei vertrauen.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PROBLEMS</source>
+        <translation>Probleme</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PROBLEMS_COUNT</source>
+        <translation>%1 Problem(e)</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PROBLEMS_HEAD</source>
+        <translation>Linkhand läuft, aber Folgendes ist fehlgeschlagen:</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PROBLEM_DAMAGED</source>
+        <translation>Ein Speicher war beschädigt. Er bleibt als diese Datei erhalten; was noch lesbar war, wurde in einen neuen übernommen.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PROBLEM_FILE</source>
+        <translation>Die Datei fehlt; installieren Sie Linkhand neu, um sie wiederherzustellen.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PROBLEM_FOLDER_CREATE</source>
+        <translation>Der Datenordner konnte nicht angelegt werden. Kontakte und Nachrichten können nicht gespeichert werden.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PROBLEM_FOLDER_WRITE</source>
+        <translation>In den Datenordner kann nicht geschrieben werden. Änderungen an Kontakten und Nachrichten können nicht gespeichert werden.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PROBLEM_OUTBOX</source>
+        <translation>Der Postausgang war beschädigt. Er bleibt als diese Datei erhalten, und ein neuer wurde begonnen.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PROBLEM_STORE</source>
+        <translation>Das Telefonbuch konnte nicht geöffnet werden (Code %1).</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PROBLEM_STORE_NEWER</source>
+        <translation>Das Telefonbuch wurde von einer neueren Version von Linkhand geschrieben und blieb unverändert.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_RADIO_ON</source>
+        <translation>Funk eingeschaltet</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_SEARCH_HINT</source>
+        <translation>Kontakte suchen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_SPEED</source>
+        <translation>Tempo von Karte und Gerät</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_SPEED_INSTANT</source>
+        <translation>Sofort</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_SPEED_REAL</source>
+        <translation>10 ms je Kontakt</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_SPEED_SLOW</source>
+        <translation>100 ms je Kontakt</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATUS_CARD</source>
+        <translation>Karte bereit</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATUS_CARD_LOCKED</source>
+        <translation>Karte gesperrt</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATUS_DEVICE</source>
+        <translation>Gerät angeschlossen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATUS_NO_CARD</source>
+        <translation>Keine Karte</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATUS_NO_DEVICE</source>
+        <translation>Kein Gerät</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATUS_OFFLINE</source>
+        <translation>Offline</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATUS_ONLINE</source>
+        <translation>Online</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_TITLE</source>
+        <translation>Linkhand</translation>
+    </message>
+    <message>
+        <source>IDS_OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>AddrBookUIPlugin</name>
+    <message>
+        <source>IDS_ADDR_FROM_VALUE</source>
+        <translation>Spalte</translation>
+    </message>
+    <message>
+        <source>IDS_ADDR_NUMDLG_TITLE</source>
+        <translation>Nummer auswählen</translation>
+    </message>
+    <message>
+        <source>IDS_ADDR_TO_FIELD</source>
+        <translation>Feld</translation>
+    </message>
+    <message>
+        <source>IDS_ADDR_TO_FROM</source>
+        <translation>Aus Spalte</translation>
+    </message>
+    <message>
+        <source>IDS_ADD_RECORD_INFO</source>
+        <translation>Neuer Kontakt</translation>
+    </message>
+    <message>
+        <source>IDS_Add_GROUP</source>
+        <translation>Neue Gruppe</translation>
+    </message>
+    <message>
+        <source>IDS_Add_GROUP</source>
+        <comment>shortcut</comment>
+        <translation>Ctrl+Shift+N</translation>
+    </message>
+    <message>
+        <source>IDS_BUTTON_CANCEL</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>IDS_BUTTON_OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>IDS_CANCEL</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>IDS_COPY_COMPLETE</source>
+        <translation>Das Kopieren ist abgeschlossen.</translation>
+    </message>
+    <message>
+        <source>IDS_COPY_STATUS</source>
+        <translation>Kontakte werden kopiert …</translation>
+    </message>
+    <message>
+        <source>IDS_DELETE_GROUP</source>
+        <translation>Möchten Sie diese Gruppe mit ihren Untergruppen löschen? Die Kontakte bleiben im Telefonbuch.</translation>
+    </message>
+    <message>
+        <source>IDS_DELETE_STATUS</source>
+        <translation>Kontakte werden entfernt …</translation>
+    </message>
+    <message>
+        <source>IDS_DEL_GROUP</source>
+        <translation>Gruppe löschen</translation>
+    </message>
+    <message>
+        <source>IDS_DEL_GROUP</source>
+        <comment>shortcut</comment>
+        <translation>Del</translation>
+    </message>
+    <message>
+        <source>IDS_EDIT_GROUP</source>
+        <translation>Gruppe umbenennen</translation>
+    </message>
+    <message>
+        <source>IDS_EDIT_GROUP</source>
+        <comment>shortcut</comment>
+        <translation>F2</translation>
+    </message>
+    <message>
+        <source>IDS_EDIT_LINKMAN</source>
+        <translation>Kontakt bearbeiten</translation>
+    </message>
+    <message>
+        <source>IDS_EDIT_LINKMAN</source>
+        <comment>shortcut</comment>
+        <translation>Ctrl+E</translation>
+    </message>
+    <message>
+        <source>IDS_EMPTY_GROUP</source>
+        <translation>Noch keine Kontakte in dieser Gruppe.
+Ziehen Sie Kontakte aus der Liste aller Kontakte auf die Gruppe.</translation>
+    </message>
+    <message>
+        <source>IDS_EMPTY_MEMORY</source>
+        <translation>Noch keine Kontakte.
+Legen Sie mit „Neuer Kontakt“ in der Werkzeugleiste einen an, oder importieren Sie mit der rechten Maustaste eine Datei.</translation>
+    </message>
+    <message>
+        <source>IDS_EMPTY_SEARCH</source>
+        <translation>Kein Kontakt passt zur Suche.</translation>
+    </message>
+    <message>
+        <source>IDS_ERROR_CAPTION</source>
+        <translation>Fehler</translation>
+    </message>
+    <message>
+        <source>IDS_EXPORT_PHONEBOOK</source>
+        <translation>Alle Kontakte exportieren …</translation>
+    </message>
+    <message>
+        <source>IDS_EXPORT_PHONEBOOKSEL</source>
+        <translation>Ausgewählte Kontakte exportieren …</translation>
+    </message>
+    <message>
+        <source>IDS_FLEXIT_UI_DELETE_ITEM</source>
+        <translation>Möchten Sie die ausgewählten Kontakte löschen? Das lässt sich nicht rückgängig machen.</translation>
+    </message>
+    <message>
+        <source>IDS_GROUP_NAME_NULL</source>
+        <translation>Bitte geben Sie der Gruppe einen Namen.</translation>
+    </message>
+    <message>
+        <source>IDS_GROUP_NAME_REPEAT</source>
+        <translation>Eine Gruppe mit diesem Namen gibt es bereits.</translation>
+    </message>
+    <message>
+        <source>IDS_ILLEGAL_CHARACTER_EMAIL</source>
+        <translation>Die E-Mail-Adresse enthält unzulässige Zeichen.</translation>
+    </message>
+    <message>
+        <source>IDS_ILLEGAL_EMAIL</source>
+        <translation>Das ist keine gültige E-Mail-Adresse.</translation>
+    </message>
+    <message>
+        <source>IDS_IMPORT_DEVICEFULL</source>
+        <translation>Der Speicher ist voll. Importierte Kontakte: </translation>
+    </message>
+    <message>
+        <source>IDS_IMPORT_IMPORTED_NUMBER</source>
+        <translation>, importiert: </translation>
+    </message>
+    <message>
+        <source>IDS_IMPORT_PHONEBOOK</source>
+        <translation>Kontakte importieren …</translation>
+    </message>
+    <message>
+        <source>IDS_IMPORT_STATUS</source>
+        <translation>Kontakte werden importiert …</translation>
+    </message>
+    <message>
+        <source>IDS_IMPORT_TOTAL_NUMBER</source>
+        <translation>Gefundene Kontakte: </translation>
+    </message>
+    <message>
+        <source>IDS_INIT_DEV_UNDERWAY</source>
+        <translation>Das Gerät wird noch vorbereitet. Bitte versuchen Sie es gleich noch einmal.</translation>
+    </message>
+    <message>
+        <source>IDS_LOCAL_PHONEBOOKUI</source>
+        <translation>Computer</translation>
+    </message>
+    <message>
+        <source>IDS_MAP_CAPTION</source>
+        <translation>Spalten und Felder zuordnen</translation>
+    </message>
+    <message>
+        <source>IDS_MAP_TIPSINFO</source>
+        <translation>Ziehen Sie jede Spalte links auf das Feld, das sie aufnehmen soll. Die Entf-Taste leert ein Feld.</translation>
+    </message>
+    <message>
+        <source>IDS_MOVE_COMPLETE</source>
+        <translation>Das Verschieben ist abgeschlossen.</translation>
+    </message>
+    <message>
+        <source>IDS_MOVE_REC_DEV_FULL</source>
+        <translation>Der Speicher ist voll. Kopierte Kontakte: </translation>
+    </message>
+    <message>
+        <source>IDS_MOVE_STATUS</source>
+        <translation>Kontakte werden verschoben …</translation>
+    </message>
+    <message>
+        <source>IDS_NAME</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>IDS_NORECORDSELECT</source>
+        <translation>Es ist kein Kontakt ausgewählt.</translation>
+    </message>
+    <message>
+        <source>IDS_NV</source>
+        <translation>Gerät</translation>
+    </message>
+    <message>
+        <source>IDS_OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>IDS_PHONE_TYPE</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>IDS_PHONE_VALUE</source>
+        <translation>Nummer</translation>
+    </message>
+    <message>
+        <source>IDS_PMBTN_ADD</source>
+        <translation>Neuer Kontakt</translation>
+    </message>
+    <message>
+        <source>IDS_PMBTN_ADD</source>
+        <comment>shortcut</comment>
+        <translation>Ctrl+N</translation>
+    </message>
+    <message>
+        <source>IDS_PMBTN_CALL</source>
+        <translation>Anrufen</translation>
+    </message>
+    <message>
+        <source>IDS_PMBTN_CALL</source>
+        <comment>shortcut</comment>
+        <translation>Ctrl+Shift+C</translation>
+    </message>
+    <message>
+        <source>IDS_PMBTN_DELETE</source>
+        <translation>Kontakte löschen</translation>
+    </message>
+    <message>
+        <source>IDS_PMBTN_DELETE</source>
+        <comment>shortcut</comment>
+        <translation>Del</translation>
+    </message>
+    <message>
+        <source>IDS_PMBTN_IMPORT_FROM_MOE</source>
+        <translation>Aus Outlook Express importieren</translation>
+    </message>
+    <message>
+        <source>IDS_PMBTN_IMPORT_FROM_MOE</source>
+        <comment>shortcut</comment>
+        <translation>Ctrl+S</translation>
+    </message>
+    <message>
+        <source>IDS_PMBTN_IMPORT_FROM_MOO</source>
+        <translation>Aus Outlook importieren</translation>
+    </message>
+    <message>
+        <source>IDS_PMBTN_IMPORT_FROM_MOO</source>
+        <comment>shortcut</comment>
+        <translation>Ctrl+O</translation>
+    </message>
+    <message>
+        <source>IDS_PMMENU_ADD</source>
+        <translation>Neuer Kontakt …</translation>
+    </message>
+    <message>
+        <source>IDS_PMMENU_ADD</source>
+        <comment>shortcut</comment>
+        <translation>Ctrl+N</translation>
+    </message>
+    <message>
+        <source>IDS_PMMENU_CALL</source>
+        <translation>Anrufen</translation>
+    </message>
+    <message>
+        <source>IDS_PMMENU_CALL</source>
+        <comment>shortcut</comment>
+        <translation>Ctrl+Shift+C</translation>
+    </message>
+    <message>
+        <source>IDS_PMMENU_DELETE</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>IDS_PMMENU_DELETE</source>
+        <comment>shortcut</comment>
+        <translation>Del</translation>
+    </message>
+    <message>
+        <source>IDS_PMMENU_DETAIL</source>
+        <translation>Kontakt bearbeiten …</translation>
+    </message>
+    <message>
+        <source>IDS_PMMENU_DETAIL</source>
+        <comment>shortcut</comment>
+        <translation>Ctrl+E</translation>
+    </message>
+    <message>
+        <source>IDS_PMMENU_IMPORT_FROM_MOE</source>
+        <translation>Aus Outlook Express importieren …</translation>
+    </message>
+    <message>
+        <source>IDS_PMMENU_IMPORT_FROM_MOE</source>
+        <comment>shortcut</comment>
+        <translation>Ctrl+S</translation>
+    </message>
+    <message>
+        <source>IDS_PMMENU_IMPORT_FROM_MOO</source>
+        <translation>Aus Outlook importieren …</translation>
+    </message>
+    <message>
+        <source>IDS_PMMENU_IMPORT_FROM_MOO</source>
+        <comment>shortcut</comment>
+        <translation>Ctrl+O</translation>
+    </message>
+    <message>
+        <source>IDS_PMMENU_REMFRGRP</source>
+        <translation>Aus der Gruppe entfernen</translation>
+    </message>
+    <message>
+        <source>IDS_PMMENU_SEND</source>
+        <translation>Senden</translation>
+    </message>
+    <message>
+        <source>IDS_PMMENU_SEND_MMS</source>
+        <translation>Multimedia-Nachricht …</translation>
+    </message>
+    <message>
+        <source>IDS_PMMENU_SEND_MMS</source>
+        <comment>shortcut</comment>
+        <translation>Ctrl+M</translation>
+    </message>
+    <message>
+        <source>IDS_PMMENU_SEND_MSG</source>
+        <translation>Textnachricht …</translation>
+    </message>
+    <message>
+        <source>IDS_PMMENU_SEND_MSG</source>
+        <comment>shortcut</comment>
+        <translation>Ctrl+T</translation>
+    </message>
+    <message>
+        <source>IDS_PMMENU_VIDEO_CALL</source>
+        <translation>Videoanruf</translation>
+    </message>
+    <message>
+        <source>IDS_PMTOOLBAR_SEARCH</source>
+        <translation>Suchen</translation>
+    </message>
+    <message>
+        <source>IDS_PMTOOLBAR_SEARCH</source>
+        <comment>shortcut</comment>
+        <translation>Ctrl+F</translation>
+    </message>
+    <message>
+        <source>IDS_PROMPT_CAPTION</source>
+        <translation>Telefonbuch</translation>
+    </message>
+    <message>
+        <source>IDS_RECORD_INFO</source>
+        <translation>Kontakt bearbeiten</translation>
+    </message>
+    <message>
+        <source>IDS_SEND_MMS</source>
+        <translation>Multimedia-Nachricht senden …</translation>
+    </message>
+    <message>
+        <source>IDS_SEND_MMS</source>
+        <comment>shortcut</comment>
+        <translation>Ctrl+M</translation>
+    </message>
+    <message>
+        <source>IDS_SEND_MSG</source>
+        <translation>Textnachricht senden …</translation>
+    </message>
+    <message>
+        <source>IDS_SEND_MSG</source>
+        <comment>shortcut</comment>
+        <translation>Ctrl+T</translation>
+    </message>
+    <message>
+        <source>IDS_SIM</source>
+        <translation>%s-Karte</translation>
+    </message>
+    <message>
+        <source>IDS_SMS_EXPORTFAILURE_COUNT</source>
+        <translation>Die Kontakte konnten nicht exportiert werden.</translation>
+    </message>
+    <message>
+        <source>IDS_SMS_EXPORTSUCCESS_COUNT</source>
+        <translation>Die Kontakte wurden exportiert.</translation>
+    </message>
+    <message>
+        <source>IDS_SMS_IMPORTFAILURE_COUNT</source>
+        <translation>Die Kontakte konnten nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>IDS_STR_MAKECALLFAILED</source>
+        <translation>Der Anruf konnte nicht begonnen werden.</translation>
+    </message>
+    <message>
+        <source>IDS_STR_REPEARTEDNUMBER</source>
+        <translation>Ein anderer Kontakt hat diese Nummer bereits. Möchten Sie den Kontakt trotzdem speichern?</translation>
+    </message>
+    <message>
+        <source>IDS_STR_STATINFORMATION</source>
+        <translation>Nummern: %d, ausgewählt: %d</translation>
+    </message>
+    <message>
+        <source>IDS_SUCCESS_COUNT</source>
+        <translation>, erfolgreich: </translation>
+    </message>
+    <message>
+        <source>IDS_TOTAL_COUNT</source>
+        <translation>Kontakte: </translation>
+    </message>
+    <message>
+        <source>IDS_UNSUCCESS</source>
+        <translation>Der Kontakt konnte nicht gespeichert werden. Bitte überprüfen Sie die Angaben.</translation>
+    </message>
+    <message>
+        <source>ID_STR_BUSINESS_PHONE</source>
+        <translation>Büro</translation>
+    </message>
+    <message>
+        <source>ID_STR_EMAIL</source>
+        <translation>E-Mail</translation>
+    </message>
+    <message>
+        <source>ID_STR_HOME_PHONE</source>
+        <translation>Privat</translation>
+    </message>
+    <message>
+        <source>ID_STR_MOBILE_PHONE</source>
+        <translation>Mobil</translation>
+    </message>
+    <message>
+        <source>ID_STR_NAME</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>ID_STR_NOTES</source>
+        <translation>Notizen</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Öffnen</translation>
+    </message>
+    <message>
+        <source>Save As</source>
+        <translation>Speichern unter</translation>
+    </message>
+</context>
+<context>
+    <name>SMSUIPlugin</name>
+    <message>
+        <source>IDS_ADD_RECIPIENTS</source>
+        <translation>Empfänger hinzufügen …</translation>
+    </message>
+    <message>
+        <source>IDS_BAD_NUMBER</source>
+        <translation>Ein Empfänger ist keine Telefonnummer.</translation>
+    </message>
+    <message>
+        <source>IDS_CLOSE</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>IDS_IN_OUTBOX</source>
+        <translation>SMS an %1 Empfänger in den Postausgang gelegt</translation>
+    </message>
+    <message>
+        <source>IDS_LENGTH</source>
+        <translation>%1 Zeichen, %2 Nachricht(en)</translation>
+    </message>
+    <message>
+        <source>IDS_SAVE_NUMBER</source>
+        <translation>Nummer speichern …</translation>
+    </message>
+    <message>
+        <source>IDS_SEND</source>
+        <translation>Senden</translation>
+    </message>
+    <message>
+        <source>IDS_SEND_FAILED</source>
+        <translation>Die Nachricht konnte nicht in den Postausgang gelegt werden.</translation>
+    </message>
+    <message>
+        <source>IDS_SEND_TIP</source>
+        <translation>Nachricht in den Postausgang legen</translation>
+    </message>
+    <message>
+        <source>IDS_SUBJECT</source>
+        <translation>Betreff:</translation>
+    </message>
+    <message>
+        <source>IDS_TITLE</source>
+        <translation>Neue SMS</translation>
+    </message>
+    <message>
+        <source>IDS_TO</source>
+        <translation>An:</translation>
+    </message>
+</context>
+<context>
+    <name>MMSUIPlugin</name>
+    <message>
+        <source>IDS_ADD_RECIPIENTS</source>
+        <translation>Empfänger hinzufügen …</translation>
+    </message>
+    <message>
+        <source>IDS_BAD_NUMBER</source>
+        <translation>Ein Empfänger ist keine Telefonnummer.</translation>
+    </message>
+    <message>
+        <source>IDS_CLOSE</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>IDS_IN_OUTBOX</source>
+        <translation>MMS an %1 Empfänger in den Postausgang gelegt</translation>
+    </message>
+    <message>
+        <source>IDS_SAVE_NUMBER</source>
+        <translation>Nummer speichern …</translation>
+    </message>
+    <message>
+        <source>IDS_SEND</source>
+        <translation>Senden</translation>
+    </message>
+    <message>
+        <source>IDS_SEND_FAILED</source>
+        <translation>Die Nachricht konnte nicht in den Postausgang gelegt werden.</translation>
+    </message>
+    <message>
+        <source>IDS_SEND_TIP</source>
+        <translation>Nachricht in den Postausgang legen</translation>
+    </message>
+    <message>
+        <source>IDS_SUBJECT</source>
+        <translation>Betreff:</translation>
+    </message>
+    <message>
+        <source>IDS_TITLE</source>
+        <translation>Neue MMS</translation>
+    </message>
+    <message>
+        <source>IDS_TO</source>
+        <translation>An:</translation>
+    </message>
+</context>
+<context>
+    <name>VoiceCallPlugin</name>
+    <message>
+        <source>IDS_CALL</source>
+        <translation>Anrufen</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_FAILED</source>
+        <translation>Der Anruf konnte nicht begonnen werden. Prüfen Sie, ob das Gerät online ist und kein anderes Gespräch läuft.</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_STATE</source>
+        <translation>Anruf läuft, simuliert</translation>
+    </message>
+    <message>
+        <source>IDS_COLUMN_DURATION</source>
+        <translation>Dauer</translation>
+    </message>
+    <message>
+        <source>IDS_COLUMN_NUMBER</source>
+        <translation>Nummer</translation>
+    </message>
+    <message>
+        <source>IDS_COLUMN_TIME</source>
+        <translation>Beginn</translation>
+    </message>
+    <message>
+        <source>IDS_HANG_UP</source>
+        <translation>Auflegen</translation>
+    </message>
+    <message>
+        <source>IDS_HINT</source>
+        <translation>Es ist kein Modem angeschlossen: Ein Anruf wird angezeigt, bis Sie auflegen, und niemand hört ihn.</translation>
+    </message>
+    <message>
+        <source>IDS_TITLE</source>
+        <translation>Anrufe</translation>
+    </message>
+    <message>
+        <source>IDS_VIDEO_CALL</source>
+        <translation>Videoanruf</translation>
+    </message>
+</context>
+<context>
+    <name>VideoCallPlugin</name>
+    <message>
+        <source>IDS_CALL_STATE</source>
+        <translation>Videoanruf läuft, simuliert</translation>
+    </message>
+    <message>
+        <source>IDS_HANG_UP</source>
+        <translation>Auflegen</translation>
+    </message>
+    <message>
+        <source>IDS_TITLE</source>
+        <translation>Videoanruf</translation>
+    </message>
+</context>
+<context>
+    <name>NotifyPlugin</name>
+    <message>
+        <source>IDS_CARD_CAME</source>
+        <translation>Das Telefonbuch der Karte ist da</translation>
+    </message>
+    <message>
+        <source>IDS_CARD_WENT</source>
+        <translation>Das Telefonbuch der Karte ist nicht mehr da</translation>
+    </message>
+    <message>
+        <source>IDS_CONTACT_ADDED</source>
+        <translation>Kontakt hinzugefügt</translation>
+    </message>
+    <message>
+        <source>IDS_CONTACT_CHANGED</source>
+        <translation>Kontakt geändert</translation>
+    </message>
+    <message>
+        <source>IDS_CONTACT_DELETED</source>
+        <translation>Kontakt gelöscht</translation>
+    </message>
+    <message>
+        <source>IDS_DEVICE_CAME</source>
+        <translation>Das Telefonbuch des Geräts ist da</translation>
+    </message>
+    <message>
+        <source>IDS_DEVICE_WENT</source>
+        <translation>Das Telefonbuch des Geräts ist nicht mehr da</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,155 @@
+#include "Director.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QMenu>
+
+#include "Scenes.h"
+#include "TextFit.h"
+#include "Texts.h"
+#include "window/MainWindow.h"
+
+namespace
+{
+
+const int TICK_MS = 15;
+const int CALM_TICKS = 4;
+const int MOST_TICKS = 800;
+
+QPalette darkPalette()
+{
+    QPalette palette(QColor(0x35, 0x35, 0x35), QColor(0x2a, 0x2a, 0x2a));
+    palette.setColor(QPalette::Base, QColor(0x1e, 0x1e, 0x1e));
+    palette.setColor(QPalette::AlternateBase, QColor(0x26, 0x26, 0x26));
+    palette.setColor(QPalette::Highlight, QColor(0x2f, 0x7b, 0xc8));
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::ToolTipBase, QColor(0x3a, 0x3a, 0x3a));
+    palette.setColor(QPalette::ToolTipText, Qt::white);
+    return palette;
+}
+
+} // namespace
+
+Director::Director(const QList<Pass>& listPasses, bool bPictures)
+    : m_listPasses(listPasses),
+      m_listScenes(Scenes::All()),
+      m_bPictures(bPictures),
+      m_enState(BEGIN_PASS),
+      m_iPass(0),
+      m_iScene(0),
+      m_iTicks(0),
+      m_iCalm(0)
+{
+    connect(&m_timer, SIGNAL(timeout()), this, SLOT(OnTick()));
+}
+
+void Director::Start()
+{
+    m_timer.start(TICK_MS);
+}
+
+void Director::OnTick()
+{
+    const State enBefore = m_enState;
+    const Scene scene = m_listScenes.value(m_iScene);
+    QWidget* pWidget = m_enState == WAIT || m_enState == GONE ? scene.find() : nullptr;
+    switch (m_enState) {
+    case BEGIN_PASS:
+        if (m_iPass == m_listPasses.size()) {
+            m_enState = DONE;
+        } else if (Scenes::Main() != nullptr && Scenes::Rows() > 0) {
+            beginPass();
+            m_enState = SETTLE;
+        } else if (m_iTicks > MOST_TICKS) {
+            fail("the program did not come up");
+            m_enState = DONE;
+        }
+        break;
+    case SETTLE:
+        // A switch of language builds some things anew from the event loop.
+        m_enState = m_iTicks > CALM_TICKS ? OPEN : SETTLE;
+        break;
+    case OPEN:
+        m_enState = WAIT;
+        m_iCalm = 0;
+        // From the event loop: this slot must come back before the next tick.
+        QTimer::singleShot(0, this, scene.open);
+        break;
+    case WAIT:
+        m_iCalm = pWidget != nullptr && pWidget->size() == m_sizeLast ? m_iCalm + 1 : 0;
+        m_sizeLast = pWidget != nullptr ? pWidget->size() : QSize();
+        if (m_iCalm >= CALM_TICKS) {
+            look(pWidget);
+            m_enState = CLOSE;
+        } else if (m_iTicks > MOST_TICKS) {
+            fail(scene.strName + " did not come");
+            Scenes::DropSteps();
+            m_enState = CLOSE;
+        }
+        break;
+    case CLOSE:
+        m_enState = GONE;
+        QTimer::singleShot(0, this, scene.close);
+        break;
+    case GONE:
+        if ((pWidget == nullptr || pWidget == Scenes::Main()) && m_iTicks > 1 && !Scenes::StepsLeft()) {
+            m_enState = ++m_iScene < m_listScenes.size() ? OPEN : BEGIN_PASS;
+            m_iPass += m_enState == BEGIN_PASS ? 1 : 0;
+        } else if (m_iTicks > MOST_TICKS) {
+            fail(scene.strName + " did not go");
+            m_enState = DONE;
+        }
+        break;
+    case DONE:
+        m_timer.stop();
+        qApp->closeAllWindows();
+        qApp->quit();
+        break;
+    }
+    m_iTicks = m_enState == enBefore ? m_iTicks + 1 : 0;
+}
+
+void Director::beginPass()
+{
+    const Pass& pass = m_listPasses.at(m_iPass);
+    m_iScene = 0;
+    m_strBefore = m_iPass > 0 ? m_listPasses.at(m_iPass - 1).strLanguage : QString();
+    static const QPalette s_light = QApplication::palette();
+    QApplication::setPalette(pass.bDark ? darkPalette() : s_light);
+    QMenu* pMenu = Scenes::Child<QMenu>("linkhand_NavBar_languageMenu");
+    bool bChosen = false;
+    foreach (QAction* pAction, pMenu != nullptr ? pMenu->actions() : QList<QAction*>()) {
+        if (pAction->data().toString() == pass.strLanguage) {
+            bChosen = true;
+            pAction->trigger();
+            break;
+        }
+    }
+    if (!bChosen) {
+        fail("no language " + pass.strLanguage);
+    }
+}
+
+void Director::look(QWidget* pWidget)
+{
+    const Pass& pass = m_listPasses.at(m_iPass);
+    Shot shot;
+    shot.strScene = m_listScenes.at(m_iScene).strName;
+    shot.strLanguage = pass.strLanguage;
+    shot.strTheme = QLatin1String(pass.bDark ? "dark" : "light");
+    shot.lstCut = TextFit::Cut(pWidget);
+    if (!m_strBefore.isEmpty() && m_strBefore != pass.strLanguage) {
+        shot.lstForeign = Texts::Foreign(pWidget, m_strBefore, pass.strLanguage);
+    }
+    if (m_bPictures) {
+        shot.image = pWidget->grab().toImage();
+    }
+    m_listShots.append(shot);
+}
+
+void Director::fail(const QString& strWhat)
+{
+    m_lstFailures.append((m_iPass < m_listPasses.size() ? m_listPasses.at(m_iPass).strLanguage + ": " : QString()) +
+                         strWhat);
+    qWarning("director: %s", qPrintable(m_lstFailures.last()));
+}

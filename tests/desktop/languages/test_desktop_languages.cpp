@@ -1,0 +1,172 @@
+#include <QDir>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include "ContactSheet.h"
+#include "Director.h"
+#include "Scenes.h"
+#include "app/CommandLine.h"
+#include "app/HostApplication.h"
+#include "linkhand/QtCompat.h"
+#include "window/MainWindow.h"
+
+// Every window of the program in each language. With "--sheets FOLDER" it writes pictures of them, light and dark, in
+// place of the tests: one sheet a language and theme; with "--shots FOLDER" each window by itself as well.
+
+namespace
+{
+
+const QStringList& languages()
+{
+    static const QStringList s_lstLanguages = {"en", "de", "ar", "zh_CN"};
+    return s_lstLanguages;
+}
+
+QList<Director::Pass> passes(bool bPictures)
+{
+    QList<Director::Pass> listPasses;
+    foreach (const QString& strLanguage, languages()) {
+        listPasses << Director::Pass{strLanguage, false};
+    }
+    if (bPictures) {
+        foreach (const QString& strLanguage, languages()) {
+            listPasses << Director::Pass{strLanguage, true};
+        }
+    } else {
+        // Back from each to another than the one it was come to from.
+        listPasses << Director::Pass{"ar", false} << Director::Pass{"de", false} << Director::Pass{"en", false};
+    }
+    return listPasses;
+}
+
+bool writeSheets(const QList<Shot>& listShots, const QString& strFolder, const QString& strShots)
+{
+    bool bDone = QDir().mkpath(strFolder) && (strShots.isEmpty() || QDir().mkpath(strShots));
+    foreach (const QString& strTheme, QStringList({"light", "dark"})) {
+        foreach (const QString& strLanguage, languages()) {
+            QList<Shot> listSheet;
+            foreach (const Shot& shot, listShots) {
+                if (shot.strLanguage != strLanguage || shot.strTheme != strTheme) {
+                    continue;
+                }
+                listSheet << shot;
+                if (!strShots.isEmpty()) {
+                    bDone =
+                        shot.image.save(
+                            QStringLiteral("%1/%2-%3-%4.png").arg(strShots, strLanguage, strTheme, shot.strScene)) &&
+                        bDone;
+                }
+            }
+            const QString strFile = QStringLiteral("%1/sheet-%2-%3.png").arg(strFolder, strLanguage, strTheme);
+            bDone = ContactSheet::Join(listSheet).save(strFile, "PNG", 0) && bDone;
+        }
+    }
+    return bDone;
+}
+
+QString option(const QStringList& lstArguments, const char* pszName)
+{
+    const int iAt = lstArguments.indexOf(QLatin1String(pszName));
+    return iAt >= 0 ? lstArguments.value(iAt + 1) : QString();
+}
+
+} // namespace
+
+// What the director has seen.
+class TestDesktopLanguages : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit TestDesktopLanguages(const Director& director) : m_director(director) {}
+
+private slots:
+    void everyWindowCame();
+    void noTextIsCutOff_data() { languageRows(); }
+    void noTextIsCutOff();
+    void aChangeOfLanguageLeavesNoTextBehind_data() { languageRows(); }
+    void aChangeOfLanguageLeavesNoTextBehind();
+
+private:
+    void languageRows();
+
+    const Director& m_director;
+};
+
+void TestDesktopLanguages::languageRows()
+{
+    QTest::addColumn<QString>("language");
+    foreach (const QString& strLanguage, languages()) {
+        QTest::newRow(qPrintable(strLanguage)) << strLanguage;
+    }
+}
+
+void TestDesktopLanguages::everyWindowCame()
+{
+    QVERIFY2(m_director.Failures().isEmpty(), qPrintable(m_director.Failures().join('\n')));
+    QCOMPARE(m_director.Shots().size(), Scenes::All().size() * passes(false).size());
+}
+
+void TestDesktopLanguages::noTextIsCutOff()
+{
+    QFETCH(QString, language);
+    QStringList lstCut;
+    foreach (const Shot& shot, m_director.Shots()) {
+        foreach (const QString& strProblem, shot.strLanguage == language ? shot.lstCut : QStringList()) {
+            lstCut << shot.strScene + ": " + strProblem;
+        }
+    }
+    lstCut.removeDuplicates();
+    QVERIFY2(lstCut.isEmpty(), qPrintable('\n' + lstCut.join('\n')));
+}
+
+void TestDesktopLanguages::aChangeOfLanguageLeavesNoTextBehind()
+{
+    QFETCH(QString, language);
+    QStringList lstForeign;
+    foreach (const Shot& shot, m_director.Shots()) {
+        foreach (const QString& strText, shot.strLanguage == language ? shot.lstForeign : QStringList()) {
+            lstForeign << shot.strScene + ": " + strText;
+        }
+    }
+    lstForeign.removeDuplicates();
+    QVERIFY2(lstForeign.isEmpty(), qPrintable('\n' + lstForeign.join('\n')));
+}
+
+int main(int argc, char** argv)
+{
+    const QTemporaryDir folder;
+    qputenv("LINKHAND_DATA_DIR", QFile::encodeName(folder.filePath("data")));
+    QDir().mkpath(folder.filePath("data"));
+    QtCompat::prepareApplication();
+    QApplication application(argc, argv);
+    QApplication::setApplicationName("linkhand");
+    QApplication::setQuitOnLastWindowClosed(false);
+    QtCompat::setDebugEnabled(false);
+    const QStringList lstArguments = QApplication::arguments();
+    const QString strSheets = option(lstArguments, "--sheets");
+    if (!Scenes::Fill(folder.filePath("data"))) {
+        qWarning("cannot fill the phonebook");
+        return 1;
+    }
+    Director director(passes(!strSheets.isEmpty()), !strSheets.isEmpty());
+    {
+        HostApplication host{CommandLine()};
+        QTimer::singleShot(0, &director, [&director] {
+            Scenes::Main()->resize(1240, 760);
+            director.Start();
+        });
+        host.Run();
+    }
+    if (!strSheets.isEmpty()) {
+        foreach (const QString& strFailure, director.Failures()) {
+            qWarning("%s", qPrintable(strFailure));
+        }
+        const bool bDone = writeSheets(director.Shots(), strSheets, option(lstArguments, "--shots"));
+        return bDone && director.Failures().isEmpty() ? 0 : 1;
+    }
+    TestDesktopLanguages test(director);
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "test_desktop_languages.moc"
