@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Usage: bench.sh [--short] [NAME...]  Runs the benchmarks of the release build, or those named (such as "sdk"), and
 # prints a table each. --short uses small counts: it takes under a minute and shows the order of magnitude. Exits with
-# 1 if a figure is over its bound.
+# 1 if a figure is over its bound, but not in the short form, where the bounds are not meant to hold.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -11,7 +11,7 @@ for argument in "$@"; do
     case $argument in
     --short) arguments+=(--short) ;;
     -h | --help)
-        sed -n '2,4s/^# \{0,1\}//p' "$0"
+        sed -n '2,5s/^# \{0,1\}//p' "$0"
         exit 0
         ;;
     -*)
@@ -35,13 +35,20 @@ for name in "${names[@]}"; do
     fi
     # What a window without its siblings says on its start is of no interest here, unless the program fails.
     log=build/release/homes/bench-$name.log
+    display=()
+    # A start is only real on a display, where the word that a window can be painted comes from outside.
+    if [ "$name" = start ] && command -v xvfb-run >/dev/null; then
+        display=(env QT_QPA_PLATFORM=xcb xvfb-run -a)
+    fi
     mkdir -p build/release/homes
     code=0
-    tests/in-home.sh "$PWD/build/release/homes/bench-$name" "$program" ${arguments[@]+"${arguments[@]}"} 2>"$log" ||
-        code=$?
-    if [ $code != 0 ]; then
+    ${display[@]+"${display[@]}"} tests/in-home.sh "$PWD/build/release/homes/bench-$name" \
+        "$program" ${arguments[@]+"${arguments[@]}"} 2>"$log" || code=$?
+    if [ $code -gt 1 ]; then
+        cat "$log" >&2
         status=1
-        [ $code = 1 ] || cat "$log" >&2
+    elif [ $code = 1 ] && [ ${#arguments[@]} = 0 ]; then
+        status=1
     fi
 done
 exit $status

@@ -79,7 +79,7 @@ void expect(long code)
     if (code == ORVA_OK)
         return;
     std::fprintf(stderr, "the library returned %ld\n", code);
-    std::exit(1);
+    std::exit(2);
 }
 
 QStringList contact(int n, int numbers)
@@ -186,6 +186,6 @@ void readBarely(int memory, const QList<int>& ids, const QString& file, const QB
         input.close();
         QFile output(file);
         if (!output.open(QIODevice::WriteOnly) || output.write(bytes) != bytes.size())
-            std::exit(1);
+            std::exit(2);
     }
 }

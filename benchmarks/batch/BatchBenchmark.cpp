@@ -41,7 +41,7 @@ void check(bool condition, const char* what)
     if (condition)
         return;
     std::fprintf(stderr, "not as expected: %s\n", what);
-    std::exit(1);
+    std::exit(2);
 }
 
 // The folder that holds the usage file's, as the host makes it.
@@ -49,7 +49,7 @@ QString usageFolder()
 {
     unsigned short* text = nullptr;
     expect(ORVA_GetLogDirectory(&text));
-    const QString path = QDir::cleanPath(QString::fromUtf16(text) + "../OnlineUpdate");
+    QString path = QDir::cleanPath(QString::fromUtf16(text) + "../OnlineUpdate");
     delete[] text;
     return path;
 }

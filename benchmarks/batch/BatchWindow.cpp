@@ -139,7 +139,7 @@ void BatchWindow::dropAll(int memory, bench::Time& reading, bench::Time& whole)
     reading = watch.elapsed();
     if (!AddrBookDlgAccess::busy(m_dialog)) {
         std::fprintf(stderr, "the drop did not start\n");
-        std::exit(1);
+        std::exit(2);
     }
     waitForEnd();
     whole = watch.elapsed();

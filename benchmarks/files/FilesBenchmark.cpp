@@ -29,7 +29,7 @@ void expect(bool condition, const char* what)
     if (condition)
         return;
     std::fprintf(stderr, "failed: %s\n", what);
-    std::exit(1);
+    std::exit(2);
 }
 
 std::u16string utf16(const std::string& text)

@@ -29,7 +29,7 @@ void expect(long code)
     if (code == ORVA_OK)
         return;
     std::fprintf(stderr, "the library returned %ld\n", code);
-    std::exit(1);
+    std::exit(2);
 }
 
 void fillStore(const QString& folder)
@@ -91,7 +91,7 @@ bench::Time timeToSave(int round)
     });
     if (dialog.Exec() != 0) {
         std::fprintf(stderr, "the contact was not saved\n");
-        std::exit(1);
+        std::exit(2);
     }
     return watch.elapsed();
 }

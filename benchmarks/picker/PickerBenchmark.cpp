@@ -26,7 +26,7 @@ void expect(long code)
     if (code == ORVA_OK)
         return;
     std::fprintf(stderr, "the library returned %ld\n", code);
-    std::exit(1);
+    std::exit(2);
 }
 
 // Contacts with two numbers each, spread evenly over the groups.

@@ -29,7 +29,7 @@ void expect(long code)
     if (code == ORVA_OK)
         return;
     std::fprintf(stderr, "the library returned %ld\n", code);
-    std::exit(1);
+    std::exit(2);
 }
 
 std::vector<bare::Row> makeRows(int count)
@@ -121,7 +121,7 @@ void readEach(int count)
 
 std::string useFolder(const std::string& base, const std::string& name)
 {
-    const std::string folder = base + "/" + name;
+    std::string folder = base + "/" + name;
     expect(ORVA_Sim_Reset(folder.c_str()));
     expect(ORVA_Sim_SetCapacity(memory, 1000000));
     return folder;

@@ -26,7 +26,7 @@ const int patienceMs = 60000;
 [[noreturn]] void fail(const std::string& what)
 {
     std::fprintf(stderr, "failed: %s\n", what.c_str());
-    std::exit(1);
+    std::exit(2);
 }
 
 void expect(long code)

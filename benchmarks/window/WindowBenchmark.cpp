@@ -98,7 +98,7 @@ Time openMenu(AddrBookDlg& dialog)
     QMenu* pMenu = AddrBookDlgAccess::tableMenu(dialog);
     if (pMenu == nullptr) {
         std::fprintf(stderr, "no menu: build the target AddrBookUIPluginFiles\n");
-        std::exit(1);
+        std::exit(2);
     }
     // As high as ten rows: a popup takes the focus, for which Qt paints all rows on the screen anew.
     pTable->setMaximumHeight(10 * 16 + pTable->horizontalHeader()->height());
@@ -113,7 +113,7 @@ Time openMenu(AddrBookDlg& dialog)
     pTable->setMaximumHeight(QWIDGETSIZE_MAX);
     if (watch.time().clock <= 0) {
         std::fprintf(stderr, "the menu did not open\n");
-        std::exit(1);
+        std::exit(2);
     }
     return watch.time();
 }
@@ -123,7 +123,7 @@ void check(int iRows, int iExpected)
     if (iRows == iExpected)
         return;
     std::fprintf(stderr, "%d rows in place of %d\n", iRows, iExpected);
-    std::exit(1);
+    std::exit(2);
 }
 
 // One store with its contacts, and the rounds on it.
@@ -133,7 +133,7 @@ void measure(int iCount, int iRounds, Figures& figures)
     ORVA_Sim_Reset(folder.path().toUtf8().constData());
     if (!storeContacts(makeContacts(iCount))) {
         std::fprintf(stderr, "the contacts could not be stored\n");
-        std::exit(1);
+        std::exit(2);
     }
     // Some of the bare side's rounds come before the window, which leaves the heap in another shape.
     const auto bareRound = [&] {

@@ -11,7 +11,7 @@
 #include <sys/un.h>
 #include <unistd.h>
 
-#include "test/ShownMark.h"
+#include "app/FirstPaint.h"
 #include "test/TestSocket.h"
 #include "test/WidgetQueries.h"
 
@@ -214,10 +214,12 @@ void TestHostQueries::theFirstPaintingOfAWindowLeavesAMark()
     const QString strFile = folder.filePath("shown");
     qputenv("LINKHAND_TEST_SHOWN", QFile::encodeName(strFile));
     QWidget window;
-    const ShownMark mark(&window);
+    const FirstPaint firstPaint(&window);
     QVERIFY(!QFile::exists(strFile));
+    QVERIFY(!firstPaint.HasCome());
     window.show();
-    QTRY_VERIFY(QFile::exists(strFile));
+    QTRY_VERIFY(firstPaint.HasCome());
+    QVERIFY(QFile::exists(strFile));
     QVERIFY(QFile::remove(strFile));
     window.repaint();
     qunsetenv("LINKHAND_TEST_SHOWN");
