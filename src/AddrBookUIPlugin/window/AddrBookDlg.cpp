@@ -7,6 +7,7 @@
 #include <QHeaderView>
 #include <QMenu>
 #include <QPainter>
+#include <QPointer>
 #include <QSplitter>
 #include <QStyle>
 #include <QStyleOption>
@@ -245,7 +246,11 @@ void AddrBookDlg::SetLanguage()
     setMenuShortCuts();
     if (m_plabelPreview != nullptr && m_bPreviewEmpty)
         m_plabelPreview->setText(noRecordText());
+    const QPointer<AddrBookDlg> pSelf(this);
     CloseEditor();
+    // Its box about a name may have outlived the window.
+    if (pSelf.isNull())
+        return;
     rePaintTree();
     if (m_ptreePhonebook != nullptr)
         OnTreeClicked(m_ptreePhonebook->currentItem());
