@@ -296,6 +296,14 @@
         <translation>Linkhand</translation>
     </message>
     <message>
+        <source>IDS_HOST_WELCOME</source>
+        <translation>دليل الهاتف فارغ. للبدء، انقر بزر الفأرة الأيمن على الجدول أدناه: أنشئ جهة اتصال جديدة، أو استورد جهات اتصال برنامج آخر من ملف.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_WELCOME_DISMISS</source>
+        <translation>إخفاء</translation>
+    </message>
+    <message>
         <source>IDS_OK</source>
         <translation>موافق</translation>
     </message>
@@ -342,6 +350,14 @@
     <message>
         <source>IDS_CANCEL</source>
         <translation>إلغاء</translation>
+    </message>
+    <message>
+        <source>IDS_CONTACT_DETAILS</source>
+        <translation>تفاصيل جهة الاتصال</translation>
+    </message>
+    <message>
+        <source>IDS_CONTACT_LIST</source>
+        <translation>جهات الاتصال</translation>
     </message>
     <message>
         <source>IDS_COPY_COMPLETE</source>
@@ -784,6 +800,10 @@
         <translation>الموضوع:</translation>
     </message>
     <message>
+        <source>IDS_TEXT</source>
+        <translation>الرسالة</translation>
+    </message>
+    <message>
         <source>IDS_TITLE</source>
         <translation>رسالة SMS جديدة</translation>
     </message>
@@ -829,6 +849,10 @@
     <message>
         <source>IDS_SUBJECT</source>
         <translation>الموضوع:</translation>
+    </message>
+    <message>
+        <source>IDS_TEXT</source>
+        <translation>الرسالة</translation>
     </message>
     <message>
         <source>IDS_TITLE</source>

@@ -296,6 +296,14 @@
         <translation>Linkhand</translation>
     </message>
     <message>
+        <source>IDS_HOST_WELCOME</source>
+        <translation>Ihr Telefonbuch ist leer. Klicken Sie zu Beginn mit der rechten Maustaste in die Tabelle unten: Legen Sie einen neuen Kontakt an, oder importieren Sie die Kontakte eines anderen Programms aus einer Datei.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_WELCOME_DISMISS</source>
+        <translation>Ausblenden</translation>
+    </message>
+    <message>
         <source>IDS_OK</source>
         <translation>OK</translation>
     </message>
@@ -342,6 +350,14 @@
     <message>
         <source>IDS_CANCEL</source>
         <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>IDS_CONTACT_DETAILS</source>
+        <translation>Angaben zum Kontakt</translation>
+    </message>
+    <message>
+        <source>IDS_CONTACT_LIST</source>
+        <translation>Kontakte</translation>
     </message>
     <message>
         <source>IDS_COPY_COMPLETE</source>
@@ -784,6 +800,10 @@ Legen Sie mit „Neuer Kontakt“ in der Werkzeugleiste einen an, oder importier
         <translation>Betreff:</translation>
     </message>
     <message>
+        <source>IDS_TEXT</source>
+        <translation>Nachricht</translation>
+    </message>
+    <message>
         <source>IDS_TITLE</source>
         <translation>Neue SMS</translation>
     </message>
@@ -829,6 +849,10 @@ Legen Sie mit „Neuer Kontakt“ in der Werkzeugleiste einen an, oder importier
     <message>
         <source>IDS_SUBJECT</source>
         <translation>Betreff:</translation>
+    </message>
+    <message>
+        <source>IDS_TEXT</source>
+        <translation>Nachricht</translation>
     </message>
     <message>
         <source>IDS_TITLE</source>

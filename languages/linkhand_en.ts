@@ -352,6 +352,14 @@
         <translation>Cancel</translation>
     </message>
     <message>
+        <source>IDS_CONTACT_DETAILS</source>
+        <translation>Details of the contact</translation>
+    </message>
+    <message>
+        <source>IDS_CONTACT_LIST</source>
+        <translation>Contacts</translation>
+    </message>
+    <message>
         <source>IDS_COPY_COMPLETE</source>
         <translation>Copying has finished.</translation>
     </message>
@@ -792,6 +800,10 @@ Create one with “New contact” in the tool bar, or import a file with the rig
         <translation>Subject:</translation>
     </message>
     <message>
+        <source>IDS_TEXT</source>
+        <translation>Message</translation>
+    </message>
+    <message>
         <source>IDS_TITLE</source>
         <translation>New SMS</translation>
     </message>
@@ -837,6 +849,10 @@ Create one with “New contact” in the tool bar, or import a file with the rig
     <message>
         <source>IDS_SUBJECT</source>
         <translation>Subject:</translation>
+    </message>
+    <message>
+        <source>IDS_TEXT</source>
+        <translation>Message</translation>
     </message>
     <message>
         <source>IDS_TITLE</source>

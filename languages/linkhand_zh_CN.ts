@@ -296,6 +296,14 @@
         <translation>Linkhand</translation>
     </message>
     <message>
+        <source>IDS_HOST_WELCOME</source>
+        <translation>电话簿为空。要开始使用，请右键单击下面的表格：新建联系人，或从文件导入其他程序的联系人。</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_WELCOME_DISMISS</source>
+        <translation>关闭</translation>
+    </message>
+    <message>
         <source>IDS_OK</source>
         <translation>确定</translation>
     </message>
@@ -342,6 +350,14 @@
     <message>
         <source>IDS_CANCEL</source>
         <translation>取消</translation>
+    </message>
+    <message>
+        <source>IDS_CONTACT_DETAILS</source>
+        <translation>联系人详细信息</translation>
+    </message>
+    <message>
+        <source>IDS_CONTACT_LIST</source>
+        <translation>联系人</translation>
     </message>
     <message>
         <source>IDS_COPY_COMPLETE</source>
@@ -784,6 +800,10 @@
         <translation>主题：</translation>
     </message>
     <message>
+        <source>IDS_TEXT</source>
+        <translation>信息</translation>
+    </message>
+    <message>
         <source>IDS_TITLE</source>
         <translation>新建短信</translation>
     </message>
@@ -829,6 +849,10 @@
     <message>
         <source>IDS_SUBJECT</source>
         <translation>主题：</translation>
+    </message>
+    <message>
+        <source>IDS_TEXT</source>
+        <translation>信息</translation>
     </message>
     <message>
         <source>IDS_TITLE</source>

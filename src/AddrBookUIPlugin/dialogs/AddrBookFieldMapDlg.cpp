@@ -145,6 +145,8 @@ void AddrBookFieldMapDlg::setTableProperties(QTableWidget* ptable)
     ptable->horizontalHeader()->setTextElideMode(Qt::ElideRight);
     ptable->horizontalHeader()->setHighlightSections(false);
     ptable->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    // The arrows move in the table; Tab goes on to the next part.
+    ptable->setTabKeyNavigation(false);
     // The columns are as wide as the table; a frame would leave them a scroll bar.
     ptable->setFrameShape(QFrame::NoFrame);
 }
@@ -156,6 +158,7 @@ void AddrBookFieldMapDlg::setUpTables()
     m_ptableFirst->setMaximumSize(140, TABLE_HEIGHT);
     m_ptableFirst->setColumnWidth(COLUMN_FIELD, 140);
     setHeading(m_ptableFirst, COLUMN_FIELD, "IDS_ADDR_FROM_VALUE");
+    m_ptableFirst->setAccessibleName(addrBookTr(QLatin1String("IDS_ADDR_FROM_VALUE")));
 
     setTableProperties(m_ptableSecond);
     m_ptableSecond->setColumnCount(2);
@@ -164,6 +167,7 @@ void AddrBookFieldMapDlg::setUpTables()
     m_ptableSecond->setColumnWidth(COLUMN_MAPPED, 90);
     setHeading(m_ptableSecond, COLUMN_FIELD, "IDS_ADDR_TO_FIELD");
     setHeading(m_ptableSecond, COLUMN_MAPPED, "IDS_ADDR_TO_FROM");
+    m_ptableSecond->setAccessibleName(addrBookTr(QLatin1String("IDS_ADDR_TO_FIELD")));
 
     connect(m_ptableFirst, SIGNAL(itemSelectionChanged()), this, SLOT(OnItemSelectionChanged()));
     connect(m_ptableSecond, SIGNAL(cellEntered(int, int)), this, SLOT(OnCellEntered(int, int)));

@@ -240,6 +240,7 @@ void AddrBookSelectContactsDlg::checkSimStatus()
 void AddrBookSelectContactsDlg::initTree()
 {
     m_ptreeContacts->setHeaderHidden(true);
+    m_ptreeContacts->setAccessibleName(addrBookTr(QLatin1String("IDS_ADDR_NUMDLG_TITLE")));
     m_ptreeContacts->setMinimumWidth(kTreeWidth);
     m_ptreeContacts->setIndentation(kIndentation);
     m_ptreeContacts->setExpandsOnDoubleClick(true);

@@ -161,6 +161,7 @@ void AddrBookWaitingDlg::ShowAnimation(QString strText, int iSteps)
     m_pprogressBar->setMaximum(iSteps);
     UpDateLabel(0, iSteps);
     m_plabelStatus->setText(strText);
+    m_pprogressBar->setAccessibleName(strText);
     m_pdialog->setWindowModality(Qt::WindowModal);
     m_pdialog->show();
     if (m_pbuttonCancel != nullptr)

@@ -153,6 +153,7 @@ void ChoosePhoneNumber::changeLang()
     if (m_ptableNumbers != nullptr) {
         m_pitemTypeHeader->setText(addrBookTr(QLatin1String("IDS_PHONE_TYPE")));
         m_pitemValueHeader->setText(addrBookTr(QLatin1String("IDS_PHONE_VALUE")));
+        m_ptableNumbers->setAccessibleName(addrBookTr(QLatin1String("IDS_ADDR_NUMDLG_TITLE")));
     }
     if (m_pbuttonOK != nullptr)
         m_pbuttonOK->setText(addrBookTr(QLatin1String("IDS_BUTTON_OK")));

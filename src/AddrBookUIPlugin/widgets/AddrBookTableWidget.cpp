@@ -33,6 +33,15 @@ QModelIndexList AddrBookTableWidget::GetSelectedIndexes() const
     return selectedIndexes();
 }
 
+QVariant AddrBookTableWidget::inputMethodQuery(Qt::InputMethodQuery enQuery) const
+{
+    const QVariant answer = QTableWidget::inputMethodQuery(enQuery);
+    // Qt gives the cell's place in the viewport and takes it for one in the table, which has a header above.
+    if (answer.type() == QVariant::Rect)
+        return answer.toRect().translated(viewport()->pos());
+    return answer;
+}
+
 void AddrBookTableWidget::SetEmptyText(const QString& strText)
 {
     if (strText == m_strEmptyText)

@@ -23,6 +23,9 @@ public:
     // selectedIndexes(), for everybody.
     QModelIndexList GetSelectedIndexes() const;
 
+    // Where the current cell is: the menu key opens the context menu there.
+    QVariant inputMethodQuery(Qt::InputMethodQuery enQuery) const override;
+
     // What stands in the table while it has no rows.
     void SetEmptyText(const QString& strText);
 

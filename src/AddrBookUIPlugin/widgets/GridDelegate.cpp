@@ -6,6 +6,8 @@
 #include <QPen>
 #include <QStyle>
 
+#include "logic/Texts.h"
+
 namespace
 {
 const int MAX_GROUP_NAME = 32; // characters, and pixels as well
@@ -54,6 +56,7 @@ QWidget* TreeDelegate::createEditor(QWidget* pParent, const QStyleOptionViewItem
     if (peditName == nullptr)
         return pwidgetEditor;
     peditName->setMaxLength(MAX_GROUP_NAME);
+    peditName->setAccessibleName(addrBookTr(QLatin1String("IDS_EDIT_GROUP")));
     if (QApplication::isLeftToRight())
         peditName->setMaximumWidth(MAX_GROUP_NAME);
     return peditName;

@@ -138,6 +138,7 @@ QWidget* AddrBookDlg::InitWindow(QWidget* /*pParent*/)
     connectStatusSlots();
     supportShortcutsKeys();
     connectShortcutsKeysToSlot();
+    nameParts();
     // Last, so that an event that arrives at once finds its receivers.
     AddrBookLogic::RegisterCallbacks();
     readRadio();
@@ -255,6 +256,7 @@ void AddrBookDlg::SetLanguage()
     if (m_ptreePhonebook != nullptr)
         OnTreeClicked(m_ptreePhonebook->currentItem());
     retranslateHeader();
+    nameParts();
 
     if (m_ptableContacts != nullptr) {
         QString strText;
@@ -273,6 +275,17 @@ void AddrBookDlg::SetLanguage()
     }
     retranslateToolBar();
     ADDRBOOK_LOG_EXIT();
+}
+
+// What a screen reader says of the parts that have no caption.
+void AddrBookDlg::nameParts()
+{
+    if (m_ptreePhonebook != nullptr)
+        m_ptreePhonebook->setAccessibleName(tr(QLatin1String("IDS_PROMPT_CAPTION")));
+    if (m_ptableContacts != nullptr)
+        m_ptableContacts->setAccessibleName(tr(QLatin1String("IDS_CONTACT_LIST")));
+    if (m_plabelPreview != nullptr)
+        m_plabelPreview->setAccessibleName(tr(QLatin1String("IDS_CONTACT_DETAILS")));
 }
 
 void AddrBookDlg::retranslateHeader()

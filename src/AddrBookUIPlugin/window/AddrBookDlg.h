@@ -94,6 +94,7 @@ private:
     void stopReader();
     void stopBatch();
     void retranslateHeader();
+    void nameParts();
     void retranslateToolBar();
     void removeSimNode(const char* szLog);
     void removeDeviceNode(const char* szLog, unsigned int uiMsg);

@@ -93,6 +93,8 @@ void AddrBookDlg::constructTable(_ORVA_EN_PHONEBOOK_MEMORY enType)
     pHeader->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     pHeader->setTextElideMode(Qt::ElideRight);
     pHeader->setSortIndicatorShown(true);
+    // Whole rows are selected: bold captions would say nothing, and be cut.
+    pHeader->setHighlightSections(false);
     pHeader->setStretchLastSection(false);
     m_ptableContacts->setTabKeyNavigation(false);
     m_ptableContacts->setColumnCount(iCount);
@@ -123,6 +125,7 @@ void AddrBookDlg::createNewTable()
     if (m_ptableContacts == nullptr)
         return;
     m_ptableContacts->setObjectName(QLatin1String("AddrBookUIPlugin_ContactTable"));
+    m_ptableContacts->setAccessibleName(tr(QLatin1String("IDS_CONTACT_LIST")));
     m_psplitterPreview->insertWidget(0, m_ptableContacts);
     m_psplitterPreview->setSizes(m_listPreviewSplitterSizes);
     m_pdelegateGrid = new (std::nothrow) GridDelegate(nullptr);

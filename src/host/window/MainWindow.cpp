@@ -181,6 +181,23 @@ void MainWindow::OnPageChosen(int iPage)
     } else {
         m_pMessages->Enter();
     }
+    focusPage(m_listPages.at(iPage).pWidget);
+}
+
+// The keys follow to the page, unless the user is moving along the side bar.
+void MainWindow::focusPage(QWidget* pPage)
+{
+    const QWidget* pFocus = focusWidget();
+    if (pFocus != nullptr && pFocus->isVisible() && (m_pNavBar->isAncestorOf(pFocus) || pPage->isAncestorOf(pFocus))) {
+        return;
+    }
+    for (QWidget* pNext = pPage->nextInFocusChain(); pNext != pPage; pNext = pNext->nextInFocusChain()) {
+        if ((pNext->focusPolicy() & Qt::TabFocus) != 0 && pNext->isEnabled() && pNext->isVisible() &&
+            pPage->isAncestorOf(pNext)) {
+            pNext->setFocus(Qt::OtherFocusReason);
+            return;
+        }
+    }
 }
 
 void MainWindow::OnDeviceToggled(bool bShown)

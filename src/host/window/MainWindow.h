@@ -70,6 +70,7 @@ private:
 
     void addPage(const QString& strName, QWidget* pWidget, PluginPage* pPlugin, Glyphs::Glyph enGlyph);
     void addPluginPage(const QString& strName);
+    void focusPage(QWidget* pPage);
     void applyStyle();
 
     PluginContainer& m_container;

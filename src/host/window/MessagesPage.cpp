@@ -111,6 +111,8 @@ void MessagesPage::Retranslate()
     lstHeaders << HostText::Get("IDS_HOST_COLUMN_KIND") << HostText::Get("IDS_HOST_COLUMN_TO")
                << HostText::Get("IDS_HOST_COLUMN_TEXT") << HostText::Get("IDS_HOST_COLUMN_TIME");
     m_pList->setHeaderLabels(lstHeaders);
+    m_pList->setAccessibleName(HostText::Get("IDS_HOST_OUTBOX"));
+    m_pPreview->setAccessibleName(HostText::Get("IDS_HOST_COLUMN_TEXT"));
     OnOutboxChanged();
 }
 

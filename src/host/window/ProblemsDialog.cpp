@@ -28,6 +28,7 @@ ProblemsDialog::ProblemsDialog(const ProblemList& problems, QWidget* pParent)
     pHead->setWordWrap(true);
     QTextBrowser* pList = new QTextBrowser(pContent);
     pList->setObjectName(QLatin1String("linkhand_Problems_list"));
+    pList->setAccessibleName(HostText::Get("IDS_HOST_PROBLEMS"));
     QString strHtml;
     foreach (const Problem& problem, problems) {
         strHtml += QLatin1String("<p><b>") + escaped(problem.strName) + QLatin1String("</b><br/>") +

@@ -103,6 +103,7 @@ void StatusArea::Retranslate()
     SetState(m_state);
     SetProblems(m_problems);
     m_pNotice->setToolTip(HostText::Get("IDS_HOST_NOTICES_TIP"));
+    m_pNotice->setAccessibleName(HostText::Get("IDS_HOST_NOTICES_TIP"));
 }
 
 void StatusArea::OnHistory()

@@ -67,7 +67,6 @@ const char* const LISTS =
     " #AddrBookUIPlugin_selectContacts_treeContacts:focus, #linkhand_Messages_list:focus,"
     " #linkhand_Messages_preview:focus, #linkhand_Problems_list:focus, #VoiceCallPlugin_treeCalls:focus"
     " { border: 1px solid %accent%; }"
-    "#AddrBookUIPlugin_labelPreview, #linkhand_Messages_preview { padding: 4px; }"
     "QSplitter::handle { background: transparent; }"
     "QHeaderView::section { background: %bar%; color: %text%; border: none; border-bottom: 1px solid %line%;"
     " border-right: 1px solid %line%; padding: 3px 6px; }";

@@ -31,7 +31,8 @@ CallBox::CallBox(const QString& strPlugin, QWidget* pParent)
     m_pState->setWordWrap(true);
 
     QVBoxLayout* pTexts = new QVBoxLayout;
-    pTexts->addWidget(m_pNumber);
+    // A label puts a number to the left in any layout; as wide as its text it stands where the others begin.
+    pTexts->addWidget(m_pNumber, 0, Qt::AlignLeading);
     pTexts->addWidget(m_pState);
     QHBoxLayout* pLayout = new QHBoxLayout(this);
     pLayout->setContentsMargins(14, 12, 14, 12);

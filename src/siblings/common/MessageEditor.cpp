@@ -80,6 +80,7 @@ void MessageEditor::Retranslate()
     m_pAdd->setText(text("IDS_ADD_RECIPIENTS"));
     m_pSave->setText(text("IDS_SAVE_NUMBER"));
     m_pSubjectLabel->setText(text("IDS_SUBJECT"));
+    m_pText->setAccessibleName(text("IDS_TEXT"));
     m_pSend->setText(text("IDS_SEND"));
     m_pSend->setToolTip(text("IDS_SEND_TIP"));
     m_pClose->setText(text("IDS_CLOSE"));

@@ -101,6 +101,8 @@ void CallPage::Retranslate()
 {
     m_pTitle->setText(text("IDS_TITLE"));
     m_pHint->setText(text("IDS_HINT"));
+    m_pNumber->setAccessibleName(text("IDS_COLUMN_NUMBER"));
+    m_pCalls->setAccessibleName(text("IDS_TITLE"));
     m_pCall->setText(text("IDS_CALL"));
     m_pVideoCall->setText(text("IDS_VIDEO_CALL"));
     QStringList lstHeaders;

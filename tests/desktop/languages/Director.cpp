@@ -2,11 +2,15 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QDir>
 #include <QMenu>
+#include <QTemporaryDir>
 
 #include "Scenes.h"
 #include "TextFit.h"
 #include "Texts.h"
+#include "app/HostApplication.h"
+#include "linkhand/QtCompat.h"
 #include "window/MainWindow.h"
 
 namespace
@@ -28,6 +32,19 @@ QPalette darkPalette()
     return palette;
 }
 
+// The window manager makes a window the active one a moment after it is there; between the end of one and the start of
+// the next it may have none to choose.
+bool hasKeys(QWidget* pWidget)
+{
+    if (pWidget->isActiveWindow() || pWidget->windowType() == Qt::Popup) {
+        return true;
+    }
+    if (QApplication::activeWindow() == nullptr) {
+        pWidget->activateWindow();
+    }
+    return false;
+}
+
 } // namespace
 
 Director::Director(const QList<Pass>& listPasses, bool bPictures)
@@ -46,6 +63,29 @@ Director::Director(const QList<Pass>& listPasses, bool bPictures)
 void Director::Start()
 {
     m_timer.start(TICK_MS);
+}
+
+bool Director::Run(int& argc, char** argv)
+{
+    const QTemporaryDir folder;
+    const QString strData = folder.filePath("data");
+    qputenv("LINKHAND_DATA_DIR", QFile::encodeName(strData));
+    QtCompat::setDebugEnabled(false);
+    if (!QDir().mkpath(strData) || !Scenes::Fill(strData)) {
+        qWarning("cannot fill the phonebook");
+        return false;
+    }
+    QtCompat::prepareApplication();
+    QApplication application(argc, argv);
+    QApplication::setApplicationName("linkhand");
+    QApplication::setQuitOnLastWindowClosed(false);
+    HostApplication host{CommandLine()};
+    QTimer::singleShot(0, this, [this] {
+        Scenes::Main()->resize(1240, 760);
+        Start();
+    });
+    host.Run();
+    return true;
 }
 
 void Director::OnTick()
@@ -76,7 +116,7 @@ void Director::OnTick()
         QTimer::singleShot(0, this, scene.open);
         break;
     case WAIT:
-        m_iCalm = pWidget != nullptr && pWidget->size() == m_sizeLast ? m_iCalm + 1 : 0;
+        m_iCalm = pWidget != nullptr && pWidget->size() == m_sizeLast && hasKeys(pWidget) ? m_iCalm + 1 : 0;
         m_sizeLast = pWidget != nullptr ? pWidget->size() : QSize();
         if (m_iCalm >= CALM_TICKS) {
             look(pWidget);
@@ -140,6 +180,9 @@ void Director::look(QWidget* pWidget)
     shot.lstCut = TextFit::Cut(pWidget);
     if (!m_strBefore.isEmpty() && m_strBefore != pass.strLanguage) {
         shot.lstForeign = Texts::Foreign(pWidget, m_strBefore, pass.strLanguage);
+    }
+    if (m_inspect) {
+        shot.lstFaults = m_inspect(pWidget);
     }
     if (m_bPictures) {
         shot.image = pWidget->grab().toImage();

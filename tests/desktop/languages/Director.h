@@ -29,6 +29,7 @@ struct Shot {
     QImage image;
     QStringList lstCut;     // texts that do not fit
     QStringList lstForeign; // texts of the language before
+    QStringList lstFaults;  // what the inspector found
 };
 
 // Plays scenes inside the running program: opens each, waits until it is calm, looks at it and closes it. It lives on a
@@ -47,6 +48,13 @@ public:
     Director(const QList<Pass>& listPasses, bool bPictures);
 
     void Start();
+
+    // Looks at each window besides; what it finds wrong are the shot's lstFaults.
+    void SetInspector(const std::function<QStringList(QWidget*)>& inspect) { m_inspect = inspect; }
+
+    // Fills the phonebook, runs the program with the director in it and comes back at its end. False if it could not.
+    bool Run(int& argc, char** argv);
+
     const QList<Shot>& Shots() const { return m_listShots; }
 
     // What went wrong: scenes that did not come, languages that could not be chosen.
@@ -73,6 +81,7 @@ private:
     int m_iCalm;
     QSize m_sizeLast;
     QPointer<QWidget> m_pShown;
+    std::function<QStringList(QWidget*)> m_inspect;
     QString m_strBefore; // the language of the pass before
     QList<Shot> m_listShots;
     QStringList m_lstFailures;

@@ -1,12 +1,13 @@
 #include "Scenes.h"
 
 #include <QAbstractButton>
-#include <QContextMenuEvent>
 #include <QFile>
 #include <QFileDialog>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
+#include <QProcess>
 #include <QTableWidget>
 #include <QTextEdit>
 #include <QToolButton>
@@ -95,6 +96,11 @@ bool shown(int iLeast)
     if (pTable == nullptr || pPreview == nullptr || pTable->rowCount() < iLeast) {
         return false;
     }
+    // A read restores the order that the user left, and so the order in which the director found the table.
+    if (pTable->horizontalHeader()->sortIndicatorSection() != 0) {
+        pTable->horizontalHeader()->setSortIndicator(0, Qt::AscendingOrder);
+        return false;
+    }
     const QString strName = pTable->item(0, 0) != nullptr ? pTable->item(0, 0)->text() : QString();
     if (!pPreview->toPlainText().contains(strName) || pTable->selectedItems().isEmpty()) {
         selectFirst(pTable);
@@ -126,12 +132,10 @@ void closePopup()
     }
 }
 
-void contextMenu(QAbstractItemView* pView, const QPoint& point)
+// A real key: only from the keyboard does Qt make a context menu of it.
+void menuKey()
 {
-    const QPoint ptGlobal = pView->viewport()->mapToGlobal(point);
-    QCursor::setPos(ptGlobal);
-    QContextMenuEvent event(QContextMenuEvent::Mouse, point, ptGlobal);
-    QApplication::sendEvent(pView->viewport(), &event);
+    QProcess::startDetached("xdotool", {"key", "Menu"});
 }
 
 // Does something in a moment, when a window that runs its own loop has come.
@@ -265,18 +269,15 @@ void addMenus(QList<Scene>& listScenes)
     listScenes << scene(
         "table-menu",
         [] {
-            QTableWidget* pTable = Child<QTableWidget>(TABLE);
-            pTable->setFocus();
-            selectFirst(pTable);
-            contextMenu(pTable, pTable->visualItemRect(pTable->item(0, 0)).center() + QPoint(0, 1));
+            selectFirst(Child<QTableWidget>(TABLE));
+            menuKey();
         },
-        popup, closePopup);
+        [] { return Child<QTableWidget>(TABLE)->selectedItems().isEmpty() ? nullptr : popup(); }, closePopup);
     listScenes << scene(
         "tree-menu",
         [] {
-            QTreeWidget* pTree = Child<QTreeWidget>(TREE);
-            pTree->setFocus();
-            contextMenu(pTree, pTree->visualItemRect(node(NODE_LOCAL)).center());
+            Child<QTreeWidget>(TREE)->setFocus();
+            menuKey();
         },
         popup, closePopup);
     listScenes << scene(
@@ -344,7 +345,14 @@ void addDialogs(QList<Scene>& listScenes)
         "select-contacts",
         [] {
             click("linkhand_Messages_newSms");
-            click("SMSUIPlugin_buttonAddRecipients");
+            later([] {
+                const bool bReady =
+                    windowOf("SMSUIPlugin_window") != nullptr && windowOf("SMSUIPlugin_window")->isActiveWindow();
+                if (bReady) {
+                    QTimer::singleShot(0, qApp, [] { click("SMSUIPlugin_buttonAddRecipients"); });
+                }
+                return bReady;
+            });
         },
         []() -> QWidget* {
             QTreeWidget* pTree = seen<QTreeWidget>("AddrBookUIPlugin_selectContacts_treeContacts");

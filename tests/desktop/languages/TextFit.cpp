@@ -55,10 +55,12 @@ void checkLabel(const QLabel* pLabel, QStringList& lstProblems)
     }
     const int iMargin = 2 * pLabel->margin();
     const QSize has = pLabel->contentsRect().size() - QSize(iMargin, iMargin);
+    // Only a label with a buddy has a mnemonic.
+    const QString strShown = pLabel->buddy() != nullptr ? plain(pLabel->text()) : pLabel->text();
     // Where a line can be broken it is: what counts is the longest word, and the height of the lines.
     const QSize needs = pLabel->fontMetrics()
                             .boundingRect(QRect(QPoint(), QSize(has.width(), 10000)),
-                                          pLabel->wordWrap() ? Qt::TextWordWrap : Qt::TextSingleLine, pLabel->text())
+                                          pLabel->wordWrap() ? Qt::TextWordWrap : Qt::TextSingleLine, strShown)
                             .size();
     compare(pLabel, pLabel->text(), needs, has, lstProblems);
 }

@@ -1,14 +1,10 @@
 #include <QDir>
-#include <QTemporaryDir>
+#include <QGuiApplication>
 #include <QtTest>
 
 #include "ContactSheet.h"
 #include "Director.h"
 #include "Scenes.h"
-#include "app/CommandLine.h"
-#include "app/HostApplication.h"
-#include "linkhand/QtCompat.h"
-#include "window/MainWindow.h"
 
 // Every window of the program in each language. With "--sheets FOLDER" it writes pictures of them, light and dark, in
 // place of the tests: one sheet a language and theme; with "--shots FOLDER" each window by itself as well.
@@ -135,33 +131,18 @@ void TestDesktopLanguages::aChangeOfLanguageLeavesNoTextBehind()
 
 int main(int argc, char** argv)
 {
-    const QTemporaryDir folder;
-    qputenv("LINKHAND_DATA_DIR", QFile::encodeName(folder.filePath("data")));
-    QDir().mkpath(folder.filePath("data"));
-    QtCompat::prepareApplication();
-    QApplication application(argc, argv);
-    QApplication::setApplicationName("linkhand");
-    QApplication::setQuitOnLastWindowClosed(false);
-    QtCompat::setDebugEnabled(false);
-    const QStringList lstArguments = QApplication::arguments();
+    QStringList lstArguments;
+    for (int i = 1; i < argc; ++i) {
+        lstArguments << QString::fromLocal8Bit(argv[i]);
+    }
     const QString strSheets = option(lstArguments, "--sheets");
-    if (!Scenes::Fill(folder.filePath("data"))) {
-        qWarning("cannot fill the phonebook");
+    Director director(passes(!strSheets.isEmpty()), !strSheets.isEmpty());
+    if (!director.Run(argc, argv)) {
         return 1;
     }
-    Director director(passes(!strSheets.isEmpty()), !strSheets.isEmpty());
-    {
-        HostApplication host{CommandLine()};
-        QTimer::singleShot(0, &director, [&director] {
-            Scenes::Main()->resize(1240, 760);
-            director.Start();
-        });
-        host.Run();
-    }
     if (!strSheets.isEmpty()) {
-        foreach (const QString& strFailure, director.Failures()) {
-            qWarning("%s", qPrintable(strFailure));
-        }
+        // Captions need fonts, and these an application.
+        const QGuiApplication application(argc, argv);
         const bool bDone = writeSheets(director.Shots(), strSheets, option(lstArguments, "--shots"));
         return bDone && director.Failures().isEmpty() ? 0 : 1;
     }
