@@ -8,6 +8,9 @@ set(LINKHAND_TEST_OUTPUT ${CMAKE_BINARY_DIR}/tests)
 
 # The installed program keeps the same shape below one folder, with links in bin.
 set(LINKHAND_INSTALL_DIR ${CMAKE_INSTALL_LIBDIR}/linkhand)
+# Nobody but its owner may write to it, whatever the umask of who installs.
+set(CMAKE_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
+  OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 
 set(LINKHAND_BENCHMARK_OUTPUT ${CMAKE_BINARY_DIR}/benchmarks)
 
@@ -22,7 +25,7 @@ function(linkhand_library name)
     LIBRARY_OUTPUT_DIRECTORY ${LINKHAND_LIBRARY_OUTPUT})
   target_link_libraries(${name} PUBLIC linkhand_include)
   # The .so link belongs to the development files; the program needs the .so.1 alone.
-  install(TARGETS ${name} LIBRARY DESTINATION ${LINKHAND_INSTALL_DIR}/lib)
+  install(TARGETS ${name} LIBRARY DESTINATION ${LINKHAND_INSTALL_DIR}/lib NAMELINK_SKIP)
   add_dependencies(program ${name})
 endfunction()
 

@@ -1,4 +1,5 @@
-# One set of Qt targets for both releases: linkhand_qtcore, linkhand_qtwidgets and linkhand_qtxml.
+# One set of Qt targets for both releases: linkhand_qtcore, linkhand_qtwidgets and linkhand_qtxml. Nothing in src/ names
+# a Qt release. LINKHAND_LRELEASE compiles language files.
 
 set(CMAKE_AUTOMOC ON)
 
@@ -11,11 +12,22 @@ if(LINKHAND_QT EQUAL 5)
   target_link_libraries(linkhand_qtcore INTERFACE Qt5::Core)
   target_link_libraries(linkhand_qtwidgets INTERFACE Qt5::Widgets)
   target_link_libraries(linkhand_qtxml INTERFACE Qt5::Xml)
+  set(LINKHAND_LRELEASE Qt5::lrelease)
 elseif(LINKHAND_QT EQUAL 4)
-  find_package(Qt4 4.6 REQUIRED COMPONENTS QtCore QtGui QtXml)
+  find_package(Qt4 4.8 QUIET COMPONENTS QtCore QtGui QtXml)
+  if(NOT Qt4_FOUND)
+    message(FATAL_ERROR "LINKHAND_QT=4 needs the development files of Qt 4.8 (QtCore, QtGui, QtXml and moc), which were "
+      "not found. Where they are, name their qmake with -DQT_QMAKE_EXECUTABLE=...; without that option Qt 5 is used.")
+  endif()
   target_link_libraries(linkhand_qtcore INTERFACE Qt4::QtCore)
   target_link_libraries(linkhand_qtwidgets INTERFACE Qt4::QtGui)
   target_link_libraries(linkhand_qtxml INTERFACE Qt4::QtXml)
+  # From Qt itself, else whatever the system calls it; the files are the same.
+  if(QT_LRELEASE_EXECUTABLE)
+    set(LINKHAND_LRELEASE ${QT_LRELEASE_EXECUTABLE})
+  else()
+    find_program(LINKHAND_LRELEASE NAMES lrelease-qt4 lrelease REQUIRED)
+  endif()
 else()
   message(FATAL_ERROR "LINKHAND_QT must be 5 or 4, not ${LINKHAND_QT}")
 endif()

@@ -296,6 +296,14 @@
         <translation>Linkhand</translation>
     </message>
     <message>
+        <source>IDS_HOST_WELCOME</source>
+        <translation>دليل الهاتف فارغ. للبدء، انقر بزر الفأرة الأيمن على الجدول أدناه: أنشئ جهة اتصال جديدة، أو استورد جهات اتصال برنامج آخر من ملف.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_WELCOME_DISMISS</source>
+        <translation>إخفاء</translation>
+    </message>
+    <message>
         <source>IDS_OK</source>
         <translation>موافق</translation>
     </message>

@@ -296,6 +296,14 @@
         <translation>Linkhand</translation>
     </message>
     <message>
+        <source>IDS_HOST_WELCOME</source>
+        <translation>Ihr Telefonbuch ist leer. Klicken Sie zu Beginn mit der rechten Maustaste in die Tabelle unten: Legen Sie einen neuen Kontakt an, oder importieren Sie die Kontakte eines anderen Programms aus einer Datei.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_WELCOME_DISMISS</source>
+        <translation>Ausblenden</translation>
+    </message>
+    <message>
         <source>IDS_OK</source>
         <translation>OK</translation>
     </message>

@@ -296,6 +296,14 @@
         <translation>Linkhand</translation>
     </message>
     <message>
+        <source>IDS_HOST_WELCOME</source>
+        <translation>Your phonebook is empty. To begin, right-click the table below: create a new contact, or import the contacts of another program from a file.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_WELCOME_DISMISS</source>
+        <translation>Dismiss</translation>
+    </message>
+    <message>
         <source>IDS_OK</source>
         <translation>OK</translation>
     </message>
@@ -769,7 +777,7 @@ Create one with “New contact” in the tool bar, or import a file with the rig
     </message>
     <message>
         <source>IDS_LENGTH</source>
-        <translation>%1 characters, %2 message(s)</translation>
+        <translation>Characters: %1, messages: %2</translation>
     </message>
     <message>
         <source>IDS_SAVE_NUMBER</source>

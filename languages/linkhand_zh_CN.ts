@@ -296,6 +296,14 @@
         <translation>Linkhand</translation>
     </message>
     <message>
+        <source>IDS_HOST_WELCOME</source>
+        <translation>电话簿为空。要开始使用，请右键单击下面的表格：新建联系人，或从文件导入其他程序的联系人。</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_WELCOME_DISMISS</source>
+        <translation>关闭</translation>
+    </message>
+    <message>
         <source>IDS_OK</source>
         <translation>确定</translation>
     </message>

@@ -1,19 +1,17 @@
 // Prints a table of ratios: reading and writing contact files with the library against the CSV library's bare parse
 // and plain SQLite loops. Each figure is the best of some rounds in which the two sides take turns.
 
-#include <ctime>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
-#include <functional>
 #include <iterator>
 
 #include <csv.h>
 
 #include "benchmarks/sdk/BareStore.h"
+#include "benchmarks/support/Bench.h"
 #include "csv/Unicode.h"
 #include "orva/orva_sdk.h"
 #include "orva/orva_sim.h"
@@ -22,50 +20,16 @@ namespace
 {
 
 constexpr int memory = ORVA_MEMORY_LOCAL;
-constexpr int contacts = 50000;
+int contacts = 50000;
 constexpr int transactionSize = 200;
 const char* const keys[] = {"Name", "Mobile", "officePhone", "homePhone", "email", "remark"};
-
-bool missed = false;
 
 void expect(bool condition, const char* what)
 {
     if (condition)
         return;
     std::fprintf(stderr, "failed: %s\n", what);
-    std::exit(1);
-}
-
-enum class Time { Clock, Processor };
-
-double now(Time time)
-{
-    timespec at = {};
-    clock_gettime(time == Time::Clock ? CLOCK_MONOTONIC : CLOCK_PROCESS_CPUTIME_ID, &at);
-    return static_cast<double>(at.tv_sec) + static_cast<double>(at.tv_nsec) * 1e-9;
-}
-
-double secondsOf(const std::function<void()>& work, Time time)
-{
-    const double start = now(time);
-    work();
-    return now(time) - start;
-}
-
-void compare(const char* what, double most, int rounds, Time time, const std::function<void()>& ours,
-             const std::function<void()>& bare)
-{
-    double best = 1e9;
-    double bestBare = 1e9;
-    for (int i = 0; i < rounds; ++i) {
-        bestBare = std::min(bestBare, secondsOf(bare, time));
-        best = std::min(best, secondsOf(ours, time));
-    }
-    const double ratio = best / bestBare;
-    missed = missed || ratio > most;
-    std::printf("%-58s %8.2f %8.1f %8s   %.0f ms against %.0f ms\n", what, ratio, most, ratio > most ? "MISSED" : "",
-                best * 1e3, bestBare * 1e3);
-    std::fflush(stdout);
+    std::exit(2);
 }
 
 std::u16string utf16(const std::string& text)
@@ -223,7 +187,7 @@ std::string load(const std::string& path)
     return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
 }
 
-void measure(const std::string& base)
+void measure(const std::string& base, bench::Table& table)
 {
     const std::vector<bare::Row> rows = makeRows();
     expect(ORVA_Sim_Reset((base + "/full").c_str()) == ORVA_OK, "reset");
@@ -240,30 +204,36 @@ void measure(const std::string& base)
     exportBare(base + "/full/local.db", base + "/bare.csv");
     expect(bytes == load(base + "/bare.csv"), "the same bytes");
 
-    std::printf("%-58s %8s %8s\n", "what / against", "measured", "at most");
-    compare(
-        "import, parse and map / bare CSV parse, 50,000", 4.0, 15, Time::Processor,
-        [&] { ORVA_PBSrv_AddrRecordSet_Release(importFile(file)); }, [&] { parseBare(bytes); });
-    compare("export / SQLite loop writing the same bytes, 50,000", 2.0, 7, Time::Processor, exportAll,
-            [&] { exportBare(base + "/full/local.db", base + "/bare.csv"); });
+    const bench::Pair parsed = bench::inTurns(
+        15, [&] { ORVA_PBSrv_AddrRecordSet_Release(importFile(file)); }, [&] { parseBare(bytes); });
+    table.ratio("CSV import, parse and map 50,000 rows", "the CSV library's bare parse of the same bytes", parsed.ours,
+                parsed.base, 4.0, bench::By::Processor);
+    const bench::Pair exported =
+        bench::inTurns(7, exportAll, [&] { exportBare(base + "/full/local.db", base + "/bare.csv"); });
+    table.ratio("export of 50,000", "a plain SQLite loop writing the same bytes", exported.ours, exported.base, 2.0,
+                bench::By::Processor);
 
     expect(ORVA_Sim_Reset((base + "/target").c_str()) == ORVA_OK, "reset");
     expect(ORVA_Sim_SetCapacity(memory, 1000000) == ORVA_OK, "capacity");
     bare::Store plain(base + "/plain.db", true);
-    compare(
-        "import into the store / prepared insert of the same rows", 2.0, 5, Time::Clock, [&] { importIntoStore(file); },
-        [&] { insertBare(plain, rows); });
+    const bench::Pair stored = bench::inTurns(
+        5, [&] { importIntoStore(file); }, [&] { insertBare(plain, rows); });
+    table.ratio("the same import into the store", "a bare prepared insert of the same rows in transactions of 200",
+                stored.ours, stored.base, 2.0);
 }
 
 } // namespace
 
-int main()
+int main(int argc, char** argv)
 {
+    const bool quick = bench::isShort(argc, argv);
+    contacts /= quick ? 5 : 1;
     const std::string base =
         (std::filesystem::temp_directory_path() / ("files-benchmark-" + std::to_string(getpid()))).string();
     std::filesystem::create_directories(base);
-    measure(base);
+    bench::Table table(quick ? "Contact files, with a fifth of the contacts" : "Contact files");
+    measure(base, table);
     ORVA_Sim_Reset(nullptr);
     std::filesystem::remove_all(base);
-    return missed ? 1 : 0;
+    return table.result();
 }

@@ -1,15 +1,11 @@
 // Reads and batches through the worker against bare loops of the same SDK calls, in one run on one store.
 
 #include <QCoreApplication>
-#include <QElapsedTimer>
 #include <QEventLoop>
 #include <QLoggingCategory>
 #include <QTemporaryDir>
 
-#include <algorithm>
-#include <cstdio>
-#include <memory>
-
+#include "benchmarks/support/Bench.h"
 #include "logic/AddrBookLogic.h"
 #include "logic/PointerCarrier.h"
 #include "orva/orva_sim.h"
@@ -18,8 +14,8 @@
 namespace
 {
 
-const int g_contacts = 50000;
-const int g_batch = 1000;
+int g_contacts = 50000;
+int g_batch = 1000;
 const char* const g_keys[] = {"Name", "Mobile", "officePhone", "homePhone", "email", "remark"};
 
 QStringList valuesOf(int number)
@@ -61,10 +57,8 @@ void fill()
 }
 
 // The values go into a list of records, as anybody's would who reads contacts for a user interface.
-double bareWalk()
+void bareWalk()
 {
-    QElapsedTimer timer;
-    timer.start();
     QList<AddrBookRecord> records;
     void* set = nullptr;
     ORVA_PBSrv_GetAddrRecList(PB_MEM_LOCAL, &set);
@@ -81,30 +75,23 @@ double bareWalk()
         records.append(record);
     } while (ORVA_PBSrv_AddrRecordSet_MoveNext(set) == 0);
     ORVA_PBSrv_AddrRecordSet_Release(set);
-    return static_cast<double>(timer.nsecsElapsed()) / 1e6;
 }
 
-double logicRead()
+void logicRead()
 {
-    QElapsedTimer timer;
-    timer.start();
     QList<AddrBookRecord> records;
     AddrBookLogic::Instance()->GetRecordInGroup(records, PB_MEM_LOCAL, 0);
-    return static_cast<double>(timer.nsecsElapsed()) / 1e6;
 }
 
-double run(AddrBookThread& worker)
+void run(AddrBookThread& worker)
 {
     QEventLoop loop;
     QObject::connect(&worker, SIGNAL(finished()), &loop, SLOT(quit()));
-    QElapsedTimer timer;
-    timer.start();
     worker.start(QThread::InheritPriority);
     loop.exec();
-    return static_cast<double>(timer.nsecsElapsed()) / 1e6;
 }
 
-double workerRead()
+void workerRead()
 {
     AddrBookThread worker;
     Receiver receiver;
@@ -113,13 +100,11 @@ double workerRead()
     int anything = 0; // the worker only tests the table for null
     worker.SetOperation(ADDRBOOK_OP_READ, PB_MEM_LOCAL, QList<AddrBookRecord>(), 0);
     worker.SetReadOperation(reinterpret_cast<QTableWidget*>(&anything), 6);
-    return run(worker);
+    run(worker);
 }
 
-double bareAdds()
+void bareAdds()
 {
-    QElapsedTimer timer;
-    timer.start();
     for (int i = 0; i < g_batch; ++i) {
         if (i % 200 == 0) {
             ORVA_PBSrv_EndTransaction(PB_MEM_LOCAL);
@@ -137,10 +122,9 @@ double bareAdds()
         QThread::usleep(500);
     }
     ORVA_PBSrv_EndTransaction(PB_MEM_LOCAL);
-    return static_cast<double>(timer.nsecsElapsed()) / 1e6;
 }
 
-double workerAdds()
+void workerAdds()
 {
     QList<AddrBookRecord> records;
     for (int i = 0; i < g_batch; ++i) {
@@ -154,20 +138,7 @@ double workerAdds()
     receiver.worker = &worker;
     QObject::connect(&worker, SIGNAL(addResult(bool, qlonglong)), &receiver, SLOT(OnAddResult(bool, qlonglong)));
     worker.SetOperation(ADDRBOOK_OP_ADD, PB_MEM_LOCAL, records, 0);
-    return run(worker);
-}
-
-double best(double (*measure)())
-{
-    double fastest = measure();
-    for (int i = 0; i < 4; ++i)
-        fastest = std::min(fastest, measure());
-    return fastest;
-}
-
-void print(const char* what, double milliseconds, double base)
-{
-    std::printf("%-52s %9.1f ms %6.2f\n", what, milliseconds, milliseconds / base);
+    run(worker);
 }
 
 } // namespace
@@ -176,18 +147,28 @@ int main(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
     QLoggingCategory::setFilterRules(QLatin1String("default.debug=false"));
+    const bool quick = bench::isShort(argc, argv);
+    g_contacts /= quick ? 5 : 1;
+    g_batch /= quick ? 5 : 1;
     const QTemporaryDir folder;
     ORVA_Sim_Reset(folder.path().toUtf8().constData());
     fill();
-    std::printf("%d contacts of 6 values, best of 5\n", g_contacts);
-    const double walk = best(bareWalk);
-    print("bare walk into a list of records", walk, walk);
-    print("AddrBookLogic::GetRecordInGroup", best(logicRead), walk);
-    print("worker, start to finished, one signal a record", best(workerRead), walk);
-    std::printf("%d records added, 200 a commit, 500 us of sleep each, best of 5\n", g_batch);
-    const double adds = best(bareAdds);
-    print("bare loop", adds, adds);
-    print("worker, with the slot's answer", best(workerAdds), adds);
+    bench::Table table(quick ? "Worker, with a fifth of the contacts" : "Worker");
+    bench::Best walk;
+    bench::Best logic;
+    bench::Best worker;
+    for (int round = 0; round < 5; ++round) {
+        walk.add(bench::timeOf(bareWalk));
+        logic.add(bench::timeOf(logicRead));
+        worker.add(bench::timeOf(workerRead));
+    }
+    table.relation("`AddrBookLogic::GetRecordInGroup`, 50,000 contacts", "a bare walk into a list of records",
+                   logic.time(), walk.time());
+    table.relation("a read by the worker, one signal a record, from start to finish", "the same walk", worker.time(),
+                   walk.time());
+    const bench::Pair added = bench::inTurns(5, workerAdds, bareAdds);
+    table.relation("1,000 contacts added by the worker, each with the slot's answer", "a bare loop with the same pause",
+                   added.ours, added.base);
     AddrBookLogic::Destroy();
     ORVA_Sim_Reset(nullptr);
     return 0;

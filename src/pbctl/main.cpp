@@ -48,6 +48,7 @@ constexpr Command commands[] = {
 constexpr const char* commonHelp = "  --memory M        local (the PC's phonebook, the default), card or device\n"
                                    "  --data-dir DIR    the folder with the data, instead of the user's own\n"
                                    "  --help            this\n"
+                                   "  --version         the version\n"
                                    "\n"
                                    "Exit code: 0 done, 1 failed, 2 misused, 3 some contacts could not be taken.\n";
 
@@ -81,6 +82,10 @@ int run(const Arguments& arguments)
         throw UsageError("unknown command \"" + words[0] + "\"");
     if (asksForHelp) {
         printHelp(command);
+        return done;
+    }
+    if (arguments.has("version")) {
+        std::printf("pbctl %s\n", LINKHAND_VERSION);
         return done;
     }
     if (command == nullptr)

@@ -186,9 +186,15 @@ void AddrBookWaitingDlg::UpDateProgress(int iCurrent, int iTotal)
     // A cancel at the last step has no meaning any more.
     if (bLast && m_pbuttonCancel != nullptr)
         m_pbuttonCancel->setEnabled(false);
-    UpDateLabel(iCurrent, iTotal);
     if (bLast)
         m_iProgressValue = m_iProgressMax;
+    // The bar paints itself whenever its value changes; kept from that, it is painted once, with the counter.
+    if (m_pprogressBar != nullptr) {
+        m_pprogressBar->setUpdatesEnabled(false);
+        m_pprogressBar->setValue(m_iProgressValue);
+        m_pprogressBar->setUpdatesEnabled(true);
+    }
+    UpDateLabel(iCurrent, iTotal);
     UpdateProgressBar();
 }
 

@@ -26,11 +26,11 @@ const int s_iNetInService = 2;
 
 CAddrBookUIService* CAddrBookUIService::m_pInstance = nullptr;
 
-CAddrBookUIService::CAddrBookUIService() : m_pAddrBookDlg(nullptr) {}
+CAddrBookUIService::CAddrBookUIService() {}
 
 CAddrBookUIService::~CAddrBookUIService()
 {
-    delete m_pAddrBookDlg;
+    delete m_pAddrBookDlg.data();
 }
 
 CAddrBookUIService* CAddrBookUIService::instance()
@@ -113,7 +113,9 @@ void CAddrBookUIService::Hide()
     if (m_pAddrBookDlg == nullptr)
         return;
     m_pAddrBookDlg->CloseEditor();
-    m_pAddrBookDlg->hide();
+    // Its box about a name may have outlived the window.
+    if (m_pAddrBookDlg != nullptr)
+        m_pAddrBookDlg->hide();
 }
 
 void CAddrBookUIService::FitSize(QRect& rect)

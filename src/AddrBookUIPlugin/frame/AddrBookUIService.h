@@ -2,6 +2,7 @@
 #define ADDRBOOKUIPLUGIN_ADDRBOOKUISERVICE_H
 
 #include <QObject>
+#include <QPointer>
 #include <QRect>
 #include <QString>
 
@@ -48,7 +49,7 @@ private:
     Q_DISABLE_COPY(CAddrBookUIService)
 
     static CAddrBookUIService* m_pInstance;
-    AddrBookDlg* m_pAddrBookDlg;
+    QPointer<AddrBookDlg> m_pAddrBookDlg; // goes with the host's page if that goes first
 };
 
 #endif // ADDRBOOKUIPLUGIN_ADDRBOOKUISERVICE_H

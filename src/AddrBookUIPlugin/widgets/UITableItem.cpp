@@ -15,22 +15,81 @@ const QTextCodec* systemCodec()
 }
 } // namespace
 
-UITableItem::UITableItem() : QTableWidgetItem(s_iType), m_ullKeyHead(0), m_enKeyState(KEY_UNKNOWN) {}
+UITableItem::UITableItem()
+    : QTableWidgetItem(s_iType),
+      m_bOwnValues(false),
+      m_iAlignment(0),
+      m_iUserData(0),
+      m_ullKeyHead(0),
+      m_enKeyState(KEY_UNKNOWN)
+{
+}
 
 UITableItem::UITableItem(const QString& strText)
-    : QTableWidgetItem(strText, s_iType), m_ullKeyHead(0), m_enKeyState(KEY_UNKNOWN)
+    : QTableWidgetItem(strText, s_iType),
+      m_bOwnValues(false),
+      m_iAlignment(0),
+      m_iUserData(0),
+      m_ullKeyHead(0),
+      m_enKeyState(KEY_UNKNOWN)
+{
+}
+
+UITableItem::UITableItem(const QString& strText, Qt::Alignment alignment, qlonglong iUserData)
+    : QTableWidgetItem(s_iType),
+      m_bOwnValues(true),
+      m_strText(strText),
+      m_iAlignment(static_cast<int>(alignment)),
+      m_iUserData(iUserData),
+      m_ullKeyHead(0),
+      m_enKeyState(KEY_UNKNOWN)
 {
 }
 
 QString UITableItem::displayText() const
 {
-    return data(Qt::DisplayRole).toString();
+    return m_bOwnValues ? m_strText : data(Qt::DisplayRole).toString();
+}
+
+QVariant UITableItem::data(int iRole) const
+{
+    if (!m_bOwnValues)
+        return QTableWidgetItem::data(iRole);
+    switch (iRole) {
+    case Qt::DisplayRole:
+    case Qt::EditRole:
+        return m_strText;
+    case Qt::TextAlignmentRole:
+        return m_iAlignment;
+    case Qt::UserRole:
+        return m_iUserData;
+    default:
+        return QVariant();
+    }
 }
 
 void UITableItem::setData(int iRole, const QVariant& value)
 {
     m_enKeyState = KEY_UNKNOWN;
+    if (m_bOwnValues && (iRole == Qt::DisplayRole || iRole == Qt::EditRole) && value.type() == QVariant::String) {
+        if (m_strText == value.toString())
+            return;
+        m_strText = value.toString();
+        setFlags(flags()); // tells the table of a change, once
+        return;
+    }
+    if (m_bOwnValues)
+        moveToBase();
     QTableWidgetItem::setData(iRole, value);
+}
+
+void UITableItem::moveToBase()
+{
+    m_bOwnValues = false;
+    QTableWidgetItem::setData(Qt::DisplayRole, m_strText);
+    QTableWidgetItem::setData(Qt::TextAlignmentRole, m_iAlignment);
+    QTableWidgetItem::setData(Qt::UserRole, m_iUserData);
+    m_strText.clear();
 }
 
 // Folds each character by itself, as QString::compare does without regard to case. It takes the halves of a surrogate

@@ -6,14 +6,20 @@
 
 class QTextCodec;
 
-// A cell or a header item of the contact table: a plain item with the sort rule of the phonebook.
+// A cell or a header item of the contact table: a plain item with the sort rule of the phonebook. A cell's own values
+// stand in members up to the first change: a plain item keeps each in a list on the heap, and large tables spend most
+// of their time on making and freeing those.
 class UITableItem : public QTableWidgetItem
 {
 public:
     UITableItem();
     explicit UITableItem(const QString& strText);
 
+    // A cell: a text, its alignment, and a number under Qt::UserRole.
+    UITableItem(const QString& strText, Qt::Alignment alignment, qlonglong iUserData);
+
     bool operator<(const QTableWidgetItem& other) const override;
+    QVariant data(int iRole) const override;
     void setData(int iRole, const QVariant& value) override;
 
     // The rule itself. Case counts only between texts that are otherwise the same. With a codec, texts are compared as
@@ -26,6 +32,12 @@ private:
 
     QString displayText() const;
     bool makeKey() const;
+    void moveToBase();
+
+    bool m_bOwnValues; // the next three count, and the plain item has no values
+    QString m_strText;
+    int m_iAlignment;
+    qlonglong m_iUserData;
 
     // The text with its case folded away, for sorting without a codec, made at the first comparison. Its first four
     // characters stand in a number, so that most comparisons look no further than at the two items.

@@ -7,6 +7,7 @@
 #include <QHeaderView>
 #include <QMenu>
 #include <QPainter>
+#include <QPointer>
 #include <QSplitter>
 #include <QStyle>
 #include <QStyleOption>
@@ -79,7 +80,7 @@ void AddrBookDlg::stopReader()
 {
     if (m_pthreadRead == nullptr)
         return;
-    QObject::disconnect(m_pthreadRead, nullptr, nullptr, nullptr);
+    m_pthreadRead->DisconnectSignals();
     m_pthreadRead->StopOperation();
     m_pthreadRead->wait();
     delete m_pthreadRead;
@@ -88,7 +89,7 @@ void AddrBookDlg::stopReader()
 
 void AddrBookDlg::stopBatch()
 {
-    QObject::disconnect(&m_threadWorker, nullptr, nullptr, nullptr);
+    m_threadWorker.DisconnectSignals();
     m_threadWorker.StopOperation();
     // The worker may be waiting for the slot of a result that will not run any more, or be about to.
     while (m_threadWorker.isRunning()) {
@@ -211,11 +212,11 @@ void AddrBookDlg::connectStatusSlots()
     connect(m_pAddrBookLogic, SIGNAL(signalDeviceConnected(bool)), this, SLOT(OnDeviceStatusChanged(bool)));
     connect(m_pAddrBookLogic, SIGNAL(signalNetStatus(bool)), this, SLOT(OnNetStatusChanged(bool)));
     connect(m_psplitterMain, SIGNAL(splitterMoved(int, int)), this, SLOT(OnSplitterMoved(int, int)));
-    joinFlow(&m_threadWorker, SIGNAL(delResult(bool, int)), SLOT(OnDelResult(bool, int)));
-    joinFlow(&m_threadWorker, SIGNAL(addResult(bool, qlonglong)), SLOT(OnAddResult(bool, qlonglong)));
+    connect(&m_threadWorker, SIGNAL(delResult(bool, int)), this, SLOT(OnDelResult(bool, int)));
+    connect(&m_threadWorker, SIGNAL(addResult(bool, qlonglong)), this, SLOT(OnAddResult(bool, qlonglong)));
     // There is no such slot: Qt warns, and nothing of the window receives moveResult.
     connect(&m_threadWorker, SIGNAL(moveResult(bool, qlonglong)), this, SLOT(OnMoveResult(bool, qlonglong)));
-    joinFlow(&m_threadWorker, SIGNAL(finished()), SLOT(OnFinished()));
+    connect(&m_threadWorker, SIGNAL(finished()), this, SLOT(OnFinished()));
 }
 
 void AddrBookDlg::readRadio()
@@ -246,7 +247,11 @@ void AddrBookDlg::SetLanguage()
     setMenuShortCuts();
     if (m_plabelPreview != nullptr && m_bPreviewEmpty)
         m_plabelPreview->setText(noRecordText());
+    const QPointer<AddrBookDlg> pSelf(this);
     CloseEditor();
+    // Its box about a name may have outlived the window.
+    if (pSelf.isNull())
+        return;
     rePaintTree();
     if (m_ptreePhonebook != nullptr)
         OnTreeClicked(m_ptreePhonebook->currentItem());
@@ -327,14 +332,4 @@ void AddrBookDlg::paintEvent(QPaintEvent* /*event*/)
     QPainter painter(this);
     if (style() != nullptr)
         style()->drawPrimitive(QStyle::PE_Widget, &option, &painter, this);
-}
-
-bool AddrBookDlg::hasSlot(const char* szSlot) const
-{
-    return metaObject()->indexOfSlot(QMetaObject::normalizedSignature(szSlot + 1).constData()) >= 0;
-}
-
-bool AddrBookDlg::joinFlow(const QObject* pSender, const char* szSignal, const char* szSlot)
-{
-    return hasSlot(szSlot) && connect(pSender, szSignal, this, szSlot);
 }

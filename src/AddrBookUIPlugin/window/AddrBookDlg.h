@@ -102,10 +102,6 @@ private:
     void cancelBatchOn(_ORVA_EN_PHONEBOOK_MEMORY enMemory);
     bool isOnline() const { return m_bNetConnected && !m_bRFOff; }
 
-    // Connects to a slot of the window that may not be there; false if it is not.
-    bool joinFlow(const QObject* pSender, const char* szSignal, const char* szSlot);
-    bool hasSlot(const char* szSlot) const;
-
     // ---- Tree (AddrBookDlgTree.cpp) --------------------------------------------------------------------------------
 public:
     void SetTreeFocus();
@@ -201,7 +197,6 @@ public slots:
 private:
     bool createToolBar(QWidget* pParent);
     void connectToolBar();
-    void hideAbsentButtons();
     void appendShortcuts();
     void setButtonTip(int iId, const char* szTextId);
     QAbstractButton* toolButton(int iId) const;

@@ -75,13 +75,10 @@ void AddrBookDlg::constructContextMenu()
     ADDRBOOK_LOG_EXIT();
 }
 
-// An entry whose flow this window lacks is not shown, and by that disabled whatever the rules below say.
 void AddrBookDlg::connectAction(const MENU::QActionInfo& info, const char* szSlot)
 {
-    if (szSlot == nullptr || info.pAction == nullptr)
-        return;
-    if (!joinFlow(info.pAction, SIGNAL(triggered()), szSlot))
-        info.pAction->setVisible(false);
+    if (szSlot != nullptr && info.pAction != nullptr)
+        connect(info.pAction, SIGNAL(triggered()), this, szSlot);
 }
 
 void AddrBookDlg::tableMenuConnect()

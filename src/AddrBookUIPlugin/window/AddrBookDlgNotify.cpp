@@ -1,4 +1,4 @@
-#include <QScopedPointer>
+#include <QPointer>
 
 #include "dialogs/AddrBookSelectContactsDlg.h"
 #include "linkhand/core/Startup.h"
@@ -93,14 +93,18 @@ int AddrBookDlg::getPhoneFieldCount(const QList<QString>& lstFieldNames) const
 bool AddrBookDlg::OpenNumSelectDlg(bool bFlag, FIELD_TYPE enFieldType, QList<QString>& lstNumbers)
 {
     ADDRBOOK_LOG_ENTER();
-    const QScopedPointer<AddrBookSelectContactsDlg> pdlg(new (std::nothrow) AddrBookSelectContactsDlg);
+    // While it runs it belongs to the host's window, which may go and take it away; this window goes along then.
+    const QPointer<AddrBookSelectContactsDlg> pdlg(new (std::nothrow) AddrBookSelectContactsDlg);
     if (pdlg.isNull())
         return false;
     pdlg->InitDlg(this, m_pAddrBookLogic, bFlag, enFieldType, lstNumbers);
     pdlg->Exec();
+    if (pdlg.isNull())
+        return false;
     const bool bConfirmed = pdlg->GetButtonClicked();
     if (bConfirmed)
         pdlg->GetRecords(lstNumbers);
+    delete pdlg.data();
     ADDRBOOK_LOG_EXIT();
     return bConfirmed;
 }

@@ -65,7 +65,7 @@ void AddrBookDlg::connectShortcutsKeysToSlot()
     if (m_pshortcutSendMMS != nullptr)
         connect(m_pshortcutSendMMS, szActivated, this, SLOT(OnShortKeySendMMS()));
     if (m_pshortcutNewContact != nullptr)
-        joinFlow(m_pshortcutNewContact, szActivated, SLOT(OnButtonClickedNewContact()));
+        connect(m_pshortcutNewContact, szActivated, this, SLOT(OnButtonClickedNewContact()));
     if (m_pshortcutEditContact != nullptr && m_ptableContacts != nullptr)
         connect(m_pshortcutEditContact, szActivated, this, SLOT(OnShortKeyEditContact()));
     if (m_pshortcutDelete != nullptr)

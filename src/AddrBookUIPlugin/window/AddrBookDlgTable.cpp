@@ -147,20 +147,20 @@ void AddrBookDlg::connectHandlersForTable()
     connect(pTable, SIGNAL(itemSelectionChanged()), this, SLOT(OnTableItemSelectionChanged()));
     connect(pTable, SIGNAL(cellClicked(int, int)), this, SLOT(OnTableClicked(int, int)));
     connect(pTable, SIGNAL(emptyAreaRightClicked(bool)), this, SLOT(OnTableEmptyAreaRightClicked()));
-    joinFlow(pTable, SIGNAL(mouseDoubleClicked()), SLOT(OnButtonClickedEditContact()));
-    joinFlow(pTable, SIGNAL(editContact()), SLOT(OnButtonClickedEditContact()));
+    connect(pTable, SIGNAL(mouseDoubleClicked()), this, SLOT(OnButtonClickedEditContact()));
+    connect(pTable, SIGNAL(editContact()), this, SLOT(OnButtonClickedEditContact()));
     connect(pTable, SIGNAL(itemClicked(QTableWidgetItem*)), this, SLOT(OnTableItemClicked()));
     connect(pTable->horizontalHeader(), SIGNAL(sectionClicked(int)), this, SLOT(OnHeaderClicked(int)));
-    joinFlow(pTable, SIGNAL(newContact()), SLOT(OnButtonClickedNewContact()));
-    joinFlow(pTable, SIGNAL(deleteContact()), SLOT(OnButtonClickedDeleteContact()));
+    connect(pTable, SIGNAL(newContact()), this, SLOT(OnButtonClickedNewContact()));
+    connect(pTable, SIGNAL(deleteContact()), this, SLOT(OnButtonClickedDeleteContact()));
     connect(pTable, SIGNAL(showHideSearchControl()), this, SLOT(OnShowHideSearchBox()));
     connect(pTable, SIGNAL(sendMessage()), this, SLOT(OnButtonClickedSendSMS()));
     // The table has no such signal: Qt warns, and nothing depends on it.
     connect(pTable, SIGNAL(sendMmsMessage()), this, SLOT(OnButtonClickedSendMMS()));
     connect(pTable, SIGNAL(dragTargetChanged(QWidget*)), this, SLOT(OnDragTargetChanged(QWidget*)));
     connect(pTable, SIGNAL(makeCall()), this, SLOT(OnButtonClickedCall()));
-    joinFlow(pTable, SIGNAL(importMOE()), SLOT(OnBnClickedBtnMOE()));
-    joinFlow(pTable, SIGNAL(importMOO()), SLOT(OnBnClickedBtnMOO()));
+    connect(pTable, SIGNAL(importMOE()), this, SLOT(OnBnClickedBtnMOE()));
+    connect(pTable, SIGNAL(importMOO()), this, SLOT(OnBnClickedBtnMOO()));
 }
 
 void AddrBookDlg::UpdateTableRecords(QTreeWidgetItem* pItem)
@@ -248,7 +248,7 @@ void AddrBookDlg::startThreadAndUpdateTable(_ORVA_EN_PHONEBOOK_MEMORY enType, in
     ADDRBOOK_LOG_ENTER();
     m_enTableMemory = enType;
     if (m_pthreadRead != nullptr) {
-        QObject::disconnect(m_pthreadRead, nullptr, nullptr, nullptr);
+        m_pthreadRead->DisconnectSignals();
         m_pthreadRead->StopOperation();
     }
     m_pthreadReadOld = m_pthreadRead;
@@ -316,19 +316,18 @@ bool AddrBookDlg::fillRow(int iRow, _ORVA_EN_PHONEBOOK_MEMORY enType, const Addr
         QString strText = iColumn < record.lstValues.size() ? inOneLine(record.lstValues.at(iColumn)) : QString();
         if (bCorrectParentheses)
             CommonUtils::ParanthesisCorrectionForHeAndAr(strText);
-        QScopedPointer<UITableItem> pItem(new (std::nothrow) UITableItem(strText));
-        TableRowData* pData = new (std::nothrow) TableRowData;
-        if (pItem.isNull() || pData == nullptr) {
-            delete pData;
+        QScopedPointer<TableRowData> pData(new (std::nothrow) TableRowData);
+        UITableItem* pItem = pData.isNull() ? nullptr
+                                            : new (std::nothrow) UITableItem(strText, Qt::AlignLeft | Qt::AlignBottom,
+                                                                             pointerToCarrier(pData.data()));
+        if (pItem == nullptr)
             return false;
-        }
-        pItem->setTextAlignment(Qt::AlignLeft | Qt::AlignBottom);
         pItem->setFlags(pItem->flags() & ~Qt::ItemIsEditable);
         pData->enType = enType;
         pData->iRecordID = record.iID;
         pData->iGroupID = iGroupId;
-        pItem->setData(Qt::UserRole, pointerToCarrier(pData));
-        m_ptableContacts->setItem(iRow, iColumn, pItem.take());
+        pData.take();
+        m_ptableContacts->setItem(iRow, iColumn, pItem);
     }
     return true;
 }

@@ -13,16 +13,6 @@
 
 namespace
 {
-// What a click on a button does. The send button opens its menu, and search is told by the item's own flag.
-const struct {
-    int iId;
-    const char* szSlot;
-} s_lstButtons[] = {
-    {TOOL_NEW, SLOT(OnButtonClickedNewContact())},       {TOOL_EDIT, SLOT(OnButtonClickedEditContact())},
-    {TOOL_DELETE, SLOT(OnButtonClickedDeleteContact())}, {TOOL_CALL, SLOT(OnButtonClickedCall())},
-    {TOOL_IMPORT_MOE, SLOT(OnBnClickedBtnMOE())},        {TOOL_IMPORT_MOO, SLOT(OnBnClickedBtnMOO())},
-};
-
 QString configFile()
 {
     return CommonUtils::GetPluginLibraryPath() + QLatin1String("/plugins/AddrBookUIPlugin/Config.xml");
@@ -62,21 +52,10 @@ void AddrBookDlg::connectToolBar()
     if (m_pbuttonGroup != nullptr) {
         connect(m_pbuttonGroup, SIGNAL(buttonClicked(int)), this, SLOT(OnTBBtnClicked(int)));
         appendShortcuts();
-        hideAbsentButtons();
     }
     if (m_plineeditSearch != nullptr) {
         connect(m_plineeditSearch, SIGNAL(textEdited(QString)), this, SLOT(OnTextEdited(QString)));
-        joinFlow(m_plineeditSearch, SIGNAL(controlN()), SLOT(OnButtonClickedNewContact()));
-    }
-}
-
-// A button whose flow this window lacks is not shown.
-void AddrBookDlg::hideAbsentButtons()
-{
-    for (const auto& button : s_lstButtons) {
-        QAbstractButton* pButton = toolButton(button.iId);
-        if (pButton != nullptr && !hasSlot(button.szSlot))
-            pButton->hide();
+        connect(m_plineeditSearch, SIGNAL(controlN()), this, SLOT(OnButtonClickedNewContact()));
     }
 }
 
@@ -206,11 +185,26 @@ void AddrBookDlg::OnTBBtnClicked(int iId)
     }
     if (bSearch)
         OnShowHideSearchBox();
-    for (const auto& button : s_lstButtons) {
-        if (button.iId != iId || !hasSlot(button.szSlot))
-            continue;
-        const QByteArray strName(button.szSlot + 1, static_cast<int>(qstrlen(button.szSlot)) - 3);
-        QMetaObject::invokeMethod(this, strName.constData(), Qt::DirectConnection);
-        return;
+    switch (iId) {
+    case TOOL_NEW:
+        OnButtonClickedNewContact();
+        break;
+    case TOOL_EDIT:
+        OnButtonClickedEditContact();
+        break;
+    case TOOL_DELETE:
+        OnButtonClickedDeleteContact();
+        break;
+    case TOOL_CALL:
+        OnButtonClickedCall();
+        break;
+    case TOOL_IMPORT_MOE:
+        OnBnClickedBtnMOE();
+        break;
+    case TOOL_IMPORT_MOO:
+        OnBnClickedBtnMOO();
+        break;
+    default: // the send button opens its menu
+        break;
     }
 }

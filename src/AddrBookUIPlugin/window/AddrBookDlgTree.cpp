@@ -51,8 +51,7 @@ void AddrBookDlg::createTreeWidget()
     if (pDelegate == nullptr)
         return;
     m_ptreePhonebook->setSelectionBehavior(QAbstractItemView::SelectItems);
-    // Dropped contacts are the copying's; without it the tree takes none.
-    m_ptreePhonebook->setAcceptDrops(hasSlot(SLOT(OnAddResult(bool, qlonglong))));
+    m_ptreePhonebook->setAcceptDrops(true);
     m_ptreePhonebook->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_ptreePhonebook->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_ptreePhonebook->setItemDelegate(pDelegate);
@@ -66,18 +65,18 @@ void AddrBookDlg::createTreeWidget()
 void AddrBookDlg::connectTree(const QObject* pDelegate)
 {
     connect(m_ptreePhonebook, SIGNAL(itemClicked(QTreeWidgetItem*, int)), this, SLOT(OnTreeClicked(QTreeWidgetItem*)));
-    joinFlow(pDelegate, SIGNAL(closeEditor(QWidget*)), SLOT(OnEditorClosed(QWidget*)));
+    connect(pDelegate, SIGNAL(closeEditor(QWidget*)), this, SLOT(OnEditorClosed(QWidget*)));
     connect(m_ptreePhonebook, SIGNAL(itemEntered(QTreeWidgetItem*, int)), this,
             SLOT(OnTreeItemEntered(QTreeWidgetItem*)));
     connect(m_ptreePhonebook, SIGNAL(itemSelectionChanged()), this, SLOT(OnTreeItemSelectionChanged()));
-    joinFlow(m_ptreePhonebook, SIGNAL(itemDoubleClicked(QTreeWidgetItem*, int)),
-             SLOT(OnTreeDoubleClicked(QTreeWidgetItem*)));
-    joinFlow(m_ptreePhonebook, SIGNAL(newContact()), SLOT(OnButtonClickedNewContact()));
-    joinFlow(m_ptreePhonebook, SIGNAL(deleteGroup()), SLOT(OnDeleteGroupClicked()));
-    joinFlow(m_ptreePhonebook, SIGNAL(newGroup()), SLOT(OnNewGroupClicked()));
-    joinFlow(m_ptreePhonebook, SIGNAL(renameGroup()), SLOT(OnRenameGroupClicked()));
-    joinFlow(m_ptreePhonebook, SIGNAL(sendMessage()), SLOT(OnButtonClickedSendGroupSMS()));
-    joinFlow(m_ptreePhonebook, SIGNAL(sendMmsMessage()), SLOT(OnButtonClickedSendGroupMMS()));
+    connect(m_ptreePhonebook, SIGNAL(itemDoubleClicked(QTreeWidgetItem*, int)), this,
+            SLOT(OnTreeDoubleClicked(QTreeWidgetItem*)));
+    connect(m_ptreePhonebook, SIGNAL(newContact()), this, SLOT(OnButtonClickedNewContact()));
+    connect(m_ptreePhonebook, SIGNAL(deleteGroup()), this, SLOT(OnDeleteGroupClicked()));
+    connect(m_ptreePhonebook, SIGNAL(newGroup()), this, SLOT(OnNewGroupClicked()));
+    connect(m_ptreePhonebook, SIGNAL(renameGroup()), this, SLOT(OnRenameGroupClicked()));
+    connect(m_ptreePhonebook, SIGNAL(sendMessage()), this, SLOT(OnButtonClickedSendGroupSMS()));
+    connect(m_ptreePhonebook, SIGNAL(sendMmsMessage()), this, SLOT(OnButtonClickedSendGroupMMS()));
 }
 
 void AddrBookDlg::InitTree()

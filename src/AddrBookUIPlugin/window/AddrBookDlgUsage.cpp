@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QDomDocument>
 #include <QFile>
+#include <QStringList>
 #include <QTextStream>
 #include <QTime>
 #include <QXmlStreamWriter>
@@ -119,6 +120,42 @@ void updateItem(QDomDocument& document, QDomElement item, const QString& strName
         item.replaceChild(replacement, present);
 }
 
+// What the last rewrite made of which content. A drop rewrites the file once a contact, and all of these but the first
+// make the same of the same: only that one parses. User-interface thread.
+struct LastRewrite {
+    QStringList lstArguments;
+    QByteArray baBefore;
+    QByteArray baAfter;
+};
+LastRewrite s_lastRewrite;
+
+// The file's content with the item's element in it. False if it is no XML.
+bool rewrite(const QByteArray& baBefore, const QStringList& lstArguments, const QString& strTime, QByteArray& baAfter)
+{
+    if (s_lastRewrite.baBefore == baBefore && s_lastRewrite.lstArguments == lstArguments) {
+        baAfter = s_lastRewrite.baAfter;
+        return true;
+    }
+    QDomDocument document;
+    if (!document.setContent(baBefore))
+        return false;
+    const QDomElement item = findItem(document.documentElement(), lstArguments.at(0));
+    if (item.isNull())
+        appendItem(document, lstArguments.at(0), lstArguments.at(1), lstArguments.at(2), strTime);
+    else
+        updateItem(document, item, lstArguments.at(1), lstArguments.at(2));
+    QTextStream stream(&baAfter, QIODevice::WriteOnly);
+    document.save(stream, 4);
+    stream.flush();
+    // A new item holds the time and is made but once.
+    if (!item.isNull()) {
+        s_lastRewrite.lstArguments = lstArguments;
+        s_lastRewrite.baBefore = baBefore;
+        s_lastRewrite.baAfter = baAfter;
+    }
+    return true;
+}
+
 } // namespace
 
 bool AddrBookDlg::SavePBInfoForAgent(QString strItem, QString strName, QString strValue)
@@ -139,27 +176,22 @@ bool AddrBookDlg::SavePBInfoForAgent(QString strItem, QString strName, QString s
         return false;
     }
     setUsagePermissions(file);
-    QDomDocument document;
-    if (!document.setContent(&file)) {
+    QByteArray baAfter;
+    const bool bParsed = rewrite(file.readAll(), QStringList() << strItem << strName << strValue, strTime, baAfter);
+    file.close();
+    if (!bParsed) {
         ADDRBOOK_LOG("Error set file: ");
-        file.close();
         return false;
     }
-    file.close();
 
-    const QDomElement item = findItem(document.documentElement(), strItem);
-    if (item.isNull())
-        appendItem(document, strItem, strName, strValue, strTime);
-    else
-        updateItem(document, item, strName, strValue);
-
+    // Written over and cut at the end, not emptied first: a file system that guards against lost rewrites flushes an
+    // emptied file to the disk at once, which for each contact of a drop costs more than everything else together.
     QFile output(paths.strFile);
-    if (!output.open(QIODevice::WriteOnly | QIODevice::Text))
+    if (!output.open(QIODevice::ReadWrite | QIODevice::Unbuffered))
         return false;
     setUsagePermissions(file);
-    QTextStream stream(&output);
-    document.save(stream, 4);
-    stream.flush();
+    output.write(baAfter);
+    output.resize(baAfter.size());
     output.close();
     ADDRBOOK_LOG_EXIT();
     return true;

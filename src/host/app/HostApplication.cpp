@@ -12,6 +12,7 @@
 
 #include "HostText.h"
 #include "app/DataFolder.h"
+#include "app/FirstPaint.h"
 #include "app/Link.h"
 #include "app/Screenshot.h"
 #include "app/SdkFolders.h"
@@ -28,6 +29,7 @@
 #include "test/TestSocket.h"
 #include "window/MainWindow.h"
 #include "window/StatusArea.h"
+#include "window/WelcomeNote.h"
 
 namespace
 {
@@ -35,6 +37,9 @@ namespace
 // How long the end of the program waits for workers before their owners stop them: a slow card may go on for minutes,
 // and a program that is quit should be gone within two seconds.
 const int SHUTDOWN_LIMIT_MS = 1000;
+
+// How long the start waits for the window to be painted, which never happens on a workspace that is not shown.
+const int PAINT_LIMIT_MS = 200;
 
 void print(FILE* pStream, const QString& strText)
 {
@@ -93,7 +98,8 @@ HostApplication::HostApplication(const CommandLine& line)
       m_services(QCoreApplication::applicationDirPath(), DataFolder::SettingsFile()),
       m_settings(m_services.SettingsFile()),
       m_languages(m_services.LanguagesPath()),
-      m_iExitCode(0)
+      m_iExitCode(0),
+      m_bClosing(false)
 {
     DataFolder::Prepare(SdkFolders::LogFolder(), m_problems);
     m_pOutbox.reset(new Outbox(DataFolder::Path() + QLatin1String("/outbox.xml")));
@@ -125,15 +131,17 @@ int HostApplication::Run()
 {
     connect(m_pWindow.data(), SIGNAL(languageChosen(QString)), this, SLOT(OnLanguageChosen(QString)));
     connect(m_pWindow.data(), SIGNAL(closing()), this, SLOT(OnClosing()));
+    connect(&m_pWindow->Welcome(), SIGNAL(dismissed()), this, SLOT(OnWelcomeDismissed()));
     connect(m_pWatcher.data(), SIGNAL(notifyCode(int, int)), m_pLifecycle.data(), SLOT(NotifyAll(int, int)));
     UnixSignals unixSignals;
-    connect(&unixSignals, SIGNAL(received()), qApp, SLOT(quit()));
+    connect(&unixSignals, SIGNAL(received()), this, SLOT(OnClosing()));
     TestSocket testSocket;
 
+    showFrame();
     m_pWatcher->Start();
     loadPlugins();
     checkInstallation();
-    showWindow();
+    fillWindow();
     QScopedPointer<Screenshot> pScreenshot;
     if (!m_line.strScreenshot.isEmpty()) {
         pScreenshot.reset(new Screenshot(m_pWindow.data(), m_services.Workers(), m_line.strScreenshot, nullptr));
@@ -141,7 +149,9 @@ int HostApplication::Run()
     } else if (!m_problems.isEmpty()) {
         QTimer::singleShot(0, this, SLOT(OnReportProblems()));
     }
-    QApplication::exec();
+    if (!m_bClosing) {
+        QApplication::exec();
+    }
     shutDown();
     return m_iExitCode;
 }
@@ -158,6 +168,7 @@ void HostApplication::OnLanguageChosen(const QString& strCode)
 
 void HostApplication::OnClosing()
 {
+    m_bClosing = true;
     QApplication::quit();
 }
 
@@ -181,6 +192,11 @@ void HostApplication::OnReportProblems()
                                      nullptr, QString(), true);
         }
     }
+}
+
+void HostApplication::OnWelcomeDismissed()
+{
+    m_settings.SetWelcomeDismissed(true);
 }
 
 void HostApplication::loadPlugins()
@@ -217,16 +233,31 @@ void HostApplication::checkInstallation()
     }
 }
 
-void HostApplication::showWindow()
+// The window is on the screen before the plug-ins start: the contacts that they then read would otherwise be handled
+// before the window system's word that the window is there to be painted.
+void HostApplication::showFrame()
+{
+    m_pWindow->SetLanguages(m_languages.Entries(), m_services.Language());
+    m_pWindow->Retranslate();
+    m_pWindow->restoreGeometry(m_settings.Geometry());
+    m_pWindow->SetDevicePanelShown(m_settings.DevicePanelShown());
+    m_pWindow->Welcome().SetDismissed(m_settings.WelcomeDismissed());
+    const FirstPaint firstPaint(m_pWindow.data());
+    m_pWindow->show();
+    QTimer limit;
+    limit.setSingleShot(true);
+    limit.start(PAINT_LIMIT_MS);
+    while (!firstPaint.HasCome() && limit.isActive() && !m_bClosing) {
+        QApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::WaitForMoreEvents);
+    }
+}
+
+void HostApplication::fillWindow()
 {
     m_pWindow->BuildPages();
-    m_pWindow->SetLanguages(m_languages.Entries(), m_services.Language());
     m_pWindow->Retranslate();
     m_pWindow->Status().SetProblems(m_problems);
     m_pWindow->Status().SetState(m_pWatcher->State());
-    m_pWindow->restoreGeometry(m_settings.Geometry());
-    m_pWindow->SetDevicePanelShown(m_settings.DevicePanelShown());
-    m_pWindow->show();
     m_pWindow->ShowPage(QLatin1String(LINKHAND_ADDRBOOK_NAME));
 }
 

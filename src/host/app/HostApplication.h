@@ -22,8 +22,8 @@ class SimulatedModem;
 
 // Puts the program together and takes it apart again.
 //
-// Start: services and link are published, the plug-ins loaded, then started, then their pages built; the window comes
-// last. End: the window is hidden, the plug-ins go through their shutdown, then everything else goes in the reverse
+// Start: services and link are published, the window is shown, the plug-ins are loaded, then started, then their pages
+// built. End: the window is hidden, the plug-ins go through their shutdown, then everything else goes in the reverse
 // order.
 class HostApplication : public QObject
 {
@@ -44,11 +44,13 @@ private slots:
     void OnClosing();
     void OnScreenshotTaken(bool bWritten);
     void OnReportProblems();
+    void OnWelcomeDismissed();
 
 private:
     void loadPlugins();
     void checkInstallation();
-    void showWindow();
+    void showFrame();
+    void fillWindow();
     void applyLanguage(const QString& strCode);
     void shutDown();
 
@@ -66,6 +68,7 @@ private:
     QScopedPointer<MainWindow> m_pWindow;
     QScopedPointer<Link> m_pLink;
     int m_iExitCode;
+    bool m_bClosing; // quit before or while the event loop runs
 };
 
 #endif // LINKHAND_HOST_HOSTAPPLICATION_H

@@ -9,6 +9,7 @@ namespace
 const char* const LANGUAGE_KEY = "host/language";
 const char* const GEOMETRY_KEY = "host/geometry";
 const char* const DEVICE_PANEL_KEY = "host/devicepanel";
+const char* const WELCOME_KEY = "host/welcomedismissed";
 
 QVariant read(const QString& strFile, const char* pszKey)
 {
@@ -41,6 +42,16 @@ QByteArray HostSettings::Geometry() const
 void HostSettings::SetGeometry(const QByteArray& geometry)
 {
     write(m_strFile, GEOMETRY_KEY, geometry);
+}
+
+bool HostSettings::WelcomeDismissed() const
+{
+    return read(m_strFile, WELCOME_KEY).toBool();
+}
+
+void HostSettings::SetWelcomeDismissed(bool bDismissed)
+{
+    write(m_strFile, WELCOME_KEY, bDismissed);
 }
 
 bool HostSettings::DevicePanelShown() const

@@ -20,6 +20,10 @@ public:
     QByteArray Geometry() const;
     void SetGeometry(const QByteArray& geometry);
 
+    // Whether the user has put away the note that greets at an empty phonebook.
+    bool WelcomeDismissed() const;
+    void SetWelcomeDismissed(bool bDismissed);
+
     bool DevicePanelShown() const;
     void SetDevicePanelShown(bool bShown);
 

@@ -167,6 +167,12 @@ QStringList rows(const QAbstractItemView* pView)
     return QStringList(QString::number(iShown));
 }
 
+QString checkState(const QModelIndex& index)
+{
+    const QVariant state = index.data(Qt::CheckStateRole);
+    return state.isValid() ? state.toString() : QString::fromLatin1("-1");
+}
+
 // The rows that reach into the viewport, with the children of each that are shown.
 void cells(const QAbstractItemView* pView, const QModelIndex& parent, QStringList& lstLines)
 {
@@ -177,9 +183,10 @@ void cells(const QAbstractItemView* pView, const QModelIndex& parent, QStringLis
             const QModelIndex index = pModel->index(iRow, iColumn, parent);
             const QRect rect = pView->visualRect(index) & viewport;
             if (!rect.isEmpty()) {
-                lstLines.append(line(QStringList() << rowPath(index) << QString::number(iColumn)
-                                                   << index.data().toString() << area(pView->viewport(), rect)
-                                                   << flag(pView->selectionModel()->isSelected(index))));
+                lstLines.append(line(QStringList()
+                                     << rowPath(index) << QString::number(iColumn) << index.data().toString()
+                                     << area(pView->viewport(), rect)
+                                     << flag(pView->selectionModel()->isSelected(index)) << checkState(index)));
             }
         }
         cells(pView, pModel->index(iRow, 0, parent), lstLines);

@@ -21,7 +21,8 @@ QWidget* Find(const QString& strAddress);
 //   windows            class, object name, title, x, y, width, height, modal, active
 //   widget ADDRESS     class, object name, text, x, y, width, height, enabled, focused, checked
 //   rows ADDRESS       number of rows of an item view that are not hidden
-//   cells ADDRESS      each visible cell of an item view: row path, column, text, x, y, width, height, selected
+//   cells ADDRESS      each visible cell of an item view: row path, column, text, x, y, width, height, selected, check
+//                      state (-1 without a check box)
 //   headers ADDRESS    each shown section of a table's or tree's header: number, text, x, y, width, height
 //   actions ADDRESS    each entry of a menu: text, x, y, width, height, enabled, checked, opens a menu
 // Positions are in pixels of the screen.

@@ -19,6 +19,7 @@
 #include "window/PluginPage.h"
 #include "window/StatusArea.h"
 #include "window/StyleSheet.h"
+#include "window/WelcomeNote.h"
 
 namespace
 {
@@ -47,6 +48,7 @@ MainWindow::MainWindow(PluginContainer& container, Outbox& outbox, DeviceWatcher
     : m_container(container),
       m_watcher(watcher),
       m_pNavBar(new NavBar(this)),
+      m_pWelcome(new WelcomeNote(this)),
       m_pStack(new QStackedWidget(this)),
       m_pDevicePanel(new DevicePanel(watcher, this)),
       m_pStatus(new StatusArea(this)),
@@ -59,10 +61,14 @@ MainWindow::MainWindow(PluginContainer& container, Outbox& outbox, DeviceWatcher
     resize(1120, 740);
 
     QWidget* pCentral = new QWidget(this);
+    QVBoxLayout* pPage = new QVBoxLayout;
+    pPage->setSpacing(0);
+    pPage->addWidget(m_pWelcome);
+    pPage->addWidget(m_pStack, 1);
     QHBoxLayout* pRow = new QHBoxLayout;
     pRow->setSpacing(0);
     pRow->addWidget(m_pNavBar);
-    pRow->addWidget(m_pStack, 1);
+    pRow->addLayout(pPage, 1);
     pRow->addWidget(m_pDevicePanel);
     QVBoxLayout* pLayout = new QVBoxLayout(pCentral);
     pLayout->setContentsMargins(0, 0, 0, 0);
@@ -137,6 +143,7 @@ void MainWindow::Retranslate()
         }
     }
     m_pNavBar->Retranslate();
+    m_pWelcome->Retranslate();
     m_pMessages->Retranslate();
     m_pDevicePanel->Retranslate();
     m_pStatus->Retranslate();
@@ -167,6 +174,7 @@ void MainWindow::OnPageChosen(int iPage)
         m_listPages.at(m_iCurrentPage).pPlugin->Leave();
     }
     m_iCurrentPage = iPage;
+    m_pWelcome->SetPhonebookShown(m_listPages.at(iPage).strName == QLatin1String(LINKHAND_ADDRBOOK_NAME));
     m_pStack->setCurrentWidget(m_listPages.at(iPage).pWidget);
     if (m_listPages.at(iPage).pPlugin != nullptr) {
         m_listPages.at(iPage).pPlugin->Enter();

@@ -18,6 +18,7 @@ class PluginContainer;
 class PluginPage;
 class QStackedWidget;
 class StatusArea;
+class WelcomeNote;
 
 // The window of the program: pages at the side bar, one of them in the middle, the device panel, the status area.
 class MainWindow : public QMainWindow
@@ -36,6 +37,7 @@ public:
     void SetDevicePanelShown(bool bShown);
     bool DevicePanelShown() const;
     StatusArea& Status() { return *m_pStatus; }
+    WelcomeNote& Welcome() { return *m_pWelcome; }
 
     // The page of a plug-in, or "Messages"; null if there is none.
     QWidget* Page(const QString& strName) const;
@@ -74,6 +76,7 @@ private:
     PluginContainer& m_container;
     DeviceWatcher& m_watcher;
     NavBar* m_pNavBar;
+    WelcomeNote* m_pWelcome;
     QStackedWidget* m_pStack;
     DevicePanel* m_pDevicePanel;
     StatusArea* m_pStatus;

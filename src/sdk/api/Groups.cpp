@@ -16,12 +16,12 @@ constexpr std::size_t longestGroupName = 1024;
 
 constexpr long emptyGroupSet = -1;
 
-const GroupRow& currentGroup(void* handle)
+const StoredGroup& currentGroup(void* handle)
 {
     const auto& set = fromHandle<GroupSetHandle>(handle);
-    if (set.next == 0 || set.next > set.groups.size())
+    if (set.next == 0 || set.next > set.groups->size())
         throw Failure(ORVA_E_END, "no current group");
-    return set.groups[set.next - 1];
+    return (*set.groups)[set.next - 1];
 }
 
 } // namespace
@@ -35,8 +35,7 @@ long ORVA_PBSrv_GetGroupList(int memory, void** set)
         *set = nullptr;
         auto made = std::make_unique<GroupSetHandle>();
         made->memory = memory;
-        for (StoredGroup& group : groupStore(memory).groups())
-            made->groups.push_back({group.id, group.parent, group.size, std::move(group.name)});
+        made->groups = groupStore(memory).groups();
         *set = newHandle(std::move(made));
         return ORVA_OK;
     });
@@ -46,7 +45,7 @@ long ORVA_PBSrv_AddrGroupSet_MoveFirst(void* set)
 {
     return guarded(__func__, [&]() -> long {
         auto& held = fromHandle<GroupSetHandle>(set);
-        if (held.groups.empty())
+        if (held.groups->empty())
             return emptyGroupSet;
         held.next = 1;
         return ORVA_OK;
@@ -57,16 +56,16 @@ long ORVA_PBSrv_AddrGroupSet_MoveNext(void* set)
 {
     return guarded(__func__, [&] {
         auto& held = fromHandle<GroupSetHandle>(set);
-        if (held.next <= held.groups.size())
+        if (held.next <= held.groups->size())
             ++held.next;
-        return held.next <= held.groups.size() ? ORVA_OK : ORVA_E_END;
+        return held.next <= held.groups->size() ? ORVA_OK : ORVA_E_END;
     });
 }
 
 long ORVA_PBSrv_AddrGroupSet_GetID(void* set, int* id)
 {
     return guarded(__func__, [&] {
-        const GroupRow& group = currentGroup(set);
+        const StoredGroup& group = currentGroup(set);
         require(id);
         *id = group.id;
         return ORVA_OK;
@@ -76,7 +75,7 @@ long ORVA_PBSrv_AddrGroupSet_GetID(void* set, int* id)
 long ORVA_PBSrv_AddrGroupSet_GetParentID(void* set, int* parent)
 {
     return guarded(__func__, [&] {
-        const GroupRow& group = currentGroup(set);
+        const StoredGroup& group = currentGroup(set);
         require(parent);
         *parent = group.parent;
         return ORVA_OK;
@@ -86,7 +85,7 @@ long ORVA_PBSrv_AddrGroupSet_GetParentID(void* set, int* parent)
 long ORVA_PBSrv_AddrGroupSet_GetName(void* set, unsigned short** name)
 {
     return guarded(__func__, [&] {
-        const GroupRow& group = currentGroup(set);
+        const StoredGroup& group = currentGroup(set);
         require(name);
         *name = toApi(group.name);
         return ORVA_OK;
@@ -96,7 +95,7 @@ long ORVA_PBSrv_AddrGroupSet_GetName(void* set, unsigned short** name)
 long ORVA_PBSrv_AddrGroupSet_GetGroupSize(void* set, int* size)
 {
     return guarded(__func__, [&] {
-        const GroupRow& group = currentGroup(set);
+        const StoredGroup& group = currentGroup(set);
         require(size);
         *size = group.size;
         return ORVA_OK;

@@ -11,6 +11,8 @@
 namespace orva
 {
 
+struct StoredGroup;
+
 enum class HandleKind : std::uint8_t { None = 0, Record, RecordSet, Group, GroupSet };
 
 // What a handle stands for. The void* that clients hold is a number, not an address: a stale, foreign or invented one
@@ -41,17 +43,10 @@ struct GroupHandle final : HandleObject {
     std::u16string name;
 };
 
-struct GroupRow {
-    int id = 0;
-    int parent = 0;
-    int size = 0;
-    std::u16string name;
-};
-
 struct GroupSetHandle final : HandleObject {
     static constexpr HandleKind kind = HandleKind::GroupSet;
     int memory = 0;
-    std::vector<GroupRow> groups;
+    std::shared_ptr<const std::vector<StoredGroup>> groups;
     std::size_t next = 0;     // behind the current group; 0 in front of the first
     std::vector<int> members; // what GetAddrInGroupByID handed out last
 };

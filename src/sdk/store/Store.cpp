@@ -176,16 +176,19 @@ void Store::erase(int id)
 
 // ---- Groups
 
-std::vector<StoredGroup> Store::groups()
+std::shared_ptr<const std::vector<StoredGroup>> Store::groups()
 {
     return reading([&] {
-        reconnectIfReplaced();
-        std::vector<StoredGroup> groups;
-        Query query(*m_db, "SELECT id, parent, (SELECT count(*) FROM memberships WHERE grp = groups.id), name "
-                           "FROM groups ORDER BY id");
-        while (query.step())
-            groups.push_back({query.integer(0), query.integer(1), query.integer(2), std::u16string(query.text(3))});
-        return groups;
+        refresh();
+        if (m_groups == nullptr) {
+            std::vector<StoredGroup> groups;
+            Query query(*m_db, "SELECT id, parent, (SELECT count(*) FROM memberships WHERE grp = groups.id), name "
+                               "FROM groups ORDER BY id");
+            while (query.step())
+                groups.push_back({query.integer(0), query.integer(1), query.integer(2), std::u16string(query.text(3))});
+            m_groups = std::make_shared<const std::vector<StoredGroup>>(std::move(groups));
+        }
+        return m_groups;
     });
 }
 

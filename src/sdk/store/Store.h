@@ -59,7 +59,8 @@ public:
     void update(int id, const Values& values);
     void erase(int id);
 
-    std::vector<StoredGroup> groups();
+    // All of them, in the order of their identifiers; shared until something is written.
+    std::shared_ptr<const std::vector<StoredGroup>> groups();
     std::vector<int> members(int group);
     int addGroup(std::u16string_view name, int parent);
     void renameGroup(int id, std::u16string_view name);
@@ -98,6 +99,7 @@ private:
     void noteDamage(const Failure& failure);
     void reconnectIfReplaced();
     void refresh();
+    void forgetContent();
     void reloadCounters();
     void makeStatements();
 
@@ -132,7 +134,8 @@ private:
 
     // What the file holds, as far as this connection knows.
     int m_dataVersion = 0;
-    int m_count = -1; // -1: to be counted
+    int m_count = -1;                                         // -1: to be counted
+    std::shared_ptr<const std::vector<StoredGroup>> m_groups; // null: to be read
     int m_lastRecord = 0;
     int m_lastGroup = 0;
     bool m_countersChanged = false;
@@ -172,6 +175,7 @@ auto Store::writing(Body&& body) -> decltype(body())
     connect();
     try {
         startWriting(lock);
+        m_groups.reset();
         // Every write is one statement, so that a failing one leaves nothing half done behind.
         const auto result = body();
         if (m_transaction != Transaction::Open)

@@ -112,7 +112,7 @@ void Store::prepareOpened()
     m_db->learnEncoding();
     m_inode = inodeOf(m_path);
     m_dataVersion = m_db->queryInt("PRAGMA data_version");
-    m_count = -1;
+    forgetContent();
     ++m_changes;
 }
 
@@ -141,7 +141,7 @@ void Store::replaceDamaged()
             } catch (const Failure& lost) {
                 logFormat("%s: nothing could be saved from the damaged store: %s", m_path.c_str(), lost.what());
             }
-            m_count = -1;
+            forgetContent();
             reloadCounters();
         }
     } catch (...) {
@@ -182,12 +182,18 @@ void Store::refresh()
     if (version != m_dataVersion) {
         // Another process has written.
         m_dataVersion = version;
-        m_count = -1;
+        forgetContent();
         ++m_changes;
         reloadCounters();
     }
     if (m_count < 0)
         m_count = m_db->queryInt("SELECT count(*) FROM records");
+}
+
+void Store::forgetContent()
+{
+    m_count = -1;
+    m_groups.reset();
 }
 
 void Store::reloadCounters()
@@ -244,7 +250,7 @@ void Store::restore(const std::string& path)
     // Identifiers given out since the backup stay given out.
     configureConnection(*m_db);
     m_db->learnEncoding();
-    m_count = -1;
+    forgetContent();
     ++m_changes;
     reloadCounters();
     startWriting(lock);

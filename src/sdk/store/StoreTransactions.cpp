@@ -134,7 +134,7 @@ void Store::rollback()
     // SQLite may have rolled back by itself, and then the statement fails without harm.
     if (m_db->inTransaction())
         sqlite3_exec(m_db->handle(), "ROLLBACK", nullptr, nullptr, nullptr);
-    m_count = -1;
+    forgetContent();
     ++m_changes;
 }
 
@@ -152,7 +152,7 @@ void Store::breakTransaction(const Failure& failure)
     // What was written in it before is gone; end() must not say otherwise.
     m_transaction = Transaction::Broken;
     m_lostCode = failure.code();
-    m_count = -1;
+    forgetContent();
     ++m_changes;
 }
 

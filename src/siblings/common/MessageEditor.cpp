@@ -185,7 +185,7 @@ void MessageEditor::makeLayout()
     pLayout->addLayout(pHead);
     pLayout->addWidget(m_pText, 1);
     pLayout->addLayout(pFoot);
-    setMinimumSize(560, 320);
+    setMinimumSize(640, 360); // three numbers beside one another
 }
 
 void MessageEditor::report(const char* pszId)

@@ -2,6 +2,7 @@
 
 #include "Hand.h"
 #include "HostDriver.h"
+#include "PbCtl.h"
 #include "Profile.h"
 
 namespace
@@ -31,6 +32,8 @@ private slots:
     void aCardContactIsCopiedToThePc();
     void theNodeItComesFromRefuses();
     void theEmptyAreaRefuses();
+    void aFullCardRefuses();
+    void aCardThatFillsOnTheWaySaysHowManyWentIn();
     void aPressOnTheRightHalfDragsNothing();
     void aDragThatLeavesAndComesBackIsDropped();
     void escapeCancels();
@@ -49,6 +52,8 @@ private:
     QPoint handle(const QString& strContact);
     void drag(const QString& strContact, const QString& strNode, const QString& strKey = QString());
     bool answerBox();
+    bool restartWithCardContacts(int iCount);
+    void selectThree();
 
     QScopedPointer<Profile> m_pProfile;
     QScopedPointer<HostDriver> m_pHost;
@@ -73,6 +78,7 @@ void TestDesktopDrags::cleanup()
 {
     if (QTest::currentTestFailed())
         m_pHost->Screenshot(QStringLiteral("%1.png").arg(QTest::currentTestFunction()));
+    m_pHost->WaitForMainWindow();
     QVERIFY2(m_pHost->Quit() >= 0, qPrintable(m_pHost->Log()));
     QVERIFY2(m_pHost->ErrorLines().isEmpty(), qPrintable(m_pHost->ErrorLines().join('\n')));
 }
@@ -106,10 +112,30 @@ void TestDesktopDrags::drag(const QString& strContact, const QString& strNode, c
 
 bool TestDesktopDrags::answerBox()
 {
-    if (!m_pHost->WaitFor("modal/QPushButton"))
+    if (!m_pHost->WaitFor("modal/QPushButton") || !m_pHost->WaitForModal())
         return false;
     m_pHost->Key("Return");
     return m_pHost->WaitGone("modal");
+}
+
+bool TestDesktopDrags::restartWithCardContacts(int iCount)
+{
+    PbCtl store(m_pProfile->Path());
+    QString strText = "Name,Number\n";
+    for (int i = store.Used("card"); i < iCount; ++i)
+        strText += QStringLiteral("More %1,0173%1\n").arg(i, 4, 10, QLatin1Char('0'));
+    return m_pHost->Quit() >= 0 && store.Import("card", strText) && store.Used("card") == iCount &&
+           m_pHost->Start(m_pProfile->Path()) && shows(QStringLiteral("SIM card(%1/250)").arg(iCount)) &&
+           HostDriver::WaitUntil([this] { return m_pHost->Rows(TABLE) == 8; });
+}
+
+void TestDesktopDrags::selectThree()
+{
+    m_pHost->ClickAt(handle("Anna 0003"));
+    m_pHost->ClickAtHolding("ctrl", handle("Anna 0004"));
+    m_pHost->ClickAtHolding("ctrl", handle("Anna 0007"));
+    QTRY_VERIFY(m_pHost->Cell(TABLE, "Anna 0003").bSelected && m_pHost->Cell(TABLE, "Anna 0004").bSelected &&
+                m_pHost->Cell(TABLE, "Anna 0007").bSelected);
 }
 
 void TestDesktopDrags::aRowOfTheRootJoinsAGroup()
@@ -155,9 +181,7 @@ void TestDesktopDrags::aRowOfAGroupStaysThereWhenDroppedOnTheRootWithCtrl()
 
 void TestDesktopDrags::severalRowsGoTogether()
 {
-    m_pHost->ClickAt(handle("Anna 0003"));
-    m_pHost->ClickAtHolding("ctrl", handle("Anna 0004"));
-    m_pHost->ClickAtHolding("ctrl", handle("Anna 0007"));
+    selectThree();
     drag("Anna 0004", "Work");
     QVERIFY(shows("Work(3)"));
     QTRY_COMPARE(m_pHost->Rows(TABLE), 3);
@@ -220,6 +244,41 @@ void TestDesktopDrags::theEmptyAreaRefuses()
     hand.Release();
     QVERIFY(shows("Work(0)"));
     QCOMPARE(m_pHost->Rows(TABLE), 8);
+}
+
+void TestDesktopDrags::aFullCardRefuses()
+{
+    QVERIFY(restartWithCardContacts(250));
+    Hand hand;
+    hand.Press(handle("Anna 0002"));
+    hand.MoveTo(node("Work"));
+    QVERIFY(isLit("Work"));
+    hand.MoveTo(node("SIM"));
+    hand.Release();
+    QVERIFY(shows("SIM card(250/250)"));
+    QVERIFY(!m_pHost->Exists("modal"));
+    QCOMPARE(m_pHost->Rows(TABLE), 8);
+    // The next drag works.
+    drag("Anna 0002", "Device");
+    QVERIFY(shows("Device(2/500)"));
+    QVERIFY(answerBox());
+    QCOMPARE(PbCtl(m_pProfile->Path()).Used("card"), 250);
+}
+
+void TestDesktopDrags::aCardThatFillsOnTheWaySaysHowManyWentIn()
+{
+    QVERIFY(restartWithCardContacts(248));
+    selectThree();
+    drag("Anna 0004", "SIM");
+    QVERIFY(m_pHost->WaitFor("linkhand_MessageBox"));
+    QCOMPARE(m_pHost->Text("linkhand_MessageBox"), QStringLiteral("The memory is full. Contacts copied: 2"));
+    QVERIFY(answerBox());
+    QVERIFY(shows("SIM card(250/250)"));
+    QVERIFY(shows("Computer(8)")); // nothing is lost
+    QTRY_COMPARE(m_pHost->Rows(TABLE), 250);
+    PbCtl store(m_pProfile->Path());
+    QCOMPARE(store.Used("card"), 250);
+    QCOMPARE(store.Used("local"), 8);
 }
 
 void TestDesktopDrags::aPressOnTheRightHalfDragsNothing()

@@ -77,7 +77,9 @@ bool HostDriver::Launch(const QString& strDataDir, const QStringList& lstArgumen
     m_log.clear();
     disconnectSocket();
     m_process.setProcessEnvironment(m_environment);
-    m_process.start(m_strProgram, QStringList() << "--data-dir" << strDataDir << lstArguments);
+    const QStringList lstCommand = QStringList(m_lstRunner)
+                                   << m_strProgram << "--data-dir" << strDataDir << lstArguments;
+    m_process.start(lstCommand.first(), lstCommand.mid(1));
     return m_process.waitForStarted();
 }
 
@@ -114,18 +116,24 @@ int HostDriver::WaitForExit(int iLimitMs)
 
 QString HostDriver::Log()
 {
-    m_log += m_process.readAllStandardError();
+    if (m_process.isOpen()) {
+        m_log += m_process.readAllStandardError();
+    }
     return QString::fromLocal8Bit(m_log);
 }
 
 QStringList HostDriver::ErrorLines()
 {
     // Two connections of the phonebook are asked for though one end does not exist, which Qt says; a node without a
-    // group asks for one when the tree is painted anew; Qt's X11 part may ask for a window that has just closed.
+    // group asks for one when the tree is painted anew; a phonebook without groups is told as a walk that cannot
+    // begin; without a card there is no PIN to be told of (code 1007); Qt's X11 part may ask for a window that has just
+    // closed.
     static const QRegularExpression known("No such slot AddrBookDlg::OnMoveResult|"
                                           "No such signal AddrBookTableWidget::sendMmsMessage|"
                                           "QObject::connect:  \\((sender|receiver) name:|"
+                                          "GetGroups: ORVA_PBSrv_AddrGroupSet_MoveFirst returned -1$|"
                                           "GetGroupInfo could not find the info for the given group id|"
+                                          "ORVA_DevSrv_GetPinStatus returned 1007|"
                                           "XCB error: 3 \\(BadWindow\\)");
     QStringList lstLines;
     foreach (const QString& strLine, Log().split('\n', Qt::SkipEmptyParts)) {
@@ -172,6 +180,7 @@ QList<CellInfo> HostDriver::Cells(const QString& strAddress)
         cell.strText = lstFields.value(2);
         cell.rect = rect(lstFields, 3);
         cell.bSelected = flag(lstFields, 7);
+        cell.iCheckState = lstFields.value(8).toInt();
         listCells.append(cell);
     }
     return listCells;
@@ -261,6 +270,28 @@ bool HostDriver::WaitGone(const QString& strAddress)
     return WaitUntil([&] { return !Exists(strAddress); });
 }
 
+bool HostDriver::WaitForFocus(const QString& strAddress)
+{
+    return WaitUntil([&] { return Widget(strAddress).bFocused; });
+}
+
+bool HostDriver::WaitForMainWindow()
+{
+    return WaitUntil(
+        [this] { return !Windows().filter(QRegularExpression("^[^\t]*\tlinkhand_MainWindow\t.*\t1$")).isEmpty(); });
+}
+
+bool HostDriver::WaitForModal()
+{
+    QStringList lstBefore;
+    return WaitUntil([&] {
+        const QStringList lstNow = Windows().filter(QRegularExpression("\t1\t1$"));
+        const bool bStill = !lstNow.isEmpty() && lstNow == lstBefore;
+        lstBefore = lstNow;
+        return bStill;
+    });
+}
+
 bool HostDriver::Click(const QString& strAddress, int iButton)
 {
     // A widget may still be moving to its place.
@@ -321,22 +352,24 @@ void HostDriver::ClickAtHolding(const QString& strKey, const QPoint& point)
     xdotool(QStringList() << "keyup" << strKey);
 }
 
+void HostDriver::MoveTo(const QPoint& point)
+{
+    xdotool(QStringList() << "mousemove" << QString::number(point.x()) << QString::number(point.y()));
+}
+
 void HostDriver::Drag(const QPoint& from, const QPoint& to)
 {
-    const auto moveTo = [](const QPoint& point) {
-        xdotool(QStringList() << "mousemove" << QString::number(point.x()) << QString::number(point.y()));
-    };
-    moveTo(from);
+    MoveTo(from);
     xdotool(QStringList() << "mousedown"
                           << "1");
     // A drag begins after some way, and its targets want to see the pointer move.
     const int iSteps = 12;
     for (int i = 1; i <= iSteps; ++i) {
-        moveTo(from + (to - from) * i / iSteps);
+        MoveTo(from + (to - from) * i / iSteps);
         QTest::qWait(STEP_MS);
     }
-    moveTo(to + QPoint(1, 1));
-    moveTo(to);
+    MoveTo(to + QPoint(1, 1));
+    MoveTo(to);
     QTest::qWait(5 * STEP_MS);
     xdotool(QStringList() << "mouseup"
                           << "1");
@@ -361,11 +394,15 @@ void HostDriver::CloseActiveWindow()
     Key("alt+F4");
 }
 
-bool HostDriver::Screenshot(const QString& strFile)
+bool HostDriver::Screenshot(const QString& strFile, const QRect& part)
 {
-    return QProcess::execute("import", QStringList() << "-silent"
-                                                     << "-window"
-                                                     << "root" << strFile) == 0;
+    QStringList lstArguments = {"-silent", "-window", "root"};
+    if (!part.isEmpty()) {
+        lstArguments << "-crop"
+                     << QStringLiteral("%1x%2+%3+%4").arg(part.width()).arg(part.height()).arg(part.x()).arg(part.y())
+                     << "+repage";
+    }
+    return QProcess::execute("import", lstArguments << strFile) == 0;
 }
 
 QStringList HostDriver::ask(const QString& strQuery, bool& bFound)

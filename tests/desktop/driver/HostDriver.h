@@ -30,6 +30,7 @@ struct CellInfo {
     QString strText;
     QRect rect;
     bool bSelected = false;
+    int iCheckState = -1; // as Qt::CheckState; -1: there is no check box
 };
 
 // An entry of a menu.
@@ -55,6 +56,9 @@ public:
 
     // The program to run; the built one unless set.
     void SetProgram(const QString& strProgram) { m_strProgram = strProgram; }
+
+    // A command that runs the program in its own place, such as setpriv with its options.
+    void SetRunner(const QStringList& lstRunner) { m_lstRunner = lstRunner; }
     void SetEnvironment(const QString& strName, const QString& strValue) { m_environment.insert(strName, strValue); }
 
     // Starts the program on a data folder and waits until its main window is on the screen. False, with the reason in
@@ -69,6 +73,9 @@ public:
 
     // Waits for the end. The exit code, -1 for a crash or none within the limit.
     int WaitForExit(int iLimitMs = 20000);
+
+    // The folder of the test socket, which the program must be able to write.
+    QString SocketFolder() const { return m_folder.path(); }
     bool Running() const { return m_process.state() == QProcess::Running; }
     qint64 Pid() const { return m_process.processId(); }
 
@@ -97,6 +104,13 @@ public:
     static bool WaitUntil(const std::function<bool()>& condition, int iLimitMs = 15000);
     bool WaitFor(const QString& strAddress);
     bool WaitGone(const QString& strAddress);
+    bool WaitForFocus(const QString& strAddress);
+
+    // Waits until the modal window has the focus and stays in its place: the window manager has put it there.
+    bool WaitForModal();
+
+    // Waits until the main window has the focus, which it gets back a moment after a dialog is gone.
+    bool WaitForMainWindow();
 
     // What a person does. False if the target does not come.
     bool Click(const QString& strAddress, int iButton = 1);
@@ -104,6 +118,7 @@ public:
     bool DoubleClickCell(const QString& strAddress, const QString& strText);
     bool ClickAction(const QString& strText);
     void ClickAt(const QPoint& point, int iButton = 1, int iTimes = 1);
+    void MoveTo(const QPoint& point);
     void Drag(const QPoint& from, const QPoint& to);
 
     // Keys in xdotool's names, such as "ctrl+n" or "Return"; text as it is.
@@ -116,8 +131,8 @@ public:
     // Asks the window manager to close the window with this object name, as its close button does.
     void CloseActiveWindow();
 
-    // Writes a picture of the whole screen.
-    bool Screenshot(const QString& strFile);
+    // Writes a picture of the whole screen or of a part of it.
+    bool Screenshot(const QString& strFile, const QRect& part = QRect());
 
 private:
     QStringList ask(const QString& strQuery, bool& bFound);
@@ -127,6 +142,7 @@ private:
 
     QTemporaryDir m_folder;
     QString m_strProgram;
+    QStringList m_lstRunner;
     QProcessEnvironment m_environment;
     QProcess m_process;
     QByteArray m_log;

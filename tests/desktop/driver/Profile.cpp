@@ -1,7 +1,9 @@
 #include "Profile.h"
 
 #include <QFile>
+#include <QProcess>
 
+#include "PbCtl.h"
 #include "orva/orva_sdk.h"
 #include "orva/orva_sim.h"
 
@@ -55,6 +57,18 @@ int Profile::AddGroup(const QString& strName, int iParent, const QList<int>& lis
         bDone = bDone && ORVA_PBSrv_AddAddrToGroup(iId, iMember, ORVA_MEMORY_LOCAL) == ORVA_OK;
     }
     return bDone ? iId : 0;
+}
+
+bool Profile::Import(int iMemory, const QStringList& lstLines)
+{
+    static const char* const s_apszMemories[] = {"card", "device"};
+    PbCtl pbctl(Path());
+    const bool bDone =
+        pbctl.Import(iMemory == ORVA_MEMORY_LOCAL ? "local" : s_apszMemories[iMemory], lstLines.join('\n') + '\n');
+    if (!bDone) {
+        qWarning("pbctl: %s", qPrintable(pbctl.Said()));
+    }
+    return bDone;
 }
 
 void Profile::Close()

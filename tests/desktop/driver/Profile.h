@@ -23,6 +23,10 @@ public:
     // Adds a group to the PC's phonebook and gives its identifier, 0 on failure.
     int AddGroup(const QString& strName, int iParent, const QList<int>& listMembers);
 
+    // Has pbctl import contacts, given as lines of a file with titles in its first line; groups come from a column
+    // "Groups". False if it did not take them all.
+    bool Import(int iMemory, const QStringList& lstLines);
+
     // Lets go of the data folder; called before the program is started.
     void Close();
 

@@ -87,6 +87,26 @@ private slots:
         QCOMPARE(user.forms(), 1);
     }
 
+    // The key stays live when button and entry are off.
+    void keyOfANewContactObeysTheCapacity()
+    {
+        WindowFixture f;
+        FakeCore::setShortcut("IDS_PMMENU_ADD", QKeySequence("Ctrl+F11"));
+        Contacts::fill(0, "Name", 50);
+        FakeSdk::setCapacity(0, 50);
+        f.build();
+        QVERIFY(QTest::qWaitForWindowActive(f.window()));
+        FormUser user([](AddrBookEditDlgAccess) {});
+        f.click(f.in().sim());
+        f.tree()->setFocus();
+        QTest::keyClick(f.tree(), Qt::Key_F11, Qt::ControlModifier);
+        QCOMPARE(user.forms(), 0);
+        QVERIFY(FakeCore::messages().isEmpty());
+        f.click(f.in().local());
+        QTest::keyClick(f.tree(), Qt::Key_F11, Qt::ControlModifier);
+        QCOMPARE(user.forms(), 1);
+    }
+
     void lastPlaceTakenTurnsNewOff()
     {
         WindowFixture f;

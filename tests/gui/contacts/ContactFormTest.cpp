@@ -349,6 +349,22 @@ private slots:
         QCOMPARE(FakeSdk::record(1, 1).first(), QString("Emil"));
     }
 
+    void buttonsOfTheBarOpenTheForm()
+    {
+        WindowFixture f;
+        WindowFixture::fillStores();
+        f.build();
+        f.selectRows({1});
+        FormUser user([](AddrBookEditDlgAccess) {});
+        f.button(TOOL_EDIT)->click();
+        QCOMPARE(user.title(), QString("IDS_RECORD_INFO"));
+        QCOMPARE(user.firstName(), QString("Bert"));
+        f.button(TOOL_NEW)->click();
+        QCOMPARE(user.title(), QString("IDS_ADD_RECORD_INFO"));
+        QCOMPARE(user.firstName(), QString());
+        QCOMPARE(user.forms(), 2);
+    }
+
     // ---- What happens meanwhile ------------------------------------------------------------------------------------
 
     void contactSavedWhileAReadRunsLeavesEachRowWhole()
@@ -467,6 +483,19 @@ private slots:
         f.click(f.in().local());
         f.window()->OnShortKeyNewGroup();
         QCOMPARE(f.in().local()->childCount(), before + 1);
+    }
+
+    void shortcutOfARenameOpensTheEditorOfTheCurrentGroup()
+    {
+        WindowFixture f;
+        WindowFixture::fillStores();
+        f.build();
+        f.click(f.node("Friends"));
+        QTreeWidgetItem* const node = f.tree()->currentItem();
+        f.tree()->setFocus();
+        f.window()->OnShortKeyRenameGroup();
+        QCOMPARE(f.in().editedGroup(), node);
+        QVERIFY(f.tree()->itemWidget(node, 0) != nullptr);
     }
 
     void shortcutOfDeleteFollowsTheFocus()

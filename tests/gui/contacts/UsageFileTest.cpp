@@ -141,6 +141,31 @@ private slots:
         QCOMPARE(content(), once);
     }
 
+    void contentChangedFromOutsideIsTakenUp()
+    {
+        if (geteuid() != 0)
+            QSKIP("an ordinary user cannot open the file again: needs root");
+        QVERIFY(note());
+        QVERIFY(note());
+        write("<Client><Item itemname=\"PB01\"><PBisUsing>0</PBisUsing><Other>8</Other></Item></Client>");
+        QVERIFY(note());
+        QCOMPARE(children(root().firstChildElement()), QStringList({"PBisUsing=1", "Other=8"}));
+        QVERIFY(note());
+        QVERIFY(window()->SavePBInfoForAgent("PB01", "PBisUsing", "2"));
+        QCOMPARE(children(root().firstChildElement()), QStringList({"PBisUsing=2", "Other=8"}));
+    }
+
+    void nothingIsLeftOfALongerContent()
+    {
+        if (geteuid() != 0)
+            QSKIP("an ordinary user cannot open the file again: needs root");
+        write("<Client><Item itemname=\"PB01\"><PBisUsing>" + QByteArray(5000, '7') + "</PBisUsing></Item></Client>" +
+              QByteArray(300, ' '));
+        QVERIFY(note());
+        QVERIFY2(content().size() < 200, content().constData());
+        QCOMPARE(children(root().firstChildElement()), QStringList("PBisUsing=1"));
+    }
+
     void itemWithoutTheElementGetsItAppended()
     {
         if (geteuid() != 0)

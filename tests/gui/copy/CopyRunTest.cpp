@@ -154,6 +154,30 @@ private slots:
         QCOMPARE(CopyFixture::all(4).size(), 6);
     }
 
+    void targetThatLeavesTheTreeDuringTheDropLeavesTheDialogWithAWorkingCancel()
+    {
+        CopyFixture f;
+        fillLocal();
+        f.build();
+        const auto rows = f.take(f.in().local(), {"Anna"});
+        QVERIFY(f.hover(*rows, f.in().device()));
+        QTreeWidgetItem* const node = f.in().device();
+        QTreeWidgetItem* const root = f.tree()->invisibleRootItem();
+        FakeSdk::onCall("GetAddrRecord", 1, [&f, node, root] {
+            const QSignalBlocker quiet(f.tree());
+            root->takeChild(root->indexOfChild(node));
+        });
+        f.release(*rows, node);
+        QVERIFY(root->indexOfChild(node) < 0);
+        QVERIFY(!f.in().threadBusy());
+        QVERIFY(CopyFixture::waiting() != nullptr);
+        CopyFixture::cancelButton()->click();
+        QVERIFY(CopyFixture::waiting() == nullptr);
+        QVERIFY(FakeCore::messages().isEmpty());
+        QVERIFY(CopyFixture::stored(1).isEmpty());
+        root->addChild(node);
+    }
+
     void fullTargetRefusesTheHover()
     {
         CopyFixture f;

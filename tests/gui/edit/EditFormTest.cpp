@@ -183,6 +183,16 @@ private slots:
         QCOMPARE(form.access.nameValidator()->validate(text, position), QValidator::Invalid);
     }
 
+    void aMaximumOfNoneWithoutSetsTakesNothingAndHasNoValidator()
+    {
+        FakeSdk::setFields(4, {editField("Name", 0, "Name", "ID_STR_NAME")});
+        EditForm form(4);
+        form.dialog.setRegEx();
+        QVERIFY(form.access.name()->validator() == nullptr);
+        QTest::keyClicks(form.access.name(), "+a1");
+        QCOMPARE(form.access.name()->text(), QString());
+    }
+
     void withoutCharacterSetsThePatternIsThrownAway()
     {
         EditForm form(4);

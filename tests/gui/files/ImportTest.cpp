@@ -297,6 +297,28 @@ private slots:
         QVERIFY(FilesFixture::waiting() == nullptr);
     }
 
+    void nodeThatLeavesTheTreeWhileTheFileIsReadLeavesTheDialogWithAWorkingCancel()
+    {
+        FilesFixture f;
+        FilesFixture::makeFile("/a/file.csv", "Name", {{"Anna"}});
+        f.build();
+        f.click(f.in().device());
+        FilesFixture::choose("/a/file.csv");
+        QTreeWidgetItem* const node = f.in().device();
+        QTreeWidgetItem* const root = f.tree()->invisibleRootItem();
+        FakeSdk::onCall("ImportFromFile", 1, [&f, node, root] {
+            const QSignalBlocker quiet(f.tree());
+            root->takeChild(root->indexOfChild(node));
+        });
+        f.import();
+        QVERIFY(!f.in().threadBusy());
+        QCOMPARE(FakeSdk::count("ImportFromFile"), 1);
+        QCOMPARE(FakeSdk::count("AddAddrRec"), 0);
+        FilesFixture::cancelWaiting();
+        QVERIFY(FakeCore::messages().isEmpty());
+        root->addChild(node);
+    }
+
     void dialogIsBlankWhileTheFileIsRead()
     {
         FilesFixture f;

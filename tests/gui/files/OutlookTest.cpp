@@ -61,6 +61,10 @@ private slots:
         QCOMPARE(FilesFixture::stored(4), QStringList("Anna|1|2|3|a@b.org|5"));
         QCOMPARE(FakeCore::messageTexts(), QStringList("IDS_IMPORT_TOTAL_NUMBER1IDS_IMPORT_IMPORTED_NUMBER1"));
         QCOMPARE(f.in().outlookUsable(), source == "Outlook");
+        // The answer about each application rules its own button.
+        f.window()->SetImportBtnState(PB_MEM_LOCAL);
+        QCOMPARE(f.button(TOOL_IMPORT_MOO)->isEnabled(), source == "Outlook");
+        QCOMPARE(f.button(TOOL_IMPORT_MOE)->isEnabled(), source != "Outlook");
     }
 
     void applicationThatIsNotThereTurnsItsItemOff()
@@ -93,6 +97,33 @@ private slots:
         QCOMPARE(FakeSdk::count("IsOutlookInstalled"), 0);
         QTest::keyClick(f.table(), Qt::Key_S, Qt::ControlModifier);
         QCOMPARE(FakeSdk::log().filter("IsOutlookInstalled"), QStringList("IsOutlookInstalled(Outlook Express)"));
+    }
+
+    void eachButtonOfTheBarAsksForItsApplication()
+    {
+        FilesFixture f;
+        f.build();
+        turnOn(f);
+        for (const int id : {TOOL_IMPORT_MOO, TOOL_IMPORT_MOE}) {
+            f.window()->enableItem(id);
+            FakeSdk::clearCalls();
+            f.button(id)->click();
+            QCOMPARE(FakeSdk::log().filter("IsOutlookInstalled"),
+                     QStringList(id == TOOL_IMPORT_MOO ? "IsOutlookInstalled(Outlook)"
+                                                       : "IsOutlookInstalled(Outlook Express)"));
+        }
+    }
+
+    void memoryWithoutFieldsAsksNothing()
+    {
+        FilesFixture f;
+        FakeSdk::setFields(4, {});
+        f.build();
+        FakeSdk::setOutlookInstalled("Outlook", true);
+        f.window()->ImportOutlookRecords("Outlook");
+        QVERIFY(FakeCore::dialogs().isEmpty());
+        QCOMPARE(FakeSdk::count("ImportFromOutlook"), 0);
+        QVERIFY(FakeCore::messages().isEmpty());
     }
 
     // The end of a read counts as a change of the selection, and nothing turns them on again.
@@ -164,6 +195,53 @@ private slots:
         QCOMPARE(FakeCore::messageTexts(), QStringList("IDS_SMS_IMPORTFAILURE_COUNT"));
         QCOMPARE(FakeCore::messages().last().caption, QString("IDS_ERROR_CAPTION"));
         QVERIFY(FilesFixture::waiting() == nullptr);
+    }
+
+    void cancelledOrEmptyFieldMapEndsInSilence_data()
+    {
+        QTest::addColumn<bool>("ok");
+        QTest::newRow("cancelled") << false;
+        QTest::newRow("no text is a title") << true;
+    }
+    void cancelledOrEmptyFieldMapEndsInSilence()
+    {
+        QFETCH(bool, ok);
+        FilesFixture f;
+        f.build();
+        turnOn(f);
+        FakeSdk::setOutlookInstalled("Outlook", true);
+        FilesFixture::onMap([ok](const FilesFixture::Map& map) {
+            for (int row = 0; row < 6; ++row)
+                map.setMapped(row, "no such title");
+            return ok;
+        });
+        f.importFrom("OnBnClickedBtnMOO");
+        QCOMPARE(FilesFixture::mapsSeen(), 1);
+        QCOMPARE(FakeSdk::count("ImportFromOutlook"), 0);
+        QVERIFY(FakeCore::messages().isEmpty());
+        QVERIFY(FilesFixture::waiting() == nullptr);
+    }
+
+    // The application's own names of its fields are not shown.
+    void fieldMapShowsThePhonebooksLabelsWithEveryFieldMapped()
+    {
+        FilesFixture f;
+        FakeCore::setText("ID_STR_NAME", "Full name");
+        f.build();
+        f.click(f.in().sim());
+        turnOn(f);
+        FakeSdk::setOutlookInstalled("Outlook", true);
+        FakeSdk::setImport("Outlook", {{"Anna", "1"}});
+        QStringList titles;
+        QStringList mapped;
+        FilesFixture::onMap([&](const FilesFixture::Map& map) {
+            titles = map.titles();
+            mapped = map.mapped();
+            return false;
+        });
+        f.importFrom("OnBnClickedBtnMOO");
+        QCOMPARE(titles.mid(0, 3), QStringList({"Full name", "ID_STR_MOBILE_PHONE", ""}));
+        QCOMPARE(mapped.mid(0, 3), QStringList({"Full name", "ID_STR_MOBILE_PHONE", ""}));
     }
 
     void recordsGoToTheCurrentMemory()

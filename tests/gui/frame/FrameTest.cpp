@@ -2,6 +2,7 @@
 #include <QButtonGroup>
 #include <QCoreApplication>
 #include <QDir>
+#include <QPointer>
 #include <QTableWidget>
 #include <QTimer>
 #include <QTreeWidget>
@@ -9,6 +10,7 @@
 
 #include <memory>
 
+#include "FailingNew.h"
 #include "fakecore/FakeCore.h"
 #include "fakesdk/FakeSdk.h"
 #include "frame/AddrBookUIPlugin.h"
@@ -17,6 +19,7 @@
 #include "window/AddrBookDlg.h"
 
 extern "C" const char* qt_plugin_query_verification_data();
+extern "C" QObject* qt_plugin_instance();
 
 // What the host and the siblings see of the plug-in, in the host's order of calls.
 class FrameTest : public QObject
@@ -108,6 +111,16 @@ private slots:
         QVERIFY(lines.at(3).size() > 9);
     }
 
+    void rootObjectIsMadeOnceWhileItLives()
+    {
+        QPointer<QObject> root(qt_plugin_instance());
+        QVERIFY(qobject_cast<CAddrBookUIPlugin*>(root.data()) != nullptr);
+        QCOMPARE(qt_plugin_instance(), root.data());
+        delete root.data();
+        const std::unique_ptr<QObject> again(qt_plugin_instance());
+        QVERIFY(qobject_cast<CAddrBookUIPlugin*>(again.get()) != nullptr);
+    }
+
     void queryInterfaceServesOneId()
     {
         QObject marker;
@@ -137,12 +150,17 @@ private slots:
 
     void initBuildsTheWindowAndAddsTheFolder()
     {
+        // Qt takes up no folder that is not there.
+        const QDir programs(QCoreApplication::applicationDirPath());
+        const bool isMine = programs.mkdir("plugins");
         QVERIFY(m_plugin->Init());
+        const QStringList paths = QCoreApplication::libraryPaths();
+        if (isMine)
+            programs.rmdir("plugins");
+        QVERIFY(paths.contains(programs.canonicalPath() + "/plugins"));
         QCOMPARE(windows(), 1);
         QCOMPARE(window()->objectName(), QString("AddrBookUIPlugin_MainWidget"));
         QCOMPARE(FakeSdk::callbackCount(), 4);
-        QVERIFY(QCoreApplication::libraryPaths().contains(QCoreApplication::applicationDirPath() + "/plugins") ||
-                !QDir(QCoreApplication::applicationDirPath() + "/plugins").exists());
         QVERIFY(m_plugin->Init());
         QCOMPARE(windows(), 1);
     }
@@ -194,6 +212,7 @@ private slots:
         QCOMPARE(first->contentsMargins(), QMargins(4, 0, 4, 0));
         QVERIFY(first->hasMouseTracking());
         QVERIFY(!first->isHidden());
+        QVERIFY(qobject_cast<QTreeWidget*>(first->focusWidget()) != nullptr);
         const int queries = FakeSdk::count("NetSrv_GetSrvStatus");
 
         QWidget other;
@@ -205,6 +224,28 @@ private slots:
         QCOMPARE(first->size(), QSize(500, 400));
         QCOMPARE(FakeSdk::count("NetSrv_GetSrvStatus"), queries + 1);
         first->setParent(nullptr);
+    }
+
+    void withoutRoomForTheWindowEveryRequestFails()
+    {
+        FailingNew::failNth(1);
+        QVERIFY(!m_plugin->Init());
+        QVERIFY(FailingNew::hasFailed());
+        FailingNew::failNth(1);
+        QRect rect(0, 0, 640, 480);
+        QTest::ignoreMessage(QtWarningMsg, "CreateWindow failed inside the function ShowWindow");
+        QVERIFY(!m_plugin->ShowWindow(m_page.get(), rect));
+        QCOMPARE(FakeSdk::count("NetSrv_GetSrvStatus"), 0);
+        FailingNew::failNth(1);
+        QList<QString> numbers{"12"};
+        QCOMPARE(CAddrBookUIService::instance()->OpenNumSelectDlg(true, FIELD_TYPE_DEFAULT, numbers), 0);
+        QCOMPARE(numbers, QList<QString>{"12"});
+        FailingNew::failNth(1);
+        QCOMPARE(CAddrBookUIService::instance()->SaveNumberToAddrBook("5551234", nullptr), 0);
+        QVERIFY(FailingNew::hasFailed());
+        QCOMPARE(windows(), 0);
+        QVERIFY(m_plugin->Init());
+        QCOMPARE(windows(), 1);
     }
 
     void failingNetworkQueryMeansOffline()
@@ -255,6 +296,29 @@ private slots:
         QCOMPARE(result, 42);
         m_plugin->OnDestroy();
         QCOMPARE(windows(), 0);
+    }
+
+    void numberRequestGivesAWindowWithoutAParentTheHosts()
+    {
+        QWidget main;
+        FakeCore::setMainWindow(&main);
+        QTimer closer;
+        connect(&closer, &QTimer::timeout, [] {
+            if (QWidget* dialog = QApplication::activeModalWidget())
+                dialog->close();
+        });
+        closer.start(10);
+        QRect rect(0, 0, 640, 480);
+        QList<QString> numbers;
+        m_plugin->ShowWindow(m_page.get(), rect);
+        CAddrBookUIService::instance()->OpenNumSelectDlg(true, FIELD_TYPE_DEFAULT, numbers);
+        QCOMPARE(window()->parentWidget(), m_page.get()); // it has one
+        m_plugin->ShowWindow(nullptr, rect);
+        QVERIFY(window()->parentWidget() == nullptr);
+        CAddrBookUIService::instance()->OpenNumSelectDlg(true, FIELD_TYPE_DEFAULT, numbers);
+        QCOMPARE(window()->parentWidget(), &main);
+        m_plugin->OnDestroy(); // before its parent goes
+        FakeCore::setMainWindow(nullptr);
     }
 
     void noticeAfterTheEndFindsNoWindow()

@@ -17,12 +17,17 @@ fi
 
 # Host library: CommonUtils, Change, ToolBarLogic, Startup, ExtendDialog, SearchLineEdit, MENU::QBuildMenu.
 core='CommonUtils|Change|ToolBarLogic|Startup|ExtendDialog|SearchLineEdit|MENU::QBuildMenu'
-# A sanitized build asks for its run time as well.
+# A sanitized build asks for its run time as well, which stands in for functions of the C and C++ run time.
+sanitizer='^$'
+if readelf -d "$plugin" | grep -q 'NEEDED.*lib[atu]*san'; then
+    sanitizer='^operator (new|delete)|^(mem|str|pthread_)[a-z_]+$|^__cxa_atexit$'
+fi
 strange=$(nm -DC --undefined-only "$plugin" | sed -E 's/^ +[UwvW] //; s/^(typeinfo|vtable|non-virtual thunk|virtual thunk)( name)? (for|to) //' |
     grep -vE '@(GLIBC|GLIBCXX|CXXABI|GCC)_[0-9A-Z.]*' |
     grep -vE '@Qt_5' |
     grep -vE '^ORVA_(PBSrv_|DevSrv_|NetSrv_|GetLogDirectory)' |
     grep -vE "^($core)::|^($core)\$" |
+    grep -vE "$sanitizer" |
     grep -vE '^(_ITM_|__gmon_start__|__cxa_finalize|__(asan|ubsan|tsan|lsan|sanitizer)_)' || true)
 if [ -n "$strange" ]; then
     echo "undefined symbols of nobody:"

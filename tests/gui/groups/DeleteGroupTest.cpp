@@ -101,6 +101,21 @@ private slots:
         QCOMPARE(f.node("Friends")->childCount(), 0);
     }
 
+    // A name whose only owner is the test again has left with its group's block.
+    void blockOfAGroupGoesWithItsNode()
+    {
+        GroupsFixture f;
+        f.build();
+        const QString name = QString("The one and only");
+        groupOf(treeNodeData(f.node("Friends")))->strName = name;
+        QVERIFY(!name.isDetached());
+        f.window()->removeTreeItem(f.in().local(), f.node("Friends"));
+        QVERIFY(name.isDetached());
+        // The value of a memory's node names no block.
+        f.window()->removeTreeItem(f.tree()->invisibleRootItem(), f.in().device());
+        QCOMPARE(f.tree()->topLevelItemCount(), 2);
+    }
+
     void nothingNamesANodeThatWent()
     {
         GroupsFixture f;

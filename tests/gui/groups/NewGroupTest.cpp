@@ -380,10 +380,71 @@ private slots:
         auto* editor = qobject_cast<QLineEdit*>(in.tree()->itemWidget(in.editedGroup(), 0));
         QVERIFY(editor != nullptr);
         QTest::keyClicks(editor, "Work");
+        bool isSavedInSight = false;
+        FakeSdk::onCall("AddGroup", 1, [&] { isSavedInSight = !window->isHidden(); });
         service->Hide();
         QVERIFY(window->isHidden());
+        QVERIFY(isSavedInSight);
         QCOMPARE(GroupsFixture::storedNames().last(), QString("Work"));
         QVERIFY(in.editedGroup() == nullptr);
+        service->unSDKRegisterEvent();
+        service->Destroy();
+    }
+
+    void windowThatGoesWhileABoxIsOpenIsNotTouchedAgain_data()
+    {
+        QTest::addColumn<QByteArray>("slot"); // what ends the editor
+        QTest::newRow("closed from outside") << QByteArray("close");
+        QTest::newRow("another language") << QByteArray("language");
+    }
+    void windowThatGoesWhileABoxIsOpenIsNotTouchedAgain()
+    {
+        QFETCH(QByteArray, slot);
+        GroupsFixture f;
+        f.build();
+        QVERIFY(f.startNew() != nullptr);
+        FakeCore::onMessage([&f](const FakeCore::Message&) { f.destroy(); });
+        if (slot == "close")
+            f.window()->CloseEditor();
+        else
+            f.window()->SetLanguage();
+        FakeCore::onMessage({});
+        QVERIFY(f.window() == nullptr);
+        QCOMPARE(FakeCore::messageTexts(), QStringList("IDS_GROUP_NAME_NULL"));
+    }
+
+    void pageThatGoesTakesTheWindowAlong_data()
+    {
+        QTest::addColumn<bool>("box");
+        QTest::newRow("by itself") << false;
+        QTest::newRow("under a box at its hiding") << true;
+    }
+    void pageThatGoesTakesTheWindowAlong()
+    {
+        QFETCH(bool, box);
+        GroupsFixture f; // the stores; the window is the service's
+        CAddrBookUIService* service = CAddrBookUIService::instance();
+        QVERIFY(service->Init());
+        QWidget* page = new QWidget;
+        QRect rect(0, 0, 900, 600);
+        QVERIFY(service->ShowWindow(page, rect));
+        page->show();
+        QPointer<AddrBookDlg> window(page->findChild<AddrBookDlg*>("AddrBookUIPlugin_MainWidget"));
+        QVERIFY(!window.isNull());
+        if (box) {
+            window->OnNewGroupClicked();
+            FakeCore::onMessage([page](const FakeCore::Message&) { delete page; });
+            service->Hide();
+            FakeCore::onMessage({});
+            QCOMPARE(FakeCore::messageTexts(), QStringList("IDS_GROUP_NAME_NULL"));
+        } else {
+            delete page;
+        }
+        QVERIFY(window.isNull());
+        service->Hide();
+        service->FitSize(rect);
+        QCOMPARE(service->Notify(320, 0, 0), 0);
+        QVERIFY(service->ShowWindow(nullptr, rect)); // a new one
         service->unSDKRegisterEvent();
         service->Destroy();
     }

@@ -19,6 +19,9 @@ private slots:
     void anItemOfAnotherClassIsComparedByItsText();
     void anItemWithoutTextComesFirst();
     void headerItemsKeepTheirText();
+    void aCellHasItsValuesFromTheStart();
+    void aCellKeepsItsOtherValuesWhenOneChanges_data();
+    void aCellKeepsItsOtherValuesWhenOneChanges();
 };
 
 namespace
@@ -137,6 +140,49 @@ void SortRuleTest::headerItemsKeepTheirText()
     table.setHorizontalHeaderItem(0, header);
     header->setText("Name");
     QCOMPARE(table.horizontalHeaderItem(0)->text(), QString("Name"));
+}
+
+void SortRuleTest::aCellHasItsValuesFromTheStart()
+{
+    const UITableItem item("text", Qt::AlignLeft | Qt::AlignBottom, Q_INT64_C(0x123456789a));
+    QCOMPARE(item.text(), QString("text"));
+    QCOMPARE(item.data(Qt::EditRole), QVariant("text"));
+    QCOMPARE(item.textAlignment(), int(Qt::AlignLeft | Qt::AlignBottom));
+    QCOMPARE(item.data(Qt::UserRole), QVariant(Q_INT64_C(0x123456789a)));
+    QVERIFY(!item.data(Qt::CheckStateRole).isValid());
+    QVERIFY(!item.data(Qt::UserRole + 1).isValid());
+}
+
+void SortRuleTest::aCellKeepsItsOtherValuesWhenOneChanges_data()
+{
+    QTest::addColumn<int>("role");
+    QTest::addColumn<QVariant>("value");
+    QTest::newRow("text") << int(Qt::DisplayRole) << QVariant("other");
+    QTest::newRow("edited text") << int(Qt::EditRole) << QVariant("other");
+    QTest::newRow("alignment") << int(Qt::TextAlignmentRole) << QVariant(int(Qt::AlignRight));
+    QTest::newRow("user data") << int(Qt::UserRole) << QVariant(Q_INT64_C(8));
+    QTest::newRow("tool tip") << int(Qt::ToolTipRole) << QVariant("tip");
+}
+
+void SortRuleTest::aCellKeepsItsOtherValuesWhenOneChanges()
+{
+    QFETCH(int, role);
+    QFETCH(QVariant, value);
+    QTableWidget table(1, 1);
+    auto* item = new UITableItem("text", Qt::AlignLeft, 7);
+    table.setItem(0, 0, item);
+    const QSignalSpy spy(&table, SIGNAL(itemChanged(QTableWidgetItem*)));
+    item->setData(role, value);
+    QVERIFY(!spy.isEmpty());
+    QVERIFY(spy.size() == 1 || item->text() == "text"); // a changed text is told once
+    const QList<int> roles = {Qt::DisplayRole, Qt::TextAlignmentRole, Qt::UserRole, Qt::ToolTipRole};
+    const QList<QVariant> before = {"text", int(Qt::AlignLeft), Q_INT64_C(7), QVariant()};
+    for (int i = 0; i < roles.size(); ++i) {
+        const bool changed = roles.at(i) == (role == Qt::EditRole ? int(Qt::DisplayRole) : role);
+        QCOMPARE(item->data(roles.at(i)), changed ? value : before.at(i));
+    }
+    const UITableItem other("tex", Qt::AlignLeft, 0);
+    QCOMPARE(*item < other, item->text() == "other");
 }
 
 QTEST_MAIN(SortRuleTest)

@@ -91,6 +91,71 @@ private:
         }
     }
 
+    // The tool items and the two entries that follow them, as the rules tell it event by event.
+    struct Model {
+        enum Event { SelectNone, SelectOne, SelectSeveral, NetUp, NetDown, RadioOn, RadioOff, EmptyArea, Switch };
+
+        bool states[6] = {}; // 9001, 9002, 9003, 9005, send, call
+        Selection selection = None;
+        bool net = true;
+        bool radio = true;
+
+        void set(const QList<int>& wanted)
+        {
+            for (int i = 0; i < 6; ++i)
+                states[i] = wanted.at(i) == Same ? states[i] : wanted.at(i) == On;
+        }
+
+        void apply(Event event)
+        {
+            const QList<int> sendOff{Same, Same, Off, Off, Off, Off};
+            const QList<int> sendOn{Same, Same, On, On, On, On};
+            switch (event) {
+            case SelectNone:
+                selection = None;
+                return set({Off, Off, Off, Off, Off, Off});
+            case SelectOne: // the preview that follows turns the call off, and leaves the rest of what sends
+                selection = One;
+                return set(net && radio ? QList<int>{On, On, On, On, On, On}
+                                        : QList<int>{On, On, Off, Same, Same, Off});
+            case SelectSeveral:
+                selection = Several;
+                return set(net && radio ? QList<int>{Off, On, Off, On, On, Off}
+                                        : QList<int>{Off, On, Off, Same, Same, Off});
+            case NetUp:
+                net = true;
+                if (!radio)
+                    return set(sendOff);
+                if (selection == Several)
+                    return set({Same, Same, Same, On, On, Same});
+                return selection == One ? set(sendOn) : void();
+            case NetDown:
+                net = false;
+                return set(sendOff);
+            case RadioOn:
+                radio = true;
+                if (!net)
+                    return set(sendOff);
+                return selection != None ? set(sendOn) : void();
+            case RadioOff:
+                radio = false;
+                return set(sendOff);
+            case EmptyArea:
+                return selection == None ? set({Off, Off, Off, Off, Off, Off}) : void();
+            case Switch:
+                selection = None;
+                return set({Off, Off, Off, Off, Off, Off});
+            }
+        }
+
+        static QString name(Event event)
+        {
+            return QStringList{"none",     "one",       "several",    "network up",  "network down",
+                               "radio on", "radio off", "empty area", "another node"}
+                .at(event);
+        }
+    };
+
 private slots:
     void cleanup() { QCOMPARE(FakeSdk::leaks(), QString()); }
 
@@ -360,6 +425,54 @@ private slots:
         w->OnTreeClicked(f.in().local());
         compare(f, allOff, before, "switch of node");
         QVERIFY(f.waitRead());
+    }
+
+    // The same rules behind each other, in an order that no hand would write down.
+    void anyOrderOfEvents_data()
+    {
+        QTest::addColumn<unsigned int>("seed");
+        for (unsigned int seed = 1; seed <= 5; ++seed)
+            QTest::addRow("seed %u", seed) << seed;
+    }
+    void anyOrderOfEvents()
+    {
+        QFETCH(unsigned int, seed);
+        WindowFixture f;
+        WindowFixture::fillStores();
+        f.build();
+        AddrBookDlg* const w = f.window();
+        Model model;
+        model.apply(Model::Switch);
+        w->OnNetStatusChanged(true);
+        w->OnRFStatusChanged(false);
+        preset(f, false);
+        f.selectRows({});
+        QStringList events;
+        for (int step = 0; step < 300; ++step) {
+            seed = seed * 1103515245 + 12345;
+            const unsigned int number = seed / 65536 % 57;
+            const auto event = number >= 56 ? Model::Switch : Model::Event(number % 8);
+            events << Model::name(event);
+            model.apply(event);
+            if (event <= Model::SelectSeveral) {
+                select(f, Selection(event));
+                w->OnTableItemSelectionChanged(); // a selection that stays tells nobody
+            } else if (event == Model::NetUp || event == Model::NetDown) {
+                w->OnNetStatusChanged(event == Model::NetUp);
+            } else if (event == Model::RadioOn || event == Model::RadioOff) {
+                w->OnRFStatusChanged(event == Model::RadioOff);
+            } else if (event == Model::EmptyArea) {
+                w->OnTableEmptyAreaRightClicked();
+            } else {
+                f.click(f.tree()->currentItem() == f.in().local() ? f.node("Friends") : f.in().local());
+            }
+            QList<int> expected;
+            for (bool on : model.states)
+                expected << (on ? On : Off);
+            compare(f, expected, false, qPrintable(QStringList(events.mid(qMax(0, step - 5))).join(", ")));
+            if (QTest::currentTestFailed())
+                return;
+        }
     }
 
     void selectionChangeTurnsTheMailClientsOff()

@@ -60,6 +60,8 @@ private slots:
         hardware.join();
         FakeSdk::setDevicePresent(true);
         FakeSdk::fire(6014);
+        // Every change of the hardware is queued by now and is told in its order: none may come after the click.
+        QCoreApplication::sendPostedEvents();
         QTRY_VERIFY(f.in().device() != nullptr);
         f.click(f.in().device());
         QCOMPARE(f.table()->rowCount(), 100);

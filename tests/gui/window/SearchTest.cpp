@@ -31,13 +31,16 @@ private slots:
         fill();
         f.build();
         const AddrBookThread* reader = f.in().reader();
+        FakeSdk::clearCalls();
         type(f, "a");
         QCOMPARE(f.column(0), (QStringList{"Anna", "Annabel", "Hannah"}));
         type(f, "ah");
         QCOMPARE(f.column(0), QStringList{"Hannah"});
         QCOMPARE(static_cast<const AddrBookThread*>(f.in().reader()), reader);
+        QCOMPARE(FakeSdk::totalCalls(), 0);
         type(f, "a");
         QVERIFY(f.in().reader() != reader);
+        QCOMPARE(FakeSdk::count("AddrRecordSet_MoveFirst"), 1);
         QCOMPARE(f.column(0), (QStringList{"Anna", "Annabel", "Hannah"}));
         QCOMPARE(f.in().readMode(), ADDRBOOK_OP_NONE);
     }

@@ -1,9 +1,58 @@
 #include <QObject>
 #include <QTableWidget>
+#include <QTimer>
+#include <QTreeWidgetItemIterator>
 
 #include "linkhand/core/ExtendDialog.h"
 
 #include "WindowFixture.h"
+
+// Waits for the number picker and its complete tree, ticks "111" or goes to a node, and answers.
+class PickerUser : public QTimer
+{
+public:
+    PickerUser(bool multi, const QString& current, bool ok) : m_multi(multi), m_current(current), m_ok(ok)
+    {
+        connect(this, &QTimer::timeout, this, &PickerUser::look);
+        start(0);
+    }
+    int seen() const { return m_seen; }
+
+private:
+    static QTreeWidgetItem* nodeOf(const QTreeWidget* tree, const QString& text)
+    {
+        for (QTreeWidgetItemIterator it(const_cast<QTreeWidget*>(tree)); *it != nullptr; ++it) {
+            if ((*it)->text(0).contains(text))
+                return *it;
+        }
+        return nullptr;
+    }
+
+    void look()
+    {
+        if (FakeCore::dialogs().isEmpty() || !FakeCore::dialogs().first()->isVisible())
+            return;
+        ExtendDialog* const dialog = FakeCore::dialogs().first();
+        auto* const tree = dialog->findChild<QTreeWidget*>("AddrBookUIPlugin_selectContacts_treeContacts");
+        // The window is centred once more when the caller's numbers have been found.
+        if (tree == nullptr || FakeCore::log().count("MoveCentre") < 3)
+            return;
+        stop();
+        ++m_seen;
+        QTreeWidgetItem* const node = nodeOf(tree, m_multi ? "111" : m_current);
+        tree->setCurrentItem(node);
+        if (m_multi)
+            QTest::keyClick(tree, Qt::Key_Space);
+        const char* const button =
+            m_ok ? "AddrBookUIPlugin_selectContacts_buttonOK" : "AddrBookUIPlugin_selectContacts_buttonCancel";
+        dialog->findChild<QAbstractButton*>(button)->click();
+    }
+
+    bool m_multi;
+    QString m_current;
+    bool m_ok;
+    int m_seen = 0;
+};
 
 // Sending, calling, and telling others of changes.
 class SendTest : public QObject
@@ -258,6 +307,38 @@ private slots:
         QCOMPARE(FakeCore::madeCalls().first().number, QString("666"));
     }
 
+    // A table still on the PC's contacts has more number columns than the memory of the current node.
+    void memoryOfTwoFieldsOffersItsFirstNumberAlone()
+    {
+        WindowFixture f;
+        FakeSdk::addRecord(4, {"Anna", "111", "222", "333"});
+        f.build();
+        f.selectRows({0});
+        {
+            const QSignalBlocker quiet(f.tree());
+            f.tree()->setCurrentItem(f.in().sim());
+        }
+        QCOMPARE(f.table()->columnCount(), 6);
+        f.window()->OnButtonClickedCall();
+        QCOMPARE(FakeCore::madeCalls().size(), 1);
+        QCOMPARE(FakeCore::madeCalls().first().number, QString("111"));
+        QVERIFY(FakeCore::dialogs().isEmpty());
+    }
+
+    void messageOpensAboveTheWindowsPage()
+    {
+        QWidget page;
+        WindowFixture f;
+        WindowFixture::fillStores();
+        f.build();
+        f.window()->setParent(&page);
+        f.selectRows({0});
+        f.window()->OnButtonClickedSendSMS();
+        QCOMPARE(FakeCore::sms().size(), 1);
+        QCOMPARE(FakeCore::sms().first().parent, &page);
+        f.window()->setParent(nullptr);
+    }
+
     void changesAreToldOncePerNumber()
     {
         WindowFixture f;
@@ -292,6 +373,75 @@ private slots:
         f.window()->sendNotifyToSMS(1, 290);
         QVERIFY(pushes().isEmpty());
         QVERIFY(f.in().notifyRecords().isEmpty());
+    }
+
+    void pickedNumbersReplaceTheCallersOnOkAlone_data()
+    {
+        QTest::addColumn<bool>("multi");
+        QTest::addColumn<QString>("current"); // the node the user goes to
+        QTest::addColumn<bool>("ok");
+        QTest::addColumn<QStringList>("numbers");
+        QTest::newRow("several, OK") << true << "" << true << QStringList{"999", "111"};
+        QTest::newRow("several, Cancel") << true << "" << false << QStringList{"999"};
+        QTest::newRow("one, OK") << false << "Carl" << true << QStringList{"999", "555"};
+        QTest::newRow("one, OK on a group") << false << "Friends" << true << QStringList{"999"};
+        QTest::newRow("one, Cancel") << false << "Carl" << false << QStringList{"999"};
+    }
+    void pickedNumbersReplaceTheCallersOnOkAlone()
+    {
+        QFETCH(bool, multi);
+        QFETCH(QString, current);
+        QFETCH(bool, ok);
+        QFETCH(QStringList, numbers);
+        WindowFixture f;
+        WindowFixture::fillStores();
+        FakeSdk::setDevicePresent(false);
+        f.build();
+        FakeCore::clearLog();
+        PickerUser user(multi, current, ok);
+        QList<QString> chosen{"999"};
+        QCOMPARE(f.window()->OpenNumSelectDlg(multi, FIELD_TYPE_DEFAULT, chosen), ok);
+        QCOMPARE(user.seen(), 1);
+        QCOMPARE(QStringList(chosen), numbers);
+        QVERIFY(FakeCore::dialogs().isEmpty());
+    }
+
+    // The picker hangs below the host's window, and goes with it.
+    void hostsWindowThatGoesUnderThePickerLeavesTheCallersNumbers_data()
+    {
+        QTest::addColumn<bool>("host");
+        QTest::newRow("the host's window") << true;
+        QTest::newRow("the phonebook's") << false;
+    }
+    void hostsWindowThatGoesUnderThePickerLeavesTheCallersNumbers()
+    {
+        QFETCH(bool, host);
+        WindowFixture f;
+        WindowFixture::fillStores();
+        f.build();
+        auto* mainWindow = new QWidget;
+        FakeCore::setMainWindow(mainWindow);
+        QTimer user;
+        connect(&user, &QTimer::timeout, [&] {
+            if (FakeCore::dialogs().isEmpty() || !FakeCore::dialogs().first()->isVisible())
+                return;
+            user.stop();
+            if (host) {
+                delete mainWindow;
+            } else {
+                f.destroy();
+                FakeCore::dialogs().first()->close();
+            }
+        });
+        user.start(0);
+        QList<QString> numbers{"999"};
+        QVERIFY(!f.window()->OpenNumSelectDlg(true, FIELD_TYPE_DEFAULT, numbers));
+        QCOMPARE(numbers, QList<QString>{"999"});
+        QVERIFY(FakeCore::dialogs().isEmpty());
+        QCOMPARE(FakeCore::runningWorkers(), 0);
+        FakeCore::setMainWindow(nullptr);
+        if (!host)
+            delete mainWindow;
     }
 
     void phoneFieldsAreThoseOfTheDragSource()

@@ -7,7 +7,7 @@
 #include "dialogs/AddrBookWaitingDlg.h"
 #include "worker/AddrBookThread.h"
 
-// Construction, language, and how device, card, network and radio change the window.
+// Construction, and how device, card, network and radio change the window.
 class StatusTest : public QObject
 {
     Q_OBJECT
@@ -195,6 +195,63 @@ private slots:
         QCOMPARE(broadcasts(), (QList<QPair<int, int>>{{291, 0}}));
     }
 
+    // Until a device was reported the window takes the card for out already.
+    void cardReportedOutBeforeAnyDeviceKeepsItsNode()
+    {
+        WindowFixture f;
+        WindowFixture::fillStores();
+        f.build();
+        FakeCore::clearNotices();
+        f.window()->OnSimStatusChanged(false);
+        QVERIFY(f.in().sim() != nullptr);
+        QCOMPARE(f.tree()->topLevelItemCount(), 3);
+        QVERIFY(broadcasts().isEmpty());
+    }
+
+    void reportsThatTakeTheCardAway_data()
+    {
+        QTest::addColumn<QByteArray>("report");
+        QTest::addColumn<int>("memory");
+        QTest::addColumn<bool>("cancelled");
+        QTest::addColumn<bool>("toLocal"); // the table goes to the PC's phonebook
+        const char* const disabled = "OnSimDisabled(true)";
+        const char* const invalid = "OnSimStatusChanged(false)";
+        const char* const mode = "OnSysmodeChanged()";
+        QTest::newRow("disabled, copy to the card") << QByteArray(disabled) << 0 << true << true;
+        QTest::newRow("disabled, copy to the device") << QByteArray(disabled) << 1 << false << true;
+        QTest::newRow("invalid, copy to the card") << QByteArray(invalid) << 0 << false << false;
+        QTest::newRow("mode, copy to the card") << QByteArray(mode) << 0 << true << true;
+        QTest::newRow("mode, copy to the device") << QByteArray(mode) << 1 << true << true;
+        QTest::newRow("mode, copy to the PC") << QByteArray(mode) << 4 << false << true;
+    }
+    void reportsThatTakeTheCardAway()
+    {
+        QFETCH(QByteArray, report);
+        QFETCH(int, memory);
+        QFETCH(bool, cancelled);
+        QFETCH(bool, toLocal);
+        WindowFixture f;
+        WindowFixture::fillStores();
+        f.build();
+        f.window()->OnDeviceStatusChanged(true);
+        f.click(f.in().sim());
+        f.in().waitingDialog() = AddrBookWaitingDlg::GetWaitingDlgInstance(f.window());
+        f.in().waitingDialog()->ShowAnimation("copying", 5);
+        f.in().threadBusy() = true;
+        f.in().memory() = static_cast<_ORVA_EN_PHONEBOOK_MEMORY>(memory);
+        if (report == "OnSysmodeChanged()")
+            f.window()->OnSysmodeChanged();
+        else if (report == "OnSimDisabled(true)")
+            f.window()->OnSimDisabled(true);
+        else
+            f.window()->OnSimStatusChanged(false);
+        QVERIFY(f.in().sim() == nullptr);
+        QCOMPARE(f.in().waitingDialog()->GetProgressDlgCancelStatus(), cancelled);
+        f.in().threadBusy() = false;
+        QVERIFY(f.waitRead());
+        QCOMPARE(f.column(0), toLocal ? (QStringList{"Anna", "Bert", "Carl"}) : QStringList{"Dora"});
+    }
+
     void changedSystemModeOnTheLocalNodeReloadsNothing()
     {
         WindowFixture f;
@@ -287,58 +344,44 @@ private slots:
         QVERIFY(!f.in().netConnected());
     }
 
-    void languageChangeRewritesHeaderAndPreview()
-    {
-        FakeCore::reset();
-        WindowFixture f;
-        WindowFixture::fillStores();
-        FakeCore::setText("ID_STR_NAME", "Nom", "fr");
-        FakeCore::setText("IDS_LOCAL_PHONEBOOKUI", "Ordinateur", "fr");
-        FakeCore::setText("IDS_PMMENU_ADD", "Nouveau", "fr");
-        FakeCore::setShortcut("IDS_PMBTN_ADD", QKeySequence("Ctrl+T"), "fr");
-        FakeCore::setText("IDS_PMBTN_ADD", "Nouveau contact", "fr");
-        f.build();
-        f.selectRows({0});
-        QVERIFY(f.previewText().startsWith("ID_STR_NAME: Anna"));
-        const AddrBookThread* reader = f.in().reader();
-        FakeCore::setLanguage("fr");
-        f.window()->SetLanguage();
-        QCOMPARE(f.table()->horizontalHeaderItem(0)->text(), QString("Nom"));
-        QVERIFY(f.previewText().startsWith("Nom: Anna"));
-        QCOMPARE(f.in().local()->text(0), QString("Ordinateur(3)"));
-        QCOMPARE(f.tableAction("IDS_PMMENU_ADD")->text(), QString("Nouveau"));
-        QCOMPARE(f.button(TOOL_NEW)->toolTip(), QString("Nouveau contact  (Ctrl+T)"));
-        QCOMPARE(static_cast<const AddrBookThread*>(f.in().reader()), reader);
-    }
-
-    void languageChangeWithNothingSelectedShowsTheNewNoRecordText()
-    {
-        WindowFixture f;
-        FakeCore::setText("IDS_NORECORDSELECT", "Rien", "fr");
-        f.build();
-        FakeCore::setLanguage("fr");
-        f.window()->SetLanguage();
-        QCOMPARE(f.previewText(), QString("Rien"));
-    }
-
-    void rightToLeftLayoutCorrectsCountsAndCells()
+    void memoryThatBecomesReadyIsReadAgainOnTheSdksWord()
     {
         WindowFixture f;
         WindowFixture::fillStores();
-        FakeCore::setParenthesisCorrection([](QString& text) { text.prepend("<"); });
-        qApp->setLayoutDirection(Qt::RightToLeft);
         f.build();
-        qApp->setLayoutDirection(Qt::LeftToRight);
-        QVERIFY(f.in().rightToLeft());
-        QCOMPARE(f.in().local()->text(0), QString("<IDS_LOCAL_PHONEBOOKUI(3)"));
-        QVERIFY(f.in().sim()->text(0).startsWith("<"));
-        QCOMPARE(f.table()->item(0, 0)->text(), QString("<Anna"));
-        // A row that the window adds by itself is not corrected.
-        AddrBookRecord record{77, {"Zoe", "1", "", "", "", ""}};
-        int row = -1;
-        f.table()->setSortingEnabled(false);
-        f.window()->addContactToTable(PB_MEM_LOCAL, record, 0, row);
-        QCOMPARE(f.table()->item(row, 0)->text(), QString("Zoe"));
+        f.click(f.in().sim());
+        FakeSdk::addRecord(0, {"Hans", "1"});
+        QCOMPARE(FakeSdk::fire(20302), 1);
+        QTRY_COMPARE(f.column(0), (QStringList{"Dora", "Hans"}));
+        QVERIFY(f.waitRead());
+        f.click(f.in().device());
+        FakeSdk::addRecord(1, {"Ida", "1"});
+        QCOMPARE(FakeSdk::fire(20303), 1);
+        QTRY_COMPARE(f.column(0), (QStringList{"Emil", "Frida", "Ida"}));
+        QVERIFY(f.waitRead());
+    }
+
+    void eventDuringTheRegistrationFindsItsReceivers()
+    {
+        WindowFixture f;
+        WindowFixture::fillStores();
+        int answer = -1;
+        FakeSdk::onCall("RegisterPBCallback", 1, [&answer] { answer = FakeSdk::fire(6604); });
+        f.build();
+        QCOMPARE(answer, 1);
+        // The device was heard of: a card that goes now takes its node along.
+        f.window()->OnSimStatusChanged(false);
+        QVERIFY(f.in().sim() == nullptr);
+    }
+
+    void movedSplitterFitsTheTree()
+    {
+        WindowFixture f;
+        f.build();
+        f.tree()->setColumnWidth(0, 5000);
+        QSplitter* splitter = f.window()->findChild<QSplitter*>("AddrBookUIPlugin_splitterMain");
+        QMetaObject::invokeMethod(splitter, "splitterMoved", Q_ARG(int, 200), Q_ARG(int, 1));
+        QVERIFY(f.tree()->columnWidth(0) < 5000);
     }
 
     void networkComingBackEnablesByTheSelection_data()

@@ -241,6 +241,9 @@ private slots:
         f.window()->OnTreeClicked(f.in().local());
         QVERIFY(f.waitRead());
         QCOMPARE(f.table()->columnWidth(0), 170);
+        // The indicator of the fresh table stood one column to the right, and stays there.
+        QCOMPARE(f.in().sortSection(), 1);
+        QCOMPARE(f.table()->horizontalHeader()->sortIndicatorSection(), 1);
     }
 
     void retiredTableKeepsItsRowsUntilTheNextSwitch()
@@ -314,6 +317,33 @@ private slots:
         QCOMPARE(f.previewText(), QString());
     }
 
+    void emptyMemoryShowsAnEmptyTableAndNoMessage()
+    {
+        WindowFixture f;
+        FakeSdk::addRecord(4, {"Anna", "1"});
+        f.build();
+        QCOMPARE(f.table()->rowCount(), 1);
+        f.click(f.in().sim());
+        QCOMPARE(f.table()->rowCount(), 0);
+        QCOMPARE(f.table()->columnCount(), 2);
+        QVERIFY(f.table()->isSortingEnabled()); // the read has come to its end
+        QCOMPARE(f.previewText(), QString("IDS_NORECORDSELECT"));
+        QVERIFY(FakeCore::messages().isEmpty());
+    }
+
+    // The closing tag is so written.
+    void noRecordTextIsMarkedUpAsTold()
+    {
+        WindowFixture f;
+        f.build();
+        FakeCore::setText("IDS_NORECORDSELECT", "Nothing chosen");
+        QCOMPARE(f.in().noRecordText(), QString("<HTML>Nothing chosen<HTML/>"));
+        QString text("before ");
+        f.window()->constructPreview(-1, 6, text, nullptr);
+        QCOMPARE(text, QString("before <HTML>Nothing chosen<HTML/>"));
+        QVERIFY(!f.in().previewEmpty()); // it counts as shown
+    }
+
     void failedReadShowsAShortTableAndNoMessage()
     {
         WindowFixture f;
@@ -324,6 +354,20 @@ private slots:
         f.click(f.in().local());
         QCOMPARE(f.column(0), QStringList{"Anna"});
         QVERIFY(FakeCore::messages().isEmpty());
+    }
+
+    void endOfAReadActsLikeASelectionChange()
+    {
+        WindowFixture f;
+        WindowFixture::fillStores();
+        f.build();
+        f.in().current() = nullptr;
+        f.window()->OnTreeClicked(f.in().local());
+        f.button(TOOL_IMPORT_MOE)->setEnabled(true);
+        f.button(TOOL_EDIT)->setEnabled(true);
+        QVERIFY(f.waitRead());
+        QVERIFY(!f.button(TOOL_IMPORT_MOE)->isEnabled());
+        QVERIFY(!f.button(TOOL_EDIT)->isEnabled());
     }
 
     void fullMemoryTurnsNewOff()
@@ -410,8 +454,10 @@ private slots:
         WindowFixture f;
         f.build();
         f.window()->OnAddContactToTable(4, 0, 0, 0, 6);
-        f.window()->OnAddContactToTable(4, pointerToCarrier(new AddrBookRecord{1, {"x"}}), 0, 0, 6); // no sender
+        const QString name = QString("The one and only");
+        f.window()->OnAddContactToTable(4, pointerToCarrier(new AddrBookRecord{1, {name}}), 0, 0, 6); // no sender
         QCOMPARE(f.table()->rowCount(), 0);
+        QVERIFY(name.isDetached()); // the record is freed
     }
 
     void removedNodeLeavesTheTableConnected()

@@ -3,6 +3,7 @@
 #include <QToolButton>
 
 #include "WindowFixture.h"
+#include "worker/AddrBookThread.h"
 
 // The tool bar, its tooltips, and the send button's menu.
 class ToolBarTest : public QObject
@@ -16,6 +17,15 @@ private:
         for (const QAction* action : menu->actions())
             texts << action->text();
         return texts;
+    }
+
+    // How many listen to a signal of another object.
+    static int receivers(const QObject* sender, const char* signal)
+    {
+        struct Open : QObject {
+            using QObject::receivers;
+        };
+        return (sender->*(&Open::receivers))(signal);
     }
 
 private slots:
@@ -132,6 +142,38 @@ private slots:
         QCOMPARE(f.button(TOOL_EDIT)->toolTip(), QString("Edit"));
     }
 
+    // Also behind a change of the language, which sets the plain texts first.
+    void everyButtonHasItsOwnTip()
+    {
+        const QList<QPair<int, QString>> tips{{TOOL_NEW, "IDS_PMBTN_ADD"},
+                                              {TOOL_EDIT, "IDS_EDIT_LINKMAN"},
+                                              {TOOL_DELETE, "IDS_PMBTN_DELETE"},
+                                              {TOOL_CALL, "IDS_PMBTN_CALL"},
+                                              {TOOL_SEND, "IDS_PMMENU_SEND"},
+                                              {TOOL_SEARCH, "IDS_PMTOOLBAR_SEARCH"},
+                                              {TOOL_IMPORT_MOE, "IDS_PMBTN_IMPORT_FROM_MOE"},
+                                              {TOOL_IMPORT_MOO, "IDS_PMBTN_IMPORT_FROM_MOO"}};
+        WindowFixture f;
+        int number = 0;
+        for (const auto& tip : tips) {
+            for (const char* language : {"en", "de"}) {
+                FakeCore::setText(tip.second, tip.second + language, language);
+                FakeCore::setShortcut(tip.second, QKeySequence(QString("Ctrl+%1").arg(number)), language);
+            }
+            ++number;
+        }
+        f.build();
+        for (const char* language : {"en", "de"}) {
+            FakeCore::setLanguage(language);
+            f.window()->SetLanguage();
+            for (int i = 0; i < tips.size(); ++i) {
+                QCOMPARE(f.button(tips[i].first)->toolTip(),
+                         QString("%1%2  (Ctrl+%3)").arg(tips[i].second, language).arg(i));
+            }
+        }
+        QVERIFY(f.waitRead());
+    }
+
     void callButtonsTooltipNeedsTheCallPlugin_data()
     {
         QTest::addColumn<bool>("present");
@@ -160,6 +202,19 @@ private slots:
         QVERIFY(f.in().searchShown());
     }
 
+    void clickedBarTakesTheFocus()
+    {
+        WindowFixture f;
+        f.build();
+        QApplication::setActiveWindow(f.window());
+        f.table()->setFocus();
+        QTRY_VERIFY(f.table()->hasFocus());
+        f.window()->OnTBBtnClicked(TOOL_SEND); // does nothing else
+        QWidget* bar = f.window()->findChild<QWidget*>(ToolBarLogic::GetObjectName("AddrBookUIPlugin"));
+        QVERIFY(bar != nullptr);
+        QVERIFY(bar->hasFocus());
+    }
+
     void callButtonCalls()
     {
         WindowFixture f;
@@ -170,23 +225,135 @@ private slots:
         QCOMPARE(FakeCore::madeCalls().size(), 1);
     }
 
-    void buttonThatDoesNothingIsNotShown()
+    void clickedButtonGivesTheFocusToTheBar()
     {
         WindowFixture f;
         f.build();
-        for (const ToolItem& item : f.in().toolItems()) {
-            if (item.pButton->isHidden())
-                continue;
-            static const QHash<int, const char*> s_slots{
-                {TOOL_NEW, "OnButtonClickedNewContact()"},       {TOOL_EDIT, "OnButtonClickedEditContact()"},
-                {TOOL_DELETE, "OnButtonClickedDeleteContact()"}, {TOOL_CALL, "OnButtonClickedCall()"},
-                {TOOL_IMPORT_MOE, "OnBnClickedBtnMOE()"},        {TOOL_IMPORT_MOO, "OnBnClickedBtnMOO()"}};
-            if (s_slots.contains(item.iId))
-                QVERIFY2(f.window()->metaObject()->indexOfSlot(s_slots.value(item.iId)) >= 0, s_slots.value(item.iId));
+        f.table()->setFocus();
+        f.window()->OnTBBtnClicked(TOOL_SEND);
+        QVERIFY(f.window()->focusWidget() != nullptr);
+        QCOMPARE(f.window()->focusWidget()->objectName(), ToolBarLogic::GetObjectName("AddrBookUIPlugin"));
+    }
+
+    // "New" on a memory that cannot be read says so, and asks nothing else.
+    void newContactIsReachedFromTheBarAndFromTheSearchBox_data()
+    {
+        QTest::addColumn<bool>("box");
+        QTest::newRow("button") << false;
+        QTest::newRow("Ctrl+N in the search box") << true;
+    }
+    void newContactIsReachedFromTheBarAndFromTheSearchBox()
+    {
+        QFETCH(bool, box);
+        WindowFixture f;
+        f.build();
+        FakeSdk::failAlways("GetProfile");
+        AddrBookLogic::Instance()->ClearDeviceInfo();
+        f.click(f.in().sim());
+        if (box) {
+            f.window()->OnShowHideSearchBox();
+            QTest::keyClick(f.in().searchBox(), Qt::Key_N, Qt::ControlModifier);
+        } else {
+            f.button(TOOL_NEW)->click();
         }
-        QVERIFY(!f.button(TOOL_CALL)->isHidden());
-        QVERIFY(!f.button(TOOL_SEND)->isHidden());
-        QVERIFY(!f.button(TOOL_SEARCH)->isHidden());
+        QCOMPARE(FakeCore::messageTexts(), QStringList("IDS_INIT_DEV_UNDERWAY"));
+    }
+
+    void deleteButtonAsks()
+    {
+        WindowFixture f;
+        WindowFixture::fillStores();
+        f.build();
+        f.selectRows({0});
+        FakeCore::answer(QMessageBox::Cancel);
+        f.button(TOOL_DELETE)->click();
+        QCOMPARE(FakeCore::messageTexts(), QStringList("IDS_FLEXIT_UI_DELETE_ITEM"));
+        QCOMPARE(FakeSdk::recordIds(4).size(), 3);
+    }
+
+    void everyConnectionOfTheWindowHolds()
+    {
+        QStringList failed;
+        {
+            MessageLog log;
+            WindowFixture f;
+            f.build();
+            failed = MessageLog::lines().filter("No such");
+        }
+        // Two are meant to fail; the table's does so for each table.
+        failed.erase(std::remove_if(failed.begin(), failed.end(),
+                                    [](const QString& line) { return line.contains("::sendMmsMessage()"); }),
+                     failed.end());
+        QCOMPARE(failed.size(), 1);
+        QVERIFY(failed.first().contains("OnMoveResult"));
+    }
+
+    // Neither missed nor heard twice, also after a node's removal, which takes the table's connections away for a
+    // while.
+    void everySignalIsHeardOnce()
+    {
+        WindowFixture f;
+        WindowFixture::fillStores();
+        f.build();
+        const QList<const char*> ofTheTree = {SIGNAL(itemClicked(QTreeWidgetItem*, int)),
+                                              SIGNAL(itemEntered(QTreeWidgetItem*, int)),
+                                              SIGNAL(itemSelectionChanged()),
+                                              SIGNAL(itemDoubleClicked(QTreeWidgetItem*, int)),
+                                              SIGNAL(newContact()),
+                                              SIGNAL(deleteGroup()),
+                                              SIGNAL(newGroup()),
+                                              SIGNAL(renameGroup()),
+                                              SIGNAL(sendMessage()),
+                                              SIGNAL(sendMmsMessage())};
+        const QList<const char*> ofTheTable = {SIGNAL(itemSelectionChanged()),
+                                               SIGNAL(cellClicked(int, int)),
+                                               SIGNAL(emptyAreaRightClicked(bool)),
+                                               SIGNAL(mouseDoubleClicked()),
+                                               SIGNAL(editContact()),
+                                               SIGNAL(itemClicked(QTableWidgetItem*)),
+                                               SIGNAL(newContact()),
+                                               SIGNAL(deleteContact()),
+                                               SIGNAL(showHideSearchControl()),
+                                               SIGNAL(sendMessage()),
+                                               SIGNAL(makeCall()),
+                                               SIGNAL(dragTargetChanged(QWidget*)),
+                                               SIGNAL(importMOE()),
+                                               SIGNAL(importMOO())};
+        const QList<const char*> ofTheLogic = {
+            SIGNAL(signalSimStatus(bool)), SIGNAL(signalNetStatus(bool)),    SIGNAL(signalDeviceConnected(bool)),
+            SIGNAL(signalAddrBookReady()), SIGNAL(signalAddrBookSimReady()), SIGNAL(signalAddrBookDeviceReady())};
+        for (const char* signal : ofTheTree)
+            QVERIFY2(receivers(f.tree(), signal) == 1, signal);
+        QCOMPARE(receivers(f.tree(), SIGNAL(showHideSearchControl())), 0);
+        for (const char* signal : ofTheLogic)
+            QVERIFY2(receivers(AddrBookLogic::Instance(), signal) == 1, signal);
+        QCOMPARE(receivers(f.window(), SIGNAL(signalSimStatus(bool))), 1);
+        for (const char* signal : {SIGNAL(controlN()), SIGNAL(textEdited(QString))})
+            QVERIFY2(receivers(f.in().searchBox(), signal) == 1, signal);
+        const auto checkTable = [&](const char* when) {
+            for (const char* signal : ofTheTable)
+                QVERIFY2(receivers(f.table(), signal) == 1, qPrintable(QString(when) + signal));
+        };
+        checkTable("at first");
+        f.click(f.in().sim());
+        checkTable("another node");
+        f.window()->OnSysmodeChanged();
+        QVERIFY(f.waitRead());
+        checkTable("nodes gone");
+    }
+
+    void batchWorkersAnnouncementsAreHeardByNobody()
+    {
+        WindowFixture f;
+        f.build();
+        AddrBookThread* worker = &f.in().worker();
+        for (const char* signal :
+             {SIGNAL(addResult(bool, qlonglong)), SIGNAL(delResult(bool, int)), SIGNAL(finished())})
+            QVERIFY2(receivers(worker, signal) == 1, signal);
+        for (const char* signal :
+             {SIGNAL(moveResult(bool, qlonglong)), SIGNAL(addSelectDialogContact(int, int, int)),
+              SIGNAL(deleteSelectDialogContact(int, int)), SIGNAL(removeContactFromGroup(int, int, int))})
+            QVERIFY2(receivers(worker, signal) == 0, signal);
     }
 
     void languageChangeRebuildsTheSendMenu()

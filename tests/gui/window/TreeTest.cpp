@@ -1,3 +1,4 @@
+#include <QMimeData>
 #include <QObject>
 #include <QTreeWidgetItemIterator>
 
@@ -80,6 +81,19 @@ private slots:
         QVERIFY(!f.in().sim()->text(0).contains("("));
     }
 
+    void repaintShowsTheRecordsAndOtherwiseTheUsedPlacesCount()
+    {
+        WindowFixture f;
+        WindowFixture::fillStores();
+        FakeSdk::setSize(0, 7); // of which one can be read
+        f.build();
+        QVERIFY(f.in().sim()->text(0).endsWith("(7/250)"));
+        f.window()->rePaintTree();
+        QVERIFY(f.in().sim()->text(0).endsWith("(1/250)"));
+        f.window()->updateNodes();
+        QVERIFY(f.in().sim()->text(0).endsWith("(7/250)"));
+    }
+
     void countThatCannotBeReadShowsZero()
     {
         WindowFixture f;
@@ -160,6 +174,39 @@ private slots:
         f.click(f.node("Friends"));
         QCOMPARE(f.in().searchBox()->text(), QString(""));
         QCOMPARE(f.column(0), (QStringList{"Anna", "Bert"}));
+    }
+
+    void clickNotesWhereADragWouldStart()
+    {
+        WindowFixture f;
+        WindowFixture::fillStores();
+        f.build();
+        f.click(f.node("Friends"));
+        QCOMPARE(f.tree()->m_enDragMemory, PB_MEM_LOCAL);
+        QCOMPARE(f.tree()->m_iDragGroupId, FakeSdk::groups().first().id);
+        QCOMPARE(f.tree()->m_pitemPrevious, f.node("Friends"));
+        f.click(f.in().sim());
+        QCOMPARE(f.tree()->m_enDragMemory, PB_MEM_SIM);
+        QCOMPARE(f.tree()->m_iDragGroupId, 0);
+        // It is the node that is current at that moment, not yet the one that becomes so.
+        f.window()->OnTreeClicked(f.in().device());
+        QVERIFY(f.waitRead());
+        QCOMPARE(f.tree()->m_enDragMemory, PB_MEM_SIM);
+        QCOMPARE(f.tree()->m_pitemPrevious, f.in().device());
+        QCOMPARE(f.tree()->currentItem(), f.in().device());
+    }
+
+    void selectionChangeTurnsTheTablesItemsOffWithNothingSelected()
+    {
+        WindowFixture f;
+        WindowFixture::fillStores();
+        f.build();
+        f.button(TOOL_EDIT)->setEnabled(true);
+        f.window()->OnTreeItemSelectionChanged();
+        QVERIFY(!f.button(TOOL_EDIT)->isEnabled());
+        f.selectRows({0});
+        f.window()->OnTreeItemSelectionChanged();
+        QVERIFY(f.button(TOOL_EDIT)->isEnabled());
     }
 
     void hiddenNodeOfADualModeCardIsPresent_data()
@@ -251,6 +298,19 @@ private slots:
         QCOMPARE(f.tree()->topLevelItemCount(), 1);
     }
 
+    void memoryListOfNoneGivesTheLocalNodeAlone()
+    {
+        WindowFixture f;
+        FakeSdk::setMemoryList({});
+        f.build();
+        QCOMPARE(f.tree()->topLevelItemCount(), 1);
+        FakeSdk::clearCalls();
+        f.window()->updateDeviceAndSimNode(false);
+        QCOMPARE(FakeSdk::names(), QStringList{"PBGetMemoryListType"}); // not asked to fill in a list
+        QCOMPARE(f.tree()->topLevelItemCount(), 1);
+        QVERIFY(FakeCore::messages().isEmpty());
+    }
+
     void groupsThatFailGiveTheLocalNodeNoChildren()
     {
         WindowFixture f;
@@ -301,6 +361,19 @@ private slots:
         QVERIFY(!f.window()->isNodePresentInTree(&bare));
     }
 
+    // A name whose only owner is the test again has left with its group's block.
+    void groupsGoWithTheWindow()
+    {
+        WindowFixture f;
+        WindowFixture::fillStores();
+        f.build();
+        const QString name = QString("The one and only");
+        groupOf(treeNodeData(f.node("Friends")))->strName = name;
+        QVERIFY(!name.isDetached());
+        f.destroy();
+        QVERIFY(name.isDetached());
+    }
+
     void absentMemoryCountsAsExisting()
     {
         WindowFixture f;
@@ -339,6 +412,39 @@ private slots:
         QCOMPARE(f.tree()->currentItem(), f.in().device());
         QVERIFY(f.in().entered() == nullptr);
         QVERIFY(!f.tree()->hasMouseTracking());
+        QCOMPARE(f.column(0), (QStringList{"Emil", "Frida"}));
+    }
+
+    void afterACancelledDragTheNotedNodeBecomesCurrentAndIsNotLoaded()
+    {
+        WindowFixture f;
+        WindowFixture::fillStores();
+        f.build();
+        QWidget* viewport = f.tree()->viewport();
+        const auto over = [&f](QTreeWidgetItem* node) { return f.tree()->visualItemRect(node).center(); };
+        QMimeData rows;
+        rows.setData("Text/stringids", "1-10-1");
+        rows.setData("Text/colordata", QVariant(QColor(Qt::transparent)).toByteArray());
+        const Qt::DropActions actions = Qt::CopyAction | Qt::MoveAction;
+        QDragEnterEvent enter(over(f.in().local()), actions, &rows, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(viewport, &enter);
+        QDragMoveEvent hover(over(f.in().sim()), actions, &rows, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(viewport, &hover);
+        QDragLeaveEvent leave;
+        QCoreApplication::sendEvent(viewport, &leave);
+        QCOMPARE(f.tree()->currentItem(), f.in().sim());
+        QVERIFY(f.tree()->hasMouseTracking());
+
+        QMouseEvent move(QEvent::MouseMove, over(f.in().device()), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(viewport, &move);
+        QCOMPARE(f.in().entered(), f.in().device());
+        f.tree()->setCurrentItem(f.node("Friends"));
+        QCOMPARE(f.tree()->currentItem(), f.in().device());
+        QVERIFY(f.in().entered() == nullptr);
+        QVERIFY(!f.tree()->hasMouseTracking());
+        QCOMPARE(f.in().current(), f.in().local());
+        QCOMPARE(f.column(0), (QStringList{"Anna", "Bert", "Carl"}));
+        f.click(f.in().device()); // the mouse still loads
         QCOMPARE(f.column(0), (QStringList{"Emil", "Frida"}));
     }
 

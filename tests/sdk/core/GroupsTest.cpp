@@ -3,6 +3,7 @@
 #include <climits>
 
 #include "Phonebook.h"
+#include "RawStore.h"
 
 using namespace phonebook;
 
@@ -52,6 +53,77 @@ TEST(groupsComeBackWithParentNameAndSize)
     CHECK(membersOf(cousins) == (std::vector<int>{berta, anna}));
     CHECK(membersOf(family).empty());
     CHECK(membersOf(99) == std::vector<int>{-1});
+}
+
+namespace
+{
+
+// "1 name 2": identifier, name and size of each group, as a list that is fetched now shows them.
+std::u16string groupList()
+{
+    std::u16string text;
+    const auto put = [&text](int number) {
+        for (const char digit : std::to_string(number))
+            text += static_cast<char16_t>(digit);
+    };
+    void* set = nullptr;
+    if (ORVA_PBSrv_GetGroupList(local, &set) != ORVA_OK)
+        return u"failed";
+    for (long code = ORVA_PBSrv_AddrGroupSet_MoveFirst(set); code == ORVA_OK;
+         code = ORVA_PBSrv_AddrGroupSet_MoveNext(set)) {
+        int id = 0;
+        int size = 0;
+        unsigned short* name = nullptr;
+        CHECK_EQ(ORVA_PBSrv_AddrGroupSet_GetID(set, &id), ORVA_OK);
+        CHECK_EQ(ORVA_PBSrv_AddrGroupSet_GetGroupSize(set, &size), ORVA_OK);
+        CHECK_EQ(ORVA_PBSrv_AddrGroupSet_GetName(set, &name), ORVA_OK);
+        put(id);
+        text += u" " + take(name) + u" ";
+        put(size);
+        text += u"; ";
+    }
+    ORVA_PBSrv_AddrGroupSet_Release(set);
+    return text;
+}
+
+} // namespace
+
+TEST(everyListShowsWhatWasWrittenBeforeIt)
+{
+    const std::string folder = useFreshFolder();
+    CHECK_EQ(groupList(), u"");
+    const int group = addGroup(u"A");
+    CHECK_EQ(groupList(), u"1 A 0; ");
+    const int anna = add(local, {{"Name", u"Anna"}});
+    CHECK_EQ(ORVA_PBSrv_AddAddrToGroup(group, anna, local), ORVA_OK);
+    CHECK_EQ(groupList(), u"1 A 1; ");
+    CHECK_EQ(groupList(), u"1 A 1; ");
+    // Inside an open transaction too, and by another connection, such as that of another process.
+    CHECK_EQ(ORVA_PBSrv_BeginTransaction(local), ORVA_OK);
+    CHECK_EQ(ORVA_PBSrv_DelAddrRec(anna, local), ORVA_OK);
+    CHECK_EQ(groupList(), u"1 A 0; ");
+    CHECK_EQ(ORVA_PBSrv_EndTransaction(local), ORVA_OK);
+    CHECK_EQ(groupList(), u"1 A 0; ");
+    RawStore other(folder);
+    CHECK_EQ(other.ask("UPDATE groups SET name = 'B'"), "");
+    CHECK_EQ(groupList(), u"1 B 0; ");
+    CHECK_EQ(ORVA_PBSrv_DelGroup(group, local), ORVA_OK);
+    CHECK_EQ(groupList(), u"");
+}
+
+TEST(aListStaysAsItWasFetched)
+{
+    useFreshFolder();
+    const int group = addGroup(u"A");
+    void* set = nullptr;
+    REQUIRE(ORVA_PBSrv_GetGroupList(local, &set) == ORVA_OK);
+    CHECK_EQ(ORVA_PBSrv_DelGroup(group, local), ORVA_OK);
+    CHECK_EQ(ORVA_PBSrv_AddrGroupSet_MoveFirst(set), ORVA_OK);
+    unsigned short* name = nullptr;
+    CHECK_EQ(ORVA_PBSrv_AddrGroupSet_GetName(set, &name), ORVA_OK);
+    CHECK_EQ(take(name), u"A");
+    CHECK_EQ(ORVA_PBSrv_AddrGroupSet_MoveNext(set), ORVA_E_END);
+    ORVA_PBSrv_AddrGroupSet_Release(set);
 }
 
 TEST(groupZeroIsNoGroupAndJoiningItDoesNothing)

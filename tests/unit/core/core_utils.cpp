@@ -137,6 +137,14 @@ void CoreUtils::waitEndsWithTheThread()
     QThread idle;
     CommonUtils::WaitForThreadToStop(&idle, 5);
     CommonUtils::WaitForThreadToStop(QThread::currentThread(), 5);
+    QThread brief;
+    brief.start();
+    QElapsedTimer timer;
+    timer.start();
+    brief.quit();
+    CommonUtils::WaitForThreadToStop(&brief, 60);
+    QVERIFY(brief.isFinished());
+    QVERIFY(timer.elapsed() < 30000); // long before the limit
 }
 
 void CoreUtils::waitEndsAtItsLimit()
@@ -148,6 +156,7 @@ void CoreUtils::waitEndsAtItsLimit()
     CommonUtils::WaitForThreadToStop(&endless, 1);
     QVERIFY(endless.isRunning());
     QVERIFY(timer.elapsed() >= 950);
+    QVERIFY(timer.elapsed() < 15000); // a busy machine is slow, but not that slow
     endless.quit();
     CommonUtils::WaitForThreadToStop(&endless, UINT_MAX);
     QVERIFY(endless.isFinished());

@@ -11,6 +11,7 @@
 #include <sys/un.h>
 #include <unistd.h>
 
+#include "app/FirstPaint.h"
 #include "test/TestSocket.h"
 #include "test/WidgetQueries.h"
 
@@ -33,6 +34,7 @@ private slots:
     void unknownQueriesAndAddresses();
     void theSocketAnswersLineByLine();
     void withoutTheVariableThereIsNoSocket();
+    void theFirstPaintingOfAWindowLeavesAMark();
 
 private:
     static QStringList ask(const QString& strQuery)
@@ -204,6 +206,24 @@ void TestHostQueries::withoutTheVariableThereIsNoSocket()
 {
     const TestSocket server;
     QVERIFY(server.children().isEmpty());
+}
+
+void TestHostQueries::theFirstPaintingOfAWindowLeavesAMark()
+{
+    const QTemporaryDir folder;
+    const QString strFile = folder.filePath("shown");
+    qputenv("LINKHAND_TEST_SHOWN", QFile::encodeName(strFile));
+    QWidget window;
+    const FirstPaint firstPaint(&window);
+    QVERIFY(!QFile::exists(strFile));
+    QVERIFY(!firstPaint.HasCome());
+    window.show();
+    QTRY_VERIFY(firstPaint.HasCome());
+    QVERIFY(QFile::exists(strFile));
+    QVERIFY(QFile::remove(strFile));
+    window.repaint();
+    qunsetenv("LINKHAND_TEST_SHOWN");
+    QVERIFY(!QFile::exists(strFile));
 }
 
 QTEST_MAIN(TestHostQueries)

@@ -43,10 +43,12 @@ void TestHostSettings::settingsAreKeptBetweenRuns()
     first.SetLanguage("zh_CN");
     first.SetGeometry("\x01\x00\xff");
     first.SetDevicePanelShown(true);
+    first.SetWelcomeDismissed(true);
     const HostSettings second(strFile);
     QCOMPARE(second.Language(), QStringLiteral("zh_CN"));
     QCOMPARE(second.Geometry(), QByteArray("\x01\x00\xff"));
     QVERIFY(second.DevicePanelShown());
+    QVERIFY(second.WelcomeDismissed());
 }
 
 void TestHostSettings::otherSectionsStay()
@@ -68,6 +70,7 @@ void TestHostSettings::settingsOfAFirstStartAreEmpty()
     QVERIFY(settings.Language().isEmpty());
     QVERIFY(settings.Geometry().isEmpty());
     QVERIFY(!settings.DevicePanelShown());
+    QVERIFY(!settings.WelcomeDismissed());
 }
 
 void TestHostSettings::codesOfLanguageFiles_data()

@@ -21,10 +21,12 @@
 #include "loader/PluginHandle.h"
 #include "loader/PluginLifecycle.h"
 #include "loader/PluginLoader.h"
+#include "orva/orva_sdk.h"
 #include "orva/orva_sim.h"
 #include "window/MainWindow.h"
 #include "window/StatusArea.h"
 #include "window/StyleSheet.h"
+#include "window/WelcomeNote.h"
 
 // The main window with stand-in plug-ins and the simulated device.
 class TestHostWindow : public QObject
@@ -47,6 +49,8 @@ private slots:
     void noticesAreKeptUpToALimit();
     void choosingALanguageIsSignalled();
     void closingIsSignalled();
+    void anEmptyPhonebookExplainsItself();
+    void theWelcomeCanBePutAway();
     void theStyleFollowsThePalette();
     void linksCanBeReadOnAnyBackground_data();
     void linksCanBeReadOnAnyBackground();
@@ -314,6 +318,46 @@ void TestHostWindow::closingIsSignalled()
     const QSignalSpy spy(m_pWindow.data(), SIGNAL(closing()));
     m_pWindow->close();
     QCOMPARE(spy.count(), 1);
+}
+
+void TestHostWindow::anEmptyPhonebookExplainsItself()
+{
+    build(QStringList("AddrBookStandIn"));
+    QFrame* pNote = find<QFrame>("linkhand_WelcomeNote");
+    m_pWindow->ShowPage("AddrBookUIPlugin");
+    QVERIFY2(!pNote->isVisible(), "it was put away in an earlier run");
+    m_pWindow->Welcome().SetDismissed(false);
+    QVERIFY(pNote->isVisible());
+    const QString strText = find<QLabel>("linkhand_WelcomeNote_text")->text();
+    QVERIFY(strText.contains("new contact") && strText.contains("import"));
+    m_pWindow->ShowPage("Messages");
+    QVERIFY(!pNote->isVisible());
+    m_pWindow->ShowPage("AddrBookUIPlugin");
+    QVERIFY(pNote->isVisible());
+
+    void* pRecord = nullptr;
+    int iId = 0;
+    QCOMPARE(ORVA_PBSrv_CreateAddrRecord(ORVA_MEMORY_LOCAL, &pRecord), long(ORVA_OK));
+    QCOMPARE(ORVA_PBSrv_AddAddrRec(pRecord, &iId), long(ORVA_OK));
+    ORVA_PBSrv_AddrRecord_Release(pRecord);
+    QTRY_VERIFY(!pNote->isVisible());
+    QCOMPARE(ORVA_PBSrv_DelAddrRec(iId, ORVA_MEMORY_LOCAL), long(ORVA_OK));
+}
+
+void TestHostWindow::theWelcomeCanBePutAway()
+{
+    build(QStringList("AddrBookStandIn"));
+    m_pWindow->ShowPage("AddrBookUIPlugin");
+    m_pWindow->Welcome().SetDismissed(false);
+    QFrame* pNote = find<QFrame>("linkhand_WelcomeNote");
+    QVERIFY(pNote->isVisible());
+    QSignalSpy dismissed(&m_pWindow->Welcome(), SIGNAL(dismissed()));
+    QTest::mouseClick(find<QToolButton>("linkhand_WelcomeNote_dismiss"), Qt::LeftButton);
+    QCOMPARE(dismissed.count(), 1);
+    QVERIFY(!pNote->isVisible());
+    m_pWindow->ShowPage("Messages");
+    m_pWindow->ShowPage("AddrBookUIPlugin");
+    QVERIFY(!pNote->isVisible());
 }
 
 void TestHostWindow::theStyleFollowsThePalette()

@@ -1,3 +1,5 @@
+#include <QElapsedTimer>
+
 #include "WorkerTest.h"
 
 class TestBatches : public WorkerTest
@@ -81,6 +83,19 @@ private slots:
         worker.SetOperation(ADDRBOOK_OP_ADD, PB_MEM_LOCAL, records(5), 0);
         QVERIFY(runToEnd(worker));
         QCOMPARE(added, QList<int>({1, 2, 3, 4, 5}));
+    }
+
+    void eachRecordIsFollowedByAPause()
+    {
+        const int count = 400;
+        AddrBookThread worker;
+        const Receiver receiver(&worker);
+        worker.SetOperation(ADDRBOOK_OP_DELETE, PB_MEM_LOCAL, records(count), 0);
+        QElapsedTimer timer;
+        timer.start();
+        QVERIFY(runToEnd(worker));
+        QCOMPARE(receiver.results.size(), count);
+        QVERIFY(timer.nsecsElapsed() >= count * 500000LL); // room to paint
     }
 
     void theWorkerWaitsUntilTheSlotHasFinished()

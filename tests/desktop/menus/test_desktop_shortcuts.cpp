@@ -1,0 +1,242 @@
+#include <QtTest>
+
+#include "MenusFixture.h"
+
+// The nine shortcuts of the phonebook, pressed on a real keyboard.
+class TestDesktopShortcuts : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+    void ctrlTWritesATextMessageToTheRows();
+    void ctrlTWritesATextMessageToTheGroup();
+    void ctrlMWritesAMultimediaMessage();
+    void ctrlNOpensAnEmptyForm();
+    void ctrlEOpensTheContactsForm();
+    void delAsksAndDeletesTheRows();
+    void delAsksAndDeletesTheGroup();
+    void ctrlFShowsAndHidesTheSearchBox();
+    void ctrlShiftCCalls();
+    void ctrlShiftCAsksForTheNumber();
+    void ctrlShiftNMakesAGroup();
+    void f2RenamesTheGroup();
+    void theTreesShortcutsLeaveTheTableAlone();
+    void withoutANetworkNobodyIsWrittenToOrCalled();
+
+private:
+    HostDriver* host() { return m_fixture.Host(); }
+    QString node(const QString& strBegin) { return host()->Cell(MenusFixture::TREE, strBegin).strText; }
+    bool closeWindow(const QString& strAddress);
+
+    MenusFixture m_fixture;
+};
+
+namespace
+{
+
+const char* const TREE = MenusFixture::TREE;
+const char* const TABLE = MenusFixture::TABLE;
+const char* const FORM = "AddrBookUIPlugin_New_Edit_Dlg";
+const char* const CALL_BOX = "VoiceCallPlugin_callBox";
+
+} // namespace
+
+void TestDesktopShortcuts::init()
+{
+    QVERIFY2(m_fixture.Start(), qPrintable(m_fixture.Log()));
+}
+
+void TestDesktopShortcuts::cleanup()
+{
+    if (QTest::currentTestFailed()) {
+        host()->Screenshot(QStringLiteral("%1.png").arg(QTest::currentTestFunction()));
+    }
+    const QStringList lstErrors = m_fixture.Stop();
+    QVERIFY2(lstErrors.isEmpty(), qPrintable(lstErrors.join(QLatin1Char(0x0a))));
+}
+
+bool TestDesktopShortcuts::closeWindow(const QString& strAddress)
+{
+    host()->Key("Escape");
+    return host()->WaitGone(strAddress);
+}
+
+void TestDesktopShortcuts::ctrlTWritesATextMessageToTheRows()
+{
+    QVERIFY(m_fixture.ClickRow("David Ek"));
+    host()->Key("ctrl+t");
+    QVERIFY(host()->WaitFor(MenusFixture::SMS_TO));
+    QCOMPARE(host()->Text(MenusFixture::SMS_TO), QStringLiteral("01704"));
+    QVERIFY(closeWindow(MenusFixture::SMS_TO));
+}
+
+void TestDesktopShortcuts::ctrlTWritesATextMessageToTheGroup()
+{
+    QVERIFY(m_fixture.OpenNode("Friends", MenusFixture::FRIENDS));
+    host()->Key("ctrl+t");
+    QVERIFY(host()->WaitFor(MenusFixture::SMS_TO));
+    QCOMPARE(host()->Text(MenusFixture::SMS_TO), QStringLiteral("01701; 01702; 01703"));
+    QVERIFY(closeWindow(MenusFixture::SMS_TO));
+}
+
+void TestDesktopShortcuts::ctrlMWritesAMultimediaMessage()
+{
+    QVERIFY(m_fixture.ClickRow("David Ek"));
+    host()->Key("ctrl+m");
+    QVERIFY(host()->WaitFor(MenusFixture::MMS_TO));
+    QCOMPARE(host()->Text(MenusFixture::MMS_TO), QStringLiteral("01704"));
+    QVERIFY(closeWindow(MenusFixture::MMS_TO));
+}
+
+void TestDesktopShortcuts::ctrlNOpensAnEmptyForm()
+{
+    QVERIFY(m_fixture.ClickRow("David Ek"));
+    host()->Key("ctrl+n");
+    QVERIFY(host()->WaitFor(FORM));
+    QCOMPARE(host()->Text("modal"), QStringLiteral("New contact"));
+    QVERIFY(host()->WaitForFocus("modal/QLineEdit"));
+    host()->Type("Karl Lund");
+    QCOMPARE(host()->Text("modal/QLineEdit[1]"), QString());
+    QVERIFY(host()->Click("modal/AddrBookUIPlugin_New_Edit_Dlg_OK_Button"));
+    QVERIFY(host()->WaitGone(FORM));
+    QTRY_COMPARE(host()->Rows(TABLE), MenusFixture::CONTACTS + 1);
+    QVERIFY(host()->Cell(TABLE, "Karl Lund").iColumn == 0);
+    QTRY_COMPARE(node("Computer"), QStringLiteral("Computer(10)"));
+}
+
+void TestDesktopShortcuts::ctrlEOpensTheContactsForm()
+{
+    QVERIFY(m_fixture.ClickRow("David Ek"));
+    host()->Key("ctrl+e");
+    QVERIFY(host()->WaitFor(FORM));
+    QVERIFY(host()->WaitForFocus("modal/QLineEdit"));
+    QCOMPARE(host()->Text("modal/QLineEdit"), QStringLiteral("David Ek"));
+    QCOMPARE(host()->Text("modal/QLineEdit[1]"), QStringLiteral("01704"));
+    QVERIFY(closeWindow(FORM));
+}
+
+void TestDesktopShortcuts::delAsksAndDeletesTheRows()
+{
+    QVERIFY(m_fixture.ClickRow("David Ek"));
+    QVERIFY(m_fixture.AddRow("Ida Jung"));
+    host()->Key("Delete");
+    QVERIFY(host()->WaitFor("modal/QPushButton"));
+    QVERIFY(closeWindow("modal"));
+    QCOMPARE(host()->Rows(TABLE), int(MenusFixture::CONTACTS));
+    // Return alone does no harm.
+    host()->Key("Delete");
+    QVERIFY(host()->WaitFor("modal/QPushButton"));
+    host()->Key("Return");
+    QVERIFY(host()->WaitGone("modal"));
+    QCOMPARE(host()->Rows(TABLE), int(MenusFixture::CONTACTS));
+    host()->Key("Delete");
+    QVERIFY(host()->Click("modal/QPushButton"));
+    QTRY_COMPARE(host()->Rows(TABLE), MenusFixture::CONTACTS - 2);
+    QVERIFY(host()->Cell(TABLE, "David Ek").iColumn < 0);
+    QTRY_COMPARE(node("Computer"), QStringLiteral("Computer(7)"));
+    QTRY_COMPARE(node("Work"), QStringLiteral("Work(1)"));
+    QVERIFY(host()->WaitGone("modal"));
+}
+
+void TestDesktopShortcuts::delAsksAndDeletesTheGroup()
+{
+    QVERIFY(m_fixture.OpenNode("Work", 2));
+    host()->Key("Delete");
+    QVERIFY(host()->WaitFor("modal/QPushButton"));
+    host()->Key("Return");
+    QTRY_COMPARE(node("Work"), QString());
+    QTRY_COMPARE(host()->Rows(TABLE), int(MenusFixture::CONTACTS));
+}
+
+void TestDesktopShortcuts::ctrlFShowsAndHidesTheSearchBox()
+{
+    QVERIFY(m_fixture.ClickRow("David Ek"));
+    host()->Key("ctrl+f");
+    QVERIFY(host()->WaitForFocus(MenusFixture::SEARCH));
+    host()->Type("holm");
+    QTRY_COMPARE(host()->Rows(TABLE), 1);
+    host()->Key("ctrl+f");
+    QVERIFY(host()->WaitGone(MenusFixture::SEARCH));
+    QTRY_COMPARE(host()->Rows(TABLE), int(MenusFixture::CONTACTS));
+}
+
+void TestDesktopShortcuts::ctrlShiftCCalls()
+{
+    QVERIFY(m_fixture.ClickRow("David Ek"));
+    host()->Key("ctrl+shift+c");
+    QVERIFY(host()->WaitFor(CALL_BOX));
+    QCOMPARE(host()->Text("VoiceCallPlugin_labelNumber"), QStringLiteral("01704"));
+    QVERIFY(host()->Click("VoiceCallPlugin_buttonHangUp"));
+    QVERIFY(host()->WaitGone(CALL_BOX));
+}
+
+void TestDesktopShortcuts::ctrlShiftCAsksForTheNumber()
+{
+    QVERIFY(m_fixture.ClickRow("Carla Diaz"));
+    host()->Key("ctrl+shift+c");
+    QVERIFY(host()->WaitFor("ChoosePhoneNumber_TableWidget"));
+    QCOMPARE(host()->Rows("ChoosePhoneNumber_TableWidget"), 2);
+    QVERIFY(host()->ClickCell("ChoosePhoneNumber_TableWidget", "0303"));
+    QVERIFY(host()->Click("ChoosePhoneNumber_buttonOk"));
+    QVERIFY(host()->WaitFor(CALL_BOX));
+    QCOMPARE(host()->Text("VoiceCallPlugin_labelNumber"), QStringLiteral("0303"));
+    QVERIFY(host()->Click("VoiceCallPlugin_buttonHangUp"));
+    QVERIFY(host()->WaitGone(CALL_BOX));
+}
+
+void TestDesktopShortcuts::ctrlShiftNMakesAGroup()
+{
+    QVERIFY(m_fixture.OpenNode("Computer", MenusFixture::CONTACTS));
+    host()->Key("ctrl+shift+n");
+    QVERIFY(host()->WaitForFocus(QString(TREE) + "/QLineEdit"));
+    host()->Type("Choir");
+    host()->Key("Return");
+    QTRY_COMPARE(node("Choir"), QStringLiteral("Choir(0)"));
+    QVERIFY(m_fixture.OpenNode("Choir", 0));
+}
+
+void TestDesktopShortcuts::f2RenamesTheGroup()
+{
+    QVERIFY(m_fixture.OpenNode("Work", 2));
+    host()->Key("F2");
+    QVERIFY(host()->WaitForFocus(QString(TREE) + "/QLineEdit"));
+    QCOMPARE(host()->Text(QString(TREE) + "/QLineEdit"), QStringLiteral("Work"));
+    host()->Type("Office");
+    host()->Key("Return");
+    QTRY_COMPARE(node("Office"), QStringLiteral("Office(2)"));
+    QCOMPARE(node("Work"), QString());
+}
+
+void TestDesktopShortcuts::theTreesShortcutsLeaveTheTableAlone()
+{
+    QVERIFY(m_fixture.OpenNode("Work", 2));
+    QVERIFY(m_fixture.ClickRow("David Ek"));
+    host()->Key("ctrl+shift+n");
+    host()->Key("F2");
+    // The next key finds no editor in its way.
+    host()->Key("ctrl+f");
+    QVERIFY(host()->WaitForFocus(MenusFixture::SEARCH));
+    QVERIFY(!host()->Exists(QString(TREE) + "/QLineEdit"));
+    QCOMPARE(node("Work"), QStringLiteral("Work(2)"));
+}
+
+void TestDesktopShortcuts::withoutANetworkNobodyIsWrittenToOrCalled()
+{
+    QVERIFY(host()->Click("linkhand_NavBar_device"));
+    QVERIFY(host()->Click("linkhand_DevicePanel_network"));
+    QTRY_COMPARE(host()->Text("linkhand_StatusArea_network"), QStringLiteral("Offline"));
+    QVERIFY(m_fixture.ClickRow("David Ek"));
+    host()->Key("ctrl+t");
+    host()->Key("ctrl+m");
+    host()->Key("ctrl+shift+c");
+    host()->Key("ctrl+f");
+    QVERIFY(host()->WaitForFocus(MenusFixture::SEARCH));
+    QVERIFY(!host()->Exists(MenusFixture::SMS_TO));
+    QVERIFY(!host()->Exists(MenusFixture::MMS_TO));
+    QVERIFY(!host()->Exists(CALL_BOX));
+}
+
+QTEST_GUILESS_MAIN(TestDesktopShortcuts)
+#include "test_desktop_shortcuts.moc"

@@ -1,0 +1,111 @@
+#include "Life.h"
+
+#include <QApplication>
+#include <QTimer>
+
+#include <cstdio>
+
+#include "app/Services.h"
+#include "device/SimulatedHardware.h"
+#include "window/MainWindow.h"
+
+namespace
+{
+const int s_iLookEvery = 100;
+const int s_iLooks = 5;
+const int s_iRestfulSteps = 5; // what a worker has sent last is told within these
+
+// Resident memory of this process in KiB.
+long residentKiB()
+{
+    long pages = 0;
+    if (FILE* file = std::fopen("/proc/self/statm", "r")) {
+        long size = 0;
+        if (std::fscanf(file, "%ld %ld", &size, &pages) != 2)
+            pages = 0;
+        std::fclose(file);
+    }
+    return pages * 4;
+}
+} // namespace
+
+Life::Life(quint32 seed, int actions, Services& services, const QString& folder)
+    : m_user(seed, services, folder),
+      m_check(services),
+      m_services(services),
+      m_log(folder + "/actions.log"),
+      m_actions(actions),
+      m_done(0),
+      m_restfulSteps(0),
+      m_looks(0),
+      m_lookDue(false),
+      m_looking(false),
+      m_ended(false)
+{
+    m_log.open(QIODevice::WriteOnly | QIODevice::Truncate);
+}
+
+void Life::start()
+{
+    QTimer::singleShot(0, this, SLOT(OnNext()));
+}
+
+void Life::note(const QString& text)
+{
+    m_log.write(QString("%1 %2\n").arg(m_done).arg(text).toUtf8());
+    m_log.flush();
+}
+
+// The next step is asked for before this one is done: it may be due in the event loop of what this one opens. While the
+// screen is looked at, and after the end, nothing is left to do but to answer what a worker still tells.
+void Life::OnNext()
+{
+    QTimer::singleShot(m_lookDue || m_looking || m_ended ? 10 : 0, this, SLOT(OnNext()));
+    if (m_looking || m_ended) {
+        m_user.putAside();
+        return;
+    }
+    if (m_lookDue) {
+        m_restfulSteps = m_user.putAside() && m_check.isAtRest() ? m_restfulSteps + 1 : 0;
+        if (m_restfulSteps == s_iRestfulSteps)
+            look();
+        return;
+    }
+    const QString said = m_user.act();
+    if (said.isEmpty() || m_ended)
+        return;
+    note(said);
+    ++m_done;
+    m_lookDue = m_done % s_iLookEvery == 0;
+    m_restfulSteps = 0;
+    if (m_done >= m_actions && !m_lookDue)
+        end();
+}
+
+void Life::look()
+{
+    m_looking = true;
+    m_lookDue = false;
+    if (Screen::mainWindow() != nullptr)
+        Screen::mainWindow()->ShowPage("AddrBookUIPlugin");
+    m_failure = m_check.run();
+    m_looking = false;
+    // A worker that had been started but did not count yet may have written meanwhile.
+    if (!m_failure.isEmpty() && ++m_looks < s_iLooks) {
+        note("look again: " + m_failure);
+        m_failure.clear();
+        m_lookDue = true;
+        m_restfulSteps = 0;
+        return;
+    }
+    m_looks = 0;
+    note(QString("look: %1, %2 KiB").arg(m_failure.isEmpty() ? "agrees" : m_failure).arg(residentKiB()));
+    if (!m_failure.isEmpty() || m_done >= m_actions)
+        end();
+}
+
+void Life::end()
+{
+    m_ended = true;
+    note(m_user.quit());
+}

@@ -1,0 +1,49 @@
+#ifndef TESTS_ENDURANCE_LIFE_H
+#define TESTS_ENDURANCE_LIFE_H
+
+#include <QFile>
+#include <QObject>
+
+#include "RandomUser.h"
+#include "ScreenCheck.h"
+
+// One run of the program under a random user: so many actions, with a look at screen and store after each hundred.
+class Life : public QObject
+{
+    Q_OBJECT
+
+public:
+    // What was done goes to the file "actions.log" in the folder, so that a crash can be traced.
+    Life(quint32 seed, int actions, Services& services, const QString& folder);
+
+    void start();
+
+    // True once all was done; a program that ended before it has ended itself.
+    bool ended() const { return m_ended; }
+
+    // Empty if all went well.
+    QString failure() const { return m_failure; }
+
+private slots:
+    void OnNext();
+
+private:
+    void look();
+    void note(const QString& text);
+    void end();
+
+    RandomUser m_user;
+    ScreenCheck m_check;
+    Services& m_services;
+    QFile m_log;
+    QString m_failure;
+    int m_actions;
+    int m_done;
+    int m_restfulSteps;
+    int m_looks;
+    bool m_lookDue;
+    bool m_looking;
+    bool m_ended;
+};
+
+#endif // TESTS_ENDURANCE_LIFE_H

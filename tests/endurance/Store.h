@@ -1,0 +1,19 @@
+#ifndef TESTS_ENDURANCE_STORE_H
+#define TESTS_ENDURANCE_STORE_H
+
+#include <QHash>
+#include <QString>
+
+// What the SDK holds, asked for beside the program.
+namespace Store
+{
+// Contacts of varied names and numbers into the PC's phonebook, groups of them, and some on the card.
+void fill();
+
+int records(int memory);
+
+// Members by identifier of the group.
+QHash<int, int> groupSizes();
+} // namespace Store
+
+#endif // TESTS_ENDURANCE_STORE_H
