@@ -35,7 +35,7 @@ QModelIndexList AddrBookTableWidget::GetSelectedIndexes() const
 
 QVariant AddrBookTableWidget::inputMethodQuery(Qt::InputMethodQuery enQuery) const
 {
-    const QVariant answer = QTableWidget::inputMethodQuery(enQuery);
+    QVariant answer = QTableWidget::inputMethodQuery(enQuery);
     // Qt gives the cell's place in the viewport and takes it for one in the table, which has a header above.
     if (answer.type() == QVariant::Rect)
         return answer.toRect().translated(viewport()->pos());
