@@ -91,6 +91,10 @@ void checkButton(const QAbstractButton* pButton, QStringList& lstProblems)
 
 void checkComboBox(QComboBox* pBox, QStringList& lstProblems)
 {
+    // Paths of folders in Qt's file dialog, as long as they happen to be.
+    if (pBox->objectName() == QLatin1String("lookInCombo")) {
+        return;
+    }
     QStyleOptionComboBox option;
     option.initFrom(pBox);
     option.subControls = QStyle::SC_All;
