@@ -16,9 +16,11 @@ namespace
 {
 const int s_iLimitMs = 60000;
 
-// The first number behind the last opening bracket: "Friends(20)", "SIM card(3/250)".
-int countIn(const QString& text)
+// The first number behind the last opening bracket: "Friends(20)", "SIM card(3/250)". From right to left, marks of
+// direction stand about the brackets.
+int countIn(QString text)
 {
+    text.remove(QChar(0x200e)).remove(QChar(0x200f));
     const QRegularExpressionMatch match = QRegularExpression("\\((\\d+)(/\\d+)?\\)$").match(text);
     return match.hasMatch() ? match.captured(1).toInt() : -1;
 }

@@ -107,9 +107,9 @@ void TestHostQueries::cellsOfATable()
     const QStringList lstCells = ask("cells\ttop/table");
     QCOMPARE(lstCells.size(), 6);
     QVERIFY(lstCells.at(0).startsWith("0\t0\ta\t"));
-    QVERIFY(lstCells.at(0).endsWith("\t0"));
+    QVERIFY(lstCells.at(0).endsWith("\t0\t-1"));
     QVERIFY(lstCells.at(5).startsWith("2\t1\tf\t"));
-    QVERIFY(lstCells.at(5).endsWith("\t1"));
+    QVERIFY(lstCells.at(5).endsWith("\t1\t-1"));
 }
 
 void TestHostQueries::nodesOfATree()
