@@ -1,26 +1,9 @@
 #include "Store.h"
 
-#include <QStringList>
-
-#include "orva/orva_sdk.h"
+#include "../support/RealStore.h"
 
 namespace
 {
-int add(int memory, const QStringList& values)
-{
-    static const char* const s_local[] = {"Name", "Mobile", "officePhone", "homePhone", "email", "remark"};
-    static const char* const s_card[] = {"Name", "Number"};
-    void* record = nullptr;
-    if (ORVA_PBSrv_CreateAddrRecord(memory, &record) != 0)
-        return -1;
-    for (int i = 0; i < values.size(); ++i)
-        ORVA_PBSrv_AddrRecord_SetValue(record, memory == 4 ? s_local[i] : s_card[i], values.at(i).utf16());
-    int id = -1;
-    ORVA_PBSrv_AddAddrRec(record, &id);
-    ORVA_PBSrv_AddrRecord_Release(record);
-    return id;
-}
-
 int addGroup(const QString& name)
 {
     void* group = nullptr;
@@ -43,15 +26,15 @@ void Store::fill()
     const int groups[] = {addGroup("Friends"), addGroup("Family"), addGroup(QString::fromUtf8("Büro"))};
     for (int i = 0; i < 60; ++i) {
         const QString number = QString::number(491700000 + i);
-        const int id =
-            add(4, QStringList() << names.at(i % names.size()) + QString(" %1").arg(i) << number
-                                 << (i % 3 == 0 ? number + "1" : QString()) << (i % 5 == 0 ? number + "2" : QString()));
+        const int id = RealStore::addContact(4, QStringList() << names.at(i % names.size()) + QString(" %1").arg(i)
+                                                              << number << (i % 3 == 0 ? number + "1" : QString())
+                                                              << (i % 5 == 0 ? number + "2" : QString()));
         ORVA_PBSrv_AddAddrToGroup(groups[i % 3], id, 4);
     }
     for (int i = 0; i < 20; ++i)
-        add(0, QStringList() << QString("Card %1").arg(i) << QString::number(300000 + i));
+        RealStore::addContact(0, QStringList() << QString("Card %1").arg(i) << QString::number(300000 + i));
     for (int i = 0; i < 10; ++i)
-        add(1, QStringList() << QString("Device %1").arg(i) << QString::number(400000 + i));
+        RealStore::addContact(1, QStringList() << QString("Device %1").arg(i) << QString::number(400000 + i));
 }
 
 int Store::records(int memory)

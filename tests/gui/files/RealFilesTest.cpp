@@ -5,11 +5,10 @@
 
 #include "../window/WindowFixture.h"
 #include "FileUser.h"
-#include "csv/ColumnGuess.h"
 #include "linkhand/QtCompat.h"
 #include "orva/orva_sim.h"
 
-// Files as programs write them, and as the SDK itself does, through the window's dialogs into the real SDK's store.
+// Files as the SDK itself writes them, and files that go wrong, through the window's dialogs into the real SDK's store.
 class RealFilesTest : public QObject
 {
     Q_OBJECT
@@ -79,14 +78,6 @@ private:
         file.write(text);
     }
 
-    static QString unescaped(const QString& text)
-    {
-        QString out = text;
-        return out.replace("\\n", "\n").replace("\\r", "\r").replace("\\t", "\t");
-    }
-
-    static QDir fixtures() { return QDir(qEnvironmentVariable("LINKHAND_SOURCE_DIR") + "/tests/sdk/files/fixtures"); }
-
 private slots:
     void init()
     {
@@ -105,65 +96,6 @@ private slots:
         QCOMPARE(FakeCore::runningWorkers(), 0);
     }
 
-    void filesOfEachProgramComeInThroughTheFieldMap_data()
-    {
-        QTest::addColumn<QString>("path");
-        const QStringList names = fixtures().entryList({"*.csv", "*.txt"}, QDir::Files, QDir::Name);
-        QVERIFY(names.size() >= 15);
-        for (const QString& name : names)
-            QTest::newRow(qPrintable(name)) << fixtures().filePath(name);
-    }
-    void filesOfEachProgramComeInThroughTheFieldMap()
-    {
-        QFETCH(QString, path);
-        QFile expectedFile(path + ".expected");
-        QVERIFY(expectedFile.open(QIODevice::ReadOnly));
-        QStringList lines = QString::fromUtf8(expectedFile.readAll()).split('\n', Qt::SkipEmptyParts);
-        const QStringList titles = lines.takeFirst().split(',');
-
-        // The user takes the columns that hold what the fields are for; of a name in two columns the first.
-        std::vector<std::string> utf8;
-        for (const QString& title : titles)
-            utf8.push_back(title.toStdString());
-        const orva::ColumnGuess guess(utf8);
-        QList<int> columns;
-        bool nameInTwo = false;
-        for (const char* label : {"ID_STR_NAME", "ID_STR_MOBILE_PHONE", "ID_STR_BUSINESS_PHONE", "ID_STR_HOME_PHONE",
-                                  "ID_STR_EMAIL", "ID_STR_NOTES"}) {
-            const int column = guess.forLabel(label);
-            nameInTwo = nameInTwo || column >= 65536;
-            columns << (column < 0 ? -1 : column % 65536);
-        }
-        QStringList shown;
-        FileUser::onMap([&](const FileUser::Map& map) {
-            shown = map.titles();
-            for (int row = 0; row < 6; ++row)
-                map.setMapped(row, columns[row] < 0 ? QString(" ") : titles[columns[row]]);
-            return true;
-        });
-        FileUser::choose(path);
-        trigger("IDS_IMPORT_PHONEBOOK");
-        QCOMPARE(FileUser::mapsSeen(), 1);
-        QCOMPARE(shown.mid(0, titles.size()), titles);
-
-        const QList<Values> found = stored();
-        QCOMPARE(found.size(), lines.size());
-        for (int i = 0; i < lines.size(); ++i) {
-            const QStringList expected = lines[i].split('\t');
-            for (int field = 0; field < 6; ++field) {
-                const QString value = unescaped(expected[field + 1]);
-                if (field == 0 && nameInTwo)
-                    QVERIFY2(value.startsWith(found[i][0]), qPrintable(value + " is " + found[i][0]));
-                else
-                    QCOMPARE(found[i][field], value);
-            }
-        }
-        QCOMPARE(FakeCore::messageTexts(),
-                 QStringList(QString("IDS_IMPORT_TOTAL_NUMBER%1IDS_IMPORT_IMPORTED_NUMBER%1").arg(lines.size())));
-        QCOMPARE(in().table()->rowCount(), lines.size());
-    }
-
-    // Exported, and imported into an empty phonebook with what the field map finds by itself.
     void contactExportedAndImportedIsTheSameContact()
     {
         const QList<Values> contacts = {

@@ -8,6 +8,7 @@
 
 #include <memory>
 
+#include "../../support/RealStore.h"
 #include "RealHost.h"
 #include "linkhand/QtCompat.h"
 #include "linkhand/plugin/IAddrBookUIPlugin.h"
@@ -27,21 +28,6 @@ private:
     std::unique_ptr<QWidget> m_page;
     QObject* m_root = nullptr;
     IUIPlugin* m_plugin = nullptr;
-
-    static int addContact(int memory, const QStringList& values)
-    {
-        static const char* const s_local[] = {"Name", "Mobile", "officePhone", "homePhone", "email", "remark"};
-        static const char* const s_card[] = {"Name", "Number"};
-        void* record = nullptr;
-        if (ORVA_PBSrv_CreateAddrRecord(memory, &record) != 0)
-            return -1;
-        for (int i = 0; i < values.size(); ++i)
-            ORVA_PBSrv_AddrRecord_SetValue(record, memory == 4 ? s_local[i] : s_card[i], values.at(i).utf16());
-        int id = -1;
-        ORVA_PBSrv_AddAddrRec(record, &id);
-        ORVA_PBSrv_AddrRecord_Release(record);
-        return id;
-    }
 
     QTreeWidget* tree() const { return m_page->findChild<QTreeWidget*>("AddrBookUIPlugin_TreeWidget"); }
     QTableWidget* table() const { return m_page->findChild<QTableWidget*>("AddrBookUIPlugin_ContactTable"); }
@@ -118,9 +104,9 @@ private slots:
         ORVA_Sim_SetDevice(1);
         ORVA_Sim_SetCard(1);
         for (const char* name : {"Zoe", "anna", "Bert"})
-            addContact(4, {name, "1", "", "", "", "line\nbreak"});
-        addContact(0, {"Card", "2"});
-        addContact(1, {"Device", "3"});
+            RealStore::addContact(4, {name, "1", "", "", "", "line\nbreak"});
+        RealStore::addContact(0, {"Card", "2"});
+        RealStore::addContact(1, {"Device", "3"});
         show();
         QCOMPARE(names(), (QStringList{"anna", "Bert", "Zoe"}));
         QCOMPARE(table()->item(0, 5)->text(), QString("line break"));
@@ -150,7 +136,7 @@ private slots:
 
     void previewShowsTheSelectedContact()
     {
-        addContact(4, {"Anna", "123", "", "", "anna@example.org", "first\nsecond"});
+        RealStore::addContact(4, {"Anna", "123", "", "", "anna@example.org", "first\nsecond"});
         show();
         table()->selectRow(0);
         QTextBrowser* const preview = m_page->findChild<QTextBrowser*>("AddrBookUIPlugin_labelPreview");
@@ -163,9 +149,9 @@ private slots:
         ORVA_Sim_SetDevice(1);
         ORVA_Sim_SetCard(1);
         for (int i = 0; i < 300; ++i)
-            addContact(4, {QString("local %1").arg(i), "1"});
+            RealStore::addContact(4, {QString("local %1").arg(i), "1"});
         for (int i = 0; i < 50; ++i)
-            addContact(1, {QString("device %1").arg(i), "1"});
+            RealStore::addContact(1, {QString("device %1").arg(i), "1"});
         show();
         for (int round = 0; round < 50; ++round) {
             ORVA_Sim_SetDevice(round % 2);
@@ -189,7 +175,7 @@ private slots:
     {
         ORVA_PBSrv_BeginTransaction(4);
         for (int i = 0; i < 20000; ++i)
-            addContact(4, {QString("Name %1").arg(i), "1"});
+            RealStore::addContact(4, {QString("Name %1").arg(i), "1"});
         ORVA_PBSrv_EndTransaction(4);
         QVERIFY(m_plugin->Init());
         QRect rect(0, 0, 800, 600);
