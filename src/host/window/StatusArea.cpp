@@ -13,6 +13,7 @@
 namespace
 {
 
+const QChar FIRST_STRONG_ISOLATE(0x2068);
 const int KEPT_NOTICES = 100;
 const int SHOWN_NOTICES = 20;
 
@@ -59,7 +60,8 @@ StatusArea::StatusArea(QWidget* pParent)
 
 void StatusArea::ShowNotice(const QString& strText)
 {
-    m_lstNotices.prepend(QTime::currentTime().toString(QLatin1String("hh:mm:ss  ")) + strText);
+    // The notice has a direction of its own, so that a number keeps its plus in front from right to left, too.
+    m_lstNotices.prepend(QTime::currentTime().toString(QLatin1String("hh:mm:ss  ")) + FIRST_STRONG_ISOLATE + strText);
     if (m_lstNotices.size() > KEPT_NOTICES) {
         m_lstNotices.removeLast();
     }
