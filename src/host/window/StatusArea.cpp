@@ -14,6 +14,7 @@ namespace
 {
 
 const QChar FIRST_STRONG_ISOLATE(0x2068);
+const int TIME_LENGTH = 10; // with the blanks behind it
 const int KEPT_NOTICES = 100;
 const int SHOWN_NOTICES = 20;
 
@@ -60,8 +61,7 @@ StatusArea::StatusArea(QWidget* pParent)
 
 void StatusArea::ShowNotice(const QString& strText)
 {
-    // The notice has a direction of its own, so that a number keeps its plus in front from right to left, too.
-    m_lstNotices.prepend(QTime::currentTime().toString(QLatin1String("hh:mm:ss  ")) + FIRST_STRONG_ISOLATE + strText);
+    m_lstNotices.prepend(QTime::currentTime().toString(QLatin1String("hh:mm:ss  ")) + strText);
     if (m_lstNotices.size() > KEPT_NOTICES) {
         m_lstNotices.removeLast();
     }
@@ -114,7 +114,9 @@ void StatusArea::OnHistory()
     menu.setObjectName(QLatin1String("linkhand_StatusArea_history"));
     foreach (const QString& strNotice, m_lstNotices.mid(0, SHOWN_NOTICES)) {
         // A number may hold no mnemonic, but a name may hold an ampersand.
-        menu.addAction(QString(strNotice).replace(QLatin1Char('&'), QLatin1String("&&")));
+        // Behind its time it has a direction of its own: a number keeps its plus in front from right to left, too.
+        QString strEntry = QString(strNotice).replace(QLatin1Char('&'), QLatin1String("&&"));
+        menu.addAction(strEntry.insert(TIME_LENGTH, FIRST_STRONG_ISOLATE));
     }
     menu.exec(m_pNotice->mapToGlobal(QPoint(0, -menu.sizeHint().height())));
 }
