@@ -18,7 +18,7 @@ namespace
 
 const int TICK_MS = 15;
 const int CALM_TICKS = 4;
-const int MOST_TICKS = 800;
+const int MOST_TICKS = 2000;
 
 QPalette darkPalette()
 {
