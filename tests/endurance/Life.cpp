@@ -76,7 +76,7 @@ void Life::OnNext()
         return;
     note(said);
     ++m_done;
-    m_lookDue = m_done % s_iLookEvery == 0;
+    m_lookDue = m_lookDue || m_done % s_iLookEvery == 0;
     m_restfulSteps = 0;
     if (m_done >= m_actions && !m_lookDue)
         end();

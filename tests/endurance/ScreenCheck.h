@@ -3,6 +3,8 @@
 
 #include <QString>
 
+class QTreeWidget;
+class QTreeWidgetItem;
 class Services;
 
 // Whether the screen and the store say the same. Only for a program at rest: no menu, no dialog, no worker.
@@ -19,6 +21,8 @@ public:
     bool isAtRest() const;
 
 private:
+    // A user's click, up to the table's complete read.
+    bool click(QTreeWidget* tree, QTreeWidgetItem* item) const;
     QString checkNode(int node, int child) const;
 
     Services& m_services;
