@@ -1,7 +1,5 @@
 #include "app/WorkerCount.h"
 
-#include <QMutexLocker>
-
 namespace
 {
 
@@ -14,14 +12,14 @@ QString nameOf(const QString& strFile, const QString& strFunction)
 
 void WorkerCount::Increment(const QString& strFile, const QString& strFunction)
 {
-    QMutexLocker locker(&m_mutex);
+    const std::lock_guard<std::mutex> locker(m_mutex);
     ++m_hashNames[nameOf(strFile, strFunction)];
     ++m_iRunning;
 }
 
 void WorkerCount::Decrement(const QString& strFile, const QString& strFunction)
 {
-    QMutexLocker locker(&m_mutex);
+    const std::lock_guard<std::mutex> locker(m_mutex);
     QHash<QString, int>::iterator it = m_hashNames.find(nameOf(strFile, strFunction));
     if (it == m_hashNames.end()) {
         return;
@@ -34,6 +32,6 @@ void WorkerCount::Decrement(const QString& strFile, const QString& strFunction)
 
 QStringList WorkerCount::Names() const
 {
-    QMutexLocker locker(&m_mutex);
+    const std::lock_guard<std::mutex> locker(m_mutex);
     return m_hashNames.keys();
 }

@@ -2,17 +2,20 @@
 #define LINKHAND_HOST_WORKERCOUNT_H
 
 #include <QHash>
-#include <QMutex>
 #include <QString>
 #include <QStringList>
 
 #include <atomic>
+#include <mutex>
 
 // The running workers of all plug-ins, counted by place of work so that one that does not end can be named. Any
 // thread.
 class WorkerCount
 {
 public:
+    // The last worker counts itself down shortly before it ends.
+    ~WorkerCount() { const std::lock_guard<std::mutex> locker(m_mutex); }
+
     void Increment(const QString& strFile, const QString& strFunction);
 
     // Counting down what was never counted up changes nothing.
@@ -25,7 +28,7 @@ public:
 
 private:
     std::atomic<int> m_iRunning{0};
-    mutable QMutex m_mutex;
+    mutable std::mutex m_mutex;
     QHash<QString, int> m_hashNames;
 };
 

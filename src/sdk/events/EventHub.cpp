@@ -38,7 +38,14 @@ bool EventHub::stop(std::chrono::milliseconds atMost)
     if (onEventThread())
         return false;
     const auto until = std::chrono::steady_clock::now() + atMost;
-    return !m_thread.joinable() || m_delivered.wait_until(lock, until, [&] { return m_left; });
+    if (!m_thread.joinable())
+        return true;
+    if (!m_delivered.wait_until(lock, until, [&] { return m_left; }))
+        return false;
+    // It is past its last callback and about to return.
+    lock.unlock();
+    m_thread.join();
+    return true;
 }
 
 void EventHub::add(Service service, ORVA_CALLBACK callback)
@@ -47,7 +54,7 @@ void EventHub::add(Service service, ORVA_CALLBACK callback)
     std::vector<ORVA_CALLBACK>& callbacks = m_callbacks[static_cast<std::size_t>(service)];
     if (std::find(callbacks.begin(), callbacks.end(), callback) != callbacks.end())
         return;
-    if (!m_thread.joinable())
+    if (!m_thread.joinable() && !m_stop)
         m_thread = std::thread(&EventHub::deliver, this);
     callbacks.push_back(callback);
 }

@@ -1,8 +1,10 @@
 #include "SelectSupport.h"
 
+#include <QScopeGuard>
 #include <QThread>
 
 #include <atomic>
+#include <thread>
 
 // The five workers under everything that can happen to the dialog meanwhile.
 class SelectThreadsTest : public SelectTestBase
@@ -198,7 +200,7 @@ private slots:
     {
         fill(100);
         std::atomic<bool> end(false);
-        const QScopedPointer<QThread> changer(QThread::create([&end] {
+        std::thread changer([&end] {
             for (int i = 0; !end; ++i) {
                 const int id = FakeSdk::addRecord(4, {QString("New %1").arg(i), "1"});
                 const int group = FakeSdk::addGroup(QString("New %1").arg(i % 7), i % 3);
@@ -207,18 +209,19 @@ private slots:
                 ORVA_PBSrv_DelGroup(group, 4);
                 FakeSdk::removeRecord(4, id);
                 FakeSdk::removeRecord(0, 1 + i % 40);
-                QThread::yieldCurrentThread();
+                std::this_thread::yield();
             }
-        }));
-        changer->start();
+        });
+        const auto stop = qScopeGuard([&] {
+            end = true;
+            changer.join();
+        });
         for (int i = 0; i < 10; ++i) {
             Picker picker(true, {"5"});
             QVERIFY(QTest::qWaitFor([&] { return picker.access.filled(); }, 30000));
             picker.toggle(picker.item({"PC"}));
             picker.dialog->OnDeleteContact(PB_MEM_LOCAL, 3);
         }
-        end = true;
-        changer->wait();
     }
 };
 
