@@ -4,6 +4,7 @@
 #include <QTimer>
 
 #include "dialogs/AddrBookNewContactExtendDialog.h"
+#include "logic/QueuedEmit.h"
 
 FormUser::FormUser(Act act) : m_act(std::move(act)), m_forms(0), m_parent(nullptr), m_ok(false)
 {
@@ -77,7 +78,8 @@ QList<int> fill(int memory, const QString& prefix, int n)
 
 void atRecord(const QByteArray& operation, int nth, std::function<void()> function)
 {
-    FakeSdk::onCall(operation, nth, [function] { QMetaObject::invokeMethod(qApp, function, Qt::QueuedConnection); });
+    FakeSdk::onCall(operation, nth,
+                    [function] { QUEUED_EMIT(QMetaObject::invokeMethod(qApp, function, Qt::QueuedConnection)); });
 }
 
 ABWaitingDlg* waitingWindow()

@@ -60,6 +60,9 @@ State& state();
 // Any thread.
 std::atomic<bool>& shuttingDown();
 struct Workers {
+    // The last worker counts itself down shortly before it ends.
+    ~Workers() { const std::lock_guard<std::mutex> lock(mutex); }
+
     std::mutex mutex;
     int running = 0;
     QStringList log;
