@@ -15,11 +15,8 @@ add_compile_options(-Wall -Wextra -Wshadow -Werror)
 # A signal and a function of the same name, or a parameter named as a method, is the norm with Qt; gcc's plain
 # -Wshadow leaves both alone. _FORTIFY_SOURCE and friends are the packager's choice.
 
-# Log lines name source files. A build tree below the sources has short names for them; elsewhere they are made short.
-string(FIND "${CMAKE_BINARY_DIR}/" "${CMAKE_SOURCE_DIR}/" inside)
-if(NOT inside EQUAL 0)
-  add_compile_options(-ffile-prefix-map=${CMAKE_SOURCE_DIR}/= -ffile-prefix-map=${CMAKE_BINARY_DIR}/=)
-endif()
+# Log lines name source files, and those names are short ones wherever the trees lie.
+add_compile_options(-ffile-prefix-map=${CMAKE_SOURCE_DIR}/= -ffile-prefix-map=${CMAKE_BINARY_DIR}/=)
 
 if(LINKHAND_SANITIZER)
   add_compile_options(-fsanitize=${LINKHAND_SANITIZER} -fno-omit-frame-pointer -g -O1)

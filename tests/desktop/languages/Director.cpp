@@ -34,6 +34,17 @@ QPalette darkPalette()
 
 // The window manager makes a window the active one a moment after it is there; between the end of one and the start of
 // the next it may have none to choose.
+QString nameOf(const QWidget* pWidget)
+{
+    return pWidget != nullptr ? pWidget->metaObject()->className() + (" " + pWidget->objectName()) : "none";
+}
+
+// Who stands in the way of a window that does not come.
+QString onTop()
+{
+    return "active: " + nameOf(QApplication::activeWindow()) + ", modal: " + nameOf(QApplication::activeModalWidget());
+}
+
 bool hasKeys(QWidget* pWidget)
 {
     if (pWidget->isActiveWindow() || pWidget->windowType() == Qt::Popup) {
@@ -122,7 +133,7 @@ void Director::OnTick()
             look(pWidget);
             m_enState = CLOSE;
         } else if (m_iTicks > MOST_TICKS) {
-            fail(scene.strName + " did not come");
+            fail(scene.strName + " did not come; " + onTop());
             Scenes::DropSteps();
             m_enState = CLOSE;
         }
