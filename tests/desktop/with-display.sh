@@ -46,9 +46,13 @@ cat >"$work/config/openbox/rc.xml" <<'XML'
 <openbox_config xmlns="http://openbox.org/3.4/rc">
   <focus><focusNew>yes</focusNew></focus>
   <placement><policy>Smart</policy><center>yes</center></placement>
+  <applications><application class="*"><focus>yes</focus></application></applications>
   <desktops><number>1</number></desktops>
   <keyboard><keybind key="A-F4"><action name="Close"/></keybind></keyboard>
   <mouse>
+    <context name="Titlebar">
+      <mousebind button="Left" action="Press"><action name="Focus"/><action name="Raise"/></mousebind>
+    </context>
     <context name="Client">
       <mousebind button="Left" action="Press"><action name="Focus"/><action name="Raise"/></mousebind>
     </context>

@@ -101,6 +101,7 @@ int HostDriver::Quit()
 {
     QElapsedTimer timer;
     timer.start();
+    TakeKeyboard();
     Key("ctrl+q");
     return WaitForExit() == 0 ? int(timer.elapsed()) : -1;
 }
@@ -279,6 +280,30 @@ bool HostDriver::WaitForMainWindow()
 {
     return WaitUntil(
         [this] { return !Windows().filter(QRegularExpression("^[^\t]*\tlinkhand_MainWindow\t.*\t1$")).isEmpty(); });
+}
+
+bool HostDriver::TakeKeyboard()
+{
+    for (int i = 0; i < 5; ++i) {
+        QStringList lstFields;
+        const bool bActive = WaitUntil(
+            [&] {
+                QStringList lstWindows = Windows().filter(QRegularExpression("\t1\t[01]$"));
+                if (lstWindows.isEmpty()) {
+                    lstWindows = Windows().filter("\tlinkhand_MainWindow\t");
+                }
+                lstFields = lstWindows.value(0).split('\t');
+                return lstFields.size() == 9 && lstFields.at(8) == "1";
+            },
+            2000);
+        if (bActive) {
+            return true;
+        }
+        if (lstFields.size() == 9) {
+            ClickAt(QPoint(lstFields.at(3).toInt() + lstFields.at(5).toInt() / 2, lstFields.at(4).toInt() - 10));
+        }
+    }
+    return false;
 }
 
 bool HostDriver::WaitForModal()

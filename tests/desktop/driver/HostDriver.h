@@ -112,6 +112,10 @@ public:
     // Waits until the main window has the focus, which it gets back a moment after a dialog is gone.
     bool WaitForMainWindow();
 
+    // Gives the keyboard to the modal window, or to the main window if there is none. A window manager may leave it
+    // where it was when a window comes or goes; a person then clicks the title.
+    bool TakeKeyboard();
+
     // What a person does. False if the target does not come.
     bool Click(const QString& strAddress, int iButton = 1);
     bool ClickCell(const QString& strAddress, const QString& strText, int iButton = 1);

@@ -45,12 +45,13 @@ QString onTop()
     return "active: " + nameOf(QApplication::activeWindow()) + ", modal: " + nameOf(QApplication::activeModalWidget());
 }
 
+// A window manager may leave the keyboard where it was when a window comes; the window then asks for it.
 bool hasKeys(QWidget* pWidget)
 {
     if (pWidget->isActiveWindow() || pWidget->windowType() == Qt::Popup) {
         return true;
     }
-    if (QApplication::activeWindow() == nullptr) {
+    if (QApplication::activeWindow() == nullptr || QApplication::activeModalWidget() == pWidget->window()) {
         pWidget->activateWindow();
     }
     return false;

@@ -105,6 +105,9 @@ bool TestDesktopPicker::openPicker()
 // The contacts of no group come last on the PC; the card's come on their own.
 bool TestDesktopPicker::isFilled()
 {
+    if (!m_pHost->WaitFor(CHOICE) || !m_pHost->TakeKeyboard()) {
+        return false;
+    }
     return HostDriver::WaitUntil([this] {
         return m_pHost->Cell(CHOICE, "Emil Falk").iColumn == 0 && m_pHost->Cell(CHOICE, "Bruno Ahl").iColumn == 0 &&
                m_pHost->Cell(CHOICE, "Voicemail").iColumn == 0 && m_pHost->Widget(CHOICE).bFocused;
