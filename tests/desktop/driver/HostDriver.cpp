@@ -278,8 +278,10 @@ bool HostDriver::WaitForFocus(const QString& strAddress)
 
 bool HostDriver::WaitForMainWindow()
 {
-    return WaitUntil(
-        [this] { return !Windows().filter(QRegularExpression("^[^\t]*\tlinkhand_MainWindow\t.*\t1$")).isEmpty(); });
+    const auto noModal = [this] { return Windows().filter(QRegularExpression("\t1\t[01]$")).isEmpty(); };
+    return WaitUntil(noModal) && TakeKeyboard() && WaitUntil([this] {
+               return !Windows().filter(QRegularExpression("^[^\t]*\tlinkhand_MainWindow\t.*\t1$")).isEmpty();
+           });
 }
 
 bool HostDriver::TakeKeyboard()
@@ -308,6 +310,10 @@ bool HostDriver::TakeKeyboard()
 
 bool HostDriver::WaitForModal()
 {
+    const auto isThere = [this] { return !Windows().filter(QRegularExpression("\t1\t[01]$")).isEmpty(); };
+    if (!WaitUntil(isThere) || !TakeKeyboard()) {
+        return false;
+    }
     QStringList lstBefore;
     return WaitUntil([&] {
         const QStringList lstNow = Windows().filter(QRegularExpression("\t1\t1$"));
