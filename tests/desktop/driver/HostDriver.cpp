@@ -294,8 +294,8 @@ bool HostDriver::TakeKeyboard()
                 if (lstWindows.isEmpty()) {
                     lstWindows = Windows().filter("\tlinkhand_MainWindow\t");
                 }
-                lstFields = lstWindows.value(0).split('\t');
-                return lstFields.size() == 9 && lstFields.at(8) == "1";
+                lstFields = lstWindows.isEmpty() ? QStringList() : lstWindows.last().split('\t');
+                return !lstWindows.filter(QRegularExpression("\t1$")).isEmpty(); // of two modal ones the upper has it
             },
             2000);
         if (bActive) {
