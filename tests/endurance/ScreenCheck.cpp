@@ -92,8 +92,10 @@ QString ScreenCheck::checkNode(int node, int child) const
     const QString before = tree->currentItem() != nullptr ? tree->currentItem()->text(0) : QString("no node");
     // A click on the current node changes nothing, and what the search box narrows stays narrowed.
     QTreeWidgetItem* other = otherThan(tree, item);
-    if (tree->currentItem() == item && (other == nullptr || !click(tree, other)))
+    if (tree->currentItem() == item && other == nullptr)
         return QString();
+    if (tree->currentItem() == item && !click(tree, other))
+        return "the table is not filled: " + other->text(0);
     if (!click(tree, item))
         return "the table is not filled: " + text;
     if (Screen::table() == nullptr || Screen::table()->rowCount() != expected)

@@ -3,7 +3,7 @@
 //   linkhand_endurance [--pbctl FILE] [--seed N] [--actions N] [--each N]
 //
 // Each start is a process of its own. With LINKHAND_FULL=1 there are 20,000 actions, else 500. What fails is named with
-// the seed and the last actions.
+// its random number and the last actions.
 
 #include <QApplication>
 #include <QDir>
