@@ -2,6 +2,9 @@
 
 #include <unistd.h>
 
+#include <chrono>
+#include <thread>
+
 #include "store/Files.h"
 
 namespace orva
@@ -15,6 +18,22 @@ void setPragma(Database& db, const char* name, int value)
     db.execute(("PRAGMA " + std::string(name) + " = " + std::to_string(value)).c_str());
 }
 
+// SQLite does not wait here: while another connection so much as looks at the file, the change of its mode is busy.
+void useWriteAheadLog(Database& db)
+{
+    const auto giveUp = std::chrono::steady_clock::now() + std::chrono::seconds(3);
+    for (;;) {
+        try {
+            db.execute("PRAGMA journal_mode = WAL");
+            return;
+        } catch (const SqlFailure& failure) {
+            if (failure.code() != ORVA_E_BUSY || std::chrono::steady_clock::now() >= giveUp)
+                throw;
+        }
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+}
+
 } // namespace
 
 const std::vector<MigrationStep>& migrationSteps()
@@ -23,7 +42,10 @@ const std::vector<MigrationStep>& migrationSteps()
     return steps;
 }
 
-SchemaState inspectSchema(Database& db, int currentVersion)
+namespace
+{
+
+SchemaState stateOf(Database& db, int currentVersion)
 {
     const int application = db.queryInt("PRAGMA application_id");
     const int version = db.queryInt("PRAGMA user_version");
@@ -36,9 +58,28 @@ SchemaState inspectSchema(Database& db, int currentVersion)
     return version < currentVersion ? SchemaState::OlderVersion : SchemaState::Ours;
 }
 
+} // namespace
+
+SchemaState inspectSchema(Database& db, int currentVersion)
+{
+    if (db.inTransaction())
+        return stateOf(db, currentVersion);
+    // All of it at one moment: another process may be making the store just now.
+    db.execute("BEGIN");
+    try {
+        const SchemaState state = stateOf(db, currentVersion);
+        db.execute("COMMIT");
+        return state;
+    } catch (...) {
+        if (db.inTransaction())
+            sqlite3_exec(db.handle(), "ROLLBACK", nullptr, nullptr, nullptr);
+        throw;
+    }
+}
+
 void configureConnection(Database& db)
 {
-    db.execute("PRAGMA journal_mode = WAL");
+    useWriteAheadLog(db);
     db.execute("PRAGMA synchronous = FULL");
     db.execute("PRAGMA foreign_keys = ON");
     db.execute("PRAGMA secure_delete = FAST");

@@ -88,12 +88,13 @@ public:
 
 private:
     enum class Transaction { None, Open, Broken };
+    enum class Turn { ToTake, Taken };
 
     using Lock = std::unique_lock<std::mutex>;
     using Clock = std::chrono::steady_clock;
 
     void connect();
-    void openFile();
+    void openFile(Turn turn);
     void prepareOpened();
     void replaceDamaged();
     void noteDamage(const Failure& failure);

@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <mutex>
 
 #include "api/Log.h"
 #include "store/Salvage.h"
@@ -50,7 +51,7 @@ void Store::connect()
     if (!m_turn)
         m_turn = std::make_unique<FileLock>(m_path.substr(0, m_path.size() - 3) + ".lock");
     try {
-        openFile();
+        openFile(Turn::ToTake);
     } catch (const SqlFailure& failure) {
         m_db.reset();
         if (!failure.isDamage())
@@ -62,12 +63,19 @@ void Store::connect()
     }
 }
 
-void Store::openFile()
+void Store::openFile(Turn turn)
 {
     preparePrivateFolder(m_folder);
     preparePrivateFile(m_path);
     m_db = std::make_unique<Database>(m_path, Database::Mode::ReadWrite);
-    switch (inspectSchema(*m_db, currentVersion())) {
+    SchemaState state = inspectSchema(*m_db, currentVersion());
+    std::unique_lock<FileLock> taken;
+    if (turn == Turn::ToTake && (state == SchemaState::Empty || state == SchemaState::OlderVersion)) {
+        // One process at a time makes or migrates a store. Another may have done it meanwhile.
+        taken = std::unique_lock<FileLock>(*m_turn);
+        state = inspectSchema(*m_db, currentVersion());
+    }
+    switch (state) {
     case SchemaState::Empty:
         createSchema(*m_db, m_columns, currentVersion());
         syncFolder(m_folder);
@@ -92,6 +100,8 @@ void Store::openFile()
 
 void Store::prepareOpened()
 {
+    // Before the first look at the content: what another process writes from here on is seen as a change.
+    m_dataVersion = m_db->queryInt("PRAGMA data_version");
     try {
         // Tables that are not as they should be show here, and so does a file that ends too early.
         m_db->prepared(m_insert.c_str());
@@ -111,7 +121,6 @@ void Store::prepareOpened()
     }
     m_db->learnEncoding();
     m_inode = inodeOf(m_path);
-    m_dataVersion = m_db->queryInt("PRAGMA data_version");
     forgetContent();
     ++m_changes;
 }
@@ -122,7 +131,7 @@ void Store::replaceDamaged()
     try {
         try {
             // Another process may have done all of this just now.
-            openFile();
+            openFile(Turn::Taken);
         } catch (const SqlFailure& failure) {
             m_db.reset();
             if (!failure.isDamage())
@@ -133,7 +142,7 @@ void Store::replaceDamaged()
             ::unlink((m_path + "-shm").c_str());
             if (::rename(m_path.c_str(), aside.c_str()) != 0)
                 throw Failure(ORVA_E_STORE, m_path + " is damaged and cannot be put aside");
-            openFile();
+            openFile(Turn::Taken);
             try {
                 const Salvaged found = salvage(aside, *m_db, m_columns);
                 logFormat("%s: %d records, %d groups and %d memberships were saved from the damaged store",

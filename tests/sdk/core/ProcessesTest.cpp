@@ -1,6 +1,7 @@
 // Several processes on one data folder.
 
 #include <atomic>
+#include <memory>
 #include <set>
 
 #include "Child.h"
@@ -90,6 +91,23 @@ TEST(twoProcessesLoseNothingOfEachOther)
     }
     CHECK_EQ(names.size(), 4U * (count + 1));
     CHECK_EQ(RawStore(data).findings(), "");
+}
+
+TEST(processesThatStartAtOnceMakeOneStoreTogether)
+{
+    constexpr int processes = 4;
+    for (int round = 0; round < 10; ++round) {
+        const std::string data = useFreshFolder();
+        std::vector<std::unique_ptr<Child>> children;
+        for (int i = 0; i < processes; ++i)
+            children.push_back(std::make_unique<Child>(std::vector<std::string>{"--write", data, "p", "1"}));
+        for (const auto& child : children) {
+            CHECK_EQ(child->readAll(), "0\n");
+            CHECK_EQ(child->wait(), 0);
+        }
+        CHECK_EQ(sizeOf(local), processes * 4);
+        CHECK_EQ(RawStore(data).findings(), "");
+    }
 }
 
 TEST(anOpenSetAndTheCountsFollowAnotherProcess)
