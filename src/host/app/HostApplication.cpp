@@ -27,6 +27,7 @@
 #include "loader/PluginLifecycle.h"
 #include "loader/PluginLoader.h"
 #include "test/TestSocket.h"
+#include "window/KeyboardWitness.h"
 #include "window/MainWindow.h"
 #include "window/StatusArea.h"
 #include "window/WelcomeNote.h"
@@ -133,6 +134,7 @@ int HostApplication::Run()
     connect(m_pWindow.data(), SIGNAL(closing()), this, SLOT(OnClosing()));
     connect(&m_pWindow->Welcome(), SIGNAL(dismissed()), this, SLOT(OnWelcomeDismissed()));
     connect(m_pWatcher.data(), SIGNAL(notifyCode(int, int)), m_pLifecycle.data(), SLOT(NotifyAll(int, int)));
+    const KeyboardWitness keyboardWitness;
     UnixSignals unixSignals;
     connect(&unixSignals, SIGNAL(received()), this, SLOT(OnClosing()));
     TestSocket testSocket;
