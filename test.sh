@@ -2,29 +2,38 @@
 # Builds Linkhand and runs its tests. Installs missing Debian packages first (see packages.txt).
 #
 #   ./test.sh                format check, build, all tests
-#   ./test.sh --asan         the tests under the address and undefined behaviour sanitizers as well
+#   ./test.sh --asan         the tests off the display under the address and undefined behaviour sanitizers as well
 #   ./test.sh --tsan         those labelled "threads" under the thread sanitizer as well
-#   ./test.sh --full         the long forms of the tests, and both sanitizers
+#   ./test.sh --full         the long forms of the tests, and both sanitizers, on the display too
 #   ./test.sh --bench        the benchmarks as well, each with its table
 #   ./test.sh --tidy         clang-tidy over all sources as well
+#   ./test.sh --ci           what every submission passes: both sanitizers, clang-tidy over what changed lately, and
+#                            the benchmarks in their short form as well
 set -euo pipefail
 cd "$(dirname "$0")"
 
 sanitizers=()
 bench=no
 tidy=no
+full=no
+ci=no
 for argument in "$@"; do
     case $argument in
     --asan) sanitizers+=(asan) ;;
     --tsan) sanitizers+=(tsan) ;;
     --full)
         sanitizers=(asan tsan)
+        full=yes
         export LINKHAND_FULL=1
         ;;
     --bench) bench=yes ;;
     --tidy) tidy=yes ;;
+    --ci)
+        sanitizers=(asan tsan)
+        ci=yes
+        ;;
     -h | --help)
-        sed -n '2,9s/^# \{0,1\}//p' "$0"
+        sed -n '2,12s/^# \{0,1\}//p' "$0"
         exit 0
         ;;
     *)
@@ -39,30 +48,53 @@ packaging/check-format.sh
 
 export LANG=C.UTF-8
 status=0
-# A virtual display is a share of a machine: tests that use one run one at a time, the others side by side.
+unsteady=()
+# A virtual display is a share of a machine: tests that use one run one at a time, the others side by side. For a
+# submission, one or two tests that fail run again alone: a busy machine must not send work back. What passes then is
+# named at the end; it has a defect all the same.
 run_tests() {
-    local preset=$1
+    local preset=$1 failed
     shift
     echo "Testing $preset"
-    ctest --preset "$preset" -j "$(nproc)" --no-tests=error "$@" || status=1
+    ctest --preset "$preset" -j "$(nproc)" --no-tests=error "$@" && return
+    mapfile -t failed < <(sed 's/^[0-9]*://' "build/$preset/Testing/Temporary/LastTestsFailed.log")
+    if [ $ci = yes ] && [ ${#failed[@]} -le 2 ]; then
+        echo "Testing $preset again: ${failed[*]}"
+        if ctest --preset "$preset" --rerun-failed --no-tests=error; then
+            unsteady+=("${failed[@]/#/$preset:}")
+            return
+        fi
+    fi
+    status=1
 }
 
 packaging/build.sh release
 run_tests release
 
-for preset in "${sanitizers[@]}"; do
-    packaging/build.sh "$preset"
+if [ $ci = yes ]; then
+    packaging/check-tidy.sh --lately || status=1
+    packaging/bench.sh --short || status=1
+fi
+for preset in ${sanitizers[@]+"${sanitizers[@]}"}; do
     if [ "$preset" = tsan ]; then
+        packaging/build.sh tsan threads_tests
         run_tests tsan -L threads
+    elif [ $full = yes ]; then
+        packaging/build.sh asan
+        run_tests asan
     else
-        run_tests "$preset"
+        packaging/build.sh asan offscreen_tests
+        run_tests asan -LE desktop
     fi
 done
 
-if [ "$tidy" = yes ]; then
+if [ $tidy = yes ]; then
     packaging/check-tidy.sh || status=1
 fi
-if [ "$bench" = yes ]; then
+if [ $bench = yes ]; then
     packaging/bench.sh || status=1
+fi
+if [ ${#unsteady[@]} -gt 0 ]; then
+    echo "Passed only when run again, to be mended: ${unsteady[*]}"
 fi
 exit $status

@@ -19,7 +19,7 @@ add_compile_options(-Wall -Wextra -Wshadow -Werror)
 add_compile_options(-ffile-prefix-map=${CMAKE_SOURCE_DIR}/= -ffile-prefix-map=${CMAKE_BINARY_DIR}/=)
 
 if(LINKHAND_SANITIZER)
-  add_compile_options(-fsanitize=${LINKHAND_SANITIZER} -fno-omit-frame-pointer -g -O1)
+  add_compile_options(-fsanitize=${LINKHAND_SANITIZER} -fno-omit-frame-pointer -g1 -O1)
   add_link_options(-fsanitize=${LINKHAND_SANITIZER})
   if(LINKHAND_SANITIZER MATCHES "undefined")
     add_compile_options(-fno-sanitize-recover=undefined)

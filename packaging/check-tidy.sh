@@ -1,15 +1,24 @@
 #!/usr/bin/env bash
-# Usage: check-tidy.sh [REVISION]  clang-tidy over the sources of the program, or over those changed since REVISION, with
-# the checks of .clang-tidy. Needs the debug preset's compile commands.
+# Usage: check-tidy.sh [--lately | REVISION]  clang-tidy with the checks of .clang-tidy over the sources of the program,
+# or over those changed since REVISION, or over those that the last 15 commits or the work since have touched. Uses the
+# release build, and makes it where it is missing.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-cmake --preset debug >/dev/null
-cmake --build --preset debug --target program >/dev/null
-if [ $# -gt 0 ]; then
-    files=$(git diff --name-only --diff-filter=d "$1" -- 'src/*.cpp')
-else
-    files=$(git ls-files 'src/*.cpp')
+packaging/build.sh release program
+touched()
+{
+    case ${1:-} in
+    '') git ls-files 'src/*.cpp' ;;
+    --lately)
+        git log -15 --format= --name-only -- 'src/*.cpp'
+        git diff --name-only HEAD -- 'src/*.cpp'
+        ;;
+    *) git diff --name-only "$1" -- 'src/*.cpp' ;;
+    esac
+}
+mapfile -t files < <(touched "${1:-}" | sort -u | while read -r file; do [ ! -e "$file" ] || echo "$file"; done)
+if [ ${#files[@]} -gt 0 ]; then
+    # What it counts as it goes says nothing.
+    printf '%s\n' "${files[@]}" | xargs -P "$(nproc)" -n 4 clang-tidy -p build/release --quiet 2> >(grep -v 'warnings generated' >&2)
 fi
-[ -n "$files" ] || exit 0
-printf '%s\n' "$files" | xargs -P "$(nproc)" -n 4 clang-tidy -p build/debug --quiet
-echo "clang-tidy: clean"
+echo "clang-tidy: clean (${#files[@]} files)"
