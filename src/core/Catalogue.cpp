@@ -122,6 +122,7 @@ bool Catalogue::load(const QString& strFile)
     QByteArray content = file.read(s_iMaxFileSize + 1);
     if (content.size() > s_iMaxFileSize || !QmCheck(content).isSound())
         return false;
+    content.squeeze(); // reading took room for the largest file there may be
     m_content = content;
     return m_translator.load(reinterpret_cast<const uchar*>(m_content.constData()), m_content.size());
 }

@@ -44,7 +44,7 @@ known_option()
 {
     for word in $2; do
         case $word in
-        --*) sed -n '2,9p' "$1" | grep -qF -- "$word" || fail "$1 has no option $word" ;;
+        --*) grep -qF -- "$word" <<<"$(sed -n '2,12p' "$1")" || fail "$1 has no option $word" ;;
         esac
     done
 }
@@ -73,7 +73,7 @@ while IFS=$'\t' read -r document line; do
         ;;
     'cmake --preset '* | 'ctest --preset '*)
         preset=$(echo "$command" | sed 's/.*--preset \([a-z]*\).*/\1/')
-        echo "$presets" | grep -qx "$preset" || fail "$document: there is no preset $preset"
+        grep -qx "$preset" <<<"$presets" || fail "$document: there is no preset $preset"
         ;;
     # Run by the test of the package.
     'cmake --install build/release --prefix '* | '(cd build/release && cpack -G DEB)') ;;
@@ -95,7 +95,7 @@ done)
 
 # Labels that are told to be picked.
 while read -r label; do
-    echo "$labels" | grep -qx "$label" || fail "no test has the label $label"
+    grep -qx "$label" <<<"$labels" || fail "no test has the label $label"
 done < <(grep -ohE -- '-L [a-z]+' README.md CONTRIBUTING.md tests/README.md tests/*/README.md | sed 's/-L //' | sort -u)
 
 exit $status

@@ -3,6 +3,9 @@
 #include <QApplication>
 #include <QTimer>
 
+#include <malloc.h>
+
+#include <algorithm>
 #include <cstdio>
 
 #include "app/Services.h"
@@ -14,6 +17,9 @@ namespace
 const int s_iLookEvery = 100;
 const int s_iLooks = 5;
 const int s_iRestfulSteps = 5; // what a worker has sent last is told within these
+const int s_iMoreWidgets = 60; // what is made on first use
+const int s_iHeapLooks = 10;
+const size_t s_moreHeapKiB = 8192;
 
 // Resident memory of this process in KiB.
 long residentKiB()
@@ -99,9 +105,33 @@ void Life::look()
         return;
     }
     m_looks = 0;
-    note(QString("look: %1, %2 KiB").arg(m_failure.isEmpty() ? "agrees" : m_failure).arg(residentKiB()));
+    checkMemory();
+    note(QString("look: %1, %2 KiB, %3 in use, %4 widgets")
+             .arg(m_failure.isEmpty() ? "agrees" : m_failure)
+             .arg(residentKiB())
+             .arg(m_heapKiB.last())
+             .arg(m_widgets.last()));
     if (!m_failure.isEmpty() || m_done >= m_actions)
         end();
+}
+
+// With all that can be put aside gone, a long life needs no more than a short one. How many contacts there are and what
+// is on the screen moves the figures up and down; the smallest of several says what is kept for good.
+void Life::checkMemory()
+{
+    m_widgets.append(QApplication::allWidgets().size());
+    m_heapKiB.append(mallinfo2().uordblks / 1024);
+    if (m_failure.isEmpty() && m_widgets.last() > m_widgets.first() + s_iMoreWidgets)
+        m_failure = QString("%1 widgets are kept, at first %2").arg(m_widgets.last()).arg(m_widgets.first());
+    if (m_failure.isEmpty() && m_heapKiB.size() >= 2 * s_iHeapLooks) {
+        const auto smallest = [this](int from) {
+            return *std::min_element(m_heapKiB.begin() + from, m_heapKiB.begin() + from + s_iHeapLooks);
+        };
+        const size_t first = smallest(0);
+        const size_t last = smallest(m_heapKiB.size() - s_iHeapLooks);
+        if (last > 3 * first + s_moreHeapKiB)
+            m_failure = QString("%1 KiB are in use, at first %2").arg(last).arg(first);
+    }
 }
 
 void Life::end()

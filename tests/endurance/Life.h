@@ -2,6 +2,7 @@
 #define TESTS_ENDURANCE_LIFE_H
 
 #include <QFile>
+#include <QList>
 #include <QObject>
 
 #include "RandomUser.h"
@@ -29,6 +30,7 @@ private slots:
 
 private:
     void look();
+    void checkMemory();
     void note(const QString& text);
     void end();
 
@@ -41,6 +43,8 @@ private:
     int m_done;
     int m_restfulSteps;
     int m_looks;
+    QList<int> m_widgets;    // at each look
+    QList<size_t> m_heapKiB; // in use at each look; 0 under a sanitizer
     bool m_lookDue;
     bool m_looking;
     bool m_ended;

@@ -144,6 +144,12 @@ bool RandomUser::putAside()
         return false;
     }
     if (open == nullptr) {
+        foreach (QWidget* window, QApplication::topLevelWidgets()) {
+            if (window->isVisible() && window != Screen::mainWindow()) {
+                window->close(); // a message editor
+                return false;
+            }
+        }
         m_triesAside = 0;
         return true;
     }

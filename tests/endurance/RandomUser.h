@@ -36,7 +36,7 @@ public:
     // Does something, and says what.
     QString act();
 
-    // One step towards a window without menus and dialogs; true once there are none.
+    // One step towards a window without menus, dialogs and editors; true once there are none.
     bool putAside();
 
     // Ends the program in one of the ways there are.

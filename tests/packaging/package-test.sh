@@ -65,7 +65,7 @@ dpkg-deb -f "$package" Depends | tr ',' '\n' >"$work/depends"
 for library in libqt5widgets5 libqt5xml5 libsqlite3-0 libcsv3 libc6; do
     expect "^ *$library( |\$)" "$work/depends" "the dependencies"
 done
-dpkg-deb -f "$package" | grep -q '^Maintainer: .*@' || fail "nobody maintains the package"
+grep -q '^Maintainer: .*@' <<<"$(dpkg-deb -f "$package")" || fail "nobody maintains the package"
 
 # --- Installed without a package, and moved ---
 "$cmake" --install "$build" --prefix "$work/first" >"$work/install.log" 2>&1 || fail "$(tail -5 "$work/install.log")"
@@ -121,7 +121,7 @@ shown || fail "the phonebook's window was not shown: $(tail -20 "$work/err")"
 awk '$6 ~ /^\// {print $6}' "/proc/$host/maps" | sort -u >"$work/maps" || true
 for library in libAddrBookUIPlugin.so libSMSUIPlugin.so libMMSUIPlugin.so libVoiceCallPlugin.so libVideoCallPlugin.so \
     libNotifyPlugin.so libDeviceMgrPlugin.so libcore.so.1 libsdk.so.1; do
-    grep "/$library" "$work/maps" | grep -qF "$program/" || fail "$library is not loaded from the package"
+    grep -qF "$program/" <<<"$(grep "/$library" "$work/maps")" || fail "$library is not loaded from the package"
 done
 found=$(grep -F "$build/" "$work/maps" | grep -vF "$HOME/" || true)
 [ -z "$found" ] || fail "loaded from the build tree: $found"

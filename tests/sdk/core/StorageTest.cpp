@@ -206,6 +206,8 @@ TEST(aFolderThatCannotBeWrittenGivesACode)
         return valueOf(local, 1, "Name") == u"Anna" ? 0 : 5;
     });
     CHECK_EQ(status, 0);
+    ::chmod(base.c_str(), 0700);
+    ::chmod(data.c_str(), 0700);
     fs::remove_all(base);
 }
 
