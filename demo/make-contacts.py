@@ -216,7 +216,7 @@ LONG_NAMES = [
 GROUPS = [
     ("Family", 60), ("Friends", 90), ("Friends/Choir", 70), ("Friends/Choir/Altos", 18), ("Friends/Hiking", 35),
     ("Work", 120), ("Work/Berlin office", 45), ("Work/Suppliers", 40), ("Work/Night shift", 22), ("Neighbours", 55),
-    ("School", 40), ("School/Parents' council", 16), ("Doctors", 14), ("Café Zoë", 25), ("Семья", 12), ("家人", 10),
+    ("School", 40), ("School/Parents", 16), ("Doctors", 14), ("Café Zoë", 25), ("Семья", 12), ("家人", 10),
     ("Travel", 30), ("Travel/Norway 2025", 12),
 ]
 

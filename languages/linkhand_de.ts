@@ -205,7 +205,7 @@
     </message>
     <message>
         <source>IDS_HOST_PROBLEMS_COUNT</source>
-        <translation>%1 Problem(e)</translation>
+        <translation>Probleme: %1</translation>
     </message>
     <message>
         <source>IDS_HOST_PROBLEMS_HEAD</source>
@@ -777,7 +777,7 @@ Legen Sie mit „Neuer Kontakt“ in der Werkzeugleiste einen an, oder importier
     </message>
     <message>
         <source>IDS_LENGTH</source>
-        <translation>%1 Zeichen, %2 Nachricht(en)</translation>
+        <translation>Zeichen: %1, Nachrichten: %2</translation>
     </message>
     <message>
         <source>IDS_SAVE_NUMBER</source>

@@ -205,7 +205,7 @@
     </message>
     <message>
         <source>IDS_HOST_PROBLEMS_COUNT</source>
-        <translation>%1 problem(s)</translation>
+        <translation>Problems: %1</translation>
     </message>
     <message>
         <source>IDS_HOST_PROBLEMS_HEAD</source>
@@ -773,7 +773,7 @@ Create one with “New contact” in the tool bar, or import a file with the rig
     </message>
     <message>
         <source>IDS_IN_OUTBOX</source>
-        <translation>SMS to %1 recipient(s) put into the outbox</translation>
+        <translation>SMS put into the outbox, recipients: %1</translation>
     </message>
     <message>
         <source>IDS_LENGTH</source>
@@ -828,7 +828,7 @@ Create one with “New contact” in the tool bar, or import a file with the rig
     </message>
     <message>
         <source>IDS_IN_OUTBOX</source>
-        <translation>MMS to %1 recipient(s) put into the outbox</translation>
+        <translation>MMS put into the outbox, recipients: %1</translation>
     </message>
     <message>
         <source>IDS_SAVE_NUMBER</source>

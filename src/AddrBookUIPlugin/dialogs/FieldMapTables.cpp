@@ -7,7 +7,10 @@
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QPointer>
+#include <QStyle>
+#include <QStyleOption>
 
 #include <new>
 
@@ -16,7 +19,18 @@
 namespace
 {
 const int MAPPED_COLUMN = 1;
+
+// The columns take the whole width, so that the frame lies on the rows like their grid.
+void drawGridFrame(QTableWidget* pTable)
+{
+    QStyleOptionViewItem option;
+    option.initFrom(pTable);
+    const int iColour = pTable->style()->styleHint(QStyle::SH_Table_GridLineColor, &option, pTable);
+    QPainter painter(pTable->viewport());
+    painter.setPen(QColor::fromRgb(static_cast<QRgb>(iColour)));
+    painter.drawRect(pTable->viewport()->rect().adjusted(0, -1, -1, -1));
 }
+} // namespace
 
 FieldMapTable1Widget::FieldMapTable1Widget(int iRows, int iColumns, QWidget* pParent)
     : QTableWidget(iRows, iColumns, pParent), m_pDrag(nullptr), m_pMimeData(nullptr)
@@ -115,4 +129,16 @@ void FieldMapTable2Widget::keyPressEvent(QKeyEvent* pEvent)
         pEvent->accept();
     }
     QAbstractItemView::keyPressEvent(pEvent);
+}
+
+void FieldMapTable1Widget::paintEvent(QPaintEvent* pEvent)
+{
+    QTableWidget::paintEvent(pEvent);
+    drawGridFrame(this);
+}
+
+void FieldMapTable2Widget::paintEvent(QPaintEvent* pEvent)
+{
+    QTableWidget::paintEvent(pEvent);
+    drawGridFrame(this);
 }

@@ -21,6 +21,7 @@ public:
 protected:
     void mousePressEvent(QMouseEvent* pEvent) override;
     void mouseMoveEvent(QMouseEvent* pEvent) override;
+    void paintEvent(QPaintEvent* pEvent) override;
 
 private:
     bool dragSelection();
@@ -46,6 +47,7 @@ protected:
     void dragMoveEvent(QDragMoveEvent* pEvent) override;
     void dropEvent(QDropEvent* pEvent) override;
     void keyPressEvent(QKeyEvent* pEvent) override;
+    void paintEvent(QPaintEvent* pEvent) override;
 };
 
 #endif // ADDRBOOKUIPLUGIN_FIELDMAPTABLES_H

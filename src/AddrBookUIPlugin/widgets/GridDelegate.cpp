@@ -30,15 +30,15 @@ void GridDelegate::drawFocus(QPainter* pPainter, const QStyleOptionViewItem& opt
 void GridDelegate::drawDisplay(QPainter* pPainter, const QStyleOptionViewItem& option, const QRect& rect,
                                const QString& strText) const
 {
-    // Otherwise the plus sign of a number would stand behind it.
-    if (option.direction != Qt::RightToLeft || !strText.startsWith(QLatin1Char('+'))) {
+    // Otherwise the plus sign of a number would stand behind it, and the dots for a cut off end in front of the text.
+    if (option.direction != Qt::RightToLeft || strText.isRightToLeft()) {
         QItemDelegate::drawDisplay(pPainter, option, rect, strText);
         return;
     }
-    QStyleOptionViewItem number(option);
-    number.displayAlignment = QStyle::visualAlignment(option.direction, option.displayAlignment);
-    number.direction = Qt::LeftToRight;
-    QItemDelegate::drawDisplay(pPainter, number, rect, strText);
+    QStyleOptionViewItem leftToRight(option);
+    leftToRight.displayAlignment = QStyle::visualAlignment(option.direction, option.displayAlignment);
+    leftToRight.direction = Qt::LeftToRight;
+    QItemDelegate::drawDisplay(pPainter, leftToRight, rect, strText);
 }
 
 TreeDelegate::TreeDelegate(QObject* pParent) : QItemDelegate(pParent) {}

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QFont>
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QTimer>
@@ -64,6 +65,17 @@ int answerInText(const CommandLine& line)
     }
     print(stdout, line.bHelp ? CommandLine::HelpText() : CommandLine::VersionText());
     return 0;
+}
+
+// The fonts of East Asia hold the shapes of several countries; where nothing says which, Qt takes Japan's.
+QFont fontFor(const QString& strCode)
+{
+    static const QFont s_desktop = QApplication::font();
+    QFont font(s_desktop);
+    if (strCode == QLatin1String("zh_CN")) {
+        font.setFamily(s_desktop.family() + QLatin1String(",Noto Sans CJK SC,Source Han Sans SC,WenQuanYi Micro Hei"));
+    }
+    return font;
 }
 
 } // namespace
@@ -268,6 +280,10 @@ void HostApplication::applyLanguage(const QString& strCode)
     m_services.SetLanguage(strCode);
     const QLocale locale(strCode);
     QLocale::setDefault(locale);
+    const QFont font = fontFor(strCode);
+    if (font != QApplication::font()) {
+        QApplication::setFont(font);
+    }
     // The texts of Qt's own dialogs, where the distribution has them.
     m_pQtTexts.reset(new QTranslator);
     m_pQtTexts->load(QLatin1String("qt_") + strCode, QLibraryInfo::location(QLibraryInfo::TranslationsPath));

@@ -159,7 +159,7 @@ void MainWindow::changeEvent(QEvent* pEvent)
 {
     QMainWindow::changeEvent(pEvent);
     if (pEvent->type() == QEvent::PaletteChange || pEvent->type() == QEvent::ApplicationPaletteChange ||
-        pEvent->type() == QEvent::ApplicationFontChange) {
+        pEvent->type() == QEvent::ApplicationFontChange || pEvent->type() == QEvent::LayoutDirectionChange) {
         applyStyle();
     }
 }
@@ -170,6 +170,8 @@ void MainWindow::OnPageChosen(int iPage)
     if (iPage == m_iCurrentPage) {
         return;
     }
+    // Asked before the old page goes: with it the keys would fall to the next in line, a button of the side bar.
+    const bool bAlongBar = m_pNavBar->isAncestorOf(focusWidget());
     if (m_iCurrentPage >= 0 && m_listPages.at(m_iCurrentPage).pPlugin != nullptr) {
         m_listPages.at(m_iCurrentPage).pPlugin->Leave();
     }
@@ -181,14 +183,16 @@ void MainWindow::OnPageChosen(int iPage)
     } else {
         m_pMessages->Enter();
     }
-    focusPage(m_listPages.at(iPage).pWidget);
+    // The keys follow to the page, unless the user is moving along the side bar.
+    if (!bAlongBar) {
+        focusPage(m_listPages.at(iPage).pWidget);
+    }
 }
 
-// The keys follow to the page, unless the user is moving along the side bar.
 void MainWindow::focusPage(QWidget* pPage)
 {
     const QWidget* pFocus = focusWidget();
-    if (pFocus != nullptr && pFocus->isVisible() && (m_pNavBar->isAncestorOf(pFocus) || pPage->isAncestorOf(pFocus))) {
+    if (pFocus != nullptr && pFocus->isVisible() && pPage->isAncestorOf(pFocus)) {
         return;
     }
     for (QWidget* pNext = pPage->nextInFocusChain(); pNext != pPage; pNext = pNext->nextInFocusChain()) {
@@ -230,7 +234,7 @@ void MainWindow::addPluginPage(const QString& strName)
 void MainWindow::applyStyle()
 {
     // Both setters send a change of palette themselves.
-    const QPalette legible = StyleSheet::WithLegibleLinks(QApplication::palette());
+    const QPalette legible = StyleSheet::WithPlainDisabledTexts(StyleSheet::WithLegibleLinks(QApplication::palette()));
     if (legible != QApplication::palette()) {
         QApplication::setPalette(legible);
     }

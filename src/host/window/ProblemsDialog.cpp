@@ -29,10 +29,13 @@ ProblemsDialog::ProblemsDialog(const ProblemList& problems, QWidget* pParent)
     QTextBrowser* pList = new QTextBrowser(pContent);
     pList->setObjectName(QLatin1String("linkhand_Problems_list"));
     pList->setAccessibleName(HostText::Get("IDS_HOST_PROBLEMS"));
+    // A path reads from left to right and its reason as its language does, but both begin on the same side.
+    const QString strEntry = QString::fromLatin1("<p align=\"%1\" style=\"margin-bottom:0px\"><b>%2</b></p>"
+                                                 "<p align=\"%1\" style=\"margin-top:0px\">%3</p>");
+    const QString strSide = QLatin1String(isRightToLeft() ? "right" : "left");
     QString strHtml;
     foreach (const Problem& problem, problems) {
-        strHtml += QLatin1String("<p><b>") + escaped(problem.strName) + QLatin1String("</b><br/>") +
-                   escaped(problem.Reason()) + QLatin1String("</p>");
+        strHtml += strEntry.arg(strSide, escaped(problem.strName), escaped(problem.Reason()));
     }
     pList->setHtml(strHtml);
     QPushButton* pClose = new QPushButton(HostText::Get("IDS_HOST_CLOSE"), pContent);

@@ -1,5 +1,6 @@
 #include "window/StyleSheet.h"
 
+#include <QApplication>
 #include <QColor>
 #include <QFontInfo>
 
@@ -55,21 +56,34 @@ const char* const LETTERS =
     "#VoiceCallPlugin_labelNumber, #VideoCallPlugin_labelNumber { font-size: %large%px; }"
     "#VoiceCallPlugin_labelState, #VideoCallPlugin_labelState, #SMSUIPlugin_labelLength, #MMSUIPlugin_labelLength"
     " { color: %quiet%; }"
+    "#VoiceCallPlugin_callBox, #VideoCallPlugin_callBox { border: 1px solid %line%; }"
     // The contact table's rows are 16 pixels high, whatever the user's letters are.
     "#AddrBookUIPlugin_ContactTable { font-size: 12px; }";
 
-// Lists draw no focus of their own on a row, so that their border tells where the keys go.
+// Lists draw no focus of their own on a row, so that their border tells where the keys go. The number picker's tree
+// gets its name after it was polished, which is too late for a rule by name.
 const char* const LISTS =
     "#AddrBookUIPlugin_TreeWidget, #AddrBookUIPlugin_ContactTable, #AddrBookUIPlugin_labelPreview,"
-    " #AddrBookUIPlugin_selectContacts_treeContacts, #linkhand_Messages_list, #linkhand_Messages_preview,"
-    " #linkhand_Problems_list, #VoiceCallPlugin_treeCalls { border: 1px solid %line%; }"
+    " ExtendDialog QTreeView, #linkhand_Messages_list, #linkhand_Messages_preview,"
+    " #linkhand_Problems_list, #VoiceCallPlugin_treeCalls, #ChoosePhoneNumber_TableWidget"
+    " { border: 1px solid %line%; }"
     "#AddrBookUIPlugin_TreeWidget:focus, #AddrBookUIPlugin_ContactTable:focus, #AddrBookUIPlugin_labelPreview:focus,"
-    " #AddrBookUIPlugin_selectContacts_treeContacts:focus, #linkhand_Messages_list:focus,"
-    " #linkhand_Messages_preview:focus, #linkhand_Problems_list:focus, #VoiceCallPlugin_treeCalls:focus"
-    " { border: 1px solid %accent%; }"
+    " ExtendDialog QTreeView:focus, #linkhand_Messages_list:focus,"
+    " #linkhand_Messages_preview:focus, #linkhand_Problems_list:focus, #VoiceCallPlugin_treeCalls:focus,"
+    " #ChoosePhoneNumber_TableWidget:focus { border: 1px solid %accent%; }"
+    // From right to left Qt places the parts of a splitter one pixel too far to the right, and cuts that border off.
+    "#AddrBookUIPlugin_TreeWidget { margin: 0 1px; }"
+    // A style's own empty box can be as dark as its ground.
+    "ExtendDialog QTreeView::indicator:unchecked { border: 1px solid %edge%; background: %base%; }"
+    "QTableView { gridline-color: %line%; }"
     "QSplitter::handle { background: transparent; }"
+    "QHeaderView { background: %bar%; }"
     "QHeaderView::section { background: %bar%; color: %text%; border: none; border-bottom: 1px solid %line%;"
-    " border-right: 1px solid %line%; padding: 3px 6px; }";
+    " border-%end%: 1px solid %line%; padding: 3px 6px; }"
+    // The last column of a list ends at the list's own border.
+    "QTreeView QHeaderView::section:last { border-%end%: none; }"
+    // Qt's columns are no wider than their titles.
+    "QFileDialog QHeaderView::section { padding: 3px 2px; }";
 
 QString pixels(const QFont& font, qreal fFactor)
 {
@@ -85,9 +99,12 @@ QString StyleSheet::Build(const QPalette& palette, const QFont& font)
     QString strRules = QLatin1String(BARS) + QLatin1String(LETTERS) + QLatin1String(LISTS);
     strRules.replace(QLatin1String("%bar%"), mix(window, text, 0.04).name());
     strRules.replace(QLatin1String("%line%"), mix(window, text, 0.18).name());
+    strRules.replace(QLatin1String("%edge%"), mix(window, text, 0.5).name());
+    strRules.replace(QLatin1String("%base%"), palette.color(QPalette::Base).name());
     strRules.replace(QLatin1String("%quiet%"), mix(text, window, 0.3).name());
     strRules.replace(QLatin1String("%text%"), text.name());
     strRules.replace(QLatin1String("%accent%"), palette.color(QPalette::Highlight).name());
+    strRules.replace(QLatin1String("%end%"), QLatin1String(QApplication::isRightToLeft() ? "left" : "right"));
     strRules.replace(QLatin1String("%small%"), pixels(font, SMALL));
     strRules.replace(QLatin1String("%title%"), pixels(font, TITLE));
     strRules.replace(QLatin1String("%large%"), pixels(font, LARGE));
@@ -103,5 +120,11 @@ QPalette StyleSheet::WithLegibleLinks(QPalette palette)
             palette.setColor(enRole, bDark ? QColor(0x7a, 0xb8, 0xf5) : QColor(0x05, 0x50, 0xae));
         }
     }
+    return palette;
+}
+
+QPalette StyleSheet::WithPlainDisabledTexts(QPalette palette)
+{
+    palette.setColor(QPalette::Disabled, QPalette::Light, palette.color(QPalette::Disabled, QPalette::Base));
     return palette;
 }

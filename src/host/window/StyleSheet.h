@@ -15,6 +15,9 @@ QString Build(const QPalette& palette, const QFont& font);
 // The palette with a link colour that can be read on its background; some dark themes leave Qt's dark blue.
 QPalette WithLegibleLinks(QPalette palette);
 
+// The palette without the light shade that some styles put behind disabled texts; on a dark ground it blurs them.
+QPalette WithPlainDisabledTexts(QPalette palette);
+
 } // namespace StyleSheet
 
 #endif // LINKHAND_HOST_STYLESHEET_H

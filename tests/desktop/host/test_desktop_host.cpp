@@ -239,7 +239,7 @@ void TestDesktopHost::aPluginThatWasRefusedIsNamed()
     m_pHost->SetProgram(copy.Program());
     QVERIFY2(start(), qPrintable(m_pHost->Log()));
     QTRY_COMPARE(m_pHost->Rows(TABLE), 40);
-    QCOMPARE(m_pHost->Text("linkhand_StatusArea_problems"), QStringLiteral("2 problem(s)"));
+    QCOMPARE(m_pHost->Text("linkhand_StatusArea_problems"), QStringLiteral("Problems: 2"));
     QVERIFY(m_pHost->Click("linkhand_StatusArea_problems"));
     QVERIFY(m_pHost->WaitFor("linkhand_Problems_list"));
     const QString strList = m_pHost->Text("linkhand_Problems_list");

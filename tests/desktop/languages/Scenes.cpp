@@ -245,7 +245,13 @@ void addPages(QList<Scene>& listScenes)
             }
         });
     listScenes << scene(
-        "calls-empty", [] { click("linkhand_NavBar_VoiceCallPlugin"); },
+        "calls-empty",
+        [] {
+            click("linkhand_NavBar_VoiceCallPlugin");
+            // The calls of the passes before.
+            Child<QTreeWidget>("VoiceCallPlugin_treeCalls")->clear();
+            Child<QLineEdit>("VoiceCallPlugin_lineeditNumber")->clear();
+        },
         [] { return mainWindowIf(seen("VoiceCallPlugin_MainWidget") != nullptr); });
     listScenes << scene(
         "call",
