@@ -15,6 +15,7 @@ class Opened : public Base
 {
 public:
     Opened() : Base(nullptr) {}
+    using Base::drawDisplay;
     using Base::drawFocus;
 };
 } // namespace
@@ -32,6 +33,34 @@ private slots:
         checkFocus(Opened<GridDelegate>());
         checkFocus(Opened<TreeDelegate>());
         checkFocus(Opened<SCDelegate>());
+    }
+
+    // From right to left a Latin text is cut off at its own end, and the plus sign of a number stays in front.
+    void fromRightToLeftATextKeepsItsOwnDirection_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<bool>("rightToLeft");
+        QTest::newRow("a cut off name") << "Aaron Zimmermann" << false;
+        QTest::newRow("a number") << "+4917" << false;
+        QTest::newRow("an Arabic name") << QString::fromUtf8("محمد العلي وفاطمة حسن") << true;
+    }
+    void fromRightToLeftATextKeepsItsOwnDirection()
+    {
+        QFETCH(QString, text);
+        QFETCH(bool, rightToLeft);
+        QStyleOptionViewItem option;
+        option.displayAlignment = Qt::AlignLeft | Qt::AlignVCenter;
+        option.direction = Qt::RightToLeft;
+        option.textElideMode = Qt::ElideRight;
+        const QImage drawn = pictureOf(Opened<GridDelegate>(), option, text);
+        if (!rightToLeft) {
+            option.direction = Qt::LeftToRight;
+            option.displayAlignment = Qt::AlignRight | Qt::AlignVCenter;
+        }
+        QCOMPARE(drawn, pictureOf(Opened<QItemDelegate>(), option, text));
+        option.direction = rightToLeft ? Qt::LeftToRight : Qt::RightToLeft;
+        option.displayAlignment = rightToLeft ? Qt::AlignRight | Qt::AlignVCenter : Qt::AlignLeft | Qt::AlignVCenter;
+        QVERIFY(drawn != pictureOf(Opened<QItemDelegate>(), option, text));
     }
 
     void anEditorTakesThirtyTwoCharacters_data()
@@ -98,6 +127,16 @@ private slots:
     }
 
 private:
+    template <class Delegate>
+    QImage pictureOf(const Delegate& delegate, const QStyleOptionViewItem& option, const QString& text)
+    {
+        QImage image(80, 20, QImage::Format_ARGB32);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        delegate.drawDisplay(&painter, option, image.rect(), text);
+        return image;
+    }
+
     template <class Delegate>
     void checkFocus(const Delegate& delegate)
     {

@@ -40,6 +40,8 @@ private slots:
     void aPageIsShownFittedAndHidden();
     void aMissingPhonebookIsSaidOnItsPage();
     void aFailedWindowIsSaidOnItsPage();
+    void theKeysFollowToAChosenPage();
+    void theKeysStayInTheSideBarThatIsWalkedAlong();
     void theMessagesPageShowsTheOutbox();
     void deletingAMessageAsksFirst();
     void thePanelSwitchesTheDevice();
@@ -171,6 +173,31 @@ void TestHostWindow::aFailedWindowIsSaidOnItsPage()
     qApp->setProperty("standin.showFails", false);
     m_pWindow->ShowPage("AddrBookUIPlugin");
     QVERIFY(!pFailure->isVisible());
+}
+
+void TestHostWindow::theKeysFollowToAChosenPage()
+{
+    build(QStringList("AddrBookStandIn"));
+    m_pWindow->ShowPage("AddrBookUIPlugin");
+    QWidget* pContent = find<QWidget>("AddrBookUIPlugin_MainWidget");
+    pContent->setFocusPolicy(Qt::StrongFocus);
+    pContent->setFocus();
+    QCOMPARE(m_pWindow->focusWidget(), pContent);
+    m_pWindow->ShowPage("Messages");
+    QVERIFY(m_pWindow->focusWidget() != nullptr);
+    QVERIFY2(m_pWindow->Page("Messages")->isAncestorOf(m_pWindow->focusWidget()),
+             qPrintable(m_pWindow->focusWidget()->objectName()));
+}
+
+void TestHostWindow::theKeysStayInTheSideBarThatIsWalkedAlong()
+{
+    build(QStringList("AddrBookStandIn"));
+    m_pWindow->ShowPage("AddrBookUIPlugin");
+    QAbstractButton* pButton = find<QAbstractButton>("linkhand_NavBar_Messages");
+    pButton->setFocus();
+    QTest::keyClick(pButton, Qt::Key_Space);
+    QVERIFY(m_pWindow->Page("Messages")->isVisible());
+    QCOMPARE(m_pWindow->focusWidget(), pButton);
 }
 
 void TestHostWindow::theMessagesPageShowsTheOutbox()
