@@ -147,7 +147,8 @@ void CoreToolBar::buttonWithoutIconShowsItsText()
     m_items[1].strText2.clear();
     QVERIFY(create());
     QCOMPARE(qobject_cast<QToolButton*>(m_items.at(0).pButton)->toolButtonStyle(), Qt::ToolButtonTextOnly);
-    QCOMPARE(m_items.at(0).pButton->text(), QString("New contact"));
+    QCOMPARE(m_items.at(0).pButton->text(), Change::tr(m_items.at(0).strTipId, s_strPlugin));
+    QVERIFY(!m_items.at(0).pButton->text().startsWith("IDS_"));
     QCOMPARE(qobject_cast<QToolButton*>(m_items.at(1).pButton)->toolButtonStyle(), Qt::ToolButtonTextOnly);
     ToolBarLogic::ChangeToolBarIconDirection(s_strPlugin, m_items, true, &m_pLabel);
     QCOMPARE(qobject_cast<QToolButton*>(m_items.at(0).pButton)->toolButtonStyle(), Qt::ToolButtonTextOnly);
