@@ -311,6 +311,9 @@ bool AddrBookDlg::matchesSearch(const AddrBookRecord& record, int iColumnCount) 
 bool AddrBookDlg::fillRow(int iRow, _ORVA_EN_PHONEBOOK_MEMORY enType, const AddrBookRecord& record, int iGroupId,
                           int iColumnCount, bool bCorrectParentheses)
 {
+    // A cell beyond the last column would be nobody's.
+    if (m_ptableContacts->columnCount() < iColumnCount)
+        m_ptableContacts->setColumnCount(iColumnCount);
     const QuietModel quiet(m_ptableContacts->model());
     for (int iColumn = 0; iColumn < iColumnCount; ++iColumn) {
         QString strText = iColumn < record.lstValues.size() ? inOneLine(record.lstValues.at(iColumn)) : QString();
