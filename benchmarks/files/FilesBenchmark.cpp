@@ -10,9 +10,9 @@
 
 #include <csv.h>
 
+#include "base/Unicode.h"
 #include "benchmarks/sdk/BareStore.h"
 #include "benchmarks/support/Bench.h"
-#include "csv/Unicode.h"
 #include "orva/orva_sdk.h"
 #include "orva/orva_sim.h"
 

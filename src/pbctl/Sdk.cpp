@@ -1,7 +1,7 @@
 #include "Sdk.h"
 
 #include "Arguments.h"
-#include "csv/Unicode.h"
+#include "base/Unicode.h"
 
 namespace pbctl
 {

@@ -1,8 +1,8 @@
 // Any file, read as contacts. The last octet chooses how narrow the limits are.
 
 #include "Scratch.h"
+#include "base/Failure.h"
 #include "csv/ContactRows.h"
-#include "memories/Failure.h"
 
 using namespace orva;
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "Scratch.h"
+#include "base/Unicode.h"
 #include "csv/Encoding.h"
-#include "csv/Unicode.h"
 
 using namespace orva;
 

@@ -3,8 +3,8 @@
 #include <vector>
 
 #include "Scratch.h"
+#include "base/Unicode.h"
 #include "csv/RowReader.h"
-#include "csv/Unicode.h"
 #include "csv/Writer.h"
 
 using namespace orva;

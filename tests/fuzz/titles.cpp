@@ -2,9 +2,9 @@
 
 #include "csv/Titles.h"
 #include "Scratch.h"
+#include "base/Failure.h"
 #include "csv/ColumnGuess.h"
 #include "csv/LocalText.h"
-#include "memories/Failure.h"
 
 using namespace orva;
 

@@ -2,7 +2,7 @@
 
 #include <new>
 
-#include "api/Log.h"
+#include "base/Log.h"
 
 namespace orva
 {

@@ -1,7 +1,7 @@
 #ifndef SDK_API_BOUNDARY_H
 #define SDK_API_BOUNDARY_H
 
-#include "memories/Failure.h"
+#include "base/Failure.h"
 
 namespace orva
 {

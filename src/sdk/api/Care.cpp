@@ -4,9 +4,9 @@
 
 #include "api/Boundary.h"
 #include "api/Library.h"
-#include "api/Log.h"
-#include "api/Text.h"
-#include "store/Files.h"
+#include "base/Files.h"
+#include "base/Log.h"
+#include "base/Text.h"
 #include "store/Store.h"
 
 using namespace orva;

@@ -2,9 +2,10 @@
 
 #include "api/Boundary.h"
 #include "api/Library.h"
-#include "api/Text.h"
+#include "base/DataFolder.h"
+#include "base/Files.h"
+#include "base/Text.h"
 #include "devices/Hardware.h"
-#include "store/Files.h"
 
 using namespace orva;
 

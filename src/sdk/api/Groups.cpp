@@ -3,7 +3,7 @@
 #include "api/Boundary.h"
 #include "api/Handles.h"
 #include "api/Library.h"
-#include "api/Text.h"
+#include "base/Text.h"
 #include "store/Store.h"
 
 using namespace orva;

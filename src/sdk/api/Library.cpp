@@ -5,11 +5,12 @@
 #include <mutex>
 
 #include "api/Handles.h"
+#include "base/DataFolder.h"
+#include "base/Files.h"
 #include "devices/Hardware.h"
 #include "events/EventHub.h"
 #include "memories/LocalMemory.h"
 #include "memories/SimMemory.h"
-#include "store/Files.h"
 
 namespace orva
 {
@@ -37,8 +38,6 @@ struct Library {
 struct Global {
     std::mutex mutex;
     std::atomic<Library*> library{nullptr};
-    std::string chosenFolder; // by a reset; empty for what the environment says
-    std::mutex folderMutex;
 };
 
 // Never destroyed: threads may outlast the library's own end.
@@ -132,26 +131,13 @@ EventHub& events()
     return library().events;
 }
 
-std::string dataFolder()
-{
-    Global& all = global();
-    const std::lock_guard<std::mutex> lock(all.folderMutex);
-    return all.chosenFolder.empty() ? defaultDataFolder() : all.chosenFolder;
-}
-
-std::string logFolder()
-{
-    return dataFolder() + "/log";
-}
-
 void resetLibrary(const char* folder)
 {
     Global& all = global();
     const std::lock_guard<std::mutex> lock(all.mutex);
     dropAllHandles();
     delete all.library.exchange(nullptr);
-    const std::lock_guard<std::mutex> folderLock(all.folderMutex);
-    all.chosenFolder = folder != nullptr ? folder : "";
+    chooseDataFolder(folder != nullptr ? folder : "");
 }
 
 } // namespace orva

@@ -29,10 +29,6 @@ Store& storeFor(int memory);
 Hardware& hardware();
 EventHub& events();
 
-// The data folder and the folder for logs in it, without a slash at the end. Neither needs to be there yet.
-std::string dataFolder();
-std::string logFolder();
-
 // Commits and closes everything and forgets all handles. A null folder stands for what the environment says.
 void resetLibrary(const char* folder);
 

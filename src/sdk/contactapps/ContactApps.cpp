@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <vector>
 
+#include "base/Failure.h"
 #include "contactapps/Evolution.h"
 #include "contactapps/Thunderbird.h"
 #include "csv/ContactRows.h"
-#include "memories/Failure.h"
 
 namespace orva
 {

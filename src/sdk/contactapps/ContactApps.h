@@ -3,9 +3,9 @@
 
 #include <string_view>
 
+#include "base/Profile.h"
+#include "base/RowBlock.h"
 #include "csv/RowReader.h"
-#include "memories/Profile.h"
-#include "memories/RowBlock.h"
 
 namespace orva
 {

@@ -11,7 +11,7 @@
 
 #include <sqlite3.h>
 
-#include "memories/Failure.h"
+#include "base/Failure.h"
 
 namespace orva
 {

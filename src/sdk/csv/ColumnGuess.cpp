@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "base/Unicode.h"
 #include "csv/ContactRows.h"
-#include "csv/Unicode.h"
 
 namespace orva
 {

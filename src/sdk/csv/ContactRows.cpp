@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
+#include "base/Failure.h"
+#include "base/Unicode.h"
 #include "csv/NumberText.h"
-#include "csv/Unicode.h"
-#include "memories/Failure.h"
 
 namespace orva
 {

@@ -4,9 +4,9 @@
 #include <string>
 #include <vector>
 
+#include "base/Profile.h"
+#include "base/RowBlock.h"
 #include "csv/RowReader.h"
-#include "memories/Profile.h"
-#include "memories/RowBlock.h"
 
 namespace orva
 {

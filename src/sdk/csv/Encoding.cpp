@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "csv/Unicode.h"
+#include "base/Unicode.h"
 
 namespace orva
 {

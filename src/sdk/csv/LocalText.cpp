@@ -5,7 +5,7 @@
 #include <langinfo.h>
 #include <locale.h>
 
-#include "csv/Unicode.h"
+#include "base/Unicode.h"
 
 namespace orva
 {

@@ -10,7 +10,7 @@
 
 #include <csv.h>
 
-#include "memories/Failure.h"
+#include "base/Failure.h"
 
 namespace orva
 {

@@ -1,7 +1,7 @@
 #include "csv/Titles.h"
 
-#include "csv/Unicode.h"
-#include "memories/Failure.h"
+#include "base/Failure.h"
+#include "base/Unicode.h"
 
 namespace orva
 {

@@ -11,8 +11,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "csv/Unicode.h"
-#include "memories/Failure.h"
+#include "base/Failure.h"
+#include "base/Unicode.h"
 
 namespace orva
 {

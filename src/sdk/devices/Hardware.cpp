@@ -2,9 +2,9 @@
 
 #include <chrono>
 
-#include "api/Log.h"
-#include "memories/Failure.h"
-#include "store/Files.h"
+#include "base/Failure.h"
+#include "base/Files.h"
+#include "base/Log.h"
 
 namespace orva
 {

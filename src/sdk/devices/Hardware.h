@@ -9,9 +9,9 @@
 #include <mutex>
 #include <string>
 
+#include "base/Profile.h"
 #include "devices/HardwareState.h"
 #include "events/EventHub.h"
-#include "memories/Profile.h"
 
 namespace orva
 {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <exception>
 
-#include "api/Log.h"
+#include "base/Log.h"
 
 namespace orva
 {

@@ -4,25 +4,14 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
-#include <string>
-#include <vector>
 
-#include "memories/Failure.h"
-#include "memories/Profile.h"
-#include "memories/RowBlock.h"
+#include "base/Failure.h"
+#include "base/Profile.h"
+#include "base/RowBlock.h"
+#include "base/Values.h"
 
 namespace orva
 {
-
-// The values of one record, in the order of its memory's profile.
-using Values = std::vector<std::u16string>;
-
-// What was there at one moment: how many records, and the highest identifier given out. As identifiers ascend and
-// are never reused, "up to `last`" names the same records for good.
-struct Extent {
-    int count = 0;
-    int last = 0;
-};
 
 /*
  * A place where contacts live: the local store, or a card or device behind a backend.

@@ -9,8 +9,8 @@
 #include <string_view>
 #include <vector>
 
-#include "memories/Failure.h"
-#include "memories/RowBlock.h"
+#include "base/Failure.h"
+#include "base/RowBlock.h"
 
 namespace orva
 {

@@ -5,7 +5,7 @@
 #include <chrono>
 #include <thread>
 
-#include "store/Files.h"
+#include "base/Files.h"
 
 namespace orva
 {

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <climits>
 
-#include "api/Log.h"
+#include "base/Log.h"
 
 namespace orva
 {

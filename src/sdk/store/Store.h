@@ -11,9 +11,10 @@
 #include <thread>
 #include <vector>
 
-#include "memories/Memory.h"
+#include "base/Files.h"
+#include "base/RowBlock.h"
+#include "base/Values.h"
 #include "store/Database.h"
-#include "store/Files.h"
 #include "store/Schema.h"
 
 namespace orva

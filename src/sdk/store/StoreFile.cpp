@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <mutex>
 
-#include "api/Log.h"
+#include "base/Log.h"
 #include "store/Salvage.h"
 #include "store/Store.h"
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <thread>
 
-#include "api/Log.h"
+#include "base/Log.h"
 #include "store/Store.h"
 
 namespace orva

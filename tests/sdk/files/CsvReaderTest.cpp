@@ -9,8 +9,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "csv/Unicode.h"
-#include "memories/Failure.h"
+#include "base/Failure.h"
+#include "base/Unicode.h"
 #include "support/Check.h"
 #include "support/Environment.h"
 

@@ -7,14 +7,14 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "base/Failure.h"
+#include "base/Unicode.h"
 #include "csv/ColumnGuess.h"
 #include "csv/ContactRows.h"
 #include "csv/LocalText.h"
 #include "csv/NumberText.h"
 #include "csv/Titles.h"
-#include "csv/Unicode.h"
 #include "csv/Writer.h"
-#include "memories/Failure.h"
 #include "support/Check.h"
 #include "support/Environment.h"
 

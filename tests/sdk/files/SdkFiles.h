@@ -10,7 +10,7 @@
 #include <string_view>
 #include <vector>
 
-#include "csv/Unicode.h"
+#include "base/Unicode.h"
 #include "orva/orva_sdk.h"
 #include "orva/orva_sim.h"
 #include "support/Check.h"

@@ -1,7 +1,6 @@
-#include "store/Files.h"
+#include "base/Files.h"
 
 #include <fcntl.h>
-#include <pwd.h>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -11,9 +10,8 @@
 #include <cstring>
 #include <ctime>
 #include <memory>
-#include <vector>
 
-#include "memories/Failure.h"
+#include "base/Failure.h"
 
 namespace orva
 {
@@ -46,19 +44,6 @@ public:
 private:
     int m_file;
 };
-
-std::string homeFolder()
-{
-    const char* home = std::getenv("HOME");
-    if (home != nullptr && *home == '/')
-        return home;
-    std::vector<char> buffer(16384);
-    passwd entry{};
-    passwd* found = nullptr;
-    if (getpwuid_r(geteuid(), &entry, buffer.data(), buffer.size(), &found) == 0 && found != nullptr)
-        return found->pw_dir;
-    throw Failure(ORVA_E_STORE, "no home folder");
-}
 
 std::string parentOf(const std::string& path)
 {
@@ -103,17 +88,6 @@ void writeAll(int file, const std::string& content, const std::string& path)
 }
 
 } // namespace
-
-std::string defaultDataFolder()
-{
-    const char* const own = std::getenv("LINKHAND_DATA_DIR");
-    if (own != nullptr && *own != '\0')
-        return own;
-    const char* const data = std::getenv("XDG_DATA_HOME");
-    if (data != nullptr && *data == '/')
-        return std::string(data) + "/linkhand";
-    return homeFolder() + "/.local/share/linkhand";
-}
 
 std::string preparePrivateFolder(const std::string& path)
 {

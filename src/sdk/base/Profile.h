@@ -1,5 +1,5 @@
-#ifndef SDK_MEMORIES_PROFILE_H
-#define SDK_MEMORIES_PROFILE_H
+#ifndef SDK_BASE_PROFILE_H
+#define SDK_BASE_PROFILE_H
 
 #include <string>
 #include <string_view>
@@ -45,4 +45,4 @@ Profile deviceProfile(int fields, int nameLength, int numberLength);
 
 } // namespace orva
 
-#endif // SDK_MEMORIES_PROFILE_H
+#endif // SDK_BASE_PROFILE_H

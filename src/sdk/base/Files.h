@@ -1,13 +1,10 @@
-#ifndef SDK_STORE_FILES_H
-#define SDK_STORE_FILES_H
+#ifndef SDK_BASE_FILES_H
+#define SDK_BASE_FILES_H
 
 #include <string>
 
 namespace orva
 {
-
-// The user's data folder: LINKHAND_DATA_DIR, else $XDG_DATA_HOME/linkhand, else ~/.local/share/linkhand.
-std::string defaultDataFolder();
 
 // Makes a folder with those above it, each for the user alone (0700), and takes other people's rights off one that is
 // there. Gives its path without symbolic links. Failure(ORVA_E_STORE) if it cannot be made or is another user's.
@@ -56,4 +53,4 @@ private:
 
 } // namespace orva
 
-#endif // SDK_STORE_FILES_H
+#endif // SDK_BASE_FILES_H

@@ -1,4 +1,4 @@
-#include "memories/Profile.h"
+#include "base/Profile.h"
 
 #include <strings.h>
 

@@ -1,4 +1,4 @@
-#include "api/Log.h"
+#include "base/Log.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -9,8 +9,8 @@
 #include <ctime>
 #include <mutex>
 
-#include "api/Library.h"
-#include "store/Files.h"
+#include "base/DataFolder.h"
+#include "base/Files.h"
 
 namespace orva
 {

@@ -1,5 +1,5 @@
-#ifndef SDK_API_TEXT_H
-#define SDK_API_TEXT_H
+#ifndef SDK_BASE_TEXT_H
+#define SDK_BASE_TEXT_H
 
 #include <string>
 #include <string_view>
@@ -13,10 +13,10 @@ std::u16string fromApi(const unsigned short* text);
 // The text in a new buffer, which the client frees.
 unsigned short* toApi(std::u16string_view text);
 
-// A lone surrogate becomes U+FFFD.
+// A lone surrogate becomes U+FFFD, and so does each octet that is not well-formed UTF-8. Neither text holds a zero.
 std::string toUtf8(std::u16string_view text);
 std::u16string fromUtf8(std::string_view text);
 
 } // namespace orva
 
-#endif // SDK_API_TEXT_H
+#endif // SDK_BASE_TEXT_H

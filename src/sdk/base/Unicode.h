@@ -1,5 +1,5 @@
-#ifndef SDK_CSV_UNICODE_H
-#define SDK_CSV_UNICODE_H
+#ifndef SDK_BASE_UNICODE_H
+#define SDK_BASE_UNICODE_H
 
 #include <cstddef>
 #include <string>
@@ -27,4 +27,4 @@ std::size_t utf8Piece(std::string_view text, bool* cut = nullptr);
 
 } // namespace orva
 
-#endif // SDK_CSV_UNICODE_H
+#endif // SDK_BASE_UNICODE_H

@@ -1,4 +1,4 @@
-#include "csv/Unicode.h"
+#include "base/Unicode.h"
 
 #include <cstdint>
 #include <cstring>

@@ -1,5 +1,5 @@
-#ifndef SDK_MEMORIES_ROWBLOCK_H
-#define SDK_MEMORIES_ROWBLOCK_H
+#ifndef SDK_BASE_ROWBLOCK_H
+#define SDK_BASE_ROWBLOCK_H
 
 #include <cstddef>
 #include <cstring>
@@ -80,4 +80,4 @@ private:
 
 } // namespace orva
 
-#endif // SDK_MEMORIES_ROWBLOCK_H
+#endif // SDK_BASE_ROWBLOCK_H

@@ -1,5 +1,5 @@
-#ifndef SDK_API_LOG_H
-#define SDK_API_LOG_H
+#ifndef SDK_BASE_LOG_H
+#define SDK_BASE_LOG_H
 
 #include <string>
 
@@ -15,4 +15,4 @@ void logFormat(const char* format, ...) noexcept __attribute__((format(printf, 1
 
 } // namespace orva
 
-#endif // SDK_API_LOG_H
+#endif // SDK_BASE_LOG_H

@@ -1,5 +1,5 @@
-#ifndef SDK_MEMORIES_FAILURE_H
-#define SDK_MEMORIES_FAILURE_H
+#ifndef SDK_BASE_FAILURE_H
+#define SDK_BASE_FAILURE_H
 
 #include <exception>
 #include <string>
@@ -26,4 +26,4 @@ private:
 
 } // namespace orva
 
-#endif // SDK_MEMORIES_FAILURE_H
+#endif // SDK_BASE_FAILURE_H
