@@ -50,6 +50,28 @@ extern "C" {
 #define ORVA_E_VERSION 1013     /* the store was written by a newer release and is left as it is */
 #define ORVA_E_INTERNAL 1099
 
+/* Events, as callbacks get them. The device start service: */
+#define ORVA_EVENT_DEV_DEVICE_INIT_FINISH 6014 /* the device was attached or detached */
+/* The device manager: */
+#define ORVA_EVENT_DEV_SIM_INVALID 6002 /* the card was removed */
+#define ORVA_EVENT_DEV_CARD_CHANGED 6601
+#define ORVA_EVENT_DEV_PIN_CHANGED 6604
+#define ORVA_EVENT_DEV_RF_SWITCH 6615 /* the radio was switched */
+/* The network service: */
+#define ORVA_EVENT_NET_STATUS 7
+/* The phonebook service: */
+#define ORVA_EVENT_PBM_EVENT_READY 20301     /* the service is ready, the device being connected */
+#define ORVA_EVENT_PBM_EVENT_SIM_READY 20302 /* the card's phonebook can be read */
+#define ORVA_EVENT_PBM_EVENT_NV_READY 20303  /* and the device's */
+
+/* States of device, card, product and network. */
+#define ORVA_DEVICE_AVAILABLE 3
+#define ORVA_DEVICE_AWAY 4
+#define ORVA_PIN_NOT_NEEDED 1 /* these two open a card's phonebook */
+#define ORVA_PIN_VERIFIED 8
+#define ORVA_PRODUCT_UIM 1 /* a product with a UIM card */
+#define ORVA_NETWORK_IN_SERVICE 2
+
 /* One field of a memory, in the order of its field list. Every text is ASCII; the two character lists hold "null"
  * where there is no list. */
 typedef struct ORVA_PROFILE_ENTRY {
@@ -248,14 +270,15 @@ ORVA_API long ORVA_NetSrv_UnRegisterNetSrvEvent(ORVA_CALLBACK callback);
  * Without a device, all of these but GetDevStatus and GetProductType give ORVA_E_ABSENT; so do GetPinStatus and
  * GetSimType without a card. */
 
-/* 3: the device is available; 4: it is not. */
+/* ORVA_DEVICE_AVAILABLE or ORVA_DEVICE_AWAY. */
 ORVA_API long ORVA_DevSrv_GetDevStatus(int* status);
 
-/* The card's PIN status; 1 and 8 open its phonebook. The three bytes, each of which may be null, are set to 0. */
+/* The card's PIN status; ORVA_PIN_NOT_NEEDED and ORVA_PIN_VERIFIED open its phonebook. The three bytes, each of which
+ * may be null, are set to 0. */
 ORVA_API long ORVA_DevSrv_GetPinStatus(int slot, int* status, unsigned char* pin1, unsigned char* pin2,
                                        unsigned char* puk);
 
-/* 1 for a product with a UIM card. */
+/* ORVA_PRODUCT_UIM, or any other number. */
 ORVA_API long ORVA_DevSrv_GetProductType(int* type);
 ORVA_API long ORVA_DevSrv_GetSimType(int* type);
 
@@ -266,7 +289,7 @@ ORVA_API long ORVA_DevSrv_GetRFSwitch(int* states);
 ORVA_API long ORVA_DevSrv_GetMultiModeCardStatus(unsigned char* status, void* reserved1, void* reserved2,
                                                  void* reserved3);
 
-/* 2: in service. */
+/* ORVA_NETWORK_IN_SERVICE, or any other number. */
 ORVA_API long ORVA_NetSrv_GetSrvStatus(int* status);
 
 /* The folder for log files, ending in "/", in a new buffer. */

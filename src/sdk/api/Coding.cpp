@@ -6,7 +6,7 @@
 #include "api/Boundary.h"
 #include "api/Library.h"
 #include "coding/AlphaIdentifier.h"
-#include "devices/Hardware.h"
+#include "devices/SimulatedHardware.h"
 
 using namespace orva;
 
@@ -24,7 +24,7 @@ long ORVA_PBSrv_PBContentCodingJudge(const unsigned short* text, short length, b
         for (short i = 0; i < length && text[i] != 0; ++i)
             units.push_back(text[i]);
         const AlphaRule rule = customised ? AlphaRule::Units : not_uim ? AlphaRule::Sim : AlphaRule::Uim;
-        hardware().setCountsUnits(customised);
+        simulatedHardware().setCountsUnits(customised);
         *result = static_cast<short>(std::min(alphaLength(units, rule), SHRT_MAX));
         return ORVA_OK;
     });

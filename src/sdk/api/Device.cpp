@@ -12,20 +12,17 @@ using namespace orva;
 namespace
 {
 
-constexpr int deviceAvailable = 3;
-constexpr int deviceAway = 4;
-
-HardwareState attachedState()
+DeviceStatus attachedState()
 {
-    const HardwareState state = hardware().state();
+    const DeviceStatus state = hardware().status();
     if (state.attached == 0)
         throw Failure(ORVA_E_ABSENT, "no device");
     return state;
 }
 
-HardwareState cardState()
+DeviceStatus cardState()
 {
-    const HardwareState state = attachedState();
+    const DeviceStatus state = attachedState();
     if (state.card == 0)
         throw Failure(ORVA_E_ABSENT, "no card");
     return state;
@@ -37,7 +34,7 @@ long ORVA_DevSrv_GetDevStatus(int* status)
 {
     return guarded(__func__, [&] {
         require(status);
-        *status = hardware().state().attached != 0 ? deviceAvailable : deviceAway;
+        *status = hardware().status().attached != 0 ? ORVA_DEVICE_AVAILABLE : ORVA_DEVICE_AWAY;
         return ORVA_OK;
     });
 }
@@ -62,7 +59,7 @@ long ORVA_DevSrv_GetProductType(int* type)
     return guarded(__func__, [&] {
         require(type);
         // Known without the device: it is what the program is sold with.
-        *type = hardware().state().productType;
+        *type = hardware().status().productType;
         return ORVA_OK;
     });
 }
@@ -80,7 +77,7 @@ long ORVA_DevSrv_GetRFSwitch(int* states)
 {
     return guarded(__func__, [&] {
         require(states);
-        const HardwareState state = attachedState();
+        const DeviceStatus state = attachedState();
         states[0] = state.radioFirst;
         states[1] = state.radioSecond;
         return ORVA_OK;
@@ -93,7 +90,7 @@ long ORVA_DevSrv_GetMultiModeCardStatus(unsigned char* status, void* reserved1, 
         require(status);
         if (reserved1 != nullptr || reserved2 != nullptr || reserved3 != nullptr)
             throw Failure(ORVA_E_ARGUMENT, "reserved argument in use");
-        const HardwareState state = attachedState();
+        const DeviceStatus state = attachedState();
         status[0] = static_cast<unsigned char>(state.multiModeFirst);
         status[1] = static_cast<unsigned char>(state.multiModeSecond);
         return ORVA_OK;

@@ -7,7 +7,7 @@
 #include "api/Handles.h"
 #include "base/DataFolder.h"
 #include "base/Files.h"
-#include "devices/Hardware.h"
+#include "devices/SimulatedHardware.h"
 #include "events/EventHub.h"
 #include "memories/LocalMemory.h"
 #include "memories/SimMemory.h"
@@ -29,7 +29,7 @@ struct Library {
     }
 
     EventHub events;
-    Hardware hardware;
+    SimulatedHardware hardware;
     LocalMemory local;
     SimMemory card;
     SimMemory device;
@@ -122,6 +122,11 @@ Store& storeFor(int memory)
 }
 
 Hardware& hardware()
+{
+    return library().hardware;
+}
+
+SimulatedHardware& simulatedHardware()
 {
     return library().hardware;
 }

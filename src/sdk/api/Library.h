@@ -10,6 +10,7 @@ namespace orva
 
 class EventHub;
 class Hardware;
+class SimulatedHardware;
 class Store;
 
 /*
@@ -27,6 +28,10 @@ Store& groupStore(int memory);
 Store& storeFor(int memory);
 
 Hardware& hardware();
+
+// The same with its switches. ORVA_E_UNSUPPORTED while the hardware is real.
+SimulatedHardware& simulatedHardware();
+
 EventHub& events();
 
 // Commits and closes everything and forgets all handles. A null folder stands for what the environment says.

@@ -106,18 +106,13 @@ long ORVA_PBSrv_PBGetMemoryListType(short* types, unsigned short* count)
 {
     return guarded(__func__, [&] {
         require(count);
-        const HardwareState state = hardware().state();
-        std::vector<short> there;
-        if (state.attached != 0 && state.card != 0)
-            there.push_back(ORVA_MEMORY_CARD);
-        if (state.attached != 0)
-            there.push_back(ORVA_MEMORY_DEVICE);
+        const std::vector<int> there = hardware().memories();
         if (types == nullptr) {
             *count = static_cast<unsigned short>(there.size());
             return ORVA_OK;
         }
         for (std::size_t i = 0; i < there.size() && i < *count; ++i)
-            types[i] = there[i];
+            types[i] = static_cast<short>(there[i]);
         return ORVA_OK;
     });
 }

@@ -4,7 +4,7 @@
 
 #include "api/Boundary.h"
 #include "api/Library.h"
-#include "devices/Hardware.h"
+#include "devices/SimulatedHardware.h"
 #include "events/EventHub.h"
 
 using namespace orva;
@@ -16,7 +16,7 @@ template <typename Change>
 long switched(const char* function, Change&& change)
 {
     return guarded(function, [&] {
-        if (!change(hardware()))
+        if (!change(simulatedHardware()))
             throw Failure(ORVA_E_ARGUMENT, "out of range, or not at this moment");
         return ORVA_OK;
     });
@@ -26,47 +26,47 @@ long switched(const char* function, Change&& change)
 
 long ORVA_Sim_SetDevice(int attached)
 {
-    return switched(__func__, [&](Hardware& all) { return all.setAttached(attached != 0); });
+    return switched(__func__, [&](SimulatedHardware& all) { return all.setAttached(attached != 0); });
 }
 
 long ORVA_Sim_SetCard(int inserted)
 {
-    return switched(__func__, [&](Hardware& all) { return all.setCard(inserted != 0); });
+    return switched(__func__, [&](SimulatedHardware& all) { return all.setCard(inserted != 0); });
 }
 
 long ORVA_Sim_SetPinStatus(int status)
 {
-    return switched(__func__, [&](Hardware& all) { return all.setPinStatus(status); });
+    return switched(__func__, [&](SimulatedHardware& all) { return all.setPinStatus(status); });
 }
 
 long ORVA_Sim_SetProductType(int type)
 {
-    return switched(__func__, [&](Hardware& all) { return all.setProductType(type); });
+    return switched(__func__, [&](SimulatedHardware& all) { return all.setProductType(type); });
 }
 
 long ORVA_Sim_SetCardType(int type)
 {
-    return switched(__func__, [&](Hardware& all) { return all.setCardType(type); });
+    return switched(__func__, [&](SimulatedHardware& all) { return all.setCardType(type); });
 }
 
 long ORVA_Sim_SetRadio(int first, int second)
 {
-    return switched(__func__, [&](Hardware& all) { return all.setRadio(first, second); });
+    return switched(__func__, [&](SimulatedHardware& all) { return all.setRadio(first, second); });
 }
 
 long ORVA_Sim_SetNetwork(int status)
 {
-    return switched(__func__, [&](Hardware& all) { return all.setNetwork(status); });
+    return switched(__func__, [&](SimulatedHardware& all) { return all.setNetwork(status); });
 }
 
 long ORVA_Sim_SetMultiModeCard(unsigned char first, unsigned char second)
 {
-    return switched(__func__, [&](Hardware& all) { return all.setMultiMode(first, second); });
+    return switched(__func__, [&](SimulatedHardware& all) { return all.setMultiMode(first, second); });
 }
 
 long ORVA_Sim_SetAutoReady(int automatic)
 {
-    return switched(__func__, [&](Hardware& all) { return all.setAutoReady(automatic != 0); });
+    return switched(__func__, [&](SimulatedHardware& all) { return all.setAutoReady(automatic != 0); });
 }
 
 long ORVA_Sim_SendEvent(int id)
@@ -79,22 +79,23 @@ long ORVA_Sim_SendEvent(int id)
 
 long ORVA_Sim_SetDelay(int memory, int read_ms, int write_ms)
 {
-    return switched(__func__, [&](Hardware& all) { return all.setDelay(memory, read_ms, write_ms); });
+    return switched(__func__, [&](SimulatedHardware& all) { return all.setDelay(memory, read_ms, write_ms); });
 }
 
 long ORVA_Sim_SetCapacity(int memory, int capacity)
 {
-    return switched(__func__, [&](Hardware& all) { return all.setCapacity(memory, capacity); });
+    return switched(__func__, [&](SimulatedHardware& all) { return all.setCapacity(memory, capacity); });
 }
 
 long ORVA_Sim_SetFieldLengths(int memory, int name_length, int number_length)
 {
-    return switched(__func__, [&](Hardware& all) { return all.setFieldLengths(memory, name_length, number_length); });
+    return switched(__func__,
+                    [&](SimulatedHardware& all) { return all.setFieldLengths(memory, name_length, number_length); });
 }
 
 long ORVA_Sim_SetDeviceFields(int count)
 {
-    return switched(__func__, [&](Hardware& all) { return all.setDeviceFields(count); });
+    return switched(__func__, [&](SimulatedHardware& all) { return all.setDeviceFields(count); });
 }
 
 long ORVA_Sim_WaitEvents(void)

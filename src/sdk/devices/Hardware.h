@@ -1,102 +1,58 @@
 #ifndef SDK_DEVICES_HARDWARE_H
 #define SDK_DEVICES_HARDWARE_H
 
-#include <array>
-#include <atomic>
-#include <condition_variable>
 #include <cstdint>
 #include <memory>
-#include <mutex>
-#include <string>
+#include <vector>
 
 #include "base/Profile.h"
-#include "devices/HardwareState.h"
-#include "events/EventHub.h"
+#include "orva/orva_sdk.h"
 
 namespace orva
 {
 
+// What a device with its card, radio and network is at a moment, in the numbers that the C functions give.
+struct DeviceStatus {
+    int attached = 1;
+    int card = 1;
+    int pinStatus = ORVA_PIN_NOT_NEEDED;
+    int productType = 0;
+    int cardType = 1;
+    int radioFirst = 1;
+    int radioSecond = 1;
+    int network = ORVA_NETWORK_IN_SERVICE;
+    int multiModeFirst = 0;
+    int multiModeSecond = 0;
+};
+
 /*
- * The simulated device with its card, radio and network. What it is made of (attached, card in, PIN status, sizes, ...)
- * is kept in sim.ini in the data folder, so that the next process finds it; how it behaves for a test (delays, ready
- * events left out) is not.
+ * The device behind the card's and the device's memory: there or away, open or closed, and of what shape. What it keeps
+ * is read and written by its memories.
  *
- * Any thread. A change sends its events while the lock is held, so that events come in the order of the changes.
+ * Any thread. An answer is the one of this moment and may be stale when it is used: a memory asks again after what took
+ * its time. Events of a change go out in the order of the changes, without a lock that a callback could need.
  */
 class Hardware
 {
 public:
-    Hardware(std::string folder, EventHub& events);
+    virtual ~Hardware() = default;
 
-    HardwareState state() const;
+    virtual DeviceStatus status() const = 0;
 
-    // Changes; false for an argument out of range.
-    bool setAttached(bool attached);
-    bool setCard(bool inserted);
-    bool setPinStatus(int status);
-    bool setProductType(int type);
-    bool setCardType(int type);
-    bool setRadio(int first, int second);
-    bool setNetwork(int status);
-    bool setMultiMode(unsigned char first, unsigned char second);
-    bool setAutoReady(bool automatic);
-    bool setDelay(int memory, int readMs, int writeMs);
-    bool setCapacity(int memory, int capacity);
-    bool setFieldLengths(int memory, int nameLength, int numberLength);
-    bool setDeviceFields(int count);
+    // The memories that are there, the card first; whether each is open is another question.
+    virtual std::vector<int> memories() const = 0;
 
-    // ORVA_E_ABSENT unless the memory is there and, for the card, its PIN status opens it.
-    void requireOpen(int memory) const;
+    // Failure(ORVA_E_ABSENT) unless the memory is there and open: a card's PIN status says so.
+    virtual void requireOpen(int memory) const = 0;
 
-    // ORVA_E_ABSENT unless the memory is there.
-    std::shared_ptr<const Profile> profile(int memory) const;
+    // Its fields. ORVA_E_ABSENT unless the memory is there.
+    virtual std::shared_ptr<const Profile> profile(int memory) const = 0;
 
-    // As configured, and as the memory tells it: 0 for a card that its PIN keeps closed.
-    int capacity(int memory) const;
-    int readyCapacity(int memory) const;
-
-    int readDelay(int memory) const;
-
-    // Let the time of some reads or of one write pass; ORVA_E_ABSENT as soon as the memory goes away.
-    void spendReading(int memory, int records);
-    void spendWriting(int memory);
-
-    // Whether the card promises room for a number of characters, whatever they are. The host knows that of its product
-    // and says so whenever it counts a text; its last word stands.
-    void setCountsUnits(bool units) { m_countsUnits.store(units, std::memory_order_relaxed); }
-    bool countsUnits() const { return m_countsUnits.load(std::memory_order_relaxed); }
+    // How many records fit; 0 while the memory is closed or not ready. ORVA_E_ABSENT unless it is there.
+    virtual int capacity(int memory) const = 0;
 
     // Grows whenever a memory appears, disappears or changes its shape.
-    std::uint64_t epoch() const { return m_epoch.load(std::memory_order_acquire); }
-
-private:
-    using Lock = std::unique_lock<std::mutex>;
-
-    struct Delay {
-        int read = 0;
-        int write = 0;
-    };
-
-    // Each with the lock held.
-    template <typename Change>
-    bool change(Change&& change);
-    HardwareState readKept() const;
-    void keep(const HardwareState& before);
-    void shapeProfiles();
-    bool present(int memory) const;
-    bool open(int memory) const;
-    void spend(int memory, long long milliseconds);
-
-    const std::string m_folder;
-    EventHub& m_events;
-    mutable std::mutex m_mutex;
-    std::condition_variable m_changed;
-    HardwareState m_state;
-    bool m_autoReady = true;
-    std::array<Delay, 2> m_delays;
-    std::array<std::shared_ptr<const Profile>, 2> m_profiles;
-    std::atomic<std::uint64_t> m_epoch{0};
-    std::atomic<bool> m_countsUnits{false};
+    virtual std::uint64_t epoch() const = 0;
 };
 
 } // namespace orva

@@ -4,21 +4,13 @@
 #include <string>
 #include <string_view>
 
+#include "devices/Hardware.h"
+
 namespace orva
 {
 
-// What the simulated hardware is at a moment.
-struct HardwareState {
-    int attached = 1;
-    int card = 1;
-    int pinStatus = 1;
-    int productType = 0;
-    int cardType = 1;
-    int radioFirst = 1;
-    int radioSecond = 1;
-    int network = 2;
-    int multiModeFirst = 0;
-    int multiModeSecond = 0;
+// What the simulated hardware is at a moment, with the sizes of its memories and of the PC's.
+struct HardwareState : DeviceStatus {
     int cardCapacity = 250;
     int deviceCapacity = 500;
     int localCapacity = 100000;

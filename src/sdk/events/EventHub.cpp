@@ -12,9 +12,9 @@ Service serviceOf(int event)
 {
     if (event >= 20000 && event <= 29999)
         return Service::Phonebook;
-    if (event == 6014)
+    if (event == ORVA_EVENT_DEV_DEVICE_INIT_FINISH)
         return Service::DeviceStart;
-    if (event == 6002 || (event >= 6600 && event <= 6699))
+    if (event == ORVA_EVENT_DEV_SIM_INVALID || (event >= 6600 && event <= 6699))
         return Service::DeviceManager;
     return Service::Network;
 }

@@ -5,7 +5,7 @@
 namespace orva
 {
 
-LocalMemory::LocalMemory(const std::string& folder, Hardware& hardware)
+LocalMemory::LocalMemory(const std::string& folder, SimulatedHardware& hardware)
     : m_hardware(hardware),
       m_profile(std::make_shared<const Profile>(localProfile())),
       m_store(folder, "local", {"name", "mobile", "office_phone", "home_phone", "email", "remark"})
@@ -14,7 +14,7 @@ LocalMemory::LocalMemory(const std::string& folder, Hardware& hardware)
 
 int LocalMemory::capacity()
 {
-    return m_hardware.capacity(ORVA_MEMORY_LOCAL);
+    return m_hardware.localCapacity();
 }
 
 std::size_t LocalMemory::preferredRows()

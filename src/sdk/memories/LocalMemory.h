@@ -1,7 +1,7 @@
 #ifndef SDK_MEMORIES_LOCALMEMORY_H
 #define SDK_MEMORIES_LOCALMEMORY_H
 
-#include "devices/Hardware.h"
+#include "devices/SimulatedHardware.h"
 #include "memories/Memory.h"
 #include "store/Store.h"
 
@@ -12,7 +12,7 @@ namespace orva
 class LocalMemory final : public Memory
 {
 public:
-    LocalMemory(const std::string& folder, Hardware& hardware);
+    LocalMemory(const std::string& folder, SimulatedHardware& hardware);
 
     Store& store() { return m_store; }
 
@@ -32,7 +32,7 @@ public:
     std::uint64_t changes() const override { return m_store.changes(); }
 
 private:
-    Hardware& m_hardware; // for the capacity, which is configured with that of the others
+    SimulatedHardware& m_hardware; // for the capacity, which is configured with that of the others
     const std::shared_ptr<const Profile> m_profile;
     Store m_store;
 };

@@ -13,7 +13,7 @@ constexpr int patience = 50;
 
 } // namespace
 
-SimMemory::SimMemory(const std::string& folder, Hardware& hardware, int memory)
+SimMemory::SimMemory(const std::string& folder, SimulatedHardware& hardware, int memory)
     : m_hardware(hardware),
       m_memory(memory),
       m_store(folder, memory == ORVA_MEMORY_CARD ? "card" : "device", {"name", "number", "home_phone", "email"})
@@ -27,7 +27,7 @@ std::shared_ptr<const Profile> SimMemory::profile()
 
 int SimMemory::capacity()
 {
-    return m_hardware.readyCapacity(m_memory);
+    return m_hardware.capacity(m_memory);
 }
 
 int SimMemory::size()

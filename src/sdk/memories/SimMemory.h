@@ -1,7 +1,7 @@
 #ifndef SDK_MEMORIES_SIMMEMORY_H
 #define SDK_MEMORIES_SIMMEMORY_H
 
-#include "devices/Hardware.h"
+#include "devices/SimulatedHardware.h"
 #include "memories/Limits.h"
 #include "memories/Memory.h"
 #include "store/Store.h"
@@ -15,7 +15,7 @@ class SimMemory final : public Memory
 {
 public:
     // `memory` is ORVA_MEMORY_CARD or ORVA_MEMORY_DEVICE.
-    SimMemory(const std::string& folder, Hardware& hardware, int memory);
+    SimMemory(const std::string& folder, SimulatedHardware& hardware, int memory);
 
     Store& store() { return m_store; }
 
@@ -37,7 +37,7 @@ public:
 private:
     void requireWritable(const Values& values);
 
-    Hardware& m_hardware;
+    SimulatedHardware& m_hardware;
     const int m_memory;
     Store m_store;
 };

@@ -1,4 +1,4 @@
-#include "devices/Hardware.h"
+#include "devices/SimulatedHardware.h"
 
 #include <chrono>
 
@@ -13,19 +13,6 @@ namespace
 {
 
 constexpr std::size_t stateFileLimit = 16384;
-
-constexpr int eventCardInvalid = 6002;
-constexpr int eventDeviceChanged = 6014;
-constexpr int eventCardChanged = 6601;
-constexpr int eventPinChanged = 6604;
-constexpr int eventRadioChanged = 6615;
-constexpr int eventNetworkChanged = 7;
-constexpr int eventServiceReady = 20301;
-constexpr int eventCardReady = 20302;
-constexpr int eventDeviceReady = 20303;
-
-constexpr int pinNotNeeded = 1;
-constexpr int pinVerified = 8;
 
 bool isHardware(int memory)
 {
@@ -48,14 +35,15 @@ bool put(int& member, int value)
 
 } // namespace
 
-Hardware::Hardware(std::string folder, EventHub& events) : m_folder(std::move(folder)), m_events(events)
+SimulatedHardware::SimulatedHardware(std::string folder, EventHub& events)
+    : m_folder(std::move(folder)), m_events(events)
 {
     const Lock lock(m_mutex);
     m_state = readKept();
     shapeProfiles();
 }
 
-HardwareState Hardware::state() const
+DeviceStatus SimulatedHardware::status() const
 {
     const Lock lock(m_mutex);
     return m_state;
@@ -63,12 +51,12 @@ HardwareState Hardware::state() const
 
 // ---- Keeping
 
-HardwareState Hardware::readKept() const
+HardwareState SimulatedHardware::readKept() const
 {
     return readHardwareState(readSmallFile(m_folder + "/sim.ini", stateFileLimit));
 }
 
-void Hardware::keep(const HardwareState& before)
+void SimulatedHardware::keep(const HardwareState& before)
 {
     try {
         preparePrivateFolder(m_folder);
@@ -81,7 +69,7 @@ void Hardware::keep(const HardwareState& before)
     }
 }
 
-void Hardware::shapeProfiles()
+void SimulatedHardware::shapeProfiles()
 {
     m_profiles[0] = std::make_shared<const Profile>(deviceProfile(2, m_state.cardNameLength, m_state.cardNumberLength));
     m_profiles[1] = std::make_shared<const Profile>(
@@ -89,7 +77,7 @@ void Hardware::shapeProfiles()
 }
 
 template <typename Change>
-bool Hardware::change(Change&& change)
+bool SimulatedHardware::change(Change&& change)
 {
     const Lock lock(m_mutex);
     const HardwareState before = m_state;
@@ -104,77 +92,77 @@ bool Hardware::change(Change&& change)
 
 // ---- Switches
 
-bool Hardware::setAttached(bool attached)
+bool SimulatedHardware::setAttached(bool attached)
 {
     return change([&] {
         if (!put(m_state.attached, attached ? 1 : 0))
             return false;
-        m_events.post(eventDeviceChanged);
+        m_events.post(ORVA_EVENT_DEV_DEVICE_INIT_FINISH);
         if (!attached)
             return true;
-        m_events.post(eventServiceReady);
+        m_events.post(ORVA_EVENT_PBM_EVENT_READY);
         if (m_autoReady && m_state.card != 0)
-            m_events.post(eventCardReady);
+            m_events.post(ORVA_EVENT_PBM_EVENT_SIM_READY);
         if (m_autoReady)
-            m_events.post(eventDeviceReady);
+            m_events.post(ORVA_EVENT_PBM_EVENT_NV_READY);
         return true;
     });
 }
 
-bool Hardware::setCard(bool inserted)
+bool SimulatedHardware::setCard(bool inserted)
 {
     return change([&] {
         if (!put(m_state.card, inserted ? 1 : 0))
             return false;
-        m_events.post(inserted ? eventCardChanged : eventCardInvalid);
+        m_events.post(inserted ? ORVA_EVENT_DEV_CARD_CHANGED : ORVA_EVENT_DEV_SIM_INVALID);
         if (inserted && m_autoReady && m_state.attached != 0)
-            m_events.post(eventCardReady);
+            m_events.post(ORVA_EVENT_PBM_EVENT_SIM_READY);
         return true;
     });
 }
 
-bool Hardware::setPinStatus(int status)
+bool SimulatedHardware::setPinStatus(int status)
 {
     return change([&] {
         const bool changed = put(m_state.pinStatus, status);
         if (changed)
-            m_events.post(eventPinChanged);
+            m_events.post(ORVA_EVENT_DEV_PIN_CHANGED);
         return changed;
     });
 }
 
-bool Hardware::setProductType(int type)
+bool SimulatedHardware::setProductType(int type)
 {
     return change([&] { return put(m_state.productType, type); });
 }
 
-bool Hardware::setCardType(int type)
+bool SimulatedHardware::setCardType(int type)
 {
     return change([&] { return put(m_state.cardType, type); });
 }
 
-bool Hardware::setRadio(int first, int second)
+bool SimulatedHardware::setRadio(int first, int second)
 {
     return change([&] {
         const bool firstChanged = put(m_state.radioFirst, first);
         const bool secondChanged = put(m_state.radioSecond, second);
         if (firstChanged || secondChanged)
-            m_events.post(eventRadioChanged);
+            m_events.post(ORVA_EVENT_DEV_RF_SWITCH);
         return firstChanged || secondChanged;
     });
 }
 
-bool Hardware::setNetwork(int status)
+bool SimulatedHardware::setNetwork(int status)
 {
     return change([&] {
         const bool changed = put(m_state.network, status);
         if (changed)
-            m_events.post(eventNetworkChanged);
+            m_events.post(ORVA_EVENT_NET_STATUS);
         return changed;
     });
 }
 
-bool Hardware::setMultiMode(unsigned char first, unsigned char second)
+bool SimulatedHardware::setMultiMode(unsigned char first, unsigned char second)
 {
     return change([&] {
         const bool firstChanged = put(m_state.multiModeFirst, first);
@@ -183,14 +171,14 @@ bool Hardware::setMultiMode(unsigned char first, unsigned char second)
     });
 }
 
-bool Hardware::setAutoReady(bool automatic)
+bool SimulatedHardware::setAutoReady(bool automatic)
 {
     const Lock lock(m_mutex);
     m_autoReady = automatic;
     return true;
 }
 
-bool Hardware::setDelay(int memory, int readMs, int writeMs)
+bool SimulatedHardware::setDelay(int memory, int readMs, int writeMs)
 {
     if (!isHardware(memory) || readMs < 0 || readMs > mostDelay || writeMs < 0 || writeMs > mostDelay)
         return false;
@@ -199,7 +187,7 @@ bool Hardware::setDelay(int memory, int readMs, int writeMs)
     return true;
 }
 
-bool Hardware::setCapacity(int memory, int capacity)
+bool SimulatedHardware::setCapacity(int memory, int capacity)
 {
     if ((!isHardware(memory) && memory != ORVA_MEMORY_LOCAL) || capacity < 0 || capacity > mostRecords)
         return false;
@@ -210,7 +198,7 @@ bool Hardware::setCapacity(int memory, int capacity)
     });
 }
 
-bool Hardware::setFieldLengths(int memory, int nameLength, int numberLength)
+bool SimulatedHardware::setFieldLengths(int memory, int nameLength, int numberLength)
 {
     if (!isHardware(memory) || nameLength < 1 || nameLength > mostFieldLength || numberLength < 1 ||
         numberLength > mostFieldLength)
@@ -223,7 +211,7 @@ bool Hardware::setFieldLengths(int memory, int nameLength, int numberLength)
     });
 }
 
-bool Hardware::setDeviceFields(int count)
+bool SimulatedHardware::setDeviceFields(int count)
 {
     if (count < 2 || count > 4)
         return false;
@@ -237,69 +225,75 @@ bool Hardware::setDeviceFields(int count)
 
 // ---- Presence and time
 
-bool Hardware::present(int memory) const
+bool SimulatedHardware::present(int memory) const
 {
     return m_state.attached != 0 && (memory == ORVA_MEMORY_DEVICE || m_state.card != 0);
 }
 
-bool Hardware::open(int memory) const
+bool SimulatedHardware::open(int memory) const
 {
-    return present(memory) &&
-           (memory == ORVA_MEMORY_DEVICE || m_state.pinStatus == pinNotNeeded || m_state.pinStatus == pinVerified);
+    return present(memory) && (memory == ORVA_MEMORY_DEVICE || m_state.pinStatus == ORVA_PIN_NOT_NEEDED ||
+                               m_state.pinStatus == ORVA_PIN_VERIFIED);
 }
 
-void Hardware::requireOpen(int memory) const
+void SimulatedHardware::requireOpen(int memory) const
 {
     const Lock lock(m_mutex);
     if (!open(memory))
         throw Failure(ORVA_E_ABSENT, "the memory is not there");
 }
 
-std::shared_ptr<const Profile> Hardware::profile(int memory) const
+void SimulatedHardware::requirePresent(int memory) const
 {
-    const Lock lock(m_mutex);
     if (!present(memory))
         throw Failure(ORVA_E_ABSENT, "the memory is not there");
+}
+
+std::vector<int> SimulatedHardware::memories() const
+{
+    const Lock lock(m_mutex);
+    std::vector<int> there;
+    for (const int memory : {ORVA_MEMORY_CARD, ORVA_MEMORY_DEVICE}) {
+        if (present(memory))
+            there.push_back(memory);
+    }
+    return there;
+}
+
+std::shared_ptr<const Profile> SimulatedHardware::profile(int memory) const
+{
+    const Lock lock(m_mutex);
+    requirePresent(memory);
     return m_profiles[slot(memory)];
 }
 
-int Hardware::capacity(int memory) const
+int SimulatedHardware::capacity(int memory) const
 {
     const Lock lock(m_mutex);
-    switch (memory) {
-    case ORVA_MEMORY_CARD:
-        return m_state.cardCapacity;
-    case ORVA_MEMORY_DEVICE:
-        return m_state.deviceCapacity;
-    default:
-        return m_state.localCapacity;
-    }
+    requirePresent(memory);
+    if (!open(memory))
+        return 0;
+    return memory == ORVA_MEMORY_CARD ? m_state.cardCapacity : m_state.deviceCapacity;
 }
 
-int Hardware::readyCapacity(int memory) const
+int SimulatedHardware::localCapacity() const
 {
-    {
-        const Lock lock(m_mutex);
-        if (!present(memory))
-            throw Failure(ORVA_E_ABSENT, "the memory is not there");
-        if (!open(memory))
-            return 0;
-    }
-    return capacity(memory);
+    const Lock lock(m_mutex);
+    return m_state.localCapacity;
 }
 
-int Hardware::readDelay(int memory) const
+int SimulatedHardware::readDelay(int memory) const
 {
     const Lock lock(m_mutex);
     return m_delays[slot(memory)].read;
 }
 
-void Hardware::spendReading(int memory, int records)
+void SimulatedHardware::spendReading(int memory, int records)
 {
     spend(memory, static_cast<long long>(readDelay(memory)) * records);
 }
 
-void Hardware::spendWriting(int memory)
+void SimulatedHardware::spendWriting(int memory)
 {
     int delay = 0;
     {
@@ -309,7 +303,7 @@ void Hardware::spendWriting(int memory)
     spend(memory, delay);
 }
 
-void Hardware::spend(int memory, long long milliseconds)
+void SimulatedHardware::spend(int memory, long long milliseconds)
 {
     Lock lock(m_mutex);
     if (milliseconds > 0) {
