@@ -1,5 +1,7 @@
 #include "Arguments.h"
 
+#include <getopt.h>
+
 #include <algorithm>
 
 #include "orva/orva_sdk.h"
@@ -10,43 +12,40 @@ namespace pbctl
 namespace
 {
 
-const std::vector<std::string> switches = {"help", "no-groups", "dry-run", "version"};
-const std::vector<std::string> valued = {"memory", "data-dir", "group", "map", "from"};
+constexpr int longOption = 256; // beyond all characters
 
-bool contains(const std::vector<std::string>& list, const std::string& text)
-{
-    return std::find(list.begin(), list.end(), text) != list.end();
-}
+constexpr option known[] = {
+    {"help", no_argument, nullptr, longOption},         {"version", no_argument, nullptr, longOption},
+    {"no-groups", no_argument, nullptr, longOption},    {"dry-run", no_argument, nullptr, longOption},
+    {"memory", required_argument, nullptr, longOption}, {"data-dir", required_argument, nullptr, longOption},
+    {"group", required_argument, nullptr, longOption},  {"map", required_argument, nullptr, longOption},
+    {"from", required_argument, nullptr, longOption},   {nullptr, 0, nullptr, 0},
+};
+
+// The colon: getopt says nothing by itself, and tells a missing value from an unknown option.
+constexpr char shortOptions[] = ":h";
 
 } // namespace
 
 Arguments::Arguments(int argc, char** argv)
 {
-    bool onlyWords = false;
-    for (int i = 1; i < argc; ++i) {
-        const std::string given = argv[i];
-        if (onlyWords || given.size() < 2 || given[0] != '-') {
-            m_words.push_back(given);
-        } else if (given == "--") {
-            onlyWords = true;
-        } else if (given == "-h") {
+    optind = 0; // from the beginning, also a second time
+    for (;;) {
+        int index = 0;
+        const int found = getopt_long(argc, argv, shortOptions, known, &index);
+        if (found == -1)
+            break;
+        if (found == longOption) {
+            m_options[known[index].name].emplace_back(optarg != nullptr ? optarg : "");
+        } else if (found == 'h') {
             m_options["help"].emplace_back();
         } else {
-            const std::size_t equals = std::min(given.find('='), given.size());
-            const std::string name = given.substr(0, 2) == "--" ? given.substr(2, equals - 2) : std::string();
-            const bool hasValue = equals < given.size();
-            if (contains(switches, name) && !hasValue)
-                m_options[name].emplace_back();
-            else if (contains(valued, name) && hasValue)
-                m_options[name].push_back(given.substr(equals + 1));
-            else if (contains(valued, name) && i + 1 < argc)
-                m_options[name].emplace_back(argv[++i]);
-            else if (contains(valued, name))
-                throw UsageError("the option --" + name + " needs a value");
-            else
-                throw UsageError("unknown option " + given);
+            const bool isShort = optopt > 0 && optopt < longOption;
+            const std::string given = isShort ? std::string("-") + static_cast<char>(optopt) : argv[optind - 1];
+            throw UsageError(found == ':' ? "the option " + given + " needs a value" : "unknown option " + given);
         }
     }
+    m_words.assign(argv + optind, argv + argc);
 }
 
 std::string Arguments::value(const std::string& option, const std::string& otherwise) const
@@ -69,7 +68,7 @@ void Arguments::require(std::size_t atLeast, std::size_t atMost, const std::vect
     if (words > atMost)
         throw UsageError("what is \"" + m_words[atMost + 1] + "\"?");
     for (const auto& option : m_options)
-        if (option.first != "data-dir" && !contains(options, option.first))
+        if (option.first != "data-dir" && std::find(options.begin(), options.end(), option.first) == options.end())
             throw UsageError("\"" + m_words[0] + "\" has no option --" + option.first);
 }
 

@@ -16,8 +16,8 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-// A command line taken apart: "--key value", "--key=value" and, for the options that have no value, "--key"; the rest
-// are words. Behind "--" everything is a word.
+// A command line taken apart as getopt_long does it: "--key value", "--key=value" and, for the options that have no
+// value, "--key", each as short as it is clear; the rest are words. Behind "--" everything is a word.
 class Arguments
 {
 public:

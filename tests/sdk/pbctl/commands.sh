@@ -1,26 +1,7 @@
 #!/bin/sh
-# Usage: pbctl-test.sh PBCTL. Drives the program as a person does.
+# Usage: commands.sh PBCTL. Drives the program as a person does.
 set -u
-pbctl=$1
-failures=0
-
-fail() {
-    echo "FAIL: $*" >&2
-    failures=$((failures + 1))
-}
-
-# run CODE ARGUMENTS...: runs pbctl, keeps its output in $out and its errors in $err, and checks its exit code.
-run() {
-    expected=$1
-    shift
-    out=$("$pbctl" "$@" 2>"$HOME/err")
-    code=$?
-    err=$(cat "$HOME/err")
-    [ "$code" -eq "$expected" ] || fail "pbctl $*: code $code, expected $expected: $out $err"
-}
-
-has() { case $1 in *"$2"*) ;; *) fail "no \"$2\" in: $1" ;; esac; }
-lacks() { case $1 in *"$2"*) fail "\"$2\" in: $1" ;; *) ;; esac; }
+. "$(dirname "$0")/common.sh"
 
 # Help and misuse.
 run 0 --help
@@ -158,5 +139,4 @@ run 1 restore "$HOME/nothing.db"
 # Output that cannot be written is a failure.
 "$pbctl" list >/dev/full 2>/dev/null && fail "a full disk was taken for success"
 
-[ "$failures" -eq 0 ] && echo "all passed"
-exit "$((failures > 0))"
+finish
