@@ -12,6 +12,7 @@ namespace
 {
 
 constexpr int memory = ORVA_MEMORY_LOCAL;
+constexpr long noGroups = -1; // of AddrGroupSet_MoveFirst
 
 std::string trimmed(const std::string& text)
 {
@@ -42,9 +43,11 @@ Groups::Groups()
 {
     Handle set(ORVA_PBSrv_AddrGroupSet_Release);
     check(ORVA_PBSrv_GetGroupList(memory, set.out()), "reading the groups");
-    for (long more = ORVA_PBSrv_AddrGroupSet_MoveFirst(set.get()); more == ORVA_OK;
-         more = ORVA_PBSrv_AddrGroupSet_MoveNext(set.get()))
+    long more = ORVA_PBSrv_AddrGroupSet_MoveFirst(set.get());
+    for (; more == ORVA_OK; more = ORVA_PBSrv_AddrGroupSet_MoveNext(set.get()))
         m_groups.push_back(readGroup(set.get()));
+    if (more != noGroups)
+        checkEnd(more, "reading the groups");
     for (Group& group : m_groups) {
         group.path = group.name;
         // A parent has a smaller identifier than its child, so this ends whatever the store holds.

@@ -12,7 +12,8 @@ namespace pbctl
 namespace
 {
 
-void printMemory(int memory)
+// False for a memory that cannot be read, other than one that is not there.
+bool printMemory(int memory)
 {
     std::printf("%s\n", memoryName(memory).c_str());
     int size = 0;
@@ -22,7 +23,7 @@ void printMemory(int memory)
         code = ORVA_PBSrv_GetCapacity(memory, &capacity);
     if (code != ORVA_OK) {
         std::printf("  %s\n", explain(code).c_str());
-        return;
+        return code == ORVA_E_ABSENT;
     }
     std::printf("  contacts  %d of %d\n", size, capacity);
     if (memory == ORVA_MEMORY_LOCAL)
@@ -31,6 +32,7 @@ void printMemory(int memory)
     for (const Field& field : fieldsOf(memory))
         std::printf(" %s (%d)", field.key.c_str(), field.maxLength);
     std::printf("\n");
+    return true;
 }
 
 } // namespace
@@ -39,11 +41,11 @@ int runInfo(const Arguments& arguments)
 {
     arguments.require(0, 0, {"memory"});
     if (arguments.has("memory")) {
-        printMemory(arguments.memory());
-        return done;
+        return printMemory(arguments.memory()) ? done : failed;
     }
+    bool readable = true;
     for (const int memory : {ORVA_MEMORY_LOCAL, ORVA_MEMORY_CARD, ORVA_MEMORY_DEVICE})
-        printMemory(memory);
+        readable = printMemory(memory) && readable;
     std::printf("import from\n");
     const char* const applications[][2] = {{"evolution", "Outlook"}, {"thunderbird", "Outlook Express"}};
     for (const auto& application : applications)
@@ -52,7 +54,7 @@ int runInfo(const Arguments& arguments)
     unsigned short* folder = nullptr;
     check(ORVA_GetLogDirectory(&folder), "asking for the log folder");
     std::printf("log files\n  %s\n", takeUtf8(folder).c_str());
-    return done;
+    return readable ? done : failed;
 }
 
 } // namespace pbctl

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <optional>
 #include <strings.h>
 
 #include "Commands.h"
@@ -89,13 +90,17 @@ int runAdd(const Arguments& arguments)
     }
     if (arguments.has("group") && memory != ORVA_MEMORY_LOCAL)
         throw UsageError("only the PC's phonebook has groups");
+    // The groups first: without them the contact does not come in either.
+    std::optional<Groups> groups;
+    if (arguments.has("group"))
+        groups.emplace();
+    for (const std::string& path : arguments.values("group"))
+        groups->provide(path);
     long failure = ORVA_OK;
     const int id = addRecord(memory, fields, values, &failure);
     check(failure, "adding the contact");
-    if (arguments.has("group")) {
-        Groups groups;
-        join(groups, id, arguments.values("group"));
-    }
+    if (groups)
+        join(*groups, id, arguments.values("group"));
     std::printf("%d\n", id);
     return done;
 }

@@ -52,6 +52,12 @@ void check(long code, const std::string& doing)
         throw SdkError(doing, code);
 }
 
+void checkEnd(long code, const std::string& doing)
+{
+    if (code != ORVA_E_END)
+        throw SdkError(doing, code);
+}
+
 Transaction::Transaction(int memory) : m_memory(memory)
 {
     check(ORVA_PBSrv_BeginTransaction(memory), "beginning to write");
@@ -131,8 +137,8 @@ std::string toUtf8(const std::u16string& text)
 void forEachRecord(void* set, const std::vector<Field>& fields, const RecordVisitor& visit)
 {
     std::vector<std::u16string> values(fields.size());
-    for (long more = ORVA_PBSrv_AddrRecordSet_MoveFirst(set); more == ORVA_OK;
-         more = ORVA_PBSrv_AddrRecordSet_MoveNext(set)) {
+    long more = ORVA_PBSrv_AddrRecordSet_MoveFirst(set);
+    for (; more == ORVA_OK; more = ORVA_PBSrv_AddrRecordSet_MoveNext(set)) {
         int id = 0;
         check(ORVA_PBSrv_AddrRecordSet_GetID(set, &id), "reading a contact");
         for (std::size_t i = 0; i < fields.size(); ++i) {
@@ -142,6 +148,7 @@ void forEachRecord(void* set, const std::vector<Field>& fields, const RecordVisi
         }
         visit(id, values);
     }
+    checkEnd(more, "reading the contacts");
 }
 
 void forEachRecord(int memory, const std::vector<Field>& fields, const RecordVisitor& visit)

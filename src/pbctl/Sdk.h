@@ -28,6 +28,9 @@ std::string explain(long code);
 // Throws SdkError for a code other than 0; `doing` is what was being done, such as "reading the contacts".
 void check(long code, const std::string& doing);
 
+// The same for the code that ended a walk: anything but its end is an error.
+void checkEnd(long code, const std::string& doing);
+
 // A handle that is released at the end of its scope.
 class Handle
 {
