@@ -8,8 +8,10 @@
 #include "Commands.h"
 #include "Groups.h"
 #include "Sdk.h"
+#include "base/Failure.h"
 #include "csv/ColumnGuess.h"
-#include "csv/LocalText.h"
+#include "csv/RowReader.h"
+#include "csv/Titles.h"
 
 namespace pbctl
 {
@@ -19,23 +21,15 @@ namespace
 
 constexpr int failuresShown = 20;
 
-std::vector<std::string> titlesOf(const std::string& file)
+// Runs what reads a file by the library's own means.
+template <typename Read>
+auto reading(const std::string& file, Read&& read) -> decltype(read())
 {
-    const std::u16string path = toSdk(file);
-    int length = 0;
-    const long code = ORVA_PBSrv_GetFileFieldDescription(units(path), nullptr, &length);
-    if (code != 2)
-        throw SdkError("reading " + file, code);
-    std::string text(static_cast<std::size_t>(length), '\0');
-    check(ORVA_PBSrv_GetFileFieldDescription(units(path), text.data(), &length), "reading " + file);
-    std::vector<std::string> titles(1);
-    for (const char c : orva::fromLocal(text.c_str())) {
-        if (c == ',')
-            titles.emplace_back();
-        else
-            titles.back().push_back(c);
+    try {
+        return read();
+    } catch (const orva::Failure& failure) {
+        throw SdkError("reading " + file, failure.code());
     }
-    return titles;
 }
 
 int columnOf(const std::vector<std::string>& titles, const std::string& name)
@@ -73,26 +67,27 @@ std::vector<int> mapFor(const Arguments& arguments, const std::vector<Field>& fi
     return map;
 }
 
-// Group names by the line of the contact: the file is read once more, with the column of groups where notes go. The
-// memory has to be the PC's, whose notes are long.
-std::map<int, std::string> groupsByLine(const std::string& file, const std::vector<Field>& fields, int column)
+// Group names by the line of the contact: the file is read once more, since no field of a contact is meant for them.
+std::map<int, std::string> groupsByLine(const std::string& file, int column)
 {
     std::map<int, std::string> groups;
-    const auto note =
-        std::find_if(fields.begin(), fields.end(), [](const Field& field) { return field.labelId == "ID_STR_NOTES"; });
-    if (column < 0 || note == fields.end())
-        return groups;
-    std::vector<int> map(fields.size(), -1);
-    map[static_cast<std::size_t>(note - fields.begin())] = column;
-    Handle set(ORVA_PBSrv_AddrRecordSet_Release);
-    const long code = ORVA_PBSrv_ImportFromFile(units(toSdk(file)), map.data(), ORVA_MEMORY_LOCAL, set.out());
-    if (code == ORVA_E_FORMAT) // nobody is in a group
-        return groups;
-    check(code, "reading " + file);
-    forEachRecord(set.get(), {*note}, [&groups](int line, const std::vector<std::u16string>& values) {
-        groups.emplace(line, toUtf8(values.front()));
-    });
+    orva::RowReader reader(file, orva::RowReader::Report());
+    orva::Row row;
+    reader.next(row); // the titles
+    while (column >= 0 && reader.next(row)) {
+        if (!row.column(column).empty())
+            groups.emplace(row.line(), row.column(column));
+    }
     return groups;
+}
+
+// Cuts a text to a number of units, or to one less where that would split a pair of surrogates.
+void cut(std::u16string& text, std::size_t units)
+{
+    if (units >= text.size())
+        return;
+    const bool splitsPair = units > 0 && (text[units - 1] & 0xFC00) == 0xD800 && (text[units] & 0xFC00) == 0xDC00;
+    text.resize(splitsPair ? units - 1 : units);
 }
 
 // Cuts a name so that a card or device takes it.
@@ -101,14 +96,14 @@ void fitName(int memory, const std::vector<Field>& fields, std::vector<std::u16s
     for (std::size_t i = 0; i < fields.size(); ++i) {
         if (fields[i].kind != "Name")
             continue;
-        if (memory != ORVA_MEMORY_CARD)
-            values[i].resize(std::min(values[i].size(), static_cast<std::size_t>(std::max(fields[i].maxLength, 0))));
+        // No text counts less than its units.
+        cut(values[i], static_cast<std::size_t>(std::max(fields[i].maxLength, 0)));
         short length = 0;
         while (memory == ORVA_MEMORY_CARD && !values[i].empty() &&
                ORVA_PBSrv_PBContentCodingJudge(units(values[i]), static_cast<short>(values[i].size()), true, false,
                                                &length) == ORVA_OK &&
                length > fields[i].maxLength)
-            values[i].pop_back();
+            cut(values[i], values[i].size() - 1);
     }
 }
 
@@ -118,6 +113,31 @@ struct Source {
     std::map<int, std::string> groups;
 };
 
+// Puts a contact into the groups that its row names. False, and said why, if a name of them is none.
+bool joinNamed(Groups& groups, int id, const Source& source, int line)
+{
+    const auto names = source.groups.find(line);
+    if (names == source.groups.end())
+        return true;
+    bool all = true;
+    for (const std::string& name : splitGroups(names->second)) {
+        std::string why;
+        try {
+            join(groups, id, {name});
+            continue;
+        } catch (const UsageError& error) {
+            why = error.what();
+        } catch (const SdkError& error) {
+            if (error.code() != ORVA_E_TOO_LONG)
+                throw;
+            why = explain(error.code());
+        }
+        std::fprintf(stderr, "pbctl: line %d: not put into a group: %s\n", line, why.c_str());
+        all = false;
+    }
+    return all;
+}
+
 // Stores the records of a set one by one and says what became of them.
 int store(const Arguments& arguments, const std::vector<Field>& fields, void* set, const Source& source)
 {
@@ -126,6 +146,7 @@ int store(const Arguments& arguments, const std::vector<Field>& fields, void* se
     int total = 0;
     int added = 0;
     bool full = false;
+    bool joined = true;
     Groups groups;
     Transaction transaction(memory);
     forEachRecord(set, fields, [&](int line, std::vector<std::u16string> values) {
@@ -146,15 +167,13 @@ int store(const Arguments& arguments, const std::vector<Field>& fields, void* se
         }
         ++added;
         transaction.wrote();
-        const auto names = source.groups.find(line);
-        if (names != source.groups.end())
-            join(groups, id, splitGroups(names->second));
+        joined = joinNamed(groups, id, source, line) && joined;
         join(groups, id, arguments.values("group"));
     });
     transaction.commit();
     std::printf("%d of %d contacts %s %s into the %s\n", added, total, dry ? "would come from" : "taken from",
                 source.name.c_str(), memoryName(memory).c_str());
-    return added == total ? done : partlyDone;
+    return added == total && joined ? done : partlyDone;
 }
 
 int importApplication(const Arguments& arguments, const std::vector<Field>& fields)
@@ -190,7 +209,10 @@ int runImport(const Arguments& arguments)
         return importApplication(arguments, fields);
     arguments.require(1, 1, {"memory", "map", "group", "no-groups", "dry-run"});
     const std::string file = arguments.words()[1];
-    const std::vector<std::string> titles = titlesOf(file);
+    const std::vector<std::string> titles = reading(file, [&file] {
+        orva::RowReader reader(file, orva::RowReader::Report());
+        return orva::readTitles(reader);
+    });
     const orva::ColumnGuess guess(titles);
     std::vector<int> map = mapFor(arguments, fields, titles, guess);
     Handle set(ORVA_PBSrv_AddrRecordSet_Release);
@@ -199,7 +221,7 @@ int runImport(const Arguments& arguments)
     source.name = file;
     source.lines = true;
     if (memory == ORVA_MEMORY_LOCAL && !arguments.has("no-groups"))
-        source.groups = groupsByLine(file, fields, guess.groups());
+        source.groups = reading(file, [&] { return groupsByLine(file, guess.groups()); });
     return store(arguments, fields, set.get(), source);
 }
 
