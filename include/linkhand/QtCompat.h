@@ -19,6 +19,7 @@
 #include <QFontMetrics>
 #include <QObject>
 #include <QString>
+#include <QThread>
 #include <QtPlugin>
 
 // Symbols of this project are hidden unless they carry one of these.
@@ -142,6 +143,17 @@ inline void showClearButton(LineEdit* pEdit)
     pEdit->setClearButtonEnabled(true);
 #else
     Q_UNUSED(pEdit);
+#endif
+}
+
+// Whether the caller may stand inside an event handler of some object, which must then be deleted later and not at
+// once. Where no event loop runs there is also nothing that would come back to delete it later.
+inline bool insideEventLoop()
+{
+#if QT_VERSION >= 0x050500
+    return QThread::currentThread()->loopLevel() > 0;
+#else
+    return true;
 #endif
 }
 

@@ -112,10 +112,11 @@ void CAddrBookUIService::Hide()
     FRAME_LOG_CALLED();
     if (m_pAddrBookDlg == nullptr)
         return;
-    m_pAddrBookDlg->CloseEditor();
-    // Its box about a name may have outlived the window.
-    if (m_pAddrBookDlg != nullptr)
-        m_pAddrBookDlg->hide();
+    const QPointer<AddrBookDlg> pDlg(m_pAddrBookDlg);
+    pDlg->CloseEditor();
+    // Its box about a name may have outlived the window, and this service too.
+    if (!pDlg.isNull())
+        pDlg->hide();
 }
 
 void CAddrBookUIService::FitSize(QRect& rect)

@@ -16,6 +16,7 @@
 
 #include "dialogs/AddrBookWaitingDlg.h"
 #include "dialogs/ChoosePhoneNumber.h"
+#include "linkhand/QtCompat.h"
 #include "logic/AddrBookLogic.h"
 #include "logic/ItemData.h"
 #include "logic/Log.h"
@@ -23,6 +24,23 @@
 #include "widgets/AddrBookTableWidget.h"
 #include "widgets/PBTreeWidget.h"
 #include "window/ToolItemIds.h"
+
+namespace
+{
+// What takes a menu away may be what one of its entries opened: the menu's own code then runs on afterwards.
+void discardMenu(QMenu*& pMenu)
+{
+    QMenu* const pGone = pMenu;
+    pMenu = nullptr;
+    if (pGone == nullptr || !QtCompat::insideEventLoop()) {
+        delete pGone;
+        return;
+    }
+    pGone->hide();
+    pGone->setParent(nullptr);
+    pGone->deleteLater();
+}
+} // namespace
 
 AddrBookDlg::AddrBookDlg() : QWidget(nullptr)
 {
@@ -48,14 +66,11 @@ AddrBookDlg::~AddrBookDlg()
     deleteTreeVariantData();
     deleteToolBarObjects();
 
-    delete m_pmenuTable;
-    m_pmenuTable = nullptr;
-    delete m_pmenuTree;
-    m_pmenuTree = nullptr;
+    discardMenu(m_pmenuTable);
+    discardMenu(m_pmenuTree);
     delete m_ptableMenuOwner;
     m_ptableMenuOwner = nullptr;
-    delete m_pmenuSend;
-    m_pmenuSend = nullptr;
+    discardMenu(m_pmenuSend);
     m_listTableActions.clear();
     m_listTreeActions.clear();
     delete m_pdlgChoosePhone;
@@ -313,8 +328,7 @@ void AddrBookDlg::retranslateToolBar()
     }
     appendShortcuts();
     if (m_pmenuSend != nullptr) {
-        delete m_pmenuSend;
-        m_pmenuSend = nullptr;
+        discardMenu(m_pmenuSend);
         createSendMenu();
     }
 }

@@ -22,6 +22,7 @@ class QMenu;
 class QShortcut;
 class QSplitter;
 class QTableWidget;
+class QTableWidgetItem;
 class QTextBrowser;
 class QTreeWidgetItem;
 class QVBoxLayout;
@@ -178,6 +179,8 @@ private:
     bool matchesSearch(const AddrBookRecord& record, int iColumnCount) const;
     bool fillRow(int iRow, _ORVA_EN_PHONEBOOK_MEMORY enType, const AddrBookRecord& record, int iGroupId,
                  int iColumnCount, bool bCorrectParentheses);
+    void makeCurrent(QTableWidgetItem* pItem);
+    QTableWidgetItem* rowOfRecord(_ORVA_EN_PHONEBOOK_MEMORY enMemory, int iRecordId) const;
     void clearTable(AddrBookTableWidget* pTable);
     void showNoRecord();
     QString noRecordText() const;

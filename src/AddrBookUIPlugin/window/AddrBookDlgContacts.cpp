@@ -58,6 +58,7 @@ void AddrBookDlg::OnButtonClickedEditContact()
         return;
     QList<QString> lstNames;
     m_pAddrBookLogic->GetFieldNames(m_enMemory, lstNames);
+    makeCurrent(pitem);
     getContactInfoFromSDK(pitem, m_recordCurrent);
     if (lstNames.size() != m_recordCurrent.lstValues.size())
         return;
@@ -176,8 +177,13 @@ void AddrBookDlg::showNewContact(const AddrBookRecord& record)
         m_ptableContacts->scrollToItem(lstSelected.first(), QAbstractItemView::EnsureVisible);
 }
 
+// The table may have been read anew under the form, and the current row be anybody's.
 void AddrBookDlg::showChangedContact(_ORVA_EN_PHONEBOOK_MEMORY enMemory, const AddrBookRecord& record)
 {
+    QTableWidgetItem* pitem = rowOfRecord(enMemory, record.iID);
+    if (pitem == nullptr)
+        return;
+    makeCurrent(pitem);
     const bool bSort = m_ptableContacts->isSortingEnabled();
     m_ptableContacts->setSortingEnabled(false);
     setTableContent(enMemory, record);

@@ -126,6 +126,8 @@ void AddrBookDlg::OnButtonClickedCall()
 {
     if (!isOnline() || tableSelectionStatus() != ADDRBOOK_ENABLE_TABLE_SINGLE)
         return;
+    // The one row selected need not be the current one: Ctrl takes a row out of the selection and leaves it current.
+    makeCurrent(m_ptableContacts->selectedItems().value(0));
     _ORVA_EN_PHONEBOOK_MEMORY enMemory = PB_MEM_LOCAL;
     int iGroupId = 0;
     getGroupId(enMemory, iGroupId);

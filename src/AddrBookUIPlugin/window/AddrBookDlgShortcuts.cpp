@@ -106,8 +106,12 @@ void AddrBookDlg::setShortCutToQAction(QAction* pAction, const QKeySequence& key
 // The table gets every key of the window but one.
 void AddrBookDlg::keyPressEvent(QKeyEvent* event)
 {
+    const QPointer<AddrBookDlg> pSelf(this);
     if (m_ptableContacts != nullptr && event->key() != Qt::Key_M)
         (m_ptableContacts->*&TableKeys::keyPressEvent)(event);
+    // The form that Return opens may have outlived the window.
+    if (pSelf.isNull())
+        return;
     QWidget::keyPressEvent(event);
 }
 

@@ -402,6 +402,25 @@ void AddrBookDlg::setTableContent(_ORVA_EN_PHONEBOOK_MEMORY /*enType*/, const Ad
     OnTableClicked(iRow, 0);
 }
 
+// The row that is acted on: what follows looks at the current one. The selection stays as the user made it.
+void AddrBookDlg::makeCurrent(QTableWidgetItem* pItem)
+{
+    if (m_ptableContacts != nullptr && pItem != nullptr)
+        m_ptableContacts->setCurrentItem(pItem, QItemSelectionModel::NoUpdate);
+}
+
+// The first cell of a contact's row; null if the table has none for it.
+QTableWidgetItem* AddrBookDlg::rowOfRecord(_ORVA_EN_PHONEBOOK_MEMORY enMemory, int iRecordId) const
+{
+    for (int iRow = 0; m_ptableContacts != nullptr && iRow < m_ptableContacts->rowCount(); ++iRow) {
+        QTableWidgetItem* pItem = m_ptableContacts->item(iRow, 0);
+        const TableRowData* pData = tableRowData(pItem);
+        if (pData != nullptr && pData->enType == enMemory && pData->iRecordID == iRecordId)
+            return pItem;
+    }
+    return nullptr;
+}
+
 bool AddrBookDlg::checkStrings(const QString& strText, const QString& strPrefix) const
 {
     return strText.length() > strPrefix.length() && strText.startsWith(strPrefix, Qt::CaseInsensitive) &&

@@ -8,6 +8,8 @@
 #include <QTreeWidget>
 #include <QtTest>
 
+#include <malloc.h>
+
 #include <memory>
 
 #include "FailingNew.h"
@@ -246,6 +248,24 @@ private slots:
         QCOMPARE(windows(), 0);
         QVERIFY(m_plugin->Init());
         QCOMPARE(windows(), 1);
+    }
+
+    // The page is hidden with an editor open; the end comes under the box about its name.
+    void endUnderTheBoxOfHideTouchesNothingThatHasGone()
+    {
+        mallopt(M_PERTURB, 0xa5); // freed memory tells who reads it
+        m_plugin->Init();
+        QAction* entry = nullptr;
+        for (QAction* action : window()->findChildren<QAction*>())
+            entry = action->text() == "IDS_Add_GROUP" ? action : entry;
+        QVERIFY(entry != nullptr);
+        entry->trigger();
+        FakeCore::onMessage([this](const FakeCore::Message&) { m_plugin->OnDestroy(); });
+        m_plugin->Hide();
+        FakeCore::onMessage({});
+        mallopt(M_PERTURB, 0);
+        QCOMPARE(FakeCore::messageTexts(), QStringList("IDS_GROUP_NAME_NULL"));
+        QCOMPARE(windows(), 0);
     }
 
     void failingNetworkQueryMeansOffline()
