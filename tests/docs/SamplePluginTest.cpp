@@ -2,12 +2,12 @@
 #include <QPushButton>
 #include <QtTest>
 
-#include "Problem.h"
 #include "app/Services.h"
 #include "linkhand/plugin/IAddrBookUIPlugin.h"
 #include "loader/PluginContainer.h"
 #include "loader/PluginHandle.h"
 #include "loader/PluginLoader.h"
+#include "text/Problem.h"
 
 namespace
 {

@@ -11,23 +11,23 @@
 #include <cstdio>
 #include <sys/stat.h>
 
-#include "HostText.h"
-#include "app/DataFolder.h"
 #include "app/FirstPaint.h"
 #include "app/Link.h"
 #include "app/Screenshot.h"
-#include "app/SdkFolders.h"
 #include "app/UnixSignals.h"
-#include "common/PluginIds.h"
 #include "device/DeviceWatcher.h"
-#include "device/Outbox.h"
 #include "device/SimulatedModem.h"
 #include "linkhand/QtCompat.h"
 #include "linkhand/core/CommonUtils.h"
+#include "linkhand/plugin/Codes.h"
 #include "loader/PluginContainer.h"
 #include "loader/PluginLifecycle.h"
 #include "loader/PluginLoader.h"
+#include "messages/Outbox.h"
+#include "settings/DataFolder.h"
+#include "settings/SdkFolders.h"
 #include "test/TestSocket.h"
+#include "text/HostText.h"
 #include "window/KeyboardWitness.h"
 #include "window/MainWindow.h"
 #include "window/StatusArea.h"
@@ -119,7 +119,7 @@ HostApplication::HostApplication(const CommandLine& line)
     m_pModem.reset(new SimulatedModem(*m_pOutbox));
     m_pWatcher.reset(new DeviceWatcher);
     m_pContainer.reset(new PluginContainer);
-    m_pLifecycle.reset(new PluginLifecycle(*m_pContainer, m_services));
+    m_pLifecycle.reset(new PluginLifecycle(*m_pContainer, m_services.State()));
     m_services.SetContainer(m_pContainer.data());
     m_services.SetModem(m_pModem.data());
     m_services.Publish();
@@ -177,7 +177,7 @@ void HostApplication::OnLanguageChosen(const QString& strCode)
     m_pWindow->SetLanguages(m_languages.Entries(), strCode);
     m_pWindow->Retranslate();
     m_pWindow->Status().ForgetNotices();
-    m_pLifecycle->NotifyAll(320, 0);
+    m_pLifecycle->NotifyAll(HOST_NOTIFY_LANGUAGE, 0);
 }
 
 void HostApplication::OnClosing()

@@ -5,11 +5,11 @@
 #include <QScopedPointer>
 #include <QString>
 
-#include "Problem.h"
 #include "app/CommandLine.h"
-#include "app/HostSettings.h"
-#include "app/LanguageCatalog.h"
 #include "app/Services.h"
+#include "settings/HostSettings.h"
+#include "text/LanguageCatalog.h"
+#include "text/Problem.h"
 
 class DeviceWatcher;
 class Link;

@@ -3,7 +3,7 @@
 #include <QCoreApplication>
 #include <QVariant>
 
-#include "Modem.h"
+#include "device/Modem.h"
 #include "window/MainWindow.h"
 #include "window/StatusArea.h"
 

@@ -3,7 +3,7 @@
 
 #include <QPointer>
 
-#include "common/HostLink.h"
+#include "shared/HostLink.h"
 
 class MainWindow;
 class Modem;

@@ -3,7 +3,7 @@
 #include <QPixmap>
 #include <QTableWidget>
 
-#include "app/WorkerCount.h"
+#include "loader/WorkerCount.h"
 
 namespace
 {

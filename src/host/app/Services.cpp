@@ -5,9 +5,9 @@
 #include <QStringList>
 #include <QVariant>
 
-#include "Modem.h"
-#include "common/PluginIds.h"
+#include "device/Modem.h"
 #include "linkhand/core/Startup.h"
+#include "linkhand/plugin/Codes.h"
 
 namespace
 {
@@ -67,7 +67,6 @@ Services::Services(const QString& strRoot, const QString& strSettingsFile)
       m_strSettingsFile(strSettingsFile),
       m_strLanguage(QLatin1String("en")),
       m_pContainer(nullptr),
-      m_bShuttingDown(false),
       m_listAnswers(answersFromEnvironment())
 {
 }
@@ -120,10 +119,10 @@ int Services::MessageAnswer(QMessageBox::Icon, const QString&, const QString&)
 
 void Services::ThreadCountInc(const QString& strFile, const QString& strFunction)
 {
-    m_workers.Increment(strFile, strFunction);
+    m_state.Workers().Increment(strFile, strFunction);
 }
 
 void Services::ThreadCountDec(const QString& strFile, const QString& strFunction)
 {
-    m_workers.Decrement(strFile, strFunction);
+    m_state.Workers().Decrement(strFile, strFunction);
 }

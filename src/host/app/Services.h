@@ -4,11 +4,9 @@
 #include <QList>
 #include <QPointer>
 
-#include <atomic>
-
-#include "Modem.h"
-#include "app/WorkerCount.h"
+#include "device/Modem.h"
 #include "linkhand/core/HostServices.h"
+#include "loader/RunState.h"
 
 // What the host's user-interface library asks of the host. Published before the first plug-in is loaded and kept until
 // the process ends.
@@ -26,8 +24,8 @@ public:
     void SetContainer(IPluginContainer* pContainer) { m_pContainer = pContainer; }
     void SetModem(Modem* pModem) { m_pModem = pModem; }
     void SetLanguage(const QString& strLanguage) { m_strLanguage = strLanguage; }
-    void SetShuttingDown() { m_bShuttingDown = true; }
-    WorkerCount& Workers() { return m_workers; }
+    RunState& State() { return m_state; }
+    WorkerCount& Workers() { return m_state.Workers(); }
     QString PluginsPath() const;
 
     QWidget* MainWindow() override { return m_pMainWindow; }
@@ -43,7 +41,7 @@ public:
     // the start: each box then takes the next one, until none is left.
     int MessageAnswer(QMessageBox::Icon enIcon, const QString& strCaption, const QString& strText) override;
 
-    bool IsShuttingDown() override { return m_bShuttingDown; }
+    bool IsShuttingDown() override { return m_state.IsShuttingDown(); }
     void ThreadCountInc(const QString& strFile, const QString& strFunction) override;
     void ThreadCountDec(const QString& strFile, const QString& strFunction) override;
 
@@ -54,8 +52,7 @@ private:
     QPointer<QWidget> m_pMainWindow;
     IPluginContainer* m_pContainer;
     QPointer<Modem> m_pModem;
-    std::atomic<bool> m_bShuttingDown;
-    WorkerCount m_workers;
+    RunState m_state;
     QList<int> m_listAnswers;
 };
 

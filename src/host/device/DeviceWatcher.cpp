@@ -5,6 +5,7 @@
 #include <QMutex>
 #include <QMutexLocker>
 
+#include "linkhand/plugin/Codes.h"
 #include "orva/orva_sdk.h"
 
 namespace
@@ -17,15 +18,6 @@ enum SdkEvent {
     EVENT_CARD_INSERTED = 6601,
     EVENT_PIN = 6604,
     EVENT_RADIO = 6615
-};
-
-enum NotifyCode {
-    NOTIFY_REGISTRATION = 515,
-    NOTIFY_NETWORK_LOST = 576,
-    NOTIFY_NETWORK_GAINED = 577,
-    NOTIFY_CARD_ENABLED = 578,
-    NOTIFY_CARD_DISABLED = 579,
-    NOTIFY_SYSTEM_MODE = 4101
 };
 
 const QEvent::Type SDK_EVENT = static_cast<QEvent::Type>(QEvent::User + 1);
@@ -88,7 +80,7 @@ void DeviceWatcher::Refresh()
 void DeviceWatcher::AnnounceSystemMode()
 {
     Refresh();
-    emit notifyCode(NOTIFY_SYSTEM_MODE, 0);
+    emit notifyCode(HOST_NOTIFY_SYSTEM_MODE, 0);
 }
 
 void DeviceWatcher::customEvent(QEvent* pEvent)
@@ -113,18 +105,18 @@ void DeviceWatcher::handle(int iEvent)
     Refresh();
     switch (iEvent) {
     case EVENT_NETWORK:
-        emit notifyCode(NOTIFY_REGISTRATION, m_state.bRegistered ? 1 : 0);
+        emit notifyCode(HOST_NOTIFY_REGISTRATION, m_state.bRegistered ? 1 : 0);
         break;
     case EVENT_DEVICE:
     case EVENT_RADIO:
-        emit notifyCode(m_state.Online() ? NOTIFY_NETWORK_GAINED : NOTIFY_NETWORK_LOST, 0);
+        emit notifyCode(m_state.Online() ? HOST_NOTIFY_NETWORK_GAINED : HOST_NOTIFY_NETWORK_LOST, 0);
         break;
     case EVENT_CARD_REMOVED:
-        emit notifyCode(NOTIFY_CARD_DISABLED, 0);
+        emit notifyCode(HOST_NOTIFY_CARD_DISABLED, 0);
         break;
     case EVENT_CARD_INSERTED:
     case EVENT_PIN:
-        emit notifyCode(m_state.bCardReady ? NOTIFY_CARD_ENABLED : NOTIFY_CARD_DISABLED, 0);
+        emit notifyCode(m_state.bCardReady ? HOST_NOTIFY_CARD_ENABLED : HOST_NOTIFY_CARD_DISABLED, 0);
         break;
     default:
         break;

@@ -3,7 +3,7 @@
 #include <QRegExp>
 
 #include "device/DeviceState.h"
-#include "device/Outbox.h"
+#include "messages/Outbox.h"
 
 SimulatedModem::SimulatedModem(Outbox& outbox, QObject* pParent) : Modem(pParent), m_outbox(outbox), m_iType(0) {}
 

@@ -1,7 +1,7 @@
 #ifndef LINKHAND_HOST_SIMULATEDMODEM_H
 #define LINKHAND_HOST_SIMULATEDMODEM_H
 
-#include "Modem.h"
+#include "device/Modem.h"
 
 class Outbox;
 

@@ -7,9 +7,9 @@
 #include <QThread>
 #include <QtDebug>
 
-#include "app/Services.h"
 #include "loader/PluginContainer.h"
 #include "loader/PluginHandle.h"
+#include "loader/RunState.h"
 
 namespace
 {
@@ -23,8 +23,8 @@ public:
 
 } // namespace
 
-PluginLifecycle::PluginLifecycle(PluginContainer& container, Services& services, QObject* pParent)
-    : QObject(pParent), m_container(container), m_services(services)
+PluginLifecycle::PluginLifecycle(PluginContainer& container, RunState& state, QObject* pParent)
+    : QObject(pParent), m_container(container), m_state(state)
 {
 }
 
@@ -45,7 +45,7 @@ bool PluginLifecycle::ShutDown(int iLimitMs)
     foreach (PluginHandle* pHandle, listHandles) {
         pHandle->Hide();
     }
-    m_services.SetShuttingDown();
+    m_state.SetShuttingDown();
     foreach (PluginHandle* pHandle, listHandles) {
         pHandle->UnregisterEvents();
     }
@@ -71,9 +71,9 @@ bool PluginLifecycle::waitForWorkers(int iLimitMs)
 {
     QElapsedTimer timer;
     timer.start();
-    while (m_services.Workers().Running() > 0) {
+    while (m_state.Workers().Running() > 0) {
         if (timer.elapsed() >= iLimitMs) {
-            qDebug("left to their owners: %s", qPrintable(m_services.Workers().Names().join(QLatin1String(", "))));
+            qDebug("left to their owners: %s", qPrintable(m_state.Workers().Names().join(QLatin1String(", "))));
             return false;
         }
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents, 20);

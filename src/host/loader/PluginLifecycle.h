@@ -3,10 +3,10 @@
 
 #include <QObject>
 
-#include "Problem.h"
+#include "text/Problem.h"
 
 class PluginContainer;
-class Services;
+class RunState;
 
 // Drives all plug-ins through their life. The pages show and hide them; everything else is here. User-interface
 // thread only.
@@ -15,7 +15,7 @@ class PluginLifecycle : public QObject
     Q_OBJECT
 
 public:
-    PluginLifecycle(PluginContainer& container, Services& services, QObject* pParent = nullptr);
+    PluginLifecycle(PluginContainer& container, RunState& state, QObject* pParent = nullptr);
 
     // Calls Init on each, those without a window first: a window may ask for their services while it is built. One
     // that fails becomes a Problem.
@@ -35,7 +35,7 @@ private:
     bool waitForWorkers(int iLimitMs);
 
     PluginContainer& m_container;
-    Services& m_services;
+    RunState& m_state;
 };
 
 #endif // LINKHAND_HOST_PLUGINLIFECYCLE_H

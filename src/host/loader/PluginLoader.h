@@ -4,7 +4,7 @@
 #include <QString>
 #include <QStringList>
 
-#include "Problem.h"
+#include "text/Problem.h"
 
 class PluginContainer;
 class PluginHandle;

@@ -5,9 +5,9 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
-#include "HostText.h"
 #include "device/DeviceWatcher.h"
 #include "device/SimulatedHardware.h"
+#include "text/HostText.h"
 
 namespace
 {

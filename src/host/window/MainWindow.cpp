@@ -7,12 +7,12 @@
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
-#include "HostText.h"
-#include "common/PluginIds.h"
 #include "device/DeviceWatcher.h"
 #include "device/SimulatedHardware.h"
+#include "linkhand/plugin/Codes.h"
 #include "loader/PluginContainer.h"
 #include "loader/PluginHandle.h"
+#include "text/HostText.h"
 #include "window/DevicePanel.h"
 #include "window/MessagesPage.h"
 #include "window/NavBar.h"

@@ -5,7 +5,7 @@
 #include <QMainWindow>
 #include <QString>
 
-#include "app/LanguageCatalog.h"
+#include "text/LanguageCatalog.h"
 #include "window/Glyphs.h"
 
 class DevicePanel;

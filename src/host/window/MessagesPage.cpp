@@ -10,14 +10,14 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
-#include "HostText.h"
-#include "common/HostLink.h"
-#include "common/NumberDelegate.h"
-#include "common/PluginIds.h"
-#include "device/Outbox.h"
 #include "linkhand/core/CommonUtils.h"
+#include "linkhand/plugin/Codes.h"
 #include "linkhand/plugin/IMMSUIPlugin.h"
 #include "linkhand/plugin/ISMSUIService.h"
+#include "messages/Outbox.h"
+#include "shared/HostLink.h"
+#include "shared/NumberDelegate.h"
+#include "text/HostText.h"
 
 namespace
 {

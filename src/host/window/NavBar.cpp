@@ -7,7 +7,7 @@
 #include <QMenu>
 #include <QVBoxLayout>
 
-#include "HostText.h"
+#include "text/HostText.h"
 #include "window/NavButton.h"
 
 NavBar::NavBar(QWidget* pParent)

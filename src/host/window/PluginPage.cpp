@@ -3,9 +3,9 @@
 #include <QLabel>
 #include <QResizeEvent>
 
-#include "HostText.h"
 #include "loader/PluginContainer.h"
 #include "loader/PluginHandle.h"
+#include "text/HostText.h"
 
 PluginPage::PluginPage(PluginContainer& container, const QString& strPlugin, QWidget* pParent)
     : QWidget(pParent), m_container(container), m_strPlugin(strPlugin), m_pFailure(new QLabel(this))

@@ -6,7 +6,7 @@
 #include <QTextBrowser>
 #include <QVBoxLayout>
 
-#include "HostText.h"
+#include "text/HostText.h"
 
 namespace
 {

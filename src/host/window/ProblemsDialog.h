@@ -1,8 +1,8 @@
 #ifndef LINKHAND_HOST_PROBLEMSDIALOG_H
 #define LINKHAND_HOST_PROBLEMSDIALOG_H
 
-#include "Problem.h"
 #include "linkhand/core/ExtendDialog.h"
+#include "text/Problem.h"
 
 // Lists what did not work, each with its reason.
 class ProblemsDialog : public ExtendDialog

@@ -6,7 +6,7 @@
 #include <QTime>
 #include <QToolButton>
 
-#include "HostText.h"
+#include "text/HostText.h"
 #include "window/Glyphs.h"
 #include "window/ProblemsDialog.h"
 

@@ -4,8 +4,8 @@
 #include <QFrame>
 #include <QStringList>
 
-#include "Problem.h"
 #include "device/DeviceState.h"
+#include "text/Problem.h"
 
 class QLabel;
 class QToolButton;

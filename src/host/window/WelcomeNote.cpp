@@ -4,8 +4,8 @@
 #include <QLabel>
 #include <QToolButton>
 
-#include "HostText.h"
 #include "orva/orva_sdk.h"
+#include "text/HostText.h"
 
 namespace
 {

@@ -5,8 +5,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "common/HostLink.h"
 #include "linkhand/core/Change.h"
+#include "shared/HostLink.h"
 
 CallBox::CallBox(const QString& strPlugin, QWidget* pParent)
     : QFrame(pParent),

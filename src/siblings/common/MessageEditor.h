@@ -5,7 +5,7 @@
 #include <QStringList>
 #include <QWidget>
 
-#include "common/HostLink.h"
+#include "shared/HostLink.h"
 
 class QLabel;
 class QLineEdit;

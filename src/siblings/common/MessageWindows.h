@@ -7,7 +7,7 @@
 #include <QString>
 #include <QStringList>
 
-#include "common/HostLink.h"
+#include "shared/HostLink.h"
 
 class ExtendDialog;
 class MessageEditor;

@@ -3,8 +3,8 @@
 #include <QList>
 #include <QString>
 
-#include "common/PluginIds.h"
 #include "linkhand/core/Startup.h"
+#include "linkhand/plugin/Codes.h"
 #include "linkhand/plugin/IAddrBookUIPlugin.h"
 
 namespace

@@ -5,6 +5,7 @@
 #include <QString>
 
 #include "linkhand/core/Change.h"
+#include "linkhand/plugin/Codes.h"
 #include "linkhand/plugin/IBasePlugin.h"
 #include "linkhand/plugin/INotify.h"
 
@@ -40,8 +41,7 @@ public:
 
     int Notify(unsigned int uiCode, unsigned int, unsigned int) override
     {
-        const unsigned int uiLanguageChanged = 320;
-        if (uiCode == uiLanguageChanged) {
+        if (uiCode == HOST_NOTIFY_LANGUAGE) {
             Retranslate();
         }
         return 0;

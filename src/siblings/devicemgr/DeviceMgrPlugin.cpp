@@ -1,6 +1,6 @@
 #include "devicemgr/DeviceMgrPlugin.h"
 
-#include "common/PluginIds.h"
+#include "linkhand/plugin/Codes.h"
 #include "linkhand/plugin/PluginVerification.h"
 
 LINKHAND_EXPORT_VERIFICATION()

@@ -1,8 +1,8 @@
 #include "mms/MMSUIPlugin.h"
 
 #include "common/MessageWindows.h"
-#include "common/PluginIds.h"
 #include "common/Recipients.h"
+#include "linkhand/plugin/Codes.h"
 #include "linkhand/plugin/PluginVerification.h"
 
 LINKHAND_EXPORT_VERIFICATION()

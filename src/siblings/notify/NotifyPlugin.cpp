@@ -1,17 +1,15 @@
 #include "notify/NotifyPlugin.h"
 
-#include "common/HostLink.h"
-#include "common/PluginIds.h"
+#include "linkhand/plugin/Codes.h"
 #include "linkhand/plugin/PluginVerification.h"
 #include "notify/NotifyLog.h"
+#include "shared/HostLink.h"
 
 LINKHAND_EXPORT_VERIFICATION()
 LINKHAND_EXPORT_PLUGIN(NotifyPlugin, NotifyPlugin)
 
 namespace
 {
-
-enum Message { CONTACT_ADDED = 288, CONTACT_CHANGED = 289, CONTACT_DELETED = 290, CARD_NODE = 291, DEVICE_NODE = 292 };
 
 QString logLine(const char* pszKind, unsigned int uiMsg, unsigned int uiParam1, unsigned int uiParam2)
 {
@@ -41,9 +39,9 @@ void NotifyPlugin::Broadcast(unsigned int uiMsg, unsigned int uiParam1, unsigned
     if (m_pLog) {
         m_pLog->Append(logLine("broadcast", uiMsg, uiParam1, uiParam2));
     }
-    if (uiMsg == CARD_NODE) {
+    if (uiMsg == PHONEBOOK_CARD_NODE) {
         show(text(uiParam1 != 0 ? "IDS_CARD_CAME" : "IDS_CARD_WENT"));
-    } else if (uiMsg == DEVICE_NODE) {
+    } else if (uiMsg == PHONEBOOK_DEVICE_NODE) {
         show(text(uiParam1 != 0 ? "IDS_DEVICE_CAME" : "IDS_DEVICE_WENT"));
     }
 }
@@ -53,10 +51,10 @@ void NotifyPlugin::Push(unsigned int uiMsg, unsigned int uiParam1, unsigned int 
     if (m_pLog) {
         m_pLog->Append(logLine("push", uiMsg, uiParam1, uiParam2));
     }
-    const char* const pszId = uiMsg == CONTACT_ADDED     ? "IDS_CONTACT_ADDED"
-                              : uiMsg == CONTACT_CHANGED ? "IDS_CONTACT_CHANGED"
-                              : uiMsg == CONTACT_DELETED ? "IDS_CONTACT_DELETED"
-                                                         : nullptr;
+    const char* const pszId = uiMsg == PHONEBOOK_CONTACT_ADDED     ? "IDS_CONTACT_ADDED"
+                              : uiMsg == PHONEBOOK_CONTACT_CHANGED ? "IDS_CONTACT_CHANGED"
+                              : uiMsg == PHONEBOOK_CONTACT_DELETED ? "IDS_CONTACT_DELETED"
+                                                                   : nullptr;
     if (pszId != nullptr) {
         // A number that did not fit came as 0.
         show(uiParam2 == 0 ? text(pszId) : text(pszId) + QLatin1String(": ") + QString::number(uiParam2));

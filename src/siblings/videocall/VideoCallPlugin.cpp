@@ -1,11 +1,11 @@
 #include "videocall/VideoCallPlugin.h"
 
 #include "common/CallBox.h"
-#include "common/HostLink.h"
-#include "common/PluginIds.h"
 #include "linkhand/core/CommonUtils.h"
 #include "linkhand/core/ExtendDialog.h"
+#include "linkhand/plugin/Codes.h"
 #include "linkhand/plugin/PluginVerification.h"
+#include "shared/HostLink.h"
 
 LINKHAND_EXPORT_VERIFICATION()
 LINKHAND_EXPORT_PLUGIN(VideoCallPlugin, VideoCallPlugin)

@@ -10,13 +10,13 @@
 #include <QVBoxLayout>
 
 #include "common/CallBox.h"
-#include "common/HostLink.h"
-#include "common/NumberDelegate.h"
-#include "common/PluginIds.h"
 #include "common/Recipients.h"
 #include "linkhand/core/Change.h"
 #include "linkhand/core/CommonUtils.h"
 #include "linkhand/core/Startup.h"
+#include "linkhand/plugin/Codes.h"
+#include "shared/HostLink.h"
+#include "shared/NumberDelegate.h"
 
 namespace
 {

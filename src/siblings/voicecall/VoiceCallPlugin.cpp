@@ -1,8 +1,8 @@
 #include "voicecall/VoiceCallPlugin.h"
 
-#include "common/HostLink.h"
-#include "common/PluginIds.h"
+#include "linkhand/plugin/Codes.h"
 #include "linkhand/plugin/PluginVerification.h"
+#include "shared/HostLink.h"
 #include "voicecall/CallPage.h"
 
 LINKHAND_EXPORT_VERIFICATION()

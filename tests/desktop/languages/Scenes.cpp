@@ -14,10 +14,10 @@
 #include <QTreeWidget>
 #include <QtTest>
 
-#include "Problem.h"
 #include "Profile.h"
-#include "common/HostLink.h"
 #include "orva/orva_sim.h"
+#include "shared/HostLink.h"
+#include "text/Problem.h"
 #include "window/MainWindow.h"
 #include "window/StatusArea.h"
 

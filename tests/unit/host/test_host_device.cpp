@@ -2,13 +2,13 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
-#include "common/HostLink.h"
 #include "device/DeviceState.h"
 #include "device/DeviceWatcher.h"
-#include "device/Outbox.h"
 #include "device/SimulatedHardware.h"
 #include "device/SimulatedModem.h"
+#include "messages/Outbox.h"
 #include "orva/orva_sim.h"
+#include "shared/HostLink.h"
 
 // The watcher, the modem and the switches on the real SDK with its simulated device.
 class TestHostDevice : public QObject

@@ -48,7 +48,7 @@ void TestHostLifecycle::init()
     m_pServices->Publish();
     m_pContainer.reset(new PluginContainer);
     m_pServices->SetContainer(m_pContainer.data());
-    m_pLifecycle.reset(new PluginLifecycle(*m_pContainer, *m_pServices));
+    m_pLifecycle.reset(new PluginLifecycle(*m_pContainer, m_pServices->State()));
     m_pPage.reset(new QWidget);
     m_pPage->resize(300, 200);
     StandInFolder::TakeCalls();

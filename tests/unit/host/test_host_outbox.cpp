@@ -4,8 +4,8 @@
 
 #include <unistd.h>
 
-#include "common/HostLink.h"
-#include "device/Outbox.h"
+#include "messages/Outbox.h"
+#include "shared/HostLink.h"
 
 class TestHostOutbox : public QObject
 {

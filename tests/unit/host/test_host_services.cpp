@@ -1,9 +1,9 @@
 #include <QSignalSpy>
 #include <QtTest>
 
-#include "Modem.h"
 #include "StandInFolder.h"
 #include "app/Services.h"
+#include "device/Modem.h"
 #include "linkhand/core/CommonUtils.h"
 #include "linkhand/core/Startup.h"
 #include "loader/PluginContainer.h"
@@ -115,7 +115,7 @@ void TestHostServices::workersAndTheEndAreSeenThroughTheLibrary()
     CommonUtils::ThreadCountDec("f.cpp", "run");
     QCOMPARE(m_pServices->Workers().Running(), 0);
     QVERIFY(!CommonUtils::IsShuttingDown());
-    m_pServices->SetShuttingDown();
+    m_pServices->State().SetShuttingDown();
     QVERIFY(CommonUtils::IsShuttingDown());
 }
 

@@ -5,10 +5,10 @@
 #include <QtTest>
 
 #include "app/CommandLine.h"
-#include "app/DataFolder.h"
-#include "app/HostSettings.h"
-#include "app/LanguageCatalog.h"
-#include "app/WorkerCount.h"
+#include "loader/WorkerCount.h"
+#include "settings/DataFolder.h"
+#include "settings/HostSettings.h"
+#include "text/LanguageCatalog.h"
 
 Q_DECLARE_METATYPE(CommandLine)
 

@@ -13,16 +13,16 @@
 
 #include "StandInFolder.h"
 #include "app/Services.h"
-#include "common/HostLink.h"
 #include "device/DeviceWatcher.h"
-#include "device/Outbox.h"
 #include "device/SimulatedHardware.h"
 #include "loader/PluginContainer.h"
 #include "loader/PluginHandle.h"
 #include "loader/PluginLifecycle.h"
 #include "loader/PluginLoader.h"
+#include "messages/Outbox.h"
 #include "orva/orva_sdk.h"
 #include "orva/orva_sim.h"
+#include "shared/HostLink.h"
 #include "window/MainWindow.h"
 #include "window/StatusArea.h"
 #include "window/StyleSheet.h"
@@ -113,7 +113,7 @@ void TestHostWindow::build(const QStringList& lstNames)
         m_pFolder->Add(strName);
     }
     PluginLoader(m_pFolder->Path()).LoadAll(*m_pContainer, m_problems);
-    PluginLifecycle(*m_pContainer, *m_pServices).InitAll(m_problems);
+    PluginLifecycle(*m_pContainer, m_pServices->State()).InitAll(m_problems);
     QVERIFY(m_problems.isEmpty());
     m_pWindow->BuildPages();
     m_pWindow->Retranslate();

@@ -11,12 +11,11 @@
 #include "StandInFolder.h"
 #include "app/Link.h"
 #include "app/Services.h"
-#include "common/PluginIds.h"
 #include "device/DeviceWatcher.h"
-#include "device/Outbox.h"
 #include "device/SimulatedHardware.h"
 #include "device/SimulatedModem.h"
 #include "linkhand/core/CommonUtils.h"
+#include "linkhand/plugin/Codes.h"
 #include "linkhand/plugin/IDeviceMgr.h"
 #include "linkhand/plugin/IMMSUIPlugin.h"
 #include "linkhand/plugin/INotifyService.h"
@@ -25,6 +24,7 @@
 #include "loader/PluginHandle.h"
 #include "loader/PluginLifecycle.h"
 #include "loader/PluginLoader.h"
+#include "messages/Outbox.h"
 #include "orva/orva_sim.h"
 #include "window/MainWindow.h"
 #include "window/StatusArea.h"
@@ -132,7 +132,7 @@ void TestSiblings::init()
     m_pContainer.reset(new PluginContainer);
     m_pServices->SetContainer(m_pContainer.data());
     m_pServices->SetModem(m_pModem.data());
-    m_pLifecycle.reset(new PluginLifecycle(*m_pContainer, *m_pServices));
+    m_pLifecycle.reset(new PluginLifecycle(*m_pContainer, m_pServices->State()));
     m_pWindow.reset(new MainWindow(*m_pContainer, *m_pOutbox, *m_pWatcher));
     m_pServices->SetMainWindow(m_pWindow.data());
     m_pLink.reset(new Link(*m_pModem, m_pWindow.data(), m_pFolder->Path() + '/'));

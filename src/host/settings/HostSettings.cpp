@@ -1,4 +1,4 @@
-#include "app/HostSettings.h"
+#include "settings/HostSettings.h"
 
 #include <QSettings>
 #include <QVariant>

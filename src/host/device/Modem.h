@@ -3,15 +3,8 @@
 
 #include <QObject>
 #include <QString>
-#include <QStringList>
 
-// A message on its way to the modem.
-struct OutgoingMessage {
-    int iKind = 0; // HostMessageKind
-    QStringList lstNumbers;
-    QString strSubject; // MMS only
-    QString strText;
-};
+#include "messages/OutgoingMessage.h"
 
 // Where this program ends and a modem begins: calls and messages go in here and nowhere else. An implementation for
 // real hardware replaces SimulatedModem; it must never report as sent what has not left. User-interface thread only.

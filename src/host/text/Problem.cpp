@@ -1,6 +1,6 @@
-#include "Problem.h"
+#include "text/Problem.h"
 
-#include "HostText.h"
+#include "text/HostText.h"
 
 bool Problem::IsGrave() const
 {

@@ -1,4 +1,4 @@
-#include "app/SdkFolders.h"
+#include "settings/SdkFolders.h"
 
 #include "orva/orva_sdk.h"
 

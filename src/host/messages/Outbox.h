@@ -6,7 +6,7 @@
 #include <QObject>
 #include <QString>
 
-#include "Modem.h"
+#include "messages/OutgoingMessage.h"
 
 class QXmlStreamReader;
 

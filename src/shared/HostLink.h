@@ -1,5 +1,5 @@
-#ifndef LINKHAND_SIBLINGS_HOSTLINK_H
-#define LINKHAND_SIBLINGS_HOSTLINK_H
+#ifndef LINKHAND_SHARED_HOSTLINK_H
+#define LINKHAND_SHARED_HOSTLINK_H
 
 #include <QCoreApplication>
 #include <QObject>
@@ -48,4 +48,4 @@ public:
     }
 };
 
-#endif // LINKHAND_SIBLINGS_HOSTLINK_H
+#endif // LINKHAND_SHARED_HOSTLINK_H

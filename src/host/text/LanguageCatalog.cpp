@@ -1,4 +1,4 @@
-#include "app/LanguageCatalog.h"
+#include "text/LanguageCatalog.h"
 
 #include <QDir>
 #include <QLocale>

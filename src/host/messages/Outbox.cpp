@@ -1,4 +1,4 @@
-#include "device/Outbox.h"
+#include "messages/Outbox.h"
 
 #include <QFile>
 #include <QXmlStreamReader>

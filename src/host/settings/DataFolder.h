@@ -4,7 +4,7 @@
 #include <QString>
 #include <QStringList>
 
-#include "Problem.h"
+#include "text/Problem.h"
 
 // The folder of the user's contacts, outbox and logs: LINKHAND_DATA_DIR, else $XDG_DATA_HOME/linkhand.
 namespace DataFolder

@@ -1,4 +1,4 @@
-#include "app/WorkerCount.h"
+#include "loader/WorkerCount.h"
 
 namespace
 {
