@@ -67,7 +67,7 @@ awk -F'\t' -v table=src/README.md '
         return path
     }
 
-    # Where an included file lies: beside the including one, in include/, in its own part of src, or in another.
+    # Where an included file lies: beside the including one, in include/, in its own part of src, in src, or in another part.
     function find_file(file, name,    folder, part, i)
     {
         folder = file
@@ -81,6 +81,8 @@ awk -F'\t' -v table=src/README.md '
             return "include/" name
         if (("src/" part "/" name) in there)
             return "src/" part "/" name
+        if (("src/" name) in there)
+            return "src/" name
         for (i = 1; i <= parts; ++i)
             if (("src/" part_name[i] "/" name) in there)
                 return "src/" part_name[i] "/" name
