@@ -15,6 +15,7 @@
 #include "linkhand/plugin/IDeviceMgr.h"
 #include "linkhand/plugin/IPluginContainer.h"
 #include "logic/AddrBookTypes.h"
+#include "window/TableSearch.h"
 #include "worker/AddrBookThread.h"
 
 class QAction;
@@ -176,7 +177,6 @@ private:
     void restoreColumnState(int iSortSection);
     void retireTable();
     bool isCurrentReader() const;
-    bool matchesSearch(const AddrBookRecord& record, int iColumnCount) const;
     bool fillRow(int iRow, _ORVA_EN_PHONEBOOK_MEMORY enType, const AddrBookRecord& record, int iGroupId,
                  int iColumnCount, bool bCorrectParentheses);
     void makeCurrent(QTableWidgetItem* pItem);
@@ -210,6 +210,7 @@ private:
     void deleteToolBarObjects();
     void showSearchBox();
     void hideSearchBox();
+    void reloadForSearch(QTreeWidgetItem* pItem, const QString& strText);
     void updateTable(const QString& strText);
     void showEmptyText();
     bool rowMatches(int iRow, const QString& strText) const;
@@ -452,6 +453,7 @@ private:
     _ORVA_EN_PHONEBOOK_MEMORY m_enDragTargetMemory = PB_MEM_LOCAL;
     _ADDRBOOK_OPERATION_TYPE m_enOperation = ADDRBOOK_OP_DELETE;
     _ADDRBOOK_OPERATION_TYPE m_enReadMode = ADDRBOOK_OP_NONE; // ADDRBOOK_OP_SEARCH while a reload for the search runs
+    TableSearch m_search;                                     // of m_pthreadRead and the rows that it brought
     QPointer<AddrBookWaitingDlg> m_pdlgWaiting;
     AddrBookRecord m_recordCurrent = AddrBookRecord(); // edit and delete work on it
     bool m_bNewContactEnabled = true;

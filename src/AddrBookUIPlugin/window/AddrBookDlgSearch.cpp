@@ -18,9 +18,13 @@ public:
     explicit DetachedHeader(QTableWidget* ptable) : m_ptable(ptable) { m_ptable->verticalHeader()->setModel(&m_empty); }
     ~DetachedHeader()
     {
+        // A header makes itself a selection with each model; the one that it shared with the table stays the table's.
         QHeaderView* pHeader = m_ptable->verticalHeader();
+        delete pHeader->selectionModel();
         pHeader->setModel(m_ptable->model());
+        const QItemSelectionModel* pOwn = pHeader->selectionModel();
         pHeader->setSelectionModel(m_ptable->selectionModel());
+        delete pOwn;
     }
 
 private:
@@ -56,18 +60,29 @@ void AddrBookDlg::OnTextEdited(const QString& strEditedText)
     ADDRBOOK_LOG_ENTER();
     const bool bNarrows = !strEditedText.isEmpty() && strEditedText.contains(m_strSearchText, Qt::CaseSensitive);
     if (bNarrows) {
+        m_search.Narrow(strEditedText);
         updateTable(strEditedText);
     } else if (m_ptreePhonebook != nullptr) {
-        QTreeWidgetItem* pItem = m_ptreePhonebook->currentItem();
-        m_pitemCurrentTreeWidgetItem = nullptr;
-        m_enReadMode = ADDRBOOK_OP_SEARCH;
-        UpdateTableRecords(pItem);
+        reloadForSearch(m_ptreePhonebook->currentItem(), strEditedText);
     }
-    // Behind the start of the reader: its first row is taken only by the event loop, which sees the new text.
     m_strSearchText = strEditedText;
     if (bNarrows)
         showEmptyText();
     ADDRBOOK_LOG_EXIT();
+}
+
+void AddrBookDlg::reloadForSearch(QTreeWidgetItem* pItem, const QString& strText)
+{
+    const AddrBookThread* pBefore = m_pthreadRead;
+    m_pitemCurrentTreeWidgetItem = nullptr;
+    m_enReadMode = ADDRBOOK_OP_SEARCH;
+    UpdateTableRecords(pItem);
+    // Behind the start of the reader: its first row is taken only by the event loop. A node without records of its own,
+    // such as a group that has no name yet, starts none.
+    if (m_pthreadRead != pBefore)
+        m_search = TableSearch::Reloading(strText);
+    else
+        m_enReadMode = ADDRBOOK_OP_NONE;
 }
 
 // What an empty table says depends on why it is empty.
@@ -79,7 +94,7 @@ void AddrBookDlg::showEmptyText()
     int iGroupId = 0;
     getGroupId(enMemory, iGroupId);
     const char* szId = iGroupId > 0 ? "IDS_EMPTY_GROUP" : "IDS_EMPTY_MEMORY";
-    if (m_bSearchBoxShown && !m_strSearchText.isEmpty())
+    if (m_bSearchBoxShown && !m_search.Text().isEmpty())
         szId = "IDS_EMPTY_SEARCH";
     m_ptableContacts->SetEmptyText(tr(QLatin1String(szId)));
 }

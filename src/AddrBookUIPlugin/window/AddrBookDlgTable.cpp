@@ -247,6 +247,7 @@ void AddrBookDlg::startThreadAndUpdateTable(_ORVA_EN_PHONEBOOK_MEMORY enType, in
 {
     ADDRBOOK_LOG_ENTER();
     m_enTableMemory = enType;
+    m_search = TableSearch();
     if (m_pthreadRead != nullptr) {
         m_pthreadRead->DisconnectSignals();
         m_pthreadRead->StopOperation();
@@ -287,23 +288,12 @@ void AddrBookDlg::OnAddContactToTable(int enType, qlonglong iData, int iGroupid,
     const QScopedPointer<AddrBookRecord> pRecord(carrierToPointer<AddrBookRecord>(iData));
     if (pRecord.isNull() || !isCurrentReader() || m_ptableContacts == nullptr)
         return;
-    if (m_enReadMode == ADDRBOOK_OP_SEARCH && !matchesSearch(*pRecord, iColumnCount))
+    if (!m_search.LetsIn(*pRecord, iColumnCount))
         return;
     const int iRow = m_ptableContacts->rowCount();
     m_ptableContacts->setRowCount(iRow + 1);
     if (fillRow(iRow, static_cast<_ORVA_EN_PHONEBOOK_MEMORY>(enType), *pRecord, iGroupid, iColumnCount, m_bRightToLeft))
         m_ptableContacts->setColumnCount(iColumnCount);
-}
-
-bool AddrBookDlg::matchesSearch(const AddrBookRecord& record, int iColumnCount) const
-{
-    const int iCount = qMin(iColumnCount, record.lstValues.size());
-    for (int i = 0; i < iCount; ++i) {
-        if (record.lstValues.at(i).contains(m_strSearchText, Qt::CaseInsensitive))
-            return true;
-    }
-    // A record without values has nothing that could hold a text, but holds the empty one.
-    return m_strSearchText.isEmpty();
 }
 
 // The cells of a row that is there. A record that is shorter than the field list, such as that of a group member that
@@ -353,8 +343,10 @@ void AddrBookDlg::OnReadFinished()
         }
         m_ptableContacts->setColumnCount(iCount);
     }
-    if (m_enReadMode == ADDRBOOK_OP_SEARCH)
-        m_enReadMode = ADDRBOOK_OP_NONE;
+    m_enReadMode = ADDRBOOK_OP_NONE;
+    // What was typed while the rows came has thinned those that were there.
+    if (m_search.EndRead())
+        updateTable(m_search.Text());
     if (m_ptableContacts != nullptr)
         m_ptableContacts->setSortingEnabled(true);
     checkMaxCapacity(m_enTableMemory, false);

@@ -338,6 +338,7 @@ void AddrBookDlg::OnTreeClicked(QTreeWidgetItem* item)
     }
     if (m_plineeditSearch != nullptr)
         m_plineeditSearch->setText(QLatin1String(""));
+    m_enReadMode = ADDRBOOK_OP_NONE; // a reload for the search that still runs is given up
     UpdateTableRecords(item);
     if (m_ptreePhonebook == nullptr)
         return;
