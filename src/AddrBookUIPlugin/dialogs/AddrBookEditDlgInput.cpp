@@ -5,6 +5,7 @@
 
 #include "linkhand/core/CommonUtils.h"
 #include "logic/Log.h"
+#include "logic/SdkCall.h"
 #include "orva/orva_sdk.h"
 
 namespace
@@ -27,7 +28,7 @@ void AddrBookEditDlg::OnTextChangedInAnyField(QString)
 void AddrBookEditDlg::SetOKButtonTrue()
 {
     if (!m_pOkButton) {
-        qDebug("Arg is NULL: %s: %s: %s %d", AddrBookLog::now().constData(), __FILE__, __func__, __LINE__);
+        qDebug("Arg is NULL: %s: %s: %s %d", AddrBookLog::now().constData(), ADDRBOOK_FILE, __func__, __LINE__);
         return;
     }
     m_pOkButton->setEnabled(

@@ -115,6 +115,7 @@ public slots:
 
     // Ends and results of the workers. A record comes as the address of a heap object, which the slot frees.
     void OnInitTreeFinished();
+    void OnTreeDestroyed();
     void OnReadFinished();
     void OnGroupReadFinished();
     void OnContactsReadFinished();
@@ -159,13 +160,15 @@ private:
     typedef QHash<int, SC_Hash_Group_Node*> GroupHash;
     typedef QHash<int, QTreeWidgetItem*> ContactHash;
 
-    // Window and first fill (AddrBookSelectContactsDlg.cpp).
+    // Window (AddrBookSelectContactsDlg.cpp).
     bool createCommonUIElements();
     void setObjectNames();
     void layOut();
     void connectSignals();
     bool tickByKey(const QKeyEvent& event);
     bool showWholeText(const QHelpEvent& event);
+
+    // Fill (AddrBookSelectContactsDlgFill.cpp).
     void initTree();
     void checkSimStatus();
     void updateDeviceAndSimNodes();
@@ -178,7 +181,7 @@ private:
     void applyPreRecordsWhenFilled();
     bool isCurrentMemoryNode(const QTreeWidgetItem* pitem, _ORVA_EN_PHONEBOOK_MEMORY enType);
 
-    // Workers (AddrBookSelectContactsDlg.cpp).
+    // Workers (AddrBookSelectContactsDlgFill.cpp).
     AddrBookThread* createThread();
     void deleteThread(AddrBookThread* pthread);
     void stopAndDeleteThreads();
@@ -210,6 +213,7 @@ private:
     // Live changes (AddrBookSelectContactsDlgLive.cpp).
     void removeTopLevelNode(QTreeWidgetItem* pitem);
     void removeTreeItem(QTreeWidgetItem* pitemParent, QTreeWidgetItem* pitem);
+    void emptyNode(QTreeWidgetItem* pitemMemory);
     void setGroupText(_ORVA_EN_PHONEBOOK_MEMORY enType, int iGroupId);
     void findAndReplaceContactNodes(_ORVA_EN_PHONEBOOK_MEMORY enType, QTreeWidgetItem* pitem, int iContactId,
                                     const QList<QString>& listData, bool bDelete, int iGroupId);
@@ -267,7 +271,7 @@ private:
     bool m_bHideDualModeCardNode;
 
     QList<AddrBookThread*> m_lstThreads;        // every worker that has not been deleted, the five's forerunners too
-    QList<QTreeWidgetItem*> m_lstDetachedNodes; // memory nodes out of the tree, kept so that no address comes twice
+    QList<QTreeWidgetItem*> m_lstDetachedNodes; // memory nodes out of the tree, bare; kept: no address comes twice
     QPointer<SCDelegate> m_pdelegateTable;
     bool m_bClosing; // results are only freed from here on
 };

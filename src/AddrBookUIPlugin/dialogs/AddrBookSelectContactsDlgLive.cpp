@@ -60,7 +60,8 @@ void AddrBookSelectContactsDlg::removeTopLevelNode(QTreeWidgetItem* pitem)
     removeTreeItem(m_ptreeContacts->invisibleRootItem(), pitem);
 }
 
-// A memory's node is only taken out: the members go on pointing at it until the memory is back.
+// A memory's node is only taken out: the members go on pointing at it until the memory is back. Its contacts, which
+// nobody can reach any more, go at once.
 void AddrBookSelectContactsDlg::removeTreeItem(QTreeWidgetItem* pitemParent, QTreeWidgetItem* pitem)
 {
     if (pitemParent == nullptr || pitem == nullptr || pitemParent->indexOfChild(pitem) < 0)
@@ -68,10 +69,23 @@ void AddrBookSelectContactsDlg::removeTreeItem(QTreeWidgetItem* pitemParent, QTr
     pitemParent->takeChild(pitemParent->indexOfChild(pitem));
     if (isMemoryNode(pitem)) {
         m_lstDetachedNodes.append(pitem);
+        emptyNode(pitem);
     } else {
         forgetGroups(pitem);
         delete pitem;
     }
+}
+
+void AddrBookSelectContactsDlg::emptyNode(QTreeWidgetItem* pitemMemory)
+{
+    for (int i = 0; i < pitemMemory->childCount(); ++i)
+        forgetGroups(pitemMemory->child(i));
+    qDeleteAll(pitemMemory->takeChildren());
+    bool bOk = false;
+    const int iMemory = pitemMemory->data(0, Qt::UserRole).toInt(&bOk);
+    SC_Hash_Group_Node* pEntry = groupEntry(static_cast<_ORVA_EN_PHONEBOOK_MEMORY>(iMemory), 0);
+    if (bOk && pEntry != nullptr && pEntry->pitemNode == pitemMemory && pEntry->phashContacts != nullptr)
+        pEntry->phashContacts->clear();
 }
 
 // ---- Contacts --------------------------------------------------------------------------------------------------

@@ -5,6 +5,7 @@
 #include "frame/FrameLog.h"
 #include "logic/AddrBookLogic.h"
 #include "logic/Log.h"
+#include "logic/SdkCall.h"
 #include "logic/Texts.h"
 #include "window/AddrBookDlg.h"
 
@@ -99,8 +100,8 @@ bool CAddrBookUIService::ShowWindow(QWidget* pParent, QRect& rect)
     m_pAddrBookDlg->SetTreeFocus();
     m_pAddrBookDlg->resize(rect.width(), rect.height());
     m_pAddrBookDlg->move(rect.x(), rect.y());
-    qDebug("%s, %s: %s: %s rect: x=%d, y=%d, width=%d, height=%d", AddrBookLog::now().constData(), __FILE__, __func__,
-           "show", rect.x(), rect.y(), rect.width(), rect.height());
+    qDebug("%s, %s: %s: %s rect: x=%d, y=%d, width=%d, height=%d", AddrBookLog::now().constData(), ADDRBOOK_FILE,
+           __func__, "show", rect.x(), rect.y(), rect.width(), rect.height());
     m_pAddrBookDlg->setContentsMargins(4, 0, 4, 0);
     m_pAddrBookDlg->setMouseTracking(true);
     m_pAddrBookDlg->show();

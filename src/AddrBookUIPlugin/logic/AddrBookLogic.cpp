@@ -1,13 +1,17 @@
 #include "logic/AddrBookLogic.h"
 
+#include <QCoreApplication>
+#include <QThread>
+
 #include <new>
 
 #include "logic/Log.h"
+#include "logic/LogicUser.h"
 
 std::atomic<AddrBookLogic*> AddrBookLogic::m_pInstance(nullptr);
 std::atomic<bool> AddrBookLogic::m_bPbServiceReady(false);
 
-AddrBookLogic::AddrBookLogic() : m_iMobileIndex(1), m_iDeviceGeneration(0), m_pProfile(nullptr)
+AddrBookLogic::AddrBookLogic() : m_iMobileIndex(1), m_iDeviceGeneration(0)
 {
     ADDRBOOK_LOG_CALLED();
     resetState();
@@ -16,7 +20,6 @@ AddrBookLogic::AddrBookLogic() : m_iMobileIndex(1), m_iDeviceGeneration(0), m_pP
 AddrBookLogic::~AddrBookLogic()
 {
     ADDRBOOK_LOG_CALLED();
-    m_pProfile = nullptr;
     resetState();
 }
 
@@ -31,13 +34,16 @@ void AddrBookLogic::resetState()
 
 AddrBookLogic* AddrBookLogic::Instance()
 {
-    if (m_pInstance == nullptr)
+    // A worker that comes after the end must not bring the object back.
+    const QCoreApplication* const pApplication = QCoreApplication::instance();
+    if (m_pInstance == nullptr && pApplication != nullptr && pApplication->thread() == QThread::currentThread())
         m_pInstance = new (std::nothrow) AddrBookLogic;
     return m_pInstance;
 }
 
 void AddrBookLogic::Destroy()
 {
+    LogicUser::endAll();
     delete m_pInstance.exchange(nullptr);
 }
 

@@ -7,6 +7,7 @@
 #include <QString>
 
 #include <atomic>
+#include <functional>
 #include <mutex>
 
 #include "logic/AddrBookTypes.h"
@@ -27,8 +28,14 @@ public:
         QList<AddrBookField> lstFields;
     };
 
-    // Creates the object on the first call; user-interface thread.
+    // Asked between two records; true ends a read, which then keeps what it has and counts as done.
+    typedef std::function<bool()> StopTest;
+
+    // Creates the object on the first call on the user-interface thread. Any other thread gets null where there is
+    // none.
     static AddrBookLogic* Instance();
+
+    // Ends every worker (see LogicUser.h), then the object; user-interface thread.
     static void Destroy();
 
     // Binds OnDeviceMgrInitEvent to the SDK's four services, and takes it away again. A failure of one is logged and
@@ -58,9 +65,10 @@ public:
     void GetFieldNames(_ORVA_EN_PHONEBOOK_MEMORY enMemory, QList<QString>& lstNames);       // cleared first
     void GetPhoneFieldLangID(_ORVA_EN_PHONEBOOK_MEMORY enMemory, QList<QString>& lstNames); // cleared first
     int GetRecord(_ORVA_EN_PHONEBOOK_MEMORY enMemory, int iRecordID, QList<QString>& lstValues);
-    int GetRecordInGroup(QList<AddrBookRecord>& lstRecords, _ORVA_EN_PHONEBOOK_MEMORY enMemory, int iGroupID);
+    int GetRecordInGroup(QList<AddrBookRecord>& lstRecords, _ORVA_EN_PHONEBOOK_MEMORY enMemory, int iGroupID,
+                         const StopTest& isToEnd = StopTest());
     int getRecordInRoot(QList<AddrBookRecord>& lstRecords, _ORVA_EN_PHONEBOOK_MEMORY enMemory, int iGroupID,
-                        QList<AddrBookField> lstFields);
+                        QList<AddrBookField> lstFields, const StopTest& isToEnd = StopTest());
     int getRecordsFromRecList(_ORVA_EN_PHONEBOOK_MEMORY enMemory, void* hAddrRecordSet,
                               QList<AddrBookRecord>& lstRecords);
     int GetAddrRecordCount(_ORVA_EN_PHONEBOOK_MEMORY enMemory); // the count, or -1
@@ -115,9 +123,11 @@ private:
 
     int fetchFields(QList<AddrBookField>& lstFields, _ORVA_EN_PHONEBOOK_MEMORY enMemory);
     int readGroupMembers(QList<AddrBookRecord>& lstRecords, _ORVA_EN_PHONEBOOK_MEMORY enMemory, void* hAddrGroupSet,
-                         int iGroupID, const QList<AddrBookField>& lstFields);
+                         int iGroupID, const QList<AddrBookField>& lstFields, const StopTest& isToEnd);
+    int readMembers(QList<AddrBookRecord>& lstRecords, _ORVA_EN_PHONEBOOK_MEMORY enMemory, const int* piIds, int iCount,
+                    const QList<AddrBookField>& lstFields, const StopTest& isToEnd);
     int readAllRecords(QList<AddrBookRecord>& lstRecords, _ORVA_EN_PHONEBOOK_MEMORY enMemory, void* hAddrRecordSet,
-                       const QList<AddrBookField>& lstFields);
+                       const QList<AddrBookField>& lstFields, const StopTest& isToEnd);
     int appendImportedRecord(_ORVA_EN_PHONEBOOK_MEMORY enMemory, void* hAddrRecordSet,
                              const QList<AddrBookField>& lstFields, const RecordReader& reader,
                              QList<AddrBookRecord>& lstRecords);
@@ -130,17 +140,12 @@ private:
     static std::atomic<AddrBookLogic*> m_pInstance;
     static std::atomic<bool> m_bPbServiceReady;
 
-    // Guards m_hashRecordCount, m_hashFields, m_iMobileIndex and m_iDeviceGeneration; held across no SDK call.
+    // Guards the members below. No lock is held across a call of the SDK, which may call back on the same thread.
     mutable std::mutex m_mutexCaches;
     QHash<_ORVA_EN_PHONEBOOK_MEMORY, int> m_hashRecordCount;
     QHash<_ORVA_EN_PHONEBOOK_MEMORY, vecfield> m_hashFields;
     int m_iMobileIndex;
     int m_iDeviceGeneration; // counts ClearDeviceInfo: a list fetched from a device that went is not kept
-
-    // Scratch of GetAllFields and GetAllFieldsForOutlook, which may wait for a slow device. A lock of its own keeps
-    // that wait away from whoever only looks into the caches; taken before m_mutexCaches.
-    std::mutex m_mutexProfile;
-    ORVA_PROFILE_ENTRY* m_pProfile;
 };
 
 #endif // ADDRBOOKUIPLUGIN_ADDRBOOKLOGIC_H

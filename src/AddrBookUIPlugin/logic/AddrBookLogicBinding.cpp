@@ -2,6 +2,7 @@
 #include "logic/AddrBookLogic.h"
 #include "logic/Log.h"
 #include "logic/QueuedEmit.h"
+#include "logic/SdkCall.h"
 
 // The callbacks of the SDK's four services, the signals made of their events, and the state of device and card.
 
@@ -49,8 +50,8 @@ int AddrBookLogic::OnDeviceMgrInitEvent(int enNotifyType, void* /*pvData*/)
         return 1;
     case 6002:
         ADDRBOOK_LOG("ORVA_EVENT_DEV_SIM_INVALID");
-        QUEUED_EMIT(pLogic->signalNetStatus(false));
-        QUEUED_EMIT(pLogic->signalSimStatus(false));
+        QUEUED_EMIT_FROM(pLogic, signalNetStatus, false);
+        QUEUED_EMIT_FROM(pLogic, signalSimStatus, false);
         return 1;
     case 6014:
     case 6601:
@@ -65,17 +66,17 @@ int AddrBookLogic::OnDeviceMgrInitEvent(int enNotifyType, void* /*pvData*/)
     case 20301:
         ADDRBOOK_LOG("ORVA_EVENT_PBM_EVENT_READY");
         m_bPbServiceReady = true;
-        QUEUED_EMIT(pLogic->signalDeviceConnected(true));
+        QUEUED_EMIT_FROM(pLogic, signalDeviceConnected, true);
         return 1;
     case 20302:
         ADDRBOOK_LOG("ORVA_EVENT_PBM_EVENT_SIM_READY");
         m_bPbServiceReady = true;
-        QUEUED_EMIT(pLogic->signalAddrBookSimReady());
+        QUEUED_EMIT_FROM(pLogic, signalAddrBookSimReady);
         return 1;
     case 20303:
         ADDRBOOK_LOG("ORVA_EVENT_PBM_EVENT_NV_READY");
         m_bPbServiceReady = true;
-        QUEUED_EMIT(pLogic->signalAddrBookDeviceReady());
+        QUEUED_EMIT_FROM(pLogic, signalAddrBookDeviceReady);
         return 1;
     default:
         return 0;
@@ -89,12 +90,12 @@ void AddrBookLogic::signalDeviceState()
     long lResult = 0;
     SDK_CALL(lResult, ORVA_DevSrv_GetDevStatus, (&iStatus));
     if (lResult == 0 && iStatus == g_iDevStatusAvailable) {
-        QUEUED_EMIT(signalDeviceConnected(true));
+        QUEUED_EMIT(signalDeviceConnected, true);
         const bool bInService = GetSystemModeStatus();
-        QUEUED_EMIT(signalNetStatus(bInService));
+        QUEUED_EMIT(signalNetStatus, bInService);
     } else {
-        QUEUED_EMIT(signalNetStatus(false));
-        QUEUED_EMIT(signalDeviceConnected(false));
+        QUEUED_EMIT(signalNetStatus, false);
+        QUEUED_EMIT(signalDeviceConnected, false);
     }
 }
 
@@ -104,7 +105,7 @@ void AddrBookLogic::signalRadioState()
     long lResult = 0;
     SDK_CALL(lResult, ORVA_DevSrv_GetRFSwitch, (aiStates));
     if (lResult == 0)
-        QUEUED_EMIT(signalNetStatus(aiStates[0] == 1 && aiStates[1] == 1));
+        QUEUED_EMIT(signalNetStatus, aiStates[0] == 1 && aiStates[1] == 1);
 }
 
 bool AddrBookLogic::PbServiceReady()

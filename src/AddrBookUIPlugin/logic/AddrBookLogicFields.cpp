@@ -4,6 +4,7 @@
 
 #include "logic/AddrBookLogic.h"
 #include "logic/Log.h"
+#include "logic/SdkProfile.h"
 
 // The field lists of the memories, fetched from the SDK's profiles and kept.
 
@@ -30,21 +31,16 @@ int AddrBookLogic::GetAllFields(QList<AddrBookField>& lstFields, _ORVA_EN_PHONEB
 
 int AddrBookLogic::fetchFields(QList<AddrBookField>& lstFields, _ORVA_EN_PHONEBOOK_MEMORY enMemory)
 {
-    const std::lock_guard<std::mutex> profileLocker(m_mutexProfile);
-    int iCount = 0;
-    long lResult = 0;
-    m_pProfile = nullptr;
-    SDK_CALL(lResult, ORVA_PBSrv_GetProfile, (enMemory, &m_pProfile, &iCount));
-    if (lResult != 0 || m_pProfile == nullptr) {
-        m_pProfile = nullptr;
+    SdkProfile profile(enMemory);
+    if (!profile.fetch())
         return ADDRBOOK_FAILED;
-    }
+    const int iCount = profile.count();
     lstFields.reserve(iCount);
     for (int i = 0; i < iCount; ++i) {
         const std::unique_ptr<AddrBookField> pField(new (std::nothrow) AddrBookField);
         if (pField == nullptr)
             continue;
-        const ORVA_PROFILE_ENTRY& entry = m_pProfile[i];
+        const ORVA_PROFILE_ENTRY& entry = profile.at(i);
         pField->strName = QString::fromLatin1(entry.key);
         pField->strType = QString::fromLatin1(entry.kind);
         pField->strLangID = QString::fromLatin1(entry.label_id);
@@ -61,28 +57,18 @@ int AddrBookLogic::fetchFields(QList<AddrBookField>& lstFields, _ORVA_EN_PHONEBO
             m_iMobileIndex = i;
         }
     }
-    SDK_CALL(lResult, ORVA_PBSrv_ProfileRelease, (enMemory, &m_pProfile));
-    m_pProfile = nullptr;
-    return lResult == 0 ? ADDRBOOK_OK : ADDRBOOK_FAILED;
+    return profile.release() ? ADDRBOOK_OK : ADDRBOOK_FAILED;
 }
 
 int AddrBookLogic::GetAllFieldsForOutlook(QList<QString>& lstNames, _ORVA_EN_PHONEBOOK_MEMORY enMemory)
 {
     ADDRBOOK_LOG_CALLED();
-    const std::lock_guard<std::mutex> profileLocker(m_mutexProfile);
-    int iCount = 0;
-    long lResult = 0;
-    m_pProfile = nullptr;
-    SDK_CALL(lResult, ORVA_PBSrv_GetProfile, (enMemory, &m_pProfile, &iCount));
-    if (lResult != 0 || m_pProfile == nullptr) {
-        m_pProfile = nullptr;
+    SdkProfile profile(enMemory);
+    if (!profile.fetch())
         return ADDRBOOK_FAILED;
-    }
-    for (int i = 0; i < iCount; ++i)
-        lstNames.append(QString::fromLatin1(m_pProfile[i].key));
-    SDK_CALL(lResult, ORVA_PBSrv_ProfileRelease, (enMemory, &m_pProfile));
-    m_pProfile = nullptr;
-    return lResult == 0 ? ADDRBOOK_OK : ADDRBOOK_FAILED;
+    for (int i = 0; i < profile.count(); ++i)
+        lstNames.append(QString::fromLatin1(profile.at(i).key));
+    return profile.release() ? ADDRBOOK_OK : ADDRBOOK_FAILED;
 }
 
 void AddrBookLogic::GetFieldNames(_ORVA_EN_PHONEBOOK_MEMORY enMemory, QList<QString>& lstNames)

@@ -4,8 +4,10 @@
 
 #include "logic/AddrBookLogic.h"
 #include "logic/Log.h"
+#include "logic/SdkCall.h"
 #include "logic/SdkHandle.h"
 #include "logic/SdkText.h"
+#include "logic/SdkTransaction.h"
 
 // Files, other contacts applications, and how full a memory is.
 
@@ -35,21 +37,18 @@ int AddrBookLogic::importRecords(const QString& strSource, const QList<int>& lst
     if (piMap == nullptr)
         return ADDRBOOK_OK;
 
-    void* hAddrRecordSet = nullptr;
+    const SdkTransaction transaction(enMemory);
+    SdkRecordSet set;
     long lResult = 0;
-    beginSdkTransaction(enMemory);
     if (bIsFile)
-        SDK_CALL(lResult, ORVA_PBSrv_ImportFromFile, (sdkText(strSource), piMap.get(), enMemory, &hAddrRecordSet));
+        SDK_CALL(lResult, ORVA_PBSrv_ImportFromFile, (sdkText(strSource), piMap.get(), enMemory, &set.out()));
     else
-        SDK_CALL(lResult, ORVA_PBSrv_ImportFromOutlook, (sdkText(strSource), piMap.get(), enMemory, &hAddrRecordSet));
-    int iResult = ADDRBOOK_FAILED;
-    if (lResult == 0 && hAddrRecordSet != nullptr)
-        iResult = getRecordsFromRecList(enMemory, hAddrRecordSet, lstRecords);
-    else
+        SDK_CALL(lResult, ORVA_PBSrv_ImportFromOutlook, (sdkText(strSource), piMap.get(), enMemory, &set.out()));
+    if (lResult != 0 || set.isNull()) {
         ADDRBOOK_WARN("nothing to import, %li", lResult);
-    releaseRecordSet(hAddrRecordSet);
-    endSdkTransaction(enMemory);
-    return iResult == ADDRBOOK_OK ? ADDRBOOK_OK : ADDRBOOK_FAILED;
+        return ADDRBOOK_FAILED;
+    }
+    return getRecordsFromRecList(enMemory, set.get(), lstRecords) == ADDRBOOK_OK ? ADDRBOOK_OK : ADDRBOOK_FAILED;
 }
 
 int AddrBookLogic::ImportFromFile(QString strPath, const QList<int>& lstFieldMap, QList<AddrBookRecord>& lstRecords,

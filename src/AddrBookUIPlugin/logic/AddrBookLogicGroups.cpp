@@ -6,13 +6,17 @@
 
 #include "logic/AddrBookLogic.h"
 #include "logic/Log.h"
+#include "logic/SdkCall.h"
 #include "logic/SdkHandle.h"
 #include "logic/SdkText.h"
+#include "logic/SdkTransaction.h"
 
 // Groups of the local memory.
 
 namespace
 {
+
+const long g_lNoGroups = -1; // the answer of a set without groups
 
 bool moveToNextGroup(void* hAddrGroupSet)
 {
@@ -23,12 +27,12 @@ bool moveToNextGroup(void* hAddrGroupSet)
 
 bool readGroupName(void* hAddrGroupSet, QString& strName)
 {
-    unsigned short* pBuffer = nullptr;
+    SdkText text;
     long lResult = 0;
-    SDK_CALL(lResult, ORVA_PBSrv_AddrGroupSet_GetName, (hAddrGroupSet, &pBuffer));
+    SDK_CALL(lResult, ORVA_PBSrv_AddrGroupSet_GetName, (hAddrGroupSet, text.out()));
     if (lResult != 0)
         return false;
-    strName = takeSdkText(pBuffer);
+    strName = text.toString();
     return true;
 }
 
@@ -46,15 +50,24 @@ bool readGroup(void* hAddrGroupSet, AddrBookGroup& group)
     return lResult == 0;
 }
 
-// A new handle with a name on it. False at the first failure; the handle is the caller's in every case.
-bool createNamedGroup(_ORVA_EN_PHONEBOOK_MEMORY enMemory, const QString& strName, void*& hAddrGroup)
+// A new handle with a name on it. False at the first failure.
+bool createNamedGroup(_ORVA_EN_PHONEBOOK_MEMORY enMemory, const QString& strName, SdkGroup& group)
 {
     long lResult = 0;
-    SDK_CALL(lResult, ORVA_PBSrv_CreateAddrGroup, (enMemory, &hAddrGroup));
-    if (lResult != 0 || hAddrGroup == nullptr)
+    SDK_CALL(lResult, ORVA_PBSrv_CreateAddrGroup, (enMemory, &group.out()));
+    if (lResult != 0 || group.isNull())
         return false;
-    SDK_CALL(lResult, ORVA_PBSrv_AddrGroup_SetName, (hAddrGroup, sdkText(strName)));
+    SDK_CALL(lResult, ORVA_PBSrv_AddrGroup_SetName, (group.get(), sdkText(strName)));
     return lResult == 0;
+}
+
+// The set of all groups, under a transaction of its own. False if there is none.
+bool getGroupList(_ORVA_EN_PHONEBOOK_MEMORY enMemory, SdkGroupSet& set)
+{
+    const SdkTransaction transaction(enMemory);
+    long lResult = 0;
+    SDK_CALL(lResult, ORVA_PBSrv_GetGroupList, (enMemory, &set.out()));
+    return lResult == 0 && !set.isNull();
 }
 
 } // namespace
@@ -62,32 +75,24 @@ bool createNamedGroup(_ORVA_EN_PHONEBOOK_MEMORY enMemory, const QString& strName
 int AddrBookLogic::GetGroups(QList<AddrBookGroup*>& lstGroups, _ORVA_EN_PHONEBOOK_MEMORY enMemory)
 {
     ADDRBOOK_LOG_CALLED();
-    void* hAddrGroupSet = nullptr;
-    long lResult = 0;
-    beginSdkTransaction(enMemory);
-    SDK_CALL(lResult, ORVA_PBSrv_GetGroupList, (enMemory, &hAddrGroupSet));
-    endSdkTransaction(enMemory);
-    if (lResult != 0 || hAddrGroupSet == nullptr) {
+    SdkGroupSet set;
+    if (!getGroupList(enMemory, set)) {
         ADDRBOOK_WARN("no group list");
-        releaseGroupSet(hAddrGroupSet);
         return ADDRBOOK_FAILED;
     }
-
-    beginSdkTransaction(enMemory);
-    // A set without groups answers -1, and that too is reported as a failure.
-    SDK_CALL(lResult, ORVA_PBSrv_AddrGroupSet_MoveFirst, (hAddrGroupSet));
-    bool bOk = lResult == 0;
-    if (bOk) {
-        do {
-            std::unique_ptr<AddrBookGroup> pGroup(new (std::nothrow) AddrBookGroup);
-            bOk = pGroup != nullptr && readGroup(hAddrGroupSet, *pGroup);
-            if (bOk)
-                lstGroups.append(pGroup.release());
-        } while (bOk && moveToNextGroup(hAddrGroupSet));
-    }
-    endSdkTransaction(enMemory);
-    releaseGroupSet(hAddrGroupSet);
-    return bOk ? ADDRBOOK_OK : ADDRBOOK_FAILED;
+    const SdkTransaction transaction(enMemory);
+    long lResult = 0;
+    // A set without groups is no failure of the SDK's, and is reported as one all the same.
+    SDK_CALL_OR(g_lNoGroups, lResult, ORVA_PBSrv_AddrGroupSet_MoveFirst, (set.get()));
+    if (lResult != 0)
+        return ADDRBOOK_FAILED;
+    do {
+        std::unique_ptr<AddrBookGroup> pGroup(new (std::nothrow) AddrBookGroup);
+        if (pGroup == nullptr || !readGroup(set.get(), *pGroup))
+            return ADDRBOOK_FAILED;
+        lstGroups.append(pGroup.release());
+    } while (moveToNextGroup(set.get()));
+    return ADDRBOOK_OK;
 }
 
 int AddrBookLogic::GetGroupInfo(_ORVA_EN_PHONEBOOK_MEMORY enMemory, AddrBookGroup& group)
@@ -118,34 +123,25 @@ int AddrBookLogic::GetGroupInfo(_ORVA_EN_PHONEBOOK_MEMORY enMemory, AddrBookGrou
 int AddrBookLogic::IsGroupAlreadyExists(_ORVA_EN_PHONEBOOK_MEMORY enMemory, QString strName, int iParentID)
 {
     ADDRBOOK_LOG_CALLED();
-    void* hAddrGroupSet = nullptr;
-    long lResult = 0;
-    beginSdkTransaction(enMemory);
-    SDK_CALL(lResult, ORVA_PBSrv_GetGroupList, (enMemory, &hAddrGroupSet));
-    endSdkTransaction(enMemory);
-    if (lResult != 0 || hAddrGroupSet == nullptr) {
-        releaseGroupSet(hAddrGroupSet);
+    SdkGroupSet set;
+    if (!getGroupList(enMemory, set))
         return ADDRBOOK_FAILED;
-    }
-    int iResult = ADDRBOOK_OK;
-    SDK_WALK(lResult, ORVA_PBSrv_AddrGroupSet_MoveFirst, (hAddrGroupSet));
-    if (lResult != -1) {
-        do {
-            QString strCurrent;
-            if (!readGroupName(hAddrGroupSet, strCurrent)) {
-                iResult = ADDRBOOK_FAILED;
-                break;
-            }
-            int iCurrentParent = 0;
-            SDK_CALL(lResult, ORVA_PBSrv_AddrGroupSet_GetParentID, (hAddrGroupSet, &iCurrentParent));
-            if (lResult != 0)
-                break; // ends the search, without counting as an error
-            if (strCurrent == strName && iCurrentParent == iParentID)
-                iResult = ADDRBOOK_GROUP_EXISTS;
-        } while (iResult == ADDRBOOK_OK && moveToNextGroup(hAddrGroupSet));
-    }
-    releaseGroupSet(hAddrGroupSet);
-    return iResult;
+    long lResult = 0;
+    SDK_CALL_OR(g_lNoGroups, lResult, ORVA_PBSrv_AddrGroupSet_MoveFirst, (set.get()));
+    if (lResult == g_lNoGroups)
+        return ADDRBOOK_OK;
+    do {
+        QString strCurrent;
+        if (!readGroupName(set.get(), strCurrent))
+            return ADDRBOOK_FAILED;
+        int iCurrentParent = 0;
+        SDK_CALL(lResult, ORVA_PBSrv_AddrGroupSet_GetParentID, (set.get(), &iCurrentParent));
+        if (lResult != 0)
+            break; // ends the search, without counting as an error
+        if (strCurrent == strName && iCurrentParent == iParentID)
+            return ADDRBOOK_GROUP_EXISTS;
+    } while (moveToNextGroup(set.get()));
+    return ADDRBOOK_OK;
 }
 
 int AddrBookLogic::AddGroup(_ORVA_EN_PHONEBOOK_MEMORY enMemory, QString strName, int iParentID, int& iGroupID)
@@ -156,14 +152,13 @@ int AddrBookLogic::AddGroup(_ORVA_EN_PHONEBOOK_MEMORY enMemory, QString strName,
         ADDRBOOK_WARN("IsGroupAlreadyExists returned %d", iExists);
         return iExists;
     }
-    void* hAddrGroup = nullptr;
+    SdkGroup group;
     long lResult = 1;
-    if (createNamedGroup(enMemory, strName, hAddrGroup)) {
-        SDK_CALL(lResult, ORVA_PBSrv_AddrGroup_SetParentID, (hAddrGroup, iParentID));
+    if (createNamedGroup(enMemory, strName, group)) {
+        SDK_CALL(lResult, ORVA_PBSrv_AddrGroup_SetParentID, (group.get(), iParentID));
         if (lResult == 0)
-            SDK_CALL(lResult, ORVA_PBSrv_AddGroup, (hAddrGroup, &iGroupID));
+            SDK_CALL(lResult, ORVA_PBSrv_AddGroup, (group.get(), &iGroupID));
     }
-    releaseGroup(hAddrGroup);
     return lResult == 0 ? ADDRBOOK_OK : ADDRBOOK_FAILED;
 }
 
@@ -176,11 +171,10 @@ int AddrBookLogic::UpdateGroup(_ORVA_EN_PHONEBOOK_MEMORY enMemory, int iGroupID,
         return iExists;
     }
     // The parent is not set: a rename does not move a group.
-    void* hAddrGroup = nullptr;
+    SdkGroup group;
     long lResult = 1;
-    if (createNamedGroup(enMemory, strName, hAddrGroup))
-        SDK_CALL(lResult, ORVA_PBSrv_UpdateGroup, (hAddrGroup, iGroupID));
-    releaseGroup(hAddrGroup);
+    if (createNamedGroup(enMemory, strName, group))
+        SDK_CALL(lResult, ORVA_PBSrv_UpdateGroup, (group.get(), iGroupID));
     return lResult == 0 ? ADDRBOOK_OK : ADDRBOOK_FAILED;
 }
 

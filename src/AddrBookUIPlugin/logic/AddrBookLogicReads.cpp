@@ -4,8 +4,9 @@
 #include "logic/AddrBookLogic.h"
 #include "logic/Log.h"
 #include "logic/RecordReader.h"
+#include "logic/SdkCall.h"
 #include "logic/SdkHandle.h"
-#include "logic/SdkText.h"
+#include "logic/SdkTransaction.h"
 
 // Reading contacts: one, all of a memory or a group, and those of a set that an import made.
 
@@ -17,72 +18,66 @@ int AddrBookLogic::GetRecord(_ORVA_EN_PHONEBOOK_MEMORY enMemory, int iRecordID, 
     if (lstFields.isEmpty())
         return ADDRBOOK_FAILED;
 
-    void* hAddrRecord = nullptr;
+    SdkRecord record;
     long lResult = 0;
-    SDK_CALL(lResult, ORVA_PBSrv_GetAddrRecord, (iRecordID, enMemory, &hAddrRecord));
-    bool bOk = lResult == 0 && hAddrRecord != nullptr;
-    if (!bOk)
+    SDK_CALL(lResult, ORVA_PBSrv_GetAddrRecord, (iRecordID, enMemory, &record.out()));
+    if (lResult != 0 || record.isNull()) {
         ADDRBOOK_WARN("no record %d", iRecordID);
-    else
-        bOk = RecordReader(lstFields).readRecord(hAddrRecord, lstValues);
-    releaseRecord(hAddrRecord);
-    return bOk ? ADDRBOOK_OK : ADDRBOOK_FAILED;
+        return ADDRBOOK_FAILED;
+    }
+    return RecordReader(lstFields).readRecord(record.get(), lstValues) ? ADDRBOOK_OK : ADDRBOOK_FAILED;
 }
 
-int AddrBookLogic::GetRecordInGroup(QList<AddrBookRecord>& lstRecords, _ORVA_EN_PHONEBOOK_MEMORY enMemory, int iGroupID)
+int AddrBookLogic::GetRecordInGroup(QList<AddrBookRecord>& lstRecords, _ORVA_EN_PHONEBOOK_MEMORY enMemory, int iGroupID,
+                                    const StopTest& isToEnd)
 {
     ADDRBOOK_LOG_CALLED();
     QList<AddrBookField> lstFields;
     GetAllFields(lstFields, enMemory);
     if (iGroupID != 0) {
-        const int iResult = getRecordInRoot(lstRecords, enMemory, iGroupID, lstFields);
+        const int iResult = getRecordInRoot(lstRecords, enMemory, iGroupID, lstFields, isToEnd);
         if (iResult == ADDRBOOK_OK)
             return ADDRBOOK_OK;
         ADDRBOOK_WARN("getRecordInRoot returned %d", iResult);
         return ADDRBOOK_FAILED;
     }
 
-    void* hAddrRecordSet = nullptr;
+    SdkRecordSet set;
     long lResult = 0;
-    beginSdkTransaction(enMemory);
-    SDK_CALL(lResult, ORVA_PBSrv_GetAddrRecList, (enMemory, &hAddrRecordSet));
-    endSdkTransaction(enMemory);
-    int iResult = ADDRBOOK_FAILED;
-    if (lResult == 0)
-        iResult = hAddrRecordSet == nullptr ? int(ADDRBOOK_OK)
-                                            : readAllRecords(lstRecords, enMemory, hAddrRecordSet, lstFields);
-    releaseRecordSet(hAddrRecordSet);
-    return iResult;
+    {
+        const SdkTransaction transaction(enMemory);
+        SDK_CALL(lResult, ORVA_PBSrv_GetAddrRecList, (enMemory, &set.out()));
+    }
+    if (lResult != 0)
+        return ADDRBOOK_FAILED;
+    return set.isNull() ? int(ADDRBOOK_OK) : readAllRecords(lstRecords, enMemory, set.get(), lstFields, isToEnd);
 }
 
 int AddrBookLogic::readAllRecords(QList<AddrBookRecord>& lstRecords, _ORVA_EN_PHONEBOOK_MEMORY enMemory,
-                                  void* hAddrRecordSet, const QList<AddrBookField>& lstFields)
+                                  void* hAddrRecordSet, const QList<AddrBookField>& lstFields, const StopTest& isToEnd)
 {
     const RecordReader reader(lstFields);
-    int iResult = ADDRBOOK_OK;
     lstRecords.clear();
-    beginSdkTransaction(enMemory);
-    if (!moveToFirstRecord(hAddrRecordSet)) {
-        endSdkTransaction(enMemory);
+    SdkTransaction transaction(enMemory);
+    if (!moveToFirstRecord(hAddrRecordSet))
         return ADDRBOOK_FAILED;
-    }
     do {
         const std::unique_ptr<AddrBookRecord> pRecord(new (std::nothrow) AddrBookRecord);
         if (pRecord == nullptr)
-            iResult = ADDRBOOK_OUT_OF_MEMORY;
-        else if (!reader.readSetRecord(hAddrRecordSet, *pRecord))
-            iResult = ADDRBOOK_FAILED;
-        else
-            lstRecords.append(*pRecord);
-    } while (iResult == ADDRBOOK_OK && moveToNextRecord(hAddrRecordSet));
-    endSdkTransaction(enMemory);
-    if (iResult == ADDRBOOK_OK)
-        setRecordCount(enMemory, lstRecords.size());
-    return iResult;
+            return ADDRBOOK_OUT_OF_MEMORY;
+        if (!reader.readSetRecord(hAddrRecordSet, *pRecord))
+            return ADDRBOOK_FAILED;
+        lstRecords.append(*pRecord);
+        if (isToEnd && isToEnd())
+            return ADDRBOOK_OK; // not a complete read: its figure is not kept
+    } while (moveToNextRecord(hAddrRecordSet));
+    transaction.end();
+    setRecordCount(enMemory, lstRecords.size());
+    return ADDRBOOK_OK;
 }
 
 int AddrBookLogic::getRecordInRoot(QList<AddrBookRecord>& lstRecords, _ORVA_EN_PHONEBOOK_MEMORY enMemory, int iGroupID,
-                                   QList<AddrBookField> lstFields)
+                                   QList<AddrBookField> lstFields, const StopTest& isToEnd)
 {
     ADDRBOOK_LOG_CALLED();
     if (isDeviceMemory(enMemory)) {
@@ -90,56 +85,59 @@ int AddrBookLogic::getRecordInRoot(QList<AddrBookRecord>& lstRecords, _ORVA_EN_P
         return ADDRBOOK_FAILED;
     }
     lstRecords.clear();
-    void* hAddrGroupSet = nullptr;
+    SdkGroupSet set;
     long lResult = 0;
-    beginSdkTransaction(enMemory);
-    SDK_CALL(lResult, ORVA_PBSrv_GetGroupList, (enMemory, &hAddrGroupSet));
-    endSdkTransaction(enMemory);
-    int iResult = ADDRBOOK_FAILED;
-    if (lResult == 0 && hAddrGroupSet != nullptr)
-        iResult = readGroupMembers(lstRecords, enMemory, hAddrGroupSet, iGroupID, lstFields);
-    releaseGroupSet(hAddrGroupSet);
-    return iResult;
+    {
+        const SdkTransaction transaction(enMemory);
+        SDK_CALL(lResult, ORVA_PBSrv_GetGroupList, (enMemory, &set.out()));
+    }
+    if (lResult != 0 || set.isNull())
+        return ADDRBOOK_FAILED;
+    return readGroupMembers(lstRecords, enMemory, set.get(), iGroupID, lstFields, isToEnd);
 }
 
 int AddrBookLogic::readGroupMembers(QList<AddrBookRecord>& lstRecords, _ORVA_EN_PHONEBOOK_MEMORY enMemory,
-                                    void* hAddrGroupSet, int iGroupID, const QList<AddrBookField>& lstFields)
+                                    void* hAddrGroupSet, int iGroupID, const QList<AddrBookField>& lstFields,
+                                    const StopTest& isToEnd)
 {
     int iCount = 0;
     int* piIds = nullptr; // stays the set's
     long lResult = 0;
-    beginSdkTransaction(enMemory);
-    SDK_CALL(lResult, ORVA_PBSrv_AddrGroupSet_GetAddrInGroupByID, (hAddrGroupSet, iGroupID, &iCount, &piIds));
-    endSdkTransaction(enMemory);
+    {
+        const SdkTransaction transaction(enMemory);
+        SDK_CALL(lResult, ORVA_PBSrv_AddrGroupSet_GetAddrInGroupByID, (hAddrGroupSet, iGroupID, &iCount, &piIds));
+    }
     if (lResult != 0)
         return ADDRBOOK_FAILED;
+    return readMembers(lstRecords, enMemory, piIds, piIds != nullptr ? iCount : 0, lstFields, isToEnd);
+}
 
+int AddrBookLogic::readMembers(QList<AddrBookRecord>& lstRecords, _ORVA_EN_PHONEBOOK_MEMORY enMemory, const int* piIds,
+                               int iCount, const QList<AddrBookField>& lstFields, const StopTest& isToEnd)
+{
     const RecordReader reader(lstFields);
-    int iResult = ADDRBOOK_OK;
-    beginSdkTransaction(enMemory);
-    for (int i = 0; piIds != nullptr && i < iCount && iResult == ADDRBOOK_OK; ++i) {
+    const SdkTransaction transaction(enMemory);
+    for (int i = 0; i < iCount; ++i) {
         const std::unique_ptr<AddrBookRecord> pRecord(new (std::nothrow) AddrBookRecord);
-        if (pRecord == nullptr) {
-            iResult = ADDRBOOK_OUT_OF_MEMORY;
-            break;
-        }
+        if (pRecord == nullptr)
+            return ADDRBOOK_OUT_OF_MEMORY;
         // A reference to a contact that has gone keeps identifier 0 and no values, and so shows up.
         pRecord->iID = 0;
-        void* hAddrRecord = nullptr;
-        SDK_CALL(lResult, ORVA_PBSrv_GetAddrRecord, (piIds[i], enMemory, &hAddrRecord));
-        bool bOk = lResult == 0;
-        if (bOk && hAddrRecord != nullptr) {
+        SdkRecord record;
+        long lResult = 0;
+        SDK_CALL(lResult, ORVA_PBSrv_GetAddrRecord, (piIds[i], enMemory, &record.out()));
+        if (lResult != 0)
+            return ADDRBOOK_FAILED;
+        if (!record.isNull()) {
             pRecord->iID = piIds[i];
-            bOk = reader.readRecord(hAddrRecord, pRecord->lstValues);
+            if (!reader.readRecord(record.get(), pRecord->lstValues))
+                return ADDRBOOK_FAILED;
         }
-        if (bOk)
-            lstRecords.append(*pRecord);
-        else
-            iResult = ADDRBOOK_FAILED;
-        releaseRecord(hAddrRecord);
+        lstRecords.append(*pRecord);
+        if (isToEnd && isToEnd())
+            break;
     }
-    endSdkTransaction(enMemory);
-    return iResult;
+    return ADDRBOOK_OK;
 }
 
 int AddrBookLogic::getRecordsFromRecList(_ORVA_EN_PHONEBOOK_MEMORY enMemory, void* hAddrRecordSet,
@@ -155,15 +153,14 @@ int AddrBookLogic::getRecordsFromRecList(_ORVA_EN_PHONEBOOK_MEMORY enMemory, voi
     if (GetAllFields(lstFields, enMemory) != ADDRBOOK_OK)
         return ADDRBOOK_FAILED;
 
-    beginSdkTransaction(enMemory);
-    int iResult = moveToFirstRecord(hAddrRecordSet) ? ADDRBOOK_OK : ADDRBOOK_FAILED;
-    if (iResult == ADDRBOOK_OK) {
-        const RecordReader reader(lstFields);
-        do {
-            iResult = appendImportedRecord(enMemory, hAddrRecordSet, lstFields, reader, lstRecords);
-        } while (iResult == ADDRBOOK_OK && moveToNextRecord(hAddrRecordSet));
-    }
-    endSdkTransaction(enMemory);
+    const SdkTransaction transaction(enMemory);
+    if (!moveToFirstRecord(hAddrRecordSet))
+        return ADDRBOOK_FAILED;
+    const RecordReader reader(lstFields);
+    int iResult = ADDRBOOK_OK;
+    do {
+        iResult = appendImportedRecord(enMemory, hAddrRecordSet, lstFields, reader, lstRecords);
+    } while (iResult == ADDRBOOK_OK && moveToNextRecord(hAddrRecordSet));
     return iResult;
 }
 
@@ -196,14 +193,13 @@ int AddrBookLogic::GetAddrRecordCount(_ORVA_EN_PHONEBOOK_MEMORY enMemory)
 {
     ADDRBOOK_LOG_CALLED();
     int iCount = -1;
-    void* hAddrRecordSet = nullptr;
+    SdkRecordSet set;
     long lResult = 0;
-    SDK_CALL(lResult, ORVA_PBSrv_GetAddrRecList, (enMemory, &hAddrRecordSet));
-    if (lResult == 0 && hAddrRecordSet != nullptr) {
-        SDK_CALL(lResult, ORVA_PBSrv_AddrRecordSet_GetAddrRecordCount, (hAddrRecordSet, &iCount));
+    SDK_CALL(lResult, ORVA_PBSrv_GetAddrRecList, (enMemory, &set.out()));
+    if (lResult == 0 && !set.isNull()) {
+        SDK_CALL(lResult, ORVA_PBSrv_AddrRecordSet_GetAddrRecordCount, (set.get(), &iCount));
         if (lResult != 0)
             iCount = -1;
     }
-    releaseRecordSet(hAddrRecordSet);
     return iCount;
 }

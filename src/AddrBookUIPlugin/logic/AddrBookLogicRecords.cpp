@@ -1,7 +1,9 @@
 #include "logic/AddrBookLogic.h"
 #include "logic/Log.h"
+#include "logic/SdkCall.h"
 #include "logic/SdkHandle.h"
 #include "logic/SdkText.h"
+#include "logic/TextCut.h"
 
 // Storing, changing and deleting single contacts.
 
@@ -36,7 +38,7 @@ bool AddrBookLogic::createAddrRecSetValues(_ORVA_EN_PHONEBOOK_MEMORY enMemory, v
             return false;
         if (isKey(field, "email") && IsValidEmail(strWhole) != 0)
             return false;
-        const QString strValue = strWhole.left(field.iMaxLength);
+        const QString strValue = cutText(strWhole, field.iMaxLength);
         if (!strValue.isEmpty())
             ++iNonEmpty;
         SDK_CALL(lResult, ORVA_PBSrv_AddrRecord_SetValue,
@@ -56,12 +58,11 @@ int AddrBookLogic::AddRecord(_ORVA_EN_PHONEBOOK_MEMORY enMemory, QList<QString> 
         ADDRBOOK_WARN("number of fields are not matching in AddRecord and exiting");
         return ADDRBOOK_MISMATCH;
     }
-    void* hAddrRecord = nullptr;
+    SdkRecord record;
     int iNonEmpty = 0;
     long lResult = 1; // what a contact without any content keeps: it is never stored
-    if (createAddrRecSetValues(enMemory, hAddrRecord, lstValues, lstFields, iNonEmpty) && iNonEmpty > 0)
-        SDK_CALL(lResult, ORVA_PBSrv_AddAddrRec, (hAddrRecord, &iRecordID));
-    releaseRecord(hAddrRecord);
+    if (createAddrRecSetValues(enMemory, record.out(), lstValues, lstFields, iNonEmpty) && iNonEmpty > 0)
+        SDK_CALL(lResult, ORVA_PBSrv_AddAddrRec, (record.get(), &iRecordID));
     return lResult == 0 ? ADDRBOOK_OK : ADDRBOOK_FAILED;
 }
 
@@ -74,12 +75,11 @@ int AddrBookLogic::UpdateRecord(_ORVA_EN_PHONEBOOK_MEMORY enMemory, int iRecordI
         ADDRBOOK_WARN("number of fields are not matching in UpdateRecord and exiting");
         return ADDRBOOK_MISMATCH;
     }
-    void* hAddrRecord = nullptr;
+    SdkRecord record;
     int iNonEmpty = 0;
     long lResult = 1;
-    if (createAddrRecSetValues(enMemory, hAddrRecord, lstValues, lstFields, iNonEmpty))
-        SDK_CALL(lResult, ORVA_PBSrv_UpdateAddrRec, (hAddrRecord, iRecordID));
-    releaseRecord(hAddrRecord);
+    if (createAddrRecSetValues(enMemory, record.out(), lstValues, lstFields, iNonEmpty))
+        SDK_CALL(lResult, ORVA_PBSrv_UpdateAddrRec, (record.get(), iRecordID));
     return lResult == 0 ? ADDRBOOK_OK : ADDRBOOK_FAILED;
 }
 

@@ -3,8 +3,9 @@
 
 #include "linkhand/core/CommonUtils.h"
 #include "logic/AddrBookLogic.h"
-#include "logic/Log.h"
+#include "logic/SdkCall.h"
 #include "logic/SdkText.h"
+#include "logic/TextCut.h"
 
 // What a field may hold, and the settings that bend it.
 
@@ -47,18 +48,25 @@ void AddrBookLogic::GetFieldString(QString& strOut, QString strSource, int iLimi
     // cutting a text beyond that to the limit at once.
     const int iMaxCoded = std::numeric_limits<short>::max();
     if (strSource.size() > iMaxCoded)
-        strSource.truncate(qBound(0, iLimit, iMaxCoded));
+        strSource = cutText(strSource, qBound(0, iLimit, iMaxCoded));
 
-    strOut = strSource;
-    for (int n = 1;; ++n) {
+    // A text counts no less than its beginning, so that halves find the longest that fits: first the whole, which most
+    // often does. A coding call that fails ends the search with what is not known to be too long.
+    int iFits = 0;
+    int iTooLong = strSource.size() + 1;
+    int iLength = strSource.size();
+    while (iTooLong - iFits > 1) {
+        const QString strPart = strSource.left(iLength);
         short sLength = 0;
         SDK_CALL(lResult, ORVA_PBSrv_PBContentCodingJudge,
-                 (sdkText(strOut), static_cast<short>(strOut.size()), bNotUim, bCustomised, &sLength));
-        // A coding call that fails, or a limit that not even the empty text meets, ends it too.
-        if (lResult != 0 || sLength <= iLimit || strOut.isEmpty())
-            return;
-        strOut = strSource.left(strSource.size() - n);
+                 (sdkText(strPart), static_cast<short>(iLength), bNotUim, bCustomised, &sLength));
+        if (lResult != 0)
+            iFits = iTooLong - 1;
+        else
+            (sLength <= iLimit ? iFits : iTooLong) = iLength;
+        iLength = (iFits + iTooLong) / 2;
     }
+    strOut = cutText(strSource, iFits);
 }
 
 void AddrBookLogic::GetRegExpForNewContactDlg(_ORVA_EN_PHONEBOOK_MEMORY enMemory, QString& strOut, QString strFieldKey)

@@ -1,6 +1,6 @@
 #include "logic/AddrBookUICommon.h"
 
-#include "logic/Log.h"
+#include "logic/SdkCall.h"
 #include "logic/Texts.h"
 #include "orva/orva_sdk.h"
 

@@ -30,15 +30,22 @@ constexpr const char* baseName(const char* pszPath)
 
 #define ADDRBOOK_FILE AddrBookLog::baseName(__FILE__)
 
-#define ADDRBOOK_LOG_LINE(word)                                                                                        \
+#define ADDRBOOK_LOG_LINE(words, ...)                                                                                  \
     do {                                                                                                               \
         if (QtCompat::debugEnabled())                                                                                  \
-            qDebug("%s: %s: %s " word, AddrBookLog::now().constData(), ADDRBOOK_FILE, __func__);                       \
+            qDebug("%s: %s: %s " words, AddrBookLog::now().constData(), ADDRBOOK_FILE, __func__, ##__VA_ARGS__);       \
     } while (false)
 
 #define ADDRBOOK_LOG_ENTER() ADDRBOOK_LOG_LINE("Enter")
 #define ADDRBOOK_LOG_EXIT() ADDRBOOK_LOG_LINE("Exit")
 #define ADDRBOOK_LOG_CALLED() ADDRBOOK_LOG_LINE("called")
+
+// Without the time, as some sources have it: "%s: %s: " and a text of the caller's.
+#define ADDRBOOK_LOG_UNTIMED(format, ...)                                                                              \
+    do {                                                                                                               \
+        if (QtCompat::debugEnabled())                                                                                  \
+            qDebug("%s: %s: " format, ADDRBOOK_FILE, __func__, ##__VA_ARGS__);                                         \
+    } while (false)
 
 // "%s: %s: %s: " and a text of the caller's.
 #define ADDRBOOK_LOG(format, ...)                                                                                      \
@@ -49,24 +56,5 @@ constexpr const char* baseName(const char* pszPath)
 
 #define ADDRBOOK_WARN(format, ...)                                                                                     \
     qWarning("%s: %s: %s: " format, AddrBookLog::now().constData(), ADDRBOOK_FILE, __func__, ##__VA_ARGS__)
-
-// One SDK call with its pair of lines, and a warning if it failed: SDK_CALL(iResult, ORVA_PBSrv_DelAddrRec, (id, mem)).
-// `iResult` is a long of the caller's.
-#define SDK_CALL(result, function, arguments)                                                                          \
-    do {                                                                                                               \
-        ADDRBOOK_LOG("Calling " #function);                                                                            \
-        (result) = function arguments;                                                                                 \
-        ADDRBOOK_LOG(#function " returned %li", static_cast<long>(result));                                            \
-        if ((result) != 0)                                                                                             \
-            ADDRBOOK_WARN(#function " returned %li", static_cast<long>(result));                                       \
-    } while (false)
-
-// The same where a non-zero result is no failure, such as the end of a walk.
-#define SDK_WALK(result, function, arguments)                                                                          \
-    do {                                                                                                               \
-        ADDRBOOK_LOG("Calling " #function);                                                                            \
-        (result) = function arguments;                                                                                 \
-        ADDRBOOK_LOG(#function " returned %li", static_cast<long>(result));                                            \
-    } while (false)
 
 #endif // ADDRBOOKUIPLUGIN_LOG_H

@@ -1,6 +1,7 @@
 #include "logic/RecordReader.h"
 
-#include "logic/Log.h"
+#include "linkhand/QtCompat.h"
+#include "logic/SdkCall.h"
 #include "logic/SdkText.h"
 #include "orva/orva_sdk.h"
 
@@ -13,12 +14,12 @@ RecordReader::RecordReader(const QList<AddrBookField>& lstFields)
 
 bool RecordReader::readSetValue(void* hAddrRecordSet, int iField, QString& strValue) const
 {
-    unsigned short* pBuffer = nullptr;
+    SdkText text;
     long lResult = 0;
-    SDK_CALL(lResult, ORVA_PBSrv_AddrRecordSet_GetValue, (hAddrRecordSet, m_vecKeys[iField].constData(), &pBuffer));
+    SDK_CALL(lResult, ORVA_PBSrv_AddrRecordSet_GetValue, (hAddrRecordSet, m_vecKeys[iField].constData(), text.out()));
     if (lResult != 0)
         return false;
-    strValue = takeSdkText(pBuffer);
+    strValue = text.toString();
     return true;
 }
 
@@ -41,12 +42,12 @@ bool RecordReader::readRecord(void* hAddrRecord, QList<QString>& lstValues) cons
 {
     lstValues.reserve(lstValues.size() + m_vecKeys.size());
     for (const QByteArray& baKey : m_vecKeys) {
-        unsigned short* pBuffer = nullptr;
+        SdkText text;
         long lResult = 0;
-        SDK_CALL(lResult, ORVA_PBSrv_AddrRecord_GetValue, (hAddrRecord, baKey.constData(), &pBuffer));
+        SDK_CALL(lResult, ORVA_PBSrv_AddrRecord_GetValue, (hAddrRecord, baKey.constData(), text.out()));
         if (lResult != 0)
             return false;
-        lstValues.append(takeSdkText(pBuffer));
+        lstValues.append(text.toString());
     }
     return true;
 }

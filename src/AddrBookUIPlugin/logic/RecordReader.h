@@ -15,8 +15,6 @@ class RecordReader
 public:
     explicit RecordReader(const QList<AddrBookField>& lstFields);
 
-    int fieldCount() const { return m_vecKeys.size(); }
-
     // One value of a set's current record. False, with the text left alone, if the SDK refuses.
     bool readSetValue(void* hAddrRecordSet, int iField, QString& strValue) const;
 

@@ -3,36 +3,52 @@
 
 #include <QString>
 
-#include "logic/Log.h"
-#include "orva/orva_sdk.h"
-
-// Turns a text buffer of the SDK into a QString and frees it; a null buffer gives a null string.
-inline QString takeSdkText(unsigned short*& pBuffer)
+// A text that the SDK hands out: SDK_CALL(lResult, ORVA_PBSrv_AddrGroupSet_GetName, (set, text.out())).
+// Frees its buffer; movable, not to be copied.
+class SdkText
 {
-    if (pBuffer == nullptr)
-        return QString();
-    QString strText = QString::fromUtf16(pBuffer, -1);
-    delete[] pBuffer;
-    pBuffer = nullptr;
-    return strText;
-}
+public:
+    SdkText() : m_pBuffer(nullptr) {}
+    SdkText(SdkText&& other) noexcept : m_pBuffer(other.m_pBuffer) { other.m_pBuffer = nullptr; }
+    SdkText& operator=(SdkText&& other) noexcept
+    {
+        if (this != &other) {
+            clear();
+            m_pBuffer = other.m_pBuffer;
+            other.m_pBuffer = nullptr;
+        }
+        return *this;
+    }
+    SdkText(const SdkText&) = delete;
+    SdkText& operator=(const SdkText&) = delete;
+    ~SdkText() { clear(); }
+
+    // Where the SDK is to put its buffer.
+    unsigned short** out()
+    {
+        clear();
+        return &m_pBuffer;
+    }
+
+    bool isNull() const { return m_pBuffer == nullptr; }
+
+    // A null string where the SDK gave none.
+    QString toString() const { return m_pBuffer != nullptr ? QString::fromUtf16(m_pBuffer, -1) : QString(); }
+
+private:
+    void clear()
+    {
+        delete[] m_pBuffer;
+        m_pBuffer = nullptr;
+    }
+
+    unsigned short* m_pBuffer;
+};
 
 // A text as the SDK takes it, for the length of one call.
 inline const unsigned short* sdkText(const QString& strText)
 {
     return strText.utf16();
-}
-
-inline void beginSdkTransaction(int iMemory)
-{
-    long iResult = 0;
-    SDK_CALL(iResult, ORVA_PBSrv_BeginTransaction, (iMemory));
-}
-
-inline void endSdkTransaction(int iMemory)
-{
-    long iResult = 0;
-    SDK_CALL(iResult, ORVA_PBSrv_EndTransaction, (iMemory));
 }
 
 #endif // ADDRBOOKUIPLUGIN_SDKTEXT_H

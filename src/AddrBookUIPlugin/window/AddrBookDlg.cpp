@@ -20,6 +20,7 @@
 #include "logic/AddrBookLogic.h"
 #include "logic/ItemData.h"
 #include "logic/Log.h"
+#include "logic/SdkCall.h"
 #include "logic/Texts.h"
 #include "widgets/AddrBookTableWidget.h"
 #include "widgets/PBTreeWidget.h"
@@ -240,7 +241,8 @@ void AddrBookDlg::readRadio()
     long iResult = 0;
     SDK_CALL(iResult, ORVA_DevSrv_GetRFSwitch, (iSwitch));
     if (iResult != 0) {
-        ADDRBOOK_WARN("ORVA_DevSrv_GetRFSwitch returned error");
+        qWarning("%s : %s : %s : ORVA_DevSrv_GetRFSwitch returned error", AddrBookLog::now().constData(), ADDRBOOK_FILE,
+                 __func__);
         return;
     }
     OnRFStatusChanged(!(iSwitch[0] == 1 && iSwitch[1] == 1));

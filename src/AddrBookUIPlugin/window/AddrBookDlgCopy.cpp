@@ -8,7 +8,7 @@
 #include "dialogs/AddrBookWaitingDlg.h"
 #include "logic/AddrBookLogic.h"
 #include "logic/Log.h"
-#include "logic/SdkText.h"
+#include "logic/SdkTransaction.h"
 #include "logic/Texts.h"
 #include "widgets/PBTreeWidget.h"
 

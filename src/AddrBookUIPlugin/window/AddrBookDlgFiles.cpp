@@ -14,6 +14,7 @@
 #include "linkhand/core/CommonUtils.h"
 #include "logic/AddrBookLogic.h"
 #include "logic/Log.h"
+#include "logic/SdkCall.h"
 #include "logic/Texts.h"
 #include "widgets/AddrBookTableWidget.h"
 #include "window/FileDialogs.h"
@@ -75,8 +76,9 @@ void AddrBookDlg::getFileFieldDescription(QString strPath, QList<QString>& lstTi
     int iLength = 0;
     const unsigned short* pPath = strPath.utf16();
     long iResult = 0;
-    SDK_WALK(iResult, ORVA_PBSrv_GetFileFieldDescription, (pPath, nullptr, &iLength));
-    if (iResult != 2) {
+    const long iLengthGiven = 2;
+    SDK_CALL_OR(iLengthGiven, iResult, ORVA_PBSrv_GetFileFieldDescription, (pPath, nullptr, &iLength));
+    if (iResult != iLengthGiven) {
         ADDRBOOK_LOG("%s", iLength == 0 ? "no records or isn't compatible file" : "FAILED");
         return;
     }

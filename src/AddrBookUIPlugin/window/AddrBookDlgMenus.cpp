@@ -194,12 +194,12 @@ void AddrBookDlg::updateContextMenu(ADDRBOOK_ENABLE_STATUS enStatus)
 {
     m_pPluginContainer = Startup::GetPluginContainer();
     if (m_pPluginContainer == nullptr) {
-        ADDRBOOK_LOG("Plugin container is null ");
+        ADDRBOOK_LOG_UNTIMED("Plugin container is null ");
         return;
     }
     const bool bSms = m_pPluginContainer->GetPlugin(PluginId::sms(), PLUGIN_KIND_SERVICE) != nullptr;
     if (!bSms)
-        ADDRBOOK_LOG("IBase plugin is null ");
+        ADDRBOOK_LOG_UNTIMED("IBase plugin is null ");
 
     const int iSelection = tableSelectionStatus();
     setTreeActionEnabled("IDS_SEND_MSG", isOnline() && bSms);

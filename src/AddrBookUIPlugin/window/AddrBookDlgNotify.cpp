@@ -43,12 +43,12 @@ void AddrBookDlg::pushNotify(unsigned int uiMsg, unsigned int uiParam1, unsigned
 {
     IPluginContainer* pContainer = Startup::GetPluginContainer();
     if (pContainer == nullptr) {
-        ADDRBOOK_LOG("Plugin container is null ");
+        ADDRBOOK_LOG_UNTIMED("Plugin container is null ");
         return;
     }
     QObject* pPlugin = pContainer->GetPlugin(PluginId::notify(), PLUGIN_KIND_NOTIFY);
     if (pPlugin == nullptr) {
-        ADDRBOOK_LOG("plugin is not loaded ");
+        ADDRBOOK_LOG_UNTIMED("plugin is not loaded ");
         return;
     }
     INotifyService* pService = qobject_cast<INotifyService*>(pPlugin);
@@ -67,7 +67,7 @@ void AddrBookDlg::sendNotifyToSMS(int iRecordId, unsigned int uiMsg)
         const AddrBookRecord record = m_listNotifyRecords.takeAt(i);
         foreach (const QString& strValue, record.lstValues) {
             const int iNumber = numberOf(strValue);
-            ADDRBOOK_LOG("phone number=%d", iNumber);
+            ADDRBOOK_LOG_LINE("phone number=%d", iNumber);
             pushNotify(uiMsg, m_enMemory, static_cast<unsigned int>(iNumber));
         }
     }

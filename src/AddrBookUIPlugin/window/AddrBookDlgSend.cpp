@@ -39,12 +39,12 @@ void AddrBookDlg::sendSMS(ADDRBOOK_SEND_TYPE enType)
 {
     m_pPluginContainer = Startup::GetPluginContainer();
     if (m_pPluginContainer == nullptr) {
-        ADDRBOOK_LOG("Plugin container is null ");
+        ADDRBOOK_LOG_UNTIMED("Plugin container is null ");
         return;
     }
     QObject* pPlugin = m_pPluginContainer->GetPlugin(PluginId::sms(), PLUGIN_KIND_SERVICE);
     if (pPlugin == nullptr) {
-        ADDRBOOK_LOG("IBase plugin is null ");
+        ADDRBOOK_LOG_UNTIMED("IBase plugin is null ");
         return;
     }
     ISMSUIService* pService = qobject_cast<ISMSUIService*>(pPlugin);
@@ -56,12 +56,12 @@ void AddrBookDlg::sendMMS(ADDRBOOK_SEND_TYPE enType)
 {
     m_pPluginContainer = Startup::GetPluginContainer();
     if (m_pPluginContainer == nullptr) {
-        ADDRBOOK_LOG("Plugin container is null ");
+        ADDRBOOK_LOG_UNTIMED("Plugin container is null ");
         return;
     }
     QObject* pPlugin = m_pPluginContainer->GetPlugin(PluginId::mms(), PLUGIN_KIND_MMS);
     if (pPlugin == nullptr) {
-        ADDRBOOK_LOG("IBase plugin is null ");
+        ADDRBOOK_LOG_UNTIMED("IBase plugin is null ");
         return;
     }
     IMMSUIPlugin* pService = qobject_cast<IMMSUIPlugin*>(pPlugin);

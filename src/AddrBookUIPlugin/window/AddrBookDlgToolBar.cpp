@@ -34,7 +34,7 @@ bool readOn(QXmlStreamReader& reader)
 
 bool AddrBookDlg::createToolBar(QWidget* pParent)
 {
-    ADDRBOOK_LOG_ENTER();
+    ADDRBOOK_LOG_UNTIMED("Enter");
     m_bSearchBoxShown = false;
     m_pPluginContainer = nullptr;
     ToolBarLogic::GetXmlData(configFile(), m_listToolItems, m_bSubGroupSupported, addrBookPluginName());
@@ -43,7 +43,7 @@ bool AddrBookDlg::createToolBar(QWidget* pParent)
     createSendMenu();
     if (bOk)
         connectToolBar();
-    ADDRBOOK_LOG_EXIT();
+    ADDRBOOK_LOG_UNTIMED("Exit");
     return bOk;
 }
 
@@ -108,7 +108,7 @@ QMenu* AddrBookDlg::getSendMenu()
 {
     QFile file(configFile());
     if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) {
-        ADDRBOOK_LOG("Exit: XML File is not opened");
+        ADDRBOOK_LOG_UNTIMED("Exit: XML File is not opened");
         return nullptr;
     }
     QMenu* pMenu = new (std::nothrow) QMenu;

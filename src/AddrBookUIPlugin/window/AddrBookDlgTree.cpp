@@ -8,7 +8,8 @@
 #include "logic/AddrBookUICommon.h"
 #include "logic/ItemData.h"
 #include "logic/Log.h"
-#include "logic/SdkText.h"
+#include "logic/SdkCall.h"
+#include "logic/SdkTransaction.h"
 #include "logic/Texts.h"
 #include "widgets/AddrBookTableWidget.h"
 #include "widgets/GridDelegate.h"
@@ -117,9 +118,14 @@ void AddrBookDlg::readGroups()
     if (m_pAddrBookLogic == nullptr)
         return;
     QList<AddrBookGroup*> lstRead;
-    beginSdkTransaction(PB_MEM_LOCAL);
-    m_pAddrBookLogic->GetGroups(lstRead, PB_MEM_LOCAL);
-    endSdkTransaction(PB_MEM_LOCAL);
+    {
+        const SdkTransaction transaction(PB_MEM_LOCAL);
+        // A set that fails half way makes no nodes at all: half a tree would look whole.
+        if (m_pAddrBookLogic->GetGroups(lstRead, PB_MEM_LOCAL) != ADDRBOOK_OK) {
+            qDeleteAll(lstRead);
+            lstRead.clear();
+        }
+    }
 
     // Each identifier once and none 0: then no group can be its own ancestor, and none becomes two nodes.
     QList<AddrBookGroup*> lstGroups;
@@ -285,9 +291,10 @@ void AddrBookDlg::repaintNode(QTreeWidgetItem* pItem, TreeNodeData* pData)
     QIcon icon;
     AddrBookGroup* pGroup = groupOf(pData);
     if (pGroup != nullptr) {
-        beginSdkTransaction(PB_MEM_LOCAL);
-        m_pAddrBookLogic->GetGroupInfo(PB_MEM_LOCAL, *pGroup);
-        endSdkTransaction(PB_MEM_LOCAL);
+        {
+            const SdkTransaction transaction(PB_MEM_LOCAL);
+            m_pAddrBookLogic->GetGroupInfo(PB_MEM_LOCAL, *pGroup);
+        }
         getImageIconFromFile(QLatin1String(s_szTreeImages), s_iFrameGroup, icon);
         pItem->setIcon(0, icon);
         updateGroupInfoInTree(pItem, pGroup, PB_MEM_LOCAL, pData->iMemoryOrGroup);

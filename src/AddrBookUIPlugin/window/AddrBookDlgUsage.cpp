@@ -12,6 +12,7 @@
 #include <QXmlStreamWriter>
 
 #include "logic/Log.h"
+#include "logic/SdkCall.h"
 #include "logic/SdkText.h"
 
 namespace
@@ -28,15 +29,13 @@ struct UsagePaths {
 UsagePaths usagePaths()
 {
     UsagePaths paths;
-    unsigned short* pDirectory = nullptr;
+    SdkText directory;
     long iResult = 0;
-    SDK_CALL(iResult, ORVA_GetLogDirectory, (&pDirectory));
-    if (iResult != 0 || pDirectory == nullptr) {
-        takeSdkText(pDirectory);
+    SDK_CALL(iResult, ORVA_GetLogDirectory, (directory.out()));
+    if (iResult != 0 || directory.isNull())
         return paths;
-    }
     // The log folder ends in a separator: off with it, then off with the folder's own name.
-    QString strPath = takeSdkText(pDirectory);
+    QString strPath = directory.toString();
     strPath = strPath.left(strPath.lastIndexOf(QLatin1Char('/')));
     strPath = strPath.left(strPath.lastIndexOf(QLatin1Char('/')) + 1);
     paths.strFolder = strPath + QLatin1String("OnlineUpdate/UpdateInfo");

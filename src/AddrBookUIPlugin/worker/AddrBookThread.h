@@ -12,6 +12,8 @@
 #include <mutex>
 
 #include "logic/AddrBookTypes.h"
+#include "logic/LogicUser.h"
+#include "logic/SdkHandle.h"
 
 // The worker that reads and changes many records off the user-interface thread. A caller picks an operation with a
 // setter, starts the thread, gets one signal a record, and "finished". Signals carry bool, int and pointers as
@@ -21,9 +23,10 @@
 // A receiver that goes away takes what is still on its way to it first, when the worker has ended:
 // QCoreApplication::sendPostedEvents(this, QEvent::MetaCall) in its destructor.
 //
-// To end a worker: StopOperation, SetSlotExecutionStatus, wait. The destructor and the setters do that with one that
-// still runs, so that neither the object nor its lists go away under it.
-class AddrBookThread : public QThread
+// To end a worker: StopOperation, SetSlotExecutionStatus, wait: it is one record away from its end at most. The
+// destructor and the setters do that with one that still runs, so that neither the object nor its lists go away under
+// it, and so does the end of AddrBookLogic. One that is started without a logic object does nothing.
+class AddrBookThread : public QThread, private LogicUser
 {
     Q_OBJECT
 
@@ -77,6 +80,7 @@ private:
     Q_DISABLE_COPY(AddrBookThread)
 
     void awaitEnd();
+    void endWithLogic() override { awaitEnd(); }
     bool isToEnd() const;
 
     // Reads (AddrBookThreadReads.cpp).
@@ -86,7 +90,7 @@ private:
                                 QList<AddrBookRecord>& lstRecords, _ORVA_EN_PHONEBOOK_MEMORY enMemory, int iGroupId);
     int getRecordInRoot(QList<AddrBookRecord>& lstRecords, _ORVA_EN_PHONEBOOK_MEMORY enMemory, int iGroupId,
                         const QList<AddrBookField>& lstFields);
-    int getRecords(QList<AddrBookRecord>& lstRecords, const QList<AddrBookField>& lstFields, void*& hAddrRecord,
+    int getRecords(QList<AddrBookRecord>& lstRecords, const QList<AddrBookField>& lstFields, SdkRecord& handle,
                    const int* piIds, bool& bError, _ORVA_EN_PHONEBOOK_MEMORY enMemory, int iCount, int iGroupId);
     void handOverContact(const AddrBookRecord& record, _ORVA_EN_PHONEBOOK_MEMORY enMemory, int iGroupId, int iRow,
                          int iFieldCount);

@@ -9,7 +9,7 @@
 #include "logic/Log.h"
 #include "logic/PointerCarrier.h"
 #include "logic/QueuedEmit.h"
-#include "logic/SdkText.h"
+#include "logic/SdkTransaction.h"
 #include "worker/AddrBookThread.h"
 
 // The changing operations: one record a round, one result a record, and a wait for the user interface in between.
@@ -71,8 +71,8 @@ bool AddrBookThread::delStep(const AddrBookRecord& record)
 {
     const int iResult = AddrBookLogic::Instance()->DelRecord(m_enMemory, record.iID);
     if (iResult == ADDRBOOK_OK && !CommonUtils::IsShuttingDown())
-        QUEUED_EMIT(deleteSelectDialogContact(m_enMemory, record.iID));
-    QUEUED_EMIT(delResult(iResult == ADDRBOOK_OK, record.iID));
+        QUEUED_EMIT(deleteSelectDialogContact, m_enMemory, record.iID);
+    QUEUED_EMIT(delResult, iResult == ADDRBOOK_OK, record.iID);
     return true;
 }
 
@@ -81,8 +81,8 @@ bool AddrBookThread::removeFromGroupStep(const AddrBookRecord& record)
     const int iResult = AddrBookLogic::Instance()->RemoveAddrFromGroup(PB_MEM_LOCAL, record.iID, m_iGroupId);
     // Sent whether or not the removal succeeded.
     if (!CommonUtils::IsShuttingDown())
-        QUEUED_EMIT(removeContactFromGroup(PB_MEM_LOCAL, record.iID, m_iGroupId));
-    QUEUED_EMIT(delResult(iResult == ADDRBOOK_OK, record.iID));
+        QUEUED_EMIT(removeContactFromGroup, PB_MEM_LOCAL, record.iID, m_iGroupId);
+    QUEUED_EMIT(delResult, iResult == ADDRBOOK_OK, record.iID);
     return true;
 }
 
@@ -107,7 +107,7 @@ bool AddrBookThread::addStep(const AddrBookRecord& record)
         bOk = iResult == ADDRBOOK_OK; // the record stays, though it is reported as failed
     }
     if (bOk && !CommonUtils::IsShuttingDown())
-        QUEUED_EMIT(addSelectDialogContact(m_enMemory, iNewId, m_iGroupId));
+        QUEUED_EMIT(addSelectDialogContact, m_enMemory, iNewId, m_iGroupId);
     reportAdd(bOk, pCopy);
     return true;
 }
@@ -116,8 +116,8 @@ void AddrBookThread::reportAdd(bool bResult, AddrBookRecord* pCopy)
 {
     std::unique_ptr<AddrBookRecord> pOwned(pCopy);
     const std::lock_guard<std::mutex> locker(m_mutexHandOver);
-    if (!CommonUtils::IsShuttingDown() && receivers(SIGNAL(addResult(bool, qlonglong))) > 0)
-        QUEUED_EMIT(addResult(bResult, pointerToCarrier(pOwned.release())));
+    if (!CommonUtils::IsShuttingDown() && SIGNAL_RECEIVERS(addResult, bool, qlonglong) > 0)
+        QUEUED_EMIT(addResult, bResult, pointerToCarrier(pOwned.release()));
 }
 
 void AddrBookThread::moveThreadFun()
@@ -144,7 +144,7 @@ bool AddrBookThread::moveStep(const AddrBookRecord& record)
         bOk = iResult == ADDRBOOK_OK;
     }
     if (bOk && !CommonUtils::IsShuttingDown())
-        QUEUED_EMIT(addSelectDialogContact(m_enTargetMemory, iNewId, m_iGroupId));
+        QUEUED_EMIT(addSelectDialogContact, m_enTargetMemory, iNewId, m_iGroupId);
     reportMove(bOk, pCopy);
     return true;
 }
@@ -153,6 +153,6 @@ void AddrBookThread::reportMove(bool bResult, AddrBookRecord* pCopy)
 {
     std::unique_ptr<AddrBookRecord> pOwned(pCopy);
     const std::lock_guard<std::mutex> locker(m_mutexHandOver);
-    if (!CommonUtils::IsShuttingDown() && receivers(SIGNAL(moveResult(bool, qlonglong))) > 0)
-        QUEUED_EMIT(moveResult(bResult, pointerToCarrier(pOwned.release())));
+    if (!CommonUtils::IsShuttingDown() && SIGNAL_RECEIVERS(moveResult, bool, qlonglong) > 0)
+        QUEUED_EMIT(moveResult, bResult, pointerToCarrier(pOwned.release()));
 }

@@ -9,8 +9,9 @@
 #include "logic/PointerCarrier.h"
 #include "logic/QueuedEmit.h"
 #include "logic/RecordReader.h"
+#include "logic/SdkCall.h"
 #include "logic/SdkHandle.h"
-#include "logic/SdkText.h"
+#include "logic/SdkTransaction.h"
 #include "worker/AddrBookThread.h"
 
 // Reading a memory or a group, each record being signalled as soon as it is there.
@@ -21,9 +22,8 @@ void AddrBookThread::setNewTableContent()
         return;
     // The table gets its rows through addContacts alone.
     QList<AddrBookRecord> lstRecords;
-    beginSdkTransaction(m_enMemory);
+    const SdkTransaction transaction(m_enMemory);
     GetRecordInGroup(lstRecords, m_enMemory, m_iGroupId);
-    endSdkTransaction(m_enMemory);
 }
 
 int AddrBookThread::GetRecordInGroup(QList<AddrBookRecord>& lstRecords, _ORVA_EN_PHONEBOOK_MEMORY enMemory,
@@ -35,7 +35,7 @@ int AddrBookThread::GetRecordInGroup(QList<AddrBookRecord>& lstRecords, _ORVA_EN
     {
         // A read for its list alone has no receiver, and no copies are made for it.
         const std::lock_guard<std::mutex> locker(m_mutexHandOver);
-        m_bContactsTaken = receivers(SIGNAL(addContacts(int, qlonglong, int, int, int))) > 0;
+        m_bContactsTaken = SIGNAL_RECEIVERS(addContacts, int, qlonglong, int, int, int) > 0;
     }
     QList<AddrBookField> lstFields;
     pLogic->GetAllFields(lstFields, enMemory);
@@ -47,33 +47,29 @@ int AddrBookThread::GetRecordInGroup(QList<AddrBookRecord>& lstRecords, _ORVA_EN
         return ADDRBOOK_FAILED;
     }
 
-    void* hAddrRecordSet = nullptr;
+    SdkRecordSet set;
     long lResult = 0;
-    beginSdkTransaction(enMemory);
-    SDK_CALL(lResult, ORVA_PBSrv_GetAddrRecList, (enMemory, &hAddrRecordSet));
-    endSdkTransaction(enMemory);
-    if (lResult != 0 || hAddrRecordSet == nullptr) {
-        releaseRecordSet(hAddrRecordSet);
+    {
+        const SdkTransaction transaction(enMemory);
+        SDK_CALL(lResult, ORVA_PBSrv_GetAddrRecList, (enMemory, &set.out()));
+    }
+    if (lResult != 0 || set.isNull())
         return lResult == 0 ? ADDRBOOK_OK : ADDRBOOK_FAILED;
-    }
 
-    int iResult = ADDRBOOK_FAILED;
     lstRecords.clear();
-    beginSdkTransaction(enMemory);
-    if (!moveToFirstRecord(hAddrRecordSet)) {
+    SdkTransaction transaction(enMemory);
+    if (!moveToFirstRecord(set.get())) {
         // A second begin in place of the end; kept, since an SDK has to cope with it anyway.
-        beginSdkTransaction(enMemory);
-    } else {
-        bool bError = false;
-        iResult = getRecordsOfSameMemType(lstFields, hAddrRecordSet, bError, lstRecords, enMemory, iGroupId);
-        endSdkTransaction(enMemory);
-        if (iResult != ADDRBOOK_OK || bError)
-            iResult = ADDRBOOK_FAILED;
-        else
-            pLogic->setRecordCount(enMemory, lstRecords.size());
+        transaction.leaveOpen();
+        return ADDRBOOK_FAILED;
     }
-    releaseRecordSet(hAddrRecordSet);
-    return iResult;
+    bool bError = false;
+    const int iResult = getRecordsOfSameMemType(lstFields, set.get(), bError, lstRecords, enMemory, iGroupId);
+    transaction.end();
+    if (iResult != ADDRBOOK_OK || bError)
+        return ADDRBOOK_FAILED;
+    pLogic->setRecordCount(enMemory, lstRecords.size());
+    return ADDRBOOK_OK;
 }
 
 int AddrBookThread::getRecordsOfSameMemType(const QList<AddrBookField>& lstFields, void* hAddrRecordSet, bool& bError,
@@ -93,7 +89,7 @@ int AddrBookThread::getRecordsOfSameMemType(const QList<AddrBookField>& lstField
         lstRecords.append(record);
         handOverContact(record, enMemory, iGroupId, iIndex, lstFields.size());
         ++iIndex;
-        if (m_bStop)
+        if (isToEnd())
             return ADDRBOOK_FAILED;
     } while (moveToNextRecord(hAddrRecordSet));
     return ADDRBOOK_OK;
@@ -107,7 +103,7 @@ void AddrBookThread::handOverContact(const AddrBookRecord& record, _ORVA_EN_PHON
         return;
     AddrBookRecord* const pCopy = new (std::nothrow) AddrBookRecord(record);
     if (pCopy != nullptr)
-        QUEUED_EMIT(addContacts(enMemory, pointerToCarrier(pCopy), iGroupId, iRow, iFieldCount));
+        QUEUED_EMIT(addContacts, enMemory, pointerToCarrier(pCopy), iGroupId, iRow, iFieldCount);
 }
 
 int AddrBookThread::getRecordInRoot(QList<AddrBookRecord>& lstRecords, _ORVA_EN_PHONEBOOK_MEMORY enMemory, int iGroupId,
@@ -116,65 +112,55 @@ int AddrBookThread::getRecordInRoot(QList<AddrBookRecord>& lstRecords, _ORVA_EN_
     if (isDeviceMemory(enMemory))
         return ADDRBOOK_FAILED;
     lstRecords.clear();
-    void* hAddrGroupSet = nullptr;
+    SdkGroupSet set;
     long lResult = 0;
-    SDK_CALL(lResult, ORVA_PBSrv_GetGroupList, (enMemory, &hAddrGroupSet));
-    if (hAddrGroupSet == nullptr)
+    SDK_CALL(lResult, ORVA_PBSrv_GetGroupList, (enMemory, &set.out()));
+    if (set.isNull() || lResult != 0)
         return ADDRBOOK_FAILED;
 
     int iCount = 0;
     int* piIds = nullptr; // stays the set's
-    if (lResult == 0) {
-        beginSdkTransaction(enMemory);
-        SDK_CALL(lResult, ORVA_PBSrv_AddrGroupSet_GetAddrInGroupByID, (hAddrGroupSet, iGroupId, &iCount, &piIds));
-        endSdkTransaction(enMemory);
+    {
+        const SdkTransaction transaction(enMemory);
+        SDK_CALL(lResult, ORVA_PBSrv_AddrGroupSet_GetAddrInGroupByID, (set.get(), iGroupId, &iCount, &piIds));
     }
-    int iResult = ADDRBOOK_FAILED;
-    if (lResult == 0) {
-        bool bError = false;
-        void* hAddrRecord = nullptr;
-        iResult = getRecords(lstRecords, lstFields, hAddrRecord, piIds, bError, enMemory, piIds != nullptr ? iCount : 0,
-                             iGroupId);
-        releaseRecord(hAddrRecord);
-        if (iResult != ADDRBOOK_OUT_OF_MEMORY)
-            iResult = bError ? ADDRBOOK_FAILED : ADDRBOOK_OK; // a stop counts as success
-    }
-    releaseGroupSet(hAddrGroupSet);
-    return iResult;
+    if (lResult != 0)
+        return ADDRBOOK_FAILED;
+    bool bError = false;
+    SdkRecord handle;
+    const int iResult =
+        getRecords(lstRecords, lstFields, handle, piIds, bError, enMemory, piIds != nullptr ? iCount : 0, iGroupId);
+    if (iResult == ADDRBOOK_OUT_OF_MEMORY)
+        return iResult;
+    return bError ? ADDRBOOK_FAILED : ADDRBOOK_OK; // a stop counts as success
 }
 
 int AddrBookThread::getRecords(QList<AddrBookRecord>& lstRecords, const QList<AddrBookField>& lstFields,
-                               void*& hAddrRecord, const int* piIds, bool& bError, _ORVA_EN_PHONEBOOK_MEMORY enMemory,
+                               SdkRecord& handle, const int* piIds, bool& bError, _ORVA_EN_PHONEBOOK_MEMORY enMemory,
                                int iCount, int iGroupId)
 {
     const RecordReader reader(lstFields);
-    int iResult = ADDRBOOK_OK;
-    beginSdkTransaction(enMemory);
+    const SdkTransaction transaction(enMemory);
     for (int i = 0; i < iCount; ++i) {
         if (QCoreApplication::closingDown() || CommonUtils::IsShuttingDown())
             break;
         long lResult = 0;
-        SDK_CALL(lResult, ORVA_PBSrv_GetAddrRecord, (piIds[i], enMemory, &hAddrRecord));
+        SDK_CALL(lResult, ORVA_PBSrv_GetAddrRecord, (piIds[i], enMemory, &handle.out()));
         // A reference to a contact that has gone stays a record with identifier 0 and no values.
         AddrBookRecord record;
         record.iID = 0;
         bError = lResult != 0;
-        if (!bError && hAddrRecord != nullptr) {
+        if (!bError && !handle.isNull()) {
             record.iID = piIds[i];
-            bError = !reader.readRecord(hAddrRecord, record.lstValues);
+            bError = !reader.readRecord(handle.get(), record.lstValues);
         }
-        if (bError) {
-            iResult = ADDRBOOK_FAILED;
-            break;
-        }
+        if (bError)
+            return ADDRBOOK_FAILED;
         lstRecords.append(record);
         handOverContact(record, enMemory, iGroupId, i, lstFields.size());
-        if (m_bStop) {
-            iResult = ADDRBOOK_FAILED;
-            break;
-        }
-        releaseRecord(hAddrRecord);
+        if (m_bStop)
+            return ADDRBOOK_FAILED;
+        handle.release();
     }
-    endSdkTransaction(enMemory);
-    return iResult;
+    return ADDRBOOK_OK;
 }

@@ -16,18 +16,18 @@ void AddrBookThread::addTreeNodes()
     if (pLogic == nullptr)
         return;
     QList<AddrBookRecord> lstRecords;
-    pLogic->GetRecordInGroup(lstRecords, m_enMemory, 0);
+    pLogic->GetRecordInGroup(lstRecords, m_enMemory, 0, [this] { return isToEnd(); });
     for (int i = 0; i < lstRecords.size(); ++i) {
         if (isToEnd())
             return;
         const std::lock_guard<std::mutex> locker(m_mutexHandOver);
-        if (receivers(SIGNAL(signalAddSimOrNvTreeNodes(int, qlonglong, qlonglong, int))) == 0)
+        if (SIGNAL_RECEIVERS(signalAddSimOrNvTreeNodes, int, qlonglong, qlonglong, int) == 0)
             return;
         AddrBookRecord* const pCopy = new (std::nothrow) AddrBookRecord(lstRecords.at(i));
         if (pCopy == nullptr)
             return;
-        QUEUED_EMIT(
-            signalAddSimOrNvTreeNodes(m_enMemory, pointerToCarrier(pCopy), pointerToCarrier(m_pitemTreeNode), i));
+        QUEUED_EMIT(signalAddSimOrNvTreeNodes, m_enMemory, pointerToCarrier(pCopy), pointerToCarrier(m_pitemTreeNode),
+                    i);
     }
 }
 
@@ -41,7 +41,7 @@ void AddrBookThread::addGroupsToTree()
             return;
         AddrBookGroup* const pGroup = m_listGroups.at(i);
         QList<AddrBookRecord> lstMembers;
-        pLogic->GetRecordInGroup(lstMembers, PB_MEM_LOCAL, pGroup->iGroupID);
+        pLogic->GetRecordInGroup(lstMembers, PB_MEM_LOCAL, pGroup->iGroupID, [this] { return isToEnd(); });
         handOverGroup(*pGroup);
         removeLocalRecords(lstMembers);
         for (int iMember = 0; iMember < lstMembers.size(); ++iMember)
@@ -52,21 +52,21 @@ void AddrBookThread::addGroupsToTree()
 void AddrBookThread::handOverGroup(const AddrBookGroup& group)
 {
     const std::lock_guard<std::mutex> locker(m_mutexHandOver);
-    if (CommonUtils::IsShuttingDown() || receivers(SIGNAL(signalAddGroupsToTree(int, qlonglong))) == 0)
+    if (CommonUtils::IsShuttingDown() || SIGNAL_RECEIVERS(signalAddGroupsToTree, int, qlonglong) == 0)
         return;
     AddrBookGroup* const pCopy = new (std::nothrow) AddrBookGroup(group);
     if (pCopy != nullptr)
-        QUEUED_EMIT(signalAddGroupsToTree(m_enMemory, pointerToCarrier(pCopy)));
+        QUEUED_EMIT(signalAddGroupsToTree, m_enMemory, pointerToCarrier(pCopy));
 }
 
 void AddrBookThread::handOverMember(const AddrBookGroup* pGroup, const AddrBookRecord& record)
 {
     const std::lock_guard<std::mutex> locker(m_mutexHandOver);
-    if (CommonUtils::IsShuttingDown() || receivers(SIGNAL(signalAddContactGroups(int, qlonglong, qlonglong))) == 0)
+    if (CommonUtils::IsShuttingDown() || SIGNAL_RECEIVERS(signalAddContactGroups, int, qlonglong, qlonglong) == 0)
         return;
     AddrBookRecord* const pCopy = new (std::nothrow) AddrBookRecord(record);
     if (pCopy != nullptr)
-        QUEUED_EMIT(signalAddContactGroups(m_enMemory, pointerToCarrier(pGroup), pointerToCarrier(pCopy)));
+        QUEUED_EMIT(signalAddContactGroups, m_enMemory, pointerToCarrier(pGroup), pointerToCarrier(pCopy));
 }
 
 // One pass for all members of a group, so that a large group in a large memory does not cost their product.
@@ -96,6 +96,6 @@ void AddrBookThread::addContactsToTree()
     for (int i = 0; i < m_listLocalRecords.size(); ++i) {
         if (isToEnd())
             return;
-        QUEUED_EMIT(signalAddContactsToTree(i));
+        QUEUED_EMIT(signalAddContactsToTree, i);
     }
 }

@@ -1,5 +1,7 @@
 #include "SelectSupport.h"
 
+#include <QSemaphore>
+
 // How the tree follows the device.
 class SelectDeviceTest : public SelectTestBase
 {
@@ -136,11 +138,20 @@ private slots:
         fillDevice();
         for (int i = 0; i < 30; ++i)
             FakeSdk::addRecord(1, {QString("More %1").arg(i), "1"});
-        FakeSdk::setDelay("AddrRecordSet_GetID", 1);
+        // The device's worker stands in its fifth record until its node has gone.
+        QSemaphore entered;
+        QSemaphore proceed;
+        FakeSdk::setMemoryList({1});
+        FakeSdk::onCall("AddrRecordSet_GetID", 5, [&] {
+            entered.release();
+            proceed.acquire();
+        });
         Picker picker(true, {"999"});
-        QTRY_VERIFY(picker.access.deviceThread() != nullptr);
+        QVERIFY(QTest::qWaitFor([&] { return entered.tryAcquire(); }, 20000));
+        QVERIFY(picker.access.deviceThread() != nullptr);
         FakeSdk::setMemoryList({});
         signalLogic("signalDeviceConnected", false);
+        proceed.release();
         QVERIFY(picker.waitFilled());
         QCOMPARE(picker.access.pending(), 0);
         QCOMPARE(picker.lines(), QStringList("PC(0)"));

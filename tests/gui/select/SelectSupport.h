@@ -2,6 +2,8 @@
 #define TESTS_GUI_SELECT_SELECTSUPPORT_H
 
 #include <QApplication>
+#include <QDeadlineTimer>
+#include <QPointer>
 #include <QScopedPointer>
 #include <QStringList>
 #include <QTimer>
@@ -139,15 +141,24 @@ public:
         return numbers;
     }
 
-    // Runs the window; the user acts once the condition holds.
+    // Runs the window; the user acts once the condition holds. A window that the user leaves open, such as one who
+    // failed half way, is closed, and so is one whose condition never holds.
     void run(const std::function<bool()>& when, const std::function<void()>& user)
     {
+        const QPointer<QWidget> window(access.window());
+        const QDeadlineTimer deadline(60000);
         QTimer timer;
         QObject::connect(&timer, &QTimer::timeout, [&] {
-            if (when()) {
-                timer.stop();
+            const bool isDue = when();
+            if (!isDue && !deadline.hasExpired())
+                return;
+            timer.stop();
+            if (isDue)
                 user();
-            }
+            else
+                QTest::qFail("the moment for the user never came", __FILE__, __LINE__);
+            if (!window.isNull() && window->isVisible())
+                window->close();
         });
         timer.start(0);
         dialog->Exec();

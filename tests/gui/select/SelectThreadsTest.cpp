@@ -75,13 +75,12 @@ class SelectThreadsTest : public SelectTestBase
     static void runToEnd(Worker worker, Act what)
     {
         QTimer::singleShot(0, qApp, [=] {
+            const auto end = qScopeGuard([] { QCoreApplication::quit(); }); // also when a check leaves early
             Picker picker(true, {"1", "999"});
             // A worker may be through before the user gets there; the user then acts on the full tree.
             picker.run([&] { return isRunning(picker.access, worker) || picker.access.filled(); },
                        [&] { act(picker, what); });
             QCOMPARE(picker.dialog->GetButtonClicked(), what == Ok);
-            picker.dialog.reset();
-            QCoreApplication::quit();
         });
         QCoreApplication::exec();
         FakeCore::setShuttingDown(false);

@@ -168,8 +168,8 @@ private slots:
         FakeSdk::onCall("GetAddrRecord", 1, [&worker] { worker.StopOperation(); });
         worker.SetSCGroupOperation(ADDRBOOK_OP_TREE_GROUPS, PB_MEM_LOCAL, m_groups, m_local, 0);
         QVERIFY(runToEnd(worker));
-        // The group in hand is completed, with the list as it was; the next one is not begun.
-        QCOMPARE(receiver.lines, QStringList({"group 4 1 Friends", "member 4 1 1", "member 4 1 2"}));
+        // The group in hand comes with what was read of it, and with the list as it was; the next one is not begun.
+        QCOMPARE(receiver.lines, QStringList({"group 4 1 Friends", "member 4 1 1"}));
         QCOMPARE(remaining(worker), QList<int>({1, 2, 3}));
     }
 
