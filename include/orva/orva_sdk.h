@@ -216,7 +216,9 @@ ORVA_API long ORVA_PBSrv_PBContentCodingJudge(const unsigned short* text, short 
 
 /* A transaction gathers the writes of a memory, by whatever thread, into one commit. Flat: a begin inside an open one
  * changes nothing, every end commits what is open, an end with nothing open succeeds. What an end returned 0 for is
- * on disk. An open transaction that nobody ends is committed within one second. */
+ * on disk. An open transaction that nobody ends is committed within one second. A commit that is refused takes all
+ * writes of its transaction along; from then on every write is committed by itself, and fails if that cannot be, until
+ * one goes through (ORVA_Store_TakeLoss of orva_store.h counts what was lost). */
 ORVA_API long ORVA_PBSrv_BeginTransaction(int memory);
 ORVA_API long ORVA_PBSrv_EndTransaction(int memory);
 

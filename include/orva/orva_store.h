@@ -26,6 +26,14 @@ ORVA_API long ORVA_Store_Backup(int memory, const unsigned short* path);
  * release; the store is unchanged then. */
 ORVA_API long ORVA_Store_Restore(int memory, const unsigned short* path);
 
+/* Sent on the phonebook service when changes are lost that had returned 0; ORVA_Store_TakeLoss tells which. */
+#define ORVA_EVENT_STORE_LOSS 20390
+
+/* What refused commits have taken away since the last call, whoever ended the transaction: the code of the last
+ * refusal, and the number of records whose changes or memberships are gone (0 where only groups were changed). Code 0
+ * stands for no loss. Also for a card that is out or a device that is detached. The user should be told. */
+ORVA_API long ORVA_Store_TakeLoss(int memory, long* code, int* records);
+
 #ifdef __cplusplus
 }
 #endif

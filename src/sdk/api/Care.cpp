@@ -55,3 +55,15 @@ long ORVA_Store_Restore(int memory, const unsigned short* path)
         return ORVA_OK;
     });
 }
+
+long ORVA_Store_TakeLoss(int memory, long* code, int* records)
+{
+    return guarded(__func__, [&] {
+        require(code);
+        require(records);
+        const Loss loss = anyStore(memory).takeLoss();
+        *code = loss.code;
+        *records = loss.records;
+        return ORVA_OK;
+    });
+}

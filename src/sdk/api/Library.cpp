@@ -11,6 +11,7 @@
 #include "events/EventHub.h"
 #include "memories/LocalMemory.h"
 #include "memories/SimMemory.h"
+#include "orva/orva_store.h"
 
 namespace orva
 {
@@ -26,6 +27,8 @@ struct Library {
           card(folder, hardware, ORVA_MEMORY_CARD),
           device(folder, hardware, ORVA_MEMORY_DEVICE)
     {
+        for (Store* const store : {&local.store(), &card.store(), &device.store()})
+            store->onLoss([this] { events.post(ORVA_EVENT_STORE_LOSS); });
     }
 
     EventHub events;
@@ -114,10 +117,17 @@ Store& groupStore(int memory)
 
 Store& storeFor(int memory)
 {
+    Store& store = anyStore(memory);
+    if (memory != ORVA_MEMORY_LOCAL)
+        library().hardware.requireOpen(memory);
+    return store;
+}
+
+Store& anyStore(int memory)
+{
     memoryFor(memory);
     if (memory == ORVA_MEMORY_LOCAL)
         return library().local.store();
-    library().hardware.requireOpen(memory);
     return memory == ORVA_MEMORY_CARD ? library().card.store() : library().device.store();
 }
 

@@ -139,7 +139,7 @@ int Store::add(const Values& values, int capacity)
             query.bind(static_cast<int>(i) + 2,
                        i < values.size() ? std::u16string_view(values[i]) : std::u16string_view());
         query.step();
-        m_lastRecord = id;
+        m_lastRecord = m_touched = id;
         m_countersChanged = true;
         ++m_count;
         return id;
@@ -149,6 +149,7 @@ int Store::add(const Values& values, int capacity)
 void Store::update(int id, const Values& values)
 {
     writing([&] {
+        m_touched = id;
         Query query(*m_db, m_update.c_str());
         for (std::size_t i = 0; i < m_columns.size(); ++i)
             query.bind(static_cast<int>(i) + 1,
@@ -164,6 +165,7 @@ void Store::update(int id, const Values& values)
 void Store::erase(int id)
 {
     writing([&] {
+        m_touched = id;
         // Memberships go with it by the schema.
         Query(*m_db, "DELETE FROM records WHERE id = ?").bind(1, id).step();
         if (sqlite3_changes(m_db->handle()) == 0)
@@ -256,6 +258,7 @@ void Store::eraseGroup(int id)
 void Store::join(int group, int record)
 {
     writing([&] {
+        m_touched = record;
         Query both(*m_db, "SELECT 1 FROM groups, records WHERE groups.id = ? AND records.id = ?");
         if (!both.bind(1, group).bind(2, record).step())
             throw notThere("record or group");
@@ -270,6 +273,7 @@ void Store::join(int group, int record)
 void Store::leave(int group, int record)
 {
     writing([&] {
+        m_touched = record;
         Query(*m_db, "DELETE FROM memberships WHERE grp = ? AND record = ?").bind(1, group).bind(2, record).step();
         if (sqlite3_changes(m_db->handle()) == 0)
             throw notThere("membership");

@@ -5,6 +5,7 @@
 #include <chrono>
 #include <condition_variable>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <string>
@@ -27,6 +28,12 @@ struct StoredGroup {
     std::u16string name;
 };
 
+// What refused commits took away of what writes had returned success for.
+struct Loss {
+    long code = ORVA_OK; // of the last refusal; ORVA_OK for no loss
+    int records = 0;     // whose changes are gone, or whose memberships
+};
+
 /*
  * The records, groups and memberships of one memory in one SQLite file. All SQL on them is here.
  *
@@ -34,6 +41,9 @@ struct StoredGroup {
  * after begin(), so that reading inside one keeps no other process waiting, and ends with end(), or by the store's own
  * thread when nobody ends it in time. A write outside a transaction is one by itself. Whatever returned from end(), or
  * from a write outside a transaction, is on disk.
+ *
+ * A commit that is refused takes the whole transaction along, whose writes had all succeeded. From then on nothing is
+ * gathered: every write is committed by itself, and fails if that cannot be, until one goes through.
  *
  * The file is opened on first use. A damaged one is put aside with its journal, and what can be read of it goes into
  * the new one.
@@ -71,6 +81,10 @@ public:
 
     void begin();
     void end();
+
+    // The losses since the last call. `told` runs after each, with the store locked, on whatever thread met it.
+    Loss takeLoss();
+    void onLoss(std::function<void()> told) { m_tellLoss = std::move(told); }
 
     // Commits what is open, closes the file and opens no further transaction. Whoever still comes, such as a thread
     // that outlasts the end of main, opens the file anew.
@@ -110,6 +124,8 @@ private:
     void rollback();
     void writeCounters();
     void breakTransaction(const Failure& failure);
+    void noteRefusal(long code);
+    bool gathers() const { return m_transaction == Transaction::Open && !m_refused; }
     void keepTime();
 
     // Run with the lock held, on an open connection. A reading body may be run twice.
@@ -143,7 +159,13 @@ private:
     bool m_countersChanged = false;
 
     Transaction m_transaction = Transaction::None;
-    long m_lostCode = ORVA_OK; // what the next end() has to report
+    long m_lostCode = ORVA_OK;   // what the next end() has to report
+    std::vector<int> m_gathered; // records that the open transaction changed; 0 stands for a group alone
+    int m_touched = 0;           // the one of the write under way
+    bool m_refused = false;      // the last commit was
+    int m_changesBefore = 0;     // of the connection, when the transaction on it began
+    Loss m_loss;
+    std::function<void()> m_tellLoss;
     Clock::time_point m_deadline;
     bool m_keeperIdle = false;
     bool m_stopKeeper = false;
@@ -179,15 +201,17 @@ auto Store::writing(Body&& body) -> decltype(body())
         startWriting(lock);
         m_groups.reset();
         // Every write is one statement, so that a failing one leaves nothing half done behind.
+        m_touched = 0;
         const auto result = body();
-        if (m_transaction != Transaction::Open)
+        if (gathers())
+            m_gathered.push_back(m_touched);
+        else
             commit();
         return result;
     } catch (const Failure& failure) {
-        if (m_db && m_db->inTransaction() && m_transaction != Transaction::Open)
+        if (m_db && m_db->inTransaction() && !gathers())
             rollback();
-        else if (m_db && !m_db->inTransaction() && m_transaction == Transaction::Open &&
-                 dynamic_cast<const SqlFailure*>(&failure) != nullptr)
+        else if (m_db && !m_db->inTransaction() && gathers() && dynamic_cast<const SqlFailure*>(&failure) != nullptr)
             breakTransaction(failure);
         noteDamage(failure);
         throw;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <thread>
+#include <utility>
 
 #include "base/Log.h"
 #include "store/Store.h"
@@ -96,8 +97,10 @@ void Store::startWriting(Lock& lock)
             sqlite3_busy_timeout(m_db->handle(), 2000);
             if (result == SQLITE_OK || (result & 0xff) != SQLITE_BUSY)
                 m_turn->unlock();
-            if (result == SQLITE_OK)
+            if (result == SQLITE_OK) {
+                m_changesBefore = sqlite3_total_changes(m_db->handle());
                 break;
+            }
             if ((result & 0xff) != SQLITE_BUSY)
                 m_db->fail(result, "BEGIN IMMEDIATE");
         }
@@ -122,11 +125,43 @@ void Store::commit()
 {
     try {
         writeCounters();
+        const bool wrote = sqlite3_total_changes(m_db->handle()) != m_changesBefore;
         m_db->execute("COMMIT");
-    } catch (...) {
+        m_gathered.clear();
+        // One that had nothing to write proves nothing.
+        if (wrote)
+            m_refused = false;
+    } catch (const std::exception& failure) {
+        const auto* known = dynamic_cast<const Failure*>(&failure);
         rollback();
+        noteRefusal(known != nullptr ? known->code() : ORVA_E_INTERNAL);
         throw;
     }
+}
+
+void Store::noteRefusal(long code)
+{
+    m_refused = true;
+    if (m_gathered.empty())
+        return;
+    std::sort(m_gathered.begin(), m_gathered.end());
+    const auto end = std::unique(m_gathered.begin(), m_gathered.end());
+    const int groupsAlone = m_gathered.front() == 0 ? 1 : 0;
+    const int records = static_cast<int>(end - m_gathered.begin()) - groupsAlone;
+    m_gathered.clear();
+    if (m_transaction == Transaction::Open)
+        m_lostCode = code; // its end is still to come
+    m_loss.code = code;
+    m_loss.records += records;
+    logFormat("%s: a commit was refused (%ld); changes of %d records are lost", m_path.c_str(), code, records);
+    if (m_tellLoss)
+        m_tellLoss();
+}
+
+Loss Store::takeLoss()
+{
+    const Lock lock(m_mutex);
+    return std::exchange(m_loss, Loss());
 }
 
 void Store::rollback()
@@ -152,6 +187,7 @@ void Store::breakTransaction(const Failure& failure)
     // What was written in it before is gone; end() must not say otherwise.
     m_transaction = Transaction::Broken;
     m_lostCode = failure.code();
+    noteRefusal(failure.code());
     forgetContent();
     ++m_changes;
 }
