@@ -150,6 +150,8 @@ int HostApplication::Run()
     const KeyboardWitness keyboardWitness;
     UnixSignals unixSignals;
     connect(&unixSignals, SIGNAL(received()), this, SLOT(OnClosing()));
+    // The log-out of the desktop's session.
+    connect(qApp, SIGNAL(commitDataRequest(QSessionManager&)), this, SLOT(OnClosing()));
     if (m_pCompanion != nullptr) {
         m_services.SetAnswers(m_pCompanion->Answers());
         m_pCompanion->Begin();
