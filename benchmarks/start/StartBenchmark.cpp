@@ -113,7 +113,7 @@ int main(int argc, char** argv)
     const int contacts = 10000;
     const int rounds = quick ? 5 : 21;
     const std::string program =
-        (std::filesystem::read_symlink("/proc/self/exe").parent_path().parent_path() / "linkhand").string();
+        (std::filesystem::read_symlink("/proc/self/exe").parent_path().parent_path() / "linkhand-test").string();
     const std::string base =
         (std::filesystem::temp_directory_path() / ("start-benchmark-" + std::to_string(getpid()))).string();
     std::filesystem::create_directories(base);

@@ -8,6 +8,7 @@
 #include <QByteArray>
 #include <QCoreApplication>
 #if QT_VERSION >= 0x050000
+#include <QGuiApplication>
 #include <QLoggingCategory>
 #include <QStandardPaths>
 #else
@@ -91,6 +92,10 @@ inline void prepareApplication()
 #if QT_VERSION >= 0x050600
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+#endif
+#if QT_VERSION >= 0x050600 && QT_VERSION < 0x060000
+    // At a log-out Qt would close the windows one by one and call it off where one stays; the program ends by itself.
+    QGuiApplication::setFallbackSessionManagementEnabled(false);
 #endif
 }
 

@@ -85,20 +85,22 @@ int CommonUtils::ShowMessage(QMessageBox::Icon enIcon, QWidget* pParent, QString
                              QString strButton1, QString strButton2, QString strButton3, bool bFlag,
                              QFlags<Qt::WindowType> flags, QDialog** ppDialog, QString strExtra, bool bModal)
 {
+    const QStringList lstButtons = QStringList() << strButton1 << strButton2 << strButton3;
     if (HostServices* pServices = Host::services()) {
         const int iAnswer = pServices->MessageAnswer(enIcon, strCaption, strText);
-        if (iAnswer >= 0)
+        if (iAnswer == QMessageBox::NoButton)
+            return bModal ? MessageBox::harmlessAnswer(enIcon, lstButtons) : 0;
+        if (iAnswer > 0)
             return iAnswer;
     }
     // A parent that goes while the box is open takes the box with it.
     QPointer<MessageBox> pBox =
         new MessageBox(enIcon, pParent != nullptr ? pParent : GetMainWindow(), strCaption, strText);
     pBox->setWindowFlags(pBox->windowFlags() | flags);
-    pBox->setButtons(QStringList() << strButton1 << strButton2 << strButton3, bFlag);
+    pBox->setButtons(lstButtons, bFlag);
     if (!strExtra.isEmpty())
         pBox->setInformativeText(strExtra);
-    if (ppDialog != nullptr)
-        *ppDialog = pBox;
+    pBox->setHolder(ppDialog);
     if (!bModal) {
         pBox->setAttribute(Qt::WA_DeleteOnClose);
         pBox->setModal(false);
@@ -107,8 +109,6 @@ int CommonUtils::ShowMessage(QMessageBox::Icon enIcon, QWidget* pParent, QString
     }
     pBox->exec();
     const int iAnswer = pBox.isNull() ? int(QMessageBox::Cancel) : pBox->answer();
-    if (ppDialog != nullptr)
-        *ppDialog = nullptr;
     delete pBox;
     return iAnswer;
 }

@@ -30,7 +30,7 @@ int answerOf(int iPlace, const QString& strId)
 } // namespace
 
 MessageBox::MessageBox(QMessageBox::Icon enIcon, QWidget* pParent, const QString& strCaption, const QString& strText)
-    : QMessageBox(enIcon, strCaption, strText, QMessageBox::NoButton, pParent)
+    : QMessageBox(enIcon, strCaption, strText, QMessageBox::NoButton, pParent), m_ppHolder(nullptr)
 {
     // Names of contacts and files reach these texts; mark-up in them is text.
     setTextFormat(Qt::PlainText);
@@ -41,6 +41,19 @@ MessageBox::MessageBox(QMessageBox::Icon enIcon, QWidget* pParent, const QString
     QLabel* pPicture = findChild<QLabel*>(QLatin1String("qt_msgboxex_icon_label"));
     if (pPicture != nullptr && !MessageIcon::isInTheme(enIcon))
         pPicture->setPicture(MessageIcon::draw(enIcon));
+}
+
+MessageBox::~MessageBox()
+{
+    if (m_ppHolder != nullptr && *m_ppHolder == this)
+        *m_ppHolder = nullptr;
+}
+
+void MessageBox::setHolder(QDialog** ppDialog)
+{
+    m_ppHolder = ppDialog;
+    if (m_ppHolder != nullptr)
+        *m_ppHolder = this;
 }
 
 void MessageBox::setButtons(const QStringList& lstIds, bool bFirstIsDefault)
@@ -68,6 +81,14 @@ int MessageBox::answer() const
 {
     const QAbstractButton* pButton = clickedButton();
     return pButton != nullptr ? pButton->property(s_szAnswer).toInt() : int(Cancel);
+}
+
+int MessageBox::harmlessAnswer(QMessageBox::Icon enIcon, const QStringList& lstIds)
+{
+    QStringList lstShown = lstIds;
+    lstShown.removeAll(QString());
+    const bool bOneWay = lstShown.size() <= 1 && enIcon != QMessageBox::Question;
+    return bOneWay && !lstShown.contains(QLatin1String("IDS_CANCEL")) ? int(Ok) : int(Cancel);
 }
 
 void MessageBox::closeEvent(QCloseEvent* event)

@@ -2,6 +2,7 @@
 #define LINKHAND_CORE_MESSAGEBOX_H
 
 #include <QCloseEvent>
+#include <QDialog>
 #include <QKeyEvent>
 #include <QMessageBox>
 #include <QString>
@@ -16,6 +17,11 @@ class MessageBox : public QMessageBox
 public:
     MessageBox(QMessageBox::Icon enIcon, QWidget* pParent, const QString& strCaption, const QString& strText);
 
+    ~MessageBox() override;
+
+    // Has *ppDialog hold the box for as long as there is one.
+    void setHolder(QDialog** ppDialog);
+
     // Adds the buttons for these language ids, leaving out empty ones. The first or the last one is the default.
     void setButtons(const QStringList& lstIds, bool bFirstIsDefault);
 
@@ -23,9 +29,16 @@ public:
     // box closed otherwise; No and Ignore for a further second and third one.
     int answer() const;
 
+    // The answer, for a box that is not shown, that agrees to nothing: "IDS_CANCEL" where there is one, also where a
+    // question has a single button, else the only button.
+    static int harmlessAnswer(QMessageBox::Icon enIcon, const QStringList& lstIds);
+
 protected:
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    QDialog** m_ppHolder;
 };
 
 #endif // LINKHAND_CORE_MESSAGEBOX_H

@@ -1,6 +1,7 @@
 #include "Settings.h"
 
 #include <QDir>
+#include <QFile>
 #include <QSettings>
 #include <QStringList>
 #include <QVariant>
@@ -36,12 +37,33 @@ QString userFile()
     return strConfig + QLatin1String("/linkhand/linkhand.ini");
 }
 
-// A value with commas comes back as a list; the configuration knows texts alone.
-QString toText(const QVariant& value)
+// What stands behind the key in the file; null if the key is written in another way there.
+QString writtenValue(const QString& strFile, const QString& strSection, const QString& strKey)
 {
-    if (value.type() == QVariant::StringList)
-        return value.toStringList().join(QLatin1String(", "));
-    return value.toString();
+    QFile file(strFile);
+    if (!file.open(QIODevice::ReadOnly))
+        return QString();
+    bool bInside = false;
+    QString strValue;
+    foreach (const QString& strLine, QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'))) {
+        const QString strText = strLine.trimmed();
+        const int iEquals = strText.indexOf(QLatin1Char('='));
+        if (strText.startsWith(QLatin1Char('[')))
+            bInside = strText == QLatin1Char('[') + strSection + QLatin1Char(']');
+        else if (bInside && iEquals > 0 && strText.left(iEquals).trimmed() == strKey)
+            strValue = strText.mid(iEquals + 1).trimmed(); // the last one counts
+    }
+    return strValue;
+}
+
+// A value with commas comes back as a list without the blanks that stood between; the configuration knows texts alone.
+QString toText(const QVariant& value, const QString& strWritten)
+{
+    if (value.type() != QVariant::StringList)
+        return value.toString();
+    const bool bAsWritten = !strWritten.isEmpty() && !strWritten.contains(QLatin1Char('"')) &&
+                            !strWritten.contains(QLatin1Char('\\')) && !strWritten.contains(QLatin1Char(';'));
+    return bAsWritten ? strWritten : value.toStringList().join(QLatin1String(","));
 }
 
 } // namespace
@@ -51,8 +73,11 @@ QString Settings::value(const QString& strSection, const QString& strKey)
     const QString strPath = strSection + QLatin1Char('/') + strKey;
     QSettings settings(userFile(), QSettings::IniFormat);
     settings.setIniCodec("UTF-8");
-    if (settings.contains(strPath))
-        return toText(settings.value(strPath));
+    if (settings.contains(strPath)) {
+        const QVariant value = settings.value(strPath);
+        const bool bList = value.type() == QVariant::StringList;
+        return toText(value, bList ? writtenValue(settings.fileName(), strSection, strKey) : QString());
+    }
     for (const Default& entry : s_defaults) {
         if (strPath == QLatin1String(entry.szKey))
             return QLatin1String(entry.szValue);

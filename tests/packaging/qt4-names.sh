@@ -20,7 +20,7 @@ look()
     fi
 }
 
-rooms=(src/AddrBookUIPlugin src/core src/host src/siblings include/linkhand)
+rooms=(src/AddrBookUIPlugin src/core src/host src/shared src/siblings include/linkhand)
 for room in "${rooms[@]}"; do
     [ -n "$(find "$room" -name '*.h' | head -1)" ] || { echo "no sources in $room"; exit 1; }
 done

@@ -48,7 +48,8 @@ public:
     // Shows a modal box and returns the button that closed it: QMessageBox::Ok for the first button,
     // QMessageBox::Cancel for "IDS_CANCEL" and for a box closed otherwise. Caption and text come translated; the
     // buttons are language ids, "" for one that is not there. bFlag true: the first button is the default, false:
-    // the last. flags are added to the box's window flags. ppDialog, if not null, holds the box while it is open.
+    // the last. flags are added to the box's window flags. ppDialog, if not null, holds the box while there is one
+    // and null afterwards, and has to last as long; the box of a call that came back at once lasts until it is closed.
     // strExtra, if not empty, is shown as the box's informative text. bModal false returns at once, 0.
     static int ShowMessage(QMessageBox::Icon enIcon, QWidget* pParent, QString strCaption, QString strText,
                            QString strButton1, QString strButton2, QString strButton3, bool bFlag,

@@ -31,7 +31,9 @@ public:
     virtual QString Language() = 0;      // code of the current language, such as "en" or "zh_CN"
     virtual QString SettingsFile() = 0;  // the user's INI file; need not exist
 
-    // Asked before a message box opens: the button to answer with, as ShowMessage returns it, or -1 to show the box.
+    // Asked before a message box opens: the button to answer with, as ShowMessage returns it; -1 to show the box;
+    // QMessageBox::NoButton to answer, without showing it, with the button that agrees to nothing: "IDS_CANCEL" where
+    // there is one, else the only button unless the box is a question.
     virtual int MessageAnswer(QMessageBox::Icon enIcon, const QString& strCaption, const QString& strText) = 0;
 
     // Any thread.

@@ -5,9 +5,7 @@
 
 class QWidget;
 
-// Knows whether a window has been painted since this object was made. The first painting also writes one line to the
-// file that the environment variable LINKHAND_TEST_SHOWN names, such as a pipe that somebody waits at to time the
-// start.
+// Knows whether a window has been painted since this object was made.
 class FirstPaint : public QObject
 {
     Q_OBJECT

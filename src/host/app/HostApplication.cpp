@@ -11,6 +11,7 @@
 #include <cstdio>
 #include <sys/stat.h>
 
+#include "app/Companion.h"
 #include "app/FirstPaint.h"
 #include "app/Link.h"
 #include "app/Screenshot.h"
@@ -26,7 +27,6 @@
 #include "messages/Outbox.h"
 #include "settings/DataFolder.h"
 #include "settings/SdkFolders.h"
-#include "test/TestSocket.h"
 #include "text/HostText.h"
 #include "window/KeyboardWitness.h"
 #include "window/MainWindow.h"
@@ -80,7 +80,7 @@ QFont fontFor(const QString& strCode)
 
 } // namespace
 
-int HostApplication::Main(int argc, char** argv)
+int HostApplication::Main(int argc, char** argv, Companion* pCompanion)
 {
     // Help and version work without a display.
     if (CommandLine::WantsText(argumentsOf(argc, argv))) {
@@ -103,11 +103,12 @@ int HostApplication::Main(int argc, char** argv)
     if (!line.strDataDir.isEmpty()) {
         qputenv("LINKHAND_DATA_DIR", QFile::encodeName(line.strDataDir));
     }
-    return HostApplication(line).Run();
+    return HostApplication(line, pCompanion).Run();
 }
 
-HostApplication::HostApplication(const CommandLine& line)
+HostApplication::HostApplication(const CommandLine& line, Companion* pCompanion)
     : m_line(line),
+      m_pCompanion(pCompanion),
       m_services(QCoreApplication::applicationDirPath(), DataFolder::SettingsFile()),
       m_settings(m_services.SettingsFile()),
       m_languages(m_services.LanguagesPath()),
@@ -149,7 +150,12 @@ int HostApplication::Run()
     const KeyboardWitness keyboardWitness;
     UnixSignals unixSignals;
     connect(&unixSignals, SIGNAL(received()), this, SLOT(OnClosing()));
-    TestSocket testSocket;
+    // The log-out of the desktop's session.
+    connect(qApp, SIGNAL(commitDataRequest(QSessionManager&)), this, SLOT(OnClosing()));
+    if (m_pCompanion != nullptr) {
+        m_services.SetAnswers(m_pCompanion->Answers());
+        m_pCompanion->Begin();
+    }
 
     showFrame();
     m_pWatcher->Start();
@@ -183,6 +189,7 @@ void HostApplication::OnLanguageChosen(const QString& strCode)
 void HostApplication::OnClosing()
 {
     m_bClosing = true;
+    m_services.State().SetClosing();
     QApplication::quit();
 }
 
@@ -264,6 +271,9 @@ void HostApplication::showFrame()
     while (!firstPaint.HasCome() && limit.isActive() && !m_bClosing) {
         QApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::WaitForMoreEvents);
     }
+    if (m_pCompanion != nullptr && firstPaint.HasCome()) {
+        m_pCompanion->Painted();
+    }
 }
 
 void HostApplication::fillWindow()
@@ -294,6 +304,10 @@ void HostApplication::applyLanguage(const QString& strCode)
 
 void HostApplication::shutDown()
 {
+    // Whatever the plug-ins still open on their way out comes back at once, unseen: boxes are answered for the user,
+    // and no loop begins any more.
+    m_services.State().SetClosing();
+    QCoreApplication::exit(m_iExitCode);
     if (m_line.strScreenshot.isEmpty()) {
         m_settings.SetGeometry(m_pWindow->saveGeometry());
         m_settings.SetDevicePanelShown(m_pWindow->DevicePanelShown());

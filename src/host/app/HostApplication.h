@@ -11,6 +11,7 @@
 #include "text/LanguageCatalog.h"
 #include "text/Problem.h"
 
+class Companion;
 class DeviceWatcher;
 class Link;
 class MainWindow;
@@ -32,9 +33,10 @@ class HostApplication : public QObject
 public:
     // The whole run of the program; the result is its exit code: 0, 1 for a picture that could not be written, 2 for
     // arguments that make no sense.
-    static int Main(int argc, char** argv);
+    static int Main(int argc, char** argv, Companion* pCompanion = nullptr);
 
-    explicit HostApplication(const CommandLine& line);
+    // The companion, if there is one, outlives the application.
+    explicit HostApplication(const CommandLine& line, Companion* pCompanion = nullptr);
     ~HostApplication() override;
 
     int Run();
@@ -55,6 +57,7 @@ private:
     void shutDown();
 
     CommandLine m_line;
+    Companion* m_pCompanion;
     ProblemList m_problems;
     Services m_services;
     HostSettings m_settings;

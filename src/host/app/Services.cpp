@@ -2,7 +2,6 @@
 
 #include <QCoreApplication>
 #include <QFile>
-#include <QStringList>
 #include <QVariant>
 
 #include "device/Modem.h"
@@ -35,20 +34,6 @@ QString pluginNameOf(const QString& strId)
     return strId;
 }
 
-QList<int> answersFromEnvironment()
-{
-    QList<int> listAnswers;
-    const QString strAnswers = QString::fromLatin1(qgetenv("LINKHAND_MESSAGE_ANSWERS"));
-    foreach (const QString& strAnswer, strAnswers.split(QLatin1Char(','))) {
-        bool bNumber = false;
-        const int iAnswer = strAnswer.trimmed().toInt(&bNumber);
-        if (bNumber) {
-            listAnswers.append(iAnswer);
-        }
-    }
-    return listAnswers;
-}
-
 void publish(HostServices* pServices)
 {
     QVariant address;
@@ -63,11 +48,7 @@ void publish(HostServices* pServices)
 } // namespace
 
 Services::Services(const QString& strRoot, const QString& strSettingsFile)
-    : m_strRoot(strRoot),
-      m_strSettingsFile(strSettingsFile),
-      m_strLanguage(QLatin1String("en")),
-      m_pContainer(nullptr),
-      m_listAnswers(answersFromEnvironment())
+    : m_strRoot(strRoot), m_strSettingsFile(strSettingsFile), m_strLanguage(QLatin1String("en")), m_pContainer(nullptr)
 {
 }
 
@@ -114,6 +95,9 @@ QString Services::LanguagesPath()
 
 int Services::MessageAnswer(QMessageBox::Icon, const QString&, const QString&)
 {
+    if (m_state.IsClosing()) {
+        return QMessageBox::NoButton;
+    }
     return m_listAnswers.isEmpty() ? -1 : m_listAnswers.takeFirst();
 }
 

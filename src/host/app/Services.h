@@ -22,6 +22,7 @@ public:
 
     void SetMainWindow(QWidget* pWindow) { m_pMainWindow = pWindow; }
     void SetContainer(IPluginContainer* pContainer) { m_pContainer = pContainer; }
+    void SetAnswers(const QList<int>& listAnswers) { m_listAnswers = listAnswers; }
     void SetModem(Modem* pModem) { m_pModem = pModem; }
     void SetLanguage(const QString& strLanguage) { m_strLanguage = strLanguage; }
     RunState& State() { return m_state; }
@@ -37,8 +38,8 @@ public:
     QString Language() override { return m_strLanguage; }
     QString SettingsFile() override { return m_strSettingsFile; }
 
-    // Always -1, unless the environment variable LINKHAND_MESSAGE_ANSWERS held button numbers separated by commas at
-    // the start: each box then takes the next one, until none is left.
+    // Boxes are shown, except that the first ones take the answers that were set, and that one which comes while the
+    // program is closing is closed as if nobody had answered.
     int MessageAnswer(QMessageBox::Icon enIcon, const QString& strCaption, const QString& strText) override;
 
     bool IsShuttingDown() override { return m_state.IsShuttingDown(); }

@@ -5,8 +5,8 @@
 
 class QSocketNotifier;
 
-// Turns the first SIGTERM, SIGINT or SIGHUP into a signal on the user-interface thread; a second one kills as usual.
-// One object a process.
+// Turns SIGTERM, SIGINT and SIGHUP into a signal on the user-interface thread, from now to the end of the process. A
+// further one kills only where the first has been without effect for ten seconds. One object a process at a time.
 class UnixSignals : public QObject
 {
     Q_OBJECT

@@ -12,8 +12,20 @@
 
 #include "test/WidgetQueries.h"
 
-TestSocket::TestSocket(QObject* pParent)
-    : QObject(pParent), m_iListener(-1), m_path(qgetenv("LINKHAND_TEST_SOCKET")), m_pListening(nullptr)
+namespace
+{
+
+// Device and inode of a socket's file; zeros for everything else.
+QPair<quint64, quint64> identityOf(const QByteArray& path)
+{
+    struct stat status = {};
+    const bool bSocket = lstat(path.constData(), &status) == 0 && S_ISSOCK(status.st_mode);
+    return bSocket ? qMakePair(quint64(status.st_dev), quint64(status.st_ino)) : qMakePair(quint64(0), quint64(0));
+}
+
+} // namespace
+
+TestSocket::TestSocket(const QByteArray& path) : m_iListener(-1), m_path(path), m_identity(0, 0), m_pListening(nullptr)
 {
     sockaddr_un address = {};
     if (m_path.isEmpty() || m_path.size() >= int(sizeof address.sun_path)) {
@@ -22,9 +34,12 @@ TestSocket::TestSocket(QObject* pParent)
     address.sun_family = AF_UNIX;
     std::memcpy(address.sun_path, m_path.constData(), size_t(m_path.size()));
     m_iListener = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    // The program's umask has made the socket its owner's alone.
-    if (m_iListener < 0 || bind(m_iListener, reinterpret_cast<sockaddr*>(&address), sizeof address) != 0 ||
-        listen(m_iListener, 4) != 0) {
+    if (m_iListener < 0 || bind(m_iListener, reinterpret_cast<sockaddr*>(&address), sizeof address) != 0) {
+        qWarning("cannot listen on %s", m_path.constData());
+        return;
+    }
+    m_identity = identityOf(m_path);
+    if (listen(m_iListener, 4) != 0) {
         qWarning("cannot listen on %s", m_path.constData());
         return;
     }
@@ -41,6 +56,8 @@ TestSocket::~TestSocket()
     delete m_pListening;
     if (m_iListener >= 0) {
         close(m_iListener);
+    }
+    if (m_identity.second != 0 && identityOf(m_path) == m_identity) {
         unlink(m_path.constData());
     }
 }

@@ -55,7 +55,7 @@ bool flag(const QStringList& lstFields, int iAt)
 } // namespace
 
 HostDriver::HostDriver()
-    : m_strProgram(QString::fromLocal8Bit(qgetenv("LINKHAND_BUILD_DIR")) + "/linkhand"),
+    : m_strProgram(QString::fromLocal8Bit(qgetenv("LINKHAND_BUILD_DIR")) + "/linkhand-test"),
       m_environment(QProcessEnvironment::systemEnvironment()),
       m_iSocket(-1)
 {

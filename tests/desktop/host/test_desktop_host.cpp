@@ -29,7 +29,7 @@ public:
     InstalledCopy()
     {
         const QString strBuild = QString::fromLocal8Bit(qgetenv("LINKHAND_BUILD_DIR"));
-        QFile::copy(strBuild + "/linkhand", Program());
+        QFile::copy(strBuild + "/linkhand-test", Program());
         QFile::link(strBuild + "/lib", m_folder.filePath("lib"));
         QFile::link(strBuild + "/languages", m_folder.filePath("languages"));
         QDir().mkpath(m_folder.filePath("plugins"));

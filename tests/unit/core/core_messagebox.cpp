@@ -20,6 +20,8 @@ private slots:
     void cleanup() { m_pHost.reset(); }
 
     void seamAnswersWithoutABox();
+    void anAnswerWithoutAButtonAgreesToNothing_data();
+    void anAnswerWithoutAButtonAgreesToNothing();
     void firstButtonIsOk();
     void cancelButtonIsCancel();
     void closedOrEscapedIsCancel_data();
@@ -70,15 +72,57 @@ private:
 
 void CoreMessageBox::seamAnswersWithoutABox()
 {
-    for (const int iAnswer : {int(QMessageBox::Ok), int(QMessageBox::Cancel), 0}) {
+    for (const int iAnswer : {int(QMessageBox::Ok), int(QMessageBox::Cancel)}) {
         m_pHost->iMessageAnswer = iAnswer;
         QCOMPARE(CommonUtils::ShowMessage(QMessageBox::Critical, nullptr, "caption", "text", "IDS_OK", "", "", true,
                                           Qt::WindowCloseButtonHint, nullptr, "", true),
                  iAnswer);
     }
     QCOMPARE(m_pHost->lstMessages, QStringList() << "caption: text"
-                                                 << "caption: text"
                                                  << "caption: text");
+}
+
+void CoreMessageBox::anAnswerWithoutAButtonAgreesToNothing_data()
+{
+    QTest::addColumn<int>("icon");
+    QTest::addColumn<QStringList>("buttons");
+    QTest::addColumn<int>("answer");
+    const QString none;
+    QTest::newRow("notice") << int(QMessageBox::Critical) << (QStringList() << "IDS_OK" << none << none) << 1024;
+    QTest::newRow("no button named") << int(QMessageBox::Information) << (QStringList() << none << none << none)
+                                     << 1024;
+    QTest::newRow("question") << int(QMessageBox::Question)
+                              << (QStringList() << "IDS_OK"
+                                                << "IDS_CANCEL" << none)
+                              << 4194304;
+    QTest::newRow("notice with a way out") << int(QMessageBox::Critical)
+                                           << (QStringList() << "IDS_OK"
+                                                             << "IDS_CANCEL" << none)
+                                           << 4194304;
+    QTest::newRow("question with one button")
+        << int(QMessageBox::Question) << (QStringList() << "IDS_OK" << none << none) << 4194304;
+    QTest::newRow("only way out") << int(QMessageBox::Critical) << (QStringList() << "IDS_CANCEL" << none << none)
+                                  << 4194304;
+    QTest::newRow("several ways") << int(QMessageBox::Critical)
+                                  << (QStringList() << "IDS_OK"
+                                                    << "IDS_NO" << none)
+                                  << 4194304;
+}
+
+void CoreMessageBox::anAnswerWithoutAButtonAgreesToNothing()
+{
+    QFETCH(int, icon);
+    QFETCH(QStringList, buttons);
+    QFETCH(int, answer);
+    m_pHost->iMessageAnswer = QMessageBox::NoButton;
+    const auto show = [&](bool bModal) {
+        return CommonUtils::ShowMessage(QMessageBox::Icon(icon), nullptr, "caption", "text", buttons.at(0),
+                                        buttons.at(1), buttons.at(2), true, Qt::WindowCloseButtonHint, nullptr, "",
+                                        bModal);
+    };
+    QCOMPARE(show(true), answer);
+    QCOMPARE(show(false), 0);
+    QVERIFY2(QApplication::topLevelWidgets().isEmpty(), "nothing is shown");
 }
 
 void CoreMessageBox::firstButtonIsOk()
@@ -194,6 +238,7 @@ void CoreMessageBox::withoutModalityItReturnsAtOnce()
     QCOMPARE(pBox->informativeText(), QString("more"));
     pBox->close();
     QTRY_VERIFY(pBox.isNull());
+    QVERIFY2(pDialog == nullptr, "the pointer does not outlive its box");
 }
 
 void CoreMessageBox::withoutHostItStillShows()

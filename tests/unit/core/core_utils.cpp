@@ -18,7 +18,8 @@ private slots:
 
     void settingsOfTheUserComeBeforeDefaults();
     void settingsWithoutHostComeFromXdgFolder();
-    void settingsWithCommasAndUmlauts();
+    void settingsComeAsTheyWereWritten_data();
+    void settingsComeAsTheyWereWritten();
     void damagedSettingsFileGivesDefaults();
     void withoutHostDefaultsHold();
     void hostIsAskedAnew();
@@ -75,11 +76,28 @@ void CoreUtils::settingsWithoutHostComeFromXdgFolder()
     QVERIFY(QFile::remove(qEnvironmentVariable("XDG_CONFIG_HOME") + QLatin1String("/linkhand/linkhand.ini")));
 }
 
-void CoreUtils::settingsWithCommasAndUmlauts()
+void CoreUtils::settingsComeAsTheyWereWritten_data()
 {
-    m_pHost->strSettingsFile = m_folder.filePath(QLatin1String("text.ini"));
-    write(m_pHost->strSettingsFile, "[customize]\nsimtype=SIM, Gerät\n");
-    QCOMPARE(setting("customize", "simtype"), QString::fromUtf8("SIM, Gerät"));
+    QTest::addColumn<QByteArray>("line");
+    QTest::addColumn<QString>("value");
+    QTest::newRow("umlaut") << QByteArray("simtype=Gerät") << QString::fromUtf8("Gerät");
+    QTest::newRow("comma and blank") << QByteArray("simtype=SIM, Gerät") << QString::fromUtf8("SIM, Gerät");
+    QTest::newRow("comma") << QByteArray("simtype=a,b") << "a,b";
+    QTest::newRow("commas") << QByteArray("simtype=a,,b ,c") << "a,,b ,c";
+    QTest::newRow("blanks at the sign") << QByteArray("simtype = a,b ") << "a,b";
+    QTest::newRow("quoted") << QByteArray("simtype=\"a, b\"") << "a, b";
+    QTest::newRow("quoted parts") << QByteArray("simtype=\"a\",\"b\"") << "a,b";
+    QTest::newRow("written twice") << QByteArray("simtype=a, b\nsimtype=c,d") << "c,d";
+    QTest::newRow("in another section too") << QByteArray("simtype=a,b\n[other]\nsimtype=c, d") << "a,b";
+}
+
+void CoreUtils::settingsComeAsTheyWereWritten()
+{
+    QFETCH(QByteArray, line);
+    QFETCH(QString, value);
+    m_pHost->strSettingsFile = m_folder.filePath(QString::fromLatin1(QTest::currentDataTag()) + ".ini");
+    write(m_pHost->strSettingsFile, "[customize]\n" + line + "\n");
+    QCOMPARE(setting("customize", "simtype"), value);
 }
 
 void CoreUtils::damagedSettingsFileGivesDefaults()

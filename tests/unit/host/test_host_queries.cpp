@@ -12,6 +12,7 @@
 #include <unistd.h>
 
 #include "app/FirstPaint.h"
+#include "test/TestCompanion.h"
 #include "test/TestSocket.h"
 #include "test/WidgetQueries.h"
 
@@ -33,8 +34,11 @@ private slots:
     void specialCharactersAreEscaped();
     void unknownQueriesAndAddresses();
     void theSocketAnswersLineByLine();
-    void withoutTheVariableThereIsNoSocket();
-    void theFirstPaintingOfAWindowLeavesAMark();
+    void withoutAPathThereIsNoSocket();
+    void aFileThatTheSocketDidNotMakeStays();
+    void boxesAreAnsweredFromTheEnvironment();
+    void theFirstPaintingOfAWindowIsSeen();
+    void theFirstPaintingLeavesAMark();
 
 private:
     static QStringList ask(const QString& strQuery)
@@ -178,9 +182,7 @@ void TestHostQueries::theSocketAnswersLineByLine()
 {
     const QTemporaryDir folder;
     const QByteArray path = QFile::encodeName(folder.filePath("test.sock"));
-    qputenv("LINKHAND_TEST_SOCKET", path);
-    const TestSocket server;
-    qunsetenv("LINKHAND_TEST_SOCKET");
+    const TestSocket server(path);
     sockaddr_un address = {};
     address.sun_family = AF_UNIX;
     qstrncpy(address.sun_path, path.constData(), sizeof address.sun_path);
@@ -202,28 +204,70 @@ void TestHostQueries::theSocketAnswersLineByLine()
     close(iSocket);
 }
 
-void TestHostQueries::withoutTheVariableThereIsNoSocket()
+void TestHostQueries::withoutAPathThereIsNoSocket()
 {
-    const TestSocket server;
+    const TestSocket server{QByteArray()};
     QVERIFY(server.children().isEmpty());
 }
 
-void TestHostQueries::theFirstPaintingOfAWindowLeavesAMark()
+void TestHostQueries::aFileThatTheSocketDidNotMakeStays()
 {
     const QTemporaryDir folder;
-    const QString strFile = folder.filePath("shown");
-    qputenv("LINKHAND_TEST_SHOWN", QFile::encodeName(strFile));
+    const QString strTaken = folder.filePath("taken");
+    QFile file(strTaken);
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.write("mine") == 4);
+    file.close();
+    {
+        QTest::ignoreMessage(QtWarningMsg, qPrintable("cannot listen on " + strTaken));
+        const TestSocket server(QFile::encodeName(strTaken));
+    }
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(file.readAll(), QByteArray("mine"));
+    const QString strOwn = folder.filePath("own");
+    {
+        const TestSocket server(QFile::encodeName(strOwn));
+        QVERIFY(QFileInfo(strOwn).exists());
+    }
+    QVERIFY2(!QFileInfo(strOwn).exists(), "it takes its own away");
+    {
+        const TestSocket server(QFile::encodeName(strOwn));
+        QVERIFY(QFile::remove(strOwn));
+        QVERIFY(QFile::copy(strTaken, strOwn));
+    }
+    QVERIFY2(QFileInfo(strOwn).isFile(), "somebody else's has come in its place");
+}
+
+void TestHostQueries::boxesAreAnsweredFromTheEnvironment()
+{
+    TestCompanion companion;
+    QVERIFY(companion.Answers().isEmpty());
+    qputenv("LINKHAND_MESSAGE_ANSWERS", "1024, 4194304,x");
+    const QList<int> listAnswers = companion.Answers();
+    qunsetenv("LINKHAND_MESSAGE_ANSWERS");
+    QCOMPARE(listAnswers, QList<int>() << 1024 << 4194304);
+}
+
+void TestHostQueries::theFirstPaintingOfAWindowIsSeen()
+{
     QWidget window;
     const FirstPaint firstPaint(&window);
-    QVERIFY(!QFile::exists(strFile));
     QVERIFY(!firstPaint.HasCome());
     window.show();
     QTRY_VERIFY(firstPaint.HasCome());
-    QVERIFY(QFile::exists(strFile));
-    QVERIFY(QFile::remove(strFile));
-    window.repaint();
+}
+
+void TestHostQueries::theFirstPaintingLeavesAMark()
+{
+    const QTemporaryDir folder;
+    const QString strFile = folder.filePath("shown");
+    TestCompanion companion;
+    companion.Painted();
+    qputenv("LINKHAND_TEST_SHOWN", QFile::encodeName(strFile));
+    companion.Painted();
     qunsetenv("LINKHAND_TEST_SHOWN");
-    QVERIFY(!QFile::exists(strFile));
+    QFile file(strFile);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(file.readAll(), QByteArray("shown\n"));
 }
 
 QTEST_MAIN(TestHostQueries)

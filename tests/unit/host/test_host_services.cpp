@@ -42,7 +42,7 @@ private slots:
     void installedCountsAsAvailableAlsoWhenNotLoaded();
     void theContainerIsTheHosts();
     void workersAndTheEndAreSeenThroughTheLibrary();
-    void messageBoxesCanBeAnsweredFromTheEnvironment();
+    void theFirstBoxesTakeTheAnswersThatWereSet();
     void withoutTheVariableBoxesAreShown();
 
 private:
@@ -119,11 +119,10 @@ void TestHostServices::workersAndTheEndAreSeenThroughTheLibrary()
     QVERIFY(CommonUtils::IsShuttingDown());
 }
 
-void TestHostServices::messageBoxesCanBeAnsweredFromTheEnvironment()
+void TestHostServices::theFirstBoxesTakeTheAnswersThatWereSet()
 {
-    qputenv("LINKHAND_MESSAGE_ANSWERS", "1024, 4194304,x");
     Services services(m_pFolder->Path(), QString());
-    qunsetenv("LINKHAND_MESSAGE_ANSWERS");
+    services.SetAnswers(QList<int>() << 1024 << 4194304);
     QCOMPARE(services.MessageAnswer(QMessageBox::Question, "c", "t"), 1024);
     QCOMPARE(services.MessageAnswer(QMessageBox::Question, "c", "t"), 4194304);
     QCOMPARE(services.MessageAnswer(QMessageBox::Question, "c", "t"), -1);

@@ -231,9 +231,8 @@ void TestHostWindow::deletingAMessageAsksFirst()
     QVERIFY(m_pOutbox->Add(message));
     build(QStringList());
     m_pWindow->ShowPage("Messages");
-    qputenv("LINKHAND_MESSAGE_ANSWERS", "4194304,1024");
     Services answers(m_pFolder->Path(), QString());
-    qunsetenv("LINKHAND_MESSAGE_ANSWERS");
+    answers.SetAnswers(QList<int>() << QMessageBox::Cancel << QMessageBox::Ok);
     answers.Publish();
     QPushButton* pDelete = find<QPushButton>("linkhand_Messages_delete");
     QTest::mouseClick(pDelete, Qt::LeftButton);

@@ -333,9 +333,8 @@ void TestSiblings::withoutAPhonebookItsButtonsAreOff()
 void TestSiblings::anOutboxThatCannotBeWrittenKeepsTheEditorOpen()
 {
     load(true);
-    qputenv("LINKHAND_MESSAGE_ANSWERS", "1024");
     Services answers(m_pFolder->Path(), QString());
-    qunsetenv("LINKHAND_MESSAGE_ANSWERS");
+    answers.SetAnswers(QList<int>() << QMessageBox::Ok);
     service<ISMSUIService>(LINKHAND_SMS_ID, LINKHAND_SMS_KIND)->SendMessage("123", "Hello", nullptr);
     // A folder in the way of the file that is written first.
     QVERIFY(QDir(m_pFolder->Path()).mkdir("outbox.xml.new"));
@@ -443,9 +442,8 @@ void TestSiblings::aCallThatCannotStartIsSaid()
     m_pWindow->ShowPage(LINKHAND_VOICECALL_NAME);
     QWidget* pPage = m_pWindow->Page(LINKHAND_VOICECALL_NAME);
     QTest::keyClicks(in<QLineEdit>(pPage, "VoiceCallPlugin_lineeditNumber"), "123");
-    qputenv("LINKHAND_MESSAGE_ANSWERS", "1024");
     Services answers(m_pFolder->Path(), QString());
-    qunsetenv("LINKHAND_MESSAGE_ANSWERS");
+    answers.SetAnswers(QList<int>() << QMessageBox::Ok);
     answers.Publish();
     QTest::mouseClick(in<QPushButton>(pPage, "VoiceCallPlugin_buttonCall"), Qt::LeftButton);
     m_pServices->Publish();
