@@ -192,7 +192,11 @@ echo "Taking a copy of the sources"
 take_copy
 configure
 restored=
-trap '[ -z "$restored" ] || cp "$root/$restored" "$root/$copy/$restored"' EXIT
+restore() {
+    [ -z "$restored" ] || cp "$root/$log.whole" "$root/$copy/$restored"
+    restored=
+}
+trap restore EXIT
 
 targets=()
 for regex in $(printf '%s\n' "${tests[@]}" | sort -u); do
@@ -212,7 +216,10 @@ survivors=()
 wrong=()
 for i in "${!files[@]}"; do
     what="${files[i]}: ${olds[i]} -> ${news[i]}"
-    restored=${files[i]}
+    if [ -f "$copy/${files[i]}" ]; then
+        cp "$copy/${files[i]}" "$log.whole"
+        restored=${files[i]}
+    fi
     if ! apply "$copy" "$i"; then
         echo "does not apply: ${places[i]}: $what"
         wrong+=("$what")
@@ -229,8 +236,7 @@ for i in "${!files[@]}"; do
             killed=$((killed + 1))
         fi
     fi
-    cp "$root/$restored" "$copy/$restored"
-    restored=
+    restore
 done
 
 echo
