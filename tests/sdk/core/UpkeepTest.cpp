@@ -5,9 +5,9 @@
 
 #include "Phonebook.h"
 #include "RawStore.h"
+#include "base/DataFolder.h"
 #include "devices/HardwareState.h"
 #include "orva/orva_store.h"
-#include "store/Files.h"
 #include "store/Schema.h"
 
 using namespace phonebook;
@@ -135,16 +135,17 @@ TEST(rightsOfTheGroupAloneAreTakenOffAStore)
 
 TEST(aDataHomeThatIsNoAbsolutePathCountsAsNone)
 {
+    CHECK_EQ(ORVA_Sim_Reset(nullptr), ORVA_OK);
     const char* const own = std::getenv("LINKHAND_DATA_DIR");
     const std::string before = own != nullptr ? own : "";
     ::unsetenv("LINKHAND_DATA_DIR");
     ::setenv("HOME", "/home/of/nobody", 1);
     ::setenv("XDG_DATA_HOME", "relative/path", 1);
-    CHECK_EQ(orva::defaultDataFolder(), "/home/of/nobody/.local/share/linkhand");
+    CHECK_EQ(orva::dataFolder(), "/home/of/nobody/.local/share/linkhand");
     ::setenv("XDG_DATA_HOME", "", 1);
-    CHECK_EQ(orva::defaultDataFolder(), "/home/of/nobody/.local/share/linkhand");
+    CHECK_EQ(orva::dataFolder(), "/home/of/nobody/.local/share/linkhand");
     ::setenv("XDG_DATA_HOME", "/data", 1);
-    CHECK_EQ(orva::defaultDataFolder(), "/data/linkhand");
+    CHECK_EQ(orva::dataFolder(), "/data/linkhand");
     ::unsetenv("XDG_DATA_HOME");
     ::setenv("LINKHAND_DATA_DIR", before.c_str(), 1);
 }

@@ -1,0 +1,253 @@
+#include <QAction>
+#include <QComboBox>
+#include <QLabel>
+#include <QMenu>
+#include <QTimer>
+#include <QToolButton>
+#include <QtTest>
+
+#include "StandInFolder.h"
+#include "app/Services.h"
+#include "device/DeviceWatcher.h"
+#include "device/Outbox.h"
+#include "device/SimulatedHardware.h"
+#include "loader/PluginContainer.h"
+#include "loader/PluginLifecycle.h"
+#include "loader/PluginLoader.h"
+#include "orva/orva_sdk.h"
+#include "orva/orva_sim.h"
+#include "window/MainWindow.h"
+#include "window/StatusArea.h"
+#include "window/StyleSheet.h"
+#include "window/WelcomeNote.h"
+
+// The parts around the pages: side bar, device panel, status area, welcome.
+class TestHostPages : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+    void eachPluginHasOneButtonWithItsKey();
+    void aNewTextKeepsTheKeyOfAPage();
+    void oneLanguageIsNoChoice();
+    void thePanelKeepsItsChoicesWhenTheLanguageChanges();
+    void theOtherSystemModeHasTheOtherCard();
+    void withoutADeviceThereIsNeitherCardNorNetwork();
+    void aPastNoticeKeepsItsOwnDirectionAndItsAmpersand();
+    void aPhonebookThatCannotBeReadIsNotCalledEmpty();
+    void columnsEndWhereTheTextEnds();
+
+private:
+    void build(const QStringList& lstNames);
+    template <class Widget>
+    Widget* find(const char* pszName)
+    {
+        return m_pWindow->findChild<Widget*>(QLatin1String(pszName));
+    }
+
+    QScopedPointer<StandInFolder> m_pFolder;
+    QScopedPointer<Services> m_pServices;
+    QScopedPointer<Outbox> m_pOutbox;
+    QScopedPointer<DeviceWatcher> m_pWatcher;
+    QScopedPointer<PluginContainer> m_pContainer;
+    QScopedPointer<MainWindow> m_pWindow;
+};
+
+void TestHostPages::init()
+{
+    SimulatedHardware::SetDevice(true);
+    SimulatedHardware::SetCard(true);
+    SimulatedHardware::SetPinStatus(1);
+    SimulatedHardware::SetProductType(0);
+    SimulatedHardware::SetCardType(1);
+    ORVA_Sim_WaitEvents();
+    m_pFolder.reset(new StandInFolder);
+    QVERIFY(QFile::link(QString::fromLocal8Bit(qgetenv("LINKHAND_BUILD_DIR")) + "/languages",
+                        m_pFolder->Path() + "/languages"));
+    m_pServices.reset(new Services(m_pFolder->Path(), m_pFolder->Path() + "/s.ini"));
+    m_pServices->Publish();
+    m_pOutbox.reset(new Outbox(m_pFolder->Path() + "/outbox.xml"));
+    m_pWatcher.reset(new DeviceWatcher);
+    m_pContainer.reset(new PluginContainer);
+    m_pServices->SetContainer(m_pContainer.data());
+    m_pWindow.reset(new MainWindow(*m_pContainer, *m_pOutbox, *m_pWatcher));
+    m_pServices->SetMainWindow(m_pWindow.data());
+    m_pWatcher->Start();
+}
+
+void TestHostPages::cleanup()
+{
+    QApplication::setLayoutDirection(Qt::LeftToRight);
+    m_pWindow.reset();
+    m_pContainer.reset();
+    m_pWatcher.reset();
+    m_pServices->Withdraw();
+    StandInFolder::TakeCalls();
+}
+
+void TestHostPages::build(const QStringList& lstNames)
+{
+    foreach (const QString& strName, lstNames) {
+        m_pFolder->Add(strName);
+    }
+    ProblemList problems;
+    PluginLoader(m_pFolder->Path()).LoadAll(*m_pContainer, problems);
+    PluginLifecycle(*m_pContainer, *m_pServices).InitAll(problems);
+    QVERIFY(problems.isEmpty());
+    m_pWindow->BuildPages();
+    m_pWindow->Retranslate();
+    m_pWindow->show();
+}
+
+void TestHostPages::eachPluginHasOneButtonWithItsKey()
+{
+    build(QStringList() << "AddrBookStandIn"
+                        << "StandInPlugin");
+    QStringList lstKeys;
+    foreach (const QAbstractButton* pButton, m_pWindow->findChildren<QAbstractButton*>()) {
+        if (!pButton->shortcut().isEmpty() && pButton->objectName().startsWith("linkhand_NavBar_")) {
+            lstKeys << pButton->shortcut().toString() + pButton->objectName().mid(15);
+        }
+    }
+    lstKeys.sort();
+    QCOMPARE(lstKeys, QStringList() << "Alt+1_AddrBookUIPlugin"
+                                    << "Alt+2_Messages"
+                                    << "Alt+3_StandInPlugin");
+}
+
+void TestHostPages::aNewTextKeepsTheKeyOfAPage()
+{
+    build(QStringList());
+    QAbstractButton* pMessages = find<QAbstractButton>("linkhand_NavBar_Messages");
+    m_pWindow->Retranslate();
+    QCOMPARE(pMessages->shortcut(), QKeySequence("Alt+2"));
+    QVERIFY(pMessages->toolTip().endsWith("(Alt+2)"));
+    QApplication::setActiveWindow(m_pWindow.data());
+    QVERIFY(QTest::qWaitForWindowActive(m_pWindow.data()));
+    m_pWindow->ShowPage("AddrBookUIPlugin");
+    QVERIFY(!pMessages->isChecked());
+    QTest::keyClick(m_pWindow.data(), Qt::Key_2, Qt::AltModifier);
+    QTRY_VERIFY(pMessages->isChecked());
+}
+
+void TestHostPages::oneLanguageIsNoChoice()
+{
+    build(QStringList());
+    LanguageEntry english;
+    english.strCode = "en";
+    english.strName = "English";
+    LanguageEntry german;
+    german.strCode = "de";
+    german.strName = "Deutsch";
+    QWidget* pButton = find<QWidget>("linkhand_NavBar_language");
+    m_pWindow->SetLanguages(QList<LanguageEntry>() << english, "en");
+    QVERIFY(!pButton->isVisible());
+    m_pWindow->SetLanguages(QList<LanguageEntry>() << english << german, "en");
+    QVERIFY(pButton->isVisible());
+}
+
+void TestHostPages::thePanelKeepsItsChoicesWhenTheLanguageChanges()
+{
+    build(QStringList());
+    QComboBox* pSpeed = find<QComboBox>("linkhand_DevicePanel_speed");
+    pSpeed->setCurrentIndex(2);
+    m_pWindow->Retranslate();
+    QCOMPARE(pSpeed->currentIndex(), 2);
+    QCOMPARE(pSpeed->count(), 3);
+    // The status of a card that is out is nobody's, so that what was chosen last stays.
+    QComboBox* pPin = find<QComboBox>("linkhand_DevicePanel_pin");
+    SimulatedHardware::SetPinStatus(3);
+    QTRY_COMPARE(pPin->currentIndex(), 3);
+    SimulatedHardware::SetCard(false);
+    QTRY_VERIFY(!pPin->isEnabled());
+    m_pWindow->Retranslate();
+    QCOMPARE(pPin->currentIndex(), 3);
+}
+
+void TestHostPages::theOtherSystemModeHasTheOtherCard()
+{
+    build(QStringList());
+    QComboBox* pMode = find<QComboBox>("linkhand_DevicePanel_mode");
+    pMode->setCurrentIndex(1);
+    emit pMode->activated(1);
+    int iType = 0;
+    QCOMPARE(ORVA_DevSrv_GetProductType(&iType), long(ORVA_OK));
+    QCOMPARE(iType, 1);
+    QCOMPARE(ORVA_DevSrv_GetSimType(&iType), long(ORVA_OK));
+    QCOMPARE(iType, 3);
+    emit pMode->activated(0);
+    QCOMPARE(ORVA_DevSrv_GetProductType(&iType), long(ORVA_OK));
+    QCOMPARE(iType, 2);
+    QCOMPARE(ORVA_DevSrv_GetSimType(&iType), long(ORVA_OK));
+    QCOMPARE(iType, 1);
+}
+
+void TestHostPages::withoutADeviceThereIsNeitherCardNorNetwork()
+{
+    build(QStringList());
+    QLabel* pCard = find<QLabel>("linkhand_StatusArea_card");
+    QLabel* pNetwork = find<QLabel>("linkhand_StatusArea_network");
+    QTRY_VERIFY(pCard->isVisible() && pNetwork->isVisible());
+    SimulatedHardware::SetDevice(false);
+    QTRY_VERIFY(!pCard->isVisible());
+    QVERIFY(!pNetwork->isVisible());
+    SimulatedHardware::SetDevice(true);
+    QTRY_VERIFY(pCard->isVisible());
+    QVERIFY(pNetwork->isVisible());
+}
+
+void TestHostPages::aPastNoticeKeepsItsOwnDirectionAndItsAmpersand()
+{
+    build(QStringList());
+    m_pWindow->Status().ShowNotice("Contact added: +49170 & more");
+    QStringList lstEntries;
+    QTimer looker;
+    connect(&looker, &QTimer::timeout, this, [&]() {
+        QMenu* pMenu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        if (pMenu == nullptr) {
+            return;
+        }
+        foreach (const QAction* pAction, pMenu->actions()) {
+            lstEntries << pAction->text();
+        }
+        pMenu->close();
+    });
+    looker.start(5);
+    QTest::mouseClick(find<QToolButton>("linkhand_StatusArea_notice"), Qt::LeftButton);
+    looker.stop();
+    QCOMPARE(lstEntries.size(), 1);
+    // Behind the time and its two blanks.
+    QCOMPARE(lstEntries.first().mid(8), QString("  ") + QChar(0x2068) + "Contact added: +49170 && more");
+}
+
+void TestHostPages::aPhonebookThatCannotBeReadIsNotCalledEmpty()
+{
+    build(QStringList("AddrBookStandIn"));
+    m_pWindow->ShowPage("AddrBookUIPlugin");
+    QWidget* pNote = find<QWidget>("linkhand_WelcomeNote");
+    m_pWindow->Welcome().SetDismissed(false);
+    QVERIFY(pNote->isVisible());
+    // A folder where the store's file should be.
+    QTemporaryDir folder;
+    QVERIFY(QDir(folder.path()).mkpath("local.db"));
+    QCOMPARE(ORVA_Sim_Reset(QFile::encodeName(folder.path()).constData()), long(ORVA_OK));
+    int iSize = 0;
+    QVERIFY(ORVA_PBSrv_GetSize(ORVA_MEMORY_LOCAL, &iSize) != ORVA_OK);
+    QTRY_VERIFY(!pNote->isVisible());
+    QCOMPARE(ORVA_Sim_Reset(nullptr), long(ORVA_OK));
+}
+
+void TestHostPages::columnsEndWhereTheTextEnds()
+{
+    const QPalette palette(QColor(240, 240, 240));
+    QVERIFY(StyleSheet::Build(palette, QFont()).contains("border-right: 1px"));
+    QVERIFY(!StyleSheet::Build(palette, QFont()).contains("border-left"));
+    QApplication::setLayoutDirection(Qt::RightToLeft);
+    QVERIFY(StyleSheet::Build(palette, QFont()).contains("border-left: 1px"));
+    QVERIFY(!StyleSheet::Build(palette, QFont()).contains("border-right"));
+}
+
+QTEST_MAIN(TestHostPages)
+#include "test_host_pages.moc"
