@@ -94,6 +94,14 @@ Answer service(State&, size_t, const Command& command)
     return command.form == Command::Test ? Answer("+CUSD: (0-2)") : Answer();
 }
 
+// Set by clients, told by nobody's clock.
+Answer clock(State& state, size_t, const Command& command)
+{
+    if (command.form == Command::Set)
+        state.clock = command.field(0).text;
+    return command.form == Command::Read ? Answer("+CCLK: \"" + state.clock + '"') : Answer();
+}
+
 } // namespace
 
 const Handlers& networkHandlers()
@@ -101,7 +109,7 @@ const Handlers& networkHandlers()
     static const Handlers all = {
         {"+CREG", registration},   {"+CGREG", registration}, {"+CEREG", registration}, {"+COPS", operatorName},
         {"+CSQ", signal},          {"+CFUN", functionality}, {"+CGDCONT", contexts},   {"+CGATT", attached},
-        {"+CGEREP", packetEvents}, {"+CPOL", preferred},     {"+CUSD", service},
+        {"+CGEREP", packetEvents}, {"+CPOL", preferred},     {"+CUSD", service},       {"+CCLK", clock},
     };
     return all;
 }

@@ -81,6 +81,7 @@ public:
     std::unique_ptr<Call> call;
     std::string callOutcome = "answer";
     std::vector<std::string> dialled;
+    std::string clock = "26/11/22,10:00:00+04";
     std::map<std::string, PlannedFault> faults;
 
     // The error that stands between a command and the card, 0 if there is none.
