@@ -321,11 +321,17 @@ public slots:
     void OnTreeDoubleClicked(QTreeWidgetItem* pItem);
     void OnEditorClosed(QWidget* pwidgetEditor);
 
+private slots:
+    void OnGroupNameRefused(const QString& strTextId);
+
 private:
     bool saveNewGroup(QString& strText, QTreeWidgetItem* pItem);
     bool saveRenamedGroup(QString& strText, QTreeWidgetItem* pItem);
     void refuseGroupName(QTreeWidgetItem* pItem, int iResult);
     void undoGroupEdit(QTreeWidgetItem* pItem, bool bFitTree);
+    bool isUnderEdit(const QTreeWidgetItem* pItem) const;
+    void endGroupEdit();
+    void tellGroupName(const char* pTextId);
     void forgetTreeItem(const QTreeWidgetItem* pItem);
     void freeNodeData(const QTreeWidgetItem* pItem);
     bool isInTree(const QTreeWidgetItem* pItem) const;
@@ -524,6 +530,7 @@ private:
     int m_iNewGroupParentId = 0;
     QTreeWidgetItem* m_pitemGroupParent = nullptr;
     QTreeWidgetItem* m_pitemEditedGroup = nullptr;
+    bool m_bEndingGroupEdit = false; // boxes about the name wait until whatever ended the editor is through
 
     // Menus.
     MENU::QBuildMenu* m_pBuildMenu = nullptr;
