@@ -97,8 +97,7 @@ void AddrBookDlg::stopReader()
     if (m_pthreadRead == nullptr)
         return;
     m_pthreadRead->DisconnectSignals();
-    m_pthreadRead->StopOperation();
-    m_pthreadRead->wait();
+    m_pthreadRead->EndOperation();
     delete m_pthreadRead;
     m_pthreadRead = nullptr;
 }
@@ -106,12 +105,9 @@ void AddrBookDlg::stopReader()
 void AddrBookDlg::stopBatch()
 {
     m_threadWorker.DisconnectSignals();
-    m_threadWorker.StopOperation();
-    // The worker may be waiting for the slot of a result that will not run any more, or be about to.
-    while (m_threadWorker.isRunning()) {
-        m_threadWorker.SetSlotExecutionStatus();
-        m_threadWorker.wait(1);
-    }
+    m_batch.stop();
+    m_batch.setTold();
+    m_batch.finish();
 }
 
 QString AddrBookDlg::tr(const QString& strId) const

@@ -15,6 +15,7 @@
 #include "linkhand/plugin/IDeviceMgr.h"
 #include "linkhand/plugin/IPluginContainer.h"
 #include "logic/AddrBookTypes.h"
+#include "window/AddrBookBatch.h"
 #include "window/TableSearch.h"
 #include "worker/AddrBookThread.h"
 
@@ -293,9 +294,11 @@ private:
     void showChangedContact(_ORVA_EN_PHONEBOOK_MEMORY enMemory, const AddrBookRecord& record);
     bool passesSearch(const AddrBookRecord& record) const;
     bool capacityCache(_ORVA_EN_PHONEBOOK_MEMORY enType, int*& piUsed, int*& piTotal);
-    void releaseOrphanedBatch();
-    bool retireBatch();
-    bool makeRoomForBatch();
+    QList<int> selectedRows() const;
+    bool makeRoomForBatch(_ORVA_EN_PHONEBOOK_MEMORY enMemory);
+    void startBatch(const AddrBookBatch::Order& order);
+    void showBatchCounts();
+    void showBatchMessage(const QString& strText);
 
     // ---- Groups (AddrBookDlgGroups.cpp) ----------------------------------------------------------------------------
 public:
@@ -318,11 +321,17 @@ public slots:
     void OnTreeDoubleClicked(QTreeWidgetItem* pItem);
     void OnEditorClosed(QWidget* pwidgetEditor);
 
+private slots:
+    void OnGroupNameRefused(const QString& strTextId);
+
 private:
     bool saveNewGroup(QString& strText, QTreeWidgetItem* pItem);
     bool saveRenamedGroup(QString& strText, QTreeWidgetItem* pItem);
     void refuseGroupName(QTreeWidgetItem* pItem, int iResult);
     void undoGroupEdit(QTreeWidgetItem* pItem, bool bFitTree);
+    bool isUnderEdit(const QTreeWidgetItem* pItem) const;
+    void endGroupEdit();
+    void tellGroupName(const char* pTextId);
     void forgetTreeItem(const QTreeWidgetItem* pItem);
     void freeNodeData(const QTreeWidgetItem* pItem);
     bool isInTree(const QTreeWidgetItem* pItem) const;
@@ -356,7 +365,12 @@ public slots:
 private:
     void finishDrop();
     void showProgressBar(int iSteps);
-    void stopAtFullMemory();
+    bool stopAtFullMemory();
+    void showCopyEnd(_ADDRBOOK_OPERATION_TYPE enOperation, _ORVA_EN_PHONEBOOK_MEMORY enSource,
+                     _ORVA_EN_PHONEBOOK_MEMORY enTarget, int iTotal, int iSuccess);
+    AddrBookWaitingDlg* openWaitingDialog(const char* pTextId, int iSteps);
+    AddrBookWaitingDlg* showReading(const char* pTextId, int iSteps);
+    void dropWaitingDialog();
 
     // ---- Files and contact applications (AddrBookDlgFiles.cpp) -----------------------------------------------------
 public:
@@ -378,7 +392,17 @@ public slots:
 private:
     bool askFieldMap(const QString& strSource, _ORVA_EN_PHONEBOOK_MEMORY enMemory, const QList<QString>& lstTitles,
                      QList<int>& lstFieldMap);
-    void showImportStart();
+    // What an export takes: settled when the user asks for it, not when the file has been chosen.
+    struct ExportChoice {
+        _ADDRBOOK_OPERATION_TYPE enOperation = ADDRBOOK_OP_NONE;
+        _ORVA_EN_PHONEBOOK_MEMORY enMemory = PB_MEM_LOCAL;
+        int iGroupId = 0;
+        QList<int> lstIds;
+        QPointer<QObject> pTable;
+    };
+    ExportChoice exportChoice(_ADDRBOOK_OPERATION_TYPE enOperation) const;
+    ExportChoice stillExported(const ExportChoice& choice) const;
+    bool exportTo(const QString& strFile, const ExportChoice& choice);
     void finishReading(int iResult, _ORVA_EN_PHONEBOOK_MEMORY enMemory, const QList<AddrBookRecord>& lstRecords,
                        int iGroupId);
     void importFromApplication(const char* pActionId, const char* pSource, bool& bUsable);
@@ -420,6 +444,8 @@ public slots:
     void OnButtonClickedCall();
 
 private:
+    void announce(QList<AddrBookRecord>& lstRecords, _ORVA_EN_PHONEBOOK_MEMORY enMemory, int iRecordId,
+                  unsigned int uiMsg);
     QString numbersFor(ADDRBOOK_SEND_TYPE enType) const;
     QString cellText(int iRow, int iColumn) const;
 
@@ -436,7 +462,7 @@ private:
     int m_iDeviceUsedCount = 0;
     int m_iDeviceTotalCount = 0;
 
-    // The operation under way.
+    // The operation of the user. Of a running batch they are a copy: m_batch carries its own.
     int m_iTotalRowCount = 0;
     int m_iProcessedRowCount = 0;
     int m_iSuccessRowCount = 0;
@@ -445,6 +471,7 @@ private:
     bool m_bThreadBusy = false;
     QList<int> m_listPreviewSplitterSizes;
     AddrBookThread m_threadWorker;
+    AddrBookBatch m_batch = AddrBookBatch(m_threadWorker);
     AddrBookThread* m_pthreadRead = nullptr;
     AddrBookThread* m_pthreadReadOld = nullptr;
     _ORVA_EN_PHONEBOOK_MEMORY m_enTableMemory = PB_MEM_LOCAL;
@@ -503,6 +530,7 @@ private:
     int m_iNewGroupParentId = 0;
     QTreeWidgetItem* m_pitemGroupParent = nullptr;
     QTreeWidgetItem* m_pitemEditedGroup = nullptr;
+    bool m_bEndingGroupEdit = false; // boxes about the name wait until whatever ended the editor is through
 
     // Menus.
     MENU::QBuildMenu* m_pBuildMenu = nullptr;

@@ -108,13 +108,15 @@ int AddrBookDlg::SaveNumberToAddrBook(QString strNumber, QWidget* pParent)
     return 1;
 }
 
-// Runs the form: 0 if the contact was saved. A batch that ends while the form is open resets what the flow works on, so
-// that a saved contact gets it back. With any other result the window may have gone.
+// Runs the form: 0 if the contact was saved. A batch that ends while the form is open, or a number that a sibling has
+// saved meanwhile, overwrites what the flow works on, so that a saved contact gets it back. With any other result the
+// window may have gone.
 int AddrBookDlg::runForm(AddrBookEditDlg& dlgEdit)
 {
     const _ADDRBOOK_OPERATION_TYPE enOperation = m_enOperation;
     const _ORVA_EN_PHONEBOOK_MEMORY enMemory = m_enMemory;
     const int iGroupId = m_iGroupId;
+    const AddrBookRecord record = m_recordCurrent;
     const QPointer<AddrBookDlg> pSelf(this);
     const int iResult = dlgEdit.Exec();
     if (pSelf.isNull())
@@ -123,6 +125,7 @@ int AddrBookDlg::runForm(AddrBookEditDlg& dlgEdit)
         m_enOperation = enOperation;
         m_enMemory = enMemory;
         m_iGroupId = iGroupId;
+        m_recordCurrent = record;
     }
     return iResult;
 }
@@ -231,13 +234,19 @@ void AddrBookDlg::OnButtonClickedDeleteContact()
 {
     ADDRBOOK_LOG_ENTER();
     getGroupId(m_enMemory, m_iGroupId);
+    const _ORVA_EN_PHONEBOOK_MEMORY enMemory = m_enMemory;
+    const int iGroupId = m_iGroupId;
     const QPointer<AddrBookDlg> pSelf(this);
     const int iAnswer = CommonUtils::ShowMessage(
         QMessageBox::Question, this, tr(QLatin1String("IDS_PROMPT_CAPTION")),
         tr(QLatin1String("IDS_FLEXIT_UI_DELETE_ITEM")), QLatin1String("IDS_OK"), QLatin1String("IDS_CANCEL"),
         QLatin1String(""), false, Qt::WindowCloseButtonHint, nullptr, QLatin1String(""), true);
-    if (iAnswer == QMessageBox::Ok && !pSelf.isNull())
+    if (iAnswer == QMessageBox::Ok && !pSelf.isNull()) {
+        // Whatever has used them while the question was open.
+        m_enMemory = enMemory;
+        m_iGroupId = iGroupId;
         handleMultipleContact(ADDRBOOK_OP_DELETE);
+    }
     ADDRBOOK_LOG_EXIT();
 }
 

@@ -42,7 +42,7 @@ void AddrBookDlg::moveOrCopyAllContacts(int iCount, int iTargetGroup)
     QList<QString> lstSourceFields;
     QList<QString> lstTargetFields;
     bool bBetweenTypes = false;
-    AddrBookWaitingDlg* pdlgWaiting = nullptr;
+    const AddrBookWaitingDlg* pdlgWaiting = nullptr;
 
     beginSdkTransaction(enTarget);
     for (int i = 0; i < iCount && i + 1 < lstDragData.size(); i += 2) {
@@ -65,13 +65,8 @@ void AddrBookDlg::moveOrCopyAllContacts(int iCount, int iTargetGroup)
             m_pAddrBookLogic->GetFieldNames(m_enDragSourceMemory, lstSourceFields);
             m_pAddrBookLogic->GetFieldNames(enTarget, lstTargetFields);
         }
-        if (pdlgWaiting == nullptr) {
-            pdlgWaiting = AddrBookWaitingDlg::GetWaitingDlgInstance(this);
-            if (pdlgWaiting != nullptr) {
-                pdlgWaiting->ShowAnimation(tr(QLatin1String("IDS_COPY_STATUS")), iCount / 2);
-                pdlgWaiting->UpDateLabel(0, 0);
-            }
-        }
+        if (pdlgWaiting == nullptr)
+            pdlgWaiting = showReading("IDS_COPY_STATUS", iCount / 2);
         QThread::yieldCurrentThread();
         moveOrCopyContactBetweenType(lstRecords, iRecordId, lstSourceFields, lstTargetFields);
     }
@@ -201,44 +196,17 @@ void AddrBookDlg::initThreadForMoveorCopy(bool bBetweenTypes, QList<AddrBookReco
     }
     if (lstRecords.isEmpty())
         return;
-    // The end of a retired batch makes the current node, this drop's target, the source of the next drag.
-    const _ORVA_EN_PHONEBOOK_MEMORY enSource = m_enDragSourceMemory;
-    const QPointer<AddrBookDlg> pSelf(this);
-    if (retireBatch()) {
-        if (pSelf.isNull())
-            return;
-        m_enDragSourceMemory = enSource;
-    }
-    m_threadWorker.StopOperation();
-    m_enMemory = m_enDragTargetMemory;
-    if (!isSimorDeviceNodeExist())
+    AddrBookBatch::Order order;
+    order.enOperation = enOperation;
+    order.enSource = m_enDragSourceMemory;
+    order.enMemory = m_enDragTargetMemory;
+    order.iGroupId = iTargetGroup;
+    order.lstRecords = lstRecords;
+    if (!makeRoomForBatch(order.enMemory) || !m_bNewContactEnabled)
         return;
-    checkMaxCapacity(m_enMemory, true);
-    if (!m_bNewContactEnabled)
-        return;
-    if (enOperation == ADDRBOOK_OP_MOVE)
-        m_threadWorker.SetOperation(ADDRBOOK_OP_MOVE, m_enDragSourceMemory, m_enDragTargetMemory, lstRecords,
-                                    iTargetGroup);
-    else if (enOperation == ADDRBOOK_OP_COPY)
-        m_threadWorker.SetOperation(ADDRBOOK_OP_COPY, m_enDragTargetMemory, lstRecords, iTargetGroup);
-    else
-        return;
-    m_enOperation = enOperation;
-    m_iProcessedRowCount = 0;
-    m_iSuccessRowCount = 0;
-    m_iTotalRowCount = lstRecords.size();
-    m_iGroupId = iTargetGroup;
-    showProgressBar(m_iTotalRowCount);
-    m_bThreadBusy = true;
-    m_threadWorker.start(QThread::InheritPriority);
+    // The end of the batch before has made the current node, this drop's target, the source of the next drag.
+    m_enDragSourceMemory = order.enSource;
+    if (enOperation == ADDRBOOK_OP_MOVE || enOperation == ADDRBOOK_OP_COPY)
+        startBatch(order);
     ADDRBOOK_LOG_EXIT();
-}
-
-void AddrBookDlg::showProgressBar(int iSteps)
-{
-    m_pdlgWaiting = AddrBookWaitingDlg::GetWaitingDlgInstance(this);
-    if (m_pdlgWaiting == nullptr || m_ptreePhonebook == nullptr)
-        return;
-    const char* pText = m_enOperation == ADDRBOOK_OP_MOVE ? "IDS_MOVE_STATUS" : "IDS_COPY_STATUS";
-    m_pdlgWaiting->ShowAnimation(tr(QLatin1String(pText)), iSteps);
 }

@@ -4,6 +4,7 @@
 
 #include <QPointer>
 #include <QScopedPointer>
+#include <QThread>
 
 #include <memory>
 #include <new>
@@ -13,6 +14,7 @@
 #include "linkhand/QtCompat.h"
 #include "linkhand/core/CommonUtils.h"
 #include "logic/AddrBookLogic.h"
+#include "logic/ItemData.h"
 #include "logic/Log.h"
 #include "logic/SdkCall.h"
 #include "logic/Texts.h"
@@ -30,6 +32,16 @@ const char* const OUTLOOK_EXPRESS = "Outlook Express";
 QString startPath()
 {
     return QtCompat::desktopFolder() + QLatin1String("/*.csv");
+}
+
+// Any extension of three letters is respected.
+QString withExtension(const QString& strFile)
+{
+    const int iLength = strFile.length();
+    const bool bOtherExtension = iLength > 3 && strFile.at(iLength - 4) != QLatin1Char('.');
+    if (!strFile.contains(QLatin1Char('.')) || bOtherExtension)
+        return strFile + QLatin1String(".csv");
+    return strFile;
 }
 
 // The last position of a title: a title that stands twice means the later column.
@@ -60,7 +72,8 @@ void AddrBookDlg::OnClickImport()
     QList<int> lstFieldMap;
     if (!askFieldMap(strName, enMemory, lstTitles, lstFieldMap) || pSelf.isNull())
         return;
-    showImportStart();
+    showReading("IDS_IMPORT_STATUS", 1);
+    QThread::yieldCurrentThread();
     QList<AddrBookRecord> lstRecords;
     const int iResult = m_pAddrBookLogic != nullptr
                             ? m_pAddrBookLogic->ImportFromFile(strPath, lstFieldMap, lstRecords, enMemory)
@@ -125,30 +138,24 @@ bool AddrBookDlg::askFieldMap(const QString& strSource, _ORVA_EN_PHONEBOOK_MEMOR
     return true;
 }
 
-void AddrBookDlg::showImportStart()
+// The waiting dialog with its counter blank, for records that are still being read.
+AddrBookWaitingDlg* AddrBookDlg::showReading(const char* pTextId, int iSteps)
 {
-    AddrBookWaitingDlg* pdlgWaiting = AddrBookWaitingDlg::GetWaitingDlgInstance(this);
-    if (pdlgWaiting != nullptr) {
-        pdlgWaiting->ShowAnimation(tr(QLatin1String("IDS_IMPORT_STATUS")), 1);
+    AddrBookWaitingDlg* pdlgWaiting = openWaitingDialog(pTextId, iSteps);
+    if (pdlgWaiting != nullptr)
         pdlgWaiting->UpDateLabel(0, 0);
-    }
-    QThread::yieldCurrentThread();
+    return pdlgWaiting;
 }
 
 void AddrBookDlg::finishReading(int iResult, _ORVA_EN_PHONEBOOK_MEMORY enMemory,
                                 const QList<AddrBookRecord>& lstRecords, int iGroupId)
 {
     if (iResult == ADDRBOOK_OK) {
-        // A cancelled batch that still ends is told as what it was.
-        if (!m_bThreadBusy)
-            m_enOperation = ADDRBOOK_OP_IMPORT;
+        m_enOperation = ADDRBOOK_OP_IMPORT;
         addImportedRecords(enMemory, lstRecords, iGroupId);
         return;
     }
-    AddrBookWaitingDlg* pdlgWaiting = AddrBookWaitingDlg::GetWaitingDlgInstance(this);
-    if (pdlgWaiting != nullptr)
-        pdlgWaiting->CloseWaitingDialog();
-    AddrBookWaitingDlg::Destroy();
+    dropWaitingDialog();
     showMessageOk(QMessageBox::Information, this, QLatin1String("IDS_ERROR_CAPTION"),
                   tr(QLatin1String("IDS_SMS_IMPORTFAILURE_COUNT")));
 }
@@ -158,25 +165,14 @@ void AddrBookDlg::addImportedRecords(_ORVA_EN_PHONEBOOK_MEMORY enMemory, QList<A
     ADDRBOOK_LOG_ENTER();
     if (lstRecords.isEmpty())
         return;
-    const QPointer<AddrBookDlg> pSelf(this);
-    if (retireBatch() && pSelf.isNull())
-        return;
-    m_threadWorker.StopOperation();
-    m_enMemory = enMemory;
-    if (!isSimorDeviceNodeExist())
-        return;
-    m_threadWorker.SetOperation(ADDRBOOK_OP_ADD, enMemory, lstRecords, iGroupId);
-    m_enOperation = ADDRBOOK_OP_IMPORT;
-    m_iProcessedRowCount = 0;
-    m_iSuccessRowCount = 0;
-    m_iTotalRowCount = lstRecords.size();
-    m_iGroupId = iGroupId;
-    m_pdlgWaiting = AddrBookWaitingDlg::GetWaitingDlgInstance(this);
-    if (m_pdlgWaiting != nullptr)
-        m_pdlgWaiting->ShowAnimation(tr(QLatin1String("IDS_IMPORT_STATUS")), m_iTotalRowCount);
-    checkMaxCapacity(m_enMemory, true);
-    m_bThreadBusy = true;
-    m_threadWorker.start(QThread::InheritPriority);
+    AddrBookBatch::Order order;
+    order.enOperation = ADDRBOOK_OP_IMPORT;
+    order.enMemory = enMemory;
+    order.iGroupId = iGroupId;
+    order.lstRecords = lstRecords;
+    // Unlike a copy, an import starts into a full memory too.
+    if (makeRoomForBatch(enMemory))
+        startBatch(order);
     ADDRBOOK_LOG_EXIT();
 }
 
@@ -224,7 +220,8 @@ void AddrBookDlg::ImportOutlookRecords(QString strSource)
     const QPointer<AddrBookDlg> pSelf(this);
     if (!askFieldMap(strSource, enMemory, lstTitles, lstFieldMap) || lstFieldMap.isEmpty() || pSelf.isNull())
         return;
-    showImportStart();
+    showReading("IDS_IMPORT_STATUS", 1);
+    QThread::yieldCurrentThread();
     QList<AddrBookRecord> lstRecords;
     const int iResult = m_pAddrBookLogic->ImportFromOutlook(strSource, lstFieldMap, lstRecords, enMemory);
     finishReading(iResult, enMemory, lstRecords, iGroupId);
@@ -265,50 +262,73 @@ void AddrBookDlg::OnClickExportAllContacts()
 void AddrBookDlg::showFileDialog()
 {
     const QPointer<AddrBookDlg> pSelf(this);
+    const ExportChoice choice = exportChoice(m_enOperation);
     const QString strFile =
         FileDialogs::save(this, tr(QLatin1String("Save As")), startPath(), QLatin1String(FILE_FILTER));
-    if (!pSelf.isNull() && !strFile.isNull())
-        OnFileSelected(strFile);
+    if (pSelf.isNull() || strFile.isNull())
+        return;
+    // The end of a batch has taken it back while the dialog was open.
+    m_enOperation = choice.enOperation;
+    exportTo(withExtension(strFile), stillExported(choice));
 }
 
 void AddrBookDlg::OnFileSelected(QString strFile)
 {
-    // Any extension of three letters is respected.
-    const int iLength = strFile.length();
-    const bool bOtherExtension = iLength > 3 && strFile.at(iLength - 4) != QLatin1Char('.');
-    if (!strFile.contains(QLatin1Char('.')) || bOtherExtension)
-        strFile += QLatin1String(".csv");
-    saveToFile(strFile);
+    saveToFile(withExtension(strFile));
 }
 
 bool AddrBookDlg::saveToFile(QString strFile)
 {
-    ADDRBOOK_LOG_ENTER();
+    return exportTo(strFile, exportChoice(m_enOperation));
+}
+
+// The rows selected, or all, as the table shows them now.
+AddrBookDlg::ExportChoice AddrBookDlg::exportChoice(_ADDRBOOK_OPERATION_TYPE enOperation) const
+{
+    ExportChoice choice;
+    choice.enOperation = enOperation;
+    choice.pTable = m_ptableContacts;
+    getGroupId(choice.enMemory, choice.iGroupId);
     if (m_ptableContacts == nullptr)
-        return true;
-    _ORVA_EN_PHONEBOOK_MEMORY enMemory = PB_MEM_LOCAL;
-    int iGroupId = 0;
-    getGroupId(enMemory, iGroupId);
+        return choice;
     QList<int> lstRows;
-    if (m_enOperation == ADDRBOOK_OP_EXPORT_SELECTED) {
-        const QList<QTableWidgetSelectionRange> lstRanges = m_ptableContacts->selectedRanges();
-        for (int i = lstRanges.size() - 1; i >= 0; --i) {
-            for (int iRow = lstRanges.at(i).topRow(); iRow <= lstRanges.at(i).bottomRow(); ++iRow)
-                lstRows.append(iRow);
-        }
-    } else if (m_enOperation == ADDRBOOK_OP_EXPORT_ALL) {
-        for (int iRow = 0; iRow < m_ptableContacts->rowCount(); ++iRow)
-            lstRows.append(iRow);
-    }
-    QList<int> lstIds;
+    if (enOperation == ADDRBOOK_OP_EXPORT_SELECTED)
+        lstRows = selectedRows();
+    for (int iRow = 0; enOperation == ADDRBOOK_OP_EXPORT_ALL && iRow < m_ptableContacts->rowCount(); ++iRow)
+        lstRows.append(iRow);
     foreach (int iRow, lstRows) {
-        AddrBookRecord record;
-        record.iID = 0;
-        getContactInfoFromSDK(m_ptableContacts->item(iRow, 0), record);
-        lstIds.append(record.iID);
+        const TableRowData* pData = tableRowData(m_ptableContacts->item(iRow, 0));
+        // Rows left over from a memory whose node has gone stay that memory's.
+        if (pData != nullptr)
+            choice.enMemory = pData->enType;
+        choice.lstIds.append(pData != nullptr ? pData->iRecordID : 0);
     }
-    const int iResult = m_pAddrBookLogic != nullptr ? m_pAddrBookLogic->ExportToFile(strFile, lstIds, enMemory)
-                                                    : static_cast<int>(ADDRBOOK_FAILED);
+    return choice;
+}
+
+// What the user asked for, when the file has been chosen: by then a batch's end may have reloaded the table, which
+// takes the selection along.
+AddrBookDlg::ExportChoice AddrBookDlg::stillExported(const ExportChoice& choice) const
+{
+    const ExportChoice now = exportChoice(choice.enOperation);
+    if (now.pTable.data() == choice.pTable.data())
+        return now;
+    const bool bSameNode = now.enMemory == choice.enMemory && now.iGroupId == choice.iGroupId;
+    const bool bComplete = m_ptableContacts != nullptr && m_ptableContacts->isSortingEnabled();
+    return choice.enOperation == ADDRBOOK_OP_EXPORT_ALL && bSameNode && bComplete ? now : choice;
+}
+
+bool AddrBookDlg::exportTo(const QString& strFile, const ExportChoice& choice)
+{
+    ADDRBOOK_LOG_ENTER();
+    // With any other operation nobody has asked for an export, and an older file stays as it is.
+    const bool bExport =
+        choice.enOperation == ADDRBOOK_OP_EXPORT_SELECTED || choice.enOperation == ADDRBOOK_OP_EXPORT_ALL;
+    if (m_ptableContacts == nullptr || !bExport)
+        return true;
+    const int iResult = m_pAddrBookLogic != nullptr
+                            ? m_pAddrBookLogic->ExportToFile(strFile, choice.lstIds, choice.enMemory)
+                            : static_cast<int>(ADDRBOOK_FAILED);
     if (iResult != ADDRBOOK_OK)
         showMessageOk(QMessageBox::Information, this, QLatin1String("IDS_ERROR_CAPTION"),
                       tr(QLatin1String("IDS_SMS_EXPORTFAILURE_COUNT")));

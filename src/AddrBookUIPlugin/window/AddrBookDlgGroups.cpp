@@ -107,8 +107,7 @@ void AddrBookDlg::OnEditorClosed(QWidget* pwidgetEditor)
     QString strWithoutBlanks = strText;
     strWithoutBlanks.remove(QLatin1Char(' '));
     if (strWithoutBlanks.isEmpty()) {
-        showMessageOk(QMessageBox::Information, this, QLatin1String("IDS_PROMPT_CAPTION"),
-                      tr(QLatin1String("IDS_GROUP_NAME_NULL")));
+        tellGroupName("IDS_GROUP_NAME_NULL");
         // The node, or the window, may have gone while the box was open.
         if (pSelf.isNull())
             return;
@@ -131,6 +130,43 @@ void AddrBookDlg::OnEditorClosed(QWidget* pwidgetEditor)
     setCorrectTreeWidth();
     pitem->setFlags(pitem->flags() & ~Qt::ItemIsEditable);
     ADDRBOOK_LOG_EXIT();
+}
+
+bool AddrBookDlg::isUnderEdit(const QTreeWidgetItem* pitem) const
+{
+    return pitem != nullptr && pitem == m_pitemEditedGroup && m_ptreePhonebook != nullptr &&
+           m_ptreePhonebook->itemWidget(m_pitemEditedGroup, 0) != nullptr;
+}
+
+// Another node becomes current without the user's doing. The tree alone would drop the editor and leave its text on a
+// node that is stored nowhere; so it ends as if the user had ended it.
+void AddrBookDlg::endGroupEdit()
+{
+    if (!isUnderEdit(m_pitemEditedGroup))
+        return;
+    QTreeWidgetItem* pitem = m_pitemEditedGroup;
+    const QPointer<QWidget> peditor = m_ptreePhonebook->itemWidget(pitem, 0);
+    m_bEndingGroupEdit = true;
+    m_ptreePhonebook->closePersistentEditor(pitem, 0);
+    OnEditorClosed(peditor);
+    m_bEndingGroupEdit = false;
+}
+
+void AddrBookDlg::tellGroupName(const char* pTextId)
+{
+    if (m_bEndingGroupEdit)
+        QMetaObject::invokeMethod(this, "OnGroupNameRefused", Qt::QueuedConnection,
+                                  Q_ARG(QString, QLatin1String(pTextId)));
+    else
+        OnGroupNameRefused(QLatin1String(pTextId));
+}
+
+void AddrBookDlg::OnGroupNameRefused(const QString& strTextId)
+{
+    // What waits for a window that goes is delivered there, and dropped.
+    if (m_ptreePhonebook == nullptr)
+        return;
+    showMessageOk(QMessageBox::Information, this, QLatin1String("IDS_PROMPT_CAPTION"), tr(strTextId));
 }
 
 // A new group's node goes and its parent becomes current; a renamed one gets its old text back.
@@ -208,8 +244,7 @@ void AddrBookDlg::refuseGroupName(QTreeWidgetItem* pitem, int iResult)
 {
     const QPointer<AddrBookDlg> pSelf(this);
     if (iResult == ADDRBOOK_GROUP_EXISTS)
-        showMessageOk(QMessageBox::Information, this, QLatin1String("IDS_PROMPT_CAPTION"),
-                      tr(QLatin1String("IDS_GROUP_NAME_REPEAT")));
+        tellGroupName("IDS_GROUP_NAME_REPEAT");
     if (!pSelf.isNull() && m_pitemEditedGroup == pitem)
         undoGroupEdit(pitem, false);
 }

@@ -58,17 +58,23 @@ void AddrBookDlg::pushNotify(unsigned int uiMsg, unsigned int uiParam1, unsigned
 
 void AddrBookDlg::sendNotifyToSMS(int iRecordId, unsigned int uiMsg)
 {
+    announce(m_listNotifyRecords, m_enMemory, iRecordId, uiMsg);
+}
+
+void AddrBookDlg::announce(QList<AddrBookRecord>& lstRecords, _ORVA_EN_PHONEBOOK_MEMORY enMemory, int iRecordId,
+                           unsigned int uiMsg)
+{
     int i = 0;
-    while (i < m_listNotifyRecords.size()) {
-        if (m_listNotifyRecords.at(i).iID != iRecordId) {
+    while (i < lstRecords.size()) {
+        if (lstRecords.at(i).iID != iRecordId) {
             ++i;
             continue;
         }
-        const AddrBookRecord record = m_listNotifyRecords.takeAt(i);
+        const AddrBookRecord record = lstRecords.takeAt(i);
         foreach (const QString& strValue, record.lstValues) {
             const int iNumber = numberOf(strValue);
             ADDRBOOK_LOG_LINE("phone number=%d", iNumber);
-            pushNotify(uiMsg, m_enMemory, static_cast<unsigned int>(iNumber));
+            pushNotify(uiMsg, enMemory, static_cast<unsigned int>(iNumber));
         }
     }
 }

@@ -86,13 +86,10 @@ QString AddrBookDlg::sendSingleSMS() const
     QStringList lstNumbers;
     if (m_ptableContacts == nullptr)
         return QLatin1String("");
-    const QList<QTableWidgetSelectionRange> lstRanges = m_ptableContacts->selectedRanges();
-    for (int iRange = lstRanges.size() - 1; iRange >= 0; --iRange) {
-        for (int iRow = lstRanges.at(iRange).topRow(); iRow <= lstRanges.at(iRange).bottomRow(); ++iRow) {
-            const QString strNumber = cellText(iRow, 1);
-            if (!strNumber.isEmpty())
-                lstNumbers.append(strNumber);
-        }
+    foreach (int iRow, selectedRows()) {
+        const QString strNumber = cellText(iRow, 1);
+        if (!strNumber.isEmpty())
+            lstNumbers.append(strNumber);
     }
     return lstNumbers.join(QLatin1String(";"));
 }

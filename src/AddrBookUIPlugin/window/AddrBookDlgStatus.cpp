@@ -1,5 +1,4 @@
 #include "dialogs/AddrBookSelectContactsDlg.h"
-#include "dialogs/AddrBookWaitingDlg.h"
 #include "logic/AddrBookLogic.h"
 #include "logic/Log.h"
 #include "widgets/PBTreeWidget.h"
@@ -15,8 +14,8 @@ void AddrBookDlg::getUpdateDeviceAndSimNode()
 // A batch on a memory that has just gone is cancelled.
 void AddrBookDlg::cancelBatchOn(_ORVA_EN_PHONEBOOK_MEMORY enMemory)
 {
-    if (m_bThreadBusy && m_enMemory == enMemory && !m_pdlgWaiting.isNull())
-        m_pdlgWaiting->OnCancelClicked();
+    if (m_batch.isRunningOn(enMemory))
+        m_batch.cancel();
 }
 
 void AddrBookDlg::removeSimNode(const char* szLog)

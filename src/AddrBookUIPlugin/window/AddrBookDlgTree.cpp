@@ -273,7 +273,8 @@ void AddrBookDlg::rePaintTree()
         return;
     setLocalText();
     updateNodes();
-    if (m_ptreePhonebook->currentItem() != nullptr)
+    // An editor of the user's stays: he may be typing when a batch ends.
+    if (m_ptreePhonebook->currentItem() != nullptr && !isUnderEdit(m_ptreePhonebook->currentItem()))
         m_ptreePhonebook->closePersistentEditor(m_ptreePhonebook->currentItem(), 0);
     for (QTreeWidgetItemIterator it(m_ptreePhonebook); *it != nullptr; ++it) {
         TreeNodeData* pData = treeNodeData(*it);
@@ -296,7 +297,9 @@ void AddrBookDlg::repaintNode(QTreeWidgetItem* pItem, TreeNodeData* pData)
             m_pAddrBookLogic->GetGroupInfo(PB_MEM_LOCAL, *pGroup);
         }
         getImageIconFromFile(QLatin1String(s_szTreeImages), s_iFrameGroup, icon);
-        pItem->setIcon(0, icon);
+        // Any change of the node would write its text over what is being typed.
+        if (!isUnderEdit(pItem))
+            pItem->setIcon(0, icon);
         updateGroupInfoInTree(pItem, pGroup, PB_MEM_LOCAL, pData->iMemoryOrGroup);
         return;
     }
@@ -336,6 +339,10 @@ bool AddrBookDlg::isSimorDeviceNodeExist() const
 
 void AddrBookDlg::OnTreeClicked(QTreeWidgetItem* item)
 {
+    if (item == m_pitemCurrentTreeWidgetItem)
+        return;
+    if (item != m_pitemEditedGroup)
+        endGroupEdit();
     if (item == m_pitemCurrentTreeWidgetItem)
         return;
     m_pitemCurrentTreeWidgetItem = item;
@@ -439,6 +446,12 @@ void AddrBookDlg::setNodeCaption(QTreeWidgetItem* pItem, QString strText)
         CommonUtils::ParanthesisCorrectionForHeAndAr(strText);
     if (pItem == nullptr)
         return;
+    if (isUnderEdit(pItem)) {
+        // What its editor's end puts back, or takes the count from.
+        if (!m_strOldGroupName.isEmpty())
+            m_strOldGroupName = strText;
+        return;
+    }
     pItem->setText(0, strText);
     setTreeColumnWidth(pItem);
 }

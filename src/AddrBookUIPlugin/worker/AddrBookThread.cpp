@@ -28,25 +28,33 @@ AddrBookThread::AddrBookThread(QObject* pParent)
 AddrBookThread::~AddrBookThread()
 {
     ADDRBOOK_LOG_CALLED();
-    awaitEnd();
+    EndOperation();
 }
 
-// The worker is at most one record away from its end, and one that waits for a slot is woken.
-void AddrBookThread::awaitEnd()
+void AddrBookThread::start(QThread::Priority enPriority)
 {
-    if (isRunning()) {
-        ADDRBOOK_LOG("still running");
-        StopOperation();
+    QThread::start(enPriority);
+    if (isRunning() || isFinished())
+        return;
+    ADDRBOOK_WARN("no thread for operation %d", m_enOperation);
+    // Not emitted here: its slots must find what the caller sets behind the start.
+    QMetaObject::invokeMethod(this, "finished", Qt::QueuedConnection);
+}
+
+void AddrBookThread::EndOperation()
+{
+    StopOperation();
+    // Not isRunning(), which turns false a moment before "finished" is sent. A wake-up reaches only a worker that waits
+    // for its slot already, hence one a round.
+    while (!wait(1))
         SetSlotExecutionStatus();
-    }
-    wait();
     (void)m_iRuns.load(std::memory_order_acquire);
 }
 
 void AddrBookThread::SetOperation(_ADDRBOOK_OPERATION_TYPE enOperation, _ORVA_EN_PHONEBOOK_MEMORY enMemory,
                                   QList<AddrBookRecord> lstRecords, int iGroupId)
 {
-    awaitEnd();
+    EndOperation();
     m_enOperation = enOperation;
     m_enMemory = enMemory;
     m_iGroupId = iGroupId;
@@ -58,7 +66,7 @@ void AddrBookThread::SetOperation(_ADDRBOOK_OPERATION_TYPE enOperation, _ORVA_EN
                                   _ORVA_EN_PHONEBOOK_MEMORY enTargetMemory, QList<AddrBookRecord> lstRecords,
                                   int iGroupId)
 {
-    awaitEnd();
+    EndOperation();
     m_enOperation = enOperation;
     m_enSourceMemory = enSourceMemory;
     m_enTargetMemory = enTargetMemory;
@@ -69,7 +77,7 @@ void AddrBookThread::SetOperation(_ADDRBOOK_OPERATION_TYPE enOperation, _ORVA_EN
 
 void AddrBookThread::SetReadOperation(QTableWidget* ptable, int iColumnCount)
 {
-    awaitEnd();
+    EndOperation();
     m_ptable = ptable;
     m_iColumnCount = iColumnCount;
     m_bStop = false;
@@ -78,7 +86,7 @@ void AddrBookThread::SetReadOperation(QTableWidget* ptable, int iColumnCount)
 void AddrBookThread::SetSCOperation(_ADDRBOOK_OPERATION_TYPE enOperation, _ORVA_EN_PHONEBOOK_MEMORY enMemory,
                                     QTreeWidgetItem* pitemTreeNode)
 {
-    awaitEnd();
+    EndOperation();
     m_enOperation = enOperation;
     m_enMemory = enMemory;
     m_pitemTreeNode = pitemTreeNode;
@@ -89,7 +97,7 @@ void AddrBookThread::SetSCGroupOperation(_ADDRBOOK_OPERATION_TYPE enOperation, _
                                          QList<AddrBookGroup*> lstGroups, QList<AddrBookRecord>& lstRecords,
                                          int iGroupId)
 {
-    awaitEnd();
+    EndOperation();
     m_enOperation = enOperation;
     m_enMemory = enMemory;
     m_listGroups = lstGroups;

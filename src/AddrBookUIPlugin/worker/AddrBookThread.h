@@ -23,9 +23,8 @@
 // A receiver that goes away takes what is still on its way to it first, when the worker has ended:
 // QCoreApplication::sendPostedEvents(this, QEvent::MetaCall) in its destructor.
 //
-// To end a worker: StopOperation, SetSlotExecutionStatus, wait: it is one record away from its end at most. The
-// destructor and the setters do that with one that still runs, so that neither the object nor its lists go away under
-// it, and so does the end of AddrBookLogic. One that is started without a logic object does nothing.
+// The destructor, the setters and the end of AddrBookLogic end a worker that still runs, so that none of what it works
+// with goes away under it. One that is started without a logic object does nothing.
 class AddrBookThread : public QThread, private LogicUser
 {
     Q_OBJECT
@@ -45,11 +44,19 @@ public:
     void SetSCGroupOperation(_ADDRBOOK_OPERATION_TYPE enOperation, _ORVA_EN_PHONEBOOK_MEMORY enMemory,
                              QList<AddrBookGroup*> lstGroups, QList<AddrBookRecord>& lstRecords, int iGroupId);
 
+    // Starts what was set. Without a thread to run on it ends at once, with nothing done: "finished" follows all the
+    // same. User-interface thread.
+    void start(QThread::Priority enPriority = QThread::InheritPriority);
+
     // Asks the worker to end after the record in hand; any thread. Neither locks nor wakes.
     void StopOperation();
 
     // Tells a waiting worker that the slot for its last result has finished; user-interface thread.
     void SetSlotExecutionStatus();
+
+    // Stops, wakes and waits: at most one record later the worker has ended, and all that it signalled, "finished"
+    // included, is on its way to the slots. User-interface thread.
+    void EndOperation();
 
     // Disconnects every signal. What was emitted before is on its way to the slots; after it returns no record is
     // handed over any more. A plain disconnect() would lose the record that is just being emitted. User-interface
@@ -79,8 +86,7 @@ protected:
 private:
     Q_DISABLE_COPY(AddrBookThread)
 
-    void awaitEnd();
-    void endWithLogic() override { awaitEnd(); }
+    void endWithLogic() override { EndOperation(); }
     bool isToEnd() const;
 
     // Reads (AddrBookThreadReads.cpp).
@@ -106,6 +112,7 @@ private:
     // Batches (AddrBookThreadBatches.cpp). A step processes one record; false ends the batch.
     typedef bool (AddrBookThread::*BatchStep)(const AddrBookRecord& record);
     void runBatch(BatchStep pStep, bool bLockFirst);
+    void commitBatch(int iRecords);
     void waitForSlot();
     void delThreadFun(_ADDRBOOK_OPERATION_TYPE enOperation);
     bool delStep(const AddrBookRecord& record);

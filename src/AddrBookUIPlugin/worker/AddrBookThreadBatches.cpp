@@ -23,6 +23,14 @@ const unsigned long g_ulShutdownCheckMilliseconds = 50;
 
 } // namespace
 
+// Ends the transaction of the batch. The store tells its host of what it could not keep; here it is a line in the log.
+void AddrBookThread::commitBatch(int iRecords)
+{
+    const long iResult = endSdkTransaction(m_enMemory);
+    if (iResult != 0 && iRecords > 0)
+        ADDRBOOK_WARN("the last %d record(s) of memory %d may be lost: %li", iRecords, m_enMemory, iResult);
+}
+
 void AddrBookThread::runBatch(BatchStep pStep, bool bLockFirst)
 {
     if (!bLockFirst)
@@ -30,21 +38,24 @@ void AddrBookThread::runBatch(BatchStep pStep, bool bLockFirst)
     const QMutexLocker locker(&m_mutex);
     if (bLockFirst)
         beginSdkTransaction(m_enMemory);
+    int iOpen = 0; // records since the last commit
     for (int i = 0; i < m_listRecords.size(); ++i) {
         if (i % g_iCommitEvery == 0) {
-            endSdkTransaction(m_enMemory);
+            commitBatch(iOpen);
             beginSdkTransaction(m_enMemory);
+            iOpen = 0;
         }
         if (isToEnd() || QCoreApplication::closingDown()) {
             m_listRecords.clear();
             break;
         }
+        ++iOpen;
         if (!(this->*pStep)(m_listRecords.at(i)))
             break;
         waitForSlot();
         usleep(g_ulPauseMicroseconds);
     }
-    endSdkTransaction(m_enMemory);
+    commitBatch(iOpen);
 }
 
 // Without a time limit, since a slot may hold a message box open; but when the application goes down no slot runs any

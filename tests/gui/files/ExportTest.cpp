@@ -68,6 +68,8 @@ private slots:
                                              << "/home/a.b/report.csv";
         QTest::newRow("four characters without a dot") << "abcd"
                                                        << "abcd.csv";
+        QTest::newRow("four characters with a dot inside") << "ab.c"
+                                                           << "ab.c.csv";
     }
     void fileNames()
     {
@@ -166,23 +168,26 @@ private slots:
         QVERIFY(FakeSdk::exports().last().ids.isEmpty());
     }
 
-    void otherOperationExportsNothing()
+    void otherOperationWritesNoFile()
     {
         FilesFixture f;
         WindowFixture::fillStores();
         f.build();
         f.in().setOperation(ADDRBOOK_OP_NONE);
         QVERIFY(f.window()->saveToFile("/a/none.csv"));
-        QVERIFY(FakeSdk::exports().last().ids.isEmpty());
+        QVERIFY(FakeSdk::exports().isEmpty());
+        QVERIFY(FakeCore::messages().isEmpty());
     }
 
     void answerIsAlwaysYes()
     {
         FilesFixture f;
         f.build();
+        f.in().setOperation(ADDRBOOK_OP_EXPORT_ALL);
         FakeSdk::fail("ExportToFile");
         QVERIFY(f.window()->saveToFile("/a/all.csv"));
         QVERIFY(f.window()->saveToFile("/a/all.csv"));
+        QCOMPARE(FakeSdk::count("ExportToFile"), 2);
     }
 
     void contactThatIsGoneIsStillNamed()
@@ -217,6 +222,27 @@ private slots:
             QVERIFY2(FakeSdk::leaks().isEmpty(), name.constData());
         }
         QVERIFY(!failed);
+    }
+
+    // A null answer is a cancel; an empty one is a name that gets its extension.
+    void emptyAnswerIsNoCancel_data()
+    {
+        QTest::addColumn<QString>("answer");
+        QTest::addColumn<int>("exports");
+        QTest::newRow("null") << QString() << 0;
+        QTest::newRow("empty") << QString("") << 1;
+    }
+    void emptyAnswerIsNoCancel()
+    {
+        QFETCH(QString, answer);
+        QFETCH(int, exports);
+        FilesFixture f;
+        f.build();
+        FilesFixture::choose(answer);
+        f.window()->OnClickExportAllContacts();
+        QCOMPARE(FakeSdk::exports().size(), exports);
+        if (exports > 0)
+            QCOMPARE(FakeSdk::exports().last().path, QString(".csv"));
     }
 
     void windowThatGoesUnderTheFileDialogExportsNothing()

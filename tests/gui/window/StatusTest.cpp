@@ -23,6 +23,16 @@ private:
         return list;
     }
 
+    // A copy to a memory that goes on for as long as the window lives.
+    static void startBatch(const WindowFixture& f, int memory, AddrBookWaitingDlg* dialog)
+    {
+        f.in().worker().DisconnectSignals();
+        AddrBookBatch::Order order;
+        order.enOperation = ADDRBOOK_OP_COPY;
+        order.enMemory = static_cast<_ORVA_EN_PHONEBOOK_MEMORY>(memory);
+        f.in().batch().start(order, dialog);
+    }
+
 private slots:
     void cleanup()
     {
@@ -167,13 +177,12 @@ private slots:
         QFETCH(bool, cancelled);
         WindowFixture f;
         f.build();
-        f.in().waitingDialog() = AddrBookWaitingDlg::GetWaitingDlgInstance(f.window());
-        f.in().waitingDialog()->ShowAnimation("copying", 5);
-        f.in().threadBusy() = busy;
-        f.in().memory() = static_cast<_ORVA_EN_PHONEBOOK_MEMORY>(memory);
+        AddrBookWaitingDlg* const dialog = AddrBookWaitingDlg::GetWaitingDlgInstance(f.window());
+        dialog->ShowAnimation("copying", 5);
+        if (busy)
+            startBatch(f, memory, dialog);
         f.window()->OnDeviceStatusChanged(false);
-        QCOMPARE(f.in().waitingDialog()->GetProgressDlgCancelStatus(), cancelled);
-        f.in().threadBusy() = false;
+        QCOMPARE(dialog->GetProgressDlgCancelStatus(), cancelled);
         QVERIFY(f.waitRead());
     }
 
@@ -235,10 +244,9 @@ private slots:
         f.build();
         f.window()->OnDeviceStatusChanged(true);
         f.click(f.in().sim());
-        f.in().waitingDialog() = AddrBookWaitingDlg::GetWaitingDlgInstance(f.window());
-        f.in().waitingDialog()->ShowAnimation("copying", 5);
-        f.in().threadBusy() = true;
-        f.in().memory() = static_cast<_ORVA_EN_PHONEBOOK_MEMORY>(memory);
+        AddrBookWaitingDlg* const dialog = AddrBookWaitingDlg::GetWaitingDlgInstance(f.window());
+        dialog->ShowAnimation("copying", 5);
+        startBatch(f, memory, dialog);
         if (report == "OnSysmodeChanged()")
             f.window()->OnSysmodeChanged();
         else if (report == "OnSimDisabled(true)")
@@ -246,8 +254,7 @@ private slots:
         else
             f.window()->OnSimStatusChanged(false);
         QVERIFY(f.in().sim() == nullptr);
-        QCOMPARE(f.in().waitingDialog()->GetProgressDlgCancelStatus(), cancelled);
-        f.in().threadBusy() = false;
+        QCOMPARE(dialog->GetProgressDlgCancelStatus(), cancelled);
         QVERIFY(f.waitRead());
         QCOMPARE(f.column(0), toLocal ? (QStringList{"Anna", "Bert", "Carl"}) : QStringList{"Dora"});
     }

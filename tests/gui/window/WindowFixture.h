@@ -22,6 +22,7 @@ struct AddrBookDlgAccess {
 
     AddrBookThread* reader() const { return d->m_pthreadRead; }
     AddrBookThread& worker() const { return d->m_threadWorker; }
+    AddrBookBatch& batch() const { return d->m_batch; }
     PBTreeWidget* tree() const { return d->m_ptreePhonebook; }
     AddrBookTableWidget* table() const { return d->m_ptableContacts; }
     AddrBookTableWidget* retiredTable() const { return d->m_ptableContactsOld; }
