@@ -48,7 +48,11 @@ private:
                 return;
             bActed = true;
             poll.stop();
+            const QPointer<QMessageBox> pOpen(pBox);
             act(pBox);
+            // A check that fails leaves before it closes the box.
+            if (pOpen != nullptr && pOpen->isVisible())
+                pOpen->close();
         });
         poll.start(0);
         const int iAnswer =

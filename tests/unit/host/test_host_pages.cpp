@@ -9,11 +9,11 @@
 #include "StandInFolder.h"
 #include "app/Services.h"
 #include "device/DeviceWatcher.h"
-#include "device/Outbox.h"
 #include "device/SimulatedHardware.h"
 #include "loader/PluginContainer.h"
 #include "loader/PluginLifecycle.h"
 #include "loader/PluginLoader.h"
+#include "messages/Outbox.h"
 #include "orva/orva_sdk.h"
 #include "orva/orva_sim.h"
 #include "window/MainWindow.h"
@@ -94,7 +94,7 @@ void TestHostPages::build(const QStringList& lstNames)
     }
     ProblemList problems;
     PluginLoader(m_pFolder->Path()).LoadAll(*m_pContainer, problems);
-    PluginLifecycle(*m_pContainer, *m_pServices).InitAll(problems);
+    PluginLifecycle(*m_pContainer, m_pServices->State()).InitAll(problems);
     QVERIFY(problems.isEmpty());
     m_pWindow->BuildPages();
     m_pWindow->Retranslate();
