@@ -6,6 +6,7 @@
 #include "support/modem/Modem.h"
 
 #include <fcntl.h>
+#include <set>
 #include <stdexcept>
 #include <sys/ioctl.h>
 #include <unistd.h>
@@ -112,6 +113,81 @@ TEST(eachQuirkChangesWhatIsSaidOrDone)
              "+CPBR: 3,\"1\",129,\"123456789012345678\"|OK");
     CHECK_EQ(first(withQuirk("simbusy=60000"), "AT+CPBS?"), "+CME ERROR: 14");
     CHECK_EQ(first(withQuirk("fragment=1"), "AT+CPBR=1"), "+CPBR: 1,\"+491711234567\",145,\"Anna\"|OK");
+}
+
+// All that a client could notice: what is said to one dialog that reads, writes and looks, in each set, and what is
+// left.
+static std::string everything(const Plan& plan)
+{
+    Modem modem(plan);
+    std::string said;
+    Dialog dialog(modem.portPath(0));
+    Dialog other(modem.portPath(1));
+    const std::chrono::milliseconds patience(60);
+    for (const char* command : {"AT",
+                                "ATE0",
+                                "ATV1",
+                                "AT+CMEE=1",
+                                "AT+CPIN?",
+                                "AT+CPBS?",
+                                "AT+CPBS=?",
+                                "AT+CPBS=\"SM\"",
+                                "AT+CPBS?",
+                                "AT+CPBR=?",
+                                "AT+CPBR=1,20",
+                                "AT+CPBR=1,301",
+                                "AT+CPBR=258",
+                                "AT+CPBR=3",
+                                "AT+CSCS=?",
+                                "AT+CSCS=\"GSM\"",
+                                "AT+CPBR=1,7",
+                                "AT+CSCS=\"UTF-8\"",
+                                "AT+CPBR=1,7",
+                                "AT+CSCS=\"UCS2\"",
+                                "AT+CPBR=1,7",
+                                "AT+CSCS?",
+                                "AT+CSCS=\"00490052\"",
+                                "AT+CSCS=\"IRA\"",
+                                "AT+CPBW=3,\"1\",129,\"1234567890123456789\"",
+                                "AT+CPBW=4,\"1/2\",129,\"A\"",
+                                "AT+CPBW=,\"1\",129,\"Free\"",
+                                "AT+CPBW=6,\"123456789012345678901\",129,\"Long\"",
+                                "AT+CPBW=19",
+                                "AT+CPBW=18,\"1\",129,\"B\"",
+                                "AT+CRSM=176,12258,0,0,10",
+                                "AT+CCID",
+                                "AT+CSCS=\"UCS2\"",
+                                "AT+CPBW=8,\"1\",129,\"53174EAC53174EAC53174EAC53174EAC53174EAC\"",
+                                "AT+CPBS=\"ME\"",
+                                "AT+CPBR=1",
+                                "AT+CSCS=\"UCS2\"",
+                                "AT+CPBW=5,\"1\",129,\"0418043304340438043A0418043304340438043A\""}) {
+        said += dialog.raw(command, patience);
+    }
+    said += other.heard("AT+CPBS?;+CSCS?", patience);
+    modem.pullCard();
+    said += dialog.heard("AT+CPBS=\"SM\"", patience) + dialog.heard("AT+CPBR=1", patience);
+    for (const modemsim::Entry& entry : modem.entries("SM"))
+        said += std::to_string(entry.location) + entry.number + entry.name + '\n';
+    return said;
+}
+
+// A switch that changes nothing would make every test of it a test of nothing.
+TEST(everyQuirkCanBeNoticed)
+{
+    Plan plain = standardPlan();
+    plain.ports.resize(2);
+    plain.card.storages[0].total = 300;
+    const std::string without = everything(plain);
+    CHECK_EQ(everything(plain), without);
+    // These change when something is said, not what.
+    const std::set<std::string> ofTime = {"fragment", "delay", "read_ms", "ready_urc", "simbusy"};
+    for (const modemsim::QuirkInfo& quirk : modemsim::knownQuirks()) {
+        Plan plan = plain;
+        plan.quirks.set(std::string(quirk.name) + (*quirk.sample != 0 ? "=" : "") + quirk.sample);
+        if (ofTime.count(quirk.name) == 0 && everything(plan) == without)
+            check::report(__FILE__, __LINE__, std::string("nothing changes with ") + quirk.name);
+    }
 }
 
 TEST(selectedStorageCanBeSharedBetweenPorts)

@@ -92,6 +92,26 @@ std::string Dialog::heard(const std::string& command, std::chrono::milliseconds 
     return all;
 }
 
+static bool holdsFinal(const std::string& text)
+{
+    for (size_t begin = 0, end = 0; (end = text.find_first_of("\r\n", begin)) != std::string::npos; begin = end + 1) {
+        if (isFinal(text.substr(begin, end - begin)))
+            return true;
+    }
+    return false;
+}
+
+std::string Dialog::raw(const std::string& command, std::chrono::milliseconds time)
+{
+    const Clock::time_point end = Clock::now() + time;
+    write(command + "\r");
+    while (!holdsFinal(m_pending) && more(end)) {
+    }
+    std::string all;
+    all.swap(m_pending);
+    return all;
+}
+
 std::string Dialog::readUntil(const std::string& text, std::chrono::milliseconds time)
 {
     const Clock::time_point end = Clock::now() + time;

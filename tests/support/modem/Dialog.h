@@ -27,6 +27,8 @@ public:
                                  std::chrono::milliseconds time = std::chrono::milliseconds(5000));
     // The same joined with '|', for comparing.
     std::string heard(const std::string& command, std::chrono::milliseconds time = std::chrono::milliseconds(5000));
+    // Every byte of the answer up to its final result.
+    std::string raw(const std::string& command, std::chrono::milliseconds time = std::chrono::milliseconds(5000));
     void write(const std::string& bytes) const;
     // All that comes until the text has been seen.
     std::string readUntil(const std::string& text, std::chrono::milliseconds time = std::chrono::milliseconds(5000));

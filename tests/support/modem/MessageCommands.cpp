@@ -18,7 +18,7 @@ std::map<int, StoredMessage>& stored(State& state, size_t port)
 
 int total(const State& state, const std::string& storage)
 {
-    return storage == "SM" ? state.card->plan.messageTotal : 20;
+    return storage == "SM" ? state.card->plan.messageTotal : state.plan.deviceMessageTotal;
 }
 
 Answer trouble(const State& state)
@@ -40,24 +40,39 @@ Answer format(State&, size_t, const Command& command)
     return command.number(0, 0) == 0 ? Answer() : cms(303);
 }
 
+bool offered(const State& state, const std::string& storage)
+{
+    return storage == "SM" || (storage == "ME" && state.plan.deviceMessageTotal > 0);
+}
+
+std::string counts(State& state, const std::string& storage)
+{
+    return std::to_string(state.messages[storage].size()) + ',' + std::to_string(total(state, storage));
+}
+
+// The storages for reading, for writing and for receiving; what is written lies where it is read here.
 Answer storage(State& state, size_t port, const Command& command)
 {
-    if (command.form == Command::Test)
-        return Answer("+CPMS: (\"SM\",\"ME\"),(\"SM\",\"ME\"),(\"SM\",\"ME\")");
+    if (command.form == Command::Test) {
+        const std::string list = state.plan.deviceMessageTotal > 0 ? "(\"SM\",\"ME\")" : "(\"SM\")";
+        return Answer("+CPMS: " + list + ',' + list + ',' + list);
+    }
     if (state.cardTrouble() != 0)
         return trouble(state);
     std::string& chosen = state.settings(port).messageStorage;
+    std::string& receiving = state.receivingStorage;
     if (command.form == Command::Set) {
-        if (command.field(0).text != "SM" && command.field(0).text != "ME")
-            return cms(302);
+        for (const Field& field : command.fields) {
+            if (!offered(state, field.text))
+                return cms(302);
+        }
         chosen = command.field(0).text;
+        if (command.field(2).given)
+            receiving = command.field(2).text;
+        return Answer("+CPMS: " + counts(state, chosen) + ',' + counts(state, chosen) + ',' + counts(state, receiving));
     }
-    const std::string counts =
-        std::to_string(state.messages[chosen].size()) + ',' + std::to_string(total(state, chosen));
-    if (command.form == Command::Set)
-        return Answer("+CPMS: " + counts + ',' + counts + ',' + counts);
-    const std::string one = '"' + chosen + "\"," + counts;
-    return Answer("+CPMS: " + one + ',' + one + ',' + one);
+    const std::string one = '"' + chosen + "\"," + counts(state, chosen);
+    return Answer("+CPMS: " + one + ',' + one + ",\"" + receiving + "\"," + counts(state, receiving));
 }
 
 Answer list(State& state, size_t port, const Command& command)
@@ -164,20 +179,21 @@ Answer takeMessage(State& state, size_t port, const std::string& typed)
     return Answer("+CMGS: " + std::to_string(state.messageReference));
 }
 
-// Into the first free place of the card; a full card leaves the message with the network.
+// Into the first free place; a full storage leaves the message with the network.
 void receiveMessage(State& state, const std::string& number, const std::string& text)
 {
+    const std::string& storage = state.receivingStorage;
     for (const std::string& pdu : makeDeliver(number, text)) {
-        auto& all = state.messages["SM"];
+        auto& all = state.messages[storage];
         int index = 1;
         while (all.count(index) != 0)
             ++index;
-        if (index > total(state, "SM"))
+        if (index > total(state, storage))
             return;
         all[index].pdu = pdu;
         for (size_t port = 0; port < state.ports.size(); ++port) {
             if (state.settings(port).newMessages != 0)
-                state.sendUnsolicited("+CMTI: \"SM\"," + std::to_string(index), static_cast<int>(port));
+                state.sendUnsolicited("+CMTI: \"" + storage + "\"," + std::to_string(index), static_cast<int>(port));
         }
     }
 }

@@ -188,7 +188,12 @@ std::vector<SentMessage> Modem::sentMessages() const
 
 int Modem::storedMessages() const
 {
-    return m_loop->ask<int>([&] { return static_cast<int>(m_loop->state.messages["SM"].size()); });
+    return m_loop->ask<int>([&] {
+        size_t count = 0;
+        for (const auto& [storage, all] : m_loop->state.messages)
+            count += all.size();
+        return static_cast<int>(count);
+    });
 }
 
 void Modem::setMessageError(int code, int fromPart)

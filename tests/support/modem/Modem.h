@@ -97,7 +97,7 @@ public:
 
     void receiveMessage(const std::string& number, const std::string& text); // a short message comes in
     std::vector<SentMessage> sentMessages() const;                           // what clients have sent
-    int storedMessages() const;                                              // how many lie on the card
+    int storedMessages() const; // how many lie on the card and in the device
     // The network takes messages (0) or refuses them with this +CMS ERROR, from the given part of a message on.
     void setMessageError(int code, int fromPart = 1);
 

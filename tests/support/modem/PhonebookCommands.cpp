@@ -55,7 +55,8 @@ Answer charset(State& state, size_t port, const Command& command)
     const std::vector<std::string> offered = offeredCharsets(state);
     if (command.form != Command::Set || std::find(offered.begin(), offered.end(), name) == offered.end())
         return cme(NotSupported);
-    chosen = name;
+    if (name != "UCS2" || !state.quirks.has("ucs2_ignored"))
+        chosen = name;
     return Answer();
 }
 
@@ -78,6 +79,8 @@ Answer select(State& state, size_t port, const Command& command)
     }
     const Storage* storage = state.storage(givenName(state, port, command.field(0).text));
     if (command.form != Command::Set || storage == nullptr)
+        return cme(NotAllowed);
+    if (storage->name() == "SM" && state.quirks.has("fdn_on"))
         return cme(NotAllowed);
     if (const int trouble = state.storageTrouble(*storage))
         return cme(trouble);
@@ -271,7 +274,9 @@ Answer write(State& state, size_t port, const Command& command)
         return cme(trouble);
     if (command.form == Command::Test)
         return writeTestLine(state, *storage);
-    if (command.form != Command::Set || (storage->readOnly() && storage->name() != "FD"))
+    // Lists of calls can be emptied, not written.
+    const bool erasing = command.fields.size() == 1;
+    if (command.form != Command::Set || (storage->readOnly() && storage->name() != "FD" && !erasing))
         return cme(NotAllowed);
     if (storage->name() == "FD" && !state.card->pin2Verified)
         return cme(Pin2Needed);
@@ -283,7 +288,7 @@ Answer write(State& state, size_t port, const Command& command)
         return cme(MemoryFull);
     if (location < 1 || location > storage->total())
         return cme(InvalidIndex);
-    if (command.fields.size() == 1)
+    if (erasing)
         return quirks.has("write_lost") ? Answer() : erase(state, *storage, location);
     Entry entry = givenEntry(state, port, command);
     if (const int error = storage->fit(entry, quirks))

@@ -39,7 +39,7 @@ struct CardPlan {
     int pinTries = 3;
     int pukTries = 10;
     std::vector<StoragePlan> storages; // SM, FD, ON; standardCard() fills them
-    int messageTotal = 10;
+    int messageTotal = 10;             // short messages that it holds
 };
 
 struct PortPlan {
@@ -55,6 +55,7 @@ struct Plan {
     CardPlan card;
     bool cardIn = true;
     std::vector<StoragePlan> deviceStorages; // ME and the call lists
+    int deviceMessageTotal = 0;              // short messages in the device; 0: it has no such storage
     Quirks quirks;
 
     std::string manufacturer = "Linkhand Tests";

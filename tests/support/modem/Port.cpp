@@ -2,6 +2,7 @@
 
 #include "support/modem/Commands.h"
 
+#include <algorithm>
 #include <cctype>
 
 namespace modemsim
@@ -246,8 +247,11 @@ void Port::hangUp()
 }
 
 // Pieces keep their order: one is due no earlier than the one before it, and so much later as it takes.
-void Port::write(const std::string& bytes, int milliseconds)
+void Port::write(const std::string& text, int milliseconds)
 {
+    std::string bytes = text;
+    if (m_state.quirks.has("seven_bit"))
+        std::transform(bytes.begin(), bytes.end(), bytes.begin(), [](char c) { return static_cast<char>(c & 0x7F); });
     const Clock::time_point now = Clock::now();
     Clock::time_point due = m_output.empty() ? now : std::max(now, m_output.back().due);
     due += std::chrono::milliseconds(milliseconds);

@@ -60,6 +60,8 @@ const std::vector<QuirkInfo>& knownQuirks()
         {"escape_quotes", "", reading, "quotation marks and backslashes in texts as \\22 and \\5C"},
         {"utf8_anyway", "", reading, "UTF-8 is sent whatever character set was chosen"},
         {"charsets", "GSM/IRA", different, "the character sets that are offered"},
+        {"ucs2_ignored", "", reading, "UCS2 is offered and taken with OK, and changes nothing"},
+        {"seven_bit", "", different, "the line carries seven bits: the eighth of each byte is lost"},
         {"raw_alpha", "", reading,
          "names outside the default alphabet as hex of the card's own coding, in any set but UCS2"},
         // State
@@ -68,6 +70,7 @@ const std::vector<QuirkInfo>& knownQuirks()
         {"me_needs_card", "", reading, "the device's memory is refused without a card or PIN"},
         {"card_out_error", "13", reading, "the error without a card"},
         {"card_urc", "", reading, "+SIM lines tell of a card pulled or put in"},
+        {"fdn_on", "", different, "only fixed numbers may be used: the card's phonebook cannot be selected"},
         {"no_crsm", "", different, "+CRSM and +CSIM are refused: no card number"},
         {"ccid", "", reading, "+CCID and ^ICCID give the card number"},
         {"cpbs_shared", "", reading, "the ports share one selected storage"},
@@ -75,6 +78,7 @@ const std::vector<QuirkInfo>& knownQuirks()
         // Writing
         {"truncate", "", writing, "texts that are too long are cut and stored, with OK"},
         {"drop_characters", "", writing, "characters of a number that are none are removed, with OK"},
+        {"ext_full", "", writing, "a number of more than 20 digits finds the card full"},
         {"no_index_write", "", writing, "a write without a location is refused"},
         {"written_index", "", writing, "the answer to a write names the location"},
         {"delete_empty_error", "22", writing, "deleting an empty location is an error"},

@@ -74,6 +74,7 @@ public:
     std::vector<Storage> deviceStorages;
     std::vector<PortSettings> ports;
     std::map<std::string, std::map<int, StoredMessage>> messages; // by storage and index
+    std::string receivingStorage = "SM";                          // the third of +CPMS
     std::vector<SentMessage> sent;
     int messageReference = 0;
     int messageError = 0;

@@ -77,6 +77,8 @@ int Storage::fit(Entry& entry, const Quirks& quirks) const
     const bool plus = !entry.number.empty() && entry.number[0] == '+';
     if (static_cast<int>(entry.number.size()) - (plus ? 1 : 0) > m_plan.numberLength)
         return NumberTooLong;
+    if (onCard() && entry.number.size() > 20 + (plus ? 1 : 0) && quirks.has("ext_full"))
+        return MemoryFull;
     while (units(entry.name, quirks) > m_plan.textLength) {
         if (!quirks.has("truncate"))
             return TextTooLong;

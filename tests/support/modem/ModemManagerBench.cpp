@@ -1,0 +1,295 @@
+#include "support/modem/ModemManagerBench.h"
+
+#include <algorithm>
+#include <csignal>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <stdexcept>
+#include <unistd.h>
+
+namespace modemsim
+{
+
+namespace
+{
+
+// A bus that starts nothing by itself: what is on it, this bench has put there.
+const char busConfiguration[] = R"(<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
+ "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
+<busconfig>
+  <type>session</type>
+  <listen>unix:dir=FOLDER</listen>
+  <auth>EXTERNAL</auth>
+  <policy context="default">
+    <allow send_destination="*" eavesdrop="true"/>
+    <allow eavesdrop="true"/>
+    <allow own="*"/>
+  </policy>
+</busconfig>
+)";
+
+const char preload[] = "libumockdev-preload.so.0";
+const char daemonName[] = "org.freedesktop.ModemManager1";
+const char usbName[] = "1-1";
+
+std::string temporaryFolder()
+{
+    const char* base = std::getenv("TMPDIR");
+    std::string name = std::string(base != nullptr ? base : "/tmp") + "/modembench-XXXXXX";
+    if (::mkdtemp(name.data()) == nullptr)
+        throw std::runtime_error("no folder " + name);
+    return name;
+}
+
+const char* roleName(Role role)
+{
+    switch (role) {
+    case Role::Primary:
+        return "primary";
+    case Role::Secondary:
+        return "secondary";
+    case Role::Ignored:
+        return "ignored";
+    case Role::Free:
+        break;
+    }
+    return "free";
+}
+
+// The lines "key : value" of mmcli's form for programs; "--" stands for nothing.
+std::map<std::string, std::string> facts(const Outcome& outcome)
+{
+    std::map<std::string, std::string> all;
+    std::istringstream lines(outcome.output);
+    for (std::string line; std::getline(lines, line);) {
+        const size_t colon = line.find(" : ");
+        if (outcome.status != 0 || colon == std::string::npos)
+            continue;
+        const std::string value = line.substr(colon + 3);
+        all[line.substr(0, line.find_last_not_of(' ', colon) + 1)] = value == "--" ? std::string() : value;
+    }
+    return all;
+}
+
+} // namespace
+
+ModemManagerBench::ModemManagerBench(const BenchSetup& setup) : m_setup(setup), m_folder(temporaryFolder())
+{
+    Plan plan = setup.plan;
+    plan.ports.clear();
+    for (size_t i = 0; i < setup.roles.size(); ++i) {
+        PortPlan port;
+        if (!setup.usb) {
+            // Behind the daemon's prefix its whole name is the socket's.
+            port.kind = PortPlan::Socket;
+            port.name = "abstract:modembench-" + std::to_string(::getpid()) + '-' +
+                        m_folder.substr(m_folder.size() - 6) + '-' + std::to_string(i);
+        }
+        plan.ports.push_back(port);
+    }
+    m_setup.plan = plan;
+    m_modem = std::make_unique<Modem>(plan);
+    startBus();
+    if (setup.usb) {
+        m_modem->unplug();
+        startMachine();
+    }
+    startDaemon();
+}
+
+ModemManagerBench::~ModemManagerBench()
+{
+    if (m_daemon)
+        m_daemon->end(SIGTERM);
+    m_monitor.reset();
+    if (m_machine) {
+        m_machine->closeInput();
+        m_machine->wait(Milliseconds(5000));
+    }
+    m_bus.reset();
+    std::error_code ignored;
+    std::filesystem::remove_all(m_folder, ignored);
+}
+
+void ModemManagerBench::startBus()
+{
+    std::string configuration = busConfiguration;
+    configuration.replace(configuration.find("FOLDER"), 6, m_folder);
+    std::ofstream(m_folder + "/bus.conf") << configuration;
+    m_bus = std::make_unique<Child>(std::vector<std::string>{"dbus-daemon", "--config-file=" + m_folder + "/bus.conf",
+                                                             "--nofork", "--nopidfile", "--print-address"});
+    while (m_busAddress.compare(0, 5, "unix:") != 0) {
+        if (!m_bus->readLine(m_busAddress))
+            throw std::runtime_error("dbus-daemon does not start");
+    }
+    m_monitor = std::make_unique<Child>(
+        std::vector<std::string>{"dbus-monitor", "--session", "--profile", "type='signal'"}, busEnvironment());
+}
+
+void ModemManagerBench::startMachine()
+{
+    const char* source = std::getenv("LINKHAND_SOURCE_DIR");
+    const std::string script = (source != nullptr ? std::string(source) : std::string(MODEMSIM_SOURCE_DIR)) +
+                               "/tests/support/modem/mockusb.py";
+    m_machine = std::make_unique<Child>(std::vector<std::string>{"/usr/bin/python3", script},
+                                        Environment{{"LD_PRELOAD", preload}, {"PYTHONDONTWRITEBYTECODE", "1"}});
+    while (m_machineFolder.empty() || m_machineFolder[0] != '/') {
+        if (!m_machine->readLine(m_machineFolder, Milliseconds(30000)))
+            throw std::runtime_error("the mocked machine does not start");
+    }
+}
+
+void ModemManagerBench::tellMachine(const std::string& order)
+{
+    m_machine->write(order + '\n');
+    std::string answer;
+    if (!m_machine->readLine(answer) || answer != "ok")
+        throw std::runtime_error(order + ": " + answer);
+}
+
+Environment ModemManagerBench::busEnvironment() const
+{
+    return {{"DBUS_SESSION_BUS_ADDRESS", m_busAddress}, {"DBUS_SYSTEM_BUS_ADDRESS", m_busAddress}};
+}
+
+Environment ModemManagerBench::environment() const
+{
+    Environment all = busEnvironment();
+    if (m_setup.usb) {
+        all["UMOCKDEV_DIR"] = m_machineFolder;
+        all["LD_PRELOAD"] = preload;
+    }
+    return all;
+}
+
+std::string ModemManagerBench::node(size_t port) const
+{
+    return m_setup.usb ? "ttyUSB" + std::to_string(port) : m_setup.plan.ports[port].name;
+}
+
+void ModemManagerBench::startDaemon()
+{
+    std::vector<std::string> command = {"ModemManager", "--test-session", "--test-no-suspend-resume"};
+    // Without udev or without QRTR it would not scan for ports either.
+    if (m_setup.usb)
+        command.insert(command.end(), {"--filter-policy=strict"});
+    else
+        command.insert(command.end(), {"--test-enable", "--test-no-udev", "--test-no-qrtr", "--no-auto-scan"});
+    m_daemon = std::make_unique<Child>(command, environment(), m_folder + "/daemon.log");
+    if (!waitFor([this] { return mmcli({"--list-modems"}).status == 0; }))
+        throw std::runtime_error("ModemManager does not start");
+}
+
+void ModemManagerBench::endDaemon(int signal)
+{
+    m_daemon->end(signal);
+}
+
+void ModemManagerBench::plug()
+{
+    m_modem->plug();
+    if (!m_setup.usb) {
+        std::string names;
+        for (size_t i = 0; i < m_setup.roles.size(); ++i)
+            names += (i > 0 ? "," : "") + node(i);
+        const Outcome outcome =
+            runProgram({"dbus-send", "--session", "--print-reply", std::string("--dest=") + daemonName,
+                        "/org/freedesktop/ModemManager1", std::string(daemonName) + ".Test.SetProfile", "string:test0",
+                        "string:generic", "array:string:" + names},
+                       busEnvironment());
+        if (outcome.status != 0)
+            throw std::runtime_error(outcome.output);
+        return;
+    }
+    std::string order = std::string("plug ") + usbName + ' ' + m_setup.vendor + ' ' + m_setup.product;
+    for (size_t i = 0; i < m_setup.roles.size(); ++i)
+        order += ' ' + node(i) + ':' + m_modem->terminal(i) + ':' + roleName(m_setup.roles[i]);
+    tellMachine(order);
+}
+
+// The lines die first, as they do when a plug is pulled; the kernel's message follows.
+void ModemManagerBench::unplug()
+{
+    m_modem->unplug();
+    tellMachine(std::string("unplug ") + usbName);
+}
+
+std::vector<std::string> ModemManagerBench::held() const
+{
+    std::vector<std::string> names;
+    std::error_code ignored;
+    const std::string folder = "/proc/" + std::to_string(m_daemon->pid()) + "/fd";
+    for (const auto& entry : std::filesystem::directory_iterator(folder, ignored)) {
+        const std::string target = std::filesystem::read_symlink(entry.path(), ignored).string();
+        for (size_t i = 0; i < m_setup.roles.size(); ++i) {
+            if (!target.empty() && target == m_modem->terminal(i))
+                names.push_back(node(i));
+        }
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+Outcome ModemManagerBench::mmcli(std::vector<std::string> arguments) const
+{
+    arguments.insert(arguments.begin(), "mmcli");
+    return runProgram(arguments, busEnvironment());
+}
+
+std::map<std::string, std::string> ModemManagerBench::modemFacts() const
+{
+    return facts(mmcli({"-m", "any", "-K"}));
+}
+
+std::map<std::string, std::string> ModemManagerBench::simFacts() const
+{
+    return facts(mmcli({"-i", "any", "-K"}));
+}
+
+std::string ModemManagerBench::fact(const std::string& key) const
+{
+    const auto all = key.compare(0, 4, "sim.") == 0 ? simFacts() : modemFacts();
+    const auto found = all.find(key);
+    return found == all.end() ? std::string() : found->second;
+}
+
+// Signals may be missed between a look and the wait: so it looks again after half a second of silence at the latest.
+bool ModemManagerBench::waitFor(const std::function<bool()>& condition, Milliseconds time)
+{
+    const auto end = std::chrono::steady_clock::now() + time;
+    while (!condition()) {
+        if (std::chrono::steady_clock::now() >= end)
+            return false;
+        std::string line;
+        if (m_monitor->readLine(line, Milliseconds(500))) {
+            while (m_monitor->readLine(line, Milliseconds(0))) {
+            }
+        }
+    }
+    return true;
+}
+
+bool ModemManagerBench::waitForModem()
+{
+    return waitFor([this] {
+        const std::string state = fact("modem.generic.state");
+        return !state.empty() && state != "unknown" && state != "initializing";
+    });
+}
+
+bool ModemManagerBench::waitForNoModem()
+{
+    return waitFor([this] { return mmcli({"--list-modems"}).output.find("/Modem/") == std::string::npos; });
+}
+
+bool ModemManagerBench::waitForFact(const std::string& key, const std::string& value)
+{
+    if (waitFor([&] { return fact(key) == value; }))
+        return true;
+    std::fprintf(stderr, "%s is \"%s\" and not \"%s\"\n", key.c_str(), fact(key).c_str(), value.c_str());
+    return false;
+}
+
+} // namespace modemsim
