@@ -73,7 +73,8 @@ extern "C" {
 #define ORVA_NETWORK_IN_SERVICE 2
 
 /* One field of a memory, in the order of its field list. Every text is ASCII; the two character lists hold "null"
- * where there is no list. */
+ * where there is no list. With natural alignment an entry has 28 bytes where pointers have 4, and 56 where they have 8.
+ */
 typedef struct ORVA_PROFILE_ENTRY {
     char* key;          /* the field's key in value calls, such as "Name" */
     int max_length;     /* the longest value, in characters; on the card in the units of PBContentCodingJudge */
@@ -209,8 +210,9 @@ ORVA_API long ORVA_PBSrv_PBGetMemoryListType(short* types, unsigned short* count
  *   TS 102 221 Annex A, header octets counted and an extension character counting two in the half-page forms.
  * - not_uim false (a UIM card): one for each character of ASCII text, any other text in plain UCS-2: two for each unit
  *   and one for the header octet.
- * - customised true, whatever the card: one for each UTF-16 unit. From then on, until a count with customised false,
- * this process's card takes names that fit by that count. */
+ * - customised true, whatever the card: one for each UTF-16 unit. A card takes names by that count where it is told to
+ *   (ORVA_Sim_SetNameUnits of orva_sim.h).
+ * Counting changes nothing. */
 ORVA_API long ORVA_PBSrv_PBContentCodingJudge(const unsigned short* text, short length, bool not_uim, bool customised,
                                               short* result);
 

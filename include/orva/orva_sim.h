@@ -8,10 +8,11 @@
  * Every function may be called from any thread, returns 0 for success and a non-zero code for an argument out of
  * range, and reads nothing after it returns. A change that sets what is already set sends no event.
  *
- * What the hardware is (attached, card in, PIN status, types, radio, network, capacities, lengths, fields) is kept in
- * the data folder, so that the next process starts with it; a process that runs already keeps what it has. How it
- * behaves for a test (SetAutoReady, SetDelay) is not kept. A new folder has an attached device with a card, PIN status
- * 1, product type 0, card type 1, the radio on (1 and 1), network status 2 and multi-mode status 0 and 0.
+ * What the hardware is (attached, card in, PIN status, types, radio, network, capacities, lengths and how they are
+ * measured, fields) is kept in the data folder, so that the next process starts with it; a process that runs already
+ * keeps what it has. How it behaves for a test (SetAutoReady, SetDelay) is not kept. A new folder has an attached
+ * device with a card, PIN status 1, product type 0, card type 1, the radio on (1 and 1), network status 2 and
+ * multi-mode status 0 and 0.
  */
 
 #include "orva/orva_sdk.h"
@@ -71,6 +72,11 @@ ORVA_API long ORVA_Sim_SetFieldLengths(int memory, int name_length, int number_l
 /* Number of fields of the device's memory, 2 (the default: name and number) to 4 (with home number and e-mail). The
  * device must be detached. */
 ORVA_API long ORVA_Sim_SetDeviceFields(int count);
+
+/* How the card measures a name: 0 (the default) as it stores it, non-zero by UTF-16 units, for a product that promises
+ * room for a number of characters. A host that counts with ORVA_PBSrv_PBContentCodingJudge as customised says so here.
+ */
+ORVA_API long ORVA_Sim_SetNameUnits(int units);
 
 /* Returns when every event sent before the call has been delivered. Fails when called from within a callback. */
 ORVA_API long ORVA_Sim_WaitEvents(void);

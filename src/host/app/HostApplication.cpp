@@ -17,6 +17,7 @@
 #include "app/Screenshot.h"
 #include "app/UnixSignals.h"
 #include "device/DeviceWatcher.h"
+#include "device/SimulatedHardware.h"
 #include "device/SimulatedModem.h"
 #include "linkhand/QtCompat.h"
 #include "linkhand/core/CommonUtils.h"
@@ -124,6 +125,8 @@ HostApplication::HostApplication(const CommandLine& line, Companion* pCompanion)
     m_services.SetContainer(m_pContainer.data());
     m_services.SetModem(m_pModem.data());
     m_services.Publish();
+    const QString strCount = CommonUtils::GetSettings(QLatin1String("customize"), QLatin1String("pbnamecode"));
+    SimulatedHardware::SetNameUnits(strCount.trimmed() == QLatin1String("all"));
     applyLanguage(
         m_languages.BestFor(m_settings.Language().isEmpty() ? QLocale::system().name() : m_settings.Language()));
     m_pWindow.reset(new MainWindow(*m_pContainer, *m_pOutbox, *m_pWatcher));

@@ -12,15 +12,7 @@
 #pragma weak ORVA_Sim_SetNetwork
 #pragma weak ORVA_Sim_SetDelay
 #pragma weak ORVA_Sim_SendEvent
-
-namespace
-{
-
-const int EVENT_CARD_PHONEBOOK_READY = 20302;
-const int EVENT_DEVICE_PHONEBOOK_READY = 20303;
-const int IN_SERVICE = 2;
-
-} // namespace
+#pragma weak ORVA_Sim_SetNameUnits
 
 bool SimulatedHardware::Available()
 {
@@ -74,7 +66,7 @@ void SimulatedHardware::SetRadio(bool bOn)
 void SimulatedHardware::SetNetwork(bool bInService)
 {
     if (Available()) {
-        ORVA_Sim_SetNetwork(bInService ? IN_SERVICE : 0);
+        ORVA_Sim_SetNetwork(bInService ? ORVA_NETWORK_IN_SERVICE : 0);
     }
 }
 
@@ -86,10 +78,17 @@ void SimulatedHardware::SetDelay(int iReadMs)
     }
 }
 
+void SimulatedHardware::SetNameUnits(bool bUnits)
+{
+    if (&ORVA_Sim_SetNameUnits != nullptr) {
+        ORVA_Sim_SetNameUnits(bUnits ? 1 : 0);
+    }
+}
+
 void SimulatedHardware::SendReady()
 {
     if (Available()) {
-        ORVA_Sim_SendEvent(EVENT_CARD_PHONEBOOK_READY);
-        ORVA_Sim_SendEvent(EVENT_DEVICE_PHONEBOOK_READY);
+        ORVA_Sim_SendEvent(ORVA_EVENT_PBM_EVENT_SIM_READY);
+        ORVA_Sim_SendEvent(ORVA_EVENT_PBM_EVENT_NV_READY);
     }
 }

@@ -17,6 +17,9 @@ void SetRadio(bool bOn);
 void SetNetwork(bool bInService);
 void SetDelay(int iReadMs);
 
+// Lets the card measure names by characters, as the form does for a product that promises a number of them.
+void SetNameUnits(bool bUnits);
+
 // Announces the card's and the device's phonebook as ready.
 void SendReady();
 

@@ -4,9 +4,7 @@
 #include <climits>
 
 #include "api/Boundary.h"
-#include "api/Library.h"
 #include "coding/AlphaIdentifier.h"
-#include "devices/SimulatedHardware.h"
 
 using namespace orva;
 
@@ -24,7 +22,6 @@ long ORVA_PBSrv_PBContentCodingJudge(const unsigned short* text, short length, b
         for (short i = 0; i < length && text[i] != 0; ++i)
             units.push_back(text[i]);
         const AlphaRule rule = customised ? AlphaRule::Units : not_uim ? AlphaRule::Sim : AlphaRule::Uim;
-        simulatedHardware().setCountsUnits(customised);
         *result = static_cast<short>(std::min(alphaLength(units, rule), SHRT_MAX));
         return ORVA_OK;
     });

@@ -1,6 +1,6 @@
 // What a memory is: fields, sizes, and which memories there are.
 
-#include <cstring>
+#include <cstddef>
 #include <mutex>
 #include <unordered_map>
 #include <vector>
@@ -13,6 +13,16 @@ using namespace orva;
 
 namespace
 {
+
+// Clients built elsewhere walk the array by this size and read it at these places.
+static_assert(sizeof(void*) != 4 || sizeof(ORVA_PROFILE_ENTRY) == 28);
+static_assert(sizeof(void*) != 8 || sizeof(ORVA_PROFILE_ENTRY) == 56);
+static_assert(offsetof(ORVA_PROFILE_ENTRY, key) == 0 && offsetof(ORVA_PROFILE_ENTRY, max_length) == sizeof(void*) &&
+              offsetof(ORVA_PROFILE_ENTRY, accepted) == 2 * sizeof(void*) &&
+              offsetof(ORVA_PROFILE_ENTRY, refused) == 3 * sizeof(void*) &&
+              offsetof(ORVA_PROFILE_ENTRY, kind) == 4 * sizeof(void*) &&
+              offsetof(ORVA_PROFILE_ENTRY, flag) == 5 * sizeof(void*) &&
+              offsetof(ORVA_PROFILE_ENTRY, label_id) == 6 * sizeof(void*));
 
 // The array that a client holds, with the texts behind it.
 struct GivenProfile {

@@ -98,6 +98,11 @@ long ORVA_Sim_SetDeviceFields(int count)
     return switched(__func__, [&](SimulatedHardware& all) { return all.setDeviceFields(count); });
 }
 
+long ORVA_Sim_SetNameUnits(int units)
+{
+    return switched(__func__, [&](SimulatedHardware& all) { return all.setNameUnits(units != 0); });
+}
+
 long ORVA_Sim_WaitEvents(void)
 {
     return guarded(__func__, [&] {

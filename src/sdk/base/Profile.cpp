@@ -12,6 +12,7 @@ namespace
 {
 
 constexpr char numberCharacters[] = "0123456789+*#";
+constexpr char cardNumberCharacters[] = "0123456789+*#pw"; // cards hold pauses and waits, too
 
 Field field(const char* key, const char* kind, const char* labelId, int maxLength)
 {
@@ -58,6 +59,10 @@ Profile deviceProfile(int fields, int nameLength, int numberLength)
                            field("homePhone", "Number", "ID_STR_HOME_PHONE", numberLength),
                            field("email", "Email", "ID_STR_EMAIL", 60)};
     all.front().flag = true;
+    for (Field& each : all) {
+        if (each.kind == "Number")
+            each.accepted = cardNumberCharacters;
+    }
     all.resize(static_cast<std::size_t>(std::clamp(fields, 2, 4)));
     return Profile(std::move(all));
 }

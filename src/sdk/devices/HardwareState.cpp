@@ -31,6 +31,7 @@ constexpr Entry entries[] = {
     {"deviceCapacity", &HardwareState::deviceCapacity, 0, mostRecords},
     {"localCapacity", &HardwareState::localCapacity, 0, mostRecords},
     {"cardName", &HardwareState::cardNameLength, 1, mostFieldLength},
+    {"cardNameUnits", &HardwareState::cardNameUnits, 0, 1},
     {"cardNumber", &HardwareState::cardNumberLength, 1, mostFieldLength},
     {"deviceName", &HardwareState::deviceNameLength, 1, mostFieldLength},
     {"deviceNumber", &HardwareState::deviceNumberLength, 1, mostFieldLength},

@@ -16,6 +16,7 @@ struct HardwareState : DeviceStatus {
     int localCapacity = 100000;
     int cardNameLength = 14;
     int cardNumberLength = 20;
+    int cardNameUnits = 0;
     int deviceNameLength = 30;
     int deviceNumberLength = 40;
     int deviceFields = 2;

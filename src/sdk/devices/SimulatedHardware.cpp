@@ -223,6 +223,11 @@ bool SimulatedHardware::setDeviceFields(int count)
     return allowed;
 }
 
+bool SimulatedHardware::setNameUnits(bool units)
+{
+    return change([&] { return put(m_state.cardNameUnits, units ? 1 : 0); });
+}
+
 // ---- Presence and time
 
 bool SimulatedHardware::present(int memory) const
@@ -280,6 +285,12 @@ int SimulatedHardware::localCapacity() const
 {
     const Lock lock(m_mutex);
     return m_state.localCapacity;
+}
+
+bool SimulatedHardware::countsUnits() const
+{
+    const Lock lock(m_mutex);
+    return m_state.cardNameUnits != 0;
 }
 
 int SimulatedHardware::readDelay(int memory) const

@@ -49,6 +49,7 @@ public:
     bool setCapacity(int memory, int capacity);
     bool setFieldLengths(int memory, int nameLength, int numberLength);
     bool setDeviceFields(int count);
+    bool setNameUnits(bool units);
 
     // How many records the PC's memory takes, which is configured with the others.
     int localCapacity() const;
@@ -59,10 +60,8 @@ public:
     void spendReading(int memory, int records);
     void spendWriting(int memory);
 
-    // Whether the card promises room for a number of characters, whatever they are. The host knows that of its product
-    // and says so whenever it counts a text; its last word stands.
-    void setCountsUnits(bool units) { m_countsUnits.store(units, std::memory_order_relaxed); }
-    bool countsUnits() const { return m_countsUnits.load(std::memory_order_relaxed); }
+    // Whether the card promises room for a number of characters, whatever they are.
+    bool countsUnits() const;
 
 private:
     using Lock = std::unique_lock<std::mutex>;
@@ -92,7 +91,6 @@ private:
     std::array<Delay, 2> m_delays;
     std::array<std::shared_ptr<const Profile>, 2> m_profiles;
     std::atomic<std::uint64_t> m_epoch{0};
-    std::atomic<bool> m_countsUnits{false};
 };
 
 } // namespace orva
