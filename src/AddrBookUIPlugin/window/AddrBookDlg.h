@@ -325,7 +325,7 @@ private:
     void undoGroupEdit(QTreeWidgetItem* pItem, bool bFitTree);
     void forgetTreeItem(const QTreeWidgetItem* pItem);
     void freeNodeData(const QTreeWidgetItem* pItem);
-    bool isInTree(const QTreeWidgetItem* pItem) const;
+    void goBackTo(QTreeWidgetItem* pItem, bool bShown, QTreeWidgetItem* pShown);
 
     // ---- Copies (AddrBookDlgCopy.cpp, AddrBookDlgBatches.cpp) ------------------------------------------------------
 public:
