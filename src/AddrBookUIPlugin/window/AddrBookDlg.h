@@ -334,7 +334,7 @@ private:
     void tellGroupName(const char* pTextId);
     void forgetTreeItem(const QTreeWidgetItem* pItem);
     void freeNodeData(const QTreeWidgetItem* pItem);
-    bool isInTree(const QTreeWidgetItem* pItem) const;
+    void goBackTo(QTreeWidgetItem* pItem, bool bShown, QTreeWidgetItem* pShown);
 
     // ---- Copies (AddrBookDlgCopy.cpp, AddrBookDlgBatches.cpp) ------------------------------------------------------
 public:

@@ -14,6 +14,7 @@
 #include "logic/Texts.h"
 #include "widgets/AddrBookTableWidget.h"
 #include "widgets/PBTreeWidget.h"
+#include "window/NodeGuard.h"
 
 namespace
 {
@@ -102,6 +103,7 @@ void AddrBookDlg::OnEditorClosed(QWidget* pwidgetEditor)
     if (peditor == nullptr || m_ptreePhonebook == nullptr || m_pitemEditedGroup == nullptr)
         return;
     const QPointer<AddrBookDlg> pSelf(this);
+    const NodeGuard edited(m_pitemEditedGroup);
     QTreeWidgetItem* pitem = m_pitemEditedGroup;
     QString strText = peditor->text();
     QString strWithoutBlanks = strText;
@@ -111,13 +113,14 @@ void AddrBookDlg::OnEditorClosed(QWidget* pwidgetEditor)
         // The node, or the window, may have gone while the box was open.
         if (pSelf.isNull())
             return;
-        if (m_pitemEditedGroup == pitem)
-            undoGroupEdit(pitem, true);
+        if (edited.IsGone() || m_pitemEditedGroup != pitem)
+            return;
+        undoGroupEdit(pitem, true);
         m_pitemEditedGroup = nullptr;
         return;
     }
     if (!saveGroupName(strText, pitem)) {
-        if (!pSelf.isNull())
+        if (!pSelf.isNull() && m_pitemEditedGroup == edited.Node())
             m_pitemEditedGroup = nullptr;
         return;
     }
@@ -242,10 +245,11 @@ bool AddrBookDlg::saveRenamedGroup(QString& strText, QTreeWidgetItem* pitem)
 // A name that the store did not take. Only one that stands already is told to the user.
 void AddrBookDlg::refuseGroupName(QTreeWidgetItem* pitem, int iResult)
 {
+    const NodeGuard refused(pitem);
     const QPointer<AddrBookDlg> pSelf(this);
     if (iResult == ADDRBOOK_GROUP_EXISTS)
         tellGroupName("IDS_GROUP_NAME_REPEAT");
-    if (!pSelf.isNull() && m_pitemEditedGroup == pitem)
+    if (!pSelf.isNull() && !refused.IsGone() && m_pitemEditedGroup == pitem)
         undoGroupEdit(pitem, false);
 }
 
@@ -261,18 +265,36 @@ void AddrBookDlg::CloseEditor()
         if (pitemParent != nullptr) {
             const int iChildren = pitemParent->childCount();
             const QPointer<QWidget> peditor = m_ptreePhonebook->itemWidget(pitemCurrent, 0);
+            // A group without a name yet has no rows: the table still shows another node's.
+            const bool bShown = treeNodeData(pitemCurrent) != nullptr;
+            const NodeGuard shown(m_pitemCurrentTreeWidgetItem);
+            const NodeGuard current(pitemCurrent);
+            const NodeGuard parent(pitemParent);
             m_pitemCurrentTreeWidgetItem = m_pitemLocalTreeWidgetItem;
             m_ptreePhonebook->setCurrentItem(m_pitemLocalTreeWidgetItem);
             const QPointer<AddrBookDlg> pSelf(this);
             OnEditorClosed(peditor);
+            // Its box about a name may have outlived the window, or either node.
             if (pSelf.isNull())
                 return;
-            if (pitemParent->childCount() == iChildren)
-                m_ptreePhonebook->setCurrentItem(pitemCurrent);
+            if (!current.IsGone() && !parent.IsGone() && pitemParent->childCount() == iChildren)
+                goBackTo(pitemCurrent, bShown, shown.Node());
         }
     }
     m_bClosingEditor = false;
     ADDRBOOK_LOG_EXIT();
+}
+
+// From the local node, which an editor's end passes through, back to the one that was current. If the table shows that
+// one's rows they stay, with selection, preview and search; pShown is what the table was for, null to have the next
+// click reload it.
+void AddrBookDlg::goBackTo(QTreeWidgetItem* pitem, bool bShown, QTreeWidgetItem* pShown)
+{
+    if (bShown)
+        m_pitemCurrentTreeWidgetItem = pitem;
+    m_ptreePhonebook->setCurrentItem(pitem);
+    if (bShown)
+        m_pitemCurrentTreeWidgetItem = pShown;
 }
 
 void AddrBookDlg::OnDeleteGroupClicked()
@@ -280,7 +302,7 @@ void AddrBookDlg::OnDeleteGroupClicked()
     ADDRBOOK_LOG_ENTER();
     _ORVA_EN_PHONEBOOK_MEMORY enMemory = PB_MEM_LOCAL;
     int iGroupId = 0;
-    QTreeWidgetItem* pitem = getGroupId(enMemory, iGroupId);
+    const NodeGuard asked(getGroupId(enMemory, iGroupId));
     const QPointer<AddrBookDlg> pSelf(this);
     const int iAnswer = CommonUtils::ShowMessage(QMessageBox::Question, this, tr(QLatin1String("IDS_PROMPT_CAPTION")),
                                                  tr(QLatin1String("IDS_DELETE_GROUP")), QLatin1String("IDS_OK"),
@@ -288,9 +310,10 @@ void AddrBookDlg::OnDeleteGroupClicked()
                                                  Qt::WindowCloseButtonHint, nullptr, QLatin1String(""), true);
     // A node that went while the question was open has nothing left to delete.
     if (pSelf.isNull() || iAnswer != QMessageBox::Ok || m_pitemLocalTreeWidgetItem == nullptr ||
-        m_pAddrBookLogic == nullptr || !isInTree(pitem))
+        m_pAddrBookLogic == nullptr || asked.IsGone())
         return;
     m_pAddrBookLogic->DelGroup(enMemory, iGroupId);
+    QTreeWidgetItem* pitem = asked.Node();
     QTreeWidgetItem* pitemParent = pitem->parent();
     removeTreeItem(pitemParent, pitem);
     if (pitemParent != nullptr) {
@@ -325,6 +348,7 @@ void AddrBookDlg::removeTreeItem(QTreeWidgetItem* pParent, QTreeWidgetItem* pIte
 
 void AddrBookDlg::forgetTreeItem(const QTreeWidgetItem* pItem)
 {
+    NodeGuard::Forget(pItem);
     QTreeWidgetItem** const lstNamed[] = {&m_pitemEnteredTreeWidgetItem, &m_pitemCurrentTreeWidgetItem,
                                           &m_pitemSimTreeWidgetItem,     &m_pitemDeviceTreeWidgetItem,
                                           &m_pitemGroupParent,           &m_pitemEditedGroup};
@@ -353,16 +377,4 @@ void AddrBookDlg::freeNodeData(const QTreeWidgetItem* pItem)
     const TreeNodeData* pData = treeNodeData(pItem);
     delete groupOf(pData);
     delete pData;
-}
-
-// True for a node at any depth; a pointer to one that has gone is safe here.
-bool AddrBookDlg::isInTree(const QTreeWidgetItem* pItem) const
-{
-    if (m_ptreePhonebook == nullptr || pItem == nullptr)
-        return false;
-    for (QTreeWidgetItemIterator it(m_ptreePhonebook); *it != nullptr; ++it) {
-        if (*it == pItem)
-            return true;
-    }
-    return false;
 }

@@ -262,7 +262,9 @@ void AddrBookDlg::treeContextMenuEvent(QContextMenuEvent* event)
     _ORVA_EN_PHONEBOOK_MEMORY enMemory = PB_MEM_LOCAL;
     int iGroupId = 0;
     getGroupId(enMemory, iGroupId);
-    if (!m_ptreePhonebook->indexAt(m_ptreePhonebook->mapFrom(this, event->pos())).isValid())
+    // Beside the tree there is no node, but scrolled away there may be one.
+    const QPoint ptTree = m_ptreePhonebook->mapFrom(this, event->pos());
+    if (!m_ptreePhonebook->rect().contains(ptTree) || !m_ptreePhonebook->indexAt(ptTree).isValid())
         return;
     if (isDeviceMemory(enMemory))
         updateContextMenu(ADDRBOOK_ENABLE_TREE_DEVICE);
@@ -286,8 +288,9 @@ void AddrBookDlg::tableContextMenuEvent(QContextMenuEvent* event)
     ptTable.ry() -= m_ptableContacts->horizontalHeader()->height();
     if (ptTable.y() < 0 && m_ptableContacts->GetSelectedIndexes().isEmpty())
         return;
-    // On the header the point is above the rows, and the menu opens as on an empty area.
-    if (!m_ptableContacts->indexAt(ptTable).isValid()) {
+    // On the header the point is above the rows, whatever has been scrolled up to there, and the menu opens as on an
+    // empty area.
+    if (ptTable.y() < 0 || !m_ptableContacts->indexAt(ptTable).isValid()) {
         showNoRecord();
         m_ptableContacts->setCurrentCell(-1, -1, QItemSelectionModel::Clear);
         updateContextMenu(ADDRBOOK_ENABLE_TABLE_NONE);
