@@ -11,6 +11,16 @@
 #include "fakecore/FakeCore.h"
 #include "widgets/GridDelegate.h"
 
+// The requests to close that a window gets.
+struct CloseCounter : QObject {
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        count += event->type() == QEvent::Close ? 1 : 0;
+        return false;
+    }
+    int count = 0;
+};
+
 // The dialog that asks which number of a contact to call.
 class ChoosePhoneNumberTest : public QObject
 {
@@ -226,6 +236,8 @@ void ChoosePhoneNumberTest::aRejectedWindowCallsNothing()
     QFETCH(QString, way);
     show();
     QPointer<ExtendDialog> open = dialog();
+    CloseCounter closes;
+    open->installEventFilter(&closes);
     if (way == "reject")
         open->reject();
     else if (way == "escape")
@@ -233,6 +245,7 @@ void ChoosePhoneNumberTest::aRejectedWindowCallsNothing()
     else
         open->close();
     QVERIFY(open.isNull() || open->isHidden());
+    QVERIFY(closes.count >= 1); // not only hidden
     QTRY_VERIFY(open.isNull());
     QVERIFY(FakeCore::madeCalls().isEmpty());
     show(); // and the next contact gets its window

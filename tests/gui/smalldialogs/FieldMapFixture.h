@@ -64,10 +64,15 @@ protected:
         dialog()->show();
         QVERIFY(QTest::qWaitForWindowExposed(dialog()));
     }
-    // Runs the dialog modally; the function is the user.
+    // Runs the dialog modally; the function is the user. One who leaves it open, such as by a failed check, cancels.
     int run(const std::function<void()>& user)
     {
-        QTimer::singleShot(0, this, user);
+        const QPointer<QDialog> window(dialog());
+        QTimer::singleShot(0, this, [user, window] {
+            user();
+            if (!window.isNull() && window->isVisible())
+                window->reject();
+        });
         return map->Exec();
     }
 
