@@ -47,8 +47,9 @@ struct Patience {
     Milliseconds pin{5000};
     Milliseconds read{10000};
     Milliseconds write{15000};
-    Milliseconds life{1500}; // for one AT, to see whether anybody is there
-    Milliseconds quiet{300}; // after which nothing late is expected any more
+    Milliseconds life{1500};  // for one AT, to see whether anybody is there
+    Milliseconds busy{30000}; // altogether, while the card is busy
+    Milliseconds quiet{300};  // after which nothing late is expected any more
 };
 
 struct Reply {

@@ -12,7 +12,6 @@ namespace orva
 namespace
 {
 
-constexpr Milliseconds longestBusy(30000);
 constexpr Milliseconds busyPause(300);
 
 // Of a card's entry, where nothing tells.
@@ -228,7 +227,7 @@ std::vector<std::string> AtPhonebook::storages()
 
 Reply AtPhonebook::askWhileBusy(const std::string& command, std::string_view prefix, Milliseconds patience)
 {
-    const auto until = std::chrono::steady_clock::now() + longestBusy;
+    const auto until = std::chrono::steady_clock::now() + m_dialog.patience().busy;
     for (;;) {
         const Reply reply = m_dialog.ask(command, prefix, patience);
         if (reply.end != Reply::End::Error || reply.error != cme::cardBusy || std::chrono::steady_clock::now() > until)
