@@ -116,7 +116,9 @@ bool AtPhonebook::start()
 
 CardState AtPhonebook::cardState()
 {
-    const Reply reply = m_dialog.ask("AT+CPIN?", "+CPIN", m_dialog.patience().pin);
+    const Reply reply =
+        m_dialog.ask("AT+CPIN?", "+CPIN", m_endlessPin ? m_dialog.patience().life : m_dialog.patience().pin);
+    m_endlessPin = reply.silent() && !reply.lines.empty();
     if (!reply.lines.empty()) {
         const std::string_view state = answerText(reply.lines.front(), "+CPIN");
         if (state == "READY" || state == "SIM PIN2" || state == "SIM PUK2" || state.substr(0, 3) == "PH-")
@@ -240,7 +242,7 @@ Reply AtPhonebook::askWhileBusy(const std::string& command, std::string_view pre
 void AtPhonebook::requireCard(const Reply& reply)
 {
     if (reply.silent() && !m_dialog.recover())
-        throw Failure(ORVA_E_ABSENT, "the modem does not answer");
+        throw PortGone("the modem does not answer");
     if (reply.end != Reply::End::Error)
         return;
     switch (reply.error) {

@@ -43,8 +43,8 @@ struct PhonebookStorage {
  * The phonebook commands of a modem. Whatever its manners, the same entries come out; docs/modem.md lists what is coped
  * with. Each command names the storage it means in the same line, since another port may have chosen another meanwhile.
  *
- * One thread. Errors are thrown as Failure with the code that the caller of the C function gets; ORVA_E_ABSENT when the
- * modem or its card has gone, ORVA_E_BUSY while the card is busy.
+ * One thread. Errors are thrown as Failure with the code that the caller of the C function gets; PortGone when the
+ * modem has gone, ORVA_E_ABSENT when its card has, ORVA_E_BUSY while the card is busy.
  */
 class AtPhonebook
 {
@@ -54,7 +54,7 @@ public:
     // Wakes the modem and brings it into our manner; false if nothing answers.
     bool start();
 
-    // The state of the card, in one short question. Which code stands behind a failure, if any, goes to *error.
+    // The state of the card, in one short question.
     CardState cardState();
 
     // Identity of the card (ICCID) and of the modem (IMEI); empty where the modem does not tell.
@@ -134,6 +134,7 @@ private:
     std::string m_ownSet;               // as the modem named it, to be put back
     std::optional<bool> m_numbersInHex; // in UCS2; unknown until a number was seen
     std::map<std::string, bool> m_mute; // storages whose +CPBS? never answers
+    bool m_endlessPin = false;          // the answer to +CPIN? never ends
     int m_step = 50;                    // locations asked for at a time
 };
 

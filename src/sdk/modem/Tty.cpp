@@ -35,9 +35,9 @@ Failure openFailure(const std::string& path, int error)
     }
 }
 
-Failure gone()
+PortGone gone()
 {
-    return Failure(ORVA_E_ABSENT, "the modem has gone");
+    return PortGone("the modem has gone");
 }
 
 } // namespace
@@ -90,7 +90,7 @@ bool Tty::wait(short events, Milliseconds atMost)
     if (count < 0 && errno != EINTR)
         throw gone();
     if (m_waker >= 0 && (waited[1].revents & POLLIN) != 0)
-        throw Failure(ORVA_E_ABSENT, "the modem is being left");
+        throw PortGone("the modem is being left");
     if ((waited[0].revents & (POLLERR | POLLNVAL)) != 0 || (waited[0].revents & (POLLHUP | POLLIN)) == POLLHUP)
         throw gone();
     return count > 0 && (waited[0].revents & events) != 0;
@@ -100,7 +100,7 @@ void Tty::write(std::string_view bytes)
 {
     while (!bytes.empty()) {
         if (!wait(POLLOUT, longestWrite))
-            throw Failure(ORVA_E_BUSY, "the modem takes no command");
+            throw PortGone("the modem takes no command");
         const ssize_t written = ::write(m_file, bytes.data(), bytes.size());
         if (written < 0 && errno != EAGAIN && errno != EINTR)
             throw gone();
