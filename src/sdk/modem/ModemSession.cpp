@@ -1,0 +1,199 @@
+// What a session does by itself: it looks at the card, reads what is due, and tells.
+
+#include "modem/ModemSession.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <utility>
+
+#include "base/Log.h"
+
+namespace orva
+{
+
+namespace
+{
+
+constexpr char cardStorage[] = "SM";
+constexpr char deviceStorage[] = "ME";
+constexpr Milliseconds afterFailure(3000);
+constexpr Milliseconds idleBeforeRest(1000);
+constexpr int looksBetweenNetwork = 6;
+
+const char* storageName(int memory)
+{
+    return memory == ORVA_MEMORY_CARD ? cardStorage : deviceStorage;
+}
+
+bool contains(const std::vector<std::string>& all, const char* one)
+{
+    return std::find(all.begin(), all.end(), one) != all.end();
+}
+
+// Of "+CREG: 2,1" and of "+CREG: 1": the state.
+int registration(std::string_view text, bool answer)
+{
+    const std::vector<std::string> fields = splitFields(text);
+    const std::size_t field = answer && fields.size() > 1 ? 1 : 0;
+    return field < fields.size() ? std::atoi(fields[field].c_str()) : 0;
+}
+
+bool inService(int state)
+{
+    return state == 1 || state == 5;
+}
+
+} // namespace
+
+ModemSession::ModemSession(Channel& channel, DialogRecord* record, ModemState& state, const ModemTimings& timings,
+                           std::string backupFolder)
+    : m_state(state),
+      m_timings(timings),
+      m_backupFolder(std::move(backupFolder)),
+      m_dialog(channel, timings.patience, record),
+      m_book(m_dialog)
+{
+    m_dialog.setUnsolicited([this](const std::string& line) { heard(line); });
+}
+
+bool ModemSession::start()
+{
+    if (!m_book.start())
+        return false;
+    m_modem = m_book.modemIdentity();
+    const CardState card = m_book.cardState();
+    const std::vector<std::string> storages = m_book.storages();
+    // A modem that does not list its storages shows what it has when they are opened.
+    const bool cardBook = storages.empty() || contains(storages, cardStorage);
+    const bool deviceBook = storages.empty() || contains(storages, deviceStorage);
+    m_looked = std::chrono::steady_clock::now();
+    m_lookAt = m_looked + m_timings.question;
+    m_used = m_looked;
+    lookAtNetwork();
+    m_state.attach(card == CardState::Silent ? CardState::Failed : card, cardBook, deviceBook);
+    own(ORVA_MEMORY_CARD).due = cardBook;
+    own(ORVA_MEMORY_DEVICE).due = deviceBook;
+    return true;
+}
+
+void ModemSession::heard(const std::string& line)
+{
+    if (line.compare(0, 6, "+CREG:") == 0) {
+        m_state.setNetwork(inService(registration(answerText(line, "+CREG"), false)));
+        return;
+    }
+    // Signs that the card went, came or has been read by the modem: hints alone, its state is asked for.
+    for (const std::string_view sign :
+         {"+CPIN", "+SIM", "^SIMST", "^SSIM READY", "#QSS", "+PBREADY", "PB DONE", "+QIND"}) {
+        if (std::string_view(line).substr(0, sign.size()) == sign) {
+            m_lookAt = Time();
+            for (Book& book : m_books)
+                book.retryAt = Time();
+        }
+    }
+}
+
+Milliseconds ModemSession::work()
+{
+    auto now = std::chrono::steady_clock::now();
+    m_dialog.pause();
+    if (now >= m_lookAt) {
+        lookAtCard();
+        if (++m_looks % looksBetweenNetwork == 0)
+            lookAtNetwork();
+    }
+    for (const int memory : {ORVA_MEMORY_CARD, ORVA_MEMORY_DEVICE})
+        readWhatIsDue(memory);
+    now = std::chrono::steady_clock::now();
+    if (m_foreignSet && now - m_used > idleBeforeRest) {
+        m_book.finish();
+        m_foreignSet = false;
+    }
+    Time next = m_lookAt;
+    if (m_foreignSet)
+        next = std::min(next, m_used + idleBeforeRest);
+    for (const Book& book : m_books) {
+        if (book.due)
+            next = std::min(next, book.retryAt);
+    }
+    return std::max(Milliseconds(0), std::chrono::ceil<Milliseconds>(next - now));
+}
+
+void ModemSession::lookAtCard()
+{
+    const CardState card = m_book.cardState();
+    m_looked = std::chrono::steady_clock::now();
+    m_lookAt = m_looked + m_timings.question;
+    if (card == CardState::Silent) {
+        if (!m_dialog.recover())
+            throw PortGone("the modem does not answer");
+        return;
+    }
+    const CardState before = m_state.card();
+    m_state.setCard(card);
+    if (card == before)
+        return;
+    m_card.clear();
+    for (Book& book : m_books) {
+        book.counted = false;
+        book.retryAt = Time();
+    }
+    // A device may show its own phonebook only while a card is in.
+    own(ORVA_MEMORY_CARD).due = true;
+}
+
+void ModemSession::lookAtNetwork()
+{
+    const Reply power = m_dialog.ask("AT+CFUN?", "+CFUN");
+    if (!power.lines.empty())
+        m_state.setRadio(answerText(power.lines.front(), "+CFUN").substr(0, 1) == "1");
+    const Reply network = m_dialog.ask("AT+CREG?", "+CREG");
+    if (!network.lines.empty())
+        m_state.setNetwork(inService(registration(answerText(network.lines.front(), "+CREG"), true)));
+}
+
+void ModemSession::readWhatIsDue(int memory)
+{
+    Book& book = own(memory);
+    if (!book.due || std::chrono::steady_clock::now() < book.retryAt)
+        return;
+    if (memory == ORVA_MEMORY_CARD && m_state.card() != CardState::Ready && m_state.card() != CardState::Busy)
+        return;
+    try {
+        read(memory);
+    } catch (const PortGone&) {
+        throw;
+    } catch (const Failure& failure) {
+        if (failure.code() == ORVA_E_UNSUPPORTED) {
+            book.due = false;
+            m_state.miss(memory);
+            return;
+        }
+        logFormat("reading %s: %s", storageName(memory), failure.what());
+        book.retryAt = std::chrono::steady_clock::now() + afterFailure;
+        m_lookAt = Time(); // the card may have gone meanwhile
+    }
+}
+
+std::string ModemSession::keyOf(int memory)
+{
+    if (memory == ORVA_MEMORY_CARD && m_card.empty())
+        m_card = m_book.cardIdentity();
+    const std::string& identity = memory == ORVA_MEMORY_CARD ? m_card : m_modem;
+    return identity.empty() ? identity : std::string(storageName(memory)) + "-" + identity;
+}
+
+void ModemSession::read(int memory)
+{
+    const std::string key = keyOf(memory);
+    const PhonebookStorage storage = m_book.open(storageName(memory));
+    m_foreignSet = true;
+    const std::vector<PhonebookEntry> entries = m_book.readAll(storage);
+    own(memory).due = false;
+    own(memory).counted = true;
+    own(memory).countedAt = std::chrono::steady_clock::now();
+    m_used = own(memory).countedAt;
+    m_state.load(memory, storage, key, entries);
+}
+
+} // namespace orva

@@ -1,0 +1,99 @@
+#ifndef SDK_MODEM_MODEMSESSION_H
+#define SDK_MODEM_MODEMSESSION_H
+
+#include <array>
+#include <chrono>
+#include <string>
+
+#include "modem/AtPhonebook.h"
+#include "modem/ModemState.h"
+
+namespace orva
+{
+
+// How often a modem is looked at while nothing else happens.
+struct ModemTimings {
+    Patience patience;
+    Milliseconds question{5000}; // one short question, which finds a card pulled
+    Milliseconds retry{500};     // after a port that cannot be opened
+    Milliseconds fresh{1000};    // what was asked so short ago need not be asked before a write
+    Milliseconds job{15000};     // that a call waits for its turn
+};
+
+/*
+ * All dealings with one modem, from the opening of its port to its end, on the modem's thread. PortGone ends it.
+ */
+class ModemSession
+{
+public:
+    ModemSession(Channel& channel, DialogRecord* record, ModemState& state, const ModemTimings& timings,
+                 std::string backupFolder);
+
+    // Wakes the modem and tells what it has; false if nobody answers.
+    bool start();
+
+    // Does what is due. How long nothing will be due then.
+    Milliseconds work();
+
+    // ---- Changes; those of Memory
+
+    int add(int memory, PhonebookEntry entry);
+    void update(int memory, int id, PhonebookEntry entry);
+    void erase(int memory, int id);
+
+    // A batch begins: what others have done is looked at anew.
+    void beginBatch(int memory);
+
+    // The whole of a memory into a new file, and back again from one of the same card or modem.
+    void backup(int memory, const std::string& path);
+    void restore(int memory, const std::string& path);
+
+    // Unlocks the card. ORVA_E_ARGUMENT for a wrong PIN. It is tried once and kept nowhere.
+    void unlock(const std::string& pin);
+
+    // For people, "key=value" a line.
+    std::string report();
+
+private:
+    using Time = std::chrono::steady_clock::time_point;
+
+    struct Book {
+        bool due = false; // to be read
+        bool counted = false;
+        Time countedAt;
+        Time retryAt;
+    };
+
+    Book& own(int memory) { return m_books[memory == ORVA_MEMORY_CARD ? 0 : 1]; }
+    void heard(const std::string& line);
+    void lookAtCard();
+    void lookAtNetwork();
+    void readWhatIsDue(int memory);
+    void read(int memory);
+    void prepare(int memory);
+    void save(int memory);
+    std::string keyOf(int memory);
+    void confirm(int memory, const PhonebookEntry& thought);
+    void write(int memory, const PhonebookEntry& entry, const std::optional<PhonebookEntry>& before);
+    void takeBack(int memory, const PhonebookEntry& asked);
+    PhonebookStorage storageOf(int memory);
+    PhonebookEntry entryOf(int memory, int id);
+
+    ModemState& m_state;
+    const ModemTimings m_timings;
+    const std::string m_backupFolder;
+    AtDialog m_dialog;
+    AtPhonebook m_book;
+    std::array<Book, 2> m_books;
+    std::string m_card;  // its number, if it tells
+    std::string m_modem; // likewise
+    Time m_lookAt;       // at the card again
+    Time m_looked;       // last
+    Time m_used;         // a command of ours, last
+    int m_looks = 0;
+    bool m_foreignSet = false; // our character set is to be given up when nothing happens
+};
+
+} // namespace orva
+
+#endif // SDK_MODEM_MODEMSESSION_H
