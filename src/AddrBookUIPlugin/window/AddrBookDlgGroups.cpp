@@ -1,16 +1,18 @@
-// Groups of the local phonebook: new, renamed in place in the tree, deleted.
+// Groups of the local phonebook: read, new, renamed in place in the tree, deleted.
 
 #include "window/AddrBookDlg.h"
 
 #include <QLineEdit>
 #include <QPointer>
 #include <QRegExp>
+#include <QSet>
 #include <QTreeWidgetItemIterator>
 
 #include "linkhand/core/CommonUtils.h"
 #include "logic/AddrBookLogic.h"
 #include "logic/ItemData.h"
 #include "logic/Log.h"
+#include "logic/SdkTransaction.h"
 #include "logic/Texts.h"
 #include "widgets/AddrBookTableWidget.h"
 #include "widgets/PBTreeWidget.h"
@@ -27,6 +29,43 @@ const QRegExp& countExpression()
 }
 
 } // namespace
+
+void AddrBookDlg::readGroups()
+{
+    if (m_pAddrBookLogic == nullptr)
+        return;
+    QList<AddrBookGroup*> lstRead;
+    {
+        const SdkTransaction transaction(PB_MEM_LOCAL);
+        // A set that fails half way makes no nodes at all: half a tree would look whole.
+        if (m_pAddrBookLogic->GetGroups(lstRead, PB_MEM_LOCAL) != ADDRBOOK_OK) {
+            qDeleteAll(lstRead);
+            lstRead.clear();
+        }
+    }
+
+    // Each identifier once and none 0: then no group can be its own ancestor, and none becomes two nodes.
+    QList<AddrBookGroup*> lstGroups;
+    QSet<int> setIds;
+    foreach (AddrBookGroup* pGroup, lstRead) {
+        if (pGroup == nullptr || pGroup->iGroupID == 0 || setIds.contains(pGroup->iGroupID)) {
+            delete pGroup;
+            continue;
+        }
+        setIds.insert(pGroup->iGroupID);
+        lstGroups.append(pGroup);
+    }
+    addGroupsToTree(m_pitemLocalTreeWidgetItem, lstGroups, 0);
+
+    // What hangs below a parent that is not there became no node and is nobody's.
+    QSet<AddrBookGroup*> setTaken;
+    for (QTreeWidgetItemIterator it(m_ptreePhonebook); *it != nullptr; ++it)
+        setTaken.insert(groupOf(treeNodeData(*it)));
+    foreach (AddrBookGroup* pGroup, lstGroups) {
+        if (!setTaken.contains(pGroup))
+            delete pGroup;
+    }
+}
 
 void AddrBookDlg::OnNewGroupClicked()
 {

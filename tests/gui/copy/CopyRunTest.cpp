@@ -63,20 +63,6 @@ private slots:
         QCOMPARE(f.in().totalRows(), 0);
     }
 
-    void fieldsAreFetchedOnceADrop()
-    {
-        CopyFixture f;
-        fillLocal();
-        f.build();
-        const auto rows = f.take(f.in().local(), ones());
-        QVERIFY(f.hover(*rows, f.in().sim()));
-        FakeSdk::clearCalls();
-        f.release(*rows, f.in().sim());
-        QVERIFY(FakeSdk::count("GetProfile") <= 2);
-        QCOMPARE(FakeSdk::count("GetAddrRecord"), 4);
-        QVERIFY(f.waitDone());
-    }
-
     void longNameIsCutForTheCardAndKeptForTheDevice()
     {
         CopyFixture f;
@@ -462,26 +448,6 @@ private slots:
         f.destroy();
         QCOMPARE(FakeCore::runningWorkers(), 0);
         QVERIFY(CopyFixture::stored(0).size() <= 4);
-    }
-
-    // The one before was cancelled and still has a record in hand.
-    void dropWhileACancelledRunEndsHasItsOwnMessage()
-    {
-        CopyFixture f;
-        FakeSdk::addRecord(0, {"Dora", "1"});
-        FakeSdk::addRecord(0, {"Emma", "2"});
-        f.build();
-        FakeSdk::setDelay("AddAddrRec", 100);
-        QVERIFY(f.drop(f.in().sim(), {"Dora", "Emma"}, f.in().local()));
-        CopyFixture::cancelButton()->click();
-        QVERIFY(f.in().threadBusy());
-        const auto rows = f.take(f.in().sim(), {"Emma"});
-        QVERIFY(f.hover(*rows, f.in().local()));
-        FakeSdk::setDelay("AddAddrRec", 0);
-        f.release(*rows, f.in().local());
-        QVERIFY(f.waitDone());
-        QCOMPARE(FakeCore::messageTexts(), QStringList({complete(2, 1), complete(1, 1)}));
-        QCOMPARE(CopyFixture::stored(4), QStringList({"Dora=1", "Emma=2"}));
     }
 
     // The current node goes while the list waits in the tree.

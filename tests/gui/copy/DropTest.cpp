@@ -110,6 +110,21 @@ private slots:
         QVERIFY(f.tree()->m_bHandleSelection);
     }
 
+    void localRootDroppedOnItselfIsAbandoned()
+    {
+        CopyFixture f;
+        WindowFixture::fillStores();
+        f.build();
+        f.click(f.in().local());
+        f.window()->OnTableItemClicked();
+        FakeSdk::clearCalls();
+        f.dropList({"1", "0", "3", "0"});
+        QCOMPARE(FakeSdk::names(), QStringList({"BeginTransaction", "EndTransaction"}));
+        QVERIFY(!f.usageReported());
+        QVERIFY(CopyFixture::waiting() == nullptr);
+        QVERIFY(f.tree()->m_listDragData.isEmpty());
+    }
+
     // What came before the pair is done; nothing is refreshed.
     void listThatHoldsThePairStopsThere()
     {

@@ -139,22 +139,6 @@ private slots:
         QVERIFY(f.in().device() == nullptr);
     }
 
-    void importWhileACancelledRunEndsHasItsOwnMessage()
-    {
-        FilesFixture f;
-        makePeople();
-        f.build();
-        FakeSdk::setDelay("AddAddrRec", 100);
-        f.import();
-        FilesFixture::cancelWaiting();
-        QVERIFY(f.in().threadBusy());
-        FakeSdk::setDelay("AddAddrRec", 0);
-        f.import();
-        QVERIFY(f.waitDone());
-        QCOMPARE(FakeCore::messageTexts(), QStringList({told(4, 1), told(4, 4)}));
-        QCOMPARE(FakeSdk::recordIds(4).size(), 5);
-    }
-
     void eachCallFailsOnce()
     {
         bool failed = true;
