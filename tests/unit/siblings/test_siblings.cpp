@@ -395,6 +395,7 @@ void TestSiblings::aVoiceCallIsShownUntilHungUp()
 void TestSiblings::aVideoCallHasAWindow()
 {
     load(true);
+    m_pWindow->ShowPage(LINKHAND_VOICECALL_NAME);
     QPushButton* pCall = in<QPushButton>(m_pWindow->Page(LINKHAND_VOICECALL_NAME), "VoiceCallPlugin_buttonCall");
     QTest::keyClicks(in<QLineEdit>(m_pWindow->Page(LINKHAND_VOICECALL_NAME), "VoiceCallPlugin_lineeditNumber"), "99");
     QVERIFY(pCall->isEnabled());
