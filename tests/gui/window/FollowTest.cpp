@@ -104,6 +104,21 @@ private slots:
         QVERIFY2(qAbs(rows - 1000 * 515 / 735) <= 15, qPrintable(QString::number(rows)));
     }
 
+    // The first table, before any node is shown.
+    void firstTableAndPreviewShareTheRoomInFixedParts()
+    {
+        const WindowFixture folder;
+        AddrBookDlg window;
+        QVERIFY(window.InitWindow(nullptr) != nullptr);
+        window.resize(900, 600);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        const QList<int> sizes = window.findChild<QSplitter*>("AddrBookUIPlugin_splitterPreview")->sizes();
+        QCOMPARE(sizes.size(), 2);
+        QVERIFY(qAbs(1000 * sizes[0] / (sizes[0] + sizes[1]) - 1000 * 515 / 735) <= 15);
+        AddrBookLogic::unSDKRegisterEvent();
+    }
+
     void repaintOfAGroupIsOneTransaction()
     {
         WindowFixture f;
