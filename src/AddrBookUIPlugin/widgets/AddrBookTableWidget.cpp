@@ -89,8 +89,9 @@ bool AddrBookTableWidget::pressStartsDrag() const
     return iX <= columnWidth(pitem->column()) / 2;
 }
 
-// A row whose block cannot be read ends the text where it stands.
-void AddrBookTableWidget::buildDragData()
+// A row whose block cannot be read ends the text where it stands. The text names no memory: it can only hold rows of
+// the one that the pressed row is of, though rows left over from another may be selected too.
+void AddrBookTableWidget::buildDragData(const TableRowData* pPressed)
 {
     m_strDragData = QLatin1String("");
     const QList<QTableWidgetSelectionRange> listRanges = selectedRanges();
@@ -102,6 +103,8 @@ void AddrBookTableWidget::buildDragData()
             const TableRowData* pData = tableRowData(pitem);
             if (pData == nullptr)
                 return;
+            if (pPressed != nullptr && pData->enType != pPressed->enType)
+                continue;
             m_strDragData += QString::number(pData->iRecordID) + dragSeparator();
             m_strDragData += QString::number(pData->iGroupID) + dragSeparator();
         }
@@ -120,7 +123,7 @@ void AddrBookTableWidget::mousePressEvent(QMouseEvent* pEvent)
     // Whoever listens notes where a drag would come from, which must happen before one starts.
     emit itemClicked(pitem);
     if ((pEvent->buttons() & Qt::LeftButton) && pressStartsDrag())
-        buildDragData();
+        buildDragData(tableRowData(pitem));
 }
 
 void AddrBookTableWidget::mouseMoveEvent(QMouseEvent* pEvent)

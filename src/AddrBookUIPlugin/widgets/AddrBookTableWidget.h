@@ -6,6 +6,8 @@
 #include <QString>
 #include <QTableWidget>
 
+struct TableRowData;
+
 // The table of contacts, one contact a row. The left half of each cell starts a drag of the selected rows, the right
 // half selects as usual. User-interface thread only; while the host shuts down, input does nothing.
 //
@@ -69,7 +71,7 @@ private slots:
 
 private:
     bool pressStartsDrag() const;
-    void buildDragData();
+    void buildDragData(const TableRowData* pPressed);
     void startDragOfRows();
 };
 

@@ -177,6 +177,7 @@ private:
     void saveColumnState();
     void restoreColumnState(int iSortSection);
     void retireTable();
+    bool tableHoldsFocus() const;
     bool isCurrentReader() const;
     bool fillRow(int iRow, _ORVA_EN_PHONEBOOK_MEMORY enType, const AddrBookRecord& record, int iGroupId,
                  int iColumnCount, bool bCorrectParentheses);
@@ -543,6 +544,7 @@ private:
     bool m_bSortPreserve = true;
     bool m_bPreviewEmpty = true;
     bool m_bRemovingTreeItem = false;
+    bool m_bFocusFromTable = false; // a tool button took the focus from the table
     QList<QString> m_listFieldNames;
     bool m_bRightToLeft = false;
     bool m_bStateSavePending = true;

@@ -372,13 +372,18 @@ void AddrBookDlg::removeTreeItem(QTreeWidgetItem* pParent, QTreeWidgetItem* pIte
     if (m_ptableContacts != nullptr)
         QObject::disconnect(m_ptableContacts, nullptr, this, nullptr);
     if (pParent != nullptr && pItem != nullptr && pParent->indexOfChild(pItem) >= 0) {
+        const bool bShown = m_pitemCurrentTreeWidgetItem != nullptr;
         forgetTreeItem(pItem);
+        const bool bShownGoes = bShown && m_pitemCurrentTreeWidgetItem == nullptr;
         pParent->takeChild(pParent->indexOfChild(pItem));
         // Taking it may have named it once more.
         forgetTreeItem(pItem);
         removeChildNodes(pItem);
         freeNodeData(pItem);
         delete pItem;
+        // The table keeps the rows of the node that went: a click on the one that became current reads its own.
+        if (bShownGoes)
+            m_pitemCurrentTreeWidgetItem = nullptr;
     }
     connectHandlersForTable();
     m_bRemovingTreeItem = false;

@@ -203,44 +203,11 @@ void AddrBookDlg::UpdateTableRecords(QTreeWidgetItem* pItem)
         // While the table is empty the indicator stands one column to the right; the end of the read sets the true one.
         restoreColumnState(m_iSortSection + 1);
         m_bStateSavePending = true;
+    } else if (m_ptableContacts != nullptr) {
+        // A fresh header names no order that one would want.
+        m_ptableContacts->horizontalHeader()->setSortIndicator(0, Qt::AscendingOrder);
     }
     ADDRBOOK_LOG_EXIT();
-}
-
-void AddrBookDlg::saveColumnState()
-{
-    ADDRBOOK_LOG("state saved");
-    const QHeaderView* pHeader = m_ptableContacts->horizontalHeader();
-    m_listColumnWidths.clear();
-    for (int iColumn = 0; iColumn < m_ptableContacts->columnCount(); ++iColumn)
-        m_listColumnWidths.append(m_ptableContacts->columnWidth(iColumn));
-    if (pHeader->isSortIndicatorShown())
-        m_iSortSection = pHeader->sortIndicatorSection();
-    m_enSortOrder = pHeader->sortIndicatorOrder();
-    // A switch of node during the read that follows must not save the half-built table's defaults.
-    m_bStateSavePending = false;
-}
-
-void AddrBookDlg::restoreColumnState(int iSortSection)
-{
-    ADDRBOOK_LOG("state restored");
-    if (m_ptableContacts == nullptr)
-        return;
-    const int iCount = qMin(m_ptableContacts->columnCount(), m_listColumnWidths.size());
-    for (int iColumn = 0; iColumn < iCount; ++iColumn)
-        m_ptableContacts->setColumnWidth(iColumn, m_listColumnWidths.at(iColumn));
-    m_ptableContacts->horizontalHeader()->setSortIndicator(iSortSection, m_enSortOrder);
-}
-
-// The table on screen keeps its rows, out of sight, until the next switch.
-void AddrBookDlg::retireTable()
-{
-    clearTable(m_ptableContactsOld);
-    delete m_ptableContactsOld;
-    m_ptableContactsOld = m_ptableContacts;
-    m_ptableContacts = nullptr;
-    m_ptableContactsOld->setParent(nullptr);
-    createNewTable();
 }
 
 void AddrBookDlg::startThreadAndUpdateTable(_ORVA_EN_PHONEBOOK_MEMORY enType, int iGroupId)
@@ -394,25 +361,6 @@ void AddrBookDlg::setTableContent(_ORVA_EN_PHONEBOOK_MEMORY /*enType*/, const Ad
     OnTableClicked(iRow, 0);
 }
 
-// The row that is acted on: what follows looks at the current one. The selection stays as the user made it.
-void AddrBookDlg::makeCurrent(QTableWidgetItem* pItem)
-{
-    if (m_ptableContacts != nullptr && pItem != nullptr)
-        m_ptableContacts->setCurrentItem(pItem, QItemSelectionModel::NoUpdate);
-}
-
-// The first cell of a contact's row; null if the table has none for it.
-QTableWidgetItem* AddrBookDlg::rowOfRecord(_ORVA_EN_PHONEBOOK_MEMORY enMemory, int iRecordId) const
-{
-    for (int iRow = 0; m_ptableContacts != nullptr && iRow < m_ptableContacts->rowCount(); ++iRow) {
-        QTableWidgetItem* pItem = m_ptableContacts->item(iRow, 0);
-        const TableRowData* pData = tableRowData(pItem);
-        if (pData != nullptr && pData->enType == enMemory && pData->iRecordID == iRecordId)
-            return pItem;
-    }
-    return nullptr;
-}
-
 bool AddrBookDlg::checkStrings(const QString& strText, const QString& strPrefix) const
 {
     return strText.length() > strPrefix.length() && strText.startsWith(strPrefix, Qt::CaseInsensitive) &&
@@ -437,52 +385,4 @@ void AddrBookDlg::clearTable(AddrBookTableWidget* pTable)
     delete pTable->itemDelegate();
     for (int iColumn = 0; iColumn < iColumns; ++iColumn)
         delete pTable->takeHorizontalHeaderItem(iColumn);
-}
-
-void AddrBookDlg::OnTableItemClicked()
-{
-    _ORVA_EN_PHONEBOOK_MEMORY enMemory = PB_MEM_LOCAL;
-    int iGroupId = 0;
-    getGroupId(enMemory, iGroupId);
-    if (m_ptreePhonebook != nullptr) {
-        m_ptreePhonebook->m_enDragMemory = enMemory;
-        m_ptreePhonebook->m_iDragGroupId = iGroupId;
-    }
-    m_enDragSourceMemory = enMemory;
-}
-
-void AddrBookDlg::OnHeaderClicked(int iLogicalIndex)
-{
-    if (m_ptreePhonebook == nullptr || m_ptableContacts == nullptr)
-        return;
-    QTreeWidgetItem* pCurrent = m_ptreePhonebook->currentItem();
-    if (pCurrent == nullptr)
-        return;
-    TreeNodeData* pData = treeNodeData(pCurrent);
-    if (pData != nullptr) {
-        pData->bSorted = true;
-        pData->iSortColumn = iLogicalIndex;
-        pData->enSortOrder = m_ptableContacts->horizontalHeader()->sortIndicatorOrder();
-    }
-    m_ptableContacts->activateWindow();
-    m_ptableContacts->repaint();
-}
-
-void AddrBookDlg::OnDragTargetChanged(QWidget* pwidgetTarget)
-{
-    if (m_ptreePhonebook != nullptr && pwidgetTarget != m_ptableContacts &&
-        m_ptreePhonebook->m_pitemPrevious != nullptr)
-        m_ptreePhonebook->setCurrentItem(m_ptreePhonebook->m_pitemPrevious);
-}
-
-int AddrBookDlg::tableSelectionStatus() const
-{
-    if (m_ptableContacts == nullptr)
-        return ADDRBOOK_ENABLE_TABLE_NONE;
-    const QList<QTableWidgetSelectionRange> lstRanges = m_ptableContacts->selectedRanges();
-    if (lstRanges.isEmpty())
-        return ADDRBOOK_ENABLE_TABLE_NONE;
-    if (lstRanges.size() == 1 && lstRanges.at(0).rowCount() == 1)
-        return ADDRBOOK_ENABLE_TABLE_SINGLE;
-    return ADDRBOOK_ENABLE_TABLE_MULTIPLE;
 }

@@ -174,6 +174,7 @@ void AddrBookDlg::disableItem(int iId)
 
 void AddrBookDlg::OnTBBtnClicked(int iId)
 {
+    m_bFocusFromTable = tableHoldsFocus();
     if (m_pwidgetToolBar != nullptr)
         m_pwidgetToolBar->setFocus();
     bool bSearch = false;

@@ -39,7 +39,8 @@ CallPage::CallPage(const QString& strPlugin)
       m_pCall(new QPushButton(this)),
       m_pVideoCall(new QPushButton(this)),
       m_pBox(new CallBox(strPlugin, this)),
-      m_pCalls(new QTreeWidget(this))
+      m_pCalls(new QTreeWidget(this)),
+      m_bInCall(false)
 {
     setObjectName(m_strPlugin + QLatin1String("_MainWidget"));
     m_pTitle->setObjectName(QLatin1String("linkhand_Calls_title"));
@@ -84,6 +85,7 @@ void CallPage::Start(const QString& strNumber, int iType)
     // A video call has its own window, but one call at a time counts for both.
     m_pBox->Start(strNumber);
     m_pBox->setVisible(iType == HOST_CALL_VOICE);
+    m_bInCall = true;
     OnEdited();
 }
 
@@ -94,6 +96,7 @@ void CallPage::Stop()
     }
     m_pBox->Stop();
     m_pBox->hide();
+    m_bInCall = false;
     OnEdited();
 }
 
@@ -125,7 +128,7 @@ void CallPage::Enter()
 
 void CallPage::OnEdited()
 {
-    const bool bDialable = Recipients::IsNumber(m_pNumber->text().trimmed()) && m_pBox->isHidden();
+    const bool bDialable = Recipients::IsNumber(m_pNumber->text().trimmed()) && !m_bInCall;
     m_pCall->setEnabled(bDialable);
     m_pVideoCall->setEnabled(bDialable);
 }

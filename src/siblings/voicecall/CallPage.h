@@ -41,6 +41,7 @@ private:
     QPushButton* m_pVideoCall;
     CallBox* m_pBox;
     QTreeWidget* m_pCalls;
+    bool m_bInCall; // of either kind: there is one at a time
 };
 
 #endif // LINKHAND_SIBLINGS_CALLPAGE_H

@@ -2,6 +2,7 @@
 #include <QHeaderView>
 #include <QMenu>
 #include <QObject>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QTimer>
 
@@ -84,6 +85,34 @@ private slots:
         QCOMPARE(rightClick(f, f.table(), header), f.in().tableMenu());
         QVERIFY(f.table()->selectedItems().isEmpty());
         QVERIFY(!f.tableAction("IDS_PMMENU_DELETE")->isEnabled());
+    }
+
+    void rightClickOnTheHeaderCountsAsTheHeaderWhereverTheRowsAre()
+    {
+        WindowFixture f;
+        for (int i = 0; i < 100; ++i)
+            FakeSdk::addRecord(4, {QString("Name %1").arg(i)});
+        f.build();
+        activate(f);
+        f.table()->verticalScrollBar()->setValue(30);
+        f.selectRows({35});
+        const QPoint header(20, f.table()->frameWidth() + 3);
+        QCOMPARE(rightClick(f, f.table(), header), f.in().tableMenu());
+        QVERIFY(f.table()->selectedItems().isEmpty());
+        QVERIFY(!f.tableAction("IDS_PMMENU_DETAIL")->isEnabled());
+        QVERIFY(!f.tableAction("IDS_PMMENU_DELETE")->isEnabled());
+    }
+
+    void rightClickAboveTheTreeHitsNoNodeScrolledAway()
+    {
+        WindowFixture f;
+        for (int i = 0; i < 100; ++i)
+            FakeSdk::addGroup(QString("Group %1").arg(i));
+        f.build();
+        activate(f);
+        f.tree()->verticalScrollBar()->setValue(30);
+        QVERIFY(f.tree()->indexAt(QPoint(20, -3)).isValid());
+        QVERIFY(rightClick(f, f.tree(), QPoint(20, -3)) == nullptr);
     }
 
     void rightClickBelowTheTableOpensNothing()

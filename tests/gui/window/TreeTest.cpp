@@ -320,6 +320,17 @@ private slots:
         QCOMPARE(f.in().local()->childCount(), 0);
     }
 
+    void setOfGroupsThatFailsHalfWayGivesNoNodes()
+    {
+        WindowFixture f;
+        for (const char* name : {"One", "Two", "Three"})
+            FakeSdk::addGroup(name);
+        FakeSdk::fail("AddrGroupSet_GetGroupSize", 2);
+        f.build();
+        QVERIFY(!FakeSdk::failedCall().isEmpty());
+        QCOMPARE(f.in().local()->childCount(), 0);
+    }
+
     void groupWithoutItsParentBecomesNoNode()
     {
         WindowFixture f;
@@ -459,6 +470,16 @@ private slots:
         QCOMPARE(f.tree()->currentItem(), f.in().sim());
         f.window()->OnDragTargetChanged(f.window());
         QCOMPARE(f.tree()->currentItem(), f.in().local());
+    }
+
+    void dragThatEntersAnotherWidgetLightsNothingWithNoNodeToGoBackTo()
+    {
+        WindowFixture f;
+        f.build();
+        f.tree()->m_bHandleSelection = false;
+        f.tree()->m_pitemPrevious = nullptr;
+        f.window()->OnDragTargetChanged(f.window());
+        QVERIFY(f.tree()->currentItem() == nullptr);
     }
 };
 

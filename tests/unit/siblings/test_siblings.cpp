@@ -395,13 +395,19 @@ void TestSiblings::aVoiceCallIsShownUntilHungUp()
 void TestSiblings::aVideoCallHasAWindow()
 {
     load(true);
+    m_pWindow->ShowPage(LINKHAND_VOICECALL_NAME);
+    QPushButton* pCall = in<QPushButton>(m_pWindow->Page(LINKHAND_VOICECALL_NAME), "VoiceCallPlugin_buttonCall");
+    QTest::keyClicks(in<QLineEdit>(m_pWindow->Page(LINKHAND_VOICECALL_NAME), "VoiceCallPlugin_lineeditNumber"), "99");
+    QVERIFY(pCall->isEnabled());
     QVERIFY(m_pLink->Dial("123", HOST_CALL_VIDEO));
     QWidget* pWindow = in<QWidget>(m_pWindow.data(), "VideoCallPlugin_window");
     QVERIFY(pWindow != nullptr && pWindow->isVisible());
+    QVERIFY(!pCall->isEnabled()); // one call at a time
     m_pWindow->ShowPage(LINKHAND_VOICECALL_NAME);
     QVERIFY(!in<QWidget>(m_pWindow.data(), "VoiceCallPlugin_callBox")->isVisible());
     QTest::mouseClick(in<QPushButton>(pWindow, "VideoCallPlugin_buttonHangUp"), Qt::LeftButton);
     QVERIFY(!pWindow->isVisible());
+    QVERIFY(pCall->isEnabled());
     QVERIFY(m_pLink->Dial("456", HOST_CALL_VIDEO));
     QVERIFY(pWindow->isVisible());
 }
