@@ -490,7 +490,7 @@
     </message>
     <message>
         <source>IDS_MOVE_REC_DEV_FULL</source>
-        <translation>الذاكرة ممتلئة. جهات الاتصال المنسوخة: </translation>
+        <translation>الذاكرة ممتلئة. الإدخالات المنسوخة: </translation>
     </message>
     <message>
         <source>IDS_MOVE_STATUS</source>
@@ -718,7 +718,7 @@
     </message>
     <message>
         <source>IDS_TOTAL_COUNT</source>
-        <translation>جهات الاتصال: </translation>
+        <translation>الإدخالات: </translation>
     </message>
     <message>
         <source>IDS_UNSUCCESS</source>

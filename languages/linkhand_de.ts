@@ -490,7 +490,7 @@ Legen Sie mit „Neuer Kontakt“ in der Werkzeugleiste einen an, oder importier
     </message>
     <message>
         <source>IDS_MOVE_REC_DEV_FULL</source>
-        <translation>Der Speicher ist voll. Kopierte Kontakte: </translation>
+        <translation>Der Speicher ist voll. Kopierte Einträge: </translation>
     </message>
     <message>
         <source>IDS_MOVE_STATUS</source>
@@ -718,7 +718,7 @@ Legen Sie mit „Neuer Kontakt“ in der Werkzeugleiste einen an, oder importier
     </message>
     <message>
         <source>IDS_TOTAL_COUNT</source>
-        <translation>Kontakte: </translation>
+        <translation>Einträge: </translation>
     </message>
     <message>
         <source>IDS_UNSUCCESS</source>

@@ -490,7 +490,7 @@ Create one with “New contact” in the tool bar, or import a file with the rig
     </message>
     <message>
         <source>IDS_MOVE_REC_DEV_FULL</source>
-        <translation>The memory is full. Contacts copied: </translation>
+        <translation>The memory is full. Entries copied: </translation>
     </message>
     <message>
         <source>IDS_MOVE_STATUS</source>
@@ -718,7 +718,7 @@ Create one with “New contact” in the tool bar, or import a file with the rig
     </message>
     <message>
         <source>IDS_TOTAL_COUNT</source>
-        <translation>Contacts: </translation>
+        <translation>Entries: </translation>
     </message>
     <message>
         <source>IDS_UNSUCCESS</source>

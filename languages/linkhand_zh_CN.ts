@@ -490,7 +490,7 @@
     </message>
     <message>
         <source>IDS_MOVE_REC_DEV_FULL</source>
-        <translation>存储已满。已复制的联系人：</translation>
+        <translation>存储已满。已复制的条目：</translation>
     </message>
     <message>
         <source>IDS_MOVE_STATUS</source>
@@ -718,7 +718,7 @@
     </message>
     <message>
         <source>IDS_TOTAL_COUNT</source>
-        <translation>联系人：</translation>
+        <translation>条目：</translation>
     </message>
     <message>
         <source>IDS_UNSUCCESS</source>
