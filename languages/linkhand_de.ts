@@ -228,6 +228,10 @@
         <translation>In den Datenordner kann nicht geschrieben werden. Änderungen an Kontakten und Nachrichten können nicht gespeichert werden.</translation>
     </message>
     <message>
+        <source>IDS_HOST_PROBLEM_LOSS</source>
+        <translation>Der Datenträger hat bereits angenommene Änderungen an %1 Kontakten abgewiesen; sie sind verloren. Schaffen Sie Platz und sehen Sie die Liste der Kontakte durch.</translation>
+    </message>
+    <message>
         <source>IDS_HOST_PROBLEM_OUTBOX</source>
         <translation>Der Postausgang war beschädigt. Er bleibt als diese Datei erhalten, und ein neuer wurde begonnen.</translation>
     </message>

@@ -228,6 +228,10 @@
         <translation>The data folder cannot be written. Changes to contacts and messages cannot be kept.</translation>
     </message>
     <message>
+        <source>IDS_HOST_PROBLEM_LOSS</source>
+        <translation>The disk refused changes to %1 contacts that had been taken; they are lost. Make room on the disk and check the list of contacts.</translation>
+    </message>
+    <message>
         <source>IDS_HOST_PROBLEM_OUTBOX</source>
         <translation>The outbox was damaged. It is kept as this file, and a new one was begun.</translation>
     </message>

@@ -228,6 +228,10 @@
         <translation>无法写入数据文件夹。对联系人和信息的更改将无法保存。</translation>
     </message>
     <message>
+        <source>IDS_HOST_PROBLEM_LOSS</source>
+        <translation>磁盘拒绝了对 %1 个联系人的更改，这些更改已丢失。请腾出磁盘空间并检查联系人列表。</translation>
+    </message>
+    <message>
         <source>IDS_HOST_PROBLEM_OUTBOX</source>
         <translation>发件箱已损坏。它保留为此文件，并已新建一个发件箱。</translation>
     </message>
