@@ -6,9 +6,10 @@
 #   ./test.sh --tsan         those labelled "threads" under the thread sanitizer as well
 #   ./test.sh --full         the long forms of the tests, and both sanitizers, on the display too
 #   ./test.sh --bench        the benchmarks as well, each with its table
+#   ./test.sh --user         the tests of single parts as an ordinary user as well, if root runs this
 #   ./test.sh --tidy         clang-tidy over all sources as well
-#   ./test.sh --ci           what every submission passes: both sanitizers, clang-tidy over what changed lately, and
-#                            the benchmarks in their short form as well
+#   ./test.sh --ci           what every submission passes: both sanitizers, an ordinary user, clang-tidy over what
+#                            changed lately, and the benchmarks in their short form as well
 set -euo pipefail
 cd "$(dirname "$0")"
 
@@ -17,6 +18,7 @@ bench=no
 tidy=no
 full=no
 ci=no
+user=no
 for argument in "$@"; do
     case $argument in
     --asan) sanitizers+=(asan) ;;
@@ -27,13 +29,15 @@ for argument in "$@"; do
         export LINKHAND_FULL=1
         ;;
     --bench) bench=yes ;;
+    --user) user=yes ;;
     --tidy) tidy=yes ;;
     --ci)
         sanitizers=(asan tsan)
         ci=yes
+        user=yes
         ;;
     -h | --help)
-        sed -n '2,12s/^# \{0,1\}//p' "$0"
+        sed -n '2,13s/^# \{0,1\}//p' "$0"
         exit 0
         ;;
     *)
@@ -72,6 +76,14 @@ run_tests() {
 
 packaging/build.sh release
 run_tests release
+# Root may do what users may not. Packages are built by whoever owns the build folder, and displays are slow.
+if [ $user = yes ] && [ "$(id -u)" = 0 ]; then
+    if setpriv --reuid=65534 --regid=65534 --clear-groups -- test -x build/release/pbctl; then
+        LINKHAND_TEST_AS_USER=1 run_tests release -L 'sdk|unit|gui|headers'
+    else
+        echo "Not tested as an ordinary user: the build folder is closed to others"
+    fi
+fi
 
 if [ $ci = yes ]; then
     packaging/check-tidy.sh --lately || status=1

@@ -228,6 +228,10 @@
         <translation>لا يمكن الكتابة في مجلد البيانات. لا يمكن حفظ التغييرات في جهات الاتصال والرسائل.</translation>
     </message>
     <message>
+        <source>IDS_HOST_PROBLEM_LOSS</source>
+        <translation>رفض القرص تغييرات كانت قد قُبلت على %1 من جهات الاتصال، وقد فُقدت. أفسِح مساحة على القرص وراجع قائمة جهات الاتصال.</translation>
+    </message>
+    <message>
         <source>IDS_HOST_PROBLEM_OUTBOX</source>
         <translation>كان صندوق الصادر تالفًا. احتُفظ به في هذا الملف، وبُدئ صندوق جديد.</translation>
     </message>
@@ -490,7 +494,7 @@
     </message>
     <message>
         <source>IDS_MOVE_REC_DEV_FULL</source>
-        <translation>الذاكرة ممتلئة. جهات الاتصال المنسوخة: </translation>
+        <translation>الذاكرة ممتلئة. الإدخالات المنسوخة: </translation>
     </message>
     <message>
         <source>IDS_MOVE_STATUS</source>
@@ -718,7 +722,7 @@
     </message>
     <message>
         <source>IDS_TOTAL_COUNT</source>
-        <translation>جهات الاتصال: </translation>
+        <translation>الإدخالات: </translation>
     </message>
     <message>
         <source>IDS_UNSUCCESS</source>

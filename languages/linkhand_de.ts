@@ -228,6 +228,10 @@
         <translation>In den Datenordner kann nicht geschrieben werden. Änderungen an Kontakten und Nachrichten können nicht gespeichert werden.</translation>
     </message>
     <message>
+        <source>IDS_HOST_PROBLEM_LOSS</source>
+        <translation>Der Datenträger hat bereits angenommene Änderungen an %1 Kontakten abgewiesen; sie sind verloren. Schaffen Sie Platz und sehen Sie die Liste der Kontakte durch.</translation>
+    </message>
+    <message>
         <source>IDS_HOST_PROBLEM_OUTBOX</source>
         <translation>Der Postausgang war beschädigt. Er bleibt als diese Datei erhalten, und ein neuer wurde begonnen.</translation>
     </message>
@@ -490,7 +494,7 @@ Legen Sie mit „Neuer Kontakt“ in der Werkzeugleiste einen an, oder importier
     </message>
     <message>
         <source>IDS_MOVE_REC_DEV_FULL</source>
-        <translation>Der Speicher ist voll. Kopierte Kontakte: </translation>
+        <translation>Der Speicher ist voll. Kopierte Einträge: </translation>
     </message>
     <message>
         <source>IDS_MOVE_STATUS</source>
@@ -718,7 +722,7 @@ Legen Sie mit „Neuer Kontakt“ in der Werkzeugleiste einen an, oder importier
     </message>
     <message>
         <source>IDS_TOTAL_COUNT</source>
-        <translation>Kontakte: </translation>
+        <translation>Einträge: </translation>
     </message>
     <message>
         <source>IDS_UNSUCCESS</source>

@@ -228,6 +228,10 @@
         <translation>The data folder cannot be written. Changes to contacts and messages cannot be kept.</translation>
     </message>
     <message>
+        <source>IDS_HOST_PROBLEM_LOSS</source>
+        <translation>The disk refused changes to %1 contacts that had been taken; they are lost. Make room on the disk and check the list of contacts.</translation>
+    </message>
+    <message>
         <source>IDS_HOST_PROBLEM_OUTBOX</source>
         <translation>The outbox was damaged. It is kept as this file, and a new one was begun.</translation>
     </message>
@@ -490,7 +494,7 @@ Create one with “New contact” in the tool bar, or import a file with the rig
     </message>
     <message>
         <source>IDS_MOVE_REC_DEV_FULL</source>
-        <translation>The memory is full. Contacts copied: </translation>
+        <translation>The memory is full. Entries copied: </translation>
     </message>
     <message>
         <source>IDS_MOVE_STATUS</source>
@@ -718,7 +722,7 @@ Create one with “New contact” in the tool bar, or import a file with the rig
     </message>
     <message>
         <source>IDS_TOTAL_COUNT</source>
-        <translation>Contacts: </translation>
+        <translation>Entries: </translation>
     </message>
     <message>
         <source>IDS_UNSUCCESS</source>

@@ -228,6 +228,10 @@
         <translation>无法写入数据文件夹。对联系人和信息的更改将无法保存。</translation>
     </message>
     <message>
+        <source>IDS_HOST_PROBLEM_LOSS</source>
+        <translation>磁盘拒绝了对 %1 个联系人的更改，这些更改已丢失。请腾出磁盘空间并检查联系人列表。</translation>
+    </message>
+    <message>
         <source>IDS_HOST_PROBLEM_OUTBOX</source>
         <translation>发件箱已损坏。它保留为此文件，并已新建一个发件箱。</translation>
     </message>
@@ -490,7 +494,7 @@
     </message>
     <message>
         <source>IDS_MOVE_REC_DEV_FULL</source>
-        <translation>存储已满。已复制的联系人：</translation>
+        <translation>存储已满。已复制的条目：</translation>
     </message>
     <message>
         <source>IDS_MOVE_STATUS</source>
@@ -718,7 +722,7 @@
     </message>
     <message>
         <source>IDS_TOTAL_COUNT</source>
-        <translation>联系人：</translation>
+        <translation>条目：</translation>
     </message>
     <message>
         <source>IDS_UNSUCCESS</source>

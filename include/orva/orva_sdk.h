@@ -157,8 +157,8 @@ ORVA_API long ORVA_PBSrv_AddrGroupSet_GetName(void* set, unsigned short** name);
 /* Number of records in the current group itself, those of its sub-groups not counted. */
 ORVA_API long ORVA_PBSrv_AddrGroupSet_GetGroupSize(void* set, int* size);
 
-/* The identifiers of the records in a group, in the order in which they joined. The array is the set's: read it
- * before the next such call on the set and before its release. Null with a count of 0. */
+/* The identifiers of the records in a group, in the order in which they joined. The array is the set's and
+ * stays as it is until the set is released. Null with a count of 0. */
 ORVA_API long ORVA_PBSrv_AddrGroupSet_GetAddrInGroupByID(void* set, int group, int* count, int** ids);
 ORVA_API long ORVA_PBSrv_AddrGroupSet_Release(void* set);
 
@@ -235,11 +235,12 @@ ORVA_API long ORVA_PBSrv_IsOutlookInstalled(const char* name);
  * buffer's size in *length. With a zeroed buffer of that size: fills it in and returns 0. On failure *length is 0. */
 ORVA_API long ORVA_PBSrv_GetFileFieldDescription(const unsigned short* path, char* buffer, int* length);
 
-/* Reads a file into a new record set for a memory; nothing is stored. RFC 4180, also with semicolons or tabs; UTF-8,
- * UTF-16, the locale's encoding or Windows-1252.
+/* Reads a file into a new record set for a memory; nothing is stored. RFC 4180, also with semicolons or tabs, whichever
+ * gives most rows the same number of columns; UTF-8, UTF-16, the locale's encoding or Windows-1252.
  * - The map has an entry for each field of the memory: the column it is taken from, counted from 0, or -1 for none.
  *   first + 65536 * (second + 1) joins two columns by a blank.
  * - A record's identifier is the number of the line it begins in.
+ * - Blanks at the ends of a text are part of it, but around quotation marks.
  * - Numbers lose blanks, dots, dashes, slashes and parentheses if only digits, "+", "*" and "#" are left then. A note
  *   is cut to what its field holds; other values may be longer than the memory takes.
  * - A row that cannot be read is passed over and named by its line in the log; so is the line of a quotation mark that

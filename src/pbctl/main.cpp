@@ -50,7 +50,7 @@ constexpr const char* commonHelp = "  --memory M        local (the PC's phoneboo
                                    "  --help            this\n"
                                    "  --version         the version\n"
                                    "\n"
-                                   "Exit code: 0 done, 1 failed, 2 misused, 3 some contacts could not be taken.\n";
+                                   "Exit code: 0 done, 1 failed, 2 misused, 3 some contacts not taken in whole.\n";
 
 void printHelp(const Command* command)
 {

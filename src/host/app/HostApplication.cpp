@@ -27,6 +27,7 @@
 #include "loader/PluginLoader.h"
 #include "messages/Outbox.h"
 #include "settings/DataFolder.h"
+#include "settings/LossWatcher.h"
 #include "settings/SdkFolders.h"
 #include "text/HostText.h"
 #include "window/KeyboardWitness.h"
@@ -120,6 +121,7 @@ HostApplication::HostApplication(const CommandLine& line, Companion* pCompanion)
     m_pOutbox.reset(new Outbox(DataFolder::Path() + QLatin1String("/outbox.xml")));
     m_pModem.reset(new SimulatedModem(*m_pOutbox));
     m_pWatcher.reset(new DeviceWatcher);
+    m_pLossWatcher.reset(new LossWatcher);
     m_pContainer.reset(new PluginContainer);
     m_pLifecycle.reset(new PluginLifecycle(*m_pContainer, m_services.State()));
     m_services.SetContainer(m_pContainer.data());
@@ -161,7 +163,9 @@ int HostApplication::Run()
     }
 
     showFrame();
+    connect(m_pLossWatcher.data(), SIGNAL(lost(ProblemList)), this, SLOT(OnLost(ProblemList)));
     m_pWatcher->Start();
+    m_pLossWatcher->Start();
     loadPlugins();
     checkInstallation();
     fillWindow();
@@ -216,6 +220,13 @@ void HostApplication::OnReportProblems()
                                      nullptr, QString(), true);
         }
     }
+}
+
+// No box: a batch may be running, whose own end tells of it.
+void HostApplication::OnLost(const ProblemList& problems)
+{
+    m_problems += problems;
+    m_pWindow->Status().SetProblems(m_problems);
 }
 
 void HostApplication::OnWelcomeDismissed()
@@ -318,5 +329,6 @@ void HostApplication::shutDown()
     m_pWindow->hide();
     m_pModem->HangUp();
     m_pWatcher->Stop();
+    m_pLossWatcher->Stop();
     m_pLifecycle->ShutDown(SHUTDOWN_LIMIT_MS);
 }

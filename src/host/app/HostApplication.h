@@ -13,6 +13,7 @@
 
 class Companion;
 class DeviceWatcher;
+class LossWatcher;
 class Link;
 class MainWindow;
 class Outbox;
@@ -46,6 +47,7 @@ private slots:
     void OnClosing();
     void OnScreenshotTaken(bool bWritten);
     void OnReportProblems();
+    void OnLost(const ProblemList& problems);
     void OnWelcomeDismissed();
 
 private:
@@ -66,6 +68,7 @@ private:
     QScopedPointer<Outbox> m_pOutbox;
     QScopedPointer<SimulatedModem> m_pModem;
     QScopedPointer<DeviceWatcher> m_pWatcher;
+    QScopedPointer<LossWatcher> m_pLossWatcher;
     QScopedPointer<PluginContainer> m_pContainer;
     QScopedPointer<PluginLifecycle> m_pLifecycle;
     QScopedPointer<MainWindow> m_pWindow;

@@ -108,9 +108,13 @@ long ORVA_PBSrv_AddrGroupSet_GetAddrInGroupByID(void* set, int group, int* count
         auto& held = fromHandle<GroupSetHandle>(set);
         require(count);
         require(ids);
-        held.members = groupStore(held.memory).members(group);
-        *count = static_cast<int>(held.members.size());
-        *ids = held.members.empty() ? nullptr : held.members.data();
+        std::vector<int> now = groupStore(held.memory).members(group);
+        std::forward_list<std::vector<int>>& given = held.members[group];
+        if (given.empty() || given.front() != now)
+            given.push_front(std::move(now));
+        std::vector<int>& members = given.front();
+        *count = static_cast<int>(members.size());
+        *ids = members.empty() ? nullptr : members.data();
         return ORVA_OK;
     });
 }

@@ -2,8 +2,10 @@
 #define SDK_API_HANDLES_H
 
 #include <cstdint>
+#include <forward_list>
 #include <memory>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "memories/RecordSet.h"
@@ -47,8 +49,9 @@ struct GroupSetHandle final : HandleObject {
     static constexpr HandleKind kind = HandleKind::GroupSet;
     int memory = 0;
     std::shared_ptr<const std::vector<StoredGroup>> groups;
-    std::size_t next = 0;     // behind the current group; 0 in front of the first
-    std::vector<int> members; // what GetAddrInGroupByID handed out last
+    std::size_t next = 0; // behind the current group; 0 in front of the first
+    // What GetAddrInGroupByID handed out, by group; clients may still read any of it.
+    std::unordered_map<int, std::forward_list<std::vector<int>>> members;
 };
 
 // Gives a new handle to an object.

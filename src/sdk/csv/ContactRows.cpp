@@ -18,6 +18,9 @@ constexpr std::uint64_t unitsReservedAtMost = 16U << 20;
 constexpr std::size_t octetsOfARow = 32;        // a short one
 constexpr std::size_t valueUnitsAtMost = 65535; // what a value call takes
 
+constexpr std::u16string_view blanks = u" \t";
+constexpr std::size_t npos = std::u16string_view::npos;
+
 constexpr int secondShift = 16;
 constexpr int columnMask = 0xFFFF;
 
@@ -71,9 +74,21 @@ bool FieldMap::readValue(const Row& row, const Source& source)
     }
     if (source.number || source.email)
         m_length = firstLength({m_value.data(), m_length});
-    if (source.number)
+    if (source.number) {
+        trim();
         m_length = cleanNumber(m_value.data(), m_length);
+    }
     return true;
+}
+
+// Takes the blanks at the ends off, which are no part of a number.
+void FieldMap::trim()
+{
+    const std::u16string_view text(m_value.data(), m_length);
+    const std::size_t begin = std::min(text.find_first_not_of(blanks), m_length);
+    const std::size_t behind = text.find_last_not_of(blanks) + 1; // of nothing but blanks: 0
+    m_length = behind > begin ? behind - begin : 0;
+    std::copy_n(m_value.data() + begin, m_length, m_value.data());
 }
 
 // Cuts the value to a length, between characters; false if it is not longer.
@@ -100,7 +115,7 @@ bool FieldMap::add(const Row& row, RowBlock& into, const RowReader::Report& repo
             into.dropRow();
             return false;
         }
-        anything = anything || m_length > 0;
+        anything = anything || std::u16string_view(m_value.data(), m_length).find_first_not_of(blanks) != npos;
         into.addValue({m_value.data(), m_length});
     }
     if (!anything)

@@ -20,8 +20,8 @@ public:
 
     int fields() const { return static_cast<int>(m_sources.size()); }
 
-    // Adds a row to `into` by the number of its line. False, and nothing added, if none of its fields has a value, or a
-    // column that is needed is no text. A note is cut to what its field holds. Either is reported.
+    // Adds a row to `into` by the number of its line. False, and nothing added, if none of its fields has a value other
+    // than blanks, or a column that is needed is no text. A note is cut to what its field holds. Either is reported.
     bool add(const Row& row, RowBlock& into, const RowReader::Report& report);
 
 private:
@@ -35,6 +35,7 @@ private:
 
     bool readValue(const Row& row, const Source& source);
     bool appendColumn(std::string_view column);
+    void trim();
     bool cutNote(std::size_t units);
 
     std::vector<Source> m_sources;

@@ -1,7 +1,6 @@
 #include "csv/RowReader.h"
 
 #include <algorithm>
-#include <array>
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
@@ -11,6 +10,7 @@
 #include <csv.h>
 
 #include "base/Failure.h"
+#include "csv/Separator.h"
 
 namespace orva
 {
@@ -23,6 +23,16 @@ constexpr std::size_t pieceLength = 64U << 10;
 // How often reading takes up again behind a quotation mark that nothing closes. Each time costs at most one row of
 // the greatest length, so that no file can make this slow.
 constexpr int secondChancesAtMost = 64;
+
+bool isSpace(char c)
+{
+    return c == ' ' || c == '\t';
+}
+
+int neverBlank(unsigned char /*c*/)
+{
+    return 0;
+}
 
 constexpr const char* whyTooLong = "row passed over: too long";
 constexpr const char* whyColumns = "row passed over: too many columns";
@@ -66,10 +76,32 @@ struct RowReader::Parser {
         begin();
     }
 
+    // Blanks beside a quotation mark may stand around a quoted column; all others belong to theirs.
     void take(std::string_view line, Row& into)
     {
         row = &into;
-        if (csv_parse(&parser, line.data(), line.size(), column, end, this) != line.size() || outOfMemory)
+        std::size_t from = 0;
+        for (std::size_t at = line.find('"'); at < line.size(); at = line.find('"', at)) {
+            std::size_t begin = at;
+            std::size_t behind = at + 1;
+            while (begin > from && isSpace(line[begin - 1]))
+                --begin;
+            while (behind < line.size() && isSpace(line[behind]))
+                ++behind;
+            if (behind - begin > 1) {
+                parse(line.substr(from, begin - from), neverBlank);
+                parse(line.substr(begin, behind - begin), nullptr);
+                from = behind;
+            }
+            at = behind;
+        }
+        parse(line.substr(from), neverBlank);
+    }
+
+    void parse(std::string_view text, int (*blank)(unsigned char))
+    {
+        csv_set_space_func(&parser, blank);
+        if (csv_parse(&parser, text.data(), text.size(), column, end, this) != text.size() || outOfMemory)
             throw Failure(ORVA_E_NO_MEMORY, "CSV parser");
     }
 
@@ -161,7 +193,6 @@ void RowReader::detectEncoding()
     m_guess = detector.guess();
 }
 
-// Counts the candidates in the first row, outside of quotes; a comma wins a draw, then a semicolon.
 void RowReader::detectSeparator()
 {
     while (m_text.size() < pieceLength && refill()) {
@@ -172,21 +203,7 @@ void RowReader::detectSeparator()
         m_line = 1;
         m_at = m_rowAt = text.substr(5, 2) == "\r\n" ? 7 : 6;
     } else {
-        constexpr std::string_view candidates = ",;\t";
-        std::array<int, 3> counts = {0, 0, 0};
-        bool quoted = false;
-        bool begun = false;
-        for (const char c : text) {
-            if (c == '"')
-                quoted = !quoted;
-            else if (!quoted && begun && (c == '\n' || c == '\r'))
-                break;
-            else if (const std::size_t which = candidates.find(c); !quoted && which != std::string_view::npos)
-                ++counts[which];
-            begun = begun || (c != '\n' && c != '\r');
-        }
-        m_separator =
-            candidates[static_cast<std::size_t>(std::max_element(counts.begin(), counts.end()) - counts.begin())];
+        m_separator = guessSeparator(text, m_fileEnded);
     }
     m_parser->separator = m_separator;
     m_parser->restart();

@@ -51,8 +51,8 @@ struct ReaderLimits {
 
 /*
  * Reads the rows of a file as RFC 4180 describes them and programs write them: in any of the encodings of Encoding.h,
- * with commas, semicolons or tabs (whichever the first row has most of, or what a first line "sep=;" says), quoted or
- * not, with any line ends, which may also stand inside quotes. Blanks around an unquoted column do not count.
+ * with commas, semicolons or tabs (Separator.h, or what a first line "sep=;" says), quoted or not, with any line ends,
+ * which may also stand inside quotes. Blanks count, but around a quoted column.
  *
  * Memory stays within a few times the longest row allowed, whatever the file. A row that cannot be read is reported
  * and passed over. So is, by itself, a line with a quotation mark that nothing closes: reading goes on in the line

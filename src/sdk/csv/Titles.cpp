@@ -1,5 +1,7 @@
 #include "csv/Titles.h"
 
+#include <algorithm>
+
 #include "base/Failure.h"
 #include "base/Unicode.h"
 
@@ -25,6 +27,10 @@ std::vector<std::string> titlesOf(const Row& row)
         units.clear();
         if (!appendUtf16(row.column(i), units))
             throw Failure(ORVA_E_FORMAT, "titles are no text");
+        // Blanks at the ends tell no title from another.
+        const std::size_t begin = std::min(units.find_first_not_of(u" \t"), units.size());
+        const std::size_t behind = std::max(units.find_last_not_of(u" \t") + 1, begin);
+        units = units.substr(begin, behind - begin);
         for (char16_t& c : units)
             if (c == u',' || c < u' ' || c == 0x7F)
                 c = u' ';

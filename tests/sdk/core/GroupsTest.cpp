@@ -305,4 +305,31 @@ TEST(groupFunctionsRefuseNullAndWrongHandles)
     ORVA_PBSrv_AddrGroup_Release(group);
 }
 
+TEST(membersStayAsTheyWereGivenUntilTheSetIsReleased)
+{
+    useFreshFolder();
+    const int first = addGroup(u"first");
+    const int second = addGroup(u"second");
+    std::vector<int> records;
+    for (int i = 0; i < 40; ++i) {
+        records.push_back(add(local, {{"Name", u"member"}}));
+        REQUIRE(ORVA_PBSrv_AddAddrToGroup(i < 20 ? first : second, records.back(), local) == ORVA_OK);
+    }
+    void* set = nullptr;
+    REQUIRE(ORVA_PBSrv_GetGroupList(local, &set) == ORVA_OK);
+    int count = 0;
+    int* ofFirst = nullptr;
+    int* ofSecond = nullptr;
+    int* again = nullptr;
+    REQUIRE(ORVA_PBSrv_AddrGroupSet_GetAddrInGroupByID(set, first, &count, &ofFirst) == ORVA_OK);
+    REQUIRE(ORVA_PBSrv_AddrGroupSet_GetAddrInGroupByID(set, second, &count, &ofSecond) == ORVA_OK);
+    REQUIRE(ORVA_PBSrv_DelAddrFromGroup(first, records[0], local) == ORVA_OK);
+    REQUIRE(ORVA_PBSrv_AddrGroupSet_GetAddrInGroupByID(set, first, &count, &again) == ORVA_OK);
+    CHECK_EQ(count, 19);
+    CHECK(std::vector<int>(ofFirst, ofFirst + 20) == std::vector<int>(records.begin(), records.begin() + 20));
+    CHECK(std::vector<int>(ofSecond, ofSecond + 20) == std::vector<int>(records.begin() + 20, records.end()));
+    CHECK(std::vector<int>(again, again + 19) == std::vector<int>(records.begin() + 1, records.begin() + 20));
+    ORVA_PBSrv_AddrGroupSet_Release(set);
+}
+
 CHECK_MAIN

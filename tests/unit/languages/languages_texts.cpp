@@ -123,6 +123,7 @@ private slots:
     void nothingIsLeftInEnglish();
     void placeholdersStay();
     void textsAreFinishedWording();
+    void aCopyCountsEntriesAndNoContacts();
     void shortcutsAreKeys();
     void windowShortcutsDoNotCollide_data();
     void windowShortcutsDoNotCollide();
@@ -253,6 +254,23 @@ void LanguagesTexts::textsAreFinishedWording()
                 QVERIFY2(entry->strKey.isEmpty() || entry->strKey != entry->strText, qPrintable(entry.key()));
             }
         }
+    }
+}
+
+// A contact with three numbers is three entries of a card.
+void LanguagesTexts::aCopyCountsEntriesAndNoContacts()
+{
+    const QMap<QString, QString> contacts{{"en", "contact"},
+                                          {"de", "kontakt"},
+                                          {"ar", QString::fromUtf8("جهات الاتصال")},
+                                          {"zh_CN", QString::fromUtf8("联系人")}};
+    QCOMPARE(contacts.keys(), m_languages.keys());
+    for (auto language = m_languages.begin(); language != m_languages.end(); ++language) {
+        Context& phonebook = (*language)[s_szPhonebook];
+        const QString strWord = contacts.value(language.key());
+        QVERIFY(phonebook["IDS_IMPORT_TOTAL_NUMBER"].strText.contains(strWord, Qt::CaseInsensitive));
+        for (const char* szId : {"IDS_TOTAL_COUNT", "IDS_MOVE_REC_DEV_FULL"})
+            QVERIFY2(!phonebook[szId].strText.contains(strWord, Qt::CaseInsensitive), szId);
     }
 }
 
