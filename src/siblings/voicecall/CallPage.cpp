@@ -39,6 +39,7 @@ CallPage::CallPage(const QString& strPlugin)
       m_pCall(new QPushButton(this)),
       m_pVideoCall(new QPushButton(this)),
       m_pBox(new CallBox(strPlugin, this)),
+      m_bInCall(false),
       m_pCalls(new QTreeWidget(this))
 {
     setObjectName(m_strPlugin + QLatin1String("_MainWidget"));
@@ -82,6 +83,7 @@ void CallPage::Start(const QString& strNumber, int iType)
     showTime(pItem);
     m_pCalls->insertTopLevelItem(0, pItem); // the latest first
     // A video call has its own window, but one call at a time counts for both.
+    m_bInCall = true;
     m_pBox->Start(strNumber);
     m_pBox->setVisible(iType == HOST_CALL_VOICE);
     OnEdited();
@@ -92,6 +94,7 @@ void CallPage::Stop()
     if (m_pCalls->topLevelItem(0) != nullptr) {
         m_pCalls->topLevelItem(0)->setText(COLUMN_DURATION, CallBox::DurationText(m_pBox->Seconds()));
     }
+    m_bInCall = false;
     m_pBox->Stop();
     m_pBox->hide();
     OnEdited();
@@ -125,7 +128,7 @@ void CallPage::Enter()
 
 void CallPage::OnEdited()
 {
-    const bool bDialable = Recipients::IsNumber(m_pNumber->text().trimmed()) && m_pBox->isHidden();
+    const bool bDialable = Recipients::IsNumber(m_pNumber->text().trimmed()) && !m_bInCall;
     m_pCall->setEnabled(bDialable);
     m_pVideoCall->setEnabled(bDialable);
 }

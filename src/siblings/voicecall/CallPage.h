@@ -40,6 +40,7 @@ private:
     QPushButton* m_pCall;
     QPushButton* m_pVideoCall;
     CallBox* m_pBox;
+    bool m_bInCall; // of either type
     QTreeWidget* m_pCalls;
 };
 
