@@ -228,8 +228,12 @@
         <translation>لا يمكن الكتابة في مجلد البيانات. لا يمكن حفظ التغييرات في جهات الاتصال والرسائل.</translation>
     </message>
     <message>
+        <source>IDS_HOST_PROBLEM_MESSAGES</source>
+        <translation>يتعذر فتح الرسائل، ولا يمكن حفظ رسائل جديدة. ربما كتبها إصدار أحدث.</translation>
+    </message>
+    <message>
         <source>IDS_HOST_PROBLEM_OUTBOX</source>
-        <translation>كان صندوق الصادر تالفًا. احتُفظ به في هذا الملف، وبُدئ صندوق جديد.</translation>
+        <translation>كان صندوق الصادر تالفًا. حُفظ بهذا الملف، ونُقل منه ما أمكنت قراءته.</translation>
     </message>
     <message>
         <source>IDS_HOST_PROBLEM_STORE</source>

@@ -228,8 +228,12 @@
         <translation>In den Datenordner kann nicht geschrieben werden. Änderungen an Kontakten und Nachrichten können nicht gespeichert werden.</translation>
     </message>
     <message>
+        <source>IDS_HOST_PROBLEM_MESSAGES</source>
+        <translation>Die Nachrichten lassen sich nicht öffnen, und neue können nicht aufbewahrt werden. Vielleicht hat eine neuere Version sie geschrieben.</translation>
+    </message>
+    <message>
         <source>IDS_HOST_PROBLEM_OUTBOX</source>
-        <translation>Der Postausgang war beschädigt. Er bleibt als diese Datei erhalten, und ein neuer wurde begonnen.</translation>
+        <translation>Der Postausgang war beschädigt. Er bleibt als diese Datei erhalten; was sich lesen ließ, wurde übernommen.</translation>
     </message>
     <message>
         <source>IDS_HOST_PROBLEM_STORE</source>

@@ -228,8 +228,12 @@
         <translation>The data folder cannot be written. Changes to contacts and messages cannot be kept.</translation>
     </message>
     <message>
+        <source>IDS_HOST_PROBLEM_MESSAGES</source>
+        <translation>The messages cannot be opened; no new one can be kept. A later release may have written them.</translation>
+    </message>
+    <message>
         <source>IDS_HOST_PROBLEM_OUTBOX</source>
-        <translation>The outbox was damaged. It is kept as this file, and a new one was begun.</translation>
+        <translation>The outbox was damaged. It is kept as this file, and what could be read of it was taken over.</translation>
     </message>
     <message>
         <source>IDS_HOST_PROBLEM_STORE</source>

@@ -228,8 +228,12 @@
         <translation>无法写入数据文件夹。对联系人和信息的更改将无法保存。</translation>
     </message>
     <message>
+        <source>IDS_HOST_PROBLEM_MESSAGES</source>
+        <translation>无法打开信息，也无法保存新信息。它们可能由更新的版本写入。</translation>
+    </message>
+    <message>
         <source>IDS_HOST_PROBLEM_OUTBOX</source>
-        <translation>发件箱已损坏。它保留为此文件，并已新建一个发件箱。</translation>
+        <translation>发件箱已损坏。它保存为此文件，能读出的内容已转入新的发件箱。</translation>
     </message>
     <message>
         <source>IDS_HOST_PROBLEM_STORE</source>

@@ -15,7 +15,7 @@ class Companion;
 class DeviceWatcher;
 class Link;
 class MainWindow;
-class Outbox;
+class MessageStore;
 class PluginContainer;
 class PluginLifecycle;
 class QTranslator;
@@ -63,7 +63,7 @@ private:
     HostSettings m_settings;
     LanguageCatalog m_languages;
     QScopedPointer<QTranslator> m_pQtTexts;
-    QScopedPointer<Outbox> m_pOutbox;
+    QScopedPointer<MessageStore> m_pMessages;
     QScopedPointer<SimulatedModem> m_pModem;
     QScopedPointer<DeviceWatcher> m_pWatcher;
     QScopedPointer<PluginContainer> m_pContainer;
