@@ -160,12 +160,20 @@
         <translation>Das Plug-in wurde für ein anderes System oder einen anderen Compiler gebaut: %1.</translation>
     </message>
     <message>
+        <source>IDS_HOST_PLUGIN_FOLDER</source>
+        <translation>Andere dürfen diesen Ordner ändern; kein Plug-in wurde geladen. Nehmen Sie dieses Recht weg (chmod go-w), wenn Sie dem Inhalt vertrauen.</translation>
+    </message>
+    <message>
         <source>IDS_HOST_PLUGIN_INIT</source>
         <translation>Das Plug-in konnte nicht gestartet werden.</translation>
     </message>
     <message>
         <source>IDS_HOST_PLUGIN_INTERFACE</source>
         <translation>Dem Plug-in fehlt die Schnittstelle, die dieses Programm braucht.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PLUGIN_LINK</source>
+        <translation>Die Datei ist eine Verknüpfung und wurde nicht geladen. Legen Sie das Plug-in selbst in den Ordner.</translation>
     </message>
     <message>
         <source>IDS_HOST_PLUGIN_LOAD</source>

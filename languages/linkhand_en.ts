@@ -160,12 +160,20 @@
         <translation>The plug-in was built for another system or compiler: %1.</translation>
     </message>
     <message>
+        <source>IDS_HOST_PLUGIN_FOLDER</source>
+        <translation>Others may change this folder; no plug-in was loaded. Take that right away (chmod go-w) if you trust what is in it.</translation>
+    </message>
+    <message>
         <source>IDS_HOST_PLUGIN_INIT</source>
         <translation>The plug-in could not start.</translation>
     </message>
     <message>
         <source>IDS_HOST_PLUGIN_INTERFACE</source>
         <translation>The plug-in lacks the interface that this program needs.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PLUGIN_LINK</source>
+        <translation>The file is a link and was not loaded. Put the plug-in itself into the folder.</translation>
     </message>
     <message>
         <source>IDS_HOST_PLUGIN_LOAD</source>

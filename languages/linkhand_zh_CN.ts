@@ -160,12 +160,20 @@
         <translation>该插件是为其他系统或编译器构建的：%1。</translation>
     </message>
     <message>
+        <source>IDS_HOST_PLUGIN_FOLDER</source>
+        <translation>其他用户可以更改此文件夹，未加载任何插件。如果信任其中的内容，请取消该权限 (chmod go-w)。</translation>
+    </message>
+    <message>
         <source>IDS_HOST_PLUGIN_INIT</source>
         <translation>插件无法启动。</translation>
     </message>
     <message>
         <source>IDS_HOST_PLUGIN_INTERFACE</source>
         <translation>该插件缺少本程序所需的接口。</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PLUGIN_LINK</source>
+        <translation>该文件是链接，未加载。请将插件本身放入文件夹。</translation>
     </message>
     <message>
         <source>IDS_HOST_PLUGIN_LOAD</source>
