@@ -160,12 +160,20 @@
         <translation>بُني الملحق لنظام آخر أو لمصرِّف آخر: %1.</translation>
     </message>
     <message>
+        <source>IDS_HOST_PLUGIN_FOLDER</source>
+        <translation>يمكن لآخرين تغيير هذا المجلد، ولم يُحمَّل أي ملحق. اسحب هذا الحق (chmod go-w) إن كنت تثق بمحتواه.</translation>
+    </message>
+    <message>
         <source>IDS_HOST_PLUGIN_INIT</source>
         <translation>تعذّر بدء تشغيل الملحق.</translation>
     </message>
     <message>
         <source>IDS_HOST_PLUGIN_INTERFACE</source>
         <translation>يفتقر الملحق إلى الواجهة التي يحتاجها هذا البرنامج.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PLUGIN_LINK</source>
+        <translation>الملف رابط ولم يُحمَّل. ضع الملحق نفسه في المجلد.</translation>
     </message>
     <message>
         <source>IDS_HOST_PLUGIN_LOAD</source>
@@ -232,8 +240,12 @@
         <translation>رفض القرص تغييرات كانت قد قُبلت على %1 من جهات الاتصال، وقد فُقدت. أفسِح مساحة على القرص وراجع قائمة جهات الاتصال.</translation>
     </message>
     <message>
+        <source>IDS_HOST_PROBLEM_MESSAGES</source>
+        <translation>يتعذر فتح الرسائل، ولا يمكن حفظ رسائل جديدة. ربما كتبها إصدار أحدث.</translation>
+    </message>
+    <message>
         <source>IDS_HOST_PROBLEM_OUTBOX</source>
-        <translation>كان صندوق الصادر تالفًا. احتُفظ به في هذا الملف، وبُدئ صندوق جديد.</translation>
+        <translation>كان صندوق الصادر تالفًا. حُفظ بهذا الملف، ونُقل منه ما أمكنت قراءته.</translation>
     </message>
     <message>
         <source>IDS_HOST_PROBLEM_STORE</source>

@@ -160,12 +160,20 @@
         <translation>Das Plug-in wurde für ein anderes System oder einen anderen Compiler gebaut: %1.</translation>
     </message>
     <message>
+        <source>IDS_HOST_PLUGIN_FOLDER</source>
+        <translation>Andere dürfen diesen Ordner ändern; kein Plug-in wurde geladen. Nehmen Sie dieses Recht weg (chmod go-w), wenn Sie dem Inhalt vertrauen.</translation>
+    </message>
+    <message>
         <source>IDS_HOST_PLUGIN_INIT</source>
         <translation>Das Plug-in konnte nicht gestartet werden.</translation>
     </message>
     <message>
         <source>IDS_HOST_PLUGIN_INTERFACE</source>
         <translation>Dem Plug-in fehlt die Schnittstelle, die dieses Programm braucht.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PLUGIN_LINK</source>
+        <translation>Die Datei ist eine Verknüpfung und wurde nicht geladen. Legen Sie das Plug-in selbst in den Ordner.</translation>
     </message>
     <message>
         <source>IDS_HOST_PLUGIN_LOAD</source>
@@ -232,8 +240,12 @@
         <translation>Der Datenträger hat bereits angenommene Änderungen an %1 Kontakten abgewiesen; sie sind verloren. Schaffen Sie Platz und sehen Sie die Liste der Kontakte durch.</translation>
     </message>
     <message>
+        <source>IDS_HOST_PROBLEM_MESSAGES</source>
+        <translation>Die Nachrichten lassen sich nicht öffnen, und neue können nicht aufbewahrt werden. Vielleicht hat eine neuere Version sie geschrieben.</translation>
+    </message>
+    <message>
         <source>IDS_HOST_PROBLEM_OUTBOX</source>
-        <translation>Der Postausgang war beschädigt. Er bleibt als diese Datei erhalten, und ein neuer wurde begonnen.</translation>
+        <translation>Der Postausgang war beschädigt. Er bleibt als diese Datei erhalten; was sich lesen ließ, wurde übernommen.</translation>
     </message>
     <message>
         <source>IDS_HOST_PROBLEM_STORE</source>

@@ -160,12 +160,20 @@
         <translation>The plug-in was built for another system or compiler: %1.</translation>
     </message>
     <message>
+        <source>IDS_HOST_PLUGIN_FOLDER</source>
+        <translation>Others may change this folder; no plug-in was loaded. Take that right away (chmod go-w) if you trust what is in it.</translation>
+    </message>
+    <message>
         <source>IDS_HOST_PLUGIN_INIT</source>
         <translation>The plug-in could not start.</translation>
     </message>
     <message>
         <source>IDS_HOST_PLUGIN_INTERFACE</source>
         <translation>The plug-in lacks the interface that this program needs.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PLUGIN_LINK</source>
+        <translation>The file is a link and was not loaded. Put the plug-in itself into the folder.</translation>
     </message>
     <message>
         <source>IDS_HOST_PLUGIN_LOAD</source>
@@ -232,8 +240,12 @@
         <translation>The disk refused changes to %1 contacts that had been taken; they are lost. Make room on the disk and check the list of contacts.</translation>
     </message>
     <message>
+        <source>IDS_HOST_PROBLEM_MESSAGES</source>
+        <translation>The messages cannot be opened; no new one can be kept. A later release may have written them.</translation>
+    </message>
+    <message>
         <source>IDS_HOST_PROBLEM_OUTBOX</source>
-        <translation>The outbox was damaged. It is kept as this file, and a new one was begun.</translation>
+        <translation>The outbox was damaged. It is kept as this file, and what could be read of it was taken over.</translation>
     </message>
     <message>
         <source>IDS_HOST_PROBLEM_STORE</source>

@@ -160,12 +160,20 @@
         <translation>该插件是为其他系统或编译器构建的：%1。</translation>
     </message>
     <message>
+        <source>IDS_HOST_PLUGIN_FOLDER</source>
+        <translation>其他用户可以更改此文件夹，未加载任何插件。如果信任其中的内容，请取消该权限 (chmod go-w)。</translation>
+    </message>
+    <message>
         <source>IDS_HOST_PLUGIN_INIT</source>
         <translation>插件无法启动。</translation>
     </message>
     <message>
         <source>IDS_HOST_PLUGIN_INTERFACE</source>
         <translation>该插件缺少本程序所需的接口。</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PLUGIN_LINK</source>
+        <translation>该文件是链接，未加载。请将插件本身放入文件夹。</translation>
     </message>
     <message>
         <source>IDS_HOST_PLUGIN_LOAD</source>
@@ -232,8 +240,12 @@
         <translation>磁盘拒绝了对 %1 个联系人的更改，这些更改已丢失。请腾出磁盘空间并检查联系人列表。</translation>
     </message>
     <message>
+        <source>IDS_HOST_PROBLEM_MESSAGES</source>
+        <translation>无法打开信息，也无法保存新信息。它们可能由更新的版本写入。</translation>
+    </message>
+    <message>
         <source>IDS_HOST_PROBLEM_OUTBOX</source>
-        <translation>发件箱已损坏。它保留为此文件，并已新建一个发件箱。</translation>
+        <translation>发件箱已损坏。它保存为此文件，能读出的内容已转入新的发件箱。</translation>
     </message>
     <message>
         <source>IDS_HOST_PROBLEM_STORE</source>

@@ -5,6 +5,20 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
+if [ $# -gt 1 ]; then
+    echo "contact-sheets.sh: one folder at most (try --help)" >&2
+    exit 2
+fi
+case ${1:-} in
+-h | --help)
+    sed -n '2,4s/^# \{0,1\}//p' packaging/contact-sheets.sh
+    exit 0
+    ;;
+-*)
+    echo "contact-sheets.sh: unknown option '$1' (try --help)" >&2
+    exit 2
+    ;;
+esac
 folder=${1:-docs/screenshots}
 scale=${SCALE:-1}
 build=build/release
@@ -14,6 +28,10 @@ packaging/build.sh release test_desktop_languages
 export LC_ALL=C.UTF-8 LINKHAND_SOURCE_DIR=$PWD LINKHAND_BUILD_DIR=$PWD/$build QT_SCALE_FACTOR=$scale
 LINKHAND_TEST_SCREEN=$((1366 * scale))x$((900 * scale))
 export LINKHAND_TEST_SCREEN
-tests/in-home.sh "$PWD/build/home-of-sheets" tests/desktop/with-display.sh \
+# The file dialog shows where it is: in a home that is nobody's, not in somebody's working copy.
+home=/tmp/home/anna
+trap 'rm -rf "$home" && rmdir --ignore-fail-on-non-empty /tmp/home' EXIT
+mkdir -p "$home"
+tests/in-home.sh "$home" tests/desktop/with-display.sh \
     "$build/tests/stage/test_desktop_languages" --sheets "$folder" --shots build/shots
 echo "The sheets are in $folder"

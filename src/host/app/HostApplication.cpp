@@ -25,7 +25,7 @@
 #include "loader/PluginContainer.h"
 #include "loader/PluginLifecycle.h"
 #include "loader/PluginLoader.h"
-#include "messages/Outbox.h"
+#include "messages/MessageStore.h"
 #include "settings/DataFolder.h"
 #include "settings/LossWatcher.h"
 #include "settings/SdkFolders.h"
@@ -118,8 +118,8 @@ HostApplication::HostApplication(const CommandLine& line, Companion* pCompanion)
       m_bClosing(false)
 {
     DataFolder::Prepare(SdkFolders::LogFolder(), m_problems);
-    m_pOutbox.reset(new Outbox(DataFolder::Path() + QLatin1String("/outbox.xml")));
-    m_pModem.reset(new SimulatedModem(*m_pOutbox));
+    m_pMessages.reset(new MessageStore(DataFolder::Path()));
+    m_pModem.reset(new SimulatedModem(*m_pMessages));
     m_pWatcher.reset(new DeviceWatcher);
     m_pLossWatcher.reset(new LossWatcher);
     m_pContainer.reset(new PluginContainer);
@@ -131,7 +131,7 @@ HostApplication::HostApplication(const CommandLine& line, Companion* pCompanion)
     SimulatedHardware::SetNameUnits(strCount.trimmed() == QLatin1String("all"));
     applyLanguage(
         m_languages.BestFor(m_settings.Language().isEmpty() ? QLocale::system().name() : m_settings.Language()));
-    m_pWindow.reset(new MainWindow(*m_pContainer, *m_pOutbox, *m_pWatcher));
+    m_pWindow.reset(new MainWindow(*m_pContainer, *m_pMessages, *m_pWatcher));
     m_services.SetMainWindow(m_pWindow.data());
     m_pLink.reset(new Link(*m_pModem, m_pWindow.data(), SdkFolders::LogFolder()));
     m_pLink->Publish();
@@ -262,9 +262,11 @@ void HostApplication::checkInstallation()
         m_problems.append(
             Problem(m_services.LanguagesPath(), "No English language file was found; texts show as ids."));
     }
-    if (m_pOutbox->WasDamaged()) {
-        m_problems.append(
-            Problem(DataFolder::Path() + QLatin1String("/outbox.xml.damaged"), "IDS_HOST_PROBLEM_OUTBOX"));
+    foreach (const QString& strFile, m_pMessages->Damaged()) {
+        m_problems.append(Problem(strFile, "IDS_HOST_PROBLEM_OUTBOX"));
+    }
+    if (!m_pMessages->IsUsable()) {
+        m_problems.append(Problem(DataFolder::Path() + QLatin1String("/messages.db"), "IDS_HOST_PROBLEM_MESSAGES"));
     }
 }
 

@@ -16,7 +16,7 @@ class DeviceWatcher;
 class LossWatcher;
 class Link;
 class MainWindow;
-class Outbox;
+class MessageStore;
 class PluginContainer;
 class PluginLifecycle;
 class QTranslator;
@@ -65,7 +65,7 @@ private:
     HostSettings m_settings;
     LanguageCatalog m_languages;
     QScopedPointer<QTranslator> m_pQtTexts;
-    QScopedPointer<Outbox> m_pOutbox;
+    QScopedPointer<MessageStore> m_pMessages;
     QScopedPointer<SimulatedModem> m_pModem;
     QScopedPointer<DeviceWatcher> m_pWatcher;
     QScopedPointer<LossWatcher> m_pLossWatcher;

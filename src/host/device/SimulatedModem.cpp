@@ -3,9 +3,9 @@
 #include <QRegExp>
 
 #include "device/DeviceState.h"
-#include "messages/Outbox.h"
+#include "messages/MessageStore.h"
 
-SimulatedModem::SimulatedModem(Outbox& outbox, QObject* pParent) : Modem(pParent), m_outbox(outbox), m_iType(0) {}
+SimulatedModem::SimulatedModem(MessageStore& store, QObject* pParent) : Modem(pParent), m_store(store), m_iType(0) {}
 
 bool SimulatedModem::Dial(const QString& strNumber, int iType)
 {
@@ -18,6 +18,8 @@ bool SimulatedModem::Dial(const QString& strNumber, int iType)
     }
     m_strNumber = strDialled;
     m_iType = iType;
+    m_started = QDateTime::currentDateTime();
+    m_elapsed.start();
     emit callStarted(strDialled, iType);
     return true;
 }
@@ -27,11 +29,12 @@ void SimulatedModem::HangUp()
     if (!m_strNumber.isEmpty()) {
         const QString strNumber = m_strNumber;
         m_strNumber.clear();
+        m_store.AddCall(strNumber, m_iType, m_started, int(m_elapsed.elapsed() / 1000));
         emit callEnded(strNumber, m_iType);
     }
 }
 
 bool SimulatedModem::Send(const OutgoingMessage& message)
 {
-    return !message.lstNumbers.isEmpty() && m_outbox.Add(message);
+    return !message.lstNumbers.isEmpty() && m_store.Add(message);
 }

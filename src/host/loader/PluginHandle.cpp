@@ -6,8 +6,9 @@
 #include "linkhand/plugin/INotify.h"
 #include "linkhand/plugin/IUIPlugin.h"
 
-PluginHandle::PluginHandle(QObject* pRoot)
+PluginHandle::PluginHandle(QObject* pRoot, void* pLibrary)
     : m_pRoot(pRoot),
+      m_pLibrary(pLibrary),
       m_pBase(nullptr),
       m_pUI(qobject_cast<IUIPlugin*>(pRoot)),
       m_pNotify(qobject_cast<INotify*>(pRoot)),

@@ -26,12 +26,14 @@ public:
         DESTROYED     // OnDestroy was called; the root object goes with this handle
     };
 
-    // Takes over pRoot, which must cast to IBasePlugin.
-    explicit PluginHandle(QObject* pRoot);
+    // Takes over pRoot, which must cast to IBasePlugin. pLibrary is the dynamic linker's handle of its code, which
+    // stays the caller's.
+    explicit PluginHandle(QObject* pRoot, void* pLibrary = nullptr);
     ~PluginHandle();
 
     State GetState() const { return m_enState; }
     QObject* Root() const { return m_pRoot; }
+    void* Library() const { return m_pLibrary; }
     QString Name() const { return m_strName; }
     QString ClassId() const { return m_strClassId; }
     bool HasWindow() const { return m_pUI != nullptr; }
@@ -58,6 +60,7 @@ private:
     Q_DISABLE_COPY(PluginHandle)
 
     QPointer<QObject> m_pRoot;
+    void* m_pLibrary;
     IBasePlugin* m_pBase;
     IUIPlugin* m_pUI;
     INotify* m_pNotify;

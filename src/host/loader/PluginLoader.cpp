@@ -3,9 +3,11 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QLibrary>
-#include <QPluginLoader>
+#include <QObject>
 
+#include <cerrno>
+#include <dlfcn.h>
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -14,6 +16,7 @@
 #include "loader/PluginContainer.h"
 #include "loader/PluginHandle.h"
 #include "loader/SharedObject.h"
+#include "loader/TrustedPath.h"
 #include "loader/Verification.h"
 
 namespace
@@ -26,18 +29,25 @@ QString nameOfFile(const QString& strFile)
     return strName.startsWith(QLatin1String("lib")) ? strName.mid(3) : strName;
 }
 
-// What others can change they can make run with this user's rights.
-bool checkOwner(const QString& strFile, Problem& problem)
+// Opens the file and looks at who may change what was opened.
+bool openTrusted(const QString& strFile, QFile& file, Problem& problem)
 {
+    const int iFile = open(QFile::encodeName(strFile).constData(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+    const bool bLink = iFile < 0 && errno == ELOOP;
     struct stat status = {};
-    if (stat(QFile::encodeName(strFile).constData(), &status) != 0 || !S_ISREG(status.st_mode)) {
+    if (bLink) {
+        problem.strReasonId = QLatin1String("IDS_HOST_PLUGIN_LINK");
+    } else if (iFile < 0 || fstat(iFile, &status) != 0 || !S_ISREG(status.st_mode)) {
         problem.strReasonId = QLatin1String("IDS_HOST_PLUGIN_UNREADABLE");
-    } else if (status.st_uid != 0 && status.st_uid != geteuid()) {
+    } else if (!TrustedPath::IsOwned(status)) {
         problem.strReasonId = QLatin1String("IDS_HOST_PLUGIN_OWNER");
     } else if ((status.st_mode & (S_IWGRP | S_IWOTH)) != 0) {
         problem.strReasonId = QLatin1String("IDS_HOST_PLUGIN_WRITABLE");
-    } else {
+    } else if (file.open(iFile, QIODevice::ReadOnly, QFile::AutoCloseHandle)) {
         return true;
+    }
+    if (iFile >= 0) {
+        close(iFile);
     }
     return false;
 }
@@ -56,25 +66,26 @@ bool checkVerification(const Verification& verification, Problem& problem)
     return false;
 }
 
-// The text that the loaded library gives; it counts where the file itself did not show one.
-bool queryVerification(const QString& strFile, Verification& verification, Problem& problem)
+typedef const char* (*QueryFunction)();
+typedef QObject* (*InstanceFunction)();
+
+// Has the library make its root object. Null if it is not what its file said, or no plug-in of this host.
+QObject* rootOf(void* pLibrary, const Verification& verification, Problem& problem)
 {
-    typedef const char* (*QueryFunction)();
-    QLibrary library(strFile);
-    // A missing symbol is to be seen now, not in the middle of a click.
-    library.setLoadHints(QLibrary::ResolveAllSymbolsHint);
-    if (!library.load()) {
-        problem.strReasonId = QLatin1String("IDS_HOST_PLUGIN_LOAD");
-        problem.strDetail = library.errorString();
-        return false;
-    }
-    const QueryFunction query = reinterpret_cast<QueryFunction>(library.resolve("qt_plugin_query_verification_data"));
-    if (query == nullptr || !verification.Parse(query())) {
+    const QueryFunction query = reinterpret_cast<QueryFunction>(dlsym(pLibrary, "qt_plugin_query_verification_data"));
+    const InstanceFunction instance = reinterpret_cast<InstanceFunction>(dlsym(pLibrary, "qt_plugin_instance"));
+    Verification said;
+    if (query == nullptr || !said.Parse(query()) || !(said == verification)) {
         problem.strReasonId = QLatin1String("IDS_HOST_PLUGIN_NO_VERIFICATION");
-        library.unload();
-        return false;
+        return nullptr;
     }
-    return true;
+    QObject* pRoot = instance != nullptr ? instance() : nullptr;
+    if (qobject_cast<IBasePlugin*>(pRoot) == nullptr && qobject_cast<IUIPlugin*>(pRoot) == nullptr) {
+        problem.strReasonId = QLatin1String("IDS_HOST_PLUGIN_INTERFACE");
+        delete pRoot;
+        return nullptr;
+    }
+    return pRoot;
 }
 
 } // namespace
@@ -92,13 +103,20 @@ QStringList PluginLoader::Files() const
 
 void PluginLoader::LoadAll(PluginContainer& container, ProblemList& problems) const
 {
+    const QString strWeak = QFileInfo(m_strFolder).exists() ? TrustedPath::WeakFolder(m_strFolder) : QString();
+    if (!strWeak.isEmpty()) {
+        problems.append(Problem(strWeak, "IDS_HOST_PLUGIN_FOLDER"));
+        return;
+    }
     foreach (const QString& strFile, Files()) {
         Problem problem;
         PluginHandle* pHandle = Load(strFile, problem);
         if (pHandle == nullptr) {
             problems.append(problem);
         } else if (!container.Add(pHandle)) {
+            void* pLibrary = pHandle->Library();
             delete pHandle;
+            dlclose(pLibrary);
             problem.strReasonId = QLatin1String("IDS_HOST_PLUGIN_TWICE");
             problems.append(problem);
         }
@@ -109,31 +127,32 @@ PluginHandle* PluginLoader::Load(const QString& strFile, Problem& problem)
 {
     problem = Problem();
     problem.strName = nameOfFile(strFile);
-    if (!checkOwner(strFile, problem)) {
+    if (!TrustedPath::WeakFolder(QFileInfo(strFile).path()).isEmpty()) {
+        problem.strReasonId = QLatin1String("IDS_HOST_PLUGIN_FOLDER");
         return nullptr;
     }
-    if (!SharedObject::IsWhole(strFile)) {
-        problem.strReasonId = QLatin1String("IDS_HOST_PLUGIN_NO_LIBRARY");
+    QFile file;
+    if (!openTrusted(strFile, file, problem)) {
         return nullptr;
     }
     Verification verification;
-    if (verification.ReadFromFile(strFile) && !checkVerification(verification, problem)) {
-        return nullptr;
+    if (!SharedObject::IsWhole(file)) {
+        problem.strReasonId = QLatin1String("IDS_HOST_PLUGIN_NO_LIBRARY");
+    } else if (!verification.ReadFromFile(file)) {
+        problem.strReasonId = QLatin1String("IDS_HOST_PLUGIN_NO_VERIFICATION");
+    } else if (checkVerification(verification, problem)) {
+        // A missing symbol is to be seen now, not in the middle of a click.
+        void* pLibrary = dlopen(QFile::encodeName(strFile).constData(), RTLD_NOW | RTLD_LOCAL);
+        if (pLibrary == nullptr) {
+            problem.strReasonId = QLatin1String("IDS_HOST_PLUGIN_LOAD");
+            problem.strDetail = QString::fromLocal8Bit(dlerror());
+            return nullptr;
+        }
+        QObject* pRoot = rootOf(pLibrary, verification, problem);
+        if (pRoot != nullptr) {
+            return new PluginHandle(pRoot, pLibrary);
+        }
+        dlclose(pLibrary);
     }
-    if (!queryVerification(strFile, verification, problem) || !checkVerification(verification, problem)) {
-        return nullptr;
-    }
-    QPluginLoader loader(strFile);
-    QObject* pRoot = loader.instance();
-    if (pRoot == nullptr) {
-        problem.strReasonId = QLatin1String("IDS_HOST_PLUGIN_LOAD");
-        problem.strDetail = loader.errorString();
-        return nullptr;
-    }
-    if (qobject_cast<IBasePlugin*>(pRoot) == nullptr && qobject_cast<IUIPlugin*>(pRoot) == nullptr) {
-        problem.strReasonId = QLatin1String("IDS_HOST_PLUGIN_INTERFACE");
-        delete pRoot;
-        return nullptr;
-    }
-    return new PluginHandle(pRoot);
+    return nullptr;
 }

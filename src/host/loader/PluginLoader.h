@@ -9,9 +9,12 @@
 class PluginContainer;
 class PluginHandle;
 
-// Loads the plug-ins of one folder. A file that does not pass is a Problem with its name and reason, and the next
-// one is tried. Order of the tests of a file: who may write it; its verification text, before any of its code runs;
-// the loading itself; the interfaces of its root object. User-interface thread only.
+// Loads the plug-ins of one folder. A file that does not pass is a Problem with its name and reason, nothing of it
+// stays loaded, and the next one is tried. Order of the tests: who may change the folder and those above it, the file
+// itself, which must be no link, and whether it is whole; its verification text, read from the file; then its code
+// runs, and must give the same text and an object with the interfaces. The file is opened once for what is read of it,
+// and once more by the dynamic linker: in between, only those may change it who may change everything else of this
+// user. User-interface thread only.
 class PluginLoader
 {
 public:

@@ -23,13 +23,12 @@ bool readAt(QFile& file, quint64 ulOffset, Structure& structure)
 
 } // namespace
 
-bool SharedObject::IsWhole(const QString& strFile)
+bool SharedObject::IsWhole(QFile& file)
 {
-    QFile file(strFile);
     ElfW(Ehdr) header = {};
-    if (!file.open(QIODevice::ReadOnly) || !readAt(file, 0, header) ||
-        std::memcmp(header.e_ident, ELFMAG, SELFMAG) != 0 || header.e_ident[EI_CLASS] != NATIVE_CLASS ||
-        header.e_type != ET_DYN || header.e_phentsize != sizeof(ElfW(Phdr)) || header.e_phnum == 0) {
+    if (!readAt(file, 0, header) || std::memcmp(header.e_ident, ELFMAG, SELFMAG) != 0 ||
+        header.e_ident[EI_CLASS] != NATIVE_CLASS || header.e_type != ET_DYN ||
+        header.e_phentsize != sizeof(ElfW(Phdr)) || header.e_phnum == 0) {
         return false;
     }
     const quint64 ulSize = quint64(file.size());

@@ -1,14 +1,14 @@
 #ifndef LINKHAND_HOST_SHAREDOBJECT_H
 #define LINKHAND_HOST_SHAREDOBJECT_H
 
-#include <QString>
+#include <QFile>
 
 namespace SharedObject
 {
 
-// True if the file is a shared object of this machine's word size that holds all it claims to: the dynamic linker
+// True if the open file is a shared object of this machine's word size that holds all it claims to: the dynamic linker
 // maps a truncated one without a look, and the first touch behind its end kills the process.
-bool IsWhole(const QString& strFile);
+bool IsWhole(QFile& file);
 
 } // namespace SharedObject
 

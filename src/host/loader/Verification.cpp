@@ -32,14 +32,10 @@ bool Verification::Parse(const QByteArray& text)
     return !version.isEmpty() && !buildKey.isEmpty();
 }
 
-bool Verification::ReadFromFile(const QString& strFile)
+bool Verification::ReadFromFile(QFile& file)
 {
-    QFile file(strFile);
-    if (!file.open(QIODevice::ReadOnly)) {
-        return false;
-    }
     const qint64 iSize = file.size();
-    const uchar* pBytes = file.map(0, iSize);
+    uchar* pBytes = file.map(0, iSize);
     if (pBytes == nullptr) {
         return false;
     }
@@ -49,9 +45,11 @@ bool Verification::ReadFromFile(const QString& strFile)
         // The pattern may also stand alone, in a program that looks for it.
         const QByteArray rest = bytes.mid(i, LONGEST_TEXT);
         if (Parse(rest.left(rest.indexOf('\0')))) {
+            file.unmap(pBytes);
             return true;
         }
     }
+    file.unmap(pBytes);
     return false;
 }
 

@@ -10,6 +10,7 @@ bool Problem::IsGrave() const
            strReasonId == QLatin1String("IDS_HOST_PROBLEM_STORE_NEWER") ||
            strReasonId == QLatin1String("IDS_HOST_PROBLEM_DAMAGED") ||
            strReasonId == QLatin1String("IDS_HOST_PROBLEM_LOSS") ||
+           strReasonId == QLatin1String("IDS_HOST_PROBLEM_MESSAGES") ||
            strReasonId == QLatin1String("IDS_HOST_PROBLEM_OUTBOX");
 }
 

@@ -44,7 +44,7 @@ QString titleOf(const QString& strPage)
 
 } // namespace
 
-MainWindow::MainWindow(PluginContainer& container, Outbox& outbox, DeviceWatcher& watcher)
+MainWindow::MainWindow(PluginContainer& container, MessageStore& outbox, DeviceWatcher& watcher)
     : m_container(container),
       m_watcher(watcher),
       m_pNavBar(new NavBar(this)),

@@ -13,7 +13,7 @@ class DeviceWatcher;
 class IPluginContainer;
 class MessagesPage;
 class NavBar;
-class Outbox;
+class MessageStore;
 class PluginContainer;
 class PluginPage;
 class QStackedWidget;
@@ -27,7 +27,7 @@ class MainWindow : public QMainWindow
 
 public:
     // All three outlive the window.
-    MainWindow(PluginContainer& container, Outbox& outbox, DeviceWatcher& watcher);
+    MainWindow(PluginContainer& container, MessageStore& outbox, DeviceWatcher& watcher);
 
     // Makes a page for the phonebook, one for each further plug-in with a window, and the messages page. Called once,
     // after the plug-ins have been loaded, whether they started or not.

@@ -14,7 +14,7 @@
 #include "linkhand/plugin/Codes.h"
 #include "linkhand/plugin/IMMSUIPlugin.h"
 #include "linkhand/plugin/ISMSUIService.h"
-#include "messages/Outbox.h"
+#include "messages/MessageStore.h"
 #include "shared/HostLink.h"
 #include "shared/NumberDelegate.h"
 #include "text/HostText.h"
@@ -24,6 +24,7 @@ namespace
 
 enum Column { COLUMN_KIND, COLUMN_TO, COLUMN_TEXT, COLUMN_TIME, COLUMN_COUNT };
 const int ROLE_ID = Qt::UserRole;
+const int REFRESH_MS = 1000;
 
 QString kindText(const OutgoingMessage& message)
 {
@@ -46,7 +47,7 @@ QString escaped(QString strText)
 
 } // namespace
 
-MessagesPage::MessagesPage(Outbox& outbox, IPluginContainer& container, QWidget* pParent)
+MessagesPage::MessagesPage(MessageStore& outbox, IPluginContainer& container, QWidget* pParent)
     : QWidget(pParent),
       m_outbox(outbox),
       m_container(container),
@@ -90,6 +91,8 @@ MessagesPage::MessagesPage(Outbox& outbox, IPluginContainer& container, QWidget*
     pLayout->addWidget(pSplitter, 1);
 
     connect(&m_outbox, SIGNAL(changed()), this, SLOT(OnOutboxChanged()));
+    // Another program may write to the same store; looking costs microseconds.
+    connect(&m_refresh, SIGNAL(timeout()), &m_outbox, SLOT(Refresh()));
     connect(m_pList, SIGNAL(itemSelectionChanged()), this, SLOT(OnSelectionChanged()));
     connect(m_pNewSms, SIGNAL(clicked()), this, SLOT(OnNewSms()));
     connect(m_pNewMms, SIGNAL(clicked()), this, SLOT(OnNewMms()));
@@ -118,8 +121,21 @@ void MessagesPage::Retranslate()
 
 void MessagesPage::Enter()
 {
+    m_outbox.Refresh();
     m_pNewSms->setEnabled(m_container.GetPlugin(QLatin1String(LINKHAND_SMS_ID), LINKHAND_SMS_KIND) != nullptr);
     m_pNewMms->setEnabled(m_container.GetPlugin(QLatin1String(LINKHAND_MMS_ID), LINKHAND_MMS_KIND) != nullptr);
+}
+
+void MessagesPage::showEvent(QShowEvent* pEvent)
+{
+    QWidget::showEvent(pEvent);
+    m_refresh.start(REFRESH_MS);
+}
+
+void MessagesPage::hideEvent(QHideEvent* pEvent)
+{
+    QWidget::hideEvent(pEvent);
+    m_refresh.stop();
 }
 
 void MessagesPage::OnOutboxChanged()
@@ -127,7 +143,7 @@ void MessagesPage::OnOutboxChanged()
     const int iCurrent = currentId();
     m_pList->clear();
     QTreeWidgetItem* pCurrent = nullptr;
-    foreach (const OutboxEntry& entry, m_outbox.Entries()) {
+    foreach (const StoredMessage& entry, m_outbox.Messages()) {
         QTreeWidgetItem* pItem = new QTreeWidgetItem;
         pItem->setText(COLUMN_KIND, kindText(entry.message));
         pItem->setText(COLUMN_TO, entry.message.lstNumbers.join(QLatin1String("; ")));
@@ -148,7 +164,7 @@ void MessagesPage::OnSelectionChanged()
     const int iId = currentId();
     m_pDelete->setEnabled(iId != 0);
     m_pPreview->clear();
-    foreach (const OutboxEntry& entry, m_outbox.Entries()) {
+    foreach (const StoredMessage& entry, m_outbox.Messages()) {
         if (entry.iId == iId) {
             const QString strSubject =
                 entry.message.strSubject.isEmpty()
@@ -186,11 +202,23 @@ void MessagesPage::OnDelete()
                                                  HostText::Get("IDS_HOST_DELETE_QUESTION"), QLatin1String("IDS_OK"),
                                                  QLatin1String("IDS_CANCEL"), QString(), false,
                                                  Qt::WindowCloseButtonHint, nullptr, QString(), true);
-    if (iAnswer == QMessageBox::Ok && !m_outbox.Remove(currentId())) {
+    const int iId = currentId();
+    // Another program may have been quicker.
+    if (iAnswer == QMessageBox::Ok && !m_outbox.Remove(iId) && isThere(iId)) {
         CommonUtils::ShowMessage(QMessageBox::Critical, window(), HostText::Get("IDS_HOST_OUTBOX"),
                                  HostText::Get("IDS_HOST_OUTBOX_FAILED"), QLatin1String("IDS_OK"), QString(), QString(),
                                  true, Qt::WindowCloseButtonHint, nullptr, QString(), true);
     }
+}
+
+bool MessagesPage::isThere(int iId) const
+{
+    foreach (const StoredMessage& stored, m_outbox.Messages()) {
+        if (stored.iId == iId) {
+            return true;
+        }
+    }
+    return false;
 }
 
 int MessagesPage::currentId() const

@@ -1,11 +1,12 @@
 #ifndef LINKHAND_HOST_MESSAGESPAGE_H
 #define LINKHAND_HOST_MESSAGESPAGE_H
 
+#include <QTimer>
 #include <QWidget>
 
 #include "linkhand/plugin/IPluginContainer.h"
 
-class Outbox;
+class MessageStore;
 class QLabel;
 class QPushButton;
 class QTextBrowser;
@@ -17,12 +18,16 @@ class MessagesPage : public QWidget
     Q_OBJECT
 
 public:
-    MessagesPage(Outbox& outbox, IPluginContainer& container, QWidget* pParent);
+    MessagesPage(MessageStore& outbox, IPluginContainer& container, QWidget* pParent);
 
     void Retranslate();
 
     // Reads anew which messaging plug-ins are there; called as the page is entered.
     void Enter();
+
+protected:
+    void showEvent(QShowEvent* pEvent) override;
+    void hideEvent(QHideEvent* pEvent) override;
 
 private slots:
     void OnOutboxChanged();
@@ -33,8 +38,9 @@ private slots:
 
 private:
     int currentId() const;
+    bool isThere(int iId) const;
 
-    Outbox& m_outbox;
+    MessageStore& m_outbox;
     IPluginContainer& m_container;
     QLabel* m_pTitle;
     QLabel* m_pHint;
@@ -43,6 +49,7 @@ private:
     QPushButton* m_pDelete;
     QTreeWidget* m_pList;
     QTextBrowser* m_pPreview;
+    QTimer m_refresh;
 };
 
 #endif // LINKHAND_HOST_MESSAGESPAGE_H

@@ -18,6 +18,12 @@ const int TIME_LENGTH = 10; // with the blanks behind it
 const int KEPT_NOTICES = 100;
 const int SHOWN_NOTICES = 20;
 
+// As a button or an entry of a menu shows it: a name may hold an ampersand, a notice holds no mnemonic.
+QString shown(const QString& strNotice)
+{
+    return QString(strNotice).replace(QLatin1Char('&'), QLatin1String("&&"));
+}
+
 QLabel* newChip(const char* pszName, QWidget* pParent)
 {
     QLabel* pLabel = new QLabel(pParent);
@@ -65,7 +71,7 @@ void StatusArea::ShowNotice(const QString& strText)
     if (m_lstNotices.size() > KEPT_NOTICES) {
         m_lstNotices.removeLast();
     }
-    m_pNotice->setText(strText);
+    m_pNotice->setText(shown(strText));
     m_pNotice->setEnabled(true);
 }
 
@@ -113,9 +119,8 @@ void StatusArea::OnHistory()
     QMenu menu(this);
     menu.setObjectName(QLatin1String("linkhand_StatusArea_history"));
     foreach (const QString& strNotice, m_lstNotices.mid(0, SHOWN_NOTICES)) {
-        // A number may hold no mnemonic, but a name may hold an ampersand.
         // Behind its time it has a direction of its own: a number keeps its plus in front from right to left, too.
-        QString strEntry = QString(strNotice).replace(QLatin1Char('&'), QLatin1String("&&"));
+        QString strEntry = shown(strNotice);
         menu.addAction(strEntry.insert(TIME_LENGTH, FIRST_STRONG_ISOLATE));
     }
     menu.exec(m_pNotice->mapToGlobal(QPoint(0, -menu.sizeHint().height())));

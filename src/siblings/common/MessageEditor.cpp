@@ -136,7 +136,8 @@ void MessageEditor::OnSaveNumber()
     QMenu menu(this);
     name(&menu, "menuSaveNumber");
     foreach (const QString& strNumber, lstNumbers) {
-        menu.addAction(strNumber)->setData(strNumber);
+        // What was typed is no mnemonic.
+        menu.addAction(QString(strNumber).replace(QLatin1Char('&'), QLatin1String("&&")))->setData(strNumber);
     }
     const QAction* pChosen = menu.exec(m_pSave->mapToGlobal(QPoint(0, m_pSave->height())));
     if (pChosen != nullptr) {

@@ -1,5 +1,7 @@
 #include "common/SmsLength.h"
 
+#include <QList>
+
 namespace
 {
 
@@ -23,28 +25,49 @@ const int PART_SEPTETS = 153;
 const int SINGLE_UNITS = 70;
 const int PART_UNITS = 67;
 
+// The units of each character: septets, or UTF-16 units where the default alphabet lacks one of them.
+QList<int> widths(const QString& strText, bool& bUnicode)
+{
+    QList<int> listWidths;
+    bUnicode = false;
+    foreach (const QChar c, strText) {
+        const bool bExtension = extensions().contains(c);
+        bUnicode = bUnicode || !(bExtension || defaultAlphabet().contains(c));
+        listWidths.append(bExtension ? 2 : 1);
+    }
+    if (bUnicode) {
+        listWidths.clear();
+        for (int i = 0; i < strText.length(); ++i) {
+            const bool bPair =
+                strText.at(i).isHighSurrogate() && i + 1 < strText.length() && strText.at(i + 1).isLowSurrogate();
+            listWidths.append(bPair ? 2 : 1);
+            i += bPair ? 1 : 0;
+        }
+    }
+    return listWidths;
+}
+
 } // namespace
 
 SmsLength SmsLength::Of(const QString& strText)
 {
     SmsLength length = {0, 1, false};
-    foreach (const QChar c, strText) {
-        if (defaultAlphabet().contains(c)) {
-            ++length.iUnits;
-        } else if (extensions().contains(c)) {
-            length.iUnits += 2;
-        } else {
-            length.bUnicode = true;
-            break;
-        }
-    }
-    if (length.bUnicode) {
-        length.iUnits = strText.length();
-    }
+    const QList<int> listWidths = widths(strText, length.bUnicode);
     const int iSingle = length.bUnicode ? SINGLE_UNITS : SINGLE_SEPTETS;
     const int iPart = length.bUnicode ? PART_UNITS : PART_SEPTETS;
+    int iParts = 1;
+    int iUsed = 0; // of the last part
+    foreach (const int iWidth, listWidths) {
+        length.iUnits += iWidth;
+        // An escape and its character, and the two halves of a pair, go into the same part.
+        if (iUsed + iWidth > iPart) {
+            ++iParts;
+            iUsed = 0;
+        }
+        iUsed += iWidth;
+    }
     if (length.iUnits > iSingle) {
-        length.iMessages = (length.iUnits + iPart - 1) / iPart;
+        length.iMessages = iParts;
     }
     return length;
 }

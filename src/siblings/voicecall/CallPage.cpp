@@ -39,8 +39,8 @@ CallPage::CallPage(const QString& strPlugin)
       m_pCall(new QPushButton(this)),
       m_pVideoCall(new QPushButton(this)),
       m_pBox(new CallBox(strPlugin, this)),
-      m_pCalls(new QTreeWidget(this)),
-      m_bInCall(false)
+      m_bInCall(false),
+      m_pCalls(new QTreeWidget(this))
 {
     setObjectName(m_strPlugin + QLatin1String("_MainWidget"));
     m_pTitle->setObjectName(QLatin1String("linkhand_Calls_title"));
@@ -83,9 +83,9 @@ void CallPage::Start(const QString& strNumber, int iType)
     showTime(pItem);
     m_pCalls->insertTopLevelItem(0, pItem); // the latest first
     // A video call has its own window, but one call at a time counts for both.
+    m_bInCall = true;
     m_pBox->Start(strNumber);
     m_pBox->setVisible(iType == HOST_CALL_VOICE);
-    m_bInCall = true;
     OnEdited();
 }
 
@@ -94,9 +94,9 @@ void CallPage::Stop()
     if (m_pCalls->topLevelItem(0) != nullptr) {
         m_pCalls->topLevelItem(0)->setText(COLUMN_DURATION, CallBox::DurationText(m_pBox->Seconds()));
     }
+    m_bInCall = false;
     m_pBox->Stop();
     m_pBox->hide();
-    m_bInCall = false;
     OnEdited();
 }
 

@@ -40,8 +40,8 @@ private:
     QPushButton* m_pCall;
     QPushButton* m_pVideoCall;
     CallBox* m_pBox;
+    bool m_bInCall; // of either type
     QTreeWidget* m_pCalls;
-    bool m_bInCall; // of either kind: there is one at a time
 };
 
 #endif // LINKHAND_SIBLINGS_CALLPAGE_H

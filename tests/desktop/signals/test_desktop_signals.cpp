@@ -29,15 +29,22 @@ private slots:
     void theProgramEnds_data();
     void theProgramEnds();
     void aSecondSignalDoesNotCutTheFirstShort();
+    void theProgramEndsAtALogOut_data();
+    void theProgramEndsAtALogOut();
 
 private:
     // Runs the scene in a process of its own; how it went wrong, empty if it did not.
-    static QString end(const QString& strScene, int iSignal, int iTimes);
+    static QString end(const QString& strScene, int iSignal, int iTimes, QProcess* pSession = nullptr);
 };
 
-QString TestDesktopSignals::end(const QString& strScene, int iSignal, int iTimes)
+QString TestDesktopSignals::end(const QString& strScene, int iSignal, int iTimes, QProcess* pSession)
 {
     QProcess process;
+    if (pSession != nullptr) {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert("SESSION_MANAGER", pSession->readLine().trimmed());
+        process.setProcessEnvironment(environment);
+    }
     process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     process.start(QCoreApplication::applicationFilePath(),
                   {"--scene", strScene, QString::number(iSignal), QString::number(iTimes)});
@@ -48,6 +55,10 @@ QString TestDesktopSignals::end(const QString& strScene, int iSignal, int iTimes
     }
     QElapsedTimer timer;
     timer.start();
+    if (pSession != nullptr) {
+        pSession->write("\n");
+        pSession->waitForBytesWritten();
+    }
     const bool bEnded = process.waitForFinished(10000 * SLOWDOWN) || process.state() == QProcess::NotRunning;
     const qint64 iTime = timer.elapsed();
     if (!bEnded) {
@@ -92,6 +103,32 @@ void TestDesktopSignals::aSecondSignalDoesNotCutTheFirstShort()
         const QString strWrong = end("group-editor-empty", iSignal, 1000);
         QVERIFY2(strWrong.isEmpty(), qPrintable(strWrong));
     }
+}
+
+void TestDesktopSignals::theProgramEndsAtALogOut_data()
+{
+    QTest::addColumn<QString>("scene");
+    foreach (const char* pszScene, (QList<const char*>() << "phonebook"
+                                                         << "group-editor-empty"
+                                                         << "edit-contact"
+                                                         << "delete-contacts")) {
+        QTest::newRow(pszScene) << QString(pszScene);
+    }
+}
+
+void TestDesktopSignals::theProgramEndsAtALogOut()
+{
+    QFETCH(QString, scene);
+    QProcess session;
+    session.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    session.start(QCoreApplication::applicationDirPath() + "/session_manager", QStringList());
+    QVERIFY(session.waitForReadyRead());
+    const QString strWrong = end(scene, 0, 0, &session);
+    QVERIFY2(strWrong.isEmpty(), qPrintable(strWrong));
+    // It knows of the end, and nothing called the log-out off.
+    QVERIFY(session.waitForFinished());
+    QCOMPARE(session.exitCode(), 0);
+    QVERIFY(!session.readAll().contains("cancelled"));
 }
 
 int main(int argc, char** argv)

@@ -51,8 +51,11 @@ private:
 
     static bool buttonEnabled(int id)
     {
+        // No tool bar is not the same as a button that is off.
         QList<QButtonGroup*> groups = window()->findChildren<QButtonGroup*>();
-        return !groups.isEmpty() && groups.first()->button(id)->isEnabled();
+        if (groups.isEmpty() || groups.first()->button(id) == nullptr)
+            qFatal("the window has no tool button %d", id);
+        return groups.first()->button(id)->isEnabled();
     }
 
 private slots:

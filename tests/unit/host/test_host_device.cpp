@@ -6,7 +6,7 @@
 #include "device/DeviceWatcher.h"
 #include "device/SimulatedHardware.h"
 #include "device/SimulatedModem.h"
-#include "messages/Outbox.h"
+#include "messages/MessageStore.h"
 #include "orva/orva_sim.h"
 #include "shared/HostLink.h"
 
@@ -180,7 +180,7 @@ void TestHostDevice::theSystemModeIsAnnounced()
 void TestHostDevice::aCallNeedsANetwork()
 {
     const QTemporaryDir folder;
-    Outbox outbox(folder.filePath("outbox.xml"));
+    MessageStore outbox(folder.path());
     SimulatedModem modem(outbox);
     SimulatedHardware::SetRadio(false);
     QVERIFY(!modem.Dial("123", HOST_CALL_VOICE));
@@ -197,7 +197,7 @@ void TestHostDevice::aCallNeedsANetwork()
 void TestHostDevice::oneCallAtATime()
 {
     const QTemporaryDir folder;
-    Outbox outbox(folder.filePath("outbox.xml"));
+    MessageStore outbox(folder.path());
     SimulatedModem modem(outbox);
     QSignalSpy started(&modem, SIGNAL(callStarted(QString, int)));
     QSignalSpy ended(&modem, SIGNAL(callEnded(QString, int)));
@@ -229,7 +229,7 @@ void TestHostDevice::numbersThatCanBeDialled()
 {
     QFETCH(QString, dialled);
     const QTemporaryDir folder;
-    Outbox outbox(folder.filePath("outbox.xml"));
+    MessageStore outbox(folder.path());
     SimulatedModem modem(outbox);
     QSignalSpy started(&modem, SIGNAL(callStarted(QString, int)));
     QCOMPARE(modem.Dial(QTest::currentDataTag(), HOST_CALL_VOICE), !dialled.isEmpty());
@@ -239,7 +239,7 @@ void TestHostDevice::numbersThatCanBeDialled()
 void TestHostDevice::hangingUpWithoutACallDoesNothing()
 {
     const QTemporaryDir folder;
-    Outbox outbox(folder.filePath("outbox.xml"));
+    MessageStore outbox(folder.path());
     SimulatedModem modem(outbox);
     const QSignalSpy ended(&modem, SIGNAL(callEnded(QString, int)));
     modem.HangUp();
@@ -249,24 +249,24 @@ void TestHostDevice::hangingUpWithoutACallDoesNothing()
 void TestHostDevice::aMessageGoesToTheOutbox()
 {
     const QTemporaryDir folder;
-    Outbox outbox(folder.filePath("outbox.xml"));
+    MessageStore outbox(folder.path());
     SimulatedModem modem(outbox);
     OutgoingMessage message;
     message.lstNumbers << "1"
                        << "2";
     message.strText = "Hello";
     QVERIFY(modem.Send(message));
-    QCOMPARE(outbox.Entries().size(), 1);
-    QCOMPARE(outbox.Entries().first().message.lstNumbers.size(), 2);
+    QCOMPARE(outbox.Messages().size(), 1);
+    QCOMPARE(outbox.Messages().first().message.lstNumbers.size(), 2);
 }
 
 void TestHostDevice::aMessageToNobodyIsRefused()
 {
     const QTemporaryDir folder;
-    Outbox outbox(folder.filePath("outbox.xml"));
+    MessageStore outbox(folder.path());
     SimulatedModem modem(outbox);
     QVERIFY(!modem.Send(OutgoingMessage()));
-    QVERIFY(outbox.Entries().isEmpty());
+    QVERIFY(outbox.Messages().isEmpty());
 }
 
 QTEST_MAIN(TestHostDevice)

@@ -8,6 +8,7 @@
 #include "loader/PluginContainer.h"
 #include "loader/PluginHandle.h"
 #include "loader/PluginLoader.h"
+#include "loader/TrustedPath.h"
 #include "loader/Verification.h"
 
 class TestHostLoader : public QObject
@@ -17,7 +18,6 @@ class TestHostLoader : public QObject
 private slots:
     void init();
     void aGoodPluginIsLoaded();
-    void aTextMadeAtRunTimeIsReadFromTheFunction();
     void brokenPluginsAreRefusedWithTheirReason_data();
     void brokenPluginsAreRefusedWithTheirReason();
     void aFileThatIsNoLibraryIsRefused();
@@ -25,8 +25,13 @@ private slots:
     void aFileThatOthersMayWriteIsRefused_data();
     void aFileThatOthersMayWriteIsRefused();
     void aFileOfAnotherUserIsRefused();
-    void aDanglingLinkIsRefused();
-    void noCodeOfAPluginForAnotherQtRuns();
+    void aLinkIsRefused();
+    void aFolderThatOthersMayChangeHoldsNoPlugins_data();
+    void aFolderThatOthersMayChangeHoldsNoPlugins();
+    void aFolderOfAnotherUserHoldsNoPlugins();
+    void aRingOfLinksIsWeak();
+    void noCodeOfARefusedPluginStays_data();
+    void noCodeOfARefusedPluginStays();
     void oneFailureDoesNotStopTheOthers();
     void aSecondPluginWithTheSameIdentifierIsRefused();
     void onlyTheOwnFolderIsRead();
@@ -55,16 +60,6 @@ void TestHostLoader::aGoodPluginIsLoaded()
     QVERIFY(pHandle->HasWindow());
     QCOMPARE(pHandle->GetState(), PluginHandle::LOADED);
     QVERIFY2(StandInFolder::TakeCalls().isEmpty(), "loading calls nothing");
-}
-
-void TestHostLoader::aTextMadeAtRunTimeIsReadFromTheFunction()
-{
-    const QString strFile = m_pFolder->Add("RunTimeText");
-    Verification verification;
-    QVERIFY(!verification.ReadFromFile(strFile));
-    Problem problem;
-    QScopedPointer<PluginHandle> pHandle(PluginLoader::Load(strFile, problem));
-    QVERIFY2(pHandle, qPrintable(problem.strReasonId));
 }
 
 void TestHostLoader::brokenPluginsAreRefusedWithTheirReason_data()
@@ -145,22 +140,112 @@ void TestHostLoader::aFileOfAnotherUserIsRefused()
     QCOMPARE(problem.strReasonId, QStringLiteral("IDS_HOST_PLUGIN_OWNER"));
 }
 
-void TestHostLoader::aDanglingLinkIsRefused()
+void TestHostLoader::aLinkIsRefused()
 {
     QVERIFY(QFile::link("/nowhere/at/all.so", m_pFolder->Path() + "/libDangling.so"));
+    StandInFolder other;
+    QVERIFY(QFile::link(other.Add("StandInPlugin"), m_pFolder->Path() + "/libLinked.so"));
     PluginContainer container;
     ProblemList problems;
     PluginLoader(m_pFolder->Path()).LoadAll(container, problems);
     QVERIFY(container.Handles().isEmpty());
-    QCOMPARE(problems.size(), 1);
-    QCOMPARE(problems.first().strReasonId, QStringLiteral("IDS_HOST_PLUGIN_UNREADABLE"));
+    QCOMPARE(problems.size(), 2);
+    QCOMPARE(problems.at(0).strReasonId, QStringLiteral("IDS_HOST_PLUGIN_LINK"));
+    QCOMPARE(problems.at(1).strReasonId, QStringLiteral("IDS_HOST_PLUGIN_LINK"));
 }
 
-void TestHostLoader::noCodeOfAPluginForAnotherQtRuns()
+void TestHostLoader::aFolderThatOthersMayChangeHoldsNoPlugins_data()
 {
+    QTest::addColumn<QString>("folder");
+    QTest::addColumn<int>("mode");
+    QTest::addColumn<bool>("trusted");
+    QTest::newRow("owner alone") << "" << 0755 << true;
+    QTest::newRow("others") << "" << 0757 << false;
+    QTest::newRow("everybody") << "" << 0777 << false;
+    QTest::newRow("everybody, each his own files") << "" << 01777 << false;
+    QTest::newRow("above it, others") << "/above" << 0757 << false;
+    QTest::newRow("above it, each his own files") << "/above" << 01777 << true;
+}
+
+void TestHostLoader::aFolderThatOthersMayChangeHoldsNoPlugins()
+{
+    QFETCH(QString, folder);
+    QFETCH(int, mode);
+    QFETCH(bool, trusted);
+    const QTemporaryDir top;
+    const QString strAbove = top.filePath("above");
+    const QString strPlugins = strAbove + "/plugins";
+    QVERIFY(QDir().mkpath(strPlugins));
+    QVERIFY(QFile::copy(m_pFolder->Add("StandInPlugin"), strPlugins + "/libStandInPlugin.so"));
+    const QByteArray changed = QFile::encodeName(folder.isEmpty() ? strPlugins : strAbove);
+    QCOMPARE(chmod(changed.constData(), mode_t(mode)), 0);
+    PluginContainer container;
+    ProblemList problems;
+    // Also by a link that nobody else may change.
+    const QString strLink = top.filePath("link");
+    QVERIFY(QFile::link(strPlugins, strLink));
+    PluginLoader(strLink).LoadAll(container, problems);
+    QCOMPARE(container.Handles().size(), trusted ? 1 : 0);
+    QCOMPARE(problems.size(), trusted ? 0 : 1);
+    if (!trusted) {
+        QCOMPARE(problems.first().strReasonId, QStringLiteral("IDS_HOST_PLUGIN_FOLDER"));
+        QCOMPARE(problems.first().strName, QFile::decodeName(changed));
+    }
+}
+
+void TestHostLoader::aFolderOfAnotherUserHoldsNoPlugins()
+{
+    if (geteuid() != 0) {
+        QSKIP("only root can give a folder away");
+    }
+    const uid_t uiNobody = 65534;
+    const QTemporaryDir top;
+    const QString strPlugins = top.filePath("plugins");
+    QVERIFY(QDir().mkpath(strPlugins));
+    const QByteArray plugins = QFile::encodeName(strPlugins);
+    const QByteArray link = QFile::encodeName(top.filePath("link"));
+    QVERIFY(QFile::link(strPlugins, top.filePath("link")));
+    QCOMPARE(TrustedPath::WeakFolder(top.filePath("link")), QString());
+    QCOMPARE(lchown(link.constData(), uiNobody, uiNobody), 0);
+    QCOMPARE(TrustedPath::WeakFolder(top.filePath("link")), top.filePath("link"));
+    QCOMPARE(TrustedPath::WeakFolder(strPlugins), QString());
+    QCOMPARE(chown(plugins.constData(), uiNobody, uiNobody), 0);
+    QCOMPARE(TrustedPath::WeakFolder(strPlugins), strPlugins);
+    // A group of others; a group of this user alone is the user.
+    QCOMPARE(chown(plugins.constData(), 0, uiNobody), 0);
+    QCOMPARE(chmod(plugins.constData(), 0775), 0);
+    QCOMPARE(TrustedPath::WeakFolder(strPlugins), strPlugins);
+}
+
+void TestHostLoader::aRingOfLinksIsWeak()
+{
+    const QTemporaryDir top;
+    QVERIFY(QFile::link(top.filePath("b"), top.filePath("a")));
+    QVERIFY(QFile::link(top.filePath("a"), top.filePath("b")));
+    QVERIFY(!TrustedPath::WeakFolder(top.filePath("a")).isEmpty());
+    QVERIFY(QDir(top.path()).mkdir("c"));
+    QCOMPARE(TrustedPath::WeakFolder(top.filePath("c/../c/.")), QString());
+}
+
+void TestHostLoader::noCodeOfARefusedPluginStays_data()
+{
+    QTest::addColumn<bool>("ran");
+    QTest::newRow("OtherQt") << false;
+    QTest::newRow("OtherKey") << false;
+    QTest::newRow("NoText") << false;
+    QTest::newRow("RunTimeText") << false; // the file must show it
+    QTest::newRow("OtherText") << true;
+    QTest::newRow("NoInterface") << false;
+}
+
+void TestHostLoader::noCodeOfARefusedPluginStays()
+{
+    QFETCH(bool, ran);
+    qApp->setProperty("standin.loaded", QVariant());
     Problem problem;
-    const QString strFile = m_pFolder->Add("OtherQt", "NeverMapped");
+    const QString strFile = m_pFolder->Add(QString::fromLatin1(QTest::currentDataTag()), "NeverMapped");
     QVERIFY(PluginLoader::Load(strFile, problem) == nullptr);
+    QCOMPARE(qApp->property("standin.loaded").toBool(), ran);
     QFile maps("/proc/self/maps");
     QVERIFY(maps.open(QIODevice::ReadOnly));
     QVERIFY(!maps.readAll().contains("libNeverMapped.so"));

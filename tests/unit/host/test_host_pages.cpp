@@ -13,7 +13,7 @@
 #include "loader/PluginContainer.h"
 #include "loader/PluginLifecycle.h"
 #include "loader/PluginLoader.h"
-#include "messages/Outbox.h"
+#include "messages/MessageStore.h"
 #include "orva/orva_sdk.h"
 #include "orva/orva_sim.h"
 #include "window/MainWindow.h"
@@ -49,7 +49,7 @@ private:
 
     QScopedPointer<StandInFolder> m_pFolder;
     QScopedPointer<Services> m_pServices;
-    QScopedPointer<Outbox> m_pOutbox;
+    QScopedPointer<MessageStore> m_pOutbox;
     QScopedPointer<DeviceWatcher> m_pWatcher;
     QScopedPointer<PluginContainer> m_pContainer;
     QScopedPointer<MainWindow> m_pWindow;
@@ -68,7 +68,7 @@ void TestHostPages::init()
                         m_pFolder->Path() + "/languages"));
     m_pServices.reset(new Services(m_pFolder->Path(), m_pFolder->Path() + "/s.ini"));
     m_pServices->Publish();
-    m_pOutbox.reset(new Outbox(m_pFolder->Path() + "/outbox.xml"));
+    m_pOutbox.reset(new MessageStore(m_pFolder->Path()));
     m_pWatcher.reset(new DeviceWatcher);
     m_pContainer.reset(new PluginContainer);
     m_pServices->SetContainer(m_pContainer.data());

@@ -19,7 +19,7 @@
 #include "loader/PluginHandle.h"
 #include "loader/PluginLifecycle.h"
 #include "loader/PluginLoader.h"
-#include "messages/Outbox.h"
+#include "messages/MessageStore.h"
 #include "orva/orva_sdk.h"
 #include "orva/orva_sim.h"
 #include "shared/HostLink.h"
@@ -49,6 +49,7 @@ private slots:
     void theStatusAreaShowsTheState();
     void problemsAreCountedAndNamed();
     void noticesAreKeptUpToALimit();
+    void aNoticeKeepsItsAmpersand();
     void choosingALanguageIsSignalled();
     void closingIsSignalled();
     void anEmptyPhonebookExplainsItself();
@@ -67,7 +68,7 @@ private:
 
     QScopedPointer<StandInFolder> m_pFolder;
     QScopedPointer<Services> m_pServices;
-    QScopedPointer<Outbox> m_pOutbox;
+    QScopedPointer<MessageStore> m_pOutbox;
     QScopedPointer<DeviceWatcher> m_pWatcher;
     QScopedPointer<PluginContainer> m_pContainer;
     QScopedPointer<MainWindow> m_pWindow;
@@ -88,7 +89,7 @@ void TestHostWindow::init()
                         m_pFolder->Path() + "/languages"));
     m_pServices.reset(new Services(m_pFolder->Path(), m_pFolder->Path() + "/s.ini"));
     m_pServices->Publish();
-    m_pOutbox.reset(new Outbox(m_pFolder->Path() + "/outbox.xml"));
+    m_pOutbox.reset(new MessageStore(m_pFolder->Path()));
     m_pWatcher.reset(new DeviceWatcher);
     m_pContainer.reset(new PluginContainer);
     m_pServices->SetContainer(m_pContainer.data());
@@ -236,9 +237,9 @@ void TestHostWindow::deletingAMessageAsksFirst()
     answers.Publish();
     QPushButton* pDelete = find<QPushButton>("linkhand_Messages_delete");
     QTest::mouseClick(pDelete, Qt::LeftButton);
-    QCOMPARE(m_pOutbox->Entries().size(), 1);
+    QCOMPARE(m_pOutbox->Messages().size(), 1);
     QTest::mouseClick(pDelete, Qt::LeftButton);
-    QCOMPARE(m_pOutbox->Entries().size(), 0);
+    QCOMPARE(m_pOutbox->Messages().size(), 0);
     QVERIFY(!pDelete->isEnabled());
     m_pServices->Publish();
 }
@@ -317,6 +318,14 @@ void TestHostWindow::noticesAreKeptUpToALimit()
     QVERIFY(status.Notices().first().endsWith("249"));
     QVERIFY(status.Notices().last().endsWith("150"));
     QCOMPARE(find<QToolButton>("linkhand_StatusArea_notice")->text(), QStringLiteral("249"));
+}
+
+void TestHostWindow::aNoticeKeepsItsAmpersand()
+{
+    m_pWindow->Status().ShowNotice("Marks & Sons, R&D");
+    // In the text of a button one ampersand is written as two.
+    QCOMPARE(find<QToolButton>("linkhand_StatusArea_notice")->text(), QStringLiteral("Marks && Sons, R&&D"));
+    QVERIFY(m_pWindow->Status().Notices().first().endsWith("Marks & Sons, R&D"));
 }
 
 void TestHostWindow::choosingALanguageIsSignalled()

@@ -15,6 +15,8 @@ private slots:
     void whatANumberIs();
     void lengthOfAText_data();
     void lengthOfAText();
+    void nothingIsCutAtASeam_data();
+    void nothingIsCutAtASeam();
     void durations();
 };
 
@@ -96,6 +98,30 @@ void TestSiblingParts::lengthOfAText()
     QTEST(length.iUnits, "units");
     QTEST(length.iMessages, "messages");
     QTEST(length.bUnicode, "unicode");
+}
+
+void TestSiblingParts::nothingIsCutAtASeam_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<int>("messages");
+    const QString strEuro = QString::fromUtf8("\u20ac");
+    const QString strFace = QString::fromUtf8("\U0001f600");
+    const QString strUnicode = QString::fromUtf8("\u4e2d"); // makes every unit one of UTF-16
+    QTest::newRow("escape on the seam") << QString(152, 'a') + strEuro + QString(152, 'a') << 3;
+    QTest::newRow("escape before the seam") << QString(151, 'a') + strEuro + QString(153, 'a') << 2;
+    QTest::newRow("escape behind the seam") << QString(153, 'a') + strEuro + QString(151, 'a') << 2;
+    QTest::newRow("escapes alone") << strEuro.repeated(153) << 3; // 76 of them a part
+    QTest::newRow("one short message") << QString(158, 'a') + strEuro << 1;
+    QTest::newRow("pair on the seam") << strUnicode.repeated(66) + strFace + strUnicode.repeated(66) << 3;
+    QTest::newRow("pair before the seam") << strUnicode.repeated(65) + strFace + strUnicode.repeated(67) << 2;
+    QTest::newRow("pairs alone") << strFace.repeated(67) << 3; // 33 of them a part
+    QTest::newRow("one short message of pairs") << strFace.repeated(35) << 1;
+}
+
+void TestSiblingParts::nothingIsCutAtASeam()
+{
+    QFETCH(QString, text);
+    QTEST(SmsLength::Of(text).iMessages, "messages");
 }
 
 void TestSiblingParts::durations()

@@ -24,7 +24,7 @@
 #include "loader/PluginHandle.h"
 #include "loader/PluginLifecycle.h"
 #include "loader/PluginLoader.h"
-#include "messages/Outbox.h"
+#include "messages/MessageStore.h"
 #include "orva/orva_sim.h"
 #include "window/MainWindow.h"
 #include "window/StatusArea.h"
@@ -107,7 +107,7 @@ private:
 
     QScopedPointer<StandInFolder> m_pFolder;
     QScopedPointer<Services> m_pServices;
-    QScopedPointer<Outbox> m_pOutbox;
+    QScopedPointer<MessageStore> m_pOutbox;
     QScopedPointer<SimulatedModem> m_pModem;
     QScopedPointer<DeviceWatcher> m_pWatcher;
     QScopedPointer<PluginContainer> m_pContainer;
@@ -126,7 +126,7 @@ void TestSiblings::init()
                         m_pFolder->Path() + "/languages"));
     m_pServices.reset(new Services(m_pFolder->Path(), m_pFolder->Path() + "/s.ini"));
     m_pServices->Publish();
-    m_pOutbox.reset(new Outbox(m_pFolder->Path() + "/outbox.xml"));
+    m_pOutbox.reset(new MessageStore(m_pFolder->Path()));
     m_pModem.reset(new SimulatedModem(*m_pOutbox));
     m_pWatcher.reset(new DeviceWatcher);
     m_pContainer.reset(new PluginContainer);
@@ -215,8 +215,8 @@ void TestSiblings::anSmsGoesFromTheEditorToTheOutbox()
     QPointer<QWidget> pEditor = editor("SMSUIPlugin");
     QVERIFY(pEditor && pEditor->isVisible());
     QTest::mouseClick(in<QPushButton>(pEditor, "SMSUIPlugin_buttonSend"), Qt::LeftButton);
-    QCOMPARE(m_pOutbox->Entries().size(), 1);
-    const OutgoingMessage message = m_pOutbox->Entries().first().message;
+    QCOMPARE(m_pOutbox->Messages().size(), 1);
+    const OutgoingMessage message = m_pOutbox->Messages().first().message;
     QCOMPARE(message.iKind, int(HOST_MESSAGE_SMS));
     QCOMPARE(message.lstNumbers, QStringList() << "123"
                                                << "456");
@@ -232,9 +232,9 @@ void TestSiblings::anMmsTakesASubject()
     QWidget* pEditor = editor("MMSUIPlugin");
     QTest::keyClicks(in<QLineEdit>(pEditor, "MMSUIPlugin_lineeditSubject"), "Holiday");
     QTest::mouseClick(in<QPushButton>(pEditor, "MMSUIPlugin_buttonSend"), Qt::LeftButton);
-    QCOMPARE(m_pOutbox->Entries().size(), 1);
-    QCOMPARE(m_pOutbox->Entries().first().message.iKind, int(HOST_MESSAGE_MMS));
-    QCOMPARE(m_pOutbox->Entries().first().message.strSubject, QStringLiteral("Holiday"));
+    QCOMPARE(m_pOutbox->Messages().size(), 1);
+    QCOMPARE(m_pOutbox->Messages().first().message.iKind, int(HOST_MESSAGE_MMS));
+    QCOMPARE(m_pOutbox->Messages().first().message.strSubject, QStringLiteral("Holiday"));
 }
 
 void TestSiblings::theEditorShowsRecipientsAndText()
@@ -336,8 +336,8 @@ void TestSiblings::anOutboxThatCannotBeWrittenKeepsTheEditorOpen()
     Services answers(m_pFolder->Path(), QString());
     answers.SetAnswers(QList<int>() << QMessageBox::Ok);
     service<ISMSUIService>(LINKHAND_SMS_ID, LINKHAND_SMS_KIND)->SendMessage("123", "Hello", nullptr);
-    // A folder in the way of the file that is written first.
-    QVERIFY(QDir(m_pFolder->Path()).mkdir("outbox.xml.new"));
+    // A folder in the way of the file.
+    QVERIFY(QDir(m_pFolder->Path()).mkdir("messages.db"));
     answers.SetContainer(m_pContainer.data());
     answers.Publish();
     QPointer<QWidget> pEditor = editor("SMSUIPlugin");
@@ -345,7 +345,7 @@ void TestSiblings::anOutboxThatCannotBeWrittenKeepsTheEditorOpen()
     m_pServices->Publish();
     QCoreApplication::processEvents();
     QVERIFY(pEditor && pEditor->isVisible());
-    QVERIFY(m_pOutbox->Entries().isEmpty());
+    QVERIFY(m_pOutbox->Messages().isEmpty());
 }
 
 void TestSiblings::openEditorsFollowTheLanguage()
@@ -395,19 +395,19 @@ void TestSiblings::aVoiceCallIsShownUntilHungUp()
 void TestSiblings::aVideoCallHasAWindow()
 {
     load(true);
-    m_pWindow->ShowPage(LINKHAND_VOICECALL_NAME);
-    QPushButton* pCall = in<QPushButton>(m_pWindow->Page(LINKHAND_VOICECALL_NAME), "VoiceCallPlugin_buttonCall");
-    QTest::keyClicks(in<QLineEdit>(m_pWindow->Page(LINKHAND_VOICECALL_NAME), "VoiceCallPlugin_lineeditNumber"), "99");
-    QVERIFY(pCall->isEnabled());
     QVERIFY(m_pLink->Dial("123", HOST_CALL_VIDEO));
     QWidget* pWindow = in<QWidget>(m_pWindow.data(), "VideoCallPlugin_window");
     QVERIFY(pWindow != nullptr && pWindow->isVisible());
-    QVERIFY(!pCall->isEnabled()); // one call at a time
     m_pWindow->ShowPage(LINKHAND_VOICECALL_NAME);
     QVERIFY(!in<QWidget>(m_pWindow.data(), "VoiceCallPlugin_callBox")->isVisible());
+    // One call at a time, of whichever type.
+    QWidget* pPage = m_pWindow->Page(LINKHAND_VOICECALL_NAME);
+    QTest::keyClicks(in<QLineEdit>(pPage, "VoiceCallPlugin_lineeditNumber"), "456");
+    QVERIFY(!in<QPushButton>(pPage, "VoiceCallPlugin_buttonCall")->isEnabled());
+    QVERIFY(!in<QPushButton>(pPage, "VoiceCallPlugin_buttonVideoCall")->isEnabled());
     QTest::mouseClick(in<QPushButton>(pWindow, "VideoCallPlugin_buttonHangUp"), Qt::LeftButton);
     QVERIFY(!pWindow->isVisible());
-    QVERIFY(pCall->isEnabled());
+    QVERIFY(in<QPushButton>(pPage, "VoiceCallPlugin_buttonCall")->isEnabled());
     QVERIFY(m_pLink->Dial("456", HOST_CALL_VIDEO));
     QVERIFY(pWindow->isVisible());
 }

@@ -7,7 +7,16 @@
 #include "linkhand/core/CommonUtils.h"
 #include "linkhand/plugin/PluginVerification.h"
 
-#if defined(STANDIN_TEXT)
+#if defined(STANDIN_OTHER_TEXT)
+// The file holds a text that fits; the code tells another.
+extern "C" Q_DECL_EXPORT const char* qt_plugin_query_verification_data();
+extern "C" Q_DECL_EXPORT const char* g_pszFittingText;
+const char* g_pszFittingText = LINKHAND_VERIFICATION_TEXT;
+extern "C" Q_DECL_EXPORT const char* qt_plugin_query_verification_data()
+{
+    return g_pszFittingText + 1;
+}
+#elif defined(STANDIN_TEXT)
 extern "C" Q_DECL_EXPORT const char* qt_plugin_query_verification_data();
 extern "C" Q_DECL_EXPORT const char* qt_plugin_query_verification_data()
 {
@@ -38,6 +47,16 @@ Q_DECL_EXPORT int callMissing()
 
 namespace
 {
+
+// Runs as the library is mapped.
+struct Constructor {
+    Constructor()
+    {
+        if (qApp != nullptr) {
+            qApp->setProperty("standin.loaded", true);
+        }
+    }
+} s_constructor;
 
 QSemaphore s_slotDone;
 

@@ -1,0 +1,313 @@
+#include "messages/MessageStore.h"
+
+#include <QCryptographicHash>
+#include <QFile>
+#include <QFileInfo>
+#include <QtDebug>
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+#include "messages/OutboxFile.h"
+
+namespace
+{
+
+const int SCHEMA_VERSION = 1;
+const char* const SCHEMA = "CREATE TABLE messages("
+                           "  id INTEGER PRIMARY KEY AUTOINCREMENT,"
+                           "  kind INTEGER NOT NULL,"
+                           "  time INTEGER NOT NULL," // milliseconds since 1970, UTC
+                           "  numbers TEXT NOT NULL," // one a line
+                           "  subject TEXT NOT NULL,"
+                           "  text TEXT NOT NULL);"
+                           "CREATE TABLE calls("
+                           "  id INTEGER PRIMARY KEY AUTOINCREMENT,"
+                           "  number TEXT NOT NULL,"
+                           "  type INTEGER NOT NULL,"
+                           "  time INTEGER NOT NULL,"
+                           "  seconds INTEGER NOT NULL);"
+                           // The files of earlier releases that have been taken over, by their content.
+                           "CREATE TABLE taken(hash TEXT PRIMARY KEY);"
+                           "PRAGMA user_version=1;";
+const char* const INSERT_MESSAGE = "INSERT INTO messages(kind, time, numbers, subject, text) VALUES(?, ?, ?, ?, ?)";
+const char* const INSERT_CALL = "INSERT INTO calls(number, type, time, seconds) VALUES(?, ?, ?, ?)";
+
+// Holds other programs off while a file is made, mended or taken over.
+class FolderLock
+{
+public:
+    explicit FolderLock(const QString& strFolder)
+        : m_iFile(::open(QFile::encodeName(strFolder + QLatin1String("/messages.lock")).constData(),
+                         O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600))
+    {
+        if (m_iFile >= 0) {
+            flock(m_iFile, LOCK_EX);
+        }
+    }
+    ~FolderLock()
+    {
+        if (m_iFile >= 0) {
+            ::close(m_iFile);
+        }
+    }
+
+private:
+    Q_DISABLE_COPY(FolderLock)
+    int m_iFile;
+};
+
+QDateTime timeOf(qint64 iMilliseconds)
+{
+    return QDateTime::fromMSecsSinceEpoch(iMilliseconds);
+}
+
+} // namespace
+
+MessageStore::MessageStore(const QString& strFolder, QObject* pParent)
+    : QObject(pParent),
+      m_strFolder(strFolder),
+      m_strFile(strFolder + QLatin1String("/messages.db")),
+      m_bUsable(true),
+      m_iVersion(-1)
+{
+    if (exists()) {
+        open();
+    }
+}
+
+bool MessageStore::Add(const OutgoingMessage& message)
+{
+    if (!open()) {
+        return false;
+    }
+    {
+        Transaction transaction(m_database);
+        if (!transaction.IsOpen() || !insert(message, QDateTime::currentDateTime()) || !transaction.Commit()) {
+            return false;
+        }
+    }
+    read();
+    emit changed();
+    return true;
+}
+
+bool MessageStore::Remove(int iId)
+{
+    if (!m_database.IsOpen() || !m_database.Run("DELETE FROM messages WHERE id = ?", QVariantList() << iId)) {
+        return false;
+    }
+    const bool bWasThere = m_database.Number("SELECT changes()") == 1;
+    read();
+    emit changed();
+    return bWasThere;
+}
+
+QList<StoredCall> MessageStore::Calls()
+{
+    QList<StoredCall> listCalls;
+    Database::Query query(m_database, "SELECT id, number, type, time, seconds FROM calls ORDER BY id");
+    while (query.Next()) {
+        StoredCall call;
+        call.iId = int(query.Number(0));
+        call.strNumber = query.Text(1);
+        call.iType = int(query.Number(2));
+        call.time = timeOf(query.Number(3));
+        call.iSeconds = int(query.Number(4));
+        listCalls.append(call);
+    }
+    return listCalls;
+}
+
+bool MessageStore::AddCall(const QString& strNumber, int iType, const QDateTime& time, int iSeconds)
+{
+    return open() &&
+           m_database.Run(INSERT_CALL, QVariantList() << strNumber << iType << time.toMSecsSinceEpoch() << iSeconds);
+}
+
+void MessageStore::Refresh()
+{
+    const bool bNew = !m_database.IsOpen() && m_bUsable && exists() && open();
+    if (bNew || (m_database.IsOpen() && m_database.Number("PRAGMA data_version") != m_iVersion)) {
+        read();
+        emit changed();
+    }
+}
+
+// A folder in which nobody wrote a message gets no file.
+bool MessageStore::exists() const
+{
+    return QFile::exists(m_strFile) || QFile::exists(m_strFolder + QLatin1String("/outbox.xml"));
+}
+
+bool MessageStore::open()
+{
+    if (m_database.IsOpen()) {
+        return true;
+    }
+    const FolderLock lock(m_strFolder);
+    m_bUsable = openFile() && takeOverOutbox() && read();
+    if (!m_bUsable) {
+        qWarning("%s cannot be used: %d", qPrintable(m_strFile), m_database.Error());
+        m_database.Close();
+    }
+    return m_bUsable;
+}
+
+bool MessageStore::openFile()
+{
+    const bool bOpen = m_database.Open(m_strFile);
+    if (bOpen && isSound()) {
+        return migrate();
+    }
+    if (!bOpen && !m_database.IsDamage()) {
+        return false;
+    }
+    m_database.Close();
+    const QString strAside = putAside(m_strFile);
+    if (strAside.isEmpty() || !m_database.Open(m_strFile) || !migrate()) {
+        return false;
+    }
+    Database source;
+    if (source.OpenToRead(strAside)) {
+        Transaction transaction(m_database);
+        takeOver(source, "ASC");
+        takeOver(source, "DESC"); // what lies behind the damage
+        transaction.Commit();
+    }
+    return true;
+}
+
+bool MessageStore::isSound()
+{
+    Database::Query query(m_database, "PRAGMA quick_check(1)");
+    return query.Next() ? query.Text(0) == QLatin1String("ok") : !m_database.IsDamage();
+}
+
+bool MessageStore::migrate()
+{
+    Transaction transaction(m_database);
+    const qint64 iVersion = m_database.Number("PRAGMA user_version");
+    if (!transaction.IsOpen() || iVersion < 0 || iVersion > SCHEMA_VERSION) {
+        return false;
+    }
+    return (iVersion == SCHEMA_VERSION || m_database.Run(SCHEMA)) && transaction.Commit();
+}
+
+// Copies rows in one direction for as long as they can be read; one that is there already stays.
+void MessageStore::takeOver(Database& source, const char* pszDirection)
+{
+    const QByteArray messages =
+        QByteArray("SELECT id, kind, time, numbers, subject, text FROM messages ORDER BY id ") + pszDirection;
+    Database::Query message(source, messages.constData());
+    while (message.Next()) {
+        m_database.Run("INSERT OR IGNORE INTO messages VALUES(?, ?, ?, ?, ?, ?)",
+                       QVariantList() << message.Number(0) << message.Number(1) << message.Number(2) << message.Text(3)
+                                      << message.Text(4) << message.Text(5));
+    }
+    const QByteArray calls =
+        QByteArray("SELECT id, number, type, time, seconds FROM calls ORDER BY id ") + pszDirection;
+    Database::Query call(source, calls.constData());
+    while (call.Next()) {
+        m_database.Run("INSERT OR IGNORE INTO calls VALUES(?, ?, ?, ?, ?)",
+                       QVariantList() << call.Number(0) << call.Text(1) << call.Number(2) << call.Number(3)
+                                      << call.Number(4));
+    }
+    Database::Query taken(source, "SELECT hash FROM taken");
+    while (taken.Next()) {
+        m_database.Run("INSERT OR IGNORE INTO taken VALUES(?)", QVariantList() << taken.Text(0));
+    }
+}
+
+// The file goes once its messages are on disk. A program that ends in between finds by the hash that they are.
+bool MessageStore::takeOverOutbox()
+{
+    const QString strOld = m_strFolder + QLatin1String("/outbox.xml");
+    QFile file(strOld);
+    if (!file.open(QIODevice::ReadOnly)) {
+        return true;
+    }
+    const QByteArray content = file.readAll();
+    file.close();
+    const OutboxFile outbox = OutboxFile::Read(content);
+    {
+        const QString strHash =
+            QString::fromLatin1(QCryptographicHash::hash(content, QCryptographicHash::Sha1).toHex());
+        Transaction transaction(m_database);
+        bool bDone = transaction.IsOpen();
+        if (Database::Query(m_database, "SELECT 1 FROM taken WHERE hash = ?", QVariantList() << strHash).Next()) {
+            bDone = true;
+        } else {
+            foreach (const OutboxFile::Entry& entry, outbox.listEntries) {
+                bDone = bDone &&
+                        insert(entry.message, entry.time.isValid() ? entry.time : QFileInfo(strOld).lastModified());
+            }
+            bDone = bDone && m_database.Run("INSERT INTO taken VALUES(?)", QVariantList() << strHash);
+        }
+        if (!bDone || !transaction.Commit()) {
+            return false;
+        }
+    }
+    if (outbox.bDamaged) {
+        putAside(strOld);
+    } else {
+        QFile::remove(strOld);
+    }
+    return true;
+}
+
+bool MessageStore::insert(const OutgoingMessage& message, const QDateTime& time)
+{
+    return m_database.Run(INSERT_MESSAGE, QVariantList() << message.iKind << time.toMSecsSinceEpoch()
+                                                         << message.lstNumbers.join(QLatin1String("\n"))
+                                                         << message.strSubject << message.strText);
+}
+
+// Gives a damaged file a name that no other has. Empty if that failed.
+QString MessageStore::putAside(const QString& strFile)
+{
+    const QString strBase = strFile + QLatin1String(".damaged-") +
+                            QDateTime::currentDateTimeUtc().toString(QLatin1String("yyyyMMdd'T'HHmmss'Z'"));
+    for (int i = 1; i < 1000; ++i) {
+        const QString strAside = i == 1 ? strBase : strBase + QLatin1Char('.') + QString::number(i);
+        if (QFile::exists(strAside)) {
+            continue;
+        }
+        if (!QFile::rename(strFile, strAside)) {
+            return QString();
+        }
+        // What SQLite keeps beside a file belongs to it.
+        QFile::rename(strFile + QLatin1String("-wal"), strAside + QLatin1String("-wal"));
+        QFile::remove(strFile + QLatin1String("-shm"));
+        m_lstDamaged.append(strAside);
+        return strAside;
+    }
+    return QString();
+}
+
+bool MessageStore::read()
+{
+    const qint64 iVersion = m_database.Number("PRAGMA data_version");
+    QList<StoredMessage> listMessages;
+    Database::Query query(m_database, "SELECT id, kind, time, numbers, subject, text FROM messages ORDER BY id");
+    while (query.Next()) {
+        StoredMessage stored;
+        stored.iId = int(query.Number(0));
+        stored.message.iKind = int(query.Number(1));
+        stored.time = timeOf(query.Number(2));
+        const QString strNumbers = query.Text(3);
+        if (!strNumbers.isEmpty()) {
+            stored.message.lstNumbers = strNumbers.split(QLatin1Char('\n'));
+        }
+        stored.message.strSubject = query.Text(4);
+        stored.message.strText = query.Text(5);
+        listMessages.append(stored);
+    }
+    if (!query.Done()) {
+        return false;
+    }
+    m_iVersion = iVersion;
+    m_listMessages = listMessages;
+    return true;
+}
