@@ -124,8 +124,10 @@ void ModemManagerBench::startBus()
         if (!m_bus->readLine(m_busAddress))
             throw std::runtime_error("dbus-daemon does not start");
     }
-    m_monitor = std::make_unique<Child>(
-        std::vector<std::string>{"dbus-monitor", "--session", "--profile", "type='signal'"}, busEnvironment());
+    m_monitor =
+        std::make_unique<Child>(std::vector<std::string>{"dbus-monitor", "--session", "--profile",
+                                                         "type='signal',sender='org.freedesktop.ModemManager1'"},
+                                busEnvironment());
 }
 
 void ModemManagerBench::startMachine()
