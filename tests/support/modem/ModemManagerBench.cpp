@@ -15,33 +15,9 @@ namespace modemsim
 namespace
 {
 
-// A bus that starts nothing by itself: what is on it, this bench has put there.
-const char busConfiguration[] = R"(<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
- "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
-<busconfig>
-  <type>session</type>
-  <listen>unix:dir=FOLDER</listen>
-  <auth>EXTERNAL</auth>
-  <policy context="default">
-    <allow send_destination="*" eavesdrop="true"/>
-    <allow eavesdrop="true"/>
-    <allow own="*"/>
-  </policy>
-</busconfig>
-)";
-
 const char preload[] = "libumockdev-preload.so.0";
 const char daemonName[] = "org.freedesktop.ModemManager1";
 const char usbName[] = "1-1";
-
-std::string temporaryFolder()
-{
-    const char* base = std::getenv("TMPDIR");
-    std::string name = std::string(base != nullptr ? base : "/tmp") + "/modembench-XXXXXX";
-    if (::mkdtemp(name.data()) == nullptr)
-        throw std::runtime_error("no folder " + name);
-    return name;
-}
 
 const char* roleName(Role role)
 {
@@ -75,7 +51,7 @@ std::map<std::string, std::string> facts(const Outcome& outcome)
 
 } // namespace
 
-ModemManagerBench::ModemManagerBench(const BenchSetup& setup) : m_setup(setup), m_folder(temporaryFolder())
+ModemManagerBench::ModemManagerBench(const BenchSetup& setup) : m_setup(setup)
 {
     Plan plan = setup.plan;
     plan.ports.clear();
@@ -85,13 +61,16 @@ ModemManagerBench::ModemManagerBench(const BenchSetup& setup) : m_setup(setup), 
             // Behind the daemon's prefix its whole name is the socket's.
             port.kind = PortPlan::Socket;
             port.name = "abstract:modembench-" + std::to_string(::getpid()) + '-' +
-                        m_folder.substr(m_folder.size() - 6) + '-' + std::to_string(i);
+                        m_bus.folder().substr(m_bus.folder().size() - 6) + '-' + std::to_string(i);
         }
         plan.ports.push_back(port);
     }
     m_setup.plan = plan;
     m_modem = std::make_unique<Modem>(plan);
-    startBus();
+    m_monitor =
+        std::make_unique<Child>(std::vector<std::string>{"dbus-monitor", "--session", "--profile",
+                                                         "type='signal',sender='org.freedesktop.ModemManager1'"},
+                                m_bus.environment());
     if (setup.usb) {
         m_modem->unplug();
         startMachine();
@@ -108,26 +87,6 @@ ModemManagerBench::~ModemManagerBench()
         m_machine->closeInput();
         m_machine->wait(Milliseconds(5000));
     }
-    m_bus.reset();
-    std::error_code ignored;
-    std::filesystem::remove_all(m_folder, ignored);
-}
-
-void ModemManagerBench::startBus()
-{
-    std::string configuration = busConfiguration;
-    configuration.replace(configuration.find("FOLDER"), 6, m_folder);
-    std::ofstream(m_folder + "/bus.conf") << configuration;
-    m_bus = std::make_unique<Child>(std::vector<std::string>{"dbus-daemon", "--config-file=" + m_folder + "/bus.conf",
-                                                             "--nofork", "--nopidfile", "--print-address"});
-    while (m_busAddress.compare(0, 5, "unix:") != 0) {
-        if (!m_bus->readLine(m_busAddress))
-            throw std::runtime_error("dbus-daemon does not start");
-    }
-    m_monitor =
-        std::make_unique<Child>(std::vector<std::string>{"dbus-monitor", "--session", "--profile",
-                                                         "type='signal',sender='org.freedesktop.ModemManager1'"},
-                                busEnvironment());
 }
 
 void ModemManagerBench::startMachine()
@@ -151,14 +110,9 @@ void ModemManagerBench::tellMachine(const std::string& order)
         throw std::runtime_error(order + ": " + answer);
 }
 
-Environment ModemManagerBench::busEnvironment() const
-{
-    return {{"DBUS_SESSION_BUS_ADDRESS", m_busAddress}, {"DBUS_SYSTEM_BUS_ADDRESS", m_busAddress}};
-}
-
 Environment ModemManagerBench::environment() const
 {
-    Environment all = busEnvironment();
+    Environment all = m_bus.environment();
     if (m_setup.usb) {
         all["UMOCKDEV_DIR"] = m_machineFolder;
         all["LD_PRELOAD"] = preload;
@@ -179,7 +133,7 @@ void ModemManagerBench::startDaemon()
         command.insert(command.end(), {"--filter-policy=strict"});
     else
         command.insert(command.end(), {"--test-enable", "--test-no-udev", "--test-no-qrtr", "--no-auto-scan"});
-    m_daemon = std::make_unique<Child>(command, environment(), m_folder + "/daemon.log");
+    m_daemon = std::make_unique<Child>(command, environment(), m_bus.folder() + "/daemon.log");
     if (!waitFor([this] { return mmcli({"--list-modems"}).status == 0; }))
         throw std::runtime_error("ModemManager does not start");
 }
@@ -200,7 +154,7 @@ void ModemManagerBench::plug()
             runProgram({"dbus-send", "--session", "--print-reply", std::string("--dest=") + daemonName,
                         "/org/freedesktop/ModemManager1", std::string(daemonName) + ".Test.SetProfile", "string:test0",
                         "string:generic", "array:string:" + names},
-                       busEnvironment());
+                       m_bus.environment());
         if (outcome.status != 0)
             throw std::runtime_error(outcome.output);
         return;
@@ -237,7 +191,7 @@ std::vector<std::string> ModemManagerBench::held() const
 Outcome ModemManagerBench::mmcli(std::vector<std::string> arguments) const
 {
     arguments.insert(arguments.begin(), "mmcli");
-    return runProgram(arguments, busEnvironment());
+    return runProgram(arguments, m_bus.environment());
 }
 
 std::map<std::string, std::string> ModemManagerBench::modemFacts() const

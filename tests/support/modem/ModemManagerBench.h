@@ -2,7 +2,7 @@
 #define TESTS_SUPPORT_MODEM_MODEMMANAGERBENCH_H
 
 #include "support/modem/Modem.h"
-#include "support/modem/Program.h"
+#include "support/modem/PrivateBus.h"
 
 #include <functional>
 #include <map>
@@ -53,7 +53,6 @@ public:
     Modem& modem() { return *m_modem; }
     // The addresses of the bus, and with USB the mocked machine.
     Environment environment() const;
-    Environment busEnvironment() const;
 
     void plug();
     void unplug(); // with USB only
@@ -76,16 +75,13 @@ public:
     bool waitForFact(const std::string& key, const std::string& value);
 
 private:
-    void startBus();
     void startMachine();
     void tellMachine(const std::string& order);
 
     BenchSetup m_setup;
-    std::string m_folder;
-    std::string m_busAddress;
+    PrivateBus m_bus;
     std::string m_machineFolder;
     std::unique_ptr<Modem> m_modem;
-    std::unique_ptr<Child> m_bus;
     std::unique_ptr<Child> m_machine;
     std::unique_ptr<Child> m_monitor;
     std::unique_ptr<Child> m_daemon;
