@@ -17,7 +17,6 @@ namespace
 
 const char preload[] = "libumockdev-preload.so.0";
 const char daemonName[] = "org.freedesktop.ModemManager1";
-const char usbName[] = "1-1";
 
 const char* roleName(Role role)
 {
@@ -53,29 +52,41 @@ std::map<std::string, std::string> facts(const Outcome& outcome)
 
 ModemManagerBench::ModemManagerBench(const BenchSetup& setup) : m_setup(setup)
 {
-    Plan plan = setup.plan;
-    plan.ports.clear();
-    for (size_t i = 0; i < setup.roles.size(); ++i) {
-        PortPlan port;
-        if (!setup.usb) {
-            // Behind the daemon's prefix its whole name is the socket's.
-            port.kind = PortPlan::Socket;
-            port.name = "abstract:modembench-" + std::to_string(::getpid()) + '-' +
-                        m_bus.folder().substr(m_bus.folder().size() - 6) + '-' + std::to_string(i);
-        }
-        plan.ports.push_back(port);
-    }
-    m_setup.plan = plan;
-    m_modem = std::make_unique<Modem>(plan);
     m_monitor =
         std::make_unique<Child>(std::vector<std::string>{"dbus-monitor", "--session", "--profile",
                                                          "type='signal',sender='org.freedesktop.ModemManager1'"},
                                 m_bus.environment());
-    if (setup.usb) {
-        m_modem->unplug();
+    addModem(setup.plan, setup.roles);
+    if (setup.usb)
         startMachine();
-    }
     startDaemon();
+}
+
+size_t ModemManagerBench::addModem(const Plan& plan, const std::vector<Role>& roles)
+{
+    size_t count = 0;
+    for (const Plugged& plugged : m_modems)
+        count += plugged.nodes.size();
+    Plugged added;
+    added.roles = roles;
+    Plan whole = plan;
+    whole.ports.clear();
+    for (size_t i = 0; i < roles.size(); ++i, ++count) {
+        PortPlan port;
+        if (!m_setup.usb) {
+            // Behind the daemon's prefix its whole name is the socket's.
+            port.kind = PortPlan::Socket;
+            port.name = "abstract:modembench-" + std::to_string(::getpid()) + '-' +
+                        m_bus.folder().substr(m_bus.folder().size() - 6) + '-' + std::to_string(count);
+        }
+        added.nodes.push_back(m_setup.usb ? "ttyUSB" + std::to_string(count) : port.name);
+        whole.ports.push_back(port);
+    }
+    added.modem = std::make_unique<Modem>(whole);
+    if (m_setup.usb)
+        added.modem->unplug();
+    m_modems.push_back(std::move(added));
+    return m_modems.size() - 1;
 }
 
 ModemManagerBench::~ModemManagerBench()
@@ -120,9 +131,9 @@ Environment ModemManagerBench::environment() const
     return all;
 }
 
-std::string ModemManagerBench::node(size_t port) const
+std::string ModemManagerBench::node(size_t port, size_t number) const
 {
-    return m_setup.usb ? "ttyUSB" + std::to_string(port) : m_setup.plan.ports[port].name;
+    return m_modems.at(number).nodes.at(port);
 }
 
 void ModemManagerBench::startDaemon()
@@ -143,33 +154,45 @@ void ModemManagerBench::endDaemon(int signal)
     m_daemon->end(signal);
 }
 
-void ModemManagerBench::plug()
+void ModemManagerBench::setProfile(size_t number)
 {
-    m_modem->plug();
+    std::string names;
+    for (const std::string& name : m_modems.at(number).nodes)
+        names += (names.empty() ? "" : ",") + name;
+    const Outcome outcome =
+        runProgram({"dbus-send", "--session", "--print-reply", std::string("--dest=") + daemonName,
+                    "/org/freedesktop/ModemManager1", std::string(daemonName) + ".Test.SetProfile",
+                    "string:test" + std::to_string(number), "string:generic", "array:string:" + names},
+                   m_bus.environment());
+    if (outcome.status != 0)
+        throw std::runtime_error(outcome.output);
+}
+
+// The place of a modem on the hub.
+static std::string usbName(size_t number)
+{
+    return "1-" + std::to_string(number + 1);
+}
+
+void ModemManagerBench::plug(size_t number)
+{
+    const Plugged& plugged = m_modems.at(number);
+    plugged.modem->plug();
     if (!m_setup.usb) {
-        std::string names;
-        for (size_t i = 0; i < m_setup.roles.size(); ++i)
-            names += (i > 0 ? "," : "") + node(i);
-        const Outcome outcome =
-            runProgram({"dbus-send", "--session", "--print-reply", std::string("--dest=") + daemonName,
-                        "/org/freedesktop/ModemManager1", std::string(daemonName) + ".Test.SetProfile", "string:test0",
-                        "string:generic", "array:string:" + names},
-                       m_bus.environment());
-        if (outcome.status != 0)
-            throw std::runtime_error(outcome.output);
+        setProfile(number);
         return;
     }
-    std::string order = std::string("plug ") + usbName + ' ' + m_setup.vendor + ' ' + m_setup.product;
-    for (size_t i = 0; i < m_setup.roles.size(); ++i)
-        order += ' ' + node(i) + ':' + m_modem->terminal(i) + ':' + roleName(m_setup.roles[i]);
+    std::string order = "plug " + usbName(number) + ' ' + m_setup.vendor + ' ' + m_setup.product;
+    for (size_t i = 0; i < plugged.nodes.size(); ++i)
+        order += ' ' + plugged.nodes[i] + ':' + plugged.modem->terminal(i) + ':' + roleName(plugged.roles[i]);
     tellMachine(order);
 }
 
 // The lines die first, as they do when a plug is pulled; the kernel's message follows.
-void ModemManagerBench::unplug()
+void ModemManagerBench::unplug(size_t number)
 {
-    m_modem->unplug();
-    tellMachine(std::string("unplug ") + usbName);
+    m_modems.at(number).modem->unplug();
+    tellMachine("unplug " + usbName(number));
 }
 
 std::vector<std::string> ModemManagerBench::held() const
@@ -179,9 +202,11 @@ std::vector<std::string> ModemManagerBench::held() const
     const std::string folder = "/proc/" + std::to_string(m_daemon->pid()) + "/fd";
     for (const auto& entry : std::filesystem::directory_iterator(folder, ignored)) {
         const std::string target = std::filesystem::read_symlink(entry.path(), ignored).string();
-        for (size_t i = 0; i < m_setup.roles.size(); ++i) {
-            if (!target.empty() && target == m_modem->terminal(i))
-                names.push_back(node(i));
+        for (const Plugged& plugged : m_modems) {
+            for (size_t i = 0; i < plugged.nodes.size(); ++i) {
+                if (!target.empty() && target == plugged.modem->terminal(i))
+                    names.push_back(plugged.nodes[i]);
+            }
         }
     }
     std::sort(names.begin(), names.end());
