@@ -86,6 +86,26 @@ TEST(anIgnoredPortIsToldAndLeftAlone)
     checkPhonebookOn(bench, 3);
 }
 
+TEST(aSecondModemIsFoundBesideTheFirst)
+{
+    ModemManagerBench bench;
+    Plan other = standardPlan();
+    other.imei = "350000000000014";
+    other.card.iccid = "8949020000000000001";
+    const size_t number = bench.addModem(other, {Role::Primary, Role::Secondary, Role::Free});
+    bench.plug();
+    bench.plug(number);
+    const auto listed = [&bench] { return bench.mmcli({"--list-modems"}).output; };
+    REQUIRE(bench.waitFor([&] {
+        const std::string all = listed();
+        return all.find("/Modem/0") != std::string::npos && all.find("/Modem/1") != std::string::npos;
+    }));
+    CHECK_EQ(bench.node(2, number), "ttyUSB4");
+    bench.unplug();
+    CHECK(bench.waitForFact("modem.3gpp.imei", "350000000000014"));
+    CHECK_EQ(bench.fact("sim.properties.iccid"), "8949020000000000001");
+}
+
 TEST(anUnpluggedModemLeavesAndComesAgain)
 {
     ModemManagerBench bench;

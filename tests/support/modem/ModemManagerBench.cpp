@@ -15,33 +15,8 @@ namespace modemsim
 namespace
 {
 
-// A bus that starts nothing by itself: what is on it, this bench has put there.
-const char busConfiguration[] = R"(<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
- "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
-<busconfig>
-  <type>session</type>
-  <listen>unix:dir=FOLDER</listen>
-  <auth>EXTERNAL</auth>
-  <policy context="default">
-    <allow send_destination="*" eavesdrop="true"/>
-    <allow eavesdrop="true"/>
-    <allow own="*"/>
-  </policy>
-</busconfig>
-)";
-
 const char preload[] = "libumockdev-preload.so.0";
 const char daemonName[] = "org.freedesktop.ModemManager1";
-const char usbName[] = "1-1";
-
-std::string temporaryFolder()
-{
-    const char* base = std::getenv("TMPDIR");
-    std::string name = std::string(base != nullptr ? base : "/tmp") + "/modembench-XXXXXX";
-    if (::mkdtemp(name.data()) == nullptr)
-        throw std::runtime_error("no folder " + name);
-    return name;
-}
 
 const char* roleName(Role role)
 {
@@ -75,28 +50,43 @@ std::map<std::string, std::string> facts(const Outcome& outcome)
 
 } // namespace
 
-ModemManagerBench::ModemManagerBench(const BenchSetup& setup) : m_setup(setup), m_folder(temporaryFolder())
+ModemManagerBench::ModemManagerBench(const BenchSetup& setup) : m_setup(setup)
 {
-    Plan plan = setup.plan;
-    plan.ports.clear();
-    for (size_t i = 0; i < setup.roles.size(); ++i) {
+    m_monitor =
+        std::make_unique<Child>(std::vector<std::string>{"dbus-monitor", "--session", "--profile",
+                                                         "type='signal',sender='org.freedesktop.ModemManager1'"},
+                                m_bus.environment());
+    addModem(setup.plan, setup.roles);
+    if (setup.usb)
+        startMachine();
+    startDaemon();
+}
+
+size_t ModemManagerBench::addModem(const Plan& plan, const std::vector<Role>& roles)
+{
+    size_t count = 0;
+    for (const Plugged& plugged : m_modems)
+        count += plugged.nodes.size();
+    Plugged added;
+    added.roles = roles;
+    Plan whole = plan;
+    whole.ports.clear();
+    for (size_t i = 0; i < roles.size(); ++i, ++count) {
         PortPlan port;
-        if (!setup.usb) {
+        if (!m_setup.usb) {
             // Behind the daemon's prefix its whole name is the socket's.
             port.kind = PortPlan::Socket;
             port.name = "abstract:modembench-" + std::to_string(::getpid()) + '-' +
-                        m_folder.substr(m_folder.size() - 6) + '-' + std::to_string(i);
+                        m_bus.folder().substr(m_bus.folder().size() - 6) + '-' + std::to_string(count);
         }
-        plan.ports.push_back(port);
+        added.nodes.push_back(m_setup.usb ? "ttyUSB" + std::to_string(count) : port.name);
+        whole.ports.push_back(port);
     }
-    m_setup.plan = plan;
-    m_modem = std::make_unique<Modem>(plan);
-    startBus();
-    if (setup.usb) {
-        m_modem->unplug();
-        startMachine();
-    }
-    startDaemon();
+    added.modem = std::make_unique<Modem>(whole);
+    if (m_setup.usb)
+        added.modem->unplug();
+    m_modems.push_back(std::move(added));
+    return m_modems.size() - 1;
 }
 
 ModemManagerBench::~ModemManagerBench()
@@ -108,24 +98,6 @@ ModemManagerBench::~ModemManagerBench()
         m_machine->closeInput();
         m_machine->wait(Milliseconds(5000));
     }
-    m_bus.reset();
-    std::error_code ignored;
-    std::filesystem::remove_all(m_folder, ignored);
-}
-
-void ModemManagerBench::startBus()
-{
-    std::string configuration = busConfiguration;
-    configuration.replace(configuration.find("FOLDER"), 6, m_folder);
-    std::ofstream(m_folder + "/bus.conf") << configuration;
-    m_bus = std::make_unique<Child>(std::vector<std::string>{"dbus-daemon", "--config-file=" + m_folder + "/bus.conf",
-                                                             "--nofork", "--nopidfile", "--print-address"});
-    while (m_busAddress.compare(0, 5, "unix:") != 0) {
-        if (!m_bus->readLine(m_busAddress))
-            throw std::runtime_error("dbus-daemon does not start");
-    }
-    m_monitor = std::make_unique<Child>(
-        std::vector<std::string>{"dbus-monitor", "--session", "--profile", "type='signal'"}, busEnvironment());
 }
 
 void ModemManagerBench::startMachine()
@@ -149,14 +121,9 @@ void ModemManagerBench::tellMachine(const std::string& order)
         throw std::runtime_error(order + ": " + answer);
 }
 
-Environment ModemManagerBench::busEnvironment() const
-{
-    return {{"DBUS_SESSION_BUS_ADDRESS", m_busAddress}, {"DBUS_SYSTEM_BUS_ADDRESS", m_busAddress}};
-}
-
 Environment ModemManagerBench::environment() const
 {
-    Environment all = busEnvironment();
+    Environment all = m_bus.environment();
     if (m_setup.usb) {
         all["UMOCKDEV_DIR"] = m_machineFolder;
         all["LD_PRELOAD"] = preload;
@@ -164,9 +131,9 @@ Environment ModemManagerBench::environment() const
     return all;
 }
 
-std::string ModemManagerBench::node(size_t port) const
+std::string ModemManagerBench::node(size_t port, size_t number) const
 {
-    return m_setup.usb ? "ttyUSB" + std::to_string(port) : m_setup.plan.ports[port].name;
+    return m_modems.at(number).nodes.at(port);
 }
 
 void ModemManagerBench::startDaemon()
@@ -177,7 +144,7 @@ void ModemManagerBench::startDaemon()
         command.insert(command.end(), {"--filter-policy=strict"});
     else
         command.insert(command.end(), {"--test-enable", "--test-no-udev", "--test-no-qrtr", "--no-auto-scan"});
-    m_daemon = std::make_unique<Child>(command, environment(), m_folder + "/daemon.log");
+    m_daemon = std::make_unique<Child>(command, environment(), m_bus.folder() + "/daemon.log");
     if (!waitFor([this] { return mmcli({"--list-modems"}).status == 0; }))
         throw std::runtime_error("ModemManager does not start");
 }
@@ -187,33 +154,45 @@ void ModemManagerBench::endDaemon(int signal)
     m_daemon->end(signal);
 }
 
-void ModemManagerBench::plug()
+void ModemManagerBench::setProfile(size_t number)
 {
-    m_modem->plug();
+    std::string names;
+    for (const std::string& name : m_modems.at(number).nodes)
+        names += (names.empty() ? "" : ",") + name;
+    const Outcome outcome =
+        runProgram({"dbus-send", "--session", "--print-reply", std::string("--dest=") + daemonName,
+                    "/org/freedesktop/ModemManager1", std::string(daemonName) + ".Test.SetProfile",
+                    "string:test" + std::to_string(number), "string:generic", "array:string:" + names},
+                   m_bus.environment());
+    if (outcome.status != 0)
+        throw std::runtime_error(outcome.output);
+}
+
+// The place of a modem on the hub.
+static std::string usbName(size_t number)
+{
+    return "1-" + std::to_string(number + 1);
+}
+
+void ModemManagerBench::plug(size_t number)
+{
+    const Plugged& plugged = m_modems.at(number);
+    plugged.modem->plug();
     if (!m_setup.usb) {
-        std::string names;
-        for (size_t i = 0; i < m_setup.roles.size(); ++i)
-            names += (i > 0 ? "," : "") + node(i);
-        const Outcome outcome =
-            runProgram({"dbus-send", "--session", "--print-reply", std::string("--dest=") + daemonName,
-                        "/org/freedesktop/ModemManager1", std::string(daemonName) + ".Test.SetProfile", "string:test0",
-                        "string:generic", "array:string:" + names},
-                       busEnvironment());
-        if (outcome.status != 0)
-            throw std::runtime_error(outcome.output);
+        setProfile(number);
         return;
     }
-    std::string order = std::string("plug ") + usbName + ' ' + m_setup.vendor + ' ' + m_setup.product;
-    for (size_t i = 0; i < m_setup.roles.size(); ++i)
-        order += ' ' + node(i) + ':' + m_modem->terminal(i) + ':' + roleName(m_setup.roles[i]);
+    std::string order = "plug " + usbName(number) + ' ' + m_setup.vendor + ' ' + m_setup.product;
+    for (size_t i = 0; i < plugged.nodes.size(); ++i)
+        order += ' ' + plugged.nodes[i] + ':' + plugged.modem->terminal(i) + ':' + roleName(plugged.roles[i]);
     tellMachine(order);
 }
 
 // The lines die first, as they do when a plug is pulled; the kernel's message follows.
-void ModemManagerBench::unplug()
+void ModemManagerBench::unplug(size_t number)
 {
-    m_modem->unplug();
-    tellMachine(std::string("unplug ") + usbName);
+    m_modems.at(number).modem->unplug();
+    tellMachine("unplug " + usbName(number));
 }
 
 std::vector<std::string> ModemManagerBench::held() const
@@ -223,9 +202,11 @@ std::vector<std::string> ModemManagerBench::held() const
     const std::string folder = "/proc/" + std::to_string(m_daemon->pid()) + "/fd";
     for (const auto& entry : std::filesystem::directory_iterator(folder, ignored)) {
         const std::string target = std::filesystem::read_symlink(entry.path(), ignored).string();
-        for (size_t i = 0; i < m_setup.roles.size(); ++i) {
-            if (!target.empty() && target == m_modem->terminal(i))
-                names.push_back(node(i));
+        for (const Plugged& plugged : m_modems) {
+            for (size_t i = 0; i < plugged.nodes.size(); ++i) {
+                if (!target.empty() && target == plugged.modem->terminal(i))
+                    names.push_back(plugged.nodes[i]);
+            }
         }
     }
     std::sort(names.begin(), names.end());
@@ -235,7 +216,7 @@ std::vector<std::string> ModemManagerBench::held() const
 Outcome ModemManagerBench::mmcli(std::vector<std::string> arguments) const
 {
     arguments.insert(arguments.begin(), "mmcli");
-    return runProgram(arguments, busEnvironment());
+    return runProgram(arguments, m_bus.environment());
 }
 
 std::map<std::string, std::string> ModemManagerBench::modemFacts() const

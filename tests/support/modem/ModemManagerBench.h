@@ -2,7 +2,7 @@
 #define TESTS_SUPPORT_MODEM_MODEMMANAGERBENCH_H
 
 #include "support/modem/Modem.h"
-#include "support/modem/Program.h"
+#include "support/modem/PrivateBus.h"
 
 #include <functional>
 #include <map>
@@ -50,22 +50,24 @@ public:
     ModemManagerBench(const ModemManagerBench&) = delete;
     ModemManagerBench& operator=(const ModemManagerBench&) = delete;
 
-    Modem& modem() { return *m_modem; }
+    Modem& modem(size_t number = 0) { return *m_modems.at(number).modem; }
+    // A further modem beside the first, not plugged yet; its number. Its ports go on counting where the last ended.
+    size_t addModem(const Plan& plan, const std::vector<Role>& roles);
     // The addresses of the bus, and with USB the mocked machine.
     Environment environment() const;
-    Environment busEnvironment() const;
 
-    void plug();
-    void unplug(); // with USB only
+    void plug(size_t number = 0);
+    void unplug(size_t number = 0); // with USB only
     void startDaemon();
     void endDaemon(int signal); // SIGTERM, or SIGKILL as in a crash
     // The ports ("ttyUSB0") that the daemon has open.
     std::vector<std::string> held() const;
-    std::string node(size_t port) const; // "ttyUSB0", or the socket's name
+    std::string node(size_t port, size_t number = 0) const; // "ttyUSB0", or the socket's name
 
     // mmcli with these arguments.
     Outcome mmcli(std::vector<std::string> arguments) const;
-    // What mmcli knows of the only modem, or of its SIM, by key ("modem.generic.state"); empty without one.
+    // What mmcli knows of the first modem that it finds, or of its SIM, by key ("modem.generic.state"); empty without
+    // one.
     std::map<std::string, std::string> modemFacts() const;
     std::map<std::string, std::string> simFacts() const;
     std::string fact(const std::string& key) const;
@@ -76,16 +78,20 @@ public:
     bool waitForFact(const std::string& key, const std::string& value);
 
 private:
-    void startBus();
+    struct Plugged {
+        std::vector<Role> roles;
+        std::vector<std::string> nodes;
+        std::unique_ptr<Modem> modem;
+    };
+
     void startMachine();
     void tellMachine(const std::string& order);
+    void setProfile(size_t number);
 
     BenchSetup m_setup;
-    std::string m_folder;
-    std::string m_busAddress;
+    PrivateBus m_bus;
     std::string m_machineFolder;
-    std::unique_ptr<Modem> m_modem;
-    std::unique_ptr<Child> m_bus;
+    std::vector<Plugged> m_modems;
     std::unique_ptr<Child> m_machine;
     std::unique_ptr<Child> m_monitor;
     std::unique_ptr<Child> m_daemon;

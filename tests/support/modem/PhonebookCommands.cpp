@@ -63,6 +63,8 @@ Answer charset(State& state, size_t port, const Command& command)
 Answer select(State& state, size_t port, const Command& command)
 {
     std::string& chosen = state.selectedStorage(port);
+    if (state.quirks.has("no_phonebook"))
+        return cme(NotSupported);
     if (command.form == Command::Test)
         return Answer("+CPBS: " + listed(state, port, state.storageNames()));
     if (command.form == Command::Read) {
@@ -204,6 +206,8 @@ Answer read(State& state, size_t port, const Command& command)
 {
     const Quirks& quirks = state.quirks;
     const Storage* storage = state.storage(state.selectedStorage(port));
+    if (quirks.has("no_phonebook"))
+        return cme(NotSupported);
     if (storage == nullptr)
         return cme(NotAllowed);
     if (const int trouble = state.storageTrouble(*storage))
@@ -268,6 +272,8 @@ Answer write(State& state, size_t port, const Command& command)
 {
     const Quirks& quirks = state.quirks;
     Storage* storage = state.storage(state.selectedStorage(port));
+    if (quirks.has("no_phonebook") || quirks.has("no_write"))
+        return cme(NotSupported);
     if (storage == nullptr)
         return cme(NotAllowed);
     if (const int trouble = state.storageTrouble(*storage))

@@ -68,15 +68,22 @@ Child::Child(const std::vector<std::string>& command, const Environment& environ
     int out[2];
     if (::pipe2(in, O_CLOEXEC) != 0 || ::pipe2(out, O_CLOEXEC) != 0)
         throw std::runtime_error("no pipe");
-    const int file =
-        outputFile.empty() ? -1 : ::open(outputFile.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0600);
+    const bool inherited = outputFile == "-";
+    int file = -1;
+    if (!inherited && !outputFile.empty())
+        file = ::open(outputFile.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0600);
     m_pid = ::fork();
     if (m_pid == 0) {
         ::prctl(PR_SET_PDEATHSIG, SIGKILL);
-        ::dup2(in[0], 0);
-        ::dup2(file >= 0 ? file : out[1], 1);
-        ::dup2(file >= 0 ? file : out[1], 2);
+        if (!inherited) {
+            ::dup2(in[0], 0);
+            ::dup2(file >= 0 ? file : out[1], 1);
+            ::dup2(file >= 0 ? file : out[1], 2);
+        }
         ::signal(SIGPIPE, SIG_DFL);
+        sigset_t none;
+        ::sigemptyset(&none);
+        ::sigprocmask(SIG_SETMASK, &none, nullptr);
         ::execvpe(argv[0], argv.data(), envp.data());
         ::_exit(127);
     }

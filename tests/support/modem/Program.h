@@ -23,8 +23,8 @@ struct Outcome {
 Outcome runProgram(const std::vector<std::string>& command, const Environment& environment = Environment(),
                    const std::string& input = std::string(), Milliseconds time = Milliseconds(30000));
 
-// A program that runs beside this one and ends with it. Its standard input and output are pipes, unless its output goes
-// to a file.
+// A program that runs beside this one and ends with the thread that started it, at the latest. Its standard input and
+// output are pipes; with an output file the output goes there, with "-" all three are those of this process.
 class Child
 {
 public:

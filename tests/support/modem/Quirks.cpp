@@ -67,6 +67,7 @@ const std::vector<QuirkInfo>& knownQuirks()
         // State
         {"simbusy", "500", reading, "the card is busy for so many milliseconds from the start and after the PIN"},
         {"ready_urc", "+PBREADY", reading, "this line tells that the card is no longer busy"},
+        {"no_phonebook", "", different, "phonebook commands are unknown, as to a modem for data alone"},
         {"me_needs_card", "", reading, "the device's memory is refused without a card or PIN"},
         {"card_out_error", "13", reading, "the error without a card"},
         {"card_urc", "", reading, "+SIM lines tell of a card pulled or put in"},
@@ -84,6 +85,7 @@ const std::vector<QuirkInfo>& knownQuirks()
         {"delete_empty_error", "22", writing, "deleting an empty location is an error"},
         {"write_lost", "", writing, "writes are answered with OK and not stored"},
         {"text_units", "", writing, "the length of a card's name is counted in characters"},
+        {"no_write", "", writing, "phonebooks can be read only"},
         {"write_other", "", writing, "a write goes to the location behind the one that was asked for"},
     };
     return all;
