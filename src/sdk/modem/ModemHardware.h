@@ -35,6 +35,8 @@ public:
     ModemHardware(const ModemHardware&) = delete;
     ModemHardware& operator=(const ModemHardware&) = delete;
 
+    const std::string& port() const { return m_port; }
+
     DeviceStatus status() const override;
     std::vector<int> memories() const override;
     void requireOpen(int memory) const override;
