@@ -38,6 +38,7 @@ int ModemMemory::size()
 Extent ModemMemory::extent()
 {
     m_hardware.requireOpen(m_memory);
+    m_hardware.noteOpened(m_memory);
     return m_hardware.state().with(m_memory, [](ModemBook& book) {
         return Extent{book.entries.size(), book.entries.last()};
     });

@@ -114,6 +114,12 @@ ModemState& ModemHardware::state()
     return m_state;
 }
 
+void ModemHardware::noteOpened(int memory)
+{
+    m_state.noteOpened(memory);
+    signal(m_wake);
+}
+
 // ---- Jobs
 
 void ModemHardware::perform(const std::function<void(ModemSession&)>& work)
@@ -211,6 +217,8 @@ void ModemHardware::run()
 
 void ModemHardware::serve()
 {
+    if (m_port.empty() || m_port.front() != '/')
+        throw Failure(ORVA_E_ARGUMENT, "\"" + m_port + "\" is neither \"simulated\" nor the path of a modem's port");
     Tty tty(m_port, m_leave);
     if (m_record)
         m_record->note("port opened");

@@ -46,6 +46,9 @@ public:
     // What is known without asking; starts the thread like everything else here.
     ModemState& state();
 
+    // Somebody opens a memory's list: it is looked at again if that was long ago.
+    void noteOpened(int memory);
+
     // Runs `work` on the modem's thread. ORVA_E_ABSENT without a modem, and when it goes meanwhile.
     void perform(const std::function<void(ModemSession&)>& work);
 

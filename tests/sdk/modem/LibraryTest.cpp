@@ -242,6 +242,11 @@ TEST(aPortThatIsNotThereIsNoDeviceAndSaysSo)
     CHECK_EQ(ORVA_Modem_GetReport(&report), ORVA_OK);
     const std::string text = narrow(report);
     CHECK(text.find("port=/dev/no-such-port\nproblem=") == 0);
+    ::setenv("LINKHAND_MODEM", "nonsense", 1);
+    ORVA_Sim_Reset(setting.folder.c_str());
+    CHECK_EQ(ORVA_Modem_WaitReady(ORVA_MEMORY_CARD, patience), ORVA_E_ABSENT);
+    CHECK_EQ(ORVA_Modem_GetReport(&report), ORVA_OK);
+    CHECK(narrow(report).find("neither") != std::string::npos);
 }
 
 TEST(theReportTellsModemAndStorages)
