@@ -4,7 +4,8 @@
 /*
  * Care for the stores behind libsdk.so.1: check, backup and restore. Tools use it while other processes have the same
  * stores open. The conventions are those of orva_sdk.h; a card that is out or a device that is detached gives
- * ORVA_E_ABSENT.
+ * ORVA_E_ABSENT. A card or device behind a modem has no store: its backup is a file of its own kind, which goes back to
+ * the same card or modem alone, and ORVA_Store_Check gives ORVA_E_UNSUPPORTED.
  */
 
 #include "orva/orva_sdk.h"

@@ -19,7 +19,9 @@ constexpr option known[] = {
     {"no-groups", no_argument, nullptr, longOption},    {"dry-run", no_argument, nullptr, longOption},
     {"memory", required_argument, nullptr, longOption}, {"data-dir", required_argument, nullptr, longOption},
     {"group", required_argument, nullptr, longOption},  {"map", required_argument, nullptr, longOption},
-    {"from", required_argument, nullptr, longOption},   {nullptr, 0, nullptr, 0},
+    {"from", required_argument, nullptr, longOption},   {"hardware", required_argument, nullptr, longOption},
+    {"use", required_argument, nullptr, longOption},    {"unlock", no_argument, nullptr, longOption},
+    {"last-try", no_argument, nullptr, longOption},     {nullptr, 0, nullptr, 0},
 };
 
 // The colon: getopt says nothing by itself, and tells a missing value from an unknown option.
@@ -68,7 +70,8 @@ void Arguments::require(std::size_t atLeast, std::size_t atMost, const std::vect
     if (words > atMost)
         throw UsageError("what is \"" + m_words[atMost + 1] + "\"?");
     for (const auto& option : m_options)
-        if (option.first != "data-dir" && std::find(options.begin(), options.end(), option.first) == options.end())
+        if (option.first != "data-dir" && option.first != "hardware" &&
+            std::find(options.begin(), options.end(), option.first) == options.end())
             throw UsageError("\"" + m_words[0] + "\" has no option --" + option.first);
 }
 

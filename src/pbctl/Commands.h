@@ -22,6 +22,10 @@ int runInfo(const Arguments& arguments);
 int runCheck(const Arguments& arguments);
 int runBackup(const Arguments& arguments);
 int runRestore(const Arguments& arguments);
+int runModem(const Arguments& arguments);
+
+// Lets a modem read a card or device first. SdkError if that takes too long; what else is in the way tells the command.
+void awaitMemory(int memory);
 
 } // namespace pbctl
 

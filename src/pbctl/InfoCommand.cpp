@@ -44,8 +44,10 @@ int runInfo(const Arguments& arguments)
         return printMemory(arguments.memory()) ? done : failed;
     }
     bool readable = true;
-    for (const int memory : {ORVA_MEMORY_LOCAL, ORVA_MEMORY_CARD, ORVA_MEMORY_DEVICE})
+    for (const int memory : {ORVA_MEMORY_LOCAL, ORVA_MEMORY_CARD, ORVA_MEMORY_DEVICE}) {
+        awaitMemory(memory);
         readable = printMemory(memory) && readable;
+    }
     std::printf("import from\n");
     const char* const applications[][2] = {{"evolution", "Outlook"}, {"thunderbird", "Outlook Express"}};
     for (const auto& application : applications)

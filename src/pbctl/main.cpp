@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <iterator>
 
 #include "Commands.h"
@@ -43,10 +44,16 @@ constexpr Command commands[] = {
     {"backup", runBackup, "[--memory M] FILE", "Copies a memory to a file, whatever else is going on.\n"},
     {"restore", runRestore, "[--memory M] FILE",
      "Puts a backup in place of a memory; what was there before is put aside.\n"},
+    {"modem", runModem, "[--use CHOICE | --unlock [--last-try]]",
+     "Tells about the modem behind card and device, its storages, and what is in the way.\n"
+     "  --use CHOICE      from now on: simulated, or the port of a modem, such as /dev/ttyUSB2\n"
+     "  --unlock          reads the card's PIN from the standard input and gives it to the card\n"
+     "  --last-try        also if a wrong PIN would lock the card\n"},
 };
 
 constexpr const char* commonHelp = "  --memory M        local (the PC's phonebook, the default), card or device\n"
                                    "  --data-dir DIR    the folder with the data, instead of the user's own\n"
+                                   "  --hardware CHOICE simulated or the port of a modem, for this once\n"
                                    "  --help            this\n"
                                    "  --version         the version\n"
                                    "\n"
@@ -90,8 +97,12 @@ int run(const Arguments& arguments)
     }
     if (command == nullptr)
         throw UsageError("a command is missing");
+    if (arguments.has("hardware"))
+        ::setenv("LINKHAND_MODEM", arguments.value("hardware").c_str(), 1);
     if (arguments.has("data-dir"))
         check(ORVA_Sim_Reset(arguments.value("data-dir").c_str()), "choosing the data folder");
+    if (arguments.has("memory"))
+        awaitMemory(arguments.memory());
     return command->run(arguments);
 }
 

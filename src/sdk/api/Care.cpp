@@ -7,6 +7,7 @@
 #include "base/Files.h"
 #include "base/Log.h"
 #include "base/Text.h"
+#include "memories/ModemMemory.h"
 #include "store/Store.h"
 
 using namespace orva;
@@ -40,7 +41,10 @@ long ORVA_Store_Check(int memory, int* findings)
 long ORVA_Store_Backup(int memory, const unsigned short* path)
 {
     return guarded(__func__, [&] {
-        storeFor(memory).backup(plainPath(path));
+        if (ModemMemory* const behindModem = modemMemory(memory))
+            behindModem->backup(plainPath(path));
+        else
+            storeFor(memory).backup(plainPath(path));
         return ORVA_OK;
     });
 }
@@ -51,7 +55,10 @@ long ORVA_Store_Restore(int memory, const unsigned short* path)
         const std::string file = plainPath(path);
         if (!fileExists(file))
             throw Failure(ORVA_E_NOT_FOUND, "no such file");
-        storeFor(memory).restore(file);
+        if (ModemMemory* const behindModem = modemMemory(memory))
+            behindModem->restore(file);
+        else
+            storeFor(memory).restore(file);
         return ORVA_OK;
     });
 }
@@ -61,7 +68,8 @@ long ORVA_Store_TakeLoss(int memory, long* code, int* records)
     return guarded(__func__, [&] {
         require(code);
         require(records);
-        const Loss loss = anyStore(memory).takeLoss();
+        // What a modem did not take was told by the write itself.
+        const Loss loss = modemMemory(memory) != nullptr ? Loss() : anyStore(memory).takeLoss();
         *code = loss.code;
         *records = loss.records;
         return ORVA_OK;

@@ -10,7 +10,9 @@
 #include "devices/SimulatedHardware.h"
 #include "events/EventHub.h"
 #include "memories/LocalMemory.h"
+#include "memories/ModemMemory.h"
 #include "memories/SimMemory.h"
+#include "modem/HardwareChoice.h"
 #include "orva/orva_store.h"
 
 namespace orva
@@ -21,21 +23,35 @@ namespace
 
 // Torn down from the end of the list, so that the hardware can still send while the memories close.
 struct Library {
-    explicit Library(const std::string& folder)
-        : hardware(folder, events),
-          local(folder, hardware),
-          card(folder, hardware, ORVA_MEMORY_CARD),
-          device(folder, hardware, ORVA_MEMORY_DEVICE)
+    explicit Library(const std::string& folder) : simulated(folder, events), local(folder, simulated)
     {
-        for (Store* const store : {&local.store(), &card.store(), &device.store()})
-            store->onLoss([this] { events.post(ORVA_EVENT_STORE_LOSS); });
+        const std::string choice = hardwareChoice(folder);
+        if (choice != simulatedChoice) {
+            modem = std::make_unique<ModemHardware>(folder, choice, events);
+            modemCard = std::make_unique<ModemMemory>(*modem, ORVA_MEMORY_CARD);
+            modemDevice = std::make_unique<ModemMemory>(*modem, ORVA_MEMORY_DEVICE);
+            return;
+        }
+        card = std::make_unique<SimMemory>(folder, simulated, ORVA_MEMORY_CARD);
+        device = std::make_unique<SimMemory>(folder, simulated, ORVA_MEMORY_DEVICE);
+    }
+
+    Hardware& hardware()
+    {
+        if (modem)
+            return *modem;
+        return simulated;
     }
 
     EventHub events;
-    SimulatedHardware hardware;
+    SimulatedHardware simulated; // also knows the PC's capacity
+    std::unique_ptr<ModemHardware>
+        modem; // null while the hardware is simulated; else the card and device below are its
     LocalMemory local;
-    SimMemory card;
-    SimMemory device;
+    std::unique_ptr<SimMemory> card;
+    std::unique_ptr<SimMemory> device;
+    std::unique_ptr<ModemMemory> modemCard;
+    std::unique_ptr<ModemMemory> modemDevice;
 };
 
 struct Global {
@@ -82,10 +98,14 @@ struct AtEnd {
         Library* const all = global().library.load();
         if (all == nullptr)
             return;
+        if (all->modem)
+            all->modem->stop();
         all->events.stop(patienceAtEnd);
         all->local.store().shutDown();
-        all->card.store().shutDown();
-        all->device.store().shutDown();
+        for (const auto& memory : {all->card.get(), all->device.get()}) {
+            if (memory != nullptr)
+                memory->store().shutDown();
+        }
     }
 };
 
@@ -95,11 +115,13 @@ const AtEnd atEnd;
 
 Memory& memoryFor(int memory)
 {
+    if (ModemMemory* const behindModem = modemMemory(memory))
+        return *behindModem;
     switch (memory) {
     case ORVA_MEMORY_CARD:
-        return library().card;
+        return *library().card;
     case ORVA_MEMORY_DEVICE:
-        return library().device;
+        return *library().device;
     case ORVA_MEMORY_LOCAL:
         return library().local;
     default:
@@ -119,7 +141,7 @@ Store& storeFor(int memory)
 {
     Store& store = anyStore(memory);
     if (memory != ORVA_MEMORY_LOCAL)
-        library().hardware.requireOpen(memory);
+        library().hardware().requireOpen(memory);
     return store;
 }
 
@@ -128,17 +150,33 @@ Store& anyStore(int memory)
     memoryFor(memory);
     if (memory == ORVA_MEMORY_LOCAL)
         return library().local.store();
-    return memory == ORVA_MEMORY_CARD ? library().card.store() : library().device.store();
+    if (library().modem)
+        throw Failure(ORVA_E_UNSUPPORTED, "a modem has no store");
+    return memory == ORVA_MEMORY_CARD ? library().card->store() : library().device->store();
 }
 
 Hardware& hardware()
 {
-    return library().hardware;
+    return library().hardware();
 }
 
 SimulatedHardware& simulatedHardware()
 {
-    return library().hardware;
+    if (library().modem)
+        throw Failure(ORVA_E_UNSUPPORTED, "the hardware is real");
+    return library().simulated;
+}
+
+ModemHardware* modemHardware()
+{
+    return library().modem.get();
+}
+
+ModemMemory* modemMemory(int memory)
+{
+    if (memory == ORVA_MEMORY_CARD)
+        return library().modemCard.get();
+    return memory == ORVA_MEMORY_DEVICE ? library().modemDevice.get() : nullptr;
 }
 
 EventHub& events()

@@ -10,6 +10,8 @@ namespace orva
 
 class EventHub;
 class Hardware;
+class ModemHardware;
+class ModemMemory;
 class SimulatedHardware;
 class Store;
 
@@ -32,6 +34,10 @@ Hardware& hardware();
 
 // The same with its switches. ORVA_E_UNSUPPORTED while the hardware is real.
 SimulatedHardware& simulatedHardware();
+
+// The real hardware and its memories; null while it is simulated, and for a memory that is no card and no device.
+ModemHardware* modemHardware();
+ModemMemory* modemMemory(int memory);
 
 EventHub& events();
 

@@ -6,6 +6,7 @@
 #include "api/Library.h"
 #include "devices/SimulatedHardware.h"
 #include "events/EventHub.h"
+#include "memories/ModemMemory.h"
 
 using namespace orva;
 
@@ -100,7 +101,14 @@ long ORVA_Sim_SetDeviceFields(int count)
 
 long ORVA_Sim_SetNameUnits(int units)
 {
-    return switched(__func__, [&](SimulatedHardware& all) { return all.setNameUnits(units != 0); });
+    return guarded(__func__, [&] {
+        // The host knows this of its product, whatever the hardware is.
+        if (ModemMemory* const card = modemMemory(ORVA_MEMORY_CARD))
+            card->setCountsUnits(units != 0);
+        else
+            simulatedHardware().setNameUnits(units != 0);
+        return ORVA_OK;
+    });
 }
 
 long ORVA_Sim_WaitEvents(void)

@@ -1,5 +1,8 @@
 #include "memories/ModemMemory.h"
 
+#include <algorithm>
+#include <cstring>
+
 #include "base/Text.h"
 #include "memories/Limits.h"
 
@@ -8,6 +11,14 @@ namespace orva
 
 namespace
 {
+
+// What people write between digits.
+std::string withoutSeparators(std::string number)
+{
+    const auto separator = [](char c) { return std::strchr(" -./()", c) != nullptr; };
+    number.erase(std::remove_if(number.begin(), number.end(), separator), number.end());
+    return number;
+}
 
 void appendRow(RowBlock& rows, int id, const PhonebookEntry& entry)
 {
@@ -27,6 +38,7 @@ int ModemMemory::size()
 Extent ModemMemory::extent()
 {
     m_hardware.requireOpen(m_memory);
+    m_hardware.noteOpened(m_memory);
     return m_hardware.state().with(m_memory, [](ModemBook& book) {
         return Extent{book.entries.size(), book.entries.last()};
     });
@@ -80,10 +92,13 @@ PhonebookEntry ModemMemory::entryFor(const Values& values)
     m_hardware.requireOpen(m_memory);
     if (capacity() == 0)
         throw Failure(ORVA_E_BUSY, "the memory is not ready");
-    requireFit(*profile(), values, m_memory == ORVA_MEMORY_CARD ? cardLength : plainLength);
+    const bool encoded = m_memory == ORVA_MEMORY_CARD && !m_countsUnits;
+    if (values.size() != 2)
+        throw Failure(ORVA_E_ARGUMENT, "the record was made for other fields");
+    const std::string number = withoutSeparators(toUtf8(values[1]));
+    requireFit(*profile(), {values[0], fromUtf8(number)}, encoded ? cardLength : plainLength);
     PhonebookEntry entry;
     entry.alpha = values[0];
-    const std::string number = toUtf8(values[1]);
     entry.number = cleanNumber(number);
     if (entry.number != number)
         throw Failure(ORVA_E_ARGUMENT, "a number with other characters than a card stores");

@@ -1,6 +1,9 @@
 #ifndef SDK_MEMORIES_MODEMMEMORY_H
 #define SDK_MEMORIES_MODEMMEMORY_H
 
+#include <atomic>
+#include <string>
+
 #include "memories/Memory.h"
 #include "modem/ModemHardware.h"
 
@@ -33,6 +36,9 @@ public:
     void end() override;
     std::uint64_t changes() const override { return m_hardware.epoch(); }
 
+    // Whether names count one for each UTF-16 unit; the modem has the last word.
+    void setCountsUnits(bool units) { m_countsUnits = units; }
+
     // The whole of it into a new file, and back again from one of the same card or modem.
     void backup(const std::string& path);
     void restore(const std::string& path);
@@ -43,6 +49,7 @@ private:
     ModemHardware& m_hardware;
     const int m_memory;
     std::atomic<bool> m_batch{false}; // a begin has been, and no write since
+    std::atomic<bool> m_countsUnits{false};
 };
 
 } // namespace orva

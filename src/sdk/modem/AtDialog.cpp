@@ -236,14 +236,12 @@ Reply AtDialog::ask(const std::string& command, std::string_view prefix)
     return ask(command, prefix, m_patience.plain);
 }
 
-bool AtDialog::drain()
+void AtDialog::drain()
 {
     std::string line;
-    bool any = false;
     while (nextLine(line, m_patience.quiet))
-        any = true;
+        continue;
     m_reader.clear();
-    return any;
 }
 
 bool AtDialog::recover(int attempts)
@@ -257,7 +255,9 @@ bool AtDialog::recover(int attempts)
         Reply named = collect("AT+CSCS?", "+CSCS", m_patience.life);
         while (!named.silent() && named.lines.empty())
             named = collect("AT+CSCS?", "+CSCS", m_patience.quiet);
-        drain();
+        // Behind an answer with a name nothing late is left.
+        if (named.lines.empty())
+            drain();
         m_unsure = false;
         return true;
     }

@@ -283,6 +283,11 @@ std::string maskedLine(std::string_view line, std::string_view command, std::uin
     if (beginsWith(line, "+CRSM") && colon != std::string_view::npos)
         // Two status words stand before the data.
         return std::string(line.substr(0, colon + 1)) + maskedValues(line.substr(colon + 1), key, 2);
+    for (const std::string_view network : {"+CREG", "+CGREG", "+CEREG"}) {
+        // Whether there is a network, but not where.
+        if (colon == network.size() && beginsWith(line, network))
+            return std::string(line.substr(0, colon + 1)) + maskedValues(line.substr(colon + 1), key, 2);
+    }
     if (harmless(line) || command.find("+CGM") != std::string_view::npos || command == "ATI")
         return std::string(line);
     const bool named = colon != std::string_view::npos && (line.front() == '+' || line.front() == '^');

@@ -5,6 +5,8 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <new>
+#include <optional>
 #include <utility>
 
 #include "base/Log.h"
@@ -39,7 +41,7 @@ struct ModemHardware::Job {
     explicit Job(const std::function<void(ModemSession&)>& asked) : work(asked) {}
 
     const std::function<void(ModemSession&)>& work; // the caller's, who waits while it runs
-    std::exception_ptr failure;
+    std::optional<Failure> failure;                 // by value: the thread and the caller each have their own
     bool running = false;
     bool done = false;
 };
@@ -112,6 +114,12 @@ ModemState& ModemHardware::state()
     return m_state;
 }
 
+void ModemHardware::noteOpened(int memory)
+{
+    m_state.noteOpened(memory);
+    signal(m_wake);
+}
+
 // ---- Jobs
 
 void ModemHardware::perform(const std::function<void(ModemSession&)>& work)
@@ -130,7 +138,7 @@ void ModemHardware::perform(const std::function<void(ModemSession&)>& work)
     // Under way it has its own deadlines, and its outcome must be known.
     m_done.wait(lock, [&] { return job->done; });
     if (job->failure)
-        std::rethrow_exception(job->failure);
+        throw Failure(*job->failure);
 }
 
 std::shared_ptr<ModemHardware::Job> ModemHardware::nextJob()
@@ -147,15 +155,19 @@ std::shared_ptr<ModemHardware::Job> ModemHardware::nextJob()
 void ModemHardware::doJobs(ModemSession& session)
 {
     while (const std::shared_ptr<Job> job = nextJob()) {
-        std::exception_ptr failure;
+        std::optional<Failure> failure;
         bool gone = false;
         try {
             job->work(session);
-        } catch (const PortGone&) {
-            failure = std::current_exception();
+        } catch (const PortGone& ended) {
+            failure = ended;
             gone = true;
-        } catch (...) {
-            failure = std::current_exception();
+        } catch (const Failure& failed) {
+            failure = failed;
+        } catch (const std::bad_alloc&) {
+            failure = Failure(ORVA_E_NO_MEMORY, "out of memory");
+        } catch (const std::exception& unexpected) {
+            failure = Failure(ORVA_E_INTERNAL, unexpected.what());
         }
         {
             const std::lock_guard<std::mutex> lock(m_mutex);
@@ -171,7 +183,7 @@ void ModemHardware::doJobs(ModemSession& session)
 // Nothing can be done for those who wait.
 void ModemHardware::refuseJobs()
 {
-    const auto failure = std::make_exception_ptr(Failure(ORVA_E_ABSENT, "no modem"));
+    const Failure failure(ORVA_E_ABSENT, "no modem");
     while (const std::shared_ptr<Job> job = nextJob()) {
         const std::lock_guard<std::mutex> lock(m_mutex);
         job->failure = failure;
@@ -205,6 +217,8 @@ void ModemHardware::run()
 
 void ModemHardware::serve()
 {
+    if (m_port.empty() || m_port.front() != '/')
+        throw Failure(ORVA_E_ARGUMENT, "\"" + m_port + "\" is neither \"simulated\" nor the path of a modem's port");
     Tty tty(m_port, m_leave);
     if (m_record)
         m_record->note("port opened");

@@ -3,7 +3,6 @@
 
 #include <condition_variable>
 #include <deque>
-#include <exception>
 #include <functional>
 #include <memory>
 #include <mutex>
@@ -35,6 +34,8 @@ public:
     ModemHardware(const ModemHardware&) = delete;
     ModemHardware& operator=(const ModemHardware&) = delete;
 
+    const std::string& port() const { return m_port; }
+
     DeviceStatus status() const override;
     std::vector<int> memories() const override;
     void requireOpen(int memory) const override;
@@ -44,6 +45,9 @@ public:
 
     // What is known without asking; starts the thread like everything else here.
     ModemState& state();
+
+    // Somebody opens a memory's list: it is looked at again if that was long ago.
+    void noteOpened(int memory);
 
     // Runs `work` on the modem's thread. ORVA_E_ABSENT without a modem, and when it goes meanwhile.
     void perform(const std::function<void(ModemSession&)>& work);

@@ -102,8 +102,12 @@ Milliseconds ModemSession::work()
         if (++m_looks % looksBetweenNetwork == 0)
             lookAtNetwork();
     }
-    for (const int memory : {ORVA_MEMORY_CARD, ORVA_MEMORY_DEVICE})
+    for (const int memory : {ORVA_MEMORY_CARD, ORVA_MEMORY_DEVICE}) {
+        // Nobody tells of changes by others; a list that is looked at must not be older than a minute.
+        if (m_state.takeOpened(memory) && own(memory).counted && now - own(memory).countedAt > m_timings.stale)
+            own(memory).due = true;
         readWhatIsDue(memory);
+    }
     now = std::chrono::steady_clock::now();
     if (m_foreignSet && now - m_used > idleBeforeRest) {
         m_book.finish();

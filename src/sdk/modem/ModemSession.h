@@ -17,6 +17,7 @@ struct ModemTimings {
     Milliseconds question{5000}; // one short question, which finds a card pulled
     Milliseconds retry{500};     // after a port that cannot be opened
     Milliseconds fresh{1000};    // what was asked so short ago need not be asked before a write
+    Milliseconds stale{60000};   // after which a list that is opened is read again
     Milliseconds job{15000};     // that a call waits for its turn
 };
 

@@ -27,6 +27,7 @@ struct ModemBook {
     PhonebookStorage storage;
     EntryTable entries;
     std::shared_ptr<const Profile> profile;
+    std::atomic<bool> opened{false}; // its list, without the lock
 };
 
 /*
@@ -60,7 +61,12 @@ public:
     bool markSaved(const std::string& key);
     void unmarkSaved(const std::string& key);
 
+    // Whether somebody has opened a memory's list since the last such question.
+    bool takeOpened(int memory) { return book(memory).opened.exchange(false); }
+
     // ---- For any thread
+
+    void noteOpened(int memory) { book(memory).opened = true; }
 
     DeviceStatus status() const;
     std::vector<int> memories() const;

@@ -170,6 +170,28 @@ TEST(aChangedCountIsNoticedBeforeABatch)
     CHECK_EQ(library.card.size(), 8);
 }
 
+TEST(aListThatIsOpenedAfterAWhileIsReadAgain)
+{
+    const Place place;
+    Modem modem(place.plan());
+    ModemTimings timings = quickTimings();
+    timings.stale = Milliseconds(100);
+    Library library(place, timings);
+    REQUIRE(library.ready());
+    modem.putEntry("SM", {1, "+999", "Somebody else", ""});
+    CHECK(eventually([&] { return library.rows(library.card).find("Somebody else") != std::string::npos; }));
+    const int commands = modem.commands("AT+CPBR");
+    timings.stale = Milliseconds(60000);
+    library.hardware.stop();
+    Library second(place, timings);
+    REQUIRE(second.ready());
+    const int read = modem.commands("AT+CPBR");
+    CHECK(read > commands);
+    for (int i = 0; i < 20; ++i)
+        second.rows(second.card);
+    CHECK_EQ(modem.commands("AT+CPBR"), read);
+}
+
 TEST(theWholeCardIsPutAsideBeforeTheFirstWriteAndCanBePutBack)
 {
     const Place place;

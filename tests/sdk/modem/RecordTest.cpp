@@ -104,6 +104,7 @@ TEST(whatTellsOfTheModemAloneStays)
          {"+CPBS: \"SM\",5,20", "+CSCS: (\"GSM\",\"UCS2\")", "+CPIN: READY", "+CME ERROR: 22", "OK", "+CSQ: 20,99"})
         CHECK_EQ(maskedLine(line, "AT", key), line);
     CHECK_EQ(maskedLine("+CPBR: (1-250),40,18", "AT+CPBS=\"SM\";+CPBR=?", key), "+CPBR: (1-250),40,18");
+    CHECK_EQ(maskedLine("+CREG: 2,1", "AT+CREG?", key), "+CREG: 2,1");
     CHECK_EQ(maskedLine("Simulated Modem", "AT+CGMM", key), "Simulated Modem");
     CHECK_EQ(maskedCommand("AT+CPBS=\"SM\";+CPBR=1,50", key), "AT+CPBS=\"SM\";+CPBR=1,50");
 }

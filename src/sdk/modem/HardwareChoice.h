@@ -1,0 +1,23 @@
+#ifndef SDK_MODEM_HARDWARECHOICE_H
+#define SDK_MODEM_HARDWARECHOICE_H
+
+#include <string>
+
+namespace orva
+{
+
+constexpr char simulatedChoice[] = "simulated";
+
+// What stands behind card and device: "simulated", or the path of a modem's port. LINKHAND_MODEM says so, else what is
+// kept in the data folder, else it is simulated.
+std::string hardwareChoice(const std::string& folder);
+
+// What is kept in the data folder, whatever the environment says.
+std::string keptHardwareChoice(const std::string& folder);
+
+// Keeps a choice for the programs that start from now on. Failure(ORVA_E_ARGUMENT) for anything else than the above.
+void keepHardwareChoice(const std::string& folder, const std::string& choice);
+
+} // namespace orva
+
+#endif // SDK_MODEM_HARDWARECHOICE_H
