@@ -2,8 +2,8 @@
 
 #include "BatchFlows.h"
 
-// What may happen while a batch has its first, a middle or its last record in hand: the batch goes on or ends as told,
-// nothing hangs, and what the screen says is what the store holds.
+// What may happen while a batch has its first, a middle or its last record in hand: the batch goes on, or ends with
+// that record, nothing hangs, and what the screen says is what the store holds.
 class BatchEventsTest : public QObject
 {
     Q_OBJECT

@@ -22,7 +22,7 @@ private:
 private slots:
     void cleanup() { QCOMPARE(FakeSdk::leaks(), QString()); }
 
-    void fileDialogIsAskedAsTold()
+    void fileDialogOffersTheCsvFilesOfTheDesktop()
     {
         FilesFixture f;
         f.build();

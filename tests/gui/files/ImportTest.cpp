@@ -14,7 +14,7 @@ class ImportTest : public QObject
 private slots:
     void cleanup() { QCOMPARE(FakeSdk::leaks(), QString()); }
 
-    void fileDialogIsAskedAsTold()
+    void fileDialogOpensOnTheCsvFilesOfTheDesktop()
     {
         FilesFixture f;
         f.build();

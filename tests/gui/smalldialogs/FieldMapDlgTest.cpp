@@ -16,7 +16,7 @@ private slots:
     void theMemoryIsNamedAboveTheRightTable();
     void aLongNameOfAFilePushesNothingAside();
     void theColumnsFillTheTables();
-    void rowsAreAsHighAsTold();
+    void everyRowIsFifteenPixelsHigh();
     void moreColumnsThanRowsGrowTheLeftTable();
     void rowsBeyondTheTitlesAreDisabled();
     void anEmptyTitleIsADisabledRow();
@@ -141,7 +141,7 @@ void FieldMapDlgTest::theColumnsFillTheTables()
     QVERIFY(QFontMetrics(right()->font()).height() <= 15);
 }
 
-void FieldMapDlgTest::rowsAreAsHighAsTold()
+void FieldMapDlgTest::everyRowIsFifteenPixelsHigh()
 {
     fill({"Name"});
     for (int row = 0; row < 11; ++row) {

@@ -40,7 +40,7 @@ private slots:
         QCOMPARE(FakeCore::runningWorkers(), 0);
     }
 
-    void partsAreNamedAndPlacedAsTold()
+    void treeStandsBesideToolBarTableAndPreview()
     {
         WindowFixture f;
         f.build();

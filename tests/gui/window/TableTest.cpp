@@ -17,7 +17,7 @@ private slots:
         QCOMPARE(FakeSdk::leaks(), QString());
     }
 
-    void tableIsSetUpAsTold()
+    void tableShowsWholeReadOnlyRowsWithoutGrid()
     {
         WindowFixture f;
         WindowFixture::fillStores();
@@ -336,8 +336,8 @@ private slots:
         QVERIFY(FakeCore::messages().isEmpty());
     }
 
-    // The closing tag is so written.
-    void noRecordTextIsMarkedUpAsTold()
+    // The tag at the end is written like one that opens.
+    void noRecordTextStandsInHtmlTagsAndCountsAsShown()
     {
         WindowFixture f;
         f.build();

@@ -38,7 +38,7 @@ private slots:
         QCOMPARE(groupOf(treeNodeData(f.node("Friends")))->strName, QString("Friends"));
     }
 
-    void treeIsSetUpAsTold()
+    void treeStartsWithoutHeaderOnTheExpandedLocalNode()
     {
         WindowFixture f;
         f.build();

@@ -91,6 +91,25 @@ TEST(restoringAgainAtOnceKeepsEachStoreThatWasThere)
     CHECK_EQ(sizeOf(local), 1);
 }
 
+TEST(whatWasGivenOutBeforeTheDamageIsNotGivenOutAfterIt)
+{
+    const std::string data = useFreshFolder();
+    add(local, {{"Name", u"Anna"}});
+    const int record = add(local, {{"Name", u"late"}});
+    CHECK_EQ(ORVA_PBSrv_DelAddrRec(record, local), ORVA_OK);
+    addGroup(u"group");
+    const int group = addGroup(u"late");
+    CHECK_EQ(ORVA_PBSrv_DelGroup(group, local), ORVA_OK);
+    CHECK_EQ(ORVA_Sim_Reset(nullptr), ORVA_OK);
+    CHECK_EQ(RawStore(data).ask("DROP TABLE memberships"), "");
+    CHECK_EQ(ORVA_Sim_Reset(data.c_str()), ORVA_OK);
+    CHECK_EQ(sizeOf(local), 1);
+    CHECK(countAside(data, "damaged") > 0);
+    CHECK(groupIds() == std::vector<int>{1});
+    CHECK_EQ(add(local, {{"Name", u"new"}}), record + 1);
+    CHECK_EQ(addGroup(u"new"), group + 1);
+}
+
 // ---- Files
 
 TEST(everyConnectionWaitsForTheDiskAndForgetsWhatIsDeleted)

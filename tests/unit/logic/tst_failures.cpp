@@ -2,8 +2,8 @@
 
 #include "LogicTest.h"
 
-// Every flow of the logic with each of its SDK calls failing once, and once giving null: the result of a flow that
-// failed, nothing left behind, no transaction open.
+// Every flow of the logic with each of its SDK calls failing once, and once giving null: the result of a failure,
+// nothing left behind, no transaction open.
 
 namespace
 {

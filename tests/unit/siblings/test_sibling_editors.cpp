@@ -9,6 +9,7 @@
 #include "common/MessageWindows.h"
 #include "linkhand/core/ExtendDialog.h"
 #include "notify/NotifyLog.h"
+#include "videocall/VideoCallPlugin.h"
 #include "voicecall/CallPage.h"
 
 // Parts of the siblings with no host around them.
@@ -24,6 +25,7 @@ private slots:
     void eachOpenEditorIsKeptInMind();
     void anEditorThatWasClosedIsForgotten();
     void returnDialsNothingThatIsNoNumber();
+    void aVideoCallAloneOpensTheVideoWindow();
     void theLogKeepsTheLatestOfTheFilesSetAside();
 
 private:
@@ -136,6 +138,19 @@ void TestSiblingEditors::returnDialsNothingThatIsNoNumber()
     pNumber->setText("123");
     QTest::keyClick(pNumber, Qt::Key_Return);
     QVERIFY(bBox);
+}
+
+void TestSiblingEditors::aVideoCallAloneOpensTheVideoWindow()
+{
+    VideoCallPlugin plugin;
+    QVERIFY(plugin.Init());
+    QVERIFY(QMetaObject::invokeMethod(&plugin, "OnCallStarted", Q_ARG(QString, "1"), Q_ARG(int, HOST_CALL_VOICE)));
+    QCOMPARE(windows().size(), 0);
+    QVERIFY(QMetaObject::invokeMethod(&plugin, "OnCallStarted", Q_ARG(QString, "1"), Q_ARG(int, HOST_CALL_VIDEO)));
+    QCOMPARE(windows().size(), 1);
+    QVERIFY(windows().first()->isVisible());
+    plugin.OnDestroy();
+    QCOMPARE(windows().size(), 0);
 }
 
 void TestSiblingEditors::theLogKeepsTheLatestOfTheFilesSetAside()
