@@ -78,8 +78,10 @@ QList<int> fill(int memory, const QString& prefix, int n)
 
 void atRecord(const QByteArray& operation, int nth, std::function<void()> function)
 {
-    FakeSdk::onCall(operation, nth,
-                    [function] { QUEUED_EMIT(QMetaObject::invokeMethod(qApp, function, Qt::QueuedConnection)); });
+    FakeSdk::onCall(operation, nth, [function] {
+        const QueuedEmitScope scope;
+        QMetaObject::invokeMethod(qApp, function, Qt::QueuedConnection);
+    });
 }
 
 ABWaitingDlg* waitingWindow()
