@@ -419,11 +419,19 @@ private slots:
         WindowFixture f;
         WindowFixture::fillStores();
         f.build();
+        for (int i = 0; i < 500; ++i)
+            FakeSdk::addRecord(0, {QString("Card %1").arg(i), "1"});
+        FakeSdk::setDelay("AddrRecordSet_GetID", 20);
+        FakeSdk::setRecording(false);
+        const int first = FakeSdk::count("AddrRecordSet_GetID");
+        int before = 0;
         auto* mainWindow = new QWidget;
         FakeCore::setMainWindow(mainWindow);
         QTimer user;
         connect(&user, &QTimer::timeout, [&] {
-            if (FakeCore::dialogs().isEmpty() || !FakeCore::dialogs().first()->isVisible())
+            // A worker is in the middle of the card.
+            before = FakeSdk::count("AddrRecordSet_GetID");
+            if (FakeCore::dialogs().isEmpty() || !FakeCore::dialogs().first()->isVisible() || before < first + 10)
                 return;
             user.stop();
             if (host) {
@@ -439,6 +447,7 @@ private slots:
         QCOMPARE(numbers, QList<QString>{"999"});
         QVERIFY(FakeCore::dialogs().isEmpty());
         QCOMPARE(FakeCore::runningWorkers(), 0);
+        QVERIFY(FakeSdk::count("AddrRecordSet_GetID") <= before + 5); // a record for each worker at most
         FakeCore::setMainWindow(nullptr);
         if (!host)
             delete mainWindow;
