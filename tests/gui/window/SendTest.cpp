@@ -425,6 +425,7 @@ private slots:
         FakeSdk::setRecording(false);
         const int first = FakeSdk::count("AddrRecordSet_GetID");
         int before = 0;
+        int alive = 0;
         auto* mainWindow = new QWidget;
         FakeCore::setMainWindow(mainWindow);
         QTimer user;
@@ -438,6 +439,7 @@ private slots:
                 delete mainWindow;
             } else {
                 f.destroy();
+                alive = FakeCore::runningWorkers(); // none works on when the window and with it the logic has gone
                 FakeCore::dialogs().first()->close();
             }
         });
@@ -446,6 +448,7 @@ private slots:
         QVERIFY(!f.window()->OpenNumSelectDlg(true, FIELD_TYPE_DEFAULT, numbers));
         QCOMPARE(numbers, QList<QString>{"999"});
         QVERIFY(FakeCore::dialogs().isEmpty());
+        QCOMPARE(alive, 0);
         QCOMPARE(FakeCore::runningWorkers(), 0);
         QVERIFY(FakeSdk::count("AddrRecordSet_GetID") <= before + 5); // a record for each worker at most
         FakeCore::setMainWindow(nullptr);
