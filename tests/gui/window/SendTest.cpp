@@ -419,17 +419,27 @@ private slots:
         WindowFixture f;
         WindowFixture::fillStores();
         f.build();
+        for (int i = 0; i < 500; ++i)
+            FakeSdk::addRecord(0, {QString("Card %1").arg(i), "1"});
+        FakeSdk::setDelay("AddrRecordSet_GetID", 20);
+        FakeSdk::setRecording(false);
+        const int first = FakeSdk::count("AddrRecordSet_GetID");
+        int before = 0;
+        int alive = 0;
         auto* mainWindow = new QWidget;
         FakeCore::setMainWindow(mainWindow);
         QTimer user;
         connect(&user, &QTimer::timeout, [&] {
-            if (FakeCore::dialogs().isEmpty() || !FakeCore::dialogs().first()->isVisible())
+            // A worker is in the middle of the card.
+            before = FakeSdk::count("AddrRecordSet_GetID");
+            if (FakeCore::dialogs().isEmpty() || !FakeCore::dialogs().first()->isVisible() || before < first + 10)
                 return;
             user.stop();
             if (host) {
                 delete mainWindow;
             } else {
                 f.destroy();
+                alive = FakeCore::runningWorkers(); // none works on when the window and with it the logic has gone
                 FakeCore::dialogs().first()->close();
             }
         });
@@ -438,7 +448,9 @@ private slots:
         QVERIFY(!f.window()->OpenNumSelectDlg(true, FIELD_TYPE_DEFAULT, numbers));
         QCOMPARE(numbers, QList<QString>{"999"});
         QVERIFY(FakeCore::dialogs().isEmpty());
+        QCOMPARE(alive, 0);
         QCOMPARE(FakeCore::runningWorkers(), 0);
+        QVERIFY(FakeSdk::count("AddrRecordSet_GetID") <= before + 5); // a record for each worker at most
         FakeCore::setMainWindow(nullptr);
         if (!host)
             delete mainWindow;

@@ -336,6 +336,7 @@ FAKE_SETTER(setProductType, int, productType)
 FAKE_SETTER(setCardType, int, cardType)
 FAKE_SETTER(setNetStatus, int, netStatus)
 FAKE_SETTER(setRecording, bool, recording)
+FAKE_SETTER(setTitleLengthCode, long, titleLengthCode)
 
 void FakeSdk::setCapacity(int memory, int capacity)
 {

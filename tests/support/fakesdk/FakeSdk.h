@@ -98,6 +98,7 @@ public:
     // What an import of this path (or application) gives: the columns of each row. Unknown paths give ORVA_E_FORMAT.
     static void setImport(const QString& path, const QList<QStringList>& rows);
     static void setFileTitles(const QString& path, const QByteArray& titles);
+    static void setTitleLengthCode(long code); // beside the length of a file's titles; 2 by default
     static void setOutlookInstalled(const QByteArray& name, bool installed);
     static QList<Export> exports();
     static QList<int> lastFieldMap(); // of the last import

@@ -133,7 +133,7 @@ long ORVA_PBSrv_GetFileFieldDescription(const unsigned short* path, char* buffer
         return ORVA_E_NOT_FOUND;
     if (buffer == nullptr) {
         *length = order.null ? 0 : found->size() + 1;
-        return 2;
+        return state().titleLengthCode;
     }
     if (*length < found->size() + 1)
         return ORVA_E_ARGUMENT;

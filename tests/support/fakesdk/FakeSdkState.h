@@ -74,6 +74,7 @@ struct State {
 
     QHash<QString, QList<QStringList>> imports;
     QHash<QString, QByteArray> titles;
+    long titleLengthCode = 2;
     QSet<QByteArray> outlooks;
     QList<FakeSdk::Export> exports;
     QList<int> lastFieldMap;

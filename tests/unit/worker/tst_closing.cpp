@@ -28,6 +28,11 @@ void runOne(AddrBookThread& worker)
 {
     FakeSdk::clearCalls();
     worker.start(QThread::InheritPriority);
+    if (worker.wait(10000))
+        return;
+    check(false, "a worker that does not end", FakeSdk::totalCalls());
+    worker.StopOperation();
+    worker.SetSlotExecutionStatus();
     worker.wait();
 }
 
