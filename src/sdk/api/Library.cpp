@@ -25,6 +25,7 @@ namespace
 struct Library {
     explicit Library(const std::string& folder) : simulated(folder, events), local(folder, simulated)
     {
+        tellLossesOf(local.store());
         const std::string choice = hardwareChoice(folder);
         if (choice != simulatedChoice) {
             modem = std::make_unique<ModemHardware>(folder, choice, events);
@@ -34,6 +35,13 @@ struct Library {
         }
         card = std::make_unique<SimMemory>(folder, simulated, ORVA_MEMORY_CARD);
         device = std::make_unique<SimMemory>(folder, simulated, ORVA_MEMORY_DEVICE);
+        tellLossesOf(card->store());
+        tellLossesOf(device->store());
+    }
+
+    void tellLossesOf(Store& store)
+    {
+        store.onLoss([this] { events.post(ORVA_EVENT_STORE_LOSS); });
     }
 
     Hardware& hardware()
