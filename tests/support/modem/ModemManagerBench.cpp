@@ -96,7 +96,7 @@ ModemManagerBench::~ModemManagerBench()
     m_monitor.reset();
     if (m_machine) {
         m_machine->closeInput();
-        m_machine->wait(Milliseconds(5000));
+        m_machine->wait(Milliseconds(30000)); // it takes its folder away
     }
 }
 
