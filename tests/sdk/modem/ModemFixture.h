@@ -27,10 +27,10 @@ namespace fixture
 
 using namespace orva;
 
-// Looks again until the condition holds; false after ten seconds.
+// Looks again until the condition holds; false after a minute.
 inline bool eventually(const std::function<bool()>& condition)
 {
-    const auto until = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+    const auto until = std::chrono::steady_clock::now() + std::chrono::seconds(60);
     while (!condition()) {
         if (std::chrono::steady_clock::now() > until)
             return false;
@@ -79,8 +79,8 @@ private:
 inline ModemTimings quickTimings()
 {
     ModemTimings timings;
-    timings.patience.plain = timings.patience.pin = timings.patience.read = timings.patience.write = Milliseconds(500);
-    timings.patience.life = Milliseconds(300);
+    timings.patience.plain = timings.patience.pin = timings.patience.read = timings.patience.write = Milliseconds(1200);
+    timings.patience.life = Milliseconds(800);
     timings.patience.quiet = Milliseconds(20);
     timings.question = Milliseconds(100);
     timings.retry = Milliseconds(20);

@@ -18,8 +18,8 @@ namespace
 Patience shortPatience()
 {
     Patience patience;
-    patience.plain = patience.pin = patience.read = patience.write = Milliseconds(700);
-    patience.life = Milliseconds(700);
+    patience.plain = patience.pin = patience.read = patience.write = Milliseconds(2500);
+    patience.life = Milliseconds(1500);
     patience.quiet = Milliseconds(50);
     patience.busy = Milliseconds(5000);
     return patience;
