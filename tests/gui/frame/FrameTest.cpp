@@ -344,6 +344,23 @@ private slots:
         FakeCore::setMainWindow(nullptr);
     }
 
+    void linesNameTheFileWithoutItsFolder()
+    {
+        static QStringList lines;
+        lines.clear();
+        const QtMessageHandler before =
+            qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString& text) { lines << text; });
+        QRect rect(0, 0, 100, 100);
+        m_plugin->ShowWindow(m_page.get(), rect);
+        m_plugin->Hide();
+        qInstallMessageHandler(before);
+        const QStringList own = lines.filter(QRegExp("^AddrBookUI(Plugin|Service)\\.cpp: \\w+ (called|exit)$"));
+        QVERIFY(!own.isEmpty());
+        QCOMPARE(lines.filter(QRegExp(" rect: x=0, y=0, width=100, height=100$")).size(), 1);
+        for (const QString& line : lines.filter(".cpp"))
+            QVERIFY2(!line.section(".cpp", 0, 0).contains("/"), qPrintable(line));
+    }
+
     void noticeAfterTheEndFindsNoWindow()
     {
         m_plugin->Init();
