@@ -1,12 +1,24 @@
 #ifndef LINKHAND_QTCOMPAT_H
 #define LINKHAND_QTCOMPAT_H
 
-// Every difference between the Qt releases this code builds with (4.8 and 5.15) stands here and nowhere else.
+// Every difference between the Qt releases this code builds with (4.8, 5.15 and 6.4) stands here and nowhere else.
 
 #include <QtGlobal>
 
 #include <QByteArray>
 #include <QCoreApplication>
+#if QT_VERSION >= 0x060000
+#include <QEnterEvent>
+#include <QRegExp>
+#include <QScreen>
+#include <QValidator>
+#include <QWidget>
+#else
+#include <QApplication>
+#include <QDesktopWidget>
+#include <QEvent>
+#include <QRegExpValidator>
+#endif
 #if QT_VERSION >= 0x050000
 #include <QGuiApplication>
 #include <QLoggingCategory>
@@ -17,8 +29,12 @@
 #include <cstdlib>
 #endif
 #include <QDrag>
+#include <QDropEvent>
 #include <QFontMetrics>
+#include <QKeySequence>
+#include <QLibraryInfo>
 #include <QObject>
+#include <QSettings>
 #include <QString>
 #include <QThread>
 #include <QtPlugin>
@@ -40,8 +56,120 @@
 #endif
 #endif
 
+#if QT_VERSION >= 0x060000
+// The validator of a QRegExp, which Qt 6 has no longer: a text is accepted if the whole of it matches, and may become
+// acceptable if it matches as far as it goes.
+class QRegExpValidator : public QValidator
+{
+public:
+    QRegExpValidator(const QRegExp& regExp, QObject* pParent) : QValidator(pParent), m_regExp(regExp) {}
+
+    State validate(QString& strText, int& iPosition) const override
+    {
+        QRegExp regExp(m_regExp);
+        if (regExp.exactMatch(strText))
+            return Acceptable;
+        if (regExp.matchedLength() == strText.size())
+            return Intermediate;
+        iPosition = int(strText.size());
+        return Invalid;
+    }
+
+    const QRegExp& regExp() const { return m_regExp; }
+
+private:
+    QRegExp m_regExp;
+};
+#endif
+
 namespace QtCompat
 {
+
+// What a widget's enterEvent gets.
+#if QT_VERSION >= 0x060000
+typedef QEnterEvent EnterEvent;
+#else
+typedef QEvent EnterEvent;
+#endif
+
+// Where a drag hovers or drops, in the widget's own pixels, and the keys held then.
+inline QPoint dropPosition(const QDropEvent& event)
+{
+#if QT_VERSION >= 0x060000
+    return event.position().toPoint();
+#else
+    return event.pos();
+#endif
+}
+
+inline Qt::KeyboardModifiers dropModifiers(const QDropEvent& event)
+{
+#if QT_VERSION >= 0x060000
+    return event.modifiers();
+#else
+    return event.keyboardModifiers();
+#endif
+}
+
+// The signal of a button group that tells the identifier of the button clicked.
+inline const char* idClicked()
+{
+#if QT_VERSION >= 0x060000
+    return SIGNAL(idClicked(int));
+#else
+    return SIGNAL(buttonClicked(int));
+#endif
+}
+
+// Zero-terminated UTF-16 as the SDK hands it out.
+inline QString fromUtf16(const unsigned short* pusText)
+{
+#if QT_VERSION >= 0x060000
+    return QString::fromUtf16(reinterpret_cast<const char16_t*>(pusText));
+#else
+    return QString::fromUtf16(pusText);
+#endif
+}
+
+// The part of the widget's screen that no panel covers.
+inline QRect availableGeometry(const QWidget* pWidget)
+{
+#if QT_VERSION >= 0x060000
+    return pWidget->screen()->availableGeometry();
+#else
+    return QApplication::desktop()->availableGeometry(pWidget);
+#endif
+}
+
+// Ini files in UTF-8, as Qt 6 always has them.
+inline void useUtf8(QSettings& settings)
+{
+#if QT_VERSION >= 0x060000
+    Q_UNUSED(settings)
+#else
+    settings.setIniCodec("UTF-8");
+#endif
+}
+
+// The folder of Qt's own translations.
+inline QString translationsFolder()
+{
+#if QT_VERSION >= 0x060000
+    return QLibraryInfo::path(QLibraryInfo::TranslationsPath);
+#else
+    return QLibraryInfo::location(QLibraryInfo::TranslationsPath);
+#endif
+}
+
+// The first key of a sequence with its modifiers, as one number.
+inline int firstKey(const QKeySequence& sequence)
+{
+#if QT_VERSION >= 0x060000
+    return sequence[0].toCombined();
+#else
+    return int(sequence[0]);
+#endif
+}
 
 // QString::toAscii of Qt 4; Qt 5 dropped the name.
 inline QByteArray toAscii(const QString& strText)
@@ -89,7 +217,7 @@ inline void setDebugEnabled(bool bEnabled)
 // Called before the application object is made: pixels scale with the screen where Qt can do that.
 inline void prepareApplication()
 {
-#if QT_VERSION >= 0x050600
+#if QT_VERSION >= 0x050600 && QT_VERSION < 0x060000
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
 #endif

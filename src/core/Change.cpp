@@ -5,8 +5,11 @@
 #include <QStringList>
 #include <QtDebug>
 
+#include <memory>
+
 #include "Catalogue.h"
 #include "Host.h"
+#include "linkhand/QtCompat.h"
 
 namespace
 {
@@ -60,7 +63,7 @@ private:
     static QKeySequence toKey(const QString& strKey)
     {
         const QKeySequence key = QKeySequence::fromString(strKey, QKeySequence::PortableText);
-        if (key.isEmpty() || int(key[0]) == int(Qt::Key_unknown))
+        if (key.isEmpty() || QtCompat::firstKey(key) == int(Qt::Key_unknown))
             return QKeySequence();
         return key;
     }
@@ -73,9 +76,9 @@ private:
             if (!strLanguage.at(i).isLetterOrNumber() && strLanguage.at(i) != QLatin1Char('_'))
                 return nullptr;
         }
-        QScopedPointer<Catalogue> pCatalogue(new Catalogue);
+        std::unique_ptr<Catalogue> pCatalogue(new Catalogue);
         const QString strFile = m_strPath + QLatin1String("/linkhand_") + strLanguage + QLatin1String(".qm");
-        return pCatalogue->load(strFile) ? pCatalogue.take() : nullptr;
+        return pCatalogue->load(strFile) ? pCatalogue.release() : nullptr;
     }
 
     // "zh-CN" and "zh_CN" are the same; without a file of its own a country's language is the language.

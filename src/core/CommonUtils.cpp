@@ -3,7 +3,6 @@
 #include <climits>
 
 #include <QApplication>
-#include <QDesktopWidget>
 #include <QPointer>
 
 #include "Host.h"
@@ -11,6 +10,7 @@
 #include "MessageBox.h"
 #include "Parentheses.h"
 #include "Settings.h"
+#include "linkhand/QtCompat.h"
 
 QWidget* CommonUtils::GetMainWindow()
 {
@@ -58,7 +58,7 @@ void CommonUtils::MoveCentre(QDialog* pDialog)
     if (pMain != nullptr)
         pMain = pMain->window();
     const bool bOnWindow = pMain != nullptr && pMain->isVisible() && !pMain->isMinimized();
-    const QRect screen = QApplication::desktop()->availableGeometry(bOnWindow ? pMain : pDialog);
+    const QRect screen = QtCompat::availableGeometry(bOnWindow ? pMain : pDialog);
     QRect frame = pDialog->frameGeometry();
     frame.moveCenter(bOnWindow ? pMain->frameGeometry().center() : screen.center());
     // The title bar stays reachable also where the window hangs over the edge of the screen.

@@ -21,9 +21,15 @@ bool isDigit(QChar c)
     return c >= QLatin1Char('0') && c <= QLatin1Char('9');
 }
 
+// A part of a text, or what there is of it; shares the characters of the text, which must outlive it.
+QString partOf(const QString& strText, int iAt, int iLength)
+{
+    return QString::fromRawData(strText.constData() + iAt, qBound(0, int(strText.length()) - iAt, iLength));
+}
+
 bool startsWithAt(const QString& strText, int iAt, const char* szWord)
 {
-    return strText.midRef(iAt, int(strlen(szWord))).compare(QLatin1String(szWord), Qt::CaseInsensitive) == 0;
+    return partOf(strText, iAt, int(strlen(szWord))).compare(QLatin1String(szWord), Qt::CaseInsensitive) == 0;
 }
 
 // The length of the character reference at iAt, such as "&lt;", or 0 if there is none.
@@ -99,11 +105,11 @@ private:
         return c.isSpace() || c.category() == QChar::Other_Control || c == QLatin1Char('"') || c == QLatin1Char('>');
     }
 
-    bool isAmpersand(int iAt) const { return m_strText.midRef(iAt, 5) == QLatin1String("&amp;"); }
+    bool isAmpersand(int iAt) const { return partOf(m_strText, iAt, 5) == QLatin1String("&amp;"); }
 
     int wordStep(int iAt) const { return isAmpersand(iAt) ? 5 : 1; }
 
-    void copy(int iFrom, int iTo) { m_strResult += m_strText.midRef(iFrom, iTo - iFrom); }
+    void copy(int iFrom, int iTo) { m_strResult += m_strText.mid(iFrom, iTo - iFrom); }
 
     void appendLink(const QString& strAddress, int iFrom, int iTo)
     {
@@ -176,7 +182,7 @@ private:
             return iFrom;
         static const char* const schemes[] = {"https", "http", "ftp"};
         for (int i = iFrom; i + 3 < iTo; ++i) {
-            if (m_strText.at(i) != QLatin1Char(':') || m_strText.midRef(i, 3) != QLatin1String("://"))
+            if (m_strText.at(i) != QLatin1Char(':') || partOf(m_strText, i, 3) != QLatin1String("://"))
                 continue;
             const QChar first = m_strText.at(i + 3);
             if (!first.isLetterOrNumber() && first != QLatin1Char('['))

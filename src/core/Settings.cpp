@@ -7,6 +7,7 @@
 #include <QVariant>
 
 #include "Host.h"
+#include "linkhand/QtCompat.h"
 
 namespace
 {
@@ -59,7 +60,7 @@ QString writtenValue(const QString& strFile, const QString& strSection, const QS
 // A value with commas comes back as a list without the blanks that stood between; the configuration knows texts alone.
 QString toText(const QVariant& value, const QString& strWritten)
 {
-    if (value.type() != QVariant::StringList)
+    if (value.userType() != QMetaType::QStringList)
         return value.toString();
     const bool bAsWritten = !strWritten.isEmpty() && !strWritten.contains(QLatin1Char('"')) &&
                             !strWritten.contains(QLatin1Char('\\')) && !strWritten.contains(QLatin1Char(';'));
@@ -72,7 +73,7 @@ QString Settings::value(const QString& strSection, const QString& strKey)
 {
     const QString strPath = strSection + QLatin1Char('/') + strKey;
     QSettings settings(userFile(), QSettings::IniFormat);
-    settings.setIniCodec("UTF-8");
+    QtCompat::useUtf8(settings);
     if (settings.contains(strPath)) {
         const QVariant value = settings.value(strPath);
         const bool bList = value.type() == QVariant::StringList;

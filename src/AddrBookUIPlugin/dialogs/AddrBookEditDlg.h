@@ -7,13 +7,13 @@
 #include <QList>
 #include <QPointer>
 #include <QPushButton>
-#include <QRegExpValidator>
 #include <QString>
 #include <QVBoxLayout>
 #include <QWidget>
 
 #include "dialogs/AddrBookNewContactExtendDialog.h"
 #include "dialogs/NewContactLineEdit.h"
+#include "linkhand/QtCompat.h"
 #include "logic/AddrBookTypes.h"
 
 // One row of the form for a field that has no member of its own. The dialog owns the three objects.

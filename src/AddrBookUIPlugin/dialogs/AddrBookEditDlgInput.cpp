@@ -61,7 +61,7 @@ int AddrBookEditDlg::IsContextOverLong(QString strText)
     const bool bAll = CommonUtils::GetSettings(QLatin1String("customize"), QLatin1String("pbnamecode")).trimmed() ==
                       QLatin1String("all");
 
-    const short sCount = static_cast<short>(qMin(strText.count(), SHRT_MAX));
+    const short sCount = static_cast<short>(qMin(strText.length(), SHRT_MAX));
     short sLength = sCount;
     long lResult = 0;
     SDK_CALL(lResult, ORVA_PBSrv_PBContentCodingJudge, (strText.utf16(), sCount, true, bAll, &sLength));

@@ -194,7 +194,7 @@ void AddrBookSelectContactsDlg::setTreeColumnWidth(QTreeWidgetItem* pitem)
         ++iLevels;
     const QString strText = pitem->text(0);
     const int iWidth = QtCompat::textWidth(m_ptreeContacts->fontMetrics(), strText) +
-                       iLevels * m_ptreeContacts->indentation() + strText.count();
+                       iLevels * m_ptreeContacts->indentation() + strText.length();
     if (m_ptreeContacts->columnWidth(0) < iWidth)
         m_ptreeContacts->setColumnWidth(0, iWidth);
 }

@@ -3,6 +3,8 @@
 
 #include <QString>
 
+#include "linkhand/QtCompat.h"
+
 // A text that the SDK hands out: SDK_CALL(lResult, ORVA_PBSrv_AddrGroupSet_GetName, (set, text.out())).
 // Frees its buffer; movable, not to be copied.
 class SdkText
@@ -33,7 +35,7 @@ public:
     bool isNull() const { return m_pBuffer == nullptr; }
 
     // A null string where the SDK gave none.
-    QString toString() const { return m_pBuffer != nullptr ? QString::fromUtf16(m_pBuffer, -1) : QString(); }
+    QString toString() const { return m_pBuffer != nullptr ? QtCompat::fromUtf16(m_pBuffer) : QString(); }
 
 private:
     void clear()

@@ -37,7 +37,7 @@ QVariant AddrBookTableWidget::inputMethodQuery(Qt::InputMethodQuery enQuery) con
 {
     QVariant answer = QTableWidget::inputMethodQuery(enQuery);
     // Qt gives the cell's place in the viewport and takes it for one in the table, which has a header above.
-    if (answer.type() == QVariant::Rect)
+    if (answer.userType() == QMetaType::QRect)
         return answer.toRect().translated(viewport()->pos());
     return answer;
 }

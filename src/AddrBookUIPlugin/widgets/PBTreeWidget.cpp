@@ -10,6 +10,7 @@
 #include <QTreeWidgetItemIterator>
 #include <QVariant>
 
+#include "linkhand/QtCompat.h"
 #include "linkhand/core/CommonUtils.h"
 #include "logic/AddrBookLogic.h"
 #include "logic/ItemData.h"
@@ -159,7 +160,7 @@ void PBTreeWidget::dragMoveEvent(QDragMoveEvent* pEvent)
 {
     if (pEvent == nullptr)
         return;
-    if (!indexAt(pEvent->pos()).isValid()) {
+    if (!indexAt(QtCompat::dropPosition(*pEvent)).isValid()) {
         pEvent->ignore();
         goBack();
         return;
@@ -189,11 +190,11 @@ void PBTreeWidget::dropEvent(QDropEvent* pEvent)
         return;
     pEvent->accept();
     const QString strIds = draggedIds(pEvent->mimeData());
-    if (!indexAt(pEvent->pos()).isValid() || strIds.isEmpty()) {
+    if (!indexAt(QtCompat::dropPosition(*pEvent)).isValid() || strIds.isEmpty()) {
         setMouseTracking(false);
         return;
     }
-    const QTreeWidgetItem* pitem = itemAt(pEvent->pos());
+    const QTreeWidgetItem* pitem = itemAt(QtCompat::dropPosition(*pEvent));
     if (pitem == nullptr)
         return;
     // Only roots are tested again: a group of a full memory is refused by the hover alone.
@@ -204,7 +205,7 @@ void PBTreeWidget::dropEvent(QDropEvent* pEvent)
         return;
     }
     takeDroppedIds(strIds);
-    m_bCopyInLocal = (pEvent->keyboardModifiers() & Qt::ControlModifier) != 0;
+    m_bCopyInLocal = (QtCompat::dropModifiers(*pEvent) & Qt::ControlModifier) != 0;
     // The current node is the one that was lit last, whatever lies below the mouse now.
     emit itemEntered(currentItem(), 0);
 }

@@ -71,7 +71,7 @@ QVariant UITableItem::data(int iRole) const
 void UITableItem::setData(int iRole, const QVariant& value)
 {
     m_enKeyState = KEY_UNKNOWN;
-    if (m_bOwnValues && (iRole == Qt::DisplayRole || iRole == Qt::EditRole) && value.type() == QVariant::String) {
+    if (m_bOwnValues && (iRole == Qt::DisplayRole || iRole == Qt::EditRole) && value.userType() == QMetaType::QString) {
         if (m_strText == value.toString())
             return;
         m_strText = value.toString();

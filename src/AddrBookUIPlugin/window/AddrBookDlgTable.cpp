@@ -5,6 +5,7 @@
 #include <QVector>
 
 #include <algorithm>
+#include <memory>
 #include <utility>
 
 #include "logic/AddrBookLogic.h"
@@ -276,17 +277,17 @@ bool AddrBookDlg::fillRow(int iRow, _ORVA_EN_PHONEBOOK_MEMORY enType, const Addr
         QString strText = iColumn < record.lstValues.size() ? inOneLine(record.lstValues.at(iColumn)) : QString();
         if (bCorrectParentheses)
             CommonUtils::ParanthesisCorrectionForHeAndAr(strText);
-        QScopedPointer<TableRowData> pData(new (std::nothrow) TableRowData);
-        UITableItem* pItem = pData.isNull() ? nullptr
-                                            : new (std::nothrow) UITableItem(strText, Qt::AlignLeft | Qt::AlignBottom,
-                                                                             pointerToCarrier(pData.data()));
+        std::unique_ptr<TableRowData> pData(new (std::nothrow) TableRowData);
+        UITableItem* pItem = pData == nullptr ? nullptr
+                                              : new (std::nothrow) UITableItem(strText, Qt::AlignLeft | Qt::AlignBottom,
+                                                                               pointerToCarrier(pData.get()));
         if (pItem == nullptr)
             return false;
         pItem->setFlags(pItem->flags() & ~Qt::ItemIsEditable);
         pData->enType = enType;
         pData->iRecordID = record.iID;
         pData->iGroupID = iGroupId;
-        pData.take();
+        pData.release();
         m_ptableContacts->setItem(iRow, iColumn, pItem);
     }
     return true;

@@ -5,6 +5,7 @@
 #include <QToolButton>
 #include <QXmlStreamReader>
 
+#include "linkhand/QtCompat.h"
 #include "logic/Log.h"
 #include "logic/Texts.h"
 #include "window/AddrBookDlg.h"
@@ -50,7 +51,7 @@ bool AddrBookDlg::createToolBar(QWidget* pParent)
 void AddrBookDlg::connectToolBar()
 {
     if (m_pbuttonGroup != nullptr) {
-        connect(m_pbuttonGroup, SIGNAL(buttonClicked(int)), this, SLOT(OnTBBtnClicked(int)));
+        connect(m_pbuttonGroup, QtCompat::idClicked(), this, SLOT(OnTBBtnClicked(int)));
         appendShortcuts();
     }
     if (m_plineeditSearch != nullptr) {

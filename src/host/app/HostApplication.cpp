@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QFile>
 #include <QFont>
-#include <QLibraryInfo>
 #include <QLocale>
 #include <QTimer>
 #include <QTranslator>
@@ -312,8 +311,9 @@ void HostApplication::applyLanguage(const QString& strCode)
     }
     // The texts of Qt's own dialogs, where the distribution has them.
     m_pQtTexts.reset(new QTranslator);
-    m_pQtTexts->load(QLatin1String("qt_") + strCode, QLibraryInfo::location(QLibraryInfo::TranslationsPath));
-    QApplication::installTranslator(m_pQtTexts.data());
+    if (m_pQtTexts->load(QLatin1String("qt_") + strCode, QtCompat::translationsFolder())) {
+        QApplication::installTranslator(m_pQtTexts.data());
+    }
     // Last: a change of translators sets the direction of Qt's own texts.
     QApplication::setLayoutDirection(locale.textDirection());
 }

@@ -10,8 +10,12 @@ SimulatedModem::SimulatedModem(MessageStore& store, QObject* pParent) : Modem(pP
 bool SimulatedModem::Dial(const QString& strNumber, int iType)
 {
     // Digits, with the signs that a dial string may hold, and blanks or hyphens that people write between them.
-    QString strDialled = strNumber;
-    strDialled.remove(QRegExp(QLatin1String("[\\s()./-]")));
+    QString strDialled;
+    foreach (const QChar c, strNumber) {
+        if (!c.isSpace() && !QString(QLatin1String("()./-")).contains(c)) {
+            strDialled += c;
+        }
+    }
     const bool bUsable = QRegExp(QLatin1String("\\+?[0-9*#]+")).exactMatch(strDialled);
     if (!bUsable || !m_strNumber.isEmpty() || !DeviceState::Read().Online()) {
         return false;

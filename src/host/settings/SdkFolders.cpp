@@ -1,5 +1,6 @@
 #include "settings/SdkFolders.h"
 
+#include "linkhand/QtCompat.h"
 #include "orva/orva_sdk.h"
 
 QString SdkFolders::LogFolder()
@@ -8,7 +9,7 @@ QString SdkFolders::LogFolder()
     if (ORVA_GetLogDirectory(&pusPath) != ORVA_OK || pusPath == nullptr) {
         return QString();
     }
-    QString strPath = QString::fromUtf16(pusPath);
+    QString strPath = QtCompat::fromUtf16(pusPath);
     delete[] pusPath;
     return strPath;
 }

@@ -7,6 +7,7 @@
 #include <QMenu>
 #include <QVBoxLayout>
 
+#include "linkhand/QtCompat.h"
 #include "text/HostText.h"
 #include "window/NavButton.h"
 
@@ -34,7 +35,7 @@ NavBar::NavBar(QWidget* pParent)
     pLayout->addWidget(m_pDevice);
     pLayout->addWidget(m_pLanguage);
 
-    connect(m_pPages, SIGNAL(buttonClicked(int)), this, SIGNAL(pageChosen(int)));
+    connect(m_pPages, QtCompat::idClicked(), this, SIGNAL(pageChosen(int)));
     connect(m_pDevice, SIGNAL(toggled(bool)), this, SIGNAL(deviceToggled(bool)));
     connect(m_pLanguage, SIGNAL(clicked()), this, SLOT(OnLanguageClicked()));
     connect(m_pLanguageActions, SIGNAL(triggered(QAction*)), this, SLOT(OnLanguageChosen(QAction*)));

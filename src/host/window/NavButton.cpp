@@ -65,7 +65,7 @@ void NavButton::paintEvent(QPaintEvent*)
     painter.drawText(QRect(0, MARGIN + GLYPH_SIZE + GAP, width(), fontMetrics().height()), Qt::AlignHCenter, text());
 }
 
-void NavButton::enterEvent(QEvent* pEvent)
+void NavButton::enterEvent(QtCompat::EnterEvent* pEvent)
 {
     update();
     QAbstractButton::enterEvent(pEvent);

@@ -3,6 +3,7 @@
 
 #include <QAbstractButton>
 
+#include "linkhand/QtCompat.h"
 #include "window/Glyphs.h"
 
 // A button of the side bar: a picture over a word. Paints itself from the palette.
@@ -18,7 +19,7 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* pEvent) override;
-    void enterEvent(QEvent* pEvent) override;
+    void enterEvent(QtCompat::EnterEvent* pEvent) override;
     void leaveEvent(QEvent* pEvent) override;
 
 private:

@@ -5,7 +5,8 @@
 QStringList Recipients::Split(const QString& strLine)
 {
     QStringList lstNumbers;
-    foreach (const QString& strPart, strLine.split(QRegExp(QLatin1String("[;,]")))) {
+    foreach (const QString& strPart,
+             QString(strLine).replace(QLatin1Char(','), QLatin1Char(';')).split(QLatin1Char(';'))) {
         const QString strNumber = strPart.trimmed();
         if (!strNumber.isEmpty()) {
             lstNumbers.append(strNumber);
