@@ -271,7 +271,7 @@ void TestDesktopDrags::aCardThatFillsOnTheWaySaysHowManyWentIn()
     selectThree();
     drag("Anna 0004", "SIM");
     QVERIFY(m_pHost->WaitFor("linkhand_MessageBox"));
-    QCOMPARE(m_pHost->Text("linkhand_MessageBox"), QStringLiteral("The memory is full. Contacts copied: 2"));
+    QCOMPARE(m_pHost->Text("linkhand_MessageBox"), QStringLiteral("The memory is full. Entries copied: 2"));
     QVERIFY(answerBox());
     QVERIFY(shows("SIM card(250/250)"));
     QVERIFY(shows("Computer(8)")); // nothing is lost
