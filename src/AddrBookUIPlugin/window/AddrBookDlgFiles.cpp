@@ -326,6 +326,12 @@ bool AddrBookDlg::exportTo(const QString& strFile, const ExportChoice& choice)
         choice.enOperation == ADDRBOOK_OP_EXPORT_SELECTED || choice.enOperation == ADDRBOOK_OP_EXPORT_ALL;
     if (m_ptableContacts == nullptr || !bExport)
         return true;
+    // The memory is asked for each contact once more, as for every operation on rows; what it answers is not looked at.
+    foreach (int iId, choice.lstIds) {
+        QList<QString> lstValues;
+        if (iId != 0 && m_pAddrBookLogic != nullptr)
+            m_pAddrBookLogic->GetRecord(choice.enMemory, iId, lstValues);
+    }
     const int iResult = m_pAddrBookLogic != nullptr
                             ? m_pAddrBookLogic->ExportToFile(strFile, choice.lstIds, choice.enMemory)
                             : static_cast<int>(ADDRBOOK_FAILED);

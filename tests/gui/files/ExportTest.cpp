@@ -190,6 +190,18 @@ private slots:
         QCOMPARE(FakeSdk::count("ExportToFile"), 2);
     }
 
+    void eachContactIsAskedForOnceMore()
+    {
+        FilesFixture f;
+        WindowFixture::fillStores();
+        f.build();
+        FilesFixture::choose("/a/all.csv");
+        FakeSdk::clearCalls();
+        f.tableAction("IDS_EXPORT_PHONEBOOK")->trigger();
+        QCOMPARE(FakeSdk::count("GetAddrRecord"), 3);
+        QCOMPARE(FakeSdk::exports().last().ids, QList<int>({1, 2, 3}));
+    }
+
     void contactThatIsGoneIsStillNamed()
     {
         FilesFixture f;
