@@ -76,7 +76,7 @@ QString Settings::value(const QString& strSection, const QString& strKey)
     QtCompat::useUtf8(settings);
     if (settings.contains(strPath)) {
         const QVariant value = settings.value(strPath);
-        const bool bList = value.type() == QVariant::StringList;
+        const bool bList = value.userType() == QMetaType::QStringList;
         return toText(value, bList ? writtenValue(settings.fileName(), strSection, strKey) : QString());
     }
     for (const Default& entry : s_defaults) {
