@@ -11,7 +11,7 @@
 class IBasePlugin : public IBaseInterface, public IDestroyEvent
 {
 public:
-    virtual ~IBasePlugin() {}
+    ~IBasePlugin() override {}
 
     // Builds what the plug-in needs to work; called once after loading. False if it cannot work.
     virtual bool Init() = 0;

@@ -10,7 +10,7 @@
 class IUIPlugin : public IBasePlugin
 {
 public:
-    virtual ~IUIPlugin() {}
+    ~IUIPlugin() override {}
 
     // Shows the window as a child of pParent, at rect in the parent's pixels. Called each time the page is brought
     // up. False if the window could not be built.

@@ -284,10 +284,10 @@ bool AddrBookDlg::fillRow(int iRow, _ORVA_EN_PHONEBOOK_MEMORY enType, const Addr
         if (pItem == nullptr)
             return false;
         pItem->setFlags(pItem->flags() & ~Qt::ItemIsEditable);
-        pData->enType = enType;
-        pData->iRecordID = record.iID;
-        pData->iGroupID = iGroupId;
-        pData.release();
+        TableRowData* pRow = pData.release(); // the cell's from here on
+        pRow->enType = enType;
+        pRow->iRecordID = record.iID;
+        pRow->iGroupID = iGroupId;
         m_ptableContacts->setItem(iRow, iColumn, pItem);
     }
     return true;

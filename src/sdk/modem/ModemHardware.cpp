@@ -146,7 +146,7 @@ std::shared_ptr<ModemHardware::Job> ModemHardware::nextJob()
     const std::lock_guard<std::mutex> lock(m_mutex);
     if (m_jobs.empty())
         return nullptr;
-    const std::shared_ptr<Job> job = m_jobs.front();
+    std::shared_ptr<Job> job = m_jobs.front();
     m_jobs.pop_front();
     job->running = true;
     return job;
