@@ -48,6 +48,7 @@ extern "C" {
 #define ORVA_E_TOO_LONG 1011
 #define ORVA_E_UNSUPPORTED 1012 /* this memory has no such thing, such as groups on a card */
 #define ORVA_E_VERSION 1013     /* the store was written by a newer release and is left as it is */
+#define ORVA_E_NUMBER 1014      /* a number's field that holds something else than a telephone number */
 #define ORVA_E_INTERNAL 1099
 
 /* Events, as callbacks get them. The device start service: */
@@ -103,13 +104,15 @@ ORVA_API long ORVA_PBSrv_AddrRecord_SetValue(void* record, const char* key, cons
 ORVA_API long ORVA_PBSrv_AddrRecord_GetValue(void* record, const char* key, unsigned short** value);
 ORVA_API long ORVA_PBSrv_AddrRecord_Release(void* record);
 
-/* Stores the record in its memory and gives the new identifier (1 or more, never used before in that memory).
- * ORVA_E_FULL when the memory is full, ORVA_E_TOO_LONG for a value beyond its field's max_length. Durable when it
- * returns 0 outside a transaction. */
+/* Stores the record in its memory and gives the new identifier (1 or more, never used before in that memory). Fields of
+ * the kinds "Mobile" and "Number" are cleaned first, in the record itself, as ORVA_Care_CleanNumber of orva_care.h
+ * says. ORVA_E_FULL when the memory is full, ORVA_E_NUMBER for such a field with something else than a number or with
+ * an extension, ORVA_E_TOO_LONG for a value that is then beyond its field's max_length. Durable when it returns 0
+ * outside a transaction. */
 ORVA_API long ORVA_PBSrv_AddAddrRec(void* record, int* id);
 
-/* Replaces every field of a stored record; fields not set become empty. ORVA_E_NOT_FOUND if it is not there,
- * ORVA_E_TOO_LONG as above. */
+/* Replaces every field of a stored record; fields not set become empty. ORVA_E_NOT_FOUND if it is not there;
+ * numbers are cleaned, and ORVA_E_NUMBER and ORVA_E_TOO_LONG given, as above. */
 ORVA_API long ORVA_PBSrv_UpdateAddrRec(void* record, int id);
 
 /* Deletes a record with its group memberships. ORVA_E_NOT_FOUND if it is not there. */
@@ -241,8 +244,10 @@ ORVA_API long ORVA_PBSrv_GetFileFieldDescription(const unsigned short* path, cha
  *   first + 65536 * (second + 1) joins two columns by a blank.
  * - A record's identifier is the number of the line it begins in.
  * - Blanks at the ends of a text are part of it, but around quotation marks.
- * - Numbers lose blanks, dots, dashes, slashes and parentheses if only digits, "+", "*" and "#" are left then. A note
- *   is cut to what its field holds; other values may be longer than the memory takes.
+ * - Numbers are cleaned as ORVA_Care_CleanNumber of orva_care.h does it; an extension goes with its number into a line
+ *   of the note. What is no number stays as it is, for the caller to refuse, is named in the log by its line, and so is
+ *   one with an extension where there is no note.
+ * - A note is cut to what its field holds; other values may be longer than the memory takes.
  * - A row that cannot be read is passed over and named by its line in the log; so is the line of a quotation mark that
  *   nothing closes. Rows without a value in the mapped columns are no records.
  * ORVA_E_FORMAT for a file without a usable row, ORVA_E_TOO_LONG for one beyond 256 MB or a million records. */

@@ -7,6 +7,7 @@
 
 #include "Commands.h"
 #include "Groups.h"
+#include "Numbers.h"
 #include "Sdk.h"
 #include "base/Failure.h"
 #include "csv/ColumnGuess.h"
@@ -111,7 +112,39 @@ struct Source {
     std::string name;
     bool lines = false; // identifiers are lines of a file
     std::map<int, std::string> groups;
+    std::vector<std::string>
+        columns; // by their titles, as many as there are fields; of an application the fields' keys
 };
+
+// What became of the contacts so far.
+struct Counts {
+    int total = 0;
+    int added = 0;
+    bool full = false;
+    bool joined = true;
+};
+
+// The fields with more than fits. Names are cut before, and nothing else is counted by its coding.
+std::vector<std::size_t> tooLong(const std::vector<Field>& fields, const std::vector<std::u16string>& values)
+{
+    std::vector<std::size_t> found;
+    for (std::size_t i = 0; i < fields.size(); ++i)
+        if (fields[i].kind != "Name" && values[i].size() > static_cast<std::size_t>(std::max(fields[i].maxLength, 0)))
+            found.push_back(i);
+    return found;
+}
+
+// Says which row was not taken, and for which of its columns, as long as anybody would read that.
+void sayRefused(const Source& source, int line, const Counts& counts, long code, const std::vector<std::size_t>& fields)
+{
+    if (counts.total - counts.added > failuresShown)
+        return;
+    std::string columns;
+    for (const std::size_t field : fields)
+        columns += (columns.empty() ? ": column \"" : ", \"") + source.columns[field] + "\"";
+    std::fprintf(stderr, "pbctl: %s %d: not taken: %s%s\n", source.lines ? "line" : "contact", line,
+                 explain(code).c_str(), columns.c_str());
+}
 
 // Puts a contact into the groups that its row names. False, and said why, if a name of them is none.
 bool joinNamed(Groups& groups, int id, const Source& source, int line)
@@ -138,42 +171,68 @@ bool joinNamed(Groups& groups, int id, const Source& source, int line)
     return all;
 }
 
+// Makes a contact fit for its memory and stores it; its identifier, or 0 for one that is only counted or not taken.
+int take(const Arguments& arguments, const std::vector<Field>& fields, const Source& source, int line,
+         std::vector<std::u16string> values, Counts& counts)
+{
+    const int memory = arguments.memory();
+    ++counts.total;
+    if (counts.full)
+        return 0;
+    const std::vector<std::size_t> refused = cleanNumbers(memory, fields, values);
+    if (!refused.empty()) {
+        sayRefused(source, line, counts, ORVA_E_NUMBER, refused);
+        return 0;
+    }
+    if (arguments.has("dry-run")) {
+        ++counts.added;
+        return 0;
+    }
+    fitName(memory, fields, values);
+    long failure = ORVA_OK;
+    const int id = addRecord(memory, fields, values, &failure);
+    if (failure != ORVA_OK) {
+        sayRefused(source, line, counts, failure,
+                   failure == ORVA_E_TOO_LONG ? tooLong(fields, values) : std::vector<std::size_t>());
+        counts.full = failure == ORVA_E_FULL;
+        return 0;
+    }
+    ++counts.added;
+    return id;
+}
+
 // Stores the records of a set one by one and says what became of them.
 int store(const Arguments& arguments, const std::vector<Field>& fields, void* set, const Source& source)
 {
     const int memory = arguments.memory();
-    const bool dry = arguments.has("dry-run");
-    int total = 0;
-    int added = 0;
-    bool full = false;
-    bool joined = true;
+    Counts counts;
     Groups groups;
     Transaction transaction(memory);
-    forEachRecord(set, fields, [&](int line, std::vector<std::u16string> values) {
-        ++total;
-        if (full || dry) {
-            added += dry ? 1 : 0;
+    forEachRecord(set, fields, [&](int line, const std::vector<std::u16string>& values) {
+        const int id = take(arguments, fields, source, line, values, counts);
+        if (id == 0)
             return;
-        }
-        fitName(memory, fields, values);
-        long failure = ORVA_OK;
-        const int id = addRecord(memory, fields, values, &failure);
-        if (failure != ORVA_OK) {
-            if (total - added <= failuresShown)
-                std::fprintf(stderr, "pbctl: %s %d: not taken: %s\n", source.lines ? "line" : "contact", line,
-                             explain(failure).c_str());
-            full = failure == ORVA_E_FULL;
-            return;
-        }
-        ++added;
         transaction.wrote();
-        joined = joinNamed(groups, id, source, line) && joined;
+        counts.joined = joinNamed(groups, id, source, line) && counts.joined;
         join(groups, id, arguments.values("group"));
     });
     transaction.commit();
-    std::printf("%d of %d contacts %s %s into the %s\n", added, total, dry ? "would come from" : "taken from",
-                source.name.c_str(), memoryName(memory).c_str());
-    return added == total && joined ? done : partlyDone;
+    std::printf("%d of %d contacts %s %s into the %s\n", counts.added, counts.total,
+                arguments.has("dry-run") ? "would come from" : "taken from", source.name.c_str(),
+                memoryName(memory).c_str());
+    return counts.added == counts.total && counts.joined ? done : partlyDone;
+}
+
+// The titles of the columns that the fields are taken from.
+std::vector<std::string> columnsOf(const std::vector<Field>& fields, const std::vector<int>& map,
+                                   const std::vector<std::string>& titles)
+{
+    std::vector<std::string> columns;
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        const auto column = static_cast<std::size_t>(map[i] & 0xFFFF); // the first, where two are joined
+        columns.push_back(map[i] >= 0 && column < titles.size() ? titles[column] : fields[i].key);
+    }
+    return columns;
 }
 
 int importApplication(const Arguments& arguments, const std::vector<Field>& fields)
@@ -189,8 +248,10 @@ int importApplication(const Arguments& arguments, const std::vector<Field>& fiel
     if (ORVA_PBSrv_IsOutlookInstalled(application) != ORVA_OK)
         throw SdkError("importing from " + source.name, ORVA_E_NOT_FOUND);
     std::vector<int> map;
-    for (std::size_t i = 0; i < fields.size(); ++i)
+    for (std::size_t i = 0; i < fields.size(); ++i) {
         map.push_back(static_cast<int>(i));
+        source.columns.push_back(fields[i].key);
+    }
     Handle set(ORVA_PBSrv_AddrRecordSet_Release);
     check(ORVA_PBSrv_ImportFromOutlook(units(toSdk(application)), map.data(), arguments.memory(), set.out()),
           "importing from " + source.name);
@@ -220,6 +281,7 @@ int runImport(const Arguments& arguments)
     Source source;
     source.name = file;
     source.lines = true;
+    source.columns = columnsOf(fields, map, titles);
     if (memory == ORVA_MEMORY_LOCAL && !arguments.has("no-groups"))
         source.groups = reading(file, [&] { return groupsByLine(file, guess.groups()); });
     return store(arguments, fields, set.get(), source);

@@ -7,6 +7,7 @@
 
 #include "Commands.h"
 #include "Groups.h"
+#include "Numbers.h"
 #include "Sdk.h"
 
 namespace pbctl
@@ -90,6 +91,9 @@ int runAdd(const Arguments& arguments)
     }
     if (arguments.has("group") && memory != ORVA_MEMORY_LOCAL)
         throw UsageError("only the PC's phonebook has groups");
+    const std::vector<std::size_t> refused = cleanNumbers(memory, fields, values);
+    if (!refused.empty())
+        throw SdkError("adding the contact: " + fields[refused.front()].key, ORVA_E_NUMBER);
     // The groups first: without them the contact does not come in either.
     std::optional<Groups> groups;
     if (arguments.has("group"))

@@ -41,6 +41,8 @@ std::string explain(long code)
         return "this memory has no such thing";
     case ORVA_E_VERSION:
         return "written by a newer release";
+    case ORVA_E_NUMBER:
+        return "not a telephone number that this memory takes";
     default:
         return "failed";
     }

@@ -33,7 +33,7 @@ constexpr Command commands[] = {
      "  --map FIELD=TITLE takes a field from this column; \"FIELD=\" leaves it empty\n"
      "  --group PATH      puts all of them into a group\n"
      "  --no-groups       makes no groups from the file\n"
-     "  --dry-run         only counts\n"
+     "  --dry-run         only counts, and names what is no number\n"
      "  --from NAME       evolution or thunderbird, instead of a file\n"},
     {"export", runExport, "[--memory M] [--group PATH] FILE",
      "Writes contacts to a file that spreadsheet and mail programs read.\n"

@@ -3,6 +3,7 @@
 #include "api/Boundary.h"
 #include "api/Handles.h"
 #include "api/Library.h"
+#include "base/NumberText.h"
 #include "base/Text.h"
 
 using namespace orva;
@@ -25,6 +26,22 @@ std::unique_ptr<RecordHandle> makeRecord(int memory)
     record->memory = memory;
     record->profile = memoryFor(memory).profile();
     return record;
+}
+
+// Takes out of the numbers what is there for the eye, before anybody counts their characters.
+void cleanNumbers(RecordHandle& record)
+{
+    const std::vector<Field>& fields = record.profile->fields();
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        const Pauses pauses = pausesOf(fields[i]);
+        std::u16string& value = record.values[i];
+        if (!isNumberField(fields[i]) || isPlainNumber(value, pauses))
+            continue;
+        std::optional<NumberText> read = readNumber(value, pauses);
+        if (!read || !read->extension.empty())
+            throw Failure(ORVA_E_NUMBER, "a value of the field " + fields[i].key + " is no telephone number");
+        value = std::move(read->number);
+    }
 }
 
 } // namespace
@@ -72,8 +89,9 @@ long ORVA_PBSrv_AddrRecord_Release(void* record)
 long ORVA_PBSrv_AddAddrRec(void* record, int* id)
 {
     return guarded(__func__, [&] {
-        const auto& held = fromHandle<RecordHandle>(record);
+        auto& held = fromHandle<RecordHandle>(record);
         require(id);
+        cleanNumbers(held);
         *id = memoryFor(held.memory).add(held.values);
         return ORVA_OK;
     });
@@ -82,7 +100,8 @@ long ORVA_PBSrv_AddAddrRec(void* record, int* id)
 long ORVA_PBSrv_UpdateAddrRec(void* record, int id)
 {
     return guarded(__func__, [&] {
-        const auto& held = fromHandle<RecordHandle>(record);
+        auto& held = fromHandle<RecordHandle>(record);
+        cleanNumbers(held);
         memoryFor(held.memory).update(id, held.values);
         return ORVA_OK;
     });

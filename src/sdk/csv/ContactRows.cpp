@@ -4,7 +4,6 @@
 
 #include "base/Failure.h"
 #include "base/Unicode.h"
-#include "csv/NumberText.h"
 
 namespace orva
 {
@@ -24,6 +23,16 @@ constexpr std::size_t npos = std::u16string_view::npos;
 constexpr int secondShift = 16;
 constexpr int columnMask = 0xFFFF;
 
+// Of several values in one column, as some programs write them ("1 ::: 2"), the length of the first.
+std::size_t firstLength(std::u16string_view text)
+{
+    constexpr std::u16string_view between = u" ::: ";
+    for (std::size_t at = text.find(u' '); at < text.size(); at = text.find(u' ', at + 1))
+        if (text.substr(at, between.size()) == between)
+            return at;
+    return text.size();
+}
+
 } // namespace
 
 int joinedColumns(int first, int second)
@@ -35,13 +44,14 @@ FieldMap::FieldMap(const Profile& profile, const int* map)
 {
     for (const Field& field : profile.fields()) {
         const int entry = *map++;
-        Source source = {-1, -1, field.kind == "Number" || field.kind == "Mobile", field.kind == "Email", 0};
+        Source source = {-1, -1, isNumberField(field), field.kind == "Email", pausesOf(field), 0};
         if (entry >= 0) {
             source.first = entry & columnMask;
             source.second = (entry >> secondShift) - 1;
         }
         if (field.kind == "Remaik" && field.maxLength > 0)
             source.noteUnits = static_cast<std::size_t>(field.maxLength);
+        m_hasNote = source.noteUnits != 0 || (m_hasNote && !source.number);
         m_sources.push_back(source);
     }
 }
@@ -74,11 +84,36 @@ bool FieldMap::readValue(const Row& row, const Source& source)
     }
     if (source.number || source.email)
         m_length = firstLength({m_value.data(), m_length});
-    if (source.number) {
-        trim();
-        m_length = cleanNumber(m_value.data(), m_length);
-    }
     return true;
+}
+
+// Cleans the number in m_value. False, and only its ends trimmed, for a text that is none, or has an extension that no
+// note takes.
+bool FieldMap::readNumberValue(const Source& source)
+{
+    if (isPlainNumber({m_value.data(), m_length}, source.pauses))
+        return true;
+    trim();
+    const std::optional<NumberText> read = readNumber({m_value.data(), m_length}, source.pauses);
+    if (!read || (!read->extension.empty() && !m_hasNote))
+        return false;
+    m_length = read->number.copy(m_value.data(), read->number.size());
+    if (!read->extension.empty())
+        m_extensions += (m_extensions.empty() ? u"" : u"\n") + extensionNote(*read);
+    return true;
+}
+
+// Puts what the numbers before it left behind the note in m_value.
+void FieldMap::appendExtensions()
+{
+    if (m_extensions.empty())
+        return;
+    if (m_length > 0)
+        m_extensions.insert(m_extensions.begin(), u'\n');
+    if (m_value.size() < m_length + m_extensions.size())
+        m_value.resize(m_length + m_extensions.size());
+    m_length += m_extensions.copy(m_value.data() + m_length, m_extensions.size());
+    m_extensions.clear();
 }
 
 // Takes the blanks at the ends off, which are no part of a number.
@@ -104,9 +139,14 @@ bool FieldMap::cutNote(std::size_t units)
 bool FieldMap::add(const Row& row, RowBlock& into, const RowReader::Report& report)
 {
     bool anything = false;
+    m_extensions.clear();
     into.beginRow(row.line());
     for (const Source& source : m_sources) {
         const bool text = readValue(row, source);
+        if (text && source.number && !readNumberValue(source) && report)
+            report(row.line(), "not a telephone number");
+        if (text && source.noteUnits != 0)
+            appendExtensions();
         if (text && cutNote(source.noteUnits) && report)
             report(row.line(), "note cut to what its field holds");
         if (!text || m_length > valueUnitsAtMost) {

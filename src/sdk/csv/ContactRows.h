@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "base/NumberText.h"
 #include "base/Profile.h"
 #include "base/RowBlock.h"
 #include "csv/RowReader.h"
@@ -21,7 +22,8 @@ public:
     int fields() const { return static_cast<int>(m_sources.size()); }
 
     // Adds a row to `into` by the number of its line. False, and nothing added, if none of its fields has a value other
-    // than blanks, or a column that is needed is no text. A note is cut to what its field holds. Either is reported.
+    // than blanks, or a column that is needed is no text. A note is cut to what its field holds, what is no telephone
+    // number stays as it is. Each is reported.
     bool add(const Row& row, RowBlock& into, const RowReader::Report& report);
 
 private:
@@ -30,17 +32,22 @@ private:
         int second;
         bool number;
         bool email;
+        Pauses pauses;         // in a number
         std::size_t noteUnits; // that a note may have; 0 for other fields
     };
 
     bool readValue(const Row& row, const Source& source);
     bool appendColumn(std::string_view column);
+    bool readNumberValue(const Source& source);
+    void appendExtensions();
     void trim();
     bool cutNote(std::size_t units);
 
     std::vector<Source> m_sources;
     std::vector<char16_t> m_value; // room for the value being read
     std::size_t m_length = 0;      // of that value
+    std::u16string m_extensions;   // of the row's numbers, for its note
+    bool m_hasNote = false;        // behind all numbers
 };
 
 // A map entry that joins two columns by a blank, such as first and last name.

@@ -1,8 +1,5 @@
 #include "memories/ModemMemory.h"
 
-#include <algorithm>
-#include <cstring>
-
 #include "base/Text.h"
 #include "memories/Limits.h"
 
@@ -11,14 +8,6 @@ namespace orva
 
 namespace
 {
-
-// What people write between digits.
-std::string withoutSeparators(std::string number)
-{
-    const auto separator = [](char c) { return std::strchr(" -./()", c) != nullptr; };
-    number.erase(std::remove_if(number.begin(), number.end(), separator), number.end());
-    return number;
-}
 
 void appendRow(RowBlock& rows, int id, const PhonebookEntry& entry)
 {
@@ -95,8 +84,8 @@ PhonebookEntry ModemMemory::entryFor(const Values& values)
     const bool encoded = m_memory == ORVA_MEMORY_CARD && !m_countsUnits;
     if (values.size() != 2)
         throw Failure(ORVA_E_ARGUMENT, "the record was made for other fields");
-    const std::string number = withoutSeparators(toUtf8(values[1]));
-    requireFit(*profile(), {values[0], fromUtf8(number)}, encoded ? cardLength : plainLength);
+    const std::string number = toUtf8(values[1]);
+    requireFit(*profile(), values, encoded ? cardLength : plainLength);
     PhonebookEntry entry;
     entry.alpha = values[0];
     entry.number = cleanNumber(number);

@@ -12,7 +12,6 @@
 #include "csv/ColumnGuess.h"
 #include "csv/ContactRows.h"
 #include "csv/LocalText.h"
-#include "csv/NumberText.h"
 #include "csv/Titles.h"
 #include "csv/Writer.h"
 #include "support/Check.h"
@@ -50,12 +49,6 @@ std::string titlesIn(std::string_view content)
 {
     RowReader reader(save(content), RowReader::Report());
     return joined(readTitles(reader));
-}
-
-std::u16string cleaned(std::u16string text)
-{
-    text.resize(cleanNumber(text.data(), text.size()));
-    return text;
 }
 
 Field field(const char* key, const char* kind, int maxLength)
@@ -131,22 +124,29 @@ TEST(titlesThatAreNoTextAreRefused)
     }
 }
 
-TEST(numbersLoseWhatIsThereForTheEye)
+TEST(whatIsNoNumberStaysAsItIsAndIsReported)
 {
-    CHECK_EQ(cleaned(u"+49 (30) 231-25.000/1"), u"+4930231250001");
-    CHECK_EQ(cleaned(u"*#06#"), u"*#06#");
-    CHECK_EQ(cleaned(u"01632 960 001"), u"01632960001");
-    CHECK_EQ(cleaned(u"\u202A+1\u00A0202\u2011555\u20130100\u202C"), u"+12025550100");
-    CHECK_EQ(cleaned(u"٠١٢ ۳४๕０＋"), u"0123450+");
-    CHECK_EQ(cleaned(u"-"), u"");
-    CHECK_EQ(cleaned(u""), u"");
+    for (const char* text : {"1-800-FLOWERS", "see note", "4.9E+11", "anna@example.com", "1;2"}) {
+        const Imported result = importText("N,T,R\nAnna," + std::string(text) + ",hi\n", {0, 1, 2});
+        REQUIRE(result.rows.size() == 1 && result.reports.size() == 1);
+        CHECK_EQ(result.rows[0], "2|Anna|" + std::string(text) + "|hi");
+        CHECK_EQ(result.reports[0], "2: not a telephone number");
+    }
 }
 
-TEST(numbersThatHoldMoreStayAsTheyAre)
+TEST(anExtensionGoesIntoTheNote)
 {
-    for (const char16_t* text :
-         {u"1-800-FLOWERS", u"see note", u"030 123 ext. 4", u"anna@example.com", u"12,34", u"1;2"})
-        CHECK_EQ(cleaned(text), text);
+    const Imported result =
+        importText("N,T,R\nAnna,1 x 2,h\nBo,1 ext. 3,\nCarl,1,\nDora,1 ext. 4,a long one\n", {0, 1, 2});
+    REQUIRE(result.rows.size() == 4);
+    CHECK_EQ(result.rows[0], "2|Anna|1|h\n1 ext. 2");
+    CHECK_EQ(result.rows[1], "3|Bo|1|1 ext. 3");
+    CHECK_EQ(result.rows[2], "4|Carl|1|");
+    CHECK_EQ(result.rows[3], "5|Dora|1|a long one");
+    REQUIRE(result.reports.size() == 1);
+    CHECK_EQ(result.reports[0], "5: note cut to what its field holds");
+    // Also into one that no column was mapped to.
+    CHECK_EQ(importText("N,T\nAnna,1 x 2\n", {0, 1, -1}).rows.at(0), "2|Anna|1|1 ext. 2");
 }
 
 TEST(mapsTakeFieldsFromTheirColumns)
