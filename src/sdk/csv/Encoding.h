@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "base/Conversion.h"
 #include "csv/LocalText.h"
 
 namespace orva

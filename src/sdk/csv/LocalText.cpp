@@ -1,10 +1,9 @@
 #include "csv/LocalText.h"
 
-#include <cerrno>
-#include <iconv.h>
 #include <langinfo.h>
 #include <locale.h>
 
+#include "base/Conversion.h"
 #include "base/Unicode.h"
 
 namespace orva
@@ -12,8 +11,6 @@ namespace orva
 
 namespace
 {
-
-const iconv_t noConversion = reinterpret_cast<iconv_t>(-1); // NOLINT: what iconv_open gives
 
 // Converts all of a text; what cannot be converted becomes `substitute`, one for each character of UTF-8 or octet of
 // anything else.
@@ -65,46 +62,6 @@ std::string fromLocal(std::string_view local)
     if (codeset == "UTF-8")
         return std::string(local);
     return converted(local, "UTF-8", codeset.c_str(), false, "\xEF\xBF\xBD");
-}
-
-Conversion::Conversion(const char* to, const char* from) : m_conversion(iconv_open(to, from)) {}
-
-Conversion::~Conversion()
-{
-    if (usable())
-        iconv_close(m_conversion);
-}
-
-bool Conversion::usable() const
-{
-    return m_conversion != noConversion;
-}
-
-bool Conversion::convert(std::string_view& in, std::string& out, bool* cut)
-{
-    while (!in.empty()) {
-        char* from = const_cast<char*>(in.data()); // iconv's argument is not const and is not written through
-        std::size_t fromLeft = in.size();
-        const std::size_t before = out.size();
-        out.resize(before + 2 * in.size() + 16);
-        char* to = out.data() + before;
-        std::size_t toLeft = out.size() - before;
-        const std::size_t result = iconv(m_conversion, &from, &fromLeft, &to, &toLeft);
-        const int error = errno;
-        out.resize(out.size() - toLeft);
-        in.remove_prefix(in.size() - fromLeft);
-        if (result != static_cast<std::size_t>(-1) || error == E2BIG)
-            continue;
-        if (error == EINVAL && cut != nullptr)
-            *cut = true;
-        return false;
-    }
-    return true;
-}
-
-void Conversion::restart()
-{
-    iconv(m_conversion, nullptr, nullptr, nullptr, nullptr);
 }
 
 } // namespace orva
