@@ -1,7 +1,7 @@
-// Any text, read as a vCard.
+// Any text, read as a card of a mail program.
 
-#include "contactapps/VCard.h"
 #include "Scratch.h"
+#include "contactapps/VCard.h"
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
