@@ -12,13 +12,18 @@ namespace
 constexpr std::size_t maxParameters = 100;
 constexpr std::size_t maxParameterValues = 1000;
 
+std::string_view trimmedEnd(std::string_view text)
+{
+    while (!text.empty() && (text.back() == ' ' || text.back() == '\t' || text.back() == '\r'))
+        text.remove_suffix(1);
+    return text;
+}
+
 std::string_view trimmed(std::string_view text)
 {
     while (!text.empty() && (text.front() == ' ' || text.front() == '\t'))
         text.remove_prefix(1);
-    while (!text.empty() && (text.back() == ' ' || text.back() == '\t' || text.back() == '\r'))
-        text.remove_suffix(1);
-    return text;
+    return trimmedEnd(text);
 }
 
 bool isName(std::string_view text)
@@ -268,19 +273,20 @@ CardProperty readProperty(LineWalk& walk, CardVersion version, const CardReport&
 
 } // namespace
 
+// A line with a blank before it is folded text, whatever it says.
 bool isCardBegin(std::string_view line)
 {
-    return sameCardName(trimmed(line), "BEGIN:VCARD");
+    return sameCardName(trimmedEnd(line), "BEGIN:VCARD");
 }
 
 bool isCardEnd(std::string_view line)
 {
-    return sameCardName(trimmed(line), "END:VCARD");
+    return sameCardName(trimmedEnd(line), "END:VCARD");
 }
 
 bool isAgentLine(std::string_view line)
 {
-    const std::string_view text = trimmed(line);
+    const std::string_view text = trimmedEnd(line);
     return text.size() > 5 && text.back() == ':' && sameCardName(text.substr(0, 5), "AGENT");
 }
 

@@ -56,6 +56,7 @@ TEST(damagedCardsAreToldAndCostNoOther)
 {
     const std::string open = "BEGIN:VCARD\nFN:open\n";
     CHECK_EQ(readAll(open + cardNamed("b")), "!1 b3 ");
+    CHECK_EQ(readAll(open + cardNamed("b") + "END:VCARD\n"), "!1 b3 !7 ");
     CHECK_EQ(readAll(cardNamed("a") + open), "a1 !5 ");
     CHECK_EQ(readAll("junk\nmore\n" + cardNamed("a") + "END:VCARD\n" + cardNamed("b")), "!1 a3 !7 b8 ");
     CHECK_EQ(readAll(cardNamed("a", "broken\r\n") + cardNamed("b")), "!4 a1 b6 ");

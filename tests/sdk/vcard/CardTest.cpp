@@ -152,6 +152,32 @@ TEST(textsSurviveWritingInEachVersion)
     }
 }
 
+TEST(aLineEndWithinATextEndsNoCard)
+{
+    for (const CardVersion version : {CardVersion::V21, CardVersion::V30, CardVersion::V40}) {
+        for (std::size_t before = 0; before < 160; ++before) {
+            for (const char* line : {"END:VCARD", "BEGIN:VCARD"}) {
+                const std::string text = std::string(before, 'x') + line;
+                Card card = Card::empty(version);
+                card.properties.emplace_back("NOTE");
+                setCardText(card.properties.back(), text, version);
+                const Card read = parseCard(written(card));
+                REQUIRE(read.properties.size() == 2);
+                CHECK_EQ(cardText(read.properties[1], version), text);
+            }
+        }
+    }
+}
+
+TEST(aChangeForgetsTheOctets)
+{
+    Card card = parseCard("TEL;CELL:1\nTEL;CELL:2\n");
+    REQUIRE(card.properties.size() == 2);
+    card.properties[0].setValue("3");
+    card.properties[1].setParameters({});
+    CHECK_EQ(written(card), "BEGIN:VCARD\nTEL;CELL:3\nTEL:2\nEND:VCARD\n");
+}
+
 TEST(aValueNeverBeginsALineOfItsOwn)
 {
     for (const CardVersion version : {CardVersion::V21, CardVersion::V30}) {
