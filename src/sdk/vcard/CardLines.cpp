@@ -262,8 +262,12 @@ CardProperty readProperty(LineWalk& walk, CardVersion version, const CardReport&
     while (walk.peek(next) && joined.join(next))
         walk.next();
     CardProperty property = joined.property();
-    if (property.is("AGENT") && trimmed(property.value()).empty() && walk.peek(next) && isCardBegin(next))
-        property.setValue(embeddedCard(walk));
+    // By the line alone, as whoever looked for the end of the card has done.
+    if (isAgentLine(walk.line()) && walk.peek(next) && isCardBegin(next)) {
+        std::string inner = embeddedCard(walk);
+        if (property.is("AGENT"))
+            property.setValue(std::move(inner));
+    }
     if (!property.readable())
         say(report, line, "line is no property of a vCard and is kept as it is");
     property.setOctets(walk.octetsFrom(begin));
@@ -287,7 +291,8 @@ bool isCardEnd(std::string_view line)
 bool isAgentLine(std::string_view line)
 {
     const std::string_view text = trimmedEnd(line);
-    return text.size() > 5 && text.back() == ':' && sameCardName(text.substr(0, 5), "AGENT");
+    return text.size() > 5 && (text[5] == ':' || text[5] == ';') && text.back() == ':' &&
+           sameCardName(text.substr(0, 5), "AGENT");
 }
 
 Card parseCard(std::string_view text, int line, const CardReport& report, const CardLimits& limits)

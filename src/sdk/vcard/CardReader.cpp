@@ -132,8 +132,7 @@ CardReader::Found CardReader::findEnd()
                 innerLine != 0 ? innerAt : m_lineAt - m_cardAt; // from the card on: the text moves when more is read
             innerLine = innerLine != 0 ? innerLine : m_line;
         }
-        if (!isBlank(line))
-            agent = isAgentLine(line);
+        agent = isAgentLine(line);
     }
     say(m_cardLine, m_tooLong ? "card is larger than 5 MB and was left out" : "card has no END:VCARD and was left out");
     const bool tooLong = std::exchange(m_tooLong, false);

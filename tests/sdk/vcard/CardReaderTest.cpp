@@ -90,6 +90,9 @@ TEST(cardsInsideCardsBelongToTheirProperty)
     std::string written;
     appendCard(card, written);
     CHECK_EQ(written, text);
+    // Only that property has one; any other card before the end was left open.
+    const std::string other = "BEGIN:VCARD\nFN:a\nAGENTS:\nBEGIN:VCARD\nFN:b\nEND:VCARD\nEND:VCARD\n";
+    CHECK_EQ(readAll(other), "!1 b4 !7 ");
     // An agent that was cut off swallows nothing.
     const std::string cut = "BEGIN:VCARD\nFN:cut\nAGENT:\n";
     CHECK_EQ(readAll(cut + cardNamed("b")), "!1 b4 ");
