@@ -228,6 +228,18 @@ void setCardText(CardProperty& property, std::string_view text, CardVersion vers
     setEscaped(property, std::move(value), version);
 }
 
+void setCardList(CardProperty& property, const std::vector<std::string>& values, CardVersion version)
+{
+    std::string value;
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        if (i > 0)
+            value.push_back(',');
+        // Commas part a list in every version.
+        appendEscaped(values[i], false, version == CardVersion::V21 ? CardVersion::V30 : version, value);
+    }
+    setEscaped(property, std::move(value), version);
+}
+
 void setCardComponents(CardProperty& property, const std::vector<std::string>& components, CardVersion version)
 {
     std::string value;

@@ -34,6 +34,9 @@ void setCardText(CardProperty& property, std::string_view text, CardVersion vers
 // The same for a value in components, one text each.
 void setCardComponents(CardProperty& property, const std::vector<std::string>& components, CardVersion version);
 
+// The same for a list such as CATEGORIES.
+void setCardList(CardProperty& property, const std::vector<std::string>& values, CardVersion version);
+
 } // namespace orva
 
 #endif // SDK_VCARD_CARDTEXT_H

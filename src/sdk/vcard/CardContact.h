@@ -1,0 +1,40 @@
+#ifndef SDK_VCARD_CARDCONTACT_H
+#define SDK_VCARD_CARDCONTACT_H
+
+#include <string>
+#include <vector>
+
+#include "vcard/Card.h"
+
+namespace orva
+{
+
+// What a card says of somebody, as far as our memories have fields for it. UTF-8.
+struct CardContact {
+    std::string name;
+    std::string mobile;
+    std::string office;
+    std::string home;
+    std::string email;
+    std::string note;
+    std::vector<std::string> groups;
+
+    // The names of properties, in upper case and one for each, that say more than that.
+    std::vector<std::string> left;
+
+    // Whether no field has anything; groups do not count.
+    bool empty() const;
+};
+
+// Takes the fields out of a card: the name from FN, else N, ORG or the e-mail address; numbers by the types of TEL
+// (CELL, WORK, HOME), the first of a kind, and one without a kind in the first place that is free; the first or the
+// preferred EMAIL; the first NOTE; groups from CATEGORIES. What tells only of the card itself (VERSION, PRODID, REV,
+// UID, KIND, the parts of a name) does not count as left.
+CardContact contactOf(const Card& card);
+
+// A new card with those fields.
+Card cardOf(const CardContact& contact, CardVersion version);
+
+} // namespace orva
+
+#endif // SDK_VCARD_CARDCONTACT_H
