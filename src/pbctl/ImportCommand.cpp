@@ -5,6 +5,7 @@
 #include <map>
 #include <strings.h>
 
+#include "CardFiles.h"
 #include "Commands.h"
 #include "Groups.h"
 #include "Numbers.h"
@@ -268,7 +269,9 @@ int runImport(const Arguments& arguments)
     const std::vector<Field> fields = fieldsOf(memory);
     if (arguments.has("from"))
         return importApplication(arguments, fields);
-    arguments.require(1, 1, {"memory", "map", "group", "no-groups", "dry-run"});
+    if (arguments.words().size() == 2 && isCardFile(arguments, arguments.words()[1]))
+        return importCards(arguments, arguments.words()[1]);
+    arguments.require(1, 1, {"memory", "map", "group", "no-groups", "dry-run", "format"});
     const std::string file = arguments.words()[1];
     const std::vector<std::string> titles = reading(file, [&file] {
         orva::RowReader reader(file, orva::RowReader::Report());

@@ -27,17 +27,20 @@ constexpr Command commands[] = {
      "Adds a contact and prints its identifier, as in: pbctl add Name=\"Ada Byron\" Mobile=+441632960001\n"
      "  --group PATH      puts it into a group, which is made if it is not there\n"},
     {"import", runImport, "[--memory M] [OPTION]... FILE | --from APPLICATION",
-     "Takes contacts over from a file with titles in its first row (commas, semicolons or tabs) or from a mail\n"
-     "program on this computer. Columns are told by their titles; groups come from a column called \"Groups\",\n"
-     "\"Categories\" or the like, with \";\" between their names and \"/\" between a group and its sub-group.\n"
+     "Takes contacts over from a file with titles in its first row (commas, semicolons or tabs), from one of vCards\n"
+     "or from a mail program on this computer. Columns are told by their titles; groups come from a column\n"
+     "called \"Groups\", \"Categories\" or the like, with \";\" between their names and \"/\" between a group\n"
+     "and its sub-group.\n"
      "  --map FIELD=TITLE takes a field from this column; \"FIELD=\" leaves it empty\n"
      "  --group PATH      puts all of them into a group\n"
      "  --no-groups       makes no groups from the file\n"
      "  --dry-run         only counts, and names what is no number\n"
+     "  --format NAME     vcf or csv, whatever the file's name ends in\n"
      "  --from NAME       evolution or thunderbird, instead of a file\n"},
     {"export", runExport, "[--memory M] [--group PATH] FILE",
-     "Writes contacts to a file that spreadsheet and mail programs read.\n"
-     "  --group PATH      only those in a group\n"},
+     "Writes contacts to a file that spreadsheet and mail programs read; to one whose name ends in .vcf as vCards.\n"
+     "  --group PATH      only those in a group\n"
+     "  --format NAME     vcf or csv, whatever the file's name ends in\n"},
     {"groups", runGroups, "", "Prints the groups of the PC's phonebook and how many contacts each has.\n"},
     {"info", runInfo, "[--memory M]", "Prints how full the memories are and which fields they have.\n"},
     {"check", runCheck, "[--memory M]", "Looks for damage in the file of a memory.\n"},

@@ -1,0 +1,230 @@
+// Files of vCards, for import and export.
+
+#include "CardFiles.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <fstream>
+#include <map>
+#include <strings.h>
+#include <utility>
+
+#include "Commands.h"
+#include "Groups.h"
+#include "Numbers.h"
+#include "Sdk.h"
+#include "base/Failure.h"
+#include "base/Files.h"
+#include "vcard/CardContact.h"
+#include "vcard/CardReader.h"
+#include "vcard/CardWriter.h"
+
+namespace pbctl
+{
+
+namespace
+{
+
+constexpr int memory = ORVA_MEMORY_LOCAL;
+constexpr int failuresShown = 20;
+
+// The place of a field's value, by the field's key.
+std::string* placeOf(const std::string& key, orva::CardContact& contact)
+{
+    const std::pair<const char*, std::string*> places[] = {
+        {"Name", &contact.name},      {"Mobile", &contact.mobile}, {"officePhone", &contact.office},
+        {"homePhone", &contact.home}, {"email", &contact.email},   {"remark", &contact.note},
+    };
+    for (const auto& place : places)
+        if (key == place.first)
+            return place.second;
+    return nullptr;
+}
+
+// Cuts a text to a number of units, or to one less where that would split a pair of surrogates. False if it fits.
+bool cut(std::u16string& text, std::size_t units)
+{
+    if (text.size() <= units)
+        return false;
+    text.resize(units);
+    if (!text.empty() && (text.back() & 0xFC00) == 0xD800)
+        text.pop_back();
+    return true;
+}
+
+// Takes cards into the phonebook and keeps count.
+class CardImport
+{
+public:
+    explicit CardImport(const Arguments& arguments)
+        : m_arguments(arguments), m_dry(arguments.has("dry-run")), m_fields(fieldsOf(memory)), m_transaction(memory)
+    {
+    }
+
+    void take(const orva::Card& card)
+    {
+        ++m_total;
+        orva::CardContact contact = orva::contactOf(card);
+        std::vector<std::u16string> values = valuesOf(contact);
+        const bool empty = std::all_of(values.begin(), values.end(), [](const std::u16string& v) { return v.empty(); });
+        long failure = ORVA_OK;
+        if (empty)
+            sayLine(card.line, "not taken: it has nothing that a field is meant for");
+        else if (!m_full && !m_dry)
+            store(contact, values, &failure);
+        if (failure != ORVA_OK)
+            sayLine(card.line, ("not taken: " + explain(failure)).c_str());
+        m_full = m_full || failure == ORVA_E_FULL;
+        if (empty || m_full || failure != ORVA_OK)
+            return;
+        ++m_added;
+        for (const std::string& name : contact.left)
+            ++m_left[name];
+    }
+
+    void sayLine(int line, const char* what)
+    {
+        if (++m_said <= failuresShown)
+            std::fprintf(stderr, "pbctl: line %d: %s\n", line, what);
+    }
+
+    // Ends the writing and tells what became of all; an exit code.
+    int finish(const std::string& file)
+    {
+        m_transaction.commit();
+        std::printf("%d of %d contacts %s %s into the %s\n", m_added, m_total, m_dry ? "would come from" : "taken from",
+                    file.c_str(), memoryName(memory).c_str());
+        if (m_said > failuresShown)
+            std::fprintf(stderr, "pbctl: and %d lines more\n", m_said - failuresShown);
+        std::string left;
+        for (const auto& name : m_left)
+            left += (left.empty() ? "" : ", ") + std::to_string(name.second) + " " + name.first;
+        if (!left.empty())
+            std::fprintf(stderr, "pbctl: left in the file, since there is no field or place for them: %s\n",
+                         left.c_str());
+        return m_added == m_total && m_said == 0 && left.empty() ? done : partlyDone;
+    }
+
+private:
+    std::vector<std::u16string> valuesOf(orva::CardContact& contact)
+    {
+        std::vector<std::u16string> values(m_fields.size());
+        for (std::size_t i = 0; i < m_fields.size(); ++i)
+            if (const std::string* text = placeOf(m_fields[i].key, contact))
+                values[i] = toSdk(*text);
+        for (const std::size_t refused : cleanNumbers(memory, m_fields, values))
+            dropNumber(values[refused], contact);
+        for (std::size_t i = 0; i < m_fields.size(); ++i) {
+            const auto room = static_cast<std::size_t>(std::max(m_fields[i].maxLength, 0));
+            const bool number = m_fields[i].kind == "Mobile" || m_fields[i].kind == "Number";
+            if (number && values[i].size() > room)
+                dropNumber(values[i], contact);
+            else if (!number && cut(values[i], room))
+                contact.left.push_back("end of " + m_fields[i].key);
+        }
+        return values;
+    }
+
+    // A part of a number is another number, so one that cannot be taken goes in whole.
+    static void dropNumber(std::u16string& number, orva::CardContact& contact)
+    {
+        number.clear();
+        contact.left.emplace_back("TEL");
+    }
+
+    void store(const orva::CardContact& contact, const std::vector<std::u16string>& values, long* failure)
+    {
+        const int id = addRecord(memory, m_fields, values, failure);
+        if (*failure != ORVA_OK)
+            return;
+        m_transaction.wrote();
+        join(m_groups, id, m_arguments.values("group"));
+        if (m_arguments.has("no-groups"))
+            return;
+        for (const std::string& name : contact.groups)
+            joinNamed(id, name);
+    }
+
+    // A group whose name is none costs the contact nothing but that group.
+    void joinNamed(int id, const std::string& name)
+    {
+        try {
+            join(m_groups, id, splitGroups(name));
+        } catch (const SdkError& error) {
+            if (error.code() != ORVA_E_TOO_LONG)
+                throw;
+            ++m_left["CATEGORIES"];
+        }
+    }
+
+    const Arguments& m_arguments;
+    const bool m_dry;
+    const std::vector<Field> m_fields;
+    Groups m_groups;
+    Transaction m_transaction;
+    int m_total = 0;
+    int m_added = 0;
+    int m_said = 0;
+    bool m_full = false;
+    std::map<std::string, int> m_left;
+};
+
+} // namespace
+
+bool isCardFile(const Arguments& arguments, const std::string& file)
+{
+    const std::string format = arguments.value("format");
+    if (arguments.has("format") && format != "vcf" && format != "csv")
+        throw UsageError("--format takes vcf or csv, not \"" + format + "\"");
+    if (!format.empty())
+        return format == "vcf";
+    return file.size() > 4 && strcasecmp(file.c_str() + file.size() - 4, ".vcf") == 0;
+}
+
+int importCards(const Arguments& arguments, const std::string& file)
+{
+    arguments.require(1, 1, {"memory", "group", "no-groups", "dry-run", "format"});
+    if (arguments.memory() != memory)
+        throw UsageError("vCards go into the PC's phonebook only");
+    std::ifstream in(file, std::ios::binary);
+    if (!in || in.peek() == std::ifstream::traits_type::eof())
+        throw SdkError("reading " + file, in.is_open() ? ORVA_E_FORMAT : ORVA_E_NOT_FOUND);
+    CardImport import(arguments);
+    orva::CardReader reader(in, [&import](int line, const char* what) { import.sayLine(line, what); });
+    orva::Card card;
+    while (reader.next(card))
+        import.take(card);
+    if (in.bad())
+        throw SdkError("reading " + file, ORVA_E_STORE);
+    return import.finish(file);
+}
+
+void exportCards(const std::string& file, const std::vector<int>& ids)
+{
+    std::map<int, std::vector<std::string>> groups;
+    const Groups known;
+    for (const Group& group : known.all())
+        for (const int member : group.members)
+            groups[member].push_back(group.path);
+    const std::vector<Field> fields = fieldsOf(memory);
+    std::vector<int> wanted = ids;
+    std::sort(wanted.begin(), wanted.end());
+    std::string out;
+    forEachRecord(memory, fields, [&](int id, const std::vector<std::u16string>& values) {
+        if (!std::binary_search(wanted.begin(), wanted.end(), id))
+            return;
+        orva::CardContact contact;
+        for (std::size_t i = 0; i < fields.size(); ++i)
+            if (std::string* place = placeOf(fields[i].key, contact))
+                *place = toUtf8(values[i]);
+        contact.groups = groups[id];
+        orva::appendCard(orva::cardOf(contact, orva::CardVersion::V30), out);
+    });
+    try {
+        orva::replacePrivateFile(file, out);
+    } catch (const orva::Failure& failure) {
+        throw SdkError("writing " + file, failure.code());
+    }
+}
+
+} // namespace pbctl
