@@ -60,6 +60,7 @@ private:
 
     struct Book {
         bool due = false; // to be read
+        bool unreadable = false;
         bool counted = false;
         Time countedAt;
         Time retryAt;

@@ -46,6 +46,7 @@ const std::vector<QuirkInfo>& knownQuirks()
         {"first_hits", "2", reading, "only the first entries of a range are listed"},
         {"twice", "", reading, "each location is listed twice"},
         {"range_any_ok", "", reading, "a range beyond the end is answered with OK"},
+        {"stall_at", "5", different, "a read falls silent for good before this location"},
         {"read_ms", "200", reading, "each read command takes so long"},
         // Texts
         {"ucs2_number", "", reading, "in UCS2 numbers are in hex as well"},
