@@ -298,6 +298,8 @@ Answer write(State& state, size_t port, const Command& command)
         return cme(MemoryFull);
     if (location < 1 || location > storage->total())
         return cme(InvalidIndex);
+    if (erasing && quirks.text("write_other") == "all")
+        location = location % storage->total() + 1;
     if (erasing)
         return quirks.has("write_lost") ? Answer() : erase(state, *storage, location);
     Entry entry = givenEntry(state, port, command);

@@ -87,7 +87,8 @@ const std::vector<QuirkInfo>& knownQuirks()
         {"write_lost", "", writing, "writes are answered with OK and not stored"},
         {"text_units", "", writing, "the length of a card's name is counted in characters"},
         {"no_write", "", writing, "phonebooks can be read only"},
-        {"write_other", "", writing, "a write goes to the location behind the one that was asked for"},
+        {"write_other", "", writing,
+         "a write goes to the location behind the one that was asked for; all: erasing as well"},
     };
     return all;
 }
