@@ -115,6 +115,7 @@ private:
 
     struct Reading;
     bool readStep(Reading& reading, int from, int to);
+    static void takeLines(Reading& reading, const Reply& reply, int from, int to);
     void readStepwise(Reading& reading, int from, int to);
     void readBehind(Reading& reading);
     PhonebookEntry entryFrom(const EntryLine& line) const;

@@ -16,6 +16,7 @@ constexpr int international = 145;
 constexpr int unknownType = 129;
 constexpr int smallerStep = 20;
 constexpr int smallStep = 10;
+constexpr int stallsAllowed = 8; // of one reading; each takes all of the patience
 
 bool meansEmpty(int error)
 {
@@ -68,6 +69,8 @@ struct AtPhonebook::Reading {
     const std::function<void(int)>& progress;
     std::map<int, EntryLine> found = {};         // by location
     std::vector<std::pair<int, int>> asked = {}; // ranges that came through with an OK
+    int stalls = 0;                              // answers that did not come to their end
+    bool failed = false;                         // a location could not be read, and may hold something
 
     bool complete() const { return storage.used >= 0 && static_cast<int>(found.size()) >= storage.used; }
 };
@@ -114,41 +117,57 @@ bool AtPhonebook::readStep(Reading& reading, int from, int to)
     if (to > from)
         command += "," + std::to_string(to);
     Reply reply = askStorage(reading.storage.name, command, "+CPBR", m_dialog.patience().read);
-    requireCard(reply);
-    // A last line may have been cut off together with the end.
-    if (reply.silent() && reply.lines.empty())
+    // A location whose line has come is read, whatever became of the end.
+    while (reply.silent() && !(from == to && !reply.lines.empty())) {
+        requireCard(reply);
+        takeLines(reading, reply, from, to);
+        ++reading.stalls;
+        if (reading.complete())
+            return true;
+        if (reading.stalls > stallsAllowed)
+            throw Failure(ORVA_E_BUSY, "the modem falls silent in the middle of its entries");
+        if (to > from)
+            return false;
         reply = askStorage(reading.storage.name, command, "+CPBR", m_dialog.patience().read);
-    if (reply.silent() && reply.lines.empty())
-        throw Failure(ORVA_E_BUSY, "the modem keeps silent about its entries");
-    for (const std::string& line : reply.lines) {
-        const std::optional<EntryLine> entry = readEntryLine(line);
-        if (entry && !entry->empty() && entry->location >= from && entry->location <= to)
-            reading.found.emplace(entry->location, *entry);
     }
-    if (reading.progress)
-        reading.progress(static_cast<int>(reading.found.size()));
+    requireCard(reply);
+    takeLines(reading, reply, from, to);
     if (reply.end != Reply::End::Error) {
         reading.asked.emplace_back(from, to);
         return true;
     }
     if (from == to && !meansEmpty(reply.error))
         throw failureFor(reply.error, "reading an entry");
+    reading.failed =
+        reading.failed || (from == to && (reply.error == cme::memoryFailure || reply.error == cme::unknown));
     return from == to || reading.complete();
+}
+
+void AtPhonebook::takeLines(Reading& reading, const Reply& reply, int from, int to)
+{
+    for (const std::string& line : reply.lines) {
+        const std::optional<EntryLine> entry = readEntryLine(line);
+        if (entry && !entry->empty() && entry->location >= from && entry->location <= to)
+            reading.found.insert_or_assign(entry->location, *entry);
+    }
+    if (reading.progress)
+        reading.progress(static_cast<int>(reading.found.size()));
 }
 
 void AtPhonebook::readStepwise(Reading& reading, int from, int to)
 {
     for (int at = from; at <= to;) {
         const int end = std::min(to, at + m_step - 1);
+        const int stalls = reading.stalls;
         if (readStep(reading, at, end)) {
-            if (reading.complete() && m_step == 1)
+            if (reading.complete() && (m_step == 1 || reading.stalls > 0))
                 return;
             at = end + 1;
             continue;
         }
-        // What came before the error counts; behind it, in smaller steps.
+        // What came before an error counts; behind it, in smaller steps. After a silence all is asked for again.
         const auto behind = reading.found.upper_bound(end);
-        if (behind != reading.found.begin() && std::prev(behind)->first >= at)
+        if (reading.stalls == stalls && behind != reading.found.begin() && std::prev(behind)->first >= at)
             at = std::prev(behind)->first + 1;
         m_step = nextStep(m_step);
     }
@@ -169,7 +188,13 @@ void AtPhonebook::readBehind(Reading& reading)
             if (from > to)
                 break;
             const std::size_t before = reading.found.size();
-            if (!readStep(reading, from, to) || reading.found.size() == before)
+            const int stalls = reading.stalls;
+            const bool through = readStep(reading, from, to);
+            if (!through && reading.stalls > stalls) {
+                m_step = nextStep(m_step);
+                readStepwise(reading, from, to);
+            }
+            if (!through || reading.found.size() == before)
                 break;
         }
     }
@@ -183,7 +208,10 @@ std::vector<PhonebookEntry> AtPhonebook::readAll(const PhonebookStorage& storage
     readStepwise(reading, storage.first, storage.last);
     if (!reading.complete())
         readBehind(reading);
-    if (storage.used >= 0 && static_cast<int>(reading.found.size()) < storage.used)
+    const bool fewer = storage.used >= 0 && !reading.complete();
+    if (fewer && reading.failed)
+        throw Failure(ORVA_E_STORE, "the modem fails at one of its entries");
+    if (fewer)
         logFormat("the modem counts %d entries in %s and gives %d", storage.used, storage.name.c_str(),
                   static_cast<int>(reading.found.size()));
     std::vector<EntryLine> lines;

@@ -174,6 +174,10 @@ void ModemSession::readWhatIsDue(int memory)
             return;
         }
         logFormat("reading %s: %s", storageName(memory), failure.what());
+        if (failure.code() != ORVA_E_ABSENT) {
+            book.unreadable = true;
+            m_state.setProblem(std::string(storageName(memory)) + " cannot be read: " + failure.what());
+        }
         book.retryAt = std::chrono::steady_clock::now() + afterFailure;
         m_lookAt = Time(); // the card may have gone meanwhile
     }
@@ -193,6 +197,9 @@ void ModemSession::read(int memory)
     const PhonebookStorage storage = m_book.open(storageName(memory));
     m_foreignSet = true;
     const std::vector<PhonebookEntry> entries = m_book.readAll(storage);
+    if (own(memory).unreadable)
+        m_state.setProblem({});
+    own(memory).unreadable = false;
     own(memory).due = false;
     own(memory).counted = true;
     own(memory).countedAt = std::chrono::steady_clock::now();

@@ -60,6 +60,8 @@ private:
 
     struct Book {
         bool due = false; // to be read
+        bool unreadable = false;
+        bool proved = false; // a write has gone where it was told, and nowhere else
         bool counted = false;
         Time countedAt;
         Time retryAt;
@@ -76,7 +78,9 @@ private:
     std::string keyOf(int memory);
     void confirm(int memory, const PhonebookEntry& thought);
     void write(int memory, const PhonebookEntry& entry, const std::optional<PhonebookEntry>& before);
-    void takeBack(int memory, const PhonebookEntry& asked);
+    void eraseAt(int memory, int location);
+    void proveLocations(int memory, const PhonebookEntry& written);
+    bool lookForStrays(int memory, int asked, const PhonebookEntry* entry);
     PhonebookStorage storageOf(int memory);
     PhonebookEntry entryOf(int memory, int id);
 
@@ -92,6 +96,7 @@ private:
     Time m_looked;       // last
     Time m_used;         // a command of ours, last
     int m_looks = 0;
+    bool m_strays = false;     // the modem stores elsewhere than told: nothing is written to it any more
     bool m_foreignSet = false; // our character set is to be given up when nothing happens
 };
 

@@ -7,6 +7,7 @@
 #include "base/Log.h"
 #include "modem/ModemSession.h"
 #include "modem/PhonebookBackup.h"
+#include "modem/PhonebookRepair.h"
 
 namespace orva
 {
@@ -15,6 +16,7 @@ namespace
 {
 
 constexpr std::size_t backupLimit = 4 * 1024 * 1024;
+constexpr char straysText[] = "the modem stores at other locations than it is told; nothing is written to it";
 
 Failure gone(const char* text)
 {
@@ -57,6 +59,8 @@ void ModemSession::prepare(int memory)
 {
     m_state.requireOpen(memory);
     storageOf(memory);
+    if (m_strays)
+        throw Failure(ORVA_E_UNSUPPORTED, straysText);
     m_foreignSet = true;
     if (std::chrono::steady_clock::now() - m_looked > m_timings.fresh) {
         lookAtCard();
@@ -137,33 +141,76 @@ void ModemSession::write(int memory, const PhonebookEntry& entry, const std::opt
     } catch (const PortGone&) {
         throw;
     } catch (const Failure& failure) {
-        if (failure.code() == ORVA_E_STORE)
-            takeBack(memory, entry);
+        if (failure.code() != ORVA_E_STORE)
+            throw;
+        if (!lookForStrays(memory, entry.location, &entry)) {
+            read(memory);
+            throw;
+        }
+    }
+    proveLocations(memory, entry);
+    m_used = std::chrono::steady_clock::now();
+}
+
+void ModemSession::eraseAt(int memory, int location)
+{
+    try {
+        m_book.erase(storageOf(memory), location);
+    } catch (const PortGone&) {
         throw;
+    } catch (const Failure& failure) {
+        if (failure.code() != ORVA_E_STORE)
+            throw;
+        if (!lookForStrays(memory, location, nullptr)) {
+            read(memory);
+            throw;
+        }
     }
     m_used = std::chrono::steady_clock::now();
 }
 
-// A modem that stores at another location than it was told: what was there before goes back.
-void ModemSession::takeBack(int memory, const PhonebookEntry& asked)
+// What stands at the location says nothing of the others: behind the first write all of them are looked at.
+void ModemSession::proveLocations(int memory, const PhonebookEntry& written)
+{
+    if (own(memory).proved)
+        return;
+    try {
+        lookForStrays(memory, written.location, &written);
+        own(memory).proved = true;
+    } catch (const PortGone&) {
+        throw;
+    } catch (const Failure& failure) {
+        if (m_strays)
+            throw;
+        // The write itself was read back; the next one looks again.
+        logFormat("looking at %s after a write: %s", storageOf(memory).name.c_str(), failure.what());
+    }
+}
+
+// A modem that stores at another location than it was told: what it has hit goes back to what was read before, and
+// nothing more is written to it. Without that: whether the list shows what was asked for.
+bool ModemSession::lookForStrays(int memory, int asked, const PhonebookEntry* entry)
 {
     const PhonebookStorage storage = storageOf(memory);
-    for (const PhonebookEntry& stray : m_book.readAll(storage)) {
-        std::optional<PhonebookEntry> ours;
-        m_state.with(memory, [&](ModemBook& book) {
-            const int id = book.entries.idAt(stray.location);
-            if (id != 0)
-                ours = *book.entries.find(id);
-        });
-        if (!stray.sameContent(asked) || (ours && ours->sameContent(stray)))
-            continue;
-        logFormat("the modem has stored an entry at location %d", stray.location);
-        if (ours)
-            m_book.write(storage, *ours, stray);
-        else
-            m_book.erase(storage, stray.location);
+    const Listing before = m_state.with(memory, [](ModemBook& book) {
+        Listing known;
+        for (const auto& [id, one] : book.entries.entries())
+            known[one.location] = one;
+        return known;
+    });
+    const Listing now = listingOf(m_book.readAll(storage));
+    const std::set<int> hit = strayLocations(before, now, asked, entry);
+    if (hit.empty()) {
+        const auto there = now.find(asked);
+        return entry == nullptr ? there == now.end() : there != now.end() && there->second.sameContent(*entry);
     }
+    m_strays = true;
+    m_state.setProblem(straysText);
+    if (!PhonebookRepair(m_book, storage, before).putBack(now, asked, hit, entry == nullptr))
+        logFormat("%s, location %d: what stood there is in the copy of the card alone", storage.name.c_str(),
+                  *hit.begin());
     read(memory);
+    throw Failure(ORVA_E_UNSUPPORTED, straysText);
 }
 
 int ModemSession::add(int memory, PhonebookEntry entry)
@@ -214,8 +261,7 @@ void ModemSession::erase(int memory, int id)
     prepare(memory);
     const PhonebookEntry old = entryOf(memory, id);
     confirm(memory, old);
-    m_book.erase(storageOf(memory), old.location);
-    m_used = std::chrono::steady_clock::now();
+    eraseAt(memory, old.location);
     m_state.change(memory, [id](ModemBook& book) { book.entries.erase(id); });
 }
 
@@ -241,13 +287,16 @@ void ModemSession::restore(int memory, const std::string& path)
         wanted.insert(entry.location);
         const auto there = now.find(entry.location);
         if (there == now.end())
-            m_book.write(storage, entry, std::nullopt);
+            write(memory, entry, std::nullopt);
         else if (!there->second.sameContent(entry) || there->second.tail != entry.tail)
-            m_book.write(storage, entry, there->second);
+            write(memory, entry, there->second);
+        else
+            continue;
+        m_state.change(memory, [&entry](ModemBook& book) { book.entries.notice(entry); });
     }
     for (const auto& [location, entry] : now) {
         if (wanted.count(location) == 0)
-            m_book.erase(storage, location);
+            eraseAt(memory, location);
     }
     read(memory);
 }

@@ -261,4 +261,17 @@ TEST(theReportTellsModemAndStorages)
     CHECK_EQ(ORVA_Modem_WaitReady(ORVA_MEMORY_CARD, -1), ORVA_E_ARGUMENT);
 }
 
+TEST(aMemoryBehindAModemHasNoLossToTell)
+{
+    const Setting setting;
+    CHECK_EQ(ORVA_Modem_WaitReady(ORVA_MEMORY_CARD, patience), ORVA_OK);
+    for (const int memory : {ORVA_MEMORY_CARD, ORVA_MEMORY_DEVICE}) {
+        long code = ORVA_E_STORE;
+        int records = 7;
+        CHECK_EQ(ORVA_Store_TakeLoss(memory, &code, &records), ORVA_OK);
+        CHECK_EQ(code, ORVA_OK);
+        CHECK_EQ(records, 0);
+    }
+}
+
 CHECK_MAIN

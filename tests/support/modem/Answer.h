@@ -21,6 +21,7 @@ struct Answer {
     Final final = Ok;
     int code = 0;
     int milliseconds = 0; // that pass before the final result
+    bool stalls = false;  // the final result never comes
 
     Answer() = default;
     explicit Answer(std::string line) { add(std::move(line)); }

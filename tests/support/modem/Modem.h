@@ -44,6 +44,7 @@ enum class Fault {
     UnplugBefore, // the modem vanishes in place of carrying it out
     UnplugAfter,  // it vanishes when the command has been carried out, without an answer
     UnplugInside, // it vanishes in the middle of the answer
+    StallInside,  // it falls silent in the middle of the answer, in a line
     PullCard,     // the card is pulled before it is carried out
     Error         // it answers +CME ERROR: with the given code, and does nothing
 };

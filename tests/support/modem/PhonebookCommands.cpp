@@ -181,6 +181,10 @@ Answer readRange(State& state, size_t port, const Storage& storage, int from, in
     int hits = 0;
     int time = quirks.number("read_ms", 0);
     for (int location = from; location <= to; ++location) {
+        if (location == quirks.number("stall_at", 0)) {
+            answer.stalls = true;
+            return answer;
+        }
         const Entry* entry = storage.find(location);
         time += state.plan.entryMs;
         Entry empty;
@@ -294,6 +298,8 @@ Answer write(State& state, size_t port, const Command& command)
         return cme(MemoryFull);
     if (location < 1 || location > storage->total())
         return cme(InvalidIndex);
+    if (erasing && quirks.text("write_other") == "all")
+        location = location % storage->total() + 1;
     if (erasing)
         return quirks.has("write_lost") ? Answer() : erase(state, *storage, location);
     Entry entry = givenEntry(state, port, command);

@@ -112,6 +112,9 @@ bool Port::meetsFault(const Command& command, Answer& whole, const std::string& 
     case Fault::UnplugInside:
         m_unplugInside = true;
         return false;
+    case Fault::StallInside:
+        m_stallInside = true;
+        return false;
     case Fault::PullCard:
         m_state.pullCard();
         return false;
@@ -143,6 +146,7 @@ void Port::execute(const std::string& line)
         whole.final = part.final;
         whole.code = part.code;
         whole.milliseconds += part.milliseconds;
+        whole.stalls = part.stalls;
         if (part.final != Answer::Ok)
             break;
     }
@@ -185,8 +189,10 @@ void Port::answer(const Answer& answer, const std::string& line)
 {
     const Quirks& quirks = m_state.quirks;
     const bool silent = m_silent || (quirks.has("silent") && beginsWith(line, quirks.text("silent")));
-    const bool unfinished = quirks.has("lost_ok") && beginsWith(line, quirks.text("lost_ok"));
-    m_silent = false;
+    const bool stallInside = m_stallInside;
+    const bool unfinished =
+        stallInside || answer.stalls || (quirks.has("lost_ok") && beginsWith(line, quirks.text("lost_ok")));
+    m_silent = m_stallInside = false;
     if (silent) {
         if (m_unplugInside)
             m_state.unplug();
@@ -198,6 +204,10 @@ void Port::answer(const Answer& answer, const std::string& line)
     int wait = m_state.plan.commandMs + quirks.number("delay", 0) + transfer;
     bool first = true;
     for (const Answer::Line& piece : answer.lines) {
+        if (stallInside && &piece == &answer.lines[answer.lines.size() / 2]) {
+            write(information(piece.text, first).substr(0, piece.text.size() / 2), wait);
+            return;
+        }
         if (quirks.has("urc_inside") && !first)
             write(information("+CSQ: 17,99", true) + information("^RSSI:17", true), 0);
         tell('<', piece.text);
@@ -242,7 +252,7 @@ void Port::unsolicited(const std::string& text)
 void Port::hangUp()
 {
     m_line.clear();
-    m_prompt = m_silent = m_unplugInside = false;
+    m_prompt = m_silent = m_unplugInside = m_stallInside = false;
     m_output.clear();
 }
 

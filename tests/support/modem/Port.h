@@ -50,6 +50,7 @@ private:
     std::string m_lastLine;
     bool m_prompt = false;
     bool m_unplugInside = false;
+    bool m_stallInside = false;
     bool m_silent = false;
     std::deque<Piece> m_output;
     Clock::time_point m_lineFree; // when the last piece has gone

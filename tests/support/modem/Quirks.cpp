@@ -46,6 +46,7 @@ const std::vector<QuirkInfo>& knownQuirks()
         {"first_hits", "2", reading, "only the first entries of a range are listed"},
         {"twice", "", reading, "each location is listed twice"},
         {"range_any_ok", "", reading, "a range beyond the end is answered with OK"},
+        {"stall_at", "5", different, "a read falls silent for good before this location"},
         {"read_ms", "200", reading, "each read command takes so long"},
         // Texts
         {"ucs2_number", "", reading, "in UCS2 numbers are in hex as well"},
@@ -86,7 +87,8 @@ const std::vector<QuirkInfo>& knownQuirks()
         {"write_lost", "", writing, "writes are answered with OK and not stored"},
         {"text_units", "", writing, "the length of a card's name is counted in characters"},
         {"no_write", "", writing, "phonebooks can be read only"},
-        {"write_other", "", writing, "a write goes to the location behind the one that was asked for"},
+        {"write_other", "", writing,
+         "a write goes to the location behind the one that was asked for; all: erasing as well"},
     };
     return all;
 }
