@@ -75,9 +75,13 @@ private slots:
         s_fixture = &f;
         BatchFixture::fillLocal();
         f.build();
-        FakeSdk::onCall("AddAddrRec", 2, [&f] { f.held = std::make_unique<Held>("EndTransaction", 1); });
+        std::atomic<bool> isHeld{false};
+        FakeSdk::onCall("AddAddrRec", 2, [&f, &isHeld] {
+            f.held = std::make_unique<Held>("EndTransaction", 1);
+            isHeld = true;
+        });
         f.window()->addImportedRecords(PB_MEM_LOCAL, Contacts::records(PB_MEM_LOCAL, "New", 2), 0);
-        QVERIFY(QTest::qWaitFor([&f] { return f.held && CopyFixture::waiting() == nullptr; }, 20000));
+        QVERIFY(QTest::qWaitFor([&isHeld] { return isHeld && CopyFixture::waiting() == nullptr; }, 20000));
         QVERIFY(f.held->wait());
         QVERIFY(f.in().threadBusy());
         FileDialogs::setChoosers(nullptr, chooseSlowly);

@@ -20,6 +20,7 @@ private slots:
         BatchFixture f;
         f.build();
         f.cancelledImport(3);
+        QVERIFY(f.waitForTheWindow());
         f.treeAction("IDS_Add_GROUP")->trigger();
         QTreeWidgetItem* node = f.in().editedGroup();
         QVERIFY(node != nullptr);
@@ -51,6 +52,7 @@ private slots:
         f.window()->addImportedRecords(PB_MEM_LOCAL, Contacts::records(PB_MEM_LOCAL, "New", 3), friends);
         QVERIFY(f.held->wait());
         CopyFixture::cancelButton()->click();
+        QVERIFY(f.waitForTheWindow());
         f.treeAction("IDS_EDIT_GROUP")->trigger();
         QTreeWidgetItem* node = f.in().editedGroup();
         QVERIFY(node != nullptr);

@@ -39,6 +39,14 @@ void BatchFixture::cancelledImport(int n)
     QVERIFY(in().threadBusy());
 }
 
+bool BatchFixture::waitForTheWindow() const
+{
+    if (!QTest::qWaitFor([] { return waiting() == nullptr; }, 20000))
+        return false;
+    window()->window()->activateWindow();
+    return QTest::qWaitForWindowActive(window()->window(), 20000);
+}
+
 void BatchFixture::letEnd() const
 {
     held->letGo();

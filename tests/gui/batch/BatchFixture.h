@@ -40,6 +40,9 @@ public:
     // The same with an import of n contacts to the PC.
     void cancelledImport(int n);
 
+    // Behind a cancel: the progress has gone, and the window has the keyboard again.
+    bool waitForTheWindow() const;
+
     // The batch ends and is told, as it does while a dialog of the user's is open.
     void letEnd() const;
 

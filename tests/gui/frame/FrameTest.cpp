@@ -352,7 +352,8 @@ private slots:
         const QStringList own = lines.filter(QRegExp("^AddrBookUI(Plugin|Service)\\.cpp: \\w+ (called|exit)$"));
         QVERIFY(!own.isEmpty());
         QCOMPARE(lines.filter(QRegExp(" rect: x=0, y=0, width=100, height=100$")).size(), 1);
-        for (const QString& line : lines.filter(".cpp"))
+        // Where it is built without optimisation, Qt names places of its own.
+        for (const QString& line : lines.filter(QRegExp("^(?!QObject::connect).*\\.cpp")))
             QVERIFY2(!line.section(".cpp", 0, 0).contains("/"), qPrintable(line));
     }
 

@@ -61,7 +61,8 @@ private slots:
         QCOMPARE(lines.filter(QRegExp("^[0-9:]+ : AddrBookDlg\\.cpp : \\w+ : ORVA_DevSrv_GetRFSwitch returned error$"))
                      .size(),
                  1);
-        for (const QString& line : lines.filter(".cpp"))
+        // Where it is built without optimisation, Qt names places of its own.
+        for (const QString& line : lines.filter(QRegExp("^(?!QObject::connect).*\\.cpp")))
             QVERIFY2(!line.contains("/"), qPrintable(line));
         QLoggingCategory::setFilterRules("default.debug=false\ndefault.warning=false");
     }

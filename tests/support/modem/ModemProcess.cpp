@@ -1,8 +1,10 @@
 #include "support/modem/ModemProcess.h"
 
+#include <cerrno>
 #include <csignal>
 #include <cstdlib>
 #include <stdexcept>
+#include <sys/wait.h>
 
 namespace modemsim
 {
@@ -45,6 +47,10 @@ void ModemProcess::kill()
 void ModemProcess::freeze()
 {
     ::kill(m_child.pid(), SIGSTOP);
+    // The signal is on its way; until it has come the process goes on answering.
+    int status = 0;
+    while (::waitpid(m_child.pid(), &status, WUNTRACED) == -1 && errno == EINTR) {
+    }
 }
 
 void ModemProcess::thaw()
