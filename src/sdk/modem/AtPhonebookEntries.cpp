@@ -219,6 +219,7 @@ std::vector<PhonebookEntry> AtPhonebook::readAll(const PhonebookStorage& storage
         lines.push_back(line);
     learnNumbers(lines);
     std::vector<PhonebookEntry> entries;
+    entries.reserve(lines.size());
     for (const EntryLine& line : lines)
         entries.push_back(entryFrom(line));
     return entries;

@@ -321,9 +321,9 @@ std::string ModemSession::report()
 {
     std::string text;
     static constexpr const char* names[] = {"manufacturer", "model", "revision"};
-    std::size_t next = 0;
-    for (const std::string& line : m_book.product())
-        text += std::string(names[next++]) + "=" + line + "\n";
+    const std::vector<std::string> product = m_book.product();
+    for (std::size_t i = 0; i < std::min(product.size(), std::size(names)); ++i)
+        text += std::string(names[i]) + "=" + product[i] + "\n";
     const AtPhonebook::Tries tries = m_book.triesLeft();
     if (tries.pin >= 0)
         text += "pin-tries=" + std::to_string(tries.pin) + "\n";
