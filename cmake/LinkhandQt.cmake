@@ -1,17 +1,19 @@
-# One set of Qt targets for all releases: linkhand_qtcore, linkhand_qtwidgets and linkhand_qtxml. Nothing in src/ names
-# a Qt release. LINKHAND_LRELEASE compiles language files.
+# One set of Qt targets for all releases: linkhand_qtcore, linkhand_qtwidgets, linkhand_qtxml and, for tests,
+# linkhand_qttest. Nothing outside this file names a Qt release. LINKHAND_LRELEASE compiles language files.
 
 set(CMAKE_AUTOMOC ON)
 
 add_library(linkhand_qtcore INTERFACE)
 add_library(linkhand_qtwidgets INTERFACE)
 add_library(linkhand_qtxml INTERFACE)
+add_library(linkhand_qttest INTERFACE)
 
 if(LINKHAND_QT EQUAL 5)
   find_package(Qt5 5.15 REQUIRED COMPONENTS Core Gui Widgets Xml Test LinguistTools)
   target_link_libraries(linkhand_qtcore INTERFACE Qt5::Core)
   target_link_libraries(linkhand_qtwidgets INTERFACE Qt5::Widgets)
   target_link_libraries(linkhand_qtxml INTERFACE Qt5::Xml)
+  target_link_libraries(linkhand_qttest INTERFACE Qt5::Test)
   set(LINKHAND_LRELEASE Qt5::lrelease)
 elseif(LINKHAND_QT EQUAL 6)
   # QRegExp and QTextCodec decide what is accepted and how rows sort; Core5Compat has both as they were.
