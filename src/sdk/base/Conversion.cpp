@@ -1,5 +1,6 @@
 #include "base/Conversion.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <iconv.h>
 
@@ -8,6 +9,9 @@ namespace orva
 
 namespace
 {
+
+// Input for which room is made at a time: a text of nothing but what cannot be converted comes back here for each.
+constexpr std::size_t chunk = 4096;
 
 const iconv_t noConversion = reinterpret_cast<iconv_t>(-1); // NOLINT: what iconv_open gives
 
@@ -32,7 +36,7 @@ bool Conversion::convert(std::string_view& in, std::string& out, bool* cut)
         char* from = const_cast<char*>(in.data()); // iconv's argument is not const and is not written through
         std::size_t fromLeft = in.size();
         const std::size_t before = out.size();
-        out.resize(before + 2 * in.size() + 16);
+        out.resize(before + 2 * std::min(in.size(), chunk) + 16);
         char* to = out.data() + before;
         std::size_t toLeft = out.size() - before;
         const std::size_t result = iconv(m_conversion, &from, &fromLeft, &to, &toLeft);

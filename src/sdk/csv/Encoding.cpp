@@ -12,26 +12,44 @@ namespace
 {
 
 constexpr char unreadable = '\xFF'; // never part of UTF-8
+constexpr char32_t loneSurrogate = 0xFFFD;
 constexpr std::size_t beginningLength = 4096;
 
 // A file in UTF-8 with broken places has many whole sequences for each; a file in another encoding has hardly any.
 constexpr std::size_t goodForEachBad = 10;
 
-// 80 to 9F; the five octets without a character stand for the control characters of the same number.
-constexpr std::array<char16_t, 32> windows1252 = {0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
-                                                  0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,
-                                                  0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
-                                                  0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
-
-void decodeWindows1252(std::string_view piece, std::string& out)
+// The name by which iconv knows an encoding.
+std::string nameOf(Encoding encoding, const std::string& localCodeset)
 {
-    for (const char c : piece) {
-        const auto octet = static_cast<unsigned char>(c);
-        if (octet < 0x80)
-            out.push_back(c);
-        else
-            appendUtf8(static_cast<char32_t>(octet < 0xA0 ? windows1252[octet - 0x80U] : octet), out);
+    switch (encoding) {
+    case Encoding::Utf8:
+        break;
+    case Encoding::Utf16Le:
+        return "UTF-16LE";
+    case Encoding::Utf16Be:
+        return "UTF-16BE";
+    case Encoding::Local:
+        return localCodeset;
+    case Encoding::Windows1252:
+        return "CP1252";
     }
+    return "UTF-8";
+}
+
+// Appends what stands for the beginning of a text that cannot be converted, and gives that beginning's length.
+std::size_t appendSubstitute(Encoding encoding, std::string_view text, std::string& out)
+{
+    const bool wide = encoding == Encoding::Utf16Le || encoding == Encoding::Utf16Be;
+    if (wide && text.size() > 1) {
+        appendUtf8(loneSurrogate, out);
+        return 2;
+    }
+    // Five octets have no character: they stand for the control characters of the same number.
+    if (encoding == Encoding::Windows1252)
+        appendUtf8(static_cast<char32_t>(static_cast<unsigned char>(text[0])), out);
+    else
+        out.push_back(unreadable);
+    return 1;
 }
 
 } // namespace
@@ -146,83 +164,26 @@ EncodingGuess EncodingDetector::guess() const
     return {Encoding::Windows1252, 0};
 }
 
-Decoder::Decoder(Encoding encoding, const std::string& localCodeset) : m_encoding(encoding)
+Decoder::Decoder(Encoding encoding, const std::string& localCodeset)
+    : m_encoding(encoding), m_conversion("UTF-8", nameOf(encoding, localCodeset).c_str())
 {
-    if (encoding == Encoding::Local)
-        m_local = std::make_unique<Conversion>("UTF-8", localCodeset.c_str());
 }
 
 void Decoder::decode(std::string_view piece, bool last, std::string& out)
 {
-    switch (m_encoding) {
-    case Encoding::Utf8:
+    if (m_encoding == Encoding::Utf8) {
         out.append(piece);
-        break;
-    case Encoding::Utf16Le:
-    case Encoding::Utf16Be:
-        decodeUtf16(piece, last, out);
-        break;
-    case Encoding::Local:
-        decodeLocal(piece, last, out);
-        break;
-    case Encoding::Windows1252:
-        decodeWindows1252(piece, out);
-        break;
-    }
-}
-
-void Decoder::decodeUtf16(std::string_view piece, bool last, std::string& out)
-{
-    for (const char c : piece) {
-        const int octet = static_cast<unsigned char>(c);
-        if (m_half < 0) {
-            m_half = octet;
-            continue;
-        }
-        const int unit = m_encoding == Encoding::Utf16Le ? octet << 8 | m_half : m_half << 8 | octet;
-        m_half = -1;
-        addUnit(static_cast<char16_t>(unit), out);
-    }
-    if (!last)
         return;
-    if (m_surrogate != 0)
-        appendUtf8(static_cast<char32_t>(m_surrogate), out);
-    if (m_half >= 0)
-        out.push_back(unreadable);
-    m_surrogate = 0;
-    m_half = -1;
-}
-
-void Decoder::addUnit(char16_t unit, std::string& out)
-{
-    const bool low = unit >= 0xDC00 && unit < 0xE000;
-    if (m_surrogate != 0) {
-        const char32_t high = m_surrogate;
-        m_surrogate = 0;
-        if (low) {
-            appendUtf8(0x10000 + ((high - 0xD800) << 10) + (unit - 0xDC00U), out);
-            return;
-        }
-        appendUtf8(high, out);
     }
-    if (unit >= 0xD800 && unit < 0xDC00)
-        m_surrogate = unit;
-    else
-        appendUtf8(static_cast<char32_t>(unit), out);
-}
-
-void Decoder::decodeLocal(std::string_view piece, bool last, std::string& out)
-{
     m_rest.append(piece);
     std::string_view left = m_rest;
     while (!left.empty()) {
         bool cut = false;
-        if (m_local->usable() && m_local->convert(left, out, &cut))
+        if (m_conversion.usable() && m_conversion.convert(left, out, &cut))
             break;
         if (cut && !last)
             break;
-        out.push_back(unreadable);
-        left.remove_prefix(1);
+        left.remove_prefix(appendSubstitute(m_encoding, left, out));
     }
     m_rest.erase(0, m_rest.size() - left.size());
 }

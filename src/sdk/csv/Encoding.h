@@ -61,15 +61,9 @@ public:
     void decode(std::string_view piece, bool last, std::string& out);
 
 private:
-    void decodeUtf16(std::string_view piece, bool last, std::string& out);
-    void addUnit(char16_t unit, std::string& out);
-    void decodeLocal(std::string_view piece, bool last, std::string& out);
-
     Encoding m_encoding;
-    int m_half = -1;          // first octet of a unit that the last piece cut off
-    char16_t m_surrogate = 0; // first half of a pair
-    std::unique_ptr<Conversion> m_local;
-    std::string m_rest;
+    Conversion m_conversion;
+    std::string m_rest; // of a sequence that the last piece cut off
 };
 
 } // namespace orva
