@@ -1,43 +1,44 @@
 #include "loader/SharedObject.h"
 
-#include <QByteArray>
 #include <QFile>
 
-#include <cstring>
-#include <link.h>
+#include <gelf.h>
 
 namespace
 {
 
-const unsigned char NATIVE_CLASS = sizeof(void*) == 8 ? ELFCLASS64 : ELFCLASS32;
+const int NATIVE_CLASS = sizeof(void*) == 8 ? ELFCLASS64 : ELFCLASS32;
 
-// Reads one structure at an offset; false behind the end.
-template <class Structure>
-bool readAt(QFile& file, quint64 ulOffset, Structure& structure)
+// Whether the file holds what each of its segments is made of. The dynamic linker takes their number from the header
+// alone, where a library of very many may have it elsewhere.
+bool hasItsSegments(Elf* pElf, const GElf_Ehdr& header, quint64 ulSize)
 {
-    if (ulOffset > quint64(file.size()) || !file.seek(qint64(ulOffset))) {
+    size_t ulCount = 0;
+    if (elf_getphdrnum(pElf, &ulCount) != 0 || ulCount == 0 || ulCount != header.e_phnum) {
         return false;
     }
-    return file.read(reinterpret_cast<char*>(&structure), sizeof structure) == qint64(sizeof structure);
+    for (size_t i = 0; i < ulCount; ++i) {
+        GElf_Phdr segment;
+        if (gelf_getphdr(pElf, int(i), &segment) == nullptr || segment.p_offset > ulSize ||
+            segment.p_filesz > ulSize - segment.p_offset) {
+            return false;
+        }
+    }
+    return true;
 }
 
 } // namespace
 
 bool SharedObject::IsWhole(QFile& file)
 {
-    ElfW(Ehdr) header = {};
-    if (!readAt(file, 0, header) || std::memcmp(header.e_ident, ELFMAG, SELFMAG) != 0 ||
-        header.e_ident[EI_CLASS] != NATIVE_CLASS || header.e_type != ET_DYN ||
-        header.e_phentsize != sizeof(ElfW(Phdr)) || header.e_phnum == 0) {
-        return false;
-    }
-    const quint64 ulSize = quint64(file.size());
-    for (unsigned int i = 0; i < header.e_phnum; ++i) {
-        ElfW(Phdr) segment = {};
-        if (!readAt(file, header.e_phoff + i * sizeof segment, segment) || segment.p_offset > ulSize ||
-            segment.p_filesz > ulSize - segment.p_offset) {
-            return false;
-        }
-    }
-    return true;
+    elf_version(EV_CURRENT);
+    // Read, not mapped: whoever may write the file could cut it short meanwhile.
+    Elf* pElf = elf_begin(file.handle(), ELF_C_READ, nullptr);
+    GElf_Ehdr header;
+    const bool bWhole = elf_kind(pElf) == ELF_K_ELF && gelf_getclass(pElf) == NATIVE_CLASS &&
+                        gelf_getehdr(pElf, &header) != nullptr && header.e_type == ET_DYN &&
+                        header.e_phentsize == gelf_fsize(pElf, ELF_T_PHDR, 1, EV_CURRENT) &&
+                        hasItsSegments(pElf, header, quint64(file.size()));
+    elf_end(pElf);
+    return bWhole;
 }
