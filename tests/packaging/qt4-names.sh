@@ -40,7 +40,7 @@ members+='|setApplicationDisplayName|setSizeAdjustPolicy|setCurrentText|setWindo
 members+='|toSecsSinceEpoch|fromSecsSinceEpoch|currentSecsSinceEpoch|fromStdString16|toStdU16String|setShortcutVisibleInContextMenu'
 members+='|setToolTipsVisible|requestInterruption|isInterruptionRequested|setEventDispatcher|readLineInto|setTabBarAutoHide'
 members+='|globalPosition|angleDelta|pixelDelta|localPos|windowPos|screenPos|toAscii|fromAscii|currentTextChanged'
-members+='|windowHandle|QStyle::PM_TitleBarButton\w+|PlaceholderText|FindDirectChildrenOnly|FindChildrenRecursively'
+members+='|windowHandle|isSurrogate|isNonCharacter|QStyle::PM_TitleBarButton\w+|PlaceholderText|FindDirectChildrenOnly|FindChildrenRecursively'
 members+='|loadAcquire|storeRelease|loadRelaxed|storeRelaxed|SkipEmptyParts|AA_EnableHighDpiScaling|AA_UseHighDpiPixmaps'
 look "members that only one of the releases has" "(\\.|->|::|SIGNAL\\()($members)\\b" "${rooms[@]}"
 
@@ -49,7 +49,7 @@ look "timers that call lambdas" 'singleShot\([^;]*, *\[' "${rooms[@]}"
 look "headers by module" '#include *<(Qt(Core|Gui|Widgets|Xml|Network|Test|PrintSupport|Concurrent)(/.*)?)>' "${rooms[@]}"
 look "lists in braces" '\bQ(List|Vector|Set|Hash|Map|MultiMap|MultiHash|Queue|StringList)(<[^;(){}]*>)?( \w+)?( = )?\{[^}]' "${rooms[@]}"
 look "digit separators, which its moc cannot read" "[0-9]'[0-9]" "${rooms[@]}"
-look "targets of one release" 'Qt[45]::|Qt5_|QT_QT' src languages plugins packaging
+look "targets of one release" 'Qt[456]::|Qt[56]_|QT_QT' src languages plugins packaging tests benchmarks
 
 [ "$status" = 0 ] && echo "nothing that Qt 4 does not have"
 exit $status

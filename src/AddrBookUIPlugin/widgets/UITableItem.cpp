@@ -105,7 +105,7 @@ bool UITableItem::makeKey() const
     m_ullKeyHead = 0;
     for (int i = 0; i < m_strKey.size(); ++i) {
         const QChar ch = m_strKey.at(i);
-        if (ch.isSurrogate())
+        if (ch.isHighSurrogate() || ch.isLowSurrogate())
             return false;
         const QChar chFolded = ch.toCaseFolded();
         if (chFolded != ch)
