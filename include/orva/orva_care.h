@@ -2,9 +2,8 @@
 #define ORVA_CARE_H
 
 /*
- * Contacts as people write them, made fit to be stored; for hosts and clients. The conventions are those of orva_sdk.h:
- * a code as result, UTF-16 texts, buffers of the caller. Nothing here opens a memory: any thread, at any time, at the
- * cost of reading the text.
+ * Contacts as people write them, made fit to be stored, and a way back for those that were deleted; for hosts and
+ * clients. The conventions are those of orva_sdk.h: a code as result, UTF-16 texts, buffers of the caller, any thread.
  */
 
 #include "orva/orva_sdk.h"
@@ -12,6 +11,8 @@
 #ifdef __cplusplus
 extern "C" {
 #endif
+
+/* ---- Numbers: nothing here opens a memory ---------------------------------------------------------------------- */
 
 /* Turns a telephone number as people and programs write it into what a memory (0 card, 1 device, 4 PC) stores: digits
  * 0 to 9, "+", "*" and "#", on card and device "p" and "w" as well. No digit is added; the result may be longer than
@@ -30,6 +31,44 @@ extern "C" {
  * unknown memory or a null pointer, ORVA_E_TOO_LONG for a text of more than 65,535 units. */
 ORVA_API long ORVA_Care_CleanNumber(int memory, const unsigned short* text, unsigned short** number,
                                     unsigned short** extension);
+
+/* ---- The bin of the PC's phonebook (memory 4 only; others give ORVA_E_UNSUPPORTED) -------------------------------
+ * What a record said before it was deleted, or before an update changed it, stays in the bin for ORVA_BIN_DAYS days,
+ * with the groups it was in. It goes there in the transaction that takes it away. */
+
+#define ORVA_BIN_DAYS 30
+
+#define ORVA_BIN_DELETED 1
+#define ORVA_BIN_CHANGED 2
+
+typedef struct ORVA_BIN_ENTRY {
+    int id;         /* of the entry: 1 or more, never used twice */
+    int record;     /* the identifier that the record had, or still has after a change */
+    int reason;     /* ORVA_BIN_DELETED or ORVA_BIN_CHANGED */
+    long long time; /* when: seconds since the beginning of 1970, UTC */
+} ORVA_BIN_ENTRY;
+
+/* Gives what is in the bin, the newest first, as an array of *count entries; null for none. Free it with
+ * ORVA_Care_BinRelease, which sets the pointer to null. */
+ORVA_API long ORVA_Care_GetBin(int memory, ORVA_BIN_ENTRY** entries, int* count);
+ORVA_API long ORVA_Care_BinRelease(int memory, ORVA_BIN_ENTRY** entries);
+
+/* Gives a handle to a copy of the record of an entry, to be read with ORVA_PBSrv_AddrRecord_GetValue and released with
+ * ORVA_PBSrv_AddrRecord_Release. ORVA_E_NOT_FOUND, and a null handle, if the entry is not there. */
+ORVA_API long ORVA_Care_GetBinRecord(int memory, int entry, void** record);
+
+/* Gives the groups that the record of an entry was in, as their names from the first level on with "/" between, in a
+ * new buffer, one a line. Groups that were deleted since are among them. */
+ORVA_API long ORVA_Care_GetBinGroups(int memory, int entry, unsigned short** paths);
+
+/* Stores the record of an entry anew, in the groups it was in, and takes the entry out of the bin; all of that, or
+ * nothing. Groups that were deleted since are made again. The record has a new identifier, in *id; after a change it
+ * comes to stand beside the changed one. ORVA_E_NOT_FOUND, ORVA_E_FULL. Durable when it returns 0 outside a
+ * transaction. */
+ORVA_API long ORVA_Care_Undelete(int memory, int entry, int* id);
+
+/* Removes an entry for good; all of them for entry 0. ORVA_E_NOT_FOUND for one that is not there. */
+ORVA_API long ORVA_Care_EmptyBin(int memory, int entry);
 
 #ifdef __cplusplus
 }

@@ -3,6 +3,7 @@
 #include <getopt.h>
 
 #include <algorithm>
+#include <charconv>
 
 #include "orva/orva_sdk.h"
 
@@ -15,21 +16,14 @@ namespace
 constexpr int longOption = 256; // beyond all characters
 
 constexpr option known[] = {
-    {"help", no_argument, nullptr, longOption},
-    {"version", no_argument, nullptr, longOption},
-    {"no-groups", no_argument, nullptr, longOption},
-    {"dry-run", no_argument, nullptr, longOption},
-    {"memory", required_argument, nullptr, longOption},
-    {"data-dir", required_argument, nullptr, longOption},
-    {"group", required_argument, nullptr, longOption},
-    {"map", required_argument, nullptr, longOption},
-    {"from", required_argument, nullptr, longOption},
-    {"hardware", required_argument, nullptr, longOption},
-    {"use", required_argument, nullptr, longOption},
-    {"unlock", no_argument, nullptr, longOption},
-    {"last-try", no_argument, nullptr, longOption},
-    {"format", required_argument, nullptr, longOption},
-    {nullptr, 0, nullptr, 0},
+    {"help", no_argument, nullptr, longOption},           {"version", no_argument, nullptr, longOption},
+    {"no-groups", no_argument, nullptr, longOption},      {"dry-run", no_argument, nullptr, longOption},
+    {"empty", no_argument, nullptr, longOption},          {"memory", required_argument, nullptr, longOption},
+    {"data-dir", required_argument, nullptr, longOption}, {"group", required_argument, nullptr, longOption},
+    {"map", required_argument, nullptr, longOption},      {"from", required_argument, nullptr, longOption},
+    {"hardware", required_argument, nullptr, longOption}, {"use", required_argument, nullptr, longOption},
+    {"unlock", no_argument, nullptr, longOption},         {"last-try", no_argument, nullptr, longOption},
+    {"format", required_argument, nullptr, longOption},   {nullptr, 0, nullptr, 0},
 };
 
 // The colon: getopt says nothing by itself, and tells a missing value from an unknown option.
@@ -93,6 +87,15 @@ int Arguments::memory() const
     if (name == "device")
         return ORVA_MEMORY_DEVICE;
     throw UsageError("unknown memory \"" + name + "\": local, card or device");
+}
+
+int identifierIn(const std::string& word)
+{
+    int id = 0;
+    const auto read = std::from_chars(word.data(), word.data() + word.size(), id);
+    if (read.ec != std::errc() || read.ptr != word.data() + word.size() || id < 1)
+        throw UsageError("\"" + word + "\" is no identifier");
+    return id;
 }
 
 } // namespace pbctl

@@ -43,6 +43,9 @@ private:
     std::map<std::string, std::vector<std::string>> m_options;
 };
 
+// The identifier that a word names; UsageError for one that names none.
+int identifierIn(const std::string& word);
+
 } // namespace pbctl
 
 #endif // PBCTL_ARGUMENTS_H

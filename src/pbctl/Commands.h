@@ -15,10 +15,13 @@ constexpr int partlyDone = 3; // some contacts did not come in
 // One function a command; each gives the exit code, or throws UsageError or SdkError.
 int runList(const Arguments& arguments);
 int runAdd(const Arguments& arguments);
+int runDelete(const Arguments& arguments);
 int runGroups(const Arguments& arguments);
 int runImport(const Arguments& arguments);
 int runExport(const Arguments& arguments);
 int runInfo(const Arguments& arguments);
+int runBin(const Arguments& arguments);
+int runUndelete(const Arguments& arguments);
 int runCheck(const Arguments& arguments);
 int runBackup(const Arguments& arguments);
 int runRestore(const Arguments& arguments);

@@ -9,6 +9,7 @@
 #include "Groups.h"
 #include "Numbers.h"
 #include "Sdk.h"
+#include "Shown.h"
 
 namespace pbctl
 {
@@ -16,30 +17,11 @@ namespace pbctl
 namespace
 {
 
-// A value on one line of tab-separated columns.
-std::string escaped(const std::string& value)
-{
-    std::string out;
-    for (const char c : value) {
-        if (c == '\n')
-            out += "\\n";
-        else if (c == '\r')
-            out += "\\r";
-        else if (c == '\t')
-            out += "\\t";
-        else if (c == '\\')
-            out += "\\\\";
-        else
-            out.push_back(c);
-    }
-    return out;
-}
-
 void printRecord(int id, const std::vector<std::u16string>& values)
 {
     std::printf("%d", id);
     for (const std::u16string& value : values)
-        std::printf("\t%s", escaped(toUtf8(value)).c_str());
+        std::printf("\t%s", shown(toUtf8(value)).c_str());
     std::printf("\n");
 }
 
@@ -121,7 +103,7 @@ int runGroups(const Arguments& arguments)
     std::sort(sorted.begin(), sorted.end(), [](const Group* a, const Group* b) { return a->path < b->path; });
     std::printf("ID\tContacts\tGroup\n");
     for (const Group* group : sorted)
-        std::printf("%d\t%zu\t%s\n", group->id, group->members.size(), escaped(group->path).c_str());
+        std::printf("%d\t%zu\t%s\n", group->id, group->members.size(), shown(group->path).c_str());
     return done;
 }
 

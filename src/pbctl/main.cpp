@@ -26,6 +26,8 @@ constexpr Command commands[] = {
     {"add", runAdd, "[--memory M] [--group PATH]... FIELD=VALUE...",
      "Adds a contact and prints its identifier, as in: pbctl add Name=\"Ada Byron\" Mobile=+441632960001\n"
      "  --group PATH      puts it into a group, which is made if it is not there\n"},
+    {"delete", runDelete, "[--memory M] ID...",
+     "Deletes contacts by their identifiers; those of the PC's phonebook go to the bin.\n"},
     {"import", runImport, "[--memory M] [OPTION]... FILE | --from APPLICATION",
      "Takes contacts over from a file with titles in its first row (commas, semicolons or tabs), from one of vCards\n"
      "or from a mail program on this computer. Columns are told by their titles; groups come from a column\n"
@@ -43,6 +45,11 @@ constexpr Command commands[] = {
      "  --format NAME     vcf or csv, whatever the file's name ends in\n"},
     {"groups", runGroups, "", "Prints the groups of the PC's phonebook and how many contacts each has.\n"},
     {"info", runInfo, "[--memory M]", "Prints how full the memories are and which fields they have.\n"},
+    {"bin", runBin, "[--empty]",
+     "Prints what was deleted or overwritten in the PC's phonebook in the last 30 days, the newest first.\n"
+     "  --empty           removes all of it for good\n"},
+    {"undelete", runUndelete, "ENTRY...",
+     "Brings contacts back from the bin, with their groups, and prints their new identifiers.\n"},
     {"check", runCheck, "[--memory M]", "Looks for damage in the file of a memory.\n"},
     {"backup", runBackup, "[--memory M] FILE", "Copies a memory to a file, whatever else is going on.\n"},
     {"restore", runRestore, "[--memory M] FILE",

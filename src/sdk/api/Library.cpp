@@ -140,7 +140,7 @@ Memory& memoryFor(int memory)
 Store& groupStore(int memory)
 {
     if (memory == ORVA_MEMORY_CARD || memory == ORVA_MEMORY_DEVICE)
-        throw Failure(ORVA_E_UNSUPPORTED, "no groups on this memory");
+        throw Failure(ORVA_E_UNSUPPORTED, "this memory has neither groups nor a bin");
     memoryFor(memory);
     return library().local.store();
 }

@@ -23,7 +23,8 @@ class Store;
 // it is used (ORVA_E_ABSENT).
 Memory& memoryFor(int memory);
 
-// The store of the PC's phonebook, which alone has groups. ORVA_E_ARGUMENT, or ORVA_E_UNSUPPORTED for another memory.
+// The store of the PC's phonebook, which alone has groups and a bin. ORVA_E_ARGUMENT, or ORVA_E_UNSUPPORTED for another
+// memory.
 Store& groupStore(int memory);
 
 // The store behind a memory; ORVA_E_ABSENT for that of a memory that is not there. The second one also gives that.

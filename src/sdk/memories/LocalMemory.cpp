@@ -8,7 +8,7 @@ namespace orva
 LocalMemory::LocalMemory(const std::string& folder, SimulatedHardware& hardware)
     : m_hardware(hardware),
       m_profile(std::make_shared<const Profile>(localProfile())),
-      m_store(folder, "local", {"name", "mobile", "office_phone", "home_phone", "email", "remark"})
+      m_store(folder, "local", {"name", "mobile", "office_phone", "home_phone", "email", "remark"}, Store::Bin::Filled)
 {
 }
 

@@ -119,6 +119,14 @@ Query& Query::bind(int index, int value)
     return *this;
 }
 
+Query& Query::bind(int index, long long value)
+{
+    const int result = sqlite3_bind_int64(m_statement, index, value);
+    if (result != SQLITE_OK)
+        m_db.fail(result, "binding a number");
+    return *this;
+}
+
 Query& Query::bind(int index, std::u16string_view text)
 {
     static constexpr char16_t byteOrderMark = 0xfeff;

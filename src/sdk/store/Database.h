@@ -84,6 +84,7 @@ public:
     Query& operator=(const Query&) = delete;
 
     Query& bind(int index, int value);
+    Query& bind(int index, long long value);
 
     // The text must live until the query is gone.
     Query& bind(int index, std::u16string_view text);
@@ -92,6 +93,7 @@ public:
     bool step();
 
     int integer(int column) { return sqlite3_column_int(m_statement, column); }
+    long long wideInteger(int column) { return sqlite3_column_int64(m_statement, column); }
     std::u16string_view text(int column);
 
     // Text that SQLite itself made, such as a finding of a check.

@@ -92,6 +92,38 @@ void salvageGroups(Database& source, Database& target, Salvaged& found)
     });
 }
 
+void salvageBin(Database& source, Database& target, const Columns& columns)
+{
+    std::string places;
+    for (std::size_t i = 0; i < columns.size(); ++i)
+        places += ", ?";
+    const std::string names = joined(columns, ", ");
+    const std::string insert =
+        "INSERT OR IGNORE INTO bin (id, record, reason, time, grps" + names + ") VALUES (?, ?, ?, ?, ?" + places + ")";
+    const std::string select = "SELECT id, record, reason, time, grps" + names + " FROM bin WHERE id >= ? ORDER BY id";
+    readAround(source, select, [&](Query& rows, int id) {
+        std::vector<std::u16string> texts;
+        for (std::size_t i = 0; i <= columns.size(); ++i)
+            texts.emplace_back(rows.text(static_cast<int>(i) + 4));
+        Query entry(target, insert.c_str());
+        entry.bind(1, id).bind(2, rows.integer(1)).bind(3, rows.integer(2)).bind(4, rows.wideInteger(3));
+        for (std::size_t i = 0; i < texts.size(); ++i)
+            entry.bind(static_cast<int>(i) + 5, texts[i]);
+        entry.step();
+    });
+}
+
+void salvageBinGroups(Database& source, Database& target)
+{
+    readAround(source, "SELECT id, parent, name, time FROM bin_groups WHERE id >= ? ORDER BY id",
+               [&](Query& rows, int id) {
+                   const std::u16string name(rows.text(2));
+                   Query group(target, "INSERT OR IGNORE INTO bin_groups (id, parent, name, time) VALUES (?, ?, ?, ?)");
+                   group.bind(1, id).bind(2, rows.integer(1)).bind(3, name).bind(4, rows.wideInteger(3));
+                   group.step();
+               });
+}
+
 // What cannot be read of one table must not keep the others from being read.
 void tryPart(const std::function<void()>& part)
 {
@@ -114,6 +146,8 @@ Salvaged salvage(const std::string& damagedPath, Database& target, const Columns
     try {
         tryPart([&] { salvageRecords(source, target, columns, found); });
         tryPart([&] { salvageGroups(source, target, found); });
+        tryPart([&] { salvageBin(source, target, columns); });
+        tryPart([&] { salvageBinGroups(source, target); });
         tryPart([&] {
             // Identifiers that were given out stay given out, also those of records that are lost.
             const int record = source.queryInt("SELECT value FROM counters WHERE name = 'record'");

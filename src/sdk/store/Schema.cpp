@@ -6,6 +6,7 @@
 #include <thread>
 
 #include "base/Files.h"
+#include "store/Bin.h"
 
 namespace orva
 {
@@ -38,7 +39,7 @@ void useWriteAheadLog(Database& db)
 
 const std::vector<MigrationStep>& migrationSteps()
 {
-    static const std::vector<MigrationStep> steps;
+    static const std::vector<MigrationStep> steps = {createBin};
     return steps;
 }
 
@@ -108,6 +109,7 @@ void createSchema(Database& db, const Columns& columns, int version)
             // The highest identifiers ever given out, so that none is used twice.
             db.execute("CREATE TABLE counters (name TEXT PRIMARY KEY, value INTEGER NOT NULL) WITHOUT ROWID");
             db.execute("INSERT INTO counters VALUES ('record', 0), ('group', 0)");
+            createBin(db);
             setPragma(db, "application_id", storeApplicationId);
             setPragma(db, "user_version", version);
         }

@@ -33,8 +33,8 @@ Failure notThere(const char* what)
 
 // ---- Frame
 
-Store::Store(std::string folder, std::string name, Columns columns)
-    : m_folder(std::move(folder)), m_path(m_folder + "/" + name + ".db"), m_columns(std::move(columns))
+Store::Store(std::string folder, std::string name, Columns columns, Bin bin)
+    : m_folder(std::move(folder)), m_path(m_folder + "/" + name + ".db"), m_columns(std::move(columns)), m_bin(bin)
 {
     makeStatements();
 }
@@ -58,6 +58,7 @@ void Store::makeStatements()
     m_update = "UPDATE records SET " + listed(m_columns, m_columns.size(), "", " = ?, ");
     m_update.erase(m_update.size() - 2);
     m_update += " WHERE id = ?";
+    m_selectBin = "SELECT id" + listed(m_columns, m_columns.size(), ", ", "") + " FROM bin WHERE id = ?";
 }
 
 // ---- Records
@@ -129,21 +130,23 @@ Values Store::readOne(int id, int fields)
 
 int Store::add(const Values& values, int capacity)
 {
-    return writing([&] {
-        if (m_count >= capacity || m_lastRecord == INT_MAX)
-            throw Failure(ORVA_E_FULL, "the memory is full");
-        const int id = m_lastRecord + 1;
-        Query query(*m_db, m_insert.c_str());
-        query.bind(1, id);
-        for (std::size_t i = 0; i < m_columns.size(); ++i)
-            query.bind(static_cast<int>(i) + 2,
-                       i < values.size() ? std::u16string_view(values[i]) : std::u16string_view());
-        query.step();
-        m_lastRecord = m_touched = id;
-        m_countersChanged = true;
-        ++m_count;
-        return id;
-    });
+    return writing([&] { return insertRecord(values, capacity); });
+}
+
+int Store::insertRecord(const Values& values, int capacity)
+{
+    if (m_count >= capacity || m_lastRecord == INT_MAX)
+        throw Failure(ORVA_E_FULL, "the memory is full");
+    const int id = m_lastRecord + 1;
+    Query query(*m_db, m_insert.c_str());
+    query.bind(1, id);
+    for (std::size_t i = 0; i < m_columns.size(); ++i)
+        query.bind(static_cast<int>(i) + 2, i < values.size() ? std::u16string_view(values[i]) : std::u16string_view());
+    query.step();
+    m_lastRecord = m_touched = id;
+    m_countersChanged = true;
+    ++m_count;
+    return id;
 }
 
 void Store::update(int id, const Values& values)
@@ -166,7 +169,7 @@ void Store::erase(int id)
 {
     writing([&] {
         m_touched = id;
-        // Memberships go with it by the schema.
+        // Memberships go with it by the schema, and a copy into the bin by the connection.
         Query(*m_db, "DELETE FROM records WHERE id = ?").bind(1, id).step();
         if (sqlite3_changes(m_db->handle()) == 0)
             throw notThere("record");
@@ -211,23 +214,25 @@ std::vector<int> Store::members(int group)
 
 int Store::addGroup(std::u16string_view name, int parent)
 {
-    return writing([&] {
-        if (m_lastGroup == INT_MAX)
-            throw Failure(ORVA_E_FULL, "no group identifier is left");
-        const int id = m_lastGroup + 1;
-        Query query(*m_db, parent == 0
-                               ? "INSERT INTO groups (id, name) VALUES (?, ?)"
-                               : "INSERT INTO groups (id, name, parent) SELECT ?, ?, id FROM groups WHERE id = ?");
-        query.bind(1, id).bind(2, name);
-        if (parent != 0)
-            query.bind(3, parent);
-        query.step();
-        if (sqlite3_changes(m_db->handle()) == 0)
-            throw notThere("parent group");
-        m_lastGroup = id;
-        m_countersChanged = true;
-        return id;
-    });
+    return writing([&] { return insertGroup(name, parent); });
+}
+
+int Store::insertGroup(std::u16string_view name, int parent)
+{
+    if (m_lastGroup == INT_MAX)
+        throw Failure(ORVA_E_FULL, "no group identifier is left");
+    const int id = m_lastGroup + 1;
+    Query query(*m_db, parent == 0 ? "INSERT INTO groups (id, name) VALUES (?, ?)"
+                                   : "INSERT INTO groups (id, name, parent) SELECT ?, ?, id FROM groups WHERE id = ?");
+    query.bind(1, id).bind(2, name);
+    if (parent != 0)
+        query.bind(3, parent);
+    query.step();
+    if (sqlite3_changes(m_db->handle()) == 0)
+        throw notThere("parent group");
+    m_lastGroup = id;
+    m_countersChanged = true;
+    return id;
 }
 
 void Store::renameGroup(int id, std::u16string_view name)

@@ -15,6 +15,7 @@
 #include "base/Files.h"
 #include "base/RowBlock.h"
 #include "base/Values.h"
+#include "store/Bin.h"
 #include "store/Database.h"
 #include "store/Schema.h"
 
@@ -51,8 +52,11 @@ struct Loss {
 class Store
 {
 public:
+    // Whether what is deleted and overwritten stays in a bin for a while.
+    enum class Bin { None, Filled };
+
     // `name` is the file's name without ".db".
-    Store(std::string folder, std::string name, Columns columns);
+    Store(std::string folder, std::string name, Columns columns, Bin bin = Bin::None);
 
     // Shuts down.
     ~Store();
@@ -78,6 +82,18 @@ public:
     void eraseGroup(int id);
     void join(int group, int record);
     void leave(int group, int record);
+
+    // What is in the bin, the newest first; one entry's record and the paths of the groups it was in.
+    std::vector<BinEntry> bin();
+    Values readBin(int entry, int fields);
+    std::vector<std::u16string> binGroups(int entry);
+
+    // Takes an entry out of the bin and stores its record anew, in its groups, which are made if they are gone; the
+    // new identifier. ORVA_E_FULL when `capacity` records are there.
+    int undelete(int entry, int capacity);
+
+    // Removes an entry, or all of them for 0, for good.
+    void emptyBin(int entry);
 
     void begin();
     void end();
@@ -119,7 +135,15 @@ private:
     void reloadCounters();
     void makeStatements();
 
+    // Of a write under way.
+    int insertRecord(const Values& values, int capacity);
+    int insertGroup(std::u16string_view name, int parent);
+    int groupFromBin(int group);
+    template <typename Body>
+    auto wholly(Body&& body) -> decltype(body());
+
     void startWriting(Lock& lock);
+    void purgeInTime();
     void commit();
     void rollback();
     void writeCounters();
@@ -137,6 +161,7 @@ private:
     const std::string m_folder;
     const std::string m_path;
     const Columns m_columns;
+    const Bin m_bin;
 
     std::mutex m_mutex;
     std::unique_ptr<FileLock> m_turn; // who of several processes writes next
@@ -149,6 +174,8 @@ private:
     std::vector<std::string> m_selectOne;
     std::string m_insert;
     std::string m_update;
+    std::string m_selectBin;
+    Clock::time_point m_purged; // the bin, by this process; the epoch for never
 
     // What the file holds, as far as this connection knows.
     int m_dataVersion = 0;
@@ -214,6 +241,25 @@ auto Store::writing(Body&& body) -> decltype(body())
         else if (m_db && !m_db->inTransaction() && gathers() && dynamic_cast<const SqlFailure*>(&failure) != nullptr)
             breakTransaction(failure);
         noteDamage(failure);
+        throw;
+    }
+}
+
+// Several statements of one write: all of them count, or none.
+template <typename Body>
+auto Store::wholly(Body&& body) -> decltype(body())
+{
+    const int count = m_count;
+    m_db->execute("SAVEPOINT whole");
+    try {
+        const auto result = body();
+        m_db->execute("RELEASE whole");
+        return result;
+    } catch (...) {
+        // SQLite may have rolled back everything by itself, and then these fail without harm.
+        sqlite3_exec(m_db->handle(), "ROLLBACK TO whole", nullptr, nullptr, nullptr);
+        sqlite3_exec(m_db->handle(), "RELEASE whole", nullptr, nullptr, nullptr);
+        m_count = count;
         throw;
     }
 }

@@ -107,6 +107,9 @@ void Store::prepareOpened()
         m_db->prepared(m_insert.c_str());
         m_db->prepared("SELECT id, grp, record FROM memberships WHERE id = (SELECT max(id) FROM memberships)");
         m_db->prepared("SELECT parent, name FROM groups WHERE id = 1");
+        m_db->prepared(m_selectBin.c_str());
+        m_db->prepared("SELECT record, reason, time, grps FROM bin WHERE id = (SELECT max(id) FROM bin)");
+        m_db->prepared("SELECT parent, name, time FROM bin_groups WHERE id = 1");
         reloadCounters();
     } catch (const SqlFailure& failure) {
         if ((failure.sqlCode() & 0xff) == SQLITE_ERROR)
@@ -119,6 +122,8 @@ void Store::prepareOpened()
             throw SqlFailure(SQLITE_CORRUPT, "the integrity check failed: " + problems.front());
         m_suspect = false;
     }
+    if (m_bin == Bin::Filled)
+        fillBin(*m_db, m_columns);
     m_db->learnEncoding();
     m_inode = inodeOf(m_path);
     forgetContent();

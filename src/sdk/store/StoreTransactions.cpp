@@ -22,6 +22,9 @@ constexpr milliseconds openAtMost(800);
 constexpr milliseconds waitForTurn(3000);
 constexpr milliseconds betweenTries(1);
 
+// How often a write also looks for what the bin no longer has to keep.
+constexpr std::chrono::hours betweenPurges(1);
+
 } // namespace
 
 void Store::begin()
@@ -119,6 +122,16 @@ void Store::startWriting(Lock& lock)
             break;
     }
     refresh();
+    purgeInTime();
+}
+
+void Store::purgeInTime()
+{
+    const Clock::time_point now = Clock::now();
+    if (m_bin == Bin::None || (m_purged != Clock::time_point() && now - m_purged < betweenPurges))
+        return;
+    purgeBin(*m_db);
+    m_purged = now;
 }
 
 void Store::commit()

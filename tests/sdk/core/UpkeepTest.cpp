@@ -7,6 +7,7 @@
 #include "RawStore.h"
 #include "base/DataFolder.h"
 #include "devices/HardwareState.h"
+#include "orva/orva_care.h"
 #include "orva/orva_store.h"
 #include "store/Schema.h"
 
@@ -126,12 +127,13 @@ TEST(everyConnectionWaitsForTheDiskAndForgetsWhatIsDeleted)
     CHECK_EQ(db.queryInt("PRAGMA foreign_keys"), 1);
 }
 
-TEST(aDeletedContactIsNotLeftInTheFile)
+TEST(aDeletedContactIsNotLeftInTheFileOnceTheBinIsEmptied)
 {
     const std::string data = useFreshFolder();
     const int id = add(local, {{"Name", u"Geheimrat Anselm"}, {"remark", u"somewhere in the hills"}});
     add(local, {{"Name", u"Berta"}});
     CHECK_EQ(ORVA_PBSrv_DelAddrRec(id, local), ORVA_OK);
+    CHECK_EQ(ORVA_Care_EmptyBin(local, 0), ORVA_OK);
     CHECK_EQ(ORVA_Sim_Reset(nullptr), ORVA_OK);
     CHECK(!fs::exists(data + "/local.db-wal"));
     const std::string content = contentOf(data + "/local.db");
