@@ -56,6 +56,13 @@ void Database::Close()
     m_pHandle = nullptr;
 }
 
+bool Database::HasMoved() const
+{
+    int iMoved = 0;
+    return m_pHandle != nullptr &&
+           sqlite3_file_control(m_pHandle, nullptr, SQLITE_FCNTL_HAS_MOVED, &iMoved) == SQLITE_OK && iMoved != 0;
+}
+
 bool Database::IsDamage() const
 {
     const int iPrimary = m_iError & 0xff;

@@ -24,6 +24,9 @@ public:
     void Close();
     bool IsOpen() const { return m_pHandle != nullptr; }
 
+    // True for an open file that its name does not lead to any more.
+    bool HasMoved() const;
+
     // SQLite's code of what failed last, and whether it says that the file is no sound database.
     int Error() const { return m_iError; }
     bool IsDamage() const;

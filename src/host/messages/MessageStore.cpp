@@ -5,6 +5,7 @@
 #include <QFileInfo>
 #include <QtDebug>
 
+#include <cerrno>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <unistd.h>
@@ -31,19 +32,20 @@ const char* const SCHEMA = "CREATE TABLE messages("
                            // The files of earlier releases that have been taken over, by their content.
                            "CREATE TABLE taken(hash TEXT PRIMARY KEY);"
                            "PRAGMA user_version=1;";
+const char* const MENDED = ".mended"; // behind the file's name
 const char* const INSERT_MESSAGE = "INSERT INTO messages(kind, time, numbers, subject, text) VALUES(?, ?, ?, ?, ?)";
 const char* const INSERT_CALL = "INSERT INTO calls(number, type, time, seconds) VALUES(?, ?, ?, ?)";
 
-// Holds other programs off while a file is made, mended or taken over.
+// Holds other programs off: all of them while a file is made, mended or taken over (LOCK_EX), and those that would put
+// the file aside while something is written into it (LOCK_SH).
 class FolderLock
 {
 public:
-    explicit FolderLock(const QString& strFolder)
+    FolderLock(const QString& strFolder, int iKind)
         : m_iFile(::open(QFile::encodeName(strFolder + QLatin1String("/messages.lock")).constData(),
                          O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600))
     {
-        if (m_iFile >= 0) {
-            flock(m_iFile, LOCK_EX);
+        while (m_iFile >= 0 && flock(m_iFile, iKind) != 0 && errno == EINTR) {
         }
     }
     ~FolderLock()
@@ -57,6 +59,12 @@ private:
     Q_DISABLE_COPY(FolderLock)
     int m_iFile;
 };
+
+QVariantList valuesOf(const OutgoingMessage& message, const QDateTime& time)
+{
+    return QVariantList() << message.iKind << time.toMSecsSinceEpoch() << message.lstNumbers.join(QLatin1String("\n"))
+                          << message.strSubject << message.strText;
+}
 
 QDateTime timeOf(qint64 iMilliseconds)
 {
@@ -79,14 +87,8 @@ MessageStore::MessageStore(const QString& strFolder, QObject* pParent)
 
 bool MessageStore::Add(const OutgoingMessage& message)
 {
-    if (!open()) {
+    if (change(INSERT_MESSAGE, valuesOf(message, QDateTime::currentDateTime())) < 0) {
         return false;
-    }
-    {
-        Transaction transaction(m_database);
-        if (!transaction.IsOpen() || !insert(message, QDateTime::currentDateTime()) || !transaction.Commit()) {
-            return false;
-        }
     }
     read();
     emit changed();
@@ -95,17 +97,20 @@ bool MessageStore::Add(const OutgoingMessage& message)
 
 bool MessageStore::Remove(int iId)
 {
-    if (!m_database.IsOpen() || !m_database.Run("DELETE FROM messages WHERE id = ?", QVariantList() << iId)) {
+    const int iRemoved = m_database.IsOpen() ? change("DELETE FROM messages WHERE id = ?", QVariantList() << iId) : -1;
+    if (iRemoved < 0) {
         return false;
     }
-    const bool bWasThere = m_database.Number("SELECT changes()") == 1;
     read();
     emit changed();
-    return bWasThere;
+    return iRemoved == 1;
 }
 
 QList<StoredCall> MessageStore::Calls()
 {
+    if (m_database.HasMoved()) {
+        Refresh();
+    }
     QList<StoredCall> listCalls;
     Database::Query query(m_database, "SELECT id, number, type, time, seconds FROM calls ORDER BY id");
     while (query.Next()) {
@@ -122,13 +127,32 @@ QList<StoredCall> MessageStore::Calls()
 
 bool MessageStore::AddCall(const QString& strNumber, int iType, const QDateTime& time, int iSeconds)
 {
-    return open() &&
-           m_database.Run(INSERT_CALL, QVariantList() << strNumber << iType << time.toMSecsSinceEpoch() << iSeconds);
+    return change(INSERT_CALL, QVariantList() << strNumber << iType << time.toMSecsSinceEpoch() << iSeconds) >= 0;
+}
+
+// The number of rows that a statement has written, -1 if it failed. Into the file that has the name when it is done:
+// another program cannot put it aside meanwhile.
+int MessageStore::change(const char* pszSql, const QVariantList& listValues)
+{
+    while (open()) {
+        const FolderLock lock(m_strFolder, LOCK_SH);
+        if (m_database.HasMoved()) {
+            continue;
+        }
+        Transaction transaction(m_database);
+        if (!transaction.IsOpen() || !m_database.Run(pszSql, listValues)) {
+            return -1;
+        }
+        const int iRows = int(m_database.Number("SELECT changes()"));
+        return transaction.Commit() ? iRows : -1;
+    }
+    return -1;
 }
 
 void MessageStore::Refresh()
 {
-    const bool bNew = !m_database.IsOpen() && m_bUsable && exists() && open();
+    const bool bMoved = m_database.HasMoved();
+    const bool bNew = (bMoved || (!m_database.IsOpen() && m_bUsable && exists())) && open();
     if (bNew || (m_database.IsOpen() && m_database.Number("PRAGMA data_version") != m_iVersion)) {
         read();
         emit changed();
@@ -138,15 +162,18 @@ void MessageStore::Refresh()
 // A folder in which nobody wrote a message gets no file.
 bool MessageStore::exists() const
 {
-    return QFile::exists(m_strFile) || QFile::exists(m_strFolder + QLatin1String("/outbox.xml"));
+    return QFile::exists(m_strFile) || QFile::exists(m_strFile + QLatin1String(MENDED)) ||
+           QFile::exists(m_strFolder + QLatin1String("/outbox.xml"));
 }
 
+// Also goes on in the file that has taken this one's place: another program has found it damaged and put it aside.
 bool MessageStore::open()
 {
-    if (m_database.IsOpen()) {
+    if (m_database.IsOpen() && !m_database.HasMoved()) {
         return true;
     }
-    const FolderLock lock(m_strFolder);
+    m_database.Close();
+    const FolderLock lock(m_strFolder, LOCK_EX);
     m_bUsable = openFile() && takeOverOutbox() && read();
     if (!m_bUsable) {
         qWarning("%s cannot be used: %d", qPrintable(m_strFile), m_database.Error());
@@ -157,26 +184,54 @@ bool MessageStore::open()
 
 bool MessageStore::openFile()
 {
+    if (!QFile::exists(m_strFile) && QFile::exists(m_strFile + QLatin1String(MENDED))) {
+        placeMended(); // for a program that ended between the two names
+    }
     const bool bOpen = m_database.Open(m_strFile);
     if (bOpen && isSound()) {
-        return migrate();
+        return migrate(m_database);
     }
     if (!bOpen && !m_database.IsDamage()) {
         return false;
     }
     m_database.Close();
-    const QString strAside = putAside(m_strFile);
-    if (strAside.isEmpty() || !m_database.Open(m_strFile) || !migrate()) {
-        return false;
+    return mend() && m_database.Open(m_strFile) && migrate(m_database);
+}
+
+// What can be read goes into a file of its own, which takes the damaged one's name when it is whole and on disk: a
+// program that ends in between has lost nothing.
+bool MessageStore::mend()
+{
+    const QString strMended = m_strFile + QLatin1String(MENDED);
+    foreach (const char* pszEnd, QList<const char*>() << ""
+                                                      << "-wal"
+                                                      << "-shm") {
+        QFile::remove(strMended + QLatin1String(pszEnd)); // of a program that did not come to its end
     }
-    Database source;
-    if (source.OpenToRead(strAside)) {
-        Transaction transaction(m_database);
-        takeOver(source, "ASC");
-        takeOver(source, "DESC"); // what lies behind the damage
-        transaction.Commit();
+    {
+        Database mended;
+        if (!mended.Open(strMended) || !migrate(mended)) {
+            return false;
+        }
+        Database source;
+        Transaction transaction(mended);
+        if (source.OpenToRead(m_strFile)) {
+            takeOver(source, mended, "ASC");
+            takeOver(source, mended, "DESC"); // what lies behind the damage
+        }
+        if (!transaction.Commit()) {
+            return false;
+        }
     }
-    return true;
+    return !QFile::exists(strMended + QLatin1String("-wal")) && !putAside(m_strFile).isEmpty() && placeMended();
+}
+
+bool MessageStore::placeMended()
+{
+    // What the damaged file had beside it would be taken for this one's.
+    QFile::remove(m_strFile + QLatin1String("-wal"));
+    QFile::remove(m_strFile + QLatin1String("-shm"));
+    return QFile::rename(m_strFile + QLatin1String(MENDED), m_strFile);
 }
 
 bool MessageStore::isSound()
@@ -185,38 +240,38 @@ bool MessageStore::isSound()
     return query.Next() ? query.Text(0) == QLatin1String("ok") : !m_database.IsDamage();
 }
 
-bool MessageStore::migrate()
+bool MessageStore::migrate(Database& database)
 {
-    Transaction transaction(m_database);
-    const qint64 iVersion = m_database.Number("PRAGMA user_version");
+    Transaction transaction(database);
+    const qint64 iVersion = database.Number("PRAGMA user_version");
     if (!transaction.IsOpen() || iVersion < 0 || iVersion > SCHEMA_VERSION) {
         return false;
     }
-    return (iVersion == SCHEMA_VERSION || m_database.Run(SCHEMA)) && transaction.Commit();
+    return (iVersion == SCHEMA_VERSION || database.Run(SCHEMA)) && transaction.Commit();
 }
 
 // Copies rows in one direction for as long as they can be read; one that is there already stays.
-void MessageStore::takeOver(Database& source, const char* pszDirection)
+void MessageStore::takeOver(Database& source, Database& target, const char* pszDirection)
 {
     const QByteArray messages =
         QByteArray("SELECT id, kind, time, numbers, subject, text FROM messages ORDER BY id ") + pszDirection;
     Database::Query message(source, messages.constData());
     while (message.Next()) {
-        m_database.Run("INSERT OR IGNORE INTO messages VALUES(?, ?, ?, ?, ?, ?)",
-                       QVariantList() << message.Number(0) << message.Number(1) << message.Number(2) << message.Text(3)
-                                      << message.Text(4) << message.Text(5));
+        target.Run("INSERT OR IGNORE INTO messages VALUES(?, ?, ?, ?, ?, ?)",
+                   QVariantList() << message.Number(0) << message.Number(1) << message.Number(2) << message.Text(3)
+                                  << message.Text(4) << message.Text(5));
     }
     const QByteArray calls =
         QByteArray("SELECT id, number, type, time, seconds FROM calls ORDER BY id ") + pszDirection;
     Database::Query call(source, calls.constData());
     while (call.Next()) {
-        m_database.Run("INSERT OR IGNORE INTO calls VALUES(?, ?, ?, ?, ?)",
-                       QVariantList() << call.Number(0) << call.Text(1) << call.Number(2) << call.Number(3)
-                                      << call.Number(4));
+        target.Run("INSERT OR IGNORE INTO calls VALUES(?, ?, ?, ?, ?)",
+                   QVariantList() << call.Number(0) << call.Text(1) << call.Number(2) << call.Number(3)
+                                  << call.Number(4));
     }
     Database::Query taken(source, "SELECT hash FROM taken");
     while (taken.Next()) {
-        m_database.Run("INSERT OR IGNORE INTO taken VALUES(?)", QVariantList() << taken.Text(0));
+        target.Run("INSERT OR IGNORE INTO taken VALUES(?)", QVariantList() << taken.Text(0));
     }
 }
 
@@ -240,8 +295,8 @@ bool MessageStore::takeOverOutbox()
             bDone = true;
         } else {
             foreach (const OutboxFile::Entry& entry, outbox.listEntries) {
-                bDone = bDone &&
-                        insert(entry.message, entry.time.isValid() ? entry.time : QFileInfo(strOld).lastModified());
+                const QDateTime time = entry.time.isValid() ? entry.time : QFileInfo(strOld).lastModified();
+                bDone = bDone && m_database.Run(INSERT_MESSAGE, valuesOf(entry.message, time));
             }
             bDone = bDone && m_database.Run("INSERT INTO taken VALUES(?)", QVariantList() << strHash);
         }
@@ -255,13 +310,6 @@ bool MessageStore::takeOverOutbox()
         QFile::remove(strOld);
     }
     return true;
-}
-
-bool MessageStore::insert(const OutgoingMessage& message, const QDateTime& time)
-{
-    return m_database.Run(INSERT_MESSAGE, QVariantList() << message.iKind << time.toMSecsSinceEpoch()
-                                                         << message.lstNumbers.join(QLatin1String("\n"))
-                                                         << message.strSubject << message.strText);
 }
 
 // Gives a damaged file a name that no other has. Empty if that failed.

@@ -67,10 +67,12 @@ private:
     bool open();
     bool openFile();
     bool isSound();
-    bool migrate();
-    void takeOver(Database& source, const char* pszDirection);
+    bool mend();
+    bool placeMended();
+    static bool migrate(Database& database);
+    static void takeOver(Database& source, Database& target, const char* pszDirection);
     bool takeOverOutbox();
-    bool insert(const OutgoingMessage& message, const QDateTime& time);
+    int change(const char* pszSql, const QVariantList& listValues);
     QString putAside(const QString& strFile);
     bool read();
 
