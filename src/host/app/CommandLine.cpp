@@ -1,42 +1,89 @@
 #include "app/CommandLine.h"
 
+#include <QByteArray>
+
+#include <getopt.h>
+#include <vector>
+
 namespace
 {
 
-// Takes the value of an option written as "--name value" or "--name=value".
-bool takeValue(const QStringList& lstArguments, int& iAt, const QString& strName, QString& strValue, QString& strError)
+enum { DATA_DIR = 256, SCREENSHOT, VERSION_TEXT }; // beyond all characters
+
+const option OPTIONS[] = {{"data-dir", required_argument, nullptr, DATA_DIR},
+                          {"screenshot", required_argument, nullptr, SCREENSHOT},
+                          {"version", no_argument, nullptr, VERSION_TEXT},
+                          {"help", no_argument, nullptr, 'h'},
+                          {nullptr, 0, nullptr, 0}};
+
+// The minus: what is no option comes in its turn, as 1. The colon: getopt says nothing by itself, and tells a missing
+// value from an unknown option.
+const char SHORT_OPTIONS[] = "-:h";
+
+QString needsValue(const char* pszOption)
 {
-    const QString& strArgument = lstArguments.at(iAt);
-    if (strArgument.startsWith(strName + QLatin1Char('='))) {
-        strValue = strArgument.mid(strName.length() + 1);
-    } else if (strArgument != strName) {
-        return false;
-    } else if (iAt + 1 < lstArguments.size()) {
-        strValue = lstArguments.at(++iAt);
-    }
+    return QString::fromLatin1("option %1 needs a value").arg(QString::fromUtf8(pszOption));
+}
+
+QString takeValue(const char* pszOption, QString& strError)
+{
+    const QString strValue = QString::fromUtf8(optarg);
     if (strValue.isEmpty()) {
-        strError = QString::fromLatin1("option %1 needs a value").arg(strName);
+        strError = needsValue(pszOption);
     }
-    return true;
+    return strValue;
+}
+
+// Takes what getopt_long has found; `pszGiven` is the argument that it last looked at.
+void take(int iFound, const char* pszGiven, CommandLine& line)
+{
+    switch (iFound) {
+    case DATA_DIR:
+        line.strDataDir = takeValue("--data-dir", line.strError);
+        break;
+    case SCREENSHOT:
+        line.strScreenshot = takeValue("--screenshot", line.strError);
+        break;
+    case VERSION_TEXT:
+        line.bVersion = true;
+        break;
+    case 'h':
+        line.bHelp = true;
+        break;
+    case ':':
+        line.strError = needsValue(pszGiven);
+        break;
+    default:
+        line.strError = QString::fromLatin1("unknown argument %1").arg(QString::fromUtf8(pszGiven));
+    }
 }
 
 } // namespace
 
 CommandLine CommandLine::Parse(const QStringList& lstArguments)
 {
+    std::vector<QByteArray> texts(1, "linkhand");
+    foreach (const QString& strArgument, lstArguments) {
+        texts.push_back(strArgument.toUtf8());
+    }
+    std::vector<char*> arguments;
+    for (QByteArray& text : texts) {
+        arguments.push_back(text.data());
+    }
+    arguments.push_back(nullptr);
     CommandLine line;
-    for (int i = 0; i < lstArguments.size() && line.strError.isEmpty(); ++i) {
-        const QString& strArgument = lstArguments.at(i);
-        if (strArgument == QLatin1String("--help") || strArgument == QLatin1String("-h")) {
-            line.bHelp = true;
-        } else if (strArgument == QLatin1String("--version")) {
-            line.bVersion = true;
-        } else if (takeValue(lstArguments, i, QLatin1String("--data-dir"), line.strDataDir, line.strError) ||
-                   takeValue(lstArguments, i, QLatin1String("--screenshot"), line.strScreenshot, line.strError)) {
-            continue;
-        } else {
-            line.strError = QString::fromLatin1("unknown argument %1").arg(strArgument);
+    optind = 0; // from the beginning, also a second time
+    while (line.strError.isEmpty()) {
+        const int iLast = qMax(optind, 1);
+        const int iFound = getopt_long(int(texts.size()), arguments.data(), SHORT_OPTIONS, OPTIONS, nullptr);
+        if (iFound == -1) {
+            if (optind < int(texts.size())) { // behind "--"
+                take('?', arguments[size_t(optind)], line);
+            }
+            break;
         }
+        // Inside "-xyz" it has not gone on yet.
+        take(iFound, arguments[size_t(qMax(optind - 1, iLast))], line);
     }
     return line;
 }

@@ -98,7 +98,7 @@ int HostApplication::Main(int argc, char** argv, Companion* pCompanion)
 
     // Qt has taken its own options out.
     const CommandLine line = CommandLine::Parse(QApplication::arguments().mid(1));
-    if (!line.strError.isEmpty()) {
+    if (line.bHelp || line.bVersion || !line.strError.isEmpty()) {
         return answerInText(line);
     }
     if (!line.strDataDir.isEmpty()) {

@@ -166,6 +166,27 @@ void TestHostSettings::arguments_data()
     QTest::newRow("stray") << list("file.csv") << ""
                            << ""
                            << "unknown argument file.csv";
+    QTest::newRow("stray behind an option") << list("--data-dir /x file.csv --frobnicate") << "/x"
+                                            << ""
+                                            << "unknown argument file.csv";
+    QTest::newRow("stray behind the options' end") << list("--data-dir /x -- --screenshot") << "/x"
+                                                   << ""
+                                                   << "unknown argument --screenshot";
+    QTest::newRow("the beginning of an option's name") << list("--screen=y.png") << ""
+                                                       << "y.png"
+                                                       << "";
+    QTest::newRow("a value where none belongs") << list("--data-dir=/x --version=2") << "/x"
+                                                << ""
+                                                << "unknown argument --version=2";
+    QTest::newRow("letters") << list("-xh") << ""
+                             << ""
+                             << "unknown argument -xh";
+    QTest::newRow("another letter") << list("--screenshot=y.png -x") << ""
+                                    << "y.png"
+                                    << "unknown argument -x";
+    QTest::newRow("a value beyond ASCII")
+        << list("--data-dir /\xC3\xA4\xE7\x8E\x8B") << QString::fromUtf8("/\xC3\xA4\xE7\x8E\x8B") << ""
+        << "";
 }
 
 void TestHostSettings::arguments()
@@ -192,6 +213,7 @@ void TestHostSettings::helpNamesEveryOption()
     QVERIFY(CommandLine::WantsText(QStringList("-h")));
     QVERIFY(CommandLine::Parse(QStringList("-h")).bHelp);
     QVERIFY(CommandLine::Parse(QStringList("--version")).bVersion);
+    QVERIFY(CommandLine::Parse(QStringList("--vers")).bVersion);
     QVERIFY(QRegExp("linkhand [0-9]+\\.[0-9]+\\.[0-9]+\n").exactMatch(CommandLine::VersionText()));
 }
 
