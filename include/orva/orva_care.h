@@ -32,6 +32,22 @@ extern "C" {
 ORVA_API long ORVA_Care_CleanNumber(int memory, const unsigned short* text, unsigned short** number,
                                     unsigned short** extension);
 
+/* ---- What is kept with a record beside its fields (memory 4 only) ----------------------------------------------- */
+
+/* The most octets that can be kept with a record. */
+#define ORVA_KEPT_MAX 8388608
+
+/* Sets what is to be kept with a record, such as a photo, an address or a second e-mail address of a vCard: lines of a
+ * vCard 3.0 (RFC 2426) in UTF-8 without BEGIN, VERSION and END. The library does not read them. They are stored with
+ * the fields by ORVA_PBSrv_AddAddrRec or ORVA_PBSrv_UpdateAddrRec, all or nothing; an update with a record for which
+ * this was not called leaves what is kept as it is. Copied; `octets` is the length, and 0 keeps nothing (`lines` may be
+ * null then). ORVA_E_UNSUPPORTED for a record of another memory, ORVA_E_TOO_LONG beyond ORVA_KEPT_MAX. */
+ORVA_API long ORVA_Care_SetKept(void* record, const char* lines, int octets);
+
+/* Gives what was set, or else what is kept with the stored record (or entry of the bin) that the handle is a copy of,
+ * in a new buffer of *octets octets and a zero, which the caller frees. Length 0 for nothing. */
+ORVA_API long ORVA_Care_GetKept(void* record, char** lines, int* octets);
+
 /* ---- The bin of the PC's phonebook (memory 4 only; others give ORVA_E_UNSUPPORTED) -------------------------------
  * What a record said before it was deleted, or before an update changed it, stays in the bin for ORVA_BIN_DAYS days,
  * with the groups it was in. It goes there in the transaction that takes it away. */

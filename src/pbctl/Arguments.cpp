@@ -16,14 +16,23 @@ namespace
 constexpr int longOption = 256; // beyond all characters
 
 constexpr option known[] = {
-    {"help", no_argument, nullptr, longOption},           {"version", no_argument, nullptr, longOption},
-    {"no-groups", no_argument, nullptr, longOption},      {"dry-run", no_argument, nullptr, longOption},
-    {"empty", no_argument, nullptr, longOption},          {"memory", required_argument, nullptr, longOption},
-    {"data-dir", required_argument, nullptr, longOption}, {"group", required_argument, nullptr, longOption},
-    {"map", required_argument, nullptr, longOption},      {"from", required_argument, nullptr, longOption},
-    {"hardware", required_argument, nullptr, longOption}, {"use", required_argument, nullptr, longOption},
-    {"unlock", no_argument, nullptr, longOption},         {"last-try", no_argument, nullptr, longOption},
-    {"format", required_argument, nullptr, longOption},   {nullptr, 0, nullptr, 0},
+    {"help", no_argument, nullptr, longOption},
+    {"version", no_argument, nullptr, longOption},
+    {"no-groups", no_argument, nullptr, longOption},
+    {"dry-run", no_argument, nullptr, longOption},
+    {"json", no_argument, nullptr, longOption},
+    {"empty", no_argument, nullptr, longOption},
+    {"memory", required_argument, nullptr, longOption},
+    {"data-dir", required_argument, nullptr, longOption},
+    {"group", required_argument, nullptr, longOption},
+    {"map", required_argument, nullptr, longOption},
+    {"from", required_argument, nullptr, longOption},
+    {"hardware", required_argument, nullptr, longOption},
+    {"use", required_argument, nullptr, longOption},
+    {"unlock", no_argument, nullptr, longOption},
+    {"last-try", no_argument, nullptr, longOption},
+    {"format", required_argument, nullptr, longOption},
+    {nullptr, 0, nullptr, 0},
 };
 
 // The colon: getopt says nothing by itself, and tells a missing value from an unknown option.

@@ -17,7 +17,9 @@
 #include "base/Files.h"
 #include "vcard/CardContact.h"
 #include "vcard/CardReader.h"
+#include "vcard/CardText.h"
 #include "vcard/CardWriter.h"
+#include "vcard/KeptLines.h"
 
 namespace pbctl
 {
@@ -65,21 +67,28 @@ public:
     {
         ++m_total;
         orva::CardContact contact = orva::contactOf(card);
-        std::vector<std::u16string> values = valuesOf(contact);
+        std::vector<std::string> lost;
+        std::vector<std::u16string> values = valuesOf(contact, lost);
+        for (std::size_t i = 0; i < contact.kept.size(); ++i)
+            if (!orva::canKeep(contact.kept[i], card.version))
+                lost.push_back(contact.left[i]);
         const bool empty = std::all_of(values.begin(), values.end(), [](const std::u16string& v) { return v.empty(); });
         long failure = ORVA_OK;
         if (empty)
             sayLine(card.line, "not taken: it has nothing that a field is meant for");
         else if (!m_full && !m_dry)
-            store(contact, values, &failure);
+            store(contact, values, orva::keptLines(contact.kept, card.version), &failure);
         if (failure != ORVA_OK)
             sayLine(card.line, ("not taken: " + explain(failure)).c_str());
         m_full = m_full || failure == ORVA_E_FULL;
         if (empty || m_full || failure != ORVA_OK)
             return;
         ++m_added;
-        for (const std::string& name : contact.left)
+        for (const std::string& name : lost)
             ++m_left[name];
+        for (std::size_t i = 0; i < contact.kept.size(); ++i)
+            if (orva::canKeep(contact.kept[i], card.version))
+                ++m_kept[contact.left[i]];
     }
 
     void sayLine(int line, const char* what)
@@ -96,9 +105,10 @@ public:
                     file.c_str(), memoryName(memory).c_str());
         if (m_said > failuresShown)
             std::fprintf(stderr, "pbctl: and %d lines more\n", m_said - failuresShown);
-        std::string left;
-        for (const auto& name : m_left)
-            left += (left.empty() ? "" : ", ") + std::to_string(name.second) + " " + name.first;
+        const std::string kept = counted(m_kept);
+        if (!kept.empty())
+            std::printf("kept with them, since there is no field for it: %s\n", kept.c_str());
+        const std::string left = counted(m_left);
         if (!left.empty())
             std::fprintf(stderr, "pbctl: left in the file, since there is no field or place for them: %s\n",
                          left.c_str());
@@ -106,35 +116,49 @@ public:
     }
 
 private:
-    std::vector<std::u16string> valuesOf(orva::CardContact& contact)
+    static std::string counted(const std::map<std::string, int>& names)
+    {
+        std::string text;
+        for (const auto& name : names)
+            text += (text.empty() ? "" : ", ") + std::to_string(name.second) + " " + name.first;
+        return text;
+    }
+
+    std::vector<std::u16string> valuesOf(orva::CardContact& contact, std::vector<std::string>& lost)
     {
         std::vector<std::u16string> values(m_fields.size());
         for (std::size_t i = 0; i < m_fields.size(); ++i)
             if (const std::string* text = placeOf(m_fields[i].key, contact))
                 values[i] = toSdk(*text);
         for (const std::size_t refused : cleanNumbers(memory, m_fields, values))
-            dropNumber(values[refused], contact);
+            keepNumber(m_fields[refused].key, values[refused], contact);
         for (std::size_t i = 0; i < m_fields.size(); ++i) {
             const auto room = static_cast<std::size_t>(std::max(m_fields[i].maxLength, 0));
             const bool number = m_fields[i].kind == "Mobile" || m_fields[i].kind == "Number";
             if (number && values[i].size() > room)
-                dropNumber(values[i], contact);
+                keepNumber(m_fields[i].key, values[i], contact);
             else if (!number && cut(values[i], room))
-                contact.left.push_back("end of " + m_fields[i].key);
+                lost.push_back("end of " + m_fields[i].key);
         }
         return values;
     }
 
-    // A part of a number is another number, so one that cannot be taken goes in whole.
-    static void dropNumber(std::u16string& number, orva::CardContact& contact)
+    // A part of a number is another number, so one that cannot be taken is kept in whole.
+    static void keepNumber(const std::string& key, std::u16string& number, orva::CardContact& contact)
     {
-        number.clear();
+        orva::CardProperty property("TEL");
+        const char* const type = key == "Mobile" ? "CELL" : key == "officePhone" ? "WORK" : "HOME";
+        property.setParameters({{"TYPE", {type}}});
+        orva::setCardText(property, toUtf8(number), orva::CardVersion::V30);
+        contact.kept.push_back(property);
         contact.left.emplace_back("TEL");
+        number.clear();
     }
 
-    void store(const orva::CardContact& contact, const std::vector<std::u16string>& values, long* failure)
+    void store(const orva::CardContact& contact, const std::vector<std::u16string>& values, const std::string& kept,
+               long* failure)
     {
-        const int id = addRecord(memory, m_fields, values, failure);
+        const int id = addRecord(memory, m_fields, values, failure, kept);
         if (*failure != ORVA_OK)
             return;
         m_transaction.wrote();
@@ -167,7 +191,19 @@ private:
     int m_said = 0;
     bool m_full = false;
     std::map<std::string, int> m_left;
+    std::map<std::string, int> m_kept;
 };
+
+// What is kept with a contact; nothing for one that went meanwhile.
+std::string keptWith(int id)
+{
+    Handle record(ORVA_PBSrv_AddrRecord_Release);
+    const long code = ORVA_PBSrv_GetAddrRecord(id, memory, record.out());
+    if (code == ORVA_E_NOT_FOUND)
+        return {};
+    check(code, "reading a contact");
+    return keptOf(record.get());
+}
 
 } // namespace
 
@@ -218,7 +254,10 @@ void exportCards(const std::string& file, const std::vector<int>& ids)
             if (std::string* place = placeOf(fields[i].key, contact))
                 *place = toUtf8(values[i]);
         contact.groups = groups[id];
-        orva::appendCard(orva::cardOf(contact, orva::CardVersion::V30), out);
+        orva::Card card = orva::cardOf(contact, orva::CardVersion::V30);
+        for (orva::CardProperty& property : orva::keptProperties(keptWith(id)))
+            card.properties.push_back(std::move(property));
+        orva::appendCard(card, out);
     });
     try {
         orva::replacePrivateFile(file, out);

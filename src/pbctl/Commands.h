@@ -15,6 +15,8 @@ constexpr int partlyDone = 3; // some contacts did not come in
 // One function a command; each gives the exit code, or throws UsageError or SdkError.
 int runList(const Arguments& arguments);
 int runAdd(const Arguments& arguments);
+int runShow(const Arguments& arguments);
+int runEdit(const Arguments& arguments);
 int runDelete(const Arguments& arguments);
 int runGroups(const Arguments& arguments);
 int runImport(const Arguments& arguments);

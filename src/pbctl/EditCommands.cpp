@@ -1,13 +1,88 @@
-// delete.
+// edit and delete.
 
+#include <algorithm>
 #include <cstdio>
+#include <strings.h>
 #include <vector>
 
 #include "Commands.h"
+#include "Numbers.h"
 #include "Sdk.h"
+#include "vcard/KeptLines.h"
 
 namespace pbctl
 {
+
+namespace
+{
+
+// Properties of a vCard that can be kept beside the fields; a name that is none is more likely a slip of the finger.
+bool canBeKept(const std::string& name)
+{
+    static const char* const names[] = {"ADR",     "ANNIVERSARY", "BDAY",  "CALURI", "EMAIL", "GENDER",   "GEO",
+                                        "IMPP",    "KEY",         "LANG",  "LOGO",   "ORG",   "NICKNAME", "PHOTO",
+                                        "RELATED", "ROLE",        "SOUND", "TEL",    "TITLE", "TZ",       "URL"};
+    const auto same = [&name](const char* known) { return strcasecmp(known, name.c_str()) == 0; };
+    const bool own =
+        name.size() > 2 && strncasecmp(name.c_str(), "X-", 2) == 0 &&
+        name.find_first_not_of("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-") == std::string::npos;
+    return own || std::any_of(std::begin(names), std::end(names), same);
+}
+
+// Puts one property in place of all of its name; an empty value only takes them away.
+void keep(Contact& contact, const std::string& name, const std::string& value)
+{
+    std::vector<orva::CardProperty> properties = orva::keptProperties(contact.kept);
+    properties.erase(std::remove_if(properties.begin(), properties.end(),
+                                    [&name](const orva::CardProperty& property) { return property.is(name); }),
+                     properties.end());
+    if (!value.empty()) {
+        toSdk(value); // or it is no text
+        properties.emplace_back(name);
+        properties.back().setValue(value);
+    }
+    contact.kept = orva::linesOf(properties);
+}
+
+// Takes FIELD=VALUE over into a contact.
+void change(Contact& contact, int memory, const std::vector<Field>& fields, const std::string& word)
+{
+    const std::size_t equals = word.find('=');
+    const std::string key = word.substr(0, equals);
+    const auto field = std::find_if(fields.begin(), fields.end(), [&key](const Field& candidate) {
+        return strcasecmp(candidate.key.c_str(), key.c_str()) == 0;
+    });
+    // A name in capitals is that of a property where both have one, as EMAIL beside email.
+    const bool property = memory == ORVA_MEMORY_LOCAL && canBeKept(key) && (field == fields.end() || field->key != key);
+    if (equals == std::string::npos || (!property && field == fields.end())) {
+        std::string keys;
+        for (const Field& known : fields)
+            keys += " " + known.key + "=...";
+        throw UsageError("what is \"" + word + "\"? The fields are" + keys);
+    }
+    const std::string value = word.substr(equals + 1);
+    if (property)
+        keep(contact, key, value);
+    else
+        contact.values[static_cast<std::size_t>(field - fields.begin())] = toSdk(value);
+}
+
+} // namespace
+
+int runEdit(const Arguments& arguments)
+{
+    arguments.require(2, 1000, {"memory"});
+    const int memory = arguments.memory();
+    const std::vector<Field> fields = fieldsOf(memory);
+    Contact contact = readContact(memory, fields, identifierIn(arguments.words()[1]));
+    for (auto word = arguments.words().begin() + 2; word != arguments.words().end(); ++word)
+        change(contact, memory, fields, *word);
+    const std::vector<std::size_t> refused = cleanNumbers(memory, fields, contact.values);
+    if (!refused.empty())
+        throw SdkError("changing the contact: " + fields[refused.front()].key, ORVA_E_NUMBER);
+    check(updateContact(memory, fields, contact), "changing contact " + std::to_string(contact.id));
+    return done;
+}
 
 int runDelete(const Arguments& arguments)
 {

@@ -2,6 +2,7 @@
 
 #include "Arguments.h"
 #include "base/Unicode.h"
+#include "orva/orva_care.h"
 
 namespace pbctl
 {
@@ -161,16 +162,65 @@ void forEachRecord(int memory, const std::vector<Field>& fields, const RecordVis
         forEachRecord(set.get(), fields, visit);
 }
 
-int addRecord(int memory, const std::vector<Field>& fields, const std::vector<std::u16string>& values, long* failure)
+namespace
+{
+
+// Fills a new record; the library's code.
+long fillRecord(Handle& record, int memory, const std::vector<Field>& fields, const std::vector<std::u16string>& values)
+{
+    long code = ORVA_PBSrv_CreateAddrRecord(memory, record.out());
+    for (std::size_t i = 0; code == ORVA_OK && i < fields.size(); ++i)
+        code = ORVA_PBSrv_AddrRecord_SetValue(record.get(), fields[i].key.c_str(), units(values[i]));
+    return code;
+}
+
+} // namespace
+
+int addRecord(int memory, const std::vector<Field>& fields, const std::vector<std::u16string>& values, long* failure,
+              const std::string& kept)
 {
     Handle record(ORVA_PBSrv_AddrRecord_Release);
     int id = 0;
-    *failure = ORVA_PBSrv_CreateAddrRecord(memory, record.out());
-    for (std::size_t i = 0; *failure == ORVA_OK && i < fields.size(); ++i)
-        *failure = ORVA_PBSrv_AddrRecord_SetValue(record.get(), fields[i].key.c_str(), units(values[i]));
+    *failure = fillRecord(record, memory, fields, values);
+    if (*failure == ORVA_OK && !kept.empty())
+        *failure = ORVA_Care_SetKept(record.get(), kept.data(), static_cast<int>(kept.size()));
     if (*failure == ORVA_OK)
         *failure = ORVA_PBSrv_AddAddrRec(record.get(), &id);
     return id;
+}
+
+Contact readContact(int memory, const std::vector<Field>& fields, int id)
+{
+    Handle record(ORVA_PBSrv_AddrRecord_Release);
+    check(ORVA_PBSrv_GetAddrRecord(id, memory, record.out()), "reading contact " + std::to_string(id));
+    Contact contact;
+    contact.id = id;
+    for (const Field& field : fields) {
+        unsigned short* text = nullptr;
+        check(ORVA_PBSrv_AddrRecord_GetValue(record.get(), field.key.c_str(), &text), "reading a contact");
+        contact.values.push_back(takeText(text));
+    }
+    contact.kept = keptOf(record.get());
+    return contact;
+}
+
+long updateContact(int memory, const std::vector<Field>& fields, const Contact& contact)
+{
+    Handle record(ORVA_PBSrv_AddrRecord_Release);
+    long code = fillRecord(record, memory, fields, contact.values);
+    if (code == ORVA_OK && memory == ORVA_MEMORY_LOCAL)
+        code = ORVA_Care_SetKept(record.get(), contact.kept.data(), static_cast<int>(contact.kept.size()));
+    return code == ORVA_OK ? ORVA_PBSrv_UpdateAddrRec(record.get(), contact.id) : code;
+}
+
+std::string keptOf(void* record)
+{
+    char* lines = nullptr;
+    int octets = 0;
+    check(ORVA_Care_GetKept(record, &lines, &octets), "reading a contact");
+    std::string kept(lines, static_cast<std::size_t>(octets));
+    delete[] lines;
+    return kept;
 }
 
 std::string memoryName(int memory)

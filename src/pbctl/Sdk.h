@@ -100,7 +100,24 @@ void forEachRecord(void* set, const std::vector<Field>& fields, const RecordVisi
 void forEachRecord(int memory, const std::vector<Field>& fields, const RecordVisitor& visit);
 
 // Stores a record and gives its identifier, or the library's code in *failure.
-int addRecord(int memory, const std::vector<Field>& fields, const std::vector<std::u16string>& values, long* failure);
+// `kept` is what the PC's phonebook keeps beside the fields.
+int addRecord(int memory, const std::vector<Field>& fields, const std::vector<std::u16string>& values, long* failure,
+              const std::string& kept = std::string());
+
+struct Contact {
+    int id = 0;
+    std::vector<std::u16string> values; // in the order of the fields
+    std::string kept;
+};
+
+// SdkError if it is not there.
+Contact readContact(int memory, const std::vector<Field>& fields, int id);
+
+// Replaces all of a contact; the library's code.
+long updateContact(int memory, const std::vector<Field>& fields, const Contact& contact);
+
+// What is kept with the record behind a handle.
+std::string keptOf(void* record);
 
 std::string memoryName(int memory);
 

@@ -26,6 +26,12 @@ constexpr Command commands[] = {
     {"add", runAdd, "[--memory M] [--group PATH]... FIELD=VALUE...",
      "Adds a contact and prints its identifier, as in: pbctl add Name=\"Ada Byron\" Mobile=+441632960001\n"
      "  --group PATH      puts it into a group, which is made if it is not there\n"},
+    {"show", runShow, "[--memory M] [--json] ID...",
+     "Prints all of a contact: its fields, its groups and what is kept with it, such as an address or a photo.\n"
+     "  --json            as an array of objects, long values in whole\n"},
+    {"edit", runEdit, "[--memory M] ID FIELD=VALUE...",
+     "Changes fields of a contact. On the PC also what is kept with it, by the names that vCards have in capitals, as\n"
+     "in ORG=\"Acme\" or ADR=\";;1 Street;Town;;;\"; an empty value takes it away.\n"},
     {"delete", runDelete, "[--memory M] ID...",
      "Deletes contacts by their identifiers; those of the PC's phonebook go to the bin.\n"},
     {"import", runImport, "[--memory M] [OPTION]... FILE | --from APPLICATION",

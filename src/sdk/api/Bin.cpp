@@ -46,6 +46,8 @@ long ORVA_Care_GetBinRecord(int memory, int entry, void** record)
         auto made = std::make_unique<RecordHandle>();
         made->memory = memory;
         made->profile = memoryFor(memory).profile();
+        made->id = entry;
+        made->fromBin = true;
         made->values = store.readBin(entry, made->profile->size());
         *record = newHandle(std::move(made));
         return ORVA_OK;

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <forward_list>
 #include <memory>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -30,6 +31,9 @@ struct RecordHandle final : HandleObject {
     int memory = 0;
     std::shared_ptr<const Profile> profile;
     Values values; // as many as the profile has fields
+    int id = 0;    // of the record or entry of the bin that it is a copy of; 0 for none
+    bool fromBin = false;
+    std::optional<std::string> kept; // what was set
 };
 
 struct RecordSetHandle final : HandleObject {

@@ -145,6 +145,11 @@ Store& groupStore(int memory)
     return library().local.store();
 }
 
+LocalMemory& localMemory()
+{
+    return library().local;
+}
+
 Store& storeFor(int memory)
 {
     Store& store = anyStore(memory);

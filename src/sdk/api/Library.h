@@ -10,6 +10,7 @@ namespace orva
 
 class EventHub;
 class Hardware;
+class LocalMemory;
 class ModemHardware;
 class ModemMemory;
 class SimulatedHardware;
@@ -26,6 +27,7 @@ Memory& memoryFor(int memory);
 // The store of the PC's phonebook, which alone has groups and a bin. ORVA_E_ARGUMENT, or ORVA_E_UNSUPPORTED for another
 // memory.
 Store& groupStore(int memory);
+LocalMemory& localMemory();
 
 // The store behind a memory; ORVA_E_ABSENT for that of a memory that is not there. The second one also gives that.
 Store& storeFor(int memory);

@@ -5,6 +5,7 @@
 #include "api/Library.h"
 #include "base/NumberText.h"
 #include "base/Text.h"
+#include "memories/LocalMemory.h"
 
 using namespace orva;
 
@@ -92,7 +93,7 @@ long ORVA_PBSrv_AddAddrRec(void* record, int* id)
         auto& held = fromHandle<RecordHandle>(record);
         require(id);
         cleanNumbers(held);
-        *id = memoryFor(held.memory).add(held.values);
+        *id = held.kept ? localMemory().add(held.values, &*held.kept) : memoryFor(held.memory).add(held.values);
         return ORVA_OK;
     });
 }
@@ -102,7 +103,10 @@ long ORVA_PBSrv_UpdateAddrRec(void* record, int id)
     return guarded(__func__, [&] {
         auto& held = fromHandle<RecordHandle>(record);
         cleanNumbers(held);
-        memoryFor(held.memory).update(id, held.values);
+        if (held.kept)
+            localMemory().update(id, held.values, &*held.kept);
+        else
+            memoryFor(held.memory).update(id, held.values);
         return ORVA_OK;
     });
 }
@@ -122,6 +126,7 @@ long ORVA_PBSrv_GetAddrRecord(int id, int memory, void** record)
         *record = nullptr;
         auto made = makeRecord(memory);
         made->values = memoryFor(memory).readOne(id);
+        made->id = id;
         made->values.resize(made->profile->fields().size());
         *record = newHandle(std::move(made));
         return ORVA_OK;

@@ -37,16 +37,16 @@ Values LocalMemory::readOne(int id)
     return m_store.readOne(id, m_profile->size());
 }
 
-int LocalMemory::add(const Values& values)
+int LocalMemory::add(const Values& values, const std::string* kept)
 {
     requireFit(*m_profile, values, plainLength);
-    return m_store.add(values, capacity());
+    return m_store.add(values, capacity(), kept);
 }
 
-void LocalMemory::update(int id, const Values& values)
+void LocalMemory::update(int id, const Values& values, const std::string* kept)
 {
     requireFit(*m_profile, values, plainLength);
-    m_store.update(id, values);
+    m_store.update(id, values, kept);
 }
 
 } // namespace orva

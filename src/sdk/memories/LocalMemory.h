@@ -24,8 +24,13 @@ public:
     void read(int first, int last, std::size_t maxRows, RowBlock& rows) override;
     void readSome(const int* ids, std::size_t count, RowBlock& rows) override;
     Values readOne(int id) override;
-    int add(const Values& values) override;
-    void update(int id, const Values& values) override;
+    int add(const Values& values) override { return add(values, nullptr); }
+    void update(int id, const Values& values) override { update(id, values, nullptr); }
+
+    // With what is kept with the record beside its fields; null leaves that as it is.
+    int add(const Values& values, const std::string* kept);
+    void update(int id, const Values& values, const std::string* kept);
+
     void erase(int id) override { m_store.erase(id); }
     void begin() override { m_store.begin(); }
     void end() override { m_store.end(); }

@@ -12,18 +12,19 @@ namespace
 
 constexpr char now[] = "CAST(strftime('%s', 'now') AS INTEGER)";
 
-// "CREATE TEMP TRIGGER name moment WHEN ... BEGIN INSERT INTO bin ... END"
-std::string binTrigger(const Columns& columns, const std::string& head, int reason)
+// What goes into the bin of a row called `row`, a record or what it was.
+std::string binCopy(const Columns& columns, const std::string& row, int reason)
 {
     std::string names;
     std::string values;
     for (const std::string& column : columns) {
         names += ", " + column;
-        values += ", OLD." + column;
+        values += ", " + row + "." + column;
     }
-    return "CREATE TEMP TRIGGER " + head + " BEGIN INSERT INTO bin (record, reason, time, grps" + names +
-           ") VALUES (OLD.id, " + std::to_string(reason) + ", " + now +
-           ", (SELECT coalesce(group_concat(grp), '') FROM memberships WHERE record = OLD.id)" + values + "); END";
+    return "INSERT INTO bin (record, reason, time, grps, kept" + names + ") SELECT " + row + ".id, " +
+           std::to_string(reason) + ", " + now +
+           ", (SELECT coalesce(group_concat(grp), '') FROM memberships WHERE record = " + row +
+           ".id), (SELECT lines FROM kept WHERE record = " + row + ".id)" + values;
 }
 
 } // namespace
@@ -44,14 +45,30 @@ void createBin(Database& db)
                "time INTEGER NOT NULL)");
 }
 
+void createKept(Database& db)
+{
+    db.execute("CREATE TABLE kept (record INTEGER PRIMARY KEY REFERENCES records (id) ON DELETE CASCADE, "
+               "lines BLOB NOT NULL)");
+    db.execute("ALTER TABLE bin ADD COLUMN kept BLOB");
+}
+
+void copyToBin(Database& db, const Columns& columns, int record, int reason)
+{
+    Query query(db, (binCopy(columns, "records", reason) + " FROM records WHERE id = ?").c_str());
+    query.bind(1, record).step();
+}
+
 void fillBin(Database& db, const Columns& columns)
 {
     std::string differs;
     for (const std::string& column : columns)
         differs += (differs.empty() ? "OLD." : " OR OLD.") + column + " IS NOT NEW." + column;
-    db.execute(binTrigger(columns, "bin_deleted BEFORE DELETE ON main.records", ORVA_BIN_DELETED).c_str());
-    db.execute(
-        binTrigger(columns, "bin_changed BEFORE UPDATE ON main.records WHEN " + differs, ORVA_BIN_CHANGED).c_str());
+    db.execute(("CREATE TEMP TRIGGER bin_deleted BEFORE DELETE ON main.records BEGIN " +
+                binCopy(columns, "OLD", ORVA_BIN_DELETED) + "; END")
+                   .c_str());
+    db.execute(("CREATE TEMP TRIGGER bin_changed BEFORE UPDATE ON main.records WHEN " + differs + " BEGIN " +
+                binCopy(columns, "OLD", ORVA_BIN_CHANGED) + "; END")
+                   .c_str());
     db.execute(("CREATE TEMP TRIGGER bin_group BEFORE DELETE ON main.groups BEGIN "
                 "INSERT OR REPLACE INTO bin_groups (id, parent, name, time) VALUES (OLD.id, OLD.parent, OLD.name, " +
                 std::string(now) + "); END")

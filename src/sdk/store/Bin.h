@@ -29,8 +29,14 @@ struct BinEntry {
 // Makes the tables of the bin, with the columns that records have.
 void createBin(Database& db);
 
+// Makes the table of what is kept with records beside their columns, and room for it in the bin.
+void createKept(Database& db);
+
 // Has a connection fill the bin from now on.
 void fillBin(Database& db, const Columns& columns);
+
+// Puts a copy of a record as it stands there, with what is kept with it, into the bin.
+void copyToBin(Database& db, const Columns& columns, int record, int reason);
 
 // Removes what is too old.
 void purgeBin(Database& db);

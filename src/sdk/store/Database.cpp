@@ -146,6 +146,16 @@ Query& Query::bind(int index, std::u16string_view text)
     return *this;
 }
 
+Query& Query::bindOctets(int index, std::string_view octets)
+{
+    const int result = octets.empty()
+                           ? sqlite3_bind_zeroblob(m_statement, index, 0)
+                           : sqlite3_bind_blob64(m_statement, index, octets.data(), octets.size(), SQLITE_STATIC);
+    if (result != SQLITE_OK)
+        m_db.fail(result, "binding octets");
+    return *this;
+}
+
 bool Query::step()
 {
     const int result = sqlite3_step(m_statement);
@@ -166,6 +176,13 @@ std::u16string_view Query::text(int column)
     }
     const auto units = static_cast<std::size_t>(sqlite3_column_bytes16(m_statement, column)) / sizeof(char16_t);
     return {static_cast<const char16_t*>(data), units};
+}
+
+std::string Query::octets(int column)
+{
+    const auto* const data = static_cast<const char*>(sqlite3_column_blob(m_statement, column));
+    return data != nullptr ? std::string(data, static_cast<std::size_t>(sqlite3_column_bytes(m_statement, column)))
+                           : std::string();
 }
 
 std::string Query::bytes(int column)

@@ -89,12 +89,18 @@ public:
     // The text must live until the query is gone.
     Query& bind(int index, std::u16string_view text);
 
+    // Octets, likewise; an empty view binds no octets, not NULL.
+    Query& bindOctets(int index, std::string_view octets);
+
     // True while there is a row.
     bool step();
 
     int integer(int column) { return sqlite3_column_int(m_statement, column); }
     long long wideInteger(int column) { return sqlite3_column_int64(m_statement, column); }
     std::u16string_view text(int column);
+
+    // Empty for NULL.
+    std::string octets(int column);
 
     // Text that SQLite itself made, such as a finding of a check.
     std::string bytes(int column);

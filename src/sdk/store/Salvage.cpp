@@ -98,18 +98,37 @@ void salvageBin(Database& source, Database& target, const Columns& columns)
     for (std::size_t i = 0; i < columns.size(); ++i)
         places += ", ?";
     const std::string names = joined(columns, ", ");
-    const std::string insert =
-        "INSERT OR IGNORE INTO bin (id, record, reason, time, grps" + names + ") VALUES (?, ?, ?, ?, ?" + places + ")";
-    const std::string select = "SELECT id, record, reason, time, grps" + names + " FROM bin WHERE id >= ? ORDER BY id";
+    // A store of an earlier release has a bin without them.
+    const bool hasKept = source.queryInt("SELECT count(*) FROM pragma_table_info('bin') WHERE name = 'kept'") > 0;
+    const std::string kept = hasKept ? "kept" : "NULL";
+    const std::string insert = "INSERT OR IGNORE INTO bin (id, record, reason, time, kept, grps" + names +
+                               ") VALUES (?, ?, ?, ?, ?, ?" + places + ")";
+    const std::string select =
+        "SELECT id, record, reason, time, " + kept + ", grps" + names + " FROM bin WHERE id >= ? ORDER BY id";
     readAround(source, select, [&](Query& rows, int id) {
         std::vector<std::u16string> texts;
         for (std::size_t i = 0; i <= columns.size(); ++i)
-            texts.emplace_back(rows.text(static_cast<int>(i) + 4));
+            texts.emplace_back(rows.text(static_cast<int>(i) + 5));
+        const std::string lines = rows.octets(4);
         Query entry(target, insert.c_str());
-        entry.bind(1, id).bind(2, rows.integer(1)).bind(3, rows.integer(2)).bind(4, rows.wideInteger(3));
+        entry.bind(1, id)
+            .bind(2, rows.integer(1))
+            .bind(3, rows.integer(2))
+            .bind(4, rows.wideInteger(3))
+            .bindOctets(5, lines);
         for (std::size_t i = 0; i < texts.size(); ++i)
-            entry.bind(static_cast<int>(i) + 5, texts[i]);
+            entry.bind(static_cast<int>(i) + 6, texts[i]);
         entry.step();
+    });
+}
+
+void salvageKept(Database& source, Database& target)
+{
+    readAround(source, "SELECT record, lines FROM kept WHERE record >= ? ORDER BY record", [&](Query& rows, int id) {
+        const std::string lines = rows.octets(1);
+        Query kept(target, "INSERT OR IGNORE INTO kept (record, lines) SELECT id, ? FROM records WHERE id = ?");
+        kept.bindOctets(1, lines).bind(2, id);
+        kept.step();
     });
 }
 
@@ -146,6 +165,7 @@ Salvaged salvage(const std::string& damagedPath, Database& target, const Columns
     try {
         tryPart([&] { salvageRecords(source, target, columns, found); });
         tryPart([&] { salvageGroups(source, target, found); });
+        tryPart([&] { salvageKept(source, target); });
         tryPart([&] { salvageBin(source, target, columns); });
         tryPart([&] { salvageBinGroups(source, target); });
         tryPart([&] {

@@ -39,7 +39,7 @@ void useWriteAheadLog(Database& db)
 
 const std::vector<MigrationStep>& migrationSteps()
 {
-    static const std::vector<MigrationStep> steps = {createBin};
+    static const std::vector<MigrationStep> steps = {createBin, createKept};
     return steps;
 }
 
@@ -110,6 +110,7 @@ void createSchema(Database& db, const Columns& columns, int version)
             db.execute("CREATE TABLE counters (name TEXT PRIMARY KEY, value INTEGER NOT NULL) WITHOUT ROWID");
             db.execute("INSERT INTO counters VALUES ('record', 0), ('group', 0)");
             createBin(db);
+            createKept(db);
             setPragma(db, "application_id", storeApplicationId);
             setPragma(db, "user_version", version);
         }

@@ -6,6 +6,7 @@
 #include <climits>
 
 #include "base/Log.h"
+#include "orva/orva_care.h"
 
 namespace orva
 {
@@ -128,9 +129,17 @@ Values Store::readOne(int id, int fields)
     });
 }
 
-int Store::add(const Values& values, int capacity)
+int Store::add(const Values& values, int capacity, const std::string* kept)
 {
-    return writing([&] { return insertRecord(values, capacity); });
+    return writing([&] {
+        if (kept == nullptr || kept->empty())
+            return insertRecord(values, capacity);
+        return wholly([&] {
+            const int id = insertRecord(values, capacity);
+            writeKept(id, *kept);
+            return id;
+        });
+    });
 }
 
 int Store::insertRecord(const Values& values, int capacity)
@@ -149,20 +158,38 @@ int Store::insertRecord(const Values& values, int capacity)
     return id;
 }
 
-void Store::update(int id, const Values& values)
+void Store::update(int id, const Values& values, const std::string* kept)
 {
     writing([&] {
-        m_touched = id;
-        Query query(*m_db, m_update.c_str());
-        for (std::size_t i = 0; i < m_columns.size(); ++i)
-            query.bind(static_cast<int>(i) + 1,
-                       i < values.size() ? std::u16string_view(values[i]) : std::u16string_view());
-        query.bind(static_cast<int>(m_columns.size()) + 1, id).step();
-        if (sqlite3_changes(m_db->handle()) == 0)
-            throw notThere("record");
-        ++m_changes;
-        return 0;
+        if (kept == nullptr) {
+            replaceRecord(id, values);
+            return 0;
+        }
+        return wholly([&] {
+            const bool differs = readKept(id) != *kept;
+            const int before = sqlite3_total_changes(m_db->handle());
+            replaceRecord(id, values);
+            // The fields alone bring themselves into the bin.
+            const bool fieldsDiffer = sqlite3_total_changes(m_db->handle()) - before > 1;
+            if (differs && !fieldsDiffer && m_bin == Bin::Filled)
+                copyToBin(*m_db, m_columns, id, ORVA_BIN_CHANGED);
+            if (differs)
+                writeKept(id, *kept);
+            return 0;
+        });
     });
+}
+
+void Store::replaceRecord(int id, const Values& values)
+{
+    m_touched = id;
+    Query query(*m_db, m_update.c_str());
+    for (std::size_t i = 0; i < m_columns.size(); ++i)
+        query.bind(static_cast<int>(i) + 1, i < values.size() ? std::u16string_view(values[i]) : std::u16string_view());
+    query.bind(static_cast<int>(m_columns.size()) + 1, id).step();
+    if (sqlite3_changes(m_db->handle()) == 0)
+        throw notThere("record");
+    ++m_changes;
 }
 
 void Store::erase(int id)
@@ -177,6 +204,27 @@ void Store::erase(int id)
         ++m_changes;
         return 0;
     });
+}
+
+std::string Store::kept(int id)
+{
+    return reading([&] { return readKept(id); });
+}
+
+std::string Store::readKept(int id)
+{
+    Query query(*m_db, "SELECT lines FROM kept WHERE record = ?");
+    return query.bind(1, id).step() ? query.octets(0) : std::string();
+}
+
+void Store::writeKept(int id, const std::string& kept)
+{
+    Query query(*m_db, kept.empty() ? "DELETE FROM kept WHERE record = ?"
+                                    : "INSERT OR REPLACE INTO kept (record, lines) VALUES (?, ?)");
+    query.bind(1, id);
+    if (!kept.empty())
+        query.bindOctets(2, kept);
+    query.step();
 }
 
 // ---- Groups

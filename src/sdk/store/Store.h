@@ -69,10 +69,14 @@ public:
     void readSome(const int* ids, std::size_t count, int fields, RowBlock& rows);
     Values readOne(int id, int fields);
 
-    // ORVA_E_FULL when `capacity` records are there.
-    int add(const Values& values, int capacity);
-    void update(int id, const Values& values);
+    // ORVA_E_FULL when `capacity` records are there. With `kept`, that is stored with the record; an update without it
+    // leaves what is kept as it is.
+    int add(const Values& values, int capacity, const std::string* kept = nullptr);
+    void update(int id, const Values& values, const std::string* kept = nullptr);
     void erase(int id);
+
+    // What is kept with a record beside its fields; empty for nothing.
+    std::string kept(int id);
 
     // All of them, in the order of their identifiers; shared until something is written.
     std::shared_ptr<const std::vector<StoredGroup>> groups();
@@ -87,6 +91,7 @@ public:
     std::vector<BinEntry> bin();
     Values readBin(int entry, int fields);
     std::vector<std::u16string> binGroups(int entry);
+    std::string binKept(int entry);
 
     // Takes an entry out of the bin and stores its record anew, in its groups, which are made if they are gone; the
     // new identifier. ORVA_E_FULL when `capacity` records are there.
@@ -137,6 +142,9 @@ private:
 
     // Of a write under way.
     int insertRecord(const Values& values, int capacity);
+    void replaceRecord(int id, const Values& values);
+    std::string readKept(int id);
+    void writeKept(int id, const std::string& kept);
     int insertGroup(std::u16string_view name, int parent);
     int groupFromBin(int group);
     template <typename Body>

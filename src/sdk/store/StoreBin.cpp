@@ -99,6 +99,15 @@ std::vector<std::u16string> Store::binGroups(int entry)
     });
 }
 
+std::string Store::binKept(int entry)
+{
+    return reading([&] {
+        groupsOf(*m_db, entry);
+        Query query(*m_db, "SELECT kept FROM bin WHERE id = ?");
+        return query.bind(1, entry).step() ? query.octets(0) : std::string();
+    });
+}
+
 int Store::groupFromBin(int group)
 {
     // From the group up to the first that is in its place, then down again.
@@ -137,6 +146,10 @@ int Store::undelete(int entry, int capacity)
             // Another process may have been faster.
             const std::vector<int> groups = groupsOf(*m_db, entry);
             const int id = insertRecord(values, capacity);
+            Query(*m_db, "INSERT INTO kept (record, lines) SELECT ?, kept FROM bin WHERE id = ? AND length(kept) > 0")
+                .bind(1, id)
+                .bind(2, entry)
+                .step();
             for (const int was : groups) {
                 const int group = groupFromBin(was);
                 if (group != 0)

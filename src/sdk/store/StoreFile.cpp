@@ -108,7 +108,8 @@ void Store::prepareOpened()
         m_db->prepared("SELECT id, grp, record FROM memberships WHERE id = (SELECT max(id) FROM memberships)");
         m_db->prepared("SELECT parent, name FROM groups WHERE id = 1");
         m_db->prepared(m_selectBin.c_str());
-        m_db->prepared("SELECT record, reason, time, grps FROM bin WHERE id = (SELECT max(id) FROM bin)");
+        m_db->prepared("SELECT record, reason, time, grps, kept FROM bin WHERE id = (SELECT max(id) FROM bin)");
+        m_db->prepared("SELECT lines FROM kept WHERE record = (SELECT max(record) FROM kept)");
         m_db->prepared("SELECT parent, name, time FROM bin_groups WHERE id = 1");
         reloadCounters();
     } catch (const SqlFailure& failure) {

@@ -80,10 +80,11 @@ void leave(const CardProperty& property, CardContact& contact)
     for (char& c : name)
         c = static_cast<char>(c >= 'a' && c <= 'z' ? c - 0x20 : c);
     contact.left.push_back(std::move(name));
+    contact.kept.push_back(property);
 }
 
-// False for one that another of its name came before, and for a name that has no field.
-bool addText(const CardProperty& property, CardVersion version, CardContact& contact)
+// False for one that another of its name came before, and for a name that has no field. `email` is the address taken.
+bool addText(const CardProperty& property, CardVersion version, CardContact& contact, const CardProperty*& email)
 {
     std::string* place = property.is("FN") ? &contact.name : property.is("NOTE") ? &contact.note : nullptr;
     if (property.is("EMAIL"))
@@ -94,8 +95,10 @@ bool addText(const CardProperty& property, CardVersion version, CardContact& con
     if (!place->empty() && *place != text) {
         if (!property.is("EMAIL") || !isPreferred(property))
             return false;
-        leave(property, contact); // the one that was there
+        leave(*email, contact); // the one that was there
     }
+    if (property.is("EMAIL"))
+        email = &property;
     *place = std::move(text);
     return true;
 }
@@ -128,6 +131,7 @@ CardContact contactOf(const Card& card)
     CardContact contact;
     std::string structuredName;
     const CardProperty* company = nullptr;
+    const CardProperty* email = nullptr;
     std::vector<const CardProperty*> numbers; // those of a kind go first
     for (const CardProperty& property : card.properties) {
         if (property.is("N") && structuredName.empty()) {
@@ -140,7 +144,7 @@ CardContact contactOf(const Card& card)
             for (std::string& group : cardList(property, card.version))
                 if (!group.empty())
                     contact.groups.push_back(std::move(group));
-        } else if (!saysNoMore(property) && !addText(property, card.version, contact)) {
+        } else if (!saysNoMore(property) && !addText(property, card.version, contact, email)) {
             leave(property, contact);
         }
     }

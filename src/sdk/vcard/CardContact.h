@@ -22,6 +22,9 @@ struct CardContact {
     // The names of properties, in upper case and one for each, that say more than that.
     std::vector<std::string> left;
 
+    // Those properties, in the same order.
+    std::vector<CardProperty> kept;
+
     // Whether no field has anything; groups do not count.
     bool empty() const;
 };

@@ -217,6 +217,7 @@ TEST(aStoreOfAnEarlierReleaseGetsABinAfterABackup)
         RawStore raw(data);
         CHECK_EQ(raw.ask("DROP TABLE bin"), "");
         CHECK_EQ(raw.ask("DROP TABLE bin_groups"), "");
+        CHECK_EQ(raw.ask("DROP TABLE kept"), "");
         CHECK_EQ(raw.ask("PRAGMA user_version = 1"), "");
     }
     CHECK_EQ(ORVA_Sim_Reset(data.c_str()), ORVA_OK);

@@ -6,23 +6,23 @@ cards=$LINKHAND_SOURCE_DIR/tests/sdk/vcard/cards
 tab=$(printf '\t')
 cd "$HOME" || exit 1
 
-run 3 import "$cards/desktop-4.vcf" --dry-run
-equal "a dry run" "$out" "1 of 1 contacts would come from $cards/desktop-4.vcf into the PC's phonebook"
+run 0 import "$cards/desktop-4.vcf" --dry-run
+equal "a dry run" "$(echo "$out" | head -1)" "1 of 1 contacts would come from $cards/desktop-4.vcf into the PC's phonebook"
 run 0 list
 equal "after a dry run" "$(echo "$out" | wc -l)" 1
 
-run 3 import "$cards/phone-labels.vcf"
-equal "what came in" "$out" "1 of 1 contacts taken from $cards/phone-labels.vcf into the PC's phonebook"
-equal "what was left" "${err##*: }" "1 ADR, 1 BDAY, 1 ORG, 1 TEL, 2 X-ABLABEL"
+run 0 import "$cards/phone-labels.vcf"
+equal "what came in" "$(echo "$out" | head -1)" "1 of 1 contacts taken from $cards/phone-labels.vcf into the PC's phonebook"
+equal "what was kept" "${out##*: }" "1 ADR, 1 BDAY, 1 ORG, 1 TEL, 2 X-ABLABEL"
 run 0 list
 has "$out" "${tab}Dr. Mary, Jane O'Hara${tab}+15550102000${tab}5550102002${tab}5550102001${tab}mary@example.com${tab}First line\\n"
 
-run 3 import "$cards/web.vcf" --group Imported
+run 0 import "$cards/web.vcf" --group Imported
 run 0 groups
 has "$out" "${tab}1${tab}friends, close"
 has "$out" "${tab}2${tab}Imported"
 lacks "$out" "myContacts"
-run 3 import "$cards/web.vcf" --no-groups
+run 0 import "$cards/web.vcf" --no-groups
 run 0 groups
 has "$out" "${tab}1${tab}friends, close"
 
@@ -47,7 +47,8 @@ run 3 --data-dir "$HOME/damaged" import damaged.vcf
 equal "of the damaged file" "${out%% contacts*}" "1 of 2"
 has "$err" "line 1: card has no END:VCARD and was left out"
 has "$err" "line 9: not taken: it has nothing that a field is meant for"
-has "$err" "1 TEL, 1 end of remark"
+has "$out" "kept with them, since there is no field for it: 1 TEL"
+has "$err" ": 1 end of remark"
 run 0 --data-dir "$HOME/damaged" list
 has "$out" "${tab}Whole${tab}12${tab}${tab}${tab}${tab}000"
 
