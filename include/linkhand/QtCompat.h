@@ -10,7 +10,6 @@
 #if QT_VERSION >= 0x060000
 #include <QEnterEvent>
 #include <QRegExp>
-#include <QScreen>
 #include <QValidator>
 #include <QWidget>
 #else
@@ -22,6 +21,7 @@
 #if QT_VERSION >= 0x050000
 #include <QGuiApplication>
 #include <QLoggingCategory>
+#include <QScreen>
 #include <QStandardPaths>
 #else
 #include <QDesktopServices>
@@ -138,6 +138,17 @@ inline QRect availableGeometry(const QWidget* pWidget)
     return pWidget->screen()->availableGeometry();
 #else
     return QApplication::desktop()->availableGeometry(pWidget);
+#endif
+}
+
+// The same of the screen at a point, which for a point outside them all is one of those there are.
+inline QRect availableGeometry(const QPoint& point)
+{
+#if QT_VERSION >= 0x050a00
+    const QScreen* pScreen = QGuiApplication::screenAt(point);
+    return (pScreen != nullptr ? pScreen : QGuiApplication::primaryScreen())->availableGeometry();
+#else
+    return QApplication::desktop()->availableGeometry(point);
 #endif
 }
 

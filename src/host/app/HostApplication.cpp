@@ -33,6 +33,7 @@
 #include "window/MainWindow.h"
 #include "window/StatusArea.h"
 #include "window/WelcomeNote.h"
+#include "window/WindowPlace.h"
 
 namespace
 {
@@ -276,6 +277,7 @@ void HostApplication::showFrame()
     m_pWindow->SetLanguages(m_languages.Entries(), m_services.Language());
     m_pWindow->Retranslate();
     m_pWindow->restoreGeometry(m_settings.Geometry());
+    WindowPlace::Fit(*m_pWindow);
     m_pWindow->SetDevicePanelShown(m_settings.DevicePanelShown());
     m_pWindow->Welcome().SetDismissed(m_settings.WelcomeDismissed());
     const FirstPaint firstPaint(m_pWindow.data());

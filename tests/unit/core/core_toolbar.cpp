@@ -79,7 +79,7 @@ void CoreToolBar::itemsComeInTheOrderOfTheFile()
         QCOMPARE(item.bSearch, item.iId == 9006);
         QVERIFY(item.pButton == nullptr);
     }
-    QCOMPARE(ids, QList<int>() << 9000 << 9001 << 9002 << 9003 << 9005 << 9007 << 9008 << 9006);
+    QCOMPARE(ids, QList<int>() << 9000 << 9001 << 9002 << 9003 << 9005 << 9006);
 }
 
 void CoreToolBar::flagComesFromTheFile()
