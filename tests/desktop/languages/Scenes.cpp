@@ -141,12 +141,14 @@ void menuKey()
 // Does something in a moment, when a window that runs its own loop has come.
 void later(const std::function<bool()>& step)
 {
-    QTimer* pTimer = new QTimer(qApp);
+    const QPointer<QTimer> pTimer = new QTimer(qApp);
     QObject::connect(pTimer, &QTimer::timeout, pTimer, [pTimer, step] {
-        if (step()) {
+        // The step may begin a loop in which its scene ends, and the timer with it.
+        const QPointer<QTimer> pDone(pTimer);
+        if (step() && pDone != nullptr) {
             // At once: its deletion waits for the end of a loop that the step may have begun.
-            pTimer->stop();
-            pTimer->deleteLater();
+            pDone->stop();
+            pDone->deleteLater();
         }
     });
     pTimer->start(10);

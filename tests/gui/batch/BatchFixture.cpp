@@ -43,8 +43,13 @@ bool BatchFixture::waitForTheWindow() const
 {
     if (!QTest::qWaitFor([] { return waiting() == nullptr; }, 20000))
         return false;
+    // What the display has already told of the dialog comes first: its activation would take the focus once more.
+    QCoreApplication::processEvents();
     window()->window()->activateWindow();
-    return QTest::qWaitForWindowActive(window()->window(), 20000);
+    if (!QTest::qWaitForWindowActive(window()->window(), 20000))
+        return false;
+    QCoreApplication::processEvents();
+    return window()->window()->isActiveWindow();
 }
 
 void BatchFixture::letEnd() const
