@@ -223,8 +223,7 @@ void AddrBookDlg::startThreadAndUpdateTable(_ORVA_EN_PHONEBOOK_MEMORY enType, in
     m_pthreadReadOld = m_pthreadRead;
     m_pthreadRead = new (std::nothrow) AddrBookThread;
     if (m_pthreadReadOld != nullptr) {
-        while (m_pthreadReadOld->isRunning())
-            QThread::yieldCurrentThread();
+        m_pthreadReadOld->EndOperation();
         // Its records are still in the event queue, and tell themselves as stale by a sender that is not the current
         // reader. Its address must therefore not come back as that of a new reader before they have gone; the deferred
         // deletion stands behind them in the same queue.
