@@ -216,6 +216,7 @@ void AddrBookDlg::startThreadAndUpdateTable(_ORVA_EN_PHONEBOOK_MEMORY enType, in
     ADDRBOOK_LOG_ENTER();
     m_enTableMemory = enType;
     m_search = TableSearch();
+    m_saved.Start();
     if (m_pthreadRead != nullptr) {
         m_pthreadRead->DisconnectSignals();
         m_pthreadRead->StopOperation();
@@ -255,11 +256,15 @@ void AddrBookDlg::OnAddContactToTable(int enType, qlonglong iData, int iGroupid,
     const QScopedPointer<AddrBookRecord> pRecord(carrierToPointer<AddrBookRecord>(iData));
     if (pRecord.isNull() || !isCurrentReader() || m_ptableContacts == nullptr)
         return;
+    const _ORVA_EN_PHONEBOOK_MEMORY enMemory = static_cast<_ORVA_EN_PHONEBOOK_MEMORY>(enType);
+    // A contact that was saved meanwhile is shown as it was saved, and once.
+    if (m_saved.BringUpToDate(enMemory, *pRecord) && rowOfRecord(enMemory, pRecord->iID) != nullptr)
+        return;
     if (!m_search.LetsIn(*pRecord, iColumnCount))
         return;
     const int iRow = m_ptableContacts->rowCount();
     m_ptableContacts->setRowCount(iRow + 1);
-    if (fillRow(iRow, static_cast<_ORVA_EN_PHONEBOOK_MEMORY>(enType), *pRecord, iGroupid, iColumnCount, m_bRightToLeft))
+    if (fillRow(iRow, enMemory, *pRecord, iGroupid, iColumnCount, m_bRightToLeft))
         m_ptableContacts->setColumnCount(iColumnCount);
 }
 
@@ -311,6 +316,7 @@ void AddrBookDlg::OnReadFinished()
         m_ptableContacts->setColumnCount(iCount);
     }
     m_enReadMode = ADDRBOOK_OP_NONE;
+    m_saved.End();
     // What was typed while the rows came has thinned those that were there.
     if (m_search.EndRead())
         updateTable(m_search.Text());
