@@ -279,6 +279,14 @@ inline bool connectTargetChanged(const QDrag* pDrag, const QObject* pReceiver, c
 #endif
 }
 
+// Calls off the drag that runs, so that its exec() returns. With Qt 4 it goes on until the button is let go.
+inline void cancelDrag()
+{
+#if QT_VERSION >= 0x050700
+    QDrag::cancel();
+#endif
+}
+
 // A button in a QLineEdit that empties it; Qt 4 has none.
 template <typename LineEdit>
 inline void showClearButton(LineEdit* pEdit)

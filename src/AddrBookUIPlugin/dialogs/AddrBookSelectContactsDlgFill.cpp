@@ -326,19 +326,18 @@ void AddrBookSelectContactsDlg::deleteThread(AddrBookThread* pthread)
         return;
     if (pthread->isRunning())
         CommonUtils::WaitForThreadToStop(pthread, kThreadEndSeconds);
-    pthread->wait();
+    pthread->EndOperation();
     m_lstThreads.removeAll(pthread);
     delete pthread;
 }
 
 void AddrBookSelectContactsDlg::stopAndDeleteThreads()
 {
-    for (int i = 0; i < m_lstThreads.size(); ++i) {
-        m_lstThreads.at(i)->StopOperation();
-        m_lstThreads.at(i)->SetSlotExecutionStatus();
-    }
+    // All are asked first: each may be with a slow card's record.
     for (int i = 0; i < m_lstThreads.size(); ++i)
-        m_lstThreads.at(i)->wait();
+        m_lstThreads.at(i)->StopOperation();
+    for (int i = 0; i < m_lstThreads.size(); ++i)
+        m_lstThreads.at(i)->EndOperation();
     // Their results still queued carry heap objects, which the slots free.
     QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);
     qDeleteAll(m_lstThreads);

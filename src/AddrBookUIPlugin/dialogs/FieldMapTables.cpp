@@ -8,7 +8,6 @@
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QPointer>
 #include <QStyle>
 #include <QStyleOption>
 
@@ -77,9 +76,7 @@ bool FieldMapTable1Widget::dragSelection()
         strText += pitem->text();
     m_pMimeData->setText(strText);
     m_pDrag->setMimeData(m_pMimeData);
-    const QPointer<FieldMapTable1Widget> pSelf(this);
-    m_pDrag->exec(Qt::CopyAction | Qt::MoveAction);
-    if (pSelf == nullptr)
+    if (!m_drag.Exec(m_pDrag, Qt::CopyAction | Qt::MoveAction))
         return false;
     m_pDrag = nullptr; // Qt's to delete
     m_pMimeData = nullptr;

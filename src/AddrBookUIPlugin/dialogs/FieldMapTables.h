@@ -4,7 +4,8 @@
 #include <QString>
 #include <QTableWidget>
 
-class QDrag;
+#include "widgets/RunningDrag.h"
+
 class QMimeData;
 
 // The two tables of the field map dialog. User-interface thread only.
@@ -28,6 +29,7 @@ private:
 
     QDrag* m_pDrag; // while a drag runs
     QMimeData* m_pMimeData;
+    RunningDrag m_drag;
 };
 
 // The fields of a memory, each with the source column that feeds it. A drop is kept and placed on the row that the

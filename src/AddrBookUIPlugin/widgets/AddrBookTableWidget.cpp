@@ -138,7 +138,7 @@ void AddrBookTableWidget::mouseMoveEvent(QMouseEvent* pEvent)
     QAbstractItemView::mouseMoveEvent(pEvent);
 }
 
-// The table may be replaced while the drag runs: nothing here touches it after exec.
+// The table may be gone at its end.
 void AddrBookTableWidget::startDragOfRows()
 {
     QDrag* pDrag = new (std::nothrow) QDrag(this);
@@ -153,7 +153,7 @@ void AddrBookTableWidget::startDragOfRows()
     pMimeData->setData(dragIdsFormat(), QtCompat::toAscii(m_strDragData));
     pMimeData->setData(dragColourFormat(), QVariant(QColor(Qt::transparent)).toByteArray());
     pDrag->setMimeData(pMimeData);
-    pDrag->exec(Qt::CopyAction | Qt::MoveAction);
+    m_drag.Exec(pDrag, Qt::CopyAction | Qt::MoveAction);
 }
 
 void AddrBookTableWidget::mouseReleaseEvent(QMouseEvent* pEvent)

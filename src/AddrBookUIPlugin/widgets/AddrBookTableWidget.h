@@ -6,6 +6,8 @@
 #include <QString>
 #include <QTableWidget>
 
+#include "widgets/RunningDrag.h"
+
 struct TableRowData;
 
 // The table of contacts, one contact a row. The left half of each cell starts a drag of the selected rows, the right
@@ -73,6 +75,8 @@ private:
     bool pressStartsDrag() const;
     void buildDragData(const TableRowData* pPressed);
     void startDragOfRows();
+
+    RunningDrag m_drag;
 };
 
 #endif // ADDRBOOKUIPLUGIN_ADDRBOOKTABLEWIDGET_H

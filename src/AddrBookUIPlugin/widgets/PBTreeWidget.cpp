@@ -2,6 +2,7 @@
 
 #include <QColor>
 #include <QDragEnterEvent>
+#include <QDragLeaveEvent>
 #include <QDragMoveEvent>
 #include <QDropEvent>
 #include <QKeyEvent>
@@ -45,7 +46,8 @@ PBTreeWidget::PBTreeWidget(QWidget* pParent)
       m_iLocalUsed(-1),
       m_iLocalCapacity(-1),
       m_iDeviceUsed(-1),
-      m_iDeviceCapacity(-1)
+      m_iDeviceCapacity(-1),
+      m_bHovering(false)
 {
 }
 
@@ -137,6 +139,12 @@ void PBTreeWidget::ItemSelectionChanged()
     emit itemSelectionChanged();
 }
 
+void PBTreeWidget::EndHover()
+{
+    if (m_bHovering)
+        goBack();
+}
+
 void PBTreeWidget::goBack()
 {
     if (m_pitemPrevious != nullptr)
@@ -149,6 +157,7 @@ void PBTreeWidget::dragEnterEvent(QDragEnterEvent* pEvent)
         return;
     pEvent->acceptProposedAction();
     pEvent->accept();
+    m_bHovering = true;
     // Asked for once a drag, so that the hover itself stays free of SDK calls.
     getMaxCapacity(PB_MEM_LOCAL);
     getMaxCapacity(PB_MEM_SIM);
@@ -184,10 +193,17 @@ void PBTreeWidget::dragMoveEvent(QDragMoveEvent* pEvent)
         setMouseTracking(true);
 }
 
+void PBTreeWidget::dragLeaveEvent(QDragLeaveEvent* pEvent)
+{
+    m_bHovering = false;
+    QTreeWidget::dragLeaveEvent(pEvent);
+}
+
 void PBTreeWidget::dropEvent(QDropEvent* pEvent)
 {
     if (pEvent == nullptr)
         return;
+    m_bHovering = false;
     pEvent->accept();
     const QString strIds = draggedIds(pEvent->mimeData());
     if (!indexAt(QtCompat::dropPosition(*pEvent)).isValid() || strIds.isEmpty()) {

@@ -39,6 +39,10 @@ public:
     // Raises itemSelectionChanged() on the window's behalf.
     void ItemSelectionChanged();
 
+    // While contacts hover over the tree, makes the node that the table shows the current one again; their next
+    // movement lights a node anew.
+    void EndHover();
+
     // The window reads and writes these.
     QList<QString> m_listDragData;            // record id, group id, record id, ... of the dropped rows
     bool m_bCopyInLocal;                      // Ctrl was held at the drop
@@ -76,6 +80,7 @@ signals:
 protected:
     void dragEnterEvent(QDragEnterEvent* pEvent) override;
     void dragMoveEvent(QDragMoveEvent* pEvent) override;
+    void dragLeaveEvent(QDragLeaveEvent* pEvent) override;
     void dropEvent(QDropEvent* pEvent) override;
     void keyPressEvent(QKeyEvent* pEvent) override;
 
@@ -83,6 +88,8 @@ private:
     void goBack();
     void currentGroup(_ORVA_EN_PHONEBOOK_MEMORY& enMemory, int& iGroupId);
     void takeDroppedIds(const QString& strIds);
+
+    bool m_bHovering; // contacts are over the tree, and have not been dropped
 };
 
 #endif // ADDRBOOKUIPLUGIN_PBTREEWIDGET_H

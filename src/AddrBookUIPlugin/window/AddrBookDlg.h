@@ -16,6 +16,7 @@
 #include "linkhand/plugin/IPluginContainer.h"
 #include "logic/AddrBookTypes.h"
 #include "window/AddrBookBatch.h"
+#include "window/SavedRecords.h"
 #include "window/TableSearch.h"
 #include "worker/AddrBookThread.h"
 
@@ -482,6 +483,7 @@ private:
     _ADDRBOOK_OPERATION_TYPE m_enOperation = ADDRBOOK_OP_DELETE;
     _ADDRBOOK_OPERATION_TYPE m_enReadMode = ADDRBOOK_OP_NONE; // ADDRBOOK_OP_SEARCH while a reload for the search runs
     TableSearch m_search;                                     // of m_pthreadRead and the rows that it brought
+    SavedRecords m_saved;                                     // while m_pthreadRead runs
     QPointer<AddrBookWaitingDlg> m_pdlgWaiting;
     AddrBookRecord m_recordCurrent = AddrBookRecord(); // edit and delete work on it
     bool m_bNewContactEnabled = true;

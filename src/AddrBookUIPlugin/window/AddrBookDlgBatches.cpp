@@ -13,6 +13,7 @@
 #include "logic/PointerCarrier.h"
 #include "logic/Texts.h"
 #include "widgets/AddrBookTableWidget.h"
+#include "widgets/PBTreeWidget.h"
 
 // The rows selected, as every operation on a selection takes them: the last range first, each from the top down.
 QList<int> AddrBookDlg::selectedRows() const
@@ -210,6 +211,9 @@ void AddrBookDlg::OnFinished()
     m_batch.finish();
     connectHandlersForTable();
     m_bThreadBusy = false;
+    // The node under contacts that hover is only lit: what the table shows is read again, and dragged on.
+    if (m_ptreePhonebook != nullptr)
+        m_ptreePhonebook->EndHover();
     QTreeWidgetItem* pitem = getGroupId(m_enMemory, m_iGroupId);
     if (pitem != nullptr) {
         rePaintTree();

@@ -136,6 +136,7 @@ void AddrBookDlg::OnOKBtnClickedNewEditContact(AddrBookEditDlg* pAddrBookEditDlg
     if (pAddrBookEditDlg == nullptr)
         return;
     const AddrBookRecord record = pAddrBookEditDlg->GetNewRecordInfo();
+    m_saved.Add(m_enMemory, record);
     QList<AddrBookRecord> lstRecords;
     if (m_enOperation == ADDRBOOK_OP_ADD) {
         checkMaxCapacity(m_enMemory, false);

@@ -216,6 +216,7 @@ void AddrBookDlg::startThreadAndUpdateTable(_ORVA_EN_PHONEBOOK_MEMORY enType, in
     ADDRBOOK_LOG_ENTER();
     m_enTableMemory = enType;
     m_search = TableSearch();
+    m_saved.Start();
     if (m_pthreadRead != nullptr) {
         m_pthreadRead->DisconnectSignals();
         m_pthreadRead->StopOperation();
@@ -223,8 +224,7 @@ void AddrBookDlg::startThreadAndUpdateTable(_ORVA_EN_PHONEBOOK_MEMORY enType, in
     m_pthreadReadOld = m_pthreadRead;
     m_pthreadRead = new (std::nothrow) AddrBookThread;
     if (m_pthreadReadOld != nullptr) {
-        while (m_pthreadReadOld->isRunning())
-            QThread::yieldCurrentThread();
+        m_pthreadReadOld->EndOperation();
         // Its records are still in the event queue, and tell themselves as stale by a sender that is not the current
         // reader. Its address must therefore not come back as that of a new reader before they have gone; the deferred
         // deletion stands behind them in the same queue.
@@ -256,11 +256,15 @@ void AddrBookDlg::OnAddContactToTable(int enType, qlonglong iData, int iGroupid,
     const QScopedPointer<AddrBookRecord> pRecord(carrierToPointer<AddrBookRecord>(iData));
     if (pRecord.isNull() || !isCurrentReader() || m_ptableContacts == nullptr)
         return;
+    const _ORVA_EN_PHONEBOOK_MEMORY enMemory = static_cast<_ORVA_EN_PHONEBOOK_MEMORY>(enType);
+    // A contact that was saved meanwhile is shown as it was saved, and once.
+    if (m_saved.BringUpToDate(enMemory, *pRecord) && rowOfRecord(enMemory, pRecord->iID) != nullptr)
+        return;
     if (!m_search.LetsIn(*pRecord, iColumnCount))
         return;
     const int iRow = m_ptableContacts->rowCount();
     m_ptableContacts->setRowCount(iRow + 1);
-    if (fillRow(iRow, static_cast<_ORVA_EN_PHONEBOOK_MEMORY>(enType), *pRecord, iGroupid, iColumnCount, m_bRightToLeft))
+    if (fillRow(iRow, enMemory, *pRecord, iGroupid, iColumnCount, m_bRightToLeft))
         m_ptableContacts->setColumnCount(iColumnCount);
 }
 
@@ -312,6 +316,7 @@ void AddrBookDlg::OnReadFinished()
         m_ptableContacts->setColumnCount(iCount);
     }
     m_enReadMode = ADDRBOOK_OP_NONE;
+    m_saved.End();
     // What was typed while the rows came has thinned those that were there.
     if (m_search.EndRead())
         updateTable(m_search.Text());

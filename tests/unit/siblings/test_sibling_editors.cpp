@@ -1,4 +1,5 @@
 #include <QLineEdit>
+#include <QMenu>
 #include <QPlainTextEdit>
 #include <QPointer>
 #include <QPushButton>
@@ -27,6 +28,7 @@ private slots:
     void returnDialsNothingThatIsNoNumber();
     void aVideoCallAloneOpensTheVideoWindow();
     void theLogKeepsTheLatestOfTheFilesSetAside();
+    void numbersToSaveShowAsTheyWereTyped();
 
 private:
     static QList<ExtendDialog*> windows()
@@ -167,6 +169,29 @@ void TestSiblingEditors::theLogKeepsTheLatestOfTheFilesSetAside()
         QVERIFY(aside.readAll().trimmed().endsWith(letter));
     }
     QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), 2);
+}
+
+void TestSiblingEditors::numbersToSaveShowAsTheyWereTyped()
+{
+    MessageEditor editor("SMSUIPlugin", HOST_MESSAGE_SMS);
+    editor.SetRecipients({"12&34", "56&&78", "90"});
+    QStringList lstTexts;
+    QStringList lstNumbers;
+    QTimer closer;
+    connect(&closer, &QTimer::timeout, this, [&] {
+        if (QMenu* pMenu = qobject_cast<QMenu*>(QApplication::activePopupWidget())) {
+            foreach (const QAction* pAction, pMenu->actions()) {
+                lstTexts << pAction->text();
+                lstNumbers << pAction->data().toString();
+            }
+            pMenu->close();
+        }
+    });
+    closer.start(1);
+    QVERIFY(QMetaObject::invokeMethod(&editor, "OnSaveNumber"));
+    // In an entry one ampersand is written as two.
+    QCOMPARE(lstTexts, QStringList({"12&&34", "56&&&&78", "90"}));
+    QCOMPARE(lstNumbers, QStringList({"12&34", "56&&78", "90"}));
 }
 
 QTEST_MAIN(TestSiblingEditors)
