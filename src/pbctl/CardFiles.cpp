@@ -59,7 +59,11 @@ class CardImport
 {
 public:
     explicit CardImport(const Arguments& arguments)
-        : m_arguments(arguments), m_dry(arguments.has("dry-run")), m_fields(fieldsOf(memory)), m_transaction(memory)
+        : m_arguments(arguments),
+          m_dry(arguments.has("dry-run")),
+          m_fields(fieldsOf(memory)),
+          m_transaction(memory),
+          m_room(roomIn(memory))
     {
     }
 
@@ -76,6 +80,8 @@ public:
         long failure = ORVA_OK;
         if (empty)
             sayLine(card.line, "not taken: it has nothing that a field is meant for");
+        else if (m_dry && m_added >= m_room)
+            failure = ORVA_E_FULL;
         else if (!m_full && !m_dry)
             store(contact, values, orva::keptLines(contact.kept, card.version), &failure);
         if (failure != ORVA_OK)
@@ -186,6 +192,7 @@ private:
     const std::vector<Field> m_fields;
     Groups m_groups;
     Transaction m_transaction;
+    const int m_room; // for so many more
     int m_total = 0;
     int m_added = 0;
     int m_said = 0;
@@ -217,22 +224,22 @@ bool isCardFile(const Arguments& arguments, const std::string& file)
     return file.size() > 4 && strcasecmp(file.c_str() + file.size() - 4, ".vcf") == 0;
 }
 
-int importCards(const Arguments& arguments, const std::string& file)
+int importCards(const Arguments& arguments, const std::string& file, const std::string& name)
 {
     arguments.require(1, 1, {"memory", "group", "no-groups", "dry-run", "format"});
     if (arguments.memory() != memory)
         throw UsageError("vCards go into the PC's phonebook only");
     std::ifstream in(file, std::ios::binary);
     if (!in || in.peek() == std::ifstream::traits_type::eof())
-        throw SdkError("reading " + file, in.is_open() ? ORVA_E_FORMAT : ORVA_E_NOT_FOUND);
+        throw SdkError("reading " + name, in.is_open() ? ORVA_E_FORMAT : ORVA_E_NOT_FOUND);
     CardImport import(arguments);
     orva::CardReader reader(in, [&import](int line, const char* what) { import.sayLine(line, what); });
     orva::Card card;
     while (reader.next(card))
         import.take(card);
     if (in.bad())
-        throw SdkError("reading " + file, ORVA_E_STORE);
-    return import.finish(file);
+        throw SdkError("reading " + name, ORVA_E_STORE);
+    return import.finish(name);
 }
 
 void exportCards(const std::string& file, const std::vector<int>& ids)

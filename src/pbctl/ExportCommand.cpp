@@ -6,6 +6,7 @@
 #include "Commands.h"
 #include "Groups.h"
 #include "Sdk.h"
+#include "Spool.h"
 
 namespace pbctl
 {
@@ -14,7 +15,8 @@ int runExport(const Arguments& arguments)
 {
     arguments.require(1, 1, {"memory", "group", "format"});
     const int memory = arguments.memory();
-    const std::string file = arguments.words()[1];
+    const Spool spool(arguments.words()[1], Spool::Way::Out);
+    const std::string& file = spool.path();
     const bool cards = isCardFile(arguments, file);
     if (cards && memory != ORVA_MEMORY_LOCAL)
         throw UsageError("vCards are made of the PC's phonebook only");
@@ -31,7 +33,10 @@ int runExport(const Arguments& arguments)
     else
         check(ORVA_PBSrv_ExportToFile(units(toSdk(file)), ids.data(), static_cast<int>(ids.size()), memory),
               "writing " + file);
-    std::printf("%zu contacts written to %s\n", ids.size(), file.c_str());
+    if (spool.isStandard())
+        spool.send();
+    std::fprintf(spool.isStandard() ? stderr : stdout, "%zu contacts written to %s\n", ids.size(),
+                 spool.name().c_str());
     return done;
 }
 

@@ -77,6 +77,7 @@ int Groups::provide(const std::string& path)
     const auto known = m_ids.find(path);
     if (known != m_ids.end())
         return known->second;
+    requireGroupPath(path);
     const std::size_t slash = path.rfind('/');
     const int parent = slash == std::string::npos ? 0 : provide(path.substr(0, slash));
     const std::string name = slash == std::string::npos ? path : path.substr(slash + 1);
@@ -87,7 +88,26 @@ int Groups::provide(const std::string& path)
     check(ORVA_PBSrv_AddrGroup_SetParentID(group.get(), parent), "making the group " + path);
     check(ORVA_PBSrv_AddGroup(group.get(), &id), "making the group " + path);
     m_ids.emplace(path, id);
+    m_made.push_back(id);
     return id;
+}
+
+void Groups::removeMade()
+{
+    for (; !m_made.empty(); m_made.pop_back())
+        ORVA_PBSrv_DelGroup(m_made.back(), memory);
+}
+
+void requireGroupPath(const std::string& path)
+{
+    for (std::size_t begin = 0;;) {
+        const std::size_t end = std::min(path.find('/', begin), path.size());
+        if (trimmed(path.substr(begin, end - begin)).empty())
+            throw UsageError("\"" + path + "\" is no group: a level has no name");
+        if (end == path.size())
+            return;
+        begin = end + 1;
+    }
 }
 
 void join(Groups& groups, int record, const std::vector<std::string>& paths)

@@ -29,12 +29,20 @@ public:
     const Group& at(const std::string& path) const;
 
     // The identifier of a group, which is made with those above it if it is not there.
+    // UsageError if a level of the path has no name.
     int provide(const std::string& path);
+
+    // Removes those that provide() has made.
+    void removeMade();
 
 private:
     std::vector<Group> m_groups;
     std::map<std::string, int> m_ids; // by path
+    std::vector<int> m_made;
 };
+
+// UsageError for a path with a level that has no name.
+void requireGroupPath(const std::string& path);
 
 // Puts a contact into groups, which are made if needed.
 void join(Groups& groups, int record, const std::vector<std::string>& paths);

@@ -10,6 +10,7 @@
 #include "Groups.h"
 #include "Numbers.h"
 #include "Sdk.h"
+#include "Spool.h"
 #include "base/Failure.h"
 #include "csv/ColumnGuess.h"
 #include "csv/RowReader.h"
@@ -25,12 +26,12 @@ constexpr int failuresShown = 20;
 
 // Runs what reads a file by the library's own means.
 template <typename Read>
-auto reading(const std::string& file, Read&& read) -> decltype(read())
+auto reading(const std::string& name, Read&& read) -> decltype(read())
 {
     try {
         return read();
     } catch (const orva::Failure& failure) {
-        throw SdkError("reading " + file, failure.code());
+        throw SdkError("reading " + name, failure.code());
     }
 }
 
@@ -121,6 +122,7 @@ struct Source {
 struct Counts {
     int total = 0;
     int added = 0;
+    int room = 0; // for so many more
     bool full = false;
     bool joined = true;
 };
@@ -185,11 +187,16 @@ int take(const Arguments& arguments, const std::vector<Field>& fields, const Sou
         sayRefused(source, line, counts, ORVA_E_NUMBER, refused);
         return 0;
     }
+    fitName(memory, fields, values);
     if (arguments.has("dry-run")) {
-        ++counts.added;
+        const std::vector<std::size_t> longOnes = tooLong(fields, values);
+        counts.full = counts.added >= counts.room;
+        if (!longOnes.empty() || counts.full)
+            sayRefused(source, line, counts, counts.full ? ORVA_E_FULL : ORVA_E_TOO_LONG, longOnes);
+        else
+            ++counts.added;
         return 0;
     }
-    fitName(memory, fields, values);
     long failure = ORVA_OK;
     const int id = addRecord(memory, fields, values, &failure);
     if (failure != ORVA_OK) {
@@ -207,6 +214,7 @@ int store(const Arguments& arguments, const std::vector<Field>& fields, void* se
 {
     const int memory = arguments.memory();
     Counts counts;
+    counts.room = roomIn(memory);
     Groups groups;
     Transaction transaction(memory);
     forEachRecord(set, fields, [&](int line, const std::vector<std::u16string>& values) {
@@ -269,24 +277,27 @@ int runImport(const Arguments& arguments)
     const std::vector<Field> fields = fieldsOf(memory);
     if (arguments.has("from"))
         return importApplication(arguments, fields);
-    if (arguments.words().size() == 2 && isCardFile(arguments, arguments.words()[1]))
-        return importCards(arguments, arguments.words()[1]);
+    if (arguments.words().size() != 2)
+        arguments.require(1, 1, {"memory", "map", "group", "no-groups", "dry-run", "format"});
+    const Spool spool(arguments.words()[1], Spool::Way::In);
+    const std::string& file = spool.path();
+    if (isCardFile(arguments, file) || (spool.isStandard() && !arguments.has("format") && spool.looksLikeCards()))
+        return importCards(arguments, file, spool.name());
     arguments.require(1, 1, {"memory", "map", "group", "no-groups", "dry-run", "format"});
-    const std::string file = arguments.words()[1];
-    const std::vector<std::string> titles = reading(file, [&file] {
+    const std::vector<std::string> titles = reading(spool.name(), [&file] {
         orva::RowReader reader(file, orva::RowReader::Report());
         return orva::readTitles(reader);
     });
     const orva::ColumnGuess guess(titles);
     std::vector<int> map = mapFor(arguments, fields, titles, guess);
     Handle set(ORVA_PBSrv_AddrRecordSet_Release);
-    check(ORVA_PBSrv_ImportFromFile(units(toSdk(file)), map.data(), memory, set.out()), "reading " + file);
+    check(ORVA_PBSrv_ImportFromFile(units(toSdk(file)), map.data(), memory, set.out()), "reading " + spool.name());
     Source source;
-    source.name = file;
+    source.name = spool.name();
     source.lines = true;
     source.columns = columnsOf(fields, map, titles);
     if (memory == ORVA_MEMORY_LOCAL && !arguments.has("no-groups"))
-        source.groups = reading(file, [&] { return groupsByLine(file, guess.groups()); });
+        source.groups = reading(spool.name(), [&] { return groupsByLine(file, guess.groups()); });
     return store(arguments, fields, set.get(), source);
 }
 

@@ -5,6 +5,7 @@
 #include "Commands.h"
 #include "Groups.h"
 #include "Sdk.h"
+#include "Shown.h"
 
 namespace pbctl
 {
@@ -35,11 +36,57 @@ bool printMemory(int memory)
     return true;
 }
 
+// The same as an object of JSON.
+bool printMemoryJson(int memory)
+{
+    int size = 0;
+    int capacity = 0;
+    long code = ORVA_PBSrv_GetSize(memory, &size);
+    if (code == ORVA_OK)
+        code = ORVA_PBSrv_GetCapacity(memory, &capacity);
+    const char* const name = memory == ORVA_MEMORY_CARD ? "card" : memory == ORVA_MEMORY_DEVICE ? "device" : "local";
+    std::printf("{\"memory\": \"%s\"", name);
+    if (code != ORVA_OK) {
+        std::printf(", \"problem\": %s}", quoted(explain(code)).c_str());
+        return code == ORVA_E_ABSENT;
+    }
+    std::printf(", \"contacts\": %d, \"capacity\": %d", size, capacity);
+    if (memory == ORVA_MEMORY_LOCAL)
+        std::printf(", \"groups\": %zu", Groups().all().size());
+    std::printf(", \"fields\": {");
+    const char* between = "";
+    for (const Field& field : fieldsOf(memory)) {
+        std::printf("%s%s: %d", between, quoted(field.key).c_str(), field.maxLength);
+        between = ", ";
+    }
+    std::printf("}}");
+    return true;
+}
+
+int infoJson(const Arguments& arguments)
+{
+    std::vector<int> memories = {ORVA_MEMORY_LOCAL, ORVA_MEMORY_CARD, ORVA_MEMORY_DEVICE};
+    if (arguments.has("memory"))
+        memories = {arguments.memory()};
+    bool readable = true;
+    const char* between = "[";
+    for (const int memory : memories) {
+        awaitMemory(memory);
+        std::printf("%s", between);
+        readable = printMemoryJson(memory) && readable;
+        between = ",\n";
+    }
+    std::printf("]\n");
+    return readable ? done : failed;
+}
+
 } // namespace
 
 int runInfo(const Arguments& arguments)
 {
-    arguments.require(0, 0, {"memory"});
+    arguments.require(0, 0, {"memory", "json"});
+    if (arguments.has("json"))
+        return infoJson(arguments);
     if (arguments.has("memory")) {
         return printMemory(arguments.memory()) ? done : failed;
     }

@@ -8,28 +8,16 @@
 #include "Commands.h"
 #include "Groups.h"
 #include "Numbers.h"
+#include "Records.h"
 #include "Sdk.h"
 #include "Shown.h"
 
 namespace pbctl
 {
 
-namespace
-{
-
-void printRecord(int id, const std::vector<std::u16string>& values)
-{
-    std::printf("%d", id);
-    for (const std::u16string& value : values)
-        std::printf("\t%s", shown(toUtf8(value)).c_str());
-    std::printf("\n");
-}
-
-} // namespace
-
 int runList(const Arguments& arguments)
 {
-    arguments.require(0, 0, {"memory", "group"});
+    arguments.require(0, 0, {"memory", "group", "json"});
     const int memory = arguments.memory();
     const std::vector<Field> fields = fieldsOf(memory);
     std::vector<int> wanted;
@@ -40,16 +28,48 @@ int runList(const Arguments& arguments)
         wanted = Groups().at(arguments.value("group")).members;
         std::sort(wanted.begin(), wanted.end());
     }
-    std::printf("ID");
-    for (const Field& field : fields)
-        std::printf("\t%s", field.key.c_str());
-    std::printf("\n");
+    RecordPrinter printer(fields, arguments.has("json"));
     forEachRecord(memory, fields, [&](int id, const std::vector<std::u16string>& values) {
         if (all || std::binary_search(wanted.begin(), wanted.end(), id))
-            printRecord(id, values);
+            printer.print(id, values);
     });
+    printer.finish();
     return done;
 }
+
+namespace
+{
+
+// Stores a contact in its groups: all of that, or nothing.
+int addWithGroups(int memory, const std::vector<Field>& fields, const std::vector<std::u16string>& values,
+                  const std::vector<std::string>& paths)
+{
+    for (const std::string& path : paths)
+        requireGroupPath(path);
+    std::optional<Groups> groups;
+    if (!paths.empty())
+        groups.emplace();
+    int id = 0;
+    try {
+        // The groups first: their names may be refused.
+        for (const std::string& path : paths)
+            groups->provide(path);
+        long failure = ORVA_OK;
+        id = addRecord(memory, fields, values, &failure);
+        check(failure, "adding the contact");
+        if (groups)
+            join(*groups, id, paths);
+    } catch (...) {
+        if (id != 0)
+            ORVA_PBSrv_DelAddrRec(id, memory);
+        if (groups)
+            groups->removeMade();
+        throw;
+    }
+    return id;
+}
+
+} // namespace
 
 int runAdd(const Arguments& arguments)
 {
@@ -76,18 +96,7 @@ int runAdd(const Arguments& arguments)
     const std::vector<std::size_t> refused = cleanNumbers(memory, fields, values);
     if (!refused.empty())
         throw SdkError("adding the contact: " + fields[refused.front()].key, ORVA_E_NUMBER);
-    // The groups first: without them the contact does not come in either.
-    std::optional<Groups> groups;
-    if (arguments.has("group"))
-        groups.emplace();
-    for (const std::string& path : arguments.values("group"))
-        groups->provide(path);
-    long failure = ORVA_OK;
-    const int id = addRecord(memory, fields, values, &failure);
-    check(failure, "adding the contact");
-    if (groups)
-        join(*groups, id, arguments.values("group"));
-    std::printf("%d\n", id);
+    std::printf("%d\n", addWithGroups(memory, fields, values, arguments.values("group")));
     return done;
 }
 

@@ -14,8 +14,7 @@ constexpr int writesInATransaction = 200;
 
 } // namespace
 
-SdkError::SdkError(const std::string& doing, long code)
-    : std::runtime_error(doing + ": " + explain(code) + " (code " + std::to_string(code) + ")"), m_code(code)
+SdkError::SdkError(const std::string& doing, long code) : std::runtime_error(doing + ": " + explain(code)), m_code(code)
 {
 }
 
@@ -44,8 +43,12 @@ std::string explain(long code)
         return "written by a newer release";
     case ORVA_E_NUMBER:
         return "not a telephone number that this memory takes";
+    case ORVA_E_ARGUMENT:
+        return "not possible for this memory";
+    case ORVA_E_INTERNAL:
+        return "a fault of the library; the log says more";
     default:
-        return "failed";
+        return "failed with the library's code " + std::to_string(code);
     }
 }
 
@@ -221,6 +224,15 @@ std::string keptOf(void* record)
     std::string kept(lines, static_cast<std::size_t>(octets));
     delete[] lines;
     return kept;
+}
+
+int roomIn(int memory)
+{
+    int size = 0;
+    int capacity = 0;
+    check(ORVA_PBSrv_GetSize(memory, &size), "asking how full the " + memoryName(memory) + " is");
+    check(ORVA_PBSrv_GetCapacity(memory, &capacity), "asking how full the " + memoryName(memory) + " is");
+    return capacity - size;
 }
 
 std::string memoryName(int memory)

@@ -119,6 +119,9 @@ long updateContact(int memory, const std::vector<Field>& fields, const Contact& 
 // What is kept with the record behind a handle.
 std::string keptOf(void* record);
 
+// How many more contacts fit.
+int roomIn(int memory);
+
 std::string memoryName(int memory);
 
 } // namespace pbctl

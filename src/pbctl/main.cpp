@@ -20,9 +20,15 @@ struct Command {
 };
 
 constexpr Command commands[] = {
-    {"list", runList, "[--memory M] [--group PATH]",
+    {"list", runList, "[--memory M] [--group PATH] [--json]",
      "Prints contacts, one a line, with tabs between the columns.\n"
-     "  --group PATH      only those in a group, such as Friends/Choir\n"},
+     "  --group PATH      only those in a group, such as Friends/Choir\n"
+     "  --json            as an array of objects\n"},
+    {"find", runFind, "[--memory M] [--json] TEXT",
+     "Prints the contacts with a text in one of their fields, however it is written; numbers also as people write "
+     "them.\n"
+     "Exit code 1 if there is none.\n"
+     "  --json            as an array of objects\n"},
     {"add", runAdd, "[--memory M] [--group PATH]... FIELD=VALUE...",
      "Adds a contact and prints its identifier, as in: pbctl add Name=\"Ada Byron\" Mobile=+441632960001\n"
      "  --group PATH      puts it into a group, which is made if it is not there\n"},
@@ -38,19 +44,25 @@ constexpr Command commands[] = {
      "Takes contacts over from a file with titles in its first row (commas, semicolons or tabs), from one of vCards\n"
      "or from a mail program on this computer. Columns are told by their titles; groups come from a column\n"
      "called \"Groups\", \"Categories\" or the like, with \";\" between their names and \"/\" between a group\n"
-     "and its sub-group.\n"
+     "and its sub-group. FILE - is the standard input.\n"
      "  --map FIELD=TITLE takes a field from this column; \"FIELD=\" leaves it empty\n"
      "  --group PATH      puts all of them into a group\n"
      "  --no-groups       makes no groups from the file\n"
-     "  --dry-run         only counts, and names what is no number\n"
+     "  --dry-run         only counts, and names what the memory would refuse\n"
      "  --format NAME     vcf or csv, whatever the file's name ends in\n"
      "  --from NAME       evolution or thunderbird, instead of a file\n"},
     {"export", runExport, "[--memory M] [--group PATH] FILE",
      "Writes contacts to a file that spreadsheet and mail programs read; to one whose name ends in .vcf as vCards.\n"
+     "FILE - is the standard output.\n"
      "  --group PATH      only those in a group\n"
      "  --format NAME     vcf or csv, whatever the file's name ends in\n"},
     {"groups", runGroups, "", "Prints the groups of the PC's phonebook and how many contacts each has.\n"},
-    {"info", runInfo, "[--memory M]", "Prints how full the memories are and which fields they have.\n"},
+    {"group", runGroup, "add PATH | rename PATH NAME | delete PATH | move PATH TARGET",
+     "Changes the groups of the PC's phonebook. A group that is deleted takes its sub-groups along, but no contact;\n"
+     "one that is moved comes to lie in the group TARGET, or at the first level for an empty one.\n"},
+    {"info", runInfo, "[--memory M] [--json]",
+     "Prints how full the memories are and which fields they have.\n"
+     "  --json            as an array of objects\n"},
     {"bin", runBin, "[--empty]",
      "Prints what was deleted or overwritten in the PC's phonebook in the last 30 days, the newest first.\n"
      "  --empty           removes all of it for good\n"},

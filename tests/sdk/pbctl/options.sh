@@ -28,7 +28,7 @@ run 2 import file --dry-run=yes
 has "$err" "unknown option --dry-run=yes"
 run 2 list --dry-run
 has "$err" 'has no option --dry-run'
-run 1 import -
-has "$err" "not there"
+run 1 import - </dev/null
+has "$err" "reading the standard input: nothing in the file can be read as contacts"
 
 finish

@@ -1,0 +1,69 @@
+// find.
+
+#include <clocale>
+#include <cstdio>
+#include <cwctype>
+
+#include "Commands.h"
+#include "Records.h"
+#include "Sdk.h"
+#include "orva/orva_care.h"
+
+namespace pbctl
+{
+
+namespace
+{
+
+// Small letters, whatever the user's locale is.
+std::u16string folded(const std::u16string& text)
+{
+    static const locale_t letters = ::newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
+    std::u16string out = text;
+    for (char16_t& unit : out) {
+        const bool whole = unit < 0xD800 || unit > 0xDFFF;
+        if (whole && letters != nullptr)
+            unit = static_cast<char16_t>(::towlower_l(unit, letters));
+    }
+    return out;
+}
+
+bool isNumber(const Field& field)
+{
+    return field.kind == "Mobile" || field.kind == "Number";
+}
+
+} // namespace
+
+int runFind(const Arguments& arguments)
+{
+    arguments.require(1, 1, {"memory", "json"});
+    const int memory = arguments.memory();
+    const std::vector<Field> fields = fieldsOf(memory);
+    const std::u16string text = folded(toSdk(arguments.words()[1]));
+    if (text.empty())
+        throw UsageError("what is to be found?");
+    // "+49 (0)171 555" finds what it is stored as.
+    unsigned short* cleaned = nullptr;
+    std::u16string number;
+    if (ORVA_Care_CleanNumber(memory, units(toSdk(arguments.words()[1])), &cleaned, nullptr) == ORVA_OK)
+        number = takeText(cleaned);
+    RecordPrinter printer(fields, arguments.has("json"));
+    int found = 0;
+    forEachRecord(memory, fields, [&](int id, const std::vector<std::u16string>& values) {
+        for (std::size_t i = 0; i < fields.size(); ++i) {
+            const bool same =
+                folded(values[i]).find(text) != std::u16string::npos ||
+                (!number.empty() && isNumber(fields[i]) && values[i].find(number) != std::u16string::npos);
+            if (!same)
+                continue;
+            printer.print(id, values);
+            ++found;
+            return;
+        }
+    });
+    printer.finish();
+    return found > 0 ? done : failed;
+}
+
+} // namespace pbctl

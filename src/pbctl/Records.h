@@ -1,0 +1,28 @@
+#ifndef PBCTL_RECORDS_H
+#define PBCTL_RECORDS_H
+
+#include <string>
+#include <vector>
+
+#include "Sdk.h"
+
+namespace pbctl
+{
+
+// Prints contacts: lines with tabs between the columns and a line of titles, or an array of JSON.
+class RecordPrinter
+{
+public:
+    RecordPrinter(const std::vector<Field>& fields, bool json);
+    void print(int id, const std::vector<std::u16string>& values);
+    void finish();
+
+private:
+    const std::vector<Field>& m_fields;
+    const bool m_json;
+    bool m_any = false;
+};
+
+} // namespace pbctl
+
+#endif // PBCTL_RECORDS_H
