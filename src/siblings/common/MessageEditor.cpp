@@ -11,9 +11,9 @@
 
 #include "common/Phonebook.h"
 #include "common/Recipients.h"
-#include "common/SmsLength.h"
 #include "linkhand/core/Change.h"
 #include "linkhand/core/CommonUtils.h"
+#include "shared/SmsLength.h"
 
 MessageEditor::MessageEditor(const QString& strPlugin, HostMessageKind enKind, QWidget* pParent)
     : QWidget(pParent),
