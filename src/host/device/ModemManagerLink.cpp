@@ -1,12 +1,13 @@
 #include "device/ModemManagerLink.h"
 
 #include <QDBusArgument>
-#include <QDBusObjectPath>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QDBusServiceWatcher>
 #include <QFileInfo>
 #include <QStringList>
+
+#include "device/BusValues.h"
 
 namespace
 {
@@ -36,114 +37,11 @@ QString interfaceName(const char* pszInterface)
     return QLatin1String(PREFIX) + QLatin1String(pszInterface);
 }
 
-QVariantMap mapOf(const QVariant& value)
-{
-    return qdbus_cast<QVariantMap>(value);
-}
-
-QMap<QString, QVariantMap> interfacesOf(const QDBusArgument& argument)
-{
-    QMap<QString, QVariantMap> interfaces;
-    argument.beginMap();
-    while (!argument.atEnd()) {
-        QString strName;
-        QVariantMap values;
-        argument.beginMapEntry();
-        argument >> strName >> values;
-        argument.endMapEntry();
-        interfaces.insert(strName, values);
-    }
-    argument.endMap();
-    return interfaces;
-}
-
-// The names of the ports in a modem's list of names and kinds.
-QStringList portsOf(const QVariant& value)
-{
-    QStringList lstPorts;
-    if (!value.canConvert<QDBusArgument>()) {
-        return lstPorts;
-    }
-    const QDBusArgument argument = value.value<QDBusArgument>();
-    argument.beginArray();
-    while (!argument.atEnd()) {
-        QString strName;
-        uint uiKind = 0;
-        argument.beginStructure();
-        argument >> strName >> uiKind;
-        argument.endStructure();
-        lstPorts.append(strName);
-    }
-    argument.endArray();
-    return lstPorts;
-}
-
-int signalOf(const QVariant& value)
-{
-    if (!value.canConvert<QDBusArgument>()) {
-        return -1;
-    }
-    const QDBusArgument argument = value.value<QDBusArgument>();
-    uint uiPercent = 0;
-    bool bRecent = false;
-    argument.beginStructure();
-    argument >> uiPercent >> bRecent;
-    argument.endStructure();
-    return int(qMin(uiPercent, 100u));
-}
-
-QMap<uint, uint> countsOf(const QVariant& value)
-{
-    QMap<uint, uint> counts;
-    if (!value.canConvert<QDBusArgument>()) {
-        return counts;
-    }
-    const QDBusArgument argument = value.value<QDBusArgument>();
-    argument.beginMap();
-    while (!argument.atEnd()) {
-        uint uiKey = 0;
-        uint uiValue = 0;
-        argument.beginMapEntry();
-        argument >> uiKey >> uiValue;
-        argument.endMapEntry();
-        counts.insert(uiKey, uiValue);
-    }
-    argument.endMap();
-    return counts;
-}
-
-QString pathOf(const QVariant& value)
-{
-    return value.value<QDBusObjectPath>().path();
-}
-
-// A value that is only there as it came over the bus can be read once: it is taken apart as it arrives.
-QVariantMap readable(QVariantMap values)
-{
-    for (QVariantMap::iterator it = values.begin(); it != values.end(); ++it) {
-        if (it.key() == QLatin1String("Ports")) {
-            it.value() = portsOf(it.value());
-        } else if (it.key() == QLatin1String("SignalQuality")) {
-            it.value() = signalOf(it.value());
-        } else if (it.key() == QLatin1String("UnlockRetries")) {
-            QVariantMap tries;
-            const QMap<uint, uint> counts = countsOf(it.value());
-            for (QMap<uint, uint>::const_iterator count = counts.begin(); count != counts.end(); ++count) {
-                tries.insert(QString::number(count.key()), count.value());
-            }
-            it.value() = tries;
-        } else if (it.value().canConvert<QDBusArgument>()) {
-            it.value() = QVariant();
-        }
-    }
-    return values;
-}
-
 } // namespace
 
 ModemManagerLink::ModemManagerLink(const QString& strPort, QObject* pParent)
     : QObject(pParent),
-      m_strPort(strPort.isEmpty() ? QString() : QFileInfo(QFileInfo(strPort).canonicalFilePath()).fileName()),
+      m_strPort(strPort),
       m_bus(QLatin1String(CONNECTION)),
       m_pOwner(nullptr),
       m_bBus(false),
@@ -167,7 +65,7 @@ void ModemManagerLink::Start()
 
 QString ModemManagerLink::CardPath() const
 {
-    const QString strPath = pathOf(property("Modem", "Sim"));
+    const QString strPath = BusValues::Path(property("Modem", "Sim"));
     return strPath == QLatin1String("/") ? QString() : strPath;
 }
 
@@ -254,7 +152,7 @@ void ModemManagerLink::OnManagedObjects(QDBusPendingCallWatcher* pWatcher)
         QDBusObjectPath path;
         argument.beginMapEntry();
         argument >> path;
-        takeObject(path.path(), interfacesOf(argument));
+        takeObject(path.path(), BusValues::Interfaces(argument));
         argument.endMapEntry();
     }
     argument.endMap();
@@ -267,7 +165,7 @@ void ModemManagerLink::OnRefreshed(QDBusPendingCallWatcher* pWatcher)
     const QString strModem = pWatcher->property("modem").toString();
     const QDBusPendingReply<QVariantMap> reply = *pWatcher;
     if (!reply.isError() && m_modems.contains(strModem)) {
-        m_modems[strModem][interfaceName("Modem")] = readable(reply.value());
+        m_modems[strModem][interfaceName("Modem")] = BusValues::Readable(reply.value());
         update();
     }
     emit refreshed();
@@ -276,8 +174,8 @@ void ModemManagerLink::OnRefreshed(QDBusPendingCallWatcher* pWatcher)
 void ModemManagerLink::OnInterfacesAdded(const QDBusMessage& message)
 {
     if (message.arguments().size() == 2) {
-        const QString strPath = pathOf(message.arguments().at(0));
-        takeObject(strPath, interfacesOf(message.arguments().at(1).value<QDBusArgument>()));
+        const QString strPath = BusValues::Path(message.arguments().at(0));
+        takeObject(strPath, BusValues::Interfaces(message.arguments().at(1).value<QDBusArgument>()));
         choose();
     }
 }
@@ -287,7 +185,7 @@ void ModemManagerLink::OnInterfacesRemoved(const QDBusMessage& message)
     if (message.arguments().size() != 2) {
         return;
     }
-    const QString strPath = pathOf(message.arguments().at(0));
+    const QString strPath = BusValues::Path(message.arguments().at(0));
     if (m_modems.contains(strPath)) {
         foreach (const QString& strInterface, message.arguments().at(1).toStringList()) {
             m_modems[strPath].remove(strInterface);
@@ -311,7 +209,7 @@ void ModemManagerLink::OnPropertiesChanged(const QDBusMessage& message)
         }
         return;
     }
-    const QVariantMap values = readable(mapOf(message.arguments().at(1)));
+    const QVariantMap values = BusValues::Readable(qdbus_cast<QVariantMap>(message.arguments().at(1)));
     QVariantMap& known = m_modems[message.path()][strInterface];
     for (QVariantMap::const_iterator it = values.begin(); it != values.end(); ++it) {
         known.insert(it.key(), it.value());
@@ -322,14 +220,14 @@ void ModemManagerLink::OnPropertiesChanged(const QDBusMessage& message)
 void ModemManagerLink::OnMessageAdded(const QDBusMessage& message)
 {
     if (message.path() == m_strModem && message.arguments().size() == 2) {
-        emit messageAdded(pathOf(message.arguments().at(0)), message.arguments().at(1).toBool());
+        emit messageAdded(BusValues::Path(message.arguments().at(0)), message.arguments().at(1).toBool());
     }
 }
 
 void ModemManagerLink::OnCallAdded(const QDBusMessage& message)
 {
     if (message.path() == m_strModem && !message.arguments().isEmpty()) {
-        emit callAdded(pathOf(message.arguments().at(0)));
+        emit callAdded(BusValues::Path(message.arguments().at(0)));
     }
 }
 
@@ -400,7 +298,7 @@ void ModemManagerLink::takeObject(const QString& strPath, const Interfaces& inte
 {
     for (Interfaces::const_iterator it = interfaces.begin(); it != interfaces.end(); ++it) {
         if (it.key().startsWith(QLatin1String(PREFIX))) {
-            m_modems[strPath][it.key()] = readable(it.value());
+            m_modems[strPath][it.key()] = BusValues::Readable(it.value());
         }
     }
 }
@@ -408,8 +306,13 @@ void ModemManagerLink::takeObject(const QString& strPath, const Interfaces& inte
 bool ModemManagerLink::isWanted(const Interfaces& interfaces) const
 {
     const QVariantMap modem = interfaces.value(interfaceName("Modem"));
-    return !modem.isEmpty() &&
-           (m_strPort.isEmpty() || modem.value(QLatin1String("Ports")).toStringList().contains(m_strPort));
+    if (modem.isEmpty() || m_strPort.isEmpty()) {
+        return !modem.isEmpty();
+    }
+    // A path may be a link to the port, which comes and goes with it.
+    const QStringList lstPorts = modem.value(QLatin1String("Ports")).toStringList();
+    const QString strTarget = QFileInfo(QFileInfo(m_strPort).canonicalFilePath()).fileName();
+    return lstPorts.contains(QFileInfo(m_strPort).fileName()) || (!strTarget.isEmpty() && lstPorts.contains(strTarget));
 }
 
 // A modem that is in use stays in use while it is there.

@@ -96,7 +96,7 @@ private:
     int tries() const;
     QVariant property(const char* pszInterface, const char* pszName) const;
 
-    const QString m_strPort; // its name alone, such as "ttyUSB2"
+    const QString m_strPort; // its path, which may be a link
     QDBusConnection m_bus;
     QDBusServiceWatcher* m_pOwner;
     QTimer m_retry;

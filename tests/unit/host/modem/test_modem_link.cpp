@@ -11,6 +11,7 @@ private slots:
     void aDaemonThatComesGoesAndReturnsIsFollowed();
     void aDaemonThatHangsHoldsNothingUp();
     void theModemWithTheChosenPortIsTaken();
+    void aPortThatIsNotThereYetTakesNoOther();
     void theSignalFollows();
     void aLockIsToldWithItsTries_data();
     void aLockIsToldWithItsTries();
@@ -86,6 +87,15 @@ void TestModemLink::theModemWithTheChosenPortIsTaken()
     QCOMPARE(f.modem.Status().strName, QString("Maker Stick 1"));
     f.manager.Unplug(1);
     QTRY_VERIFY(!f.modem.Status().bPresent);
+}
+
+void TestModemLink::aPortThatIsNotThereYetTakesNoOther()
+{
+    ModemFixture f(true, "/nonexistent/ttyUSB7");
+    QTRY_VERIFY(f.manager.Count("GetManagedObjects") == 1);
+    f.manager.Plug(1, "ttyUSB7");
+    QVERIFY(f.IsReady());
+    QCOMPARE(f.modem.Status().strName, QString("Maker Stick 1"));
 }
 
 void TestModemLink::theSignalFollows()
