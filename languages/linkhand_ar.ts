@@ -8,6 +8,18 @@
         <translation>إلغاء</translation>
     </message>
     <message>
+        <source>IDS_HOST_CALL_FAILED</source>
+        <translation>تعذّر على المودم إجراء المكالمة</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CALL_INCOMING</source>
+        <translation>مكالمة من %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CALL_NOT_CONNECTED</source>
+        <translation>لم تمرّر الشبكة المكالمة: قد يكون السبب الرقم أو الرصيد أو البطاقة</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARD_INSERTED</source>
         <translation>بطاقة SIM مُدخلة</translation>
     </message>
@@ -18,6 +30,14 @@
     <message>
         <source>IDS_HOST_COLUMN_KIND</source>
         <translation>النوع</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_COLUMN_PARTNER</source>
+        <translation>إلى أو من</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_COLUMN_STATE</source>
+        <translation>الحالة</translation>
     </message>
     <message>
         <source>IDS_HOST_COLUMN_TEXT</source>
@@ -53,11 +73,39 @@
     </message>
     <message>
         <source>IDS_HOST_DEVICE_TIP</source>
-        <translation>إظهار مفاتيح الجهاز المُحاكى أو إخفاؤها</translation>
+        <translation>إظهار لوحة الجهاز أو إخفاؤها</translation>
     </message>
     <message>
         <source>IDS_HOST_DEVICE_TITLE</source>
         <translation>جهاز مُحاكى</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HARDWARE</source>
+        <translation>العتاد:</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HARDWARE_AUTO</source>
+        <translation>مودم يُعثر عليه تلقائيًا</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HARDWARE_FIXED</source>
+        <translation>المتغيّر LINKHAND_MODEM في البيئة هو الذي اختار.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HARDWARE_NEXT</source>
+        <translation>يسري هذا ابتداءً من التشغيل التالي.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HARDWARE_REFUSED</source>
+        <translation>تعذّر حفظ هذا الاختيار. يبدأ اسم المنفذ بـ "/dev/".</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HARDWARE_SIMULATED</source>
+        <translation>مُحاكى</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HARDWARE_TIP</source>
+        <translation>مُحاكى، أو المودم الموجود، أو منفذ مودم مثل ‎/dev/ttyUSB2</translation>
     </message>
     <message>
         <source>IDS_HOST_KIND_MMS</source>
@@ -76,8 +124,44 @@
         <translation>اختيار اللغة</translation>
     </message>
     <message>
+        <source>IDS_HOST_MANAGER_ABSENT</source>
+        <translation>لا يعمل ModemManager: لا رسائل ولا مكالمات.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_MESSAGES</source>
+        <translation>الرسائل</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_MESSAGES_HINT</source>
+        <translation>الرسائل المرسلة والمستلمة والمحفوظة. تبقى الرسالة المستلمة على البطاقة حتى تحذفها هنا. لا يمكن إرسال رسائل الوسائط عبر ModemManager، فتُحفظ كمسودات.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_MMS_KEPT</source>
+        <translation>حُفظت رسالة MMS إلى %1 كمسودة: لا يستطيع ModemManager إرسال رسائل الوسائط</translation>
+    </message>
+    <message>
         <source>IDS_HOST_MODE</source>
         <translation>المنتج</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_MODEM_ABSENT</source>
+        <translation>ليس لدى ModemManager مودم كهذا.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_MODEM_NETWORK</source>
+        <translation>الشبكة: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_MODEM_NOT_ON</source>
+        <translation>تعذّر تشغيل المودم</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_MODEM_ON</source>
+        <translation>تشغيل المودم</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_MODEM_SIGNAL</source>
+        <translation>الإشارة: %1 %</translation>
     </message>
     <message>
         <source>IDS_HOST_MODE_SIM</source>
@@ -136,8 +220,20 @@
         <translation>رمز PIN للبطاقة</translation>
     </message>
     <message>
+        <source>IDS_HOST_PIN_ASKED</source>
+        <translation>يجري سؤال البطاقة…</translation>
+    </message>
+    <message>
         <source>IDS_HOST_PIN_BLOCKED</source>
         <translation>محظور</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PIN_FAILED</source>
+        <translation>تعذّر إعطاء رمز PIN للبطاقة: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PIN_HINT</source>
+        <translation>تطلب البطاقة رمز PIN. يُرسل إلى البطاقة مرة واحدة ولا يُحفظ في أي مكان.</translation>
     </message>
     <message>
         <source>IDS_HOST_PIN_OFF</source>
@@ -150,6 +246,34 @@
     <message>
         <source>IDS_HOST_PIN_REQUIRED</source>
         <translation>مطلوب</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PIN_SURE</source>
+        <translation>أنا متأكد من صحة هذا الرمز</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PIN_TITLE</source>
+        <translation>رمز PIN للبطاقة</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PIN_TRIES</source>
+        <translation>المحاولات المتبقية: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PIN_TRIES_UNKNOWN</source>
+        <translation>لا يُخبر المودم بعدد المحاولات المتبقية.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PIN_UNLOCK</source>
+        <translation>فتح القفل</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PIN_WARNING</source>
+        <translation>قد تكون هذه المحاولة الأخيرة: بعد رمز خاطئ آخر تُحظر البطاقة.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PIN_WRONG</source>
+        <translation>كان هذا الرمز خاطئًا.</translation>
     </message>
     <message>
         <source>IDS_HOST_PLUGIN_ABSENT</source>
@@ -264,6 +388,46 @@
         <translation>البحث في جهات الاتصال</translation>
     </message>
     <message>
+        <source>IDS_HOST_SEND</source>
+        <translation>إرسال</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_SEND_FAILED</source>
+        <translation>لا يمكن إرسال الرسالة الآن.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_SMS_FAILED</source>
+        <translation>لم تُرسل رسالة SMS إلى %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_SMS_KEPT</source>
+        <translation>لم تُرسل رسالة SMS إلى %1 وحُفظت كمسودة: لا توجد شبكة</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_SMS_NOT_DELETED</source>
+        <translation>تعذّر حذف الرسالة</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_SMS_PARTLY</source>
+        <translation>فشل إرسال رسالة SMS إلى %1؛ قد يكون جزء منها قد أُرسل</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_SMS_RECEIVED</source>
+        <translation>رسالة SMS من %1: %2</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_SMS_SENT</source>
+        <translation>أُرسلت رسالة SMS إلى %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_SMS_STORE_FULL</source>
+        <translation>لا مكان في المودم للرسائل: احذف بعضها وإلا فلن تصل رسائل أخرى</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_SMS_UNCERTAIN</source>
+        <translation>رسالة SMS إلى %1: لا أحد يعلم هل أُرسلت</translation>
+    </message>
+    <message>
         <source>IDS_HOST_SPEED</source>
         <translation>سرعة البطاقة والجهاز</translation>
     </message>
@@ -280,8 +444,44 @@
         <translation>100 م.ث لكل جهة اتصال</translation>
     </message>
     <message>
+        <source>IDS_HOST_STATE_DRAFT</source>
+        <translation>مسودة، لم تُرسل</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATE_FAILED</source>
+        <translation>لم تُرسل</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATE_PARTLY</source>
+        <translation>فشلت، وربما أُرسل جزء منها</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATE_RECEIVED</source>
+        <translation>مستلمة</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATE_SENDING</source>
+        <translation>يجري الإرسال…</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATE_SENT</source>
+        <translation>مرسلة</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATE_SIMULATED</source>
+        <translation>محاكاة، لم تُرسل</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATE_UNCERTAIN</source>
+        <translation>ربما أُرسلت</translation>
+    </message>
+    <message>
         <source>IDS_HOST_STATUS_CARD</source>
         <translation>البطاقة جاهزة</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATUS_CARD_BLOCKED</source>
+        <translation>البطاقة محظورة، يلزم رمز PUK</translation>
     </message>
     <message>
         <source>IDS_HOST_STATUS_CARD_LOCKED</source>
@@ -292,12 +492,36 @@
         <translation>الجهاز موصول</translation>
     </message>
     <message>
+        <source>IDS_HOST_STATUS_MODEM_FAILED</source>
+        <translation>المودم لا يعمل</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATUS_NO_CALLS</source>
+        <translation>لا مكالمات</translation>
+    </message>
+    <message>
         <source>IDS_HOST_STATUS_NO_CARD</source>
         <translation>لا توجد بطاقة</translation>
     </message>
     <message>
         <source>IDS_HOST_STATUS_NO_DEVICE</source>
         <translation>لا يوجد جهاز</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATUS_NO_MANAGER</source>
+        <translation>لا رسائل ولا مكالمات، ModemManager لا يعمل</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATUS_NO_MESSAGES</source>
+        <translation>لا رسائل</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATUS_NO_MODEM</source>
+        <translation>لا رسائل ولا مكالمات، لا يوجد مودم</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATUS_OFF</source>
+        <translation>المودم مغلق</translation>
     </message>
     <message>
         <source>IDS_HOST_STATUS_OFFLINE</source>
@@ -308,8 +532,20 @@
         <translation>متصل</translation>
     </message>
     <message>
+        <source>IDS_HOST_STATUS_SIMULATED</source>
+        <translation>مُحاكاة</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATUS_UNLOCK</source>
+        <translation>إدخال رمز PIN…</translation>
+    </message>
+    <message>
         <source>IDS_HOST_TITLE</source>
         <translation>Linkhand</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_UNKNOWN_NUMBER</source>
+        <translation>رقم مجهول</translation>
     </message>
     <message>
         <source>IDS_HOST_WELCOME</source>
@@ -812,6 +1048,10 @@
         <translation>وضع الرسالة في صندوق الصادر</translation>
     </message>
     <message>
+        <source>IDS_SEND_TIP_REAL</source>
+        <translation>إرسال الرسالة عبر المودم</translation>
+    </message>
+    <message>
         <source>IDS_SUBJECT</source>
         <translation>الموضوع:</translation>
     </message>
@@ -847,6 +1087,14 @@
         <translation>وُضعت رسالة MMS في صندوق الصادر، عدد المستلمين: %1</translation>
     </message>
     <message>
+        <source>IDS_KEEP_DRAFT</source>
+        <translation>حفظ كمسودة</translation>
+    </message>
+    <message>
+        <source>IDS_NO_ROAD</source>
+        <translation>لا يمكن إرسال رسائل الوسائط عبر ModemManager.</translation>
+    </message>
+    <message>
         <source>IDS_SAVE_NUMBER</source>
         <translation>حفظ الرقم…</translation>
     </message>
@@ -861,6 +1109,10 @@
     <message>
         <source>IDS_SEND_TIP</source>
         <translation>وضع الرسالة في صندوق الصادر</translation>
+    </message>
+    <message>
+        <source>IDS_SEND_TIP_REAL</source>
+        <translation>حفظ الرسالة كمسودة</translation>
     </message>
     <message>
         <source>IDS_SUBJECT</source>
@@ -882,12 +1134,68 @@
 <context>
     <name>VoiceCallPlugin</name>
     <message>
+        <source>IDS_ANSWER</source>
+        <translation>رد</translation>
+    </message>
+    <message>
         <source>IDS_CALL</source>
         <translation>اتصال</translation>
     </message>
     <message>
+        <source>IDS_CALL_ACTIVE</source>
+        <translation>مكالمة جارية</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_BROKEN</source>
+        <translation>فشلت</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_DIALLING</source>
+        <translation>جارٍ الاتصال…</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_ENDED</source>
+        <translation>انتهت</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_ENDED_BY_OTHER</source>
+        <translation>أنهاها الطرف الآخر</translation>
+    </message>
+    <message>
         <source>IDS_CALL_FAILED</source>
         <translation>تعذّر بدء المكالمة. تأكد من أن الجهاز متصل بالشبكة ومن عدم وجود مكالمة أخرى جارية.</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_HELD</source>
+        <translation>قيد الانتظار</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_INCOMING</source>
+        <translation>مكالمة واردة</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_LOST</source>
+        <translation>اختفى المودم</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_MISSED</source>
+        <translation>فائتة</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_NOT_ANSWERED</source>
+        <translation>لا رد</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_NOT_CONNECTED</source>
+        <translation>لم تُمرَّر</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_REFUSED</source>
+        <translation>رُفضت أو الخط مشغول</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_RINGING</source>
+        <translation>يرنّ…</translation>
     </message>
     <message>
         <source>IDS_CALL_STATE</source>
@@ -912,6 +1220,10 @@
     <message>
         <source>IDS_HINT</source>
         <translation>لا يوجد مودم موصول: تُعرض المكالمة حتى تنهيها، ولا يسمعها أحد.</translation>
+    </message>
+    <message>
+        <source>IDS_HINT_REAL</source>
+        <translation>تمر المكالمات عبر المودم لديك. سماعك لشيء يعتمد على المودم.</translation>
     </message>
     <message>
         <source>IDS_TITLE</source>

@@ -8,6 +8,18 @@
         <translation>Abbrechen</translation>
     </message>
     <message>
+        <source>IDS_HOST_CALL_FAILED</source>
+        <translation>Das Modem konnte nicht anrufen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CALL_INCOMING</source>
+        <translation>Anruf von %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CALL_NOT_CONNECTED</source>
+        <translation>Das Netz hat den Anruf nicht verbunden: Das kann an der Nummer, am Guthaben oder an der Karte liegen</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARD_INSERTED</source>
         <translation>SIM-Karte eingelegt</translation>
     </message>
@@ -18,6 +30,14 @@
     <message>
         <source>IDS_HOST_COLUMN_KIND</source>
         <translation>Art</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_COLUMN_PARTNER</source>
+        <translation>An oder von</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_COLUMN_STATE</source>
+        <translation>Zustand</translation>
     </message>
     <message>
         <source>IDS_HOST_COLUMN_TEXT</source>
@@ -53,11 +73,39 @@
     </message>
     <message>
         <source>IDS_HOST_DEVICE_TIP</source>
-        <translation>Schalter des simulierten Geräts ein- oder ausblenden</translation>
+        <translation>Geräteleiste ein- oder ausblenden</translation>
     </message>
     <message>
         <source>IDS_HOST_DEVICE_TITLE</source>
         <translation>Simuliertes Gerät</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HARDWARE</source>
+        <translation>Hardware:</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HARDWARE_AUTO</source>
+        <translation>Modem, selbst gefunden</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HARDWARE_FIXED</source>
+        <translation>LINKHAND_MODEM in der Umgebung hat gewählt.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HARDWARE_NEXT</source>
+        <translation>Das gilt ab dem nächsten Start.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HARDWARE_REFUSED</source>
+        <translation>Diese Wahl konnte nicht gespeichert werden. Ein Anschluss beginnt mit „/dev/“.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HARDWARE_SIMULATED</source>
+        <translation>Simuliert</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HARDWARE_TIP</source>
+        <translation>Simuliert, das vorhandene Modem oder der Anschluss eines Modems, etwa /dev/ttyUSB2</translation>
     </message>
     <message>
         <source>IDS_HOST_KIND_MMS</source>
@@ -76,8 +124,44 @@
         <translation>Sprache wählen</translation>
     </message>
     <message>
+        <source>IDS_HOST_MANAGER_ABSENT</source>
+        <translation>ModemManager läuft nicht: keine Nachrichten und keine Anrufe.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_MESSAGES</source>
+        <translation>Nachrichten</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_MESSAGES_HINT</source>
+        <translation>Gesendete, empfangene und aufgehobene Nachrichten. Eine empfangene bleibt auf der Karte, bis Sie sie hier löschen. Multimedia-Nachrichten lassen sich über ModemManager nicht senden und bleiben Entwürfe.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_MMS_KEPT</source>
+        <translation>MMS an %1 als Entwurf aufgehoben: ModemManager kann keine Multimedia-Nachrichten senden</translation>
+    </message>
+    <message>
         <source>IDS_HOST_MODE</source>
         <translation>Produkt</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_MODEM_ABSENT</source>
+        <translation>ModemManager hat kein solches Modem.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_MODEM_NETWORK</source>
+        <translation>Netz: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_MODEM_NOT_ON</source>
+        <translation>Das Modem konnte nicht eingeschaltet werden</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_MODEM_ON</source>
+        <translation>Modem einschalten</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_MODEM_SIGNAL</source>
+        <translation>Signalstärke: %1 %</translation>
     </message>
     <message>
         <source>IDS_HOST_MODE_SIM</source>
@@ -136,8 +220,20 @@
         <translation>PIN der Karte</translation>
     </message>
     <message>
+        <source>IDS_HOST_PIN_ASKED</source>
+        <translation>Die Karte wird gefragt …</translation>
+    </message>
+    <message>
         <source>IDS_HOST_PIN_BLOCKED</source>
         <translation>Gesperrt</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PIN_FAILED</source>
+        <translation>Die PIN konnte der Karte nicht gegeben werden: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PIN_HINT</source>
+        <translation>Die Karte verlangt ihre PIN. Sie geht einmal an die Karte und wird nirgends aufgehoben.</translation>
     </message>
     <message>
         <source>IDS_HOST_PIN_OFF</source>
@@ -150,6 +246,34 @@
     <message>
         <source>IDS_HOST_PIN_REQUIRED</source>
         <translation>Erforderlich</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PIN_SURE</source>
+        <translation>Ich bin sicher, dass diese PIN stimmt</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PIN_TITLE</source>
+        <translation>PIN der Karte</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PIN_TRIES</source>
+        <translation>Verbleibende Versuche: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PIN_TRIES_UNKNOWN</source>
+        <translation>Das Modem sagt nicht, wie viele Versuche verbleiben.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PIN_UNLOCK</source>
+        <translation>Entsperren</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PIN_WARNING</source>
+        <translation>Das kann der letzte Versuch sein: Nach einer weiteren falschen PIN ist die Karte gesperrt.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PIN_WRONG</source>
+        <translation>Diese PIN war falsch.</translation>
     </message>
     <message>
         <source>IDS_HOST_PLUGIN_ABSENT</source>
@@ -264,6 +388,46 @@
         <translation>Kontakte suchen</translation>
     </message>
     <message>
+        <source>IDS_HOST_SEND</source>
+        <translation>Senden</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_SEND_FAILED</source>
+        <translation>Die Nachricht kann jetzt nicht gesendet werden.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_SMS_FAILED</source>
+        <translation>SMS an %1 wurde nicht gesendet</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_SMS_KEPT</source>
+        <translation>SMS an %1 wurde nicht gesendet und als Entwurf aufgehoben: kein Netz</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_SMS_NOT_DELETED</source>
+        <translation>Die Nachricht konnte nicht gelöscht werden</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_SMS_PARTLY</source>
+        <translation>SMS an %1 gescheitert; ein Teil kann gesendet worden sein</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_SMS_RECEIVED</source>
+        <translation>SMS von %1: %2</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_SMS_SENT</source>
+        <translation>SMS an %1 wurde gesendet</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_SMS_STORE_FULL</source>
+        <translation>Das Modem hat keinen Platz für Nachrichten: Löschen Sie welche, sonst kommen keine mehr an</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_SMS_UNCERTAIN</source>
+        <translation>SMS an %1: Niemand weiß, ob sie gesendet wurde</translation>
+    </message>
+    <message>
         <source>IDS_HOST_SPEED</source>
         <translation>Tempo von Karte und Gerät</translation>
     </message>
@@ -280,8 +444,44 @@
         <translation>100 ms je Kontakt</translation>
     </message>
     <message>
+        <source>IDS_HOST_STATE_DRAFT</source>
+        <translation>Entwurf, nicht gesendet</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATE_FAILED</source>
+        <translation>Nicht gesendet</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATE_PARTLY</source>
+        <translation>Gescheitert, vielleicht teils gesendet</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATE_RECEIVED</source>
+        <translation>Empfangen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATE_SENDING</source>
+        <translation>Wird gesendet …</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATE_SENT</source>
+        <translation>Gesendet</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATE_SIMULATED</source>
+        <translation>Simuliert, nicht gesendet</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATE_UNCERTAIN</source>
+        <translation>Vielleicht gesendet</translation>
+    </message>
+    <message>
         <source>IDS_HOST_STATUS_CARD</source>
         <translation>Karte bereit</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATUS_CARD_BLOCKED</source>
+        <translation>Karte gesperrt, PUK nötig</translation>
     </message>
     <message>
         <source>IDS_HOST_STATUS_CARD_LOCKED</source>
@@ -292,12 +492,36 @@
         <translation>Gerät angeschlossen</translation>
     </message>
     <message>
+        <source>IDS_HOST_STATUS_MODEM_FAILED</source>
+        <translation>Das Modem arbeitet nicht</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATUS_NO_CALLS</source>
+        <translation>keine Anrufe</translation>
+    </message>
+    <message>
         <source>IDS_HOST_STATUS_NO_CARD</source>
         <translation>Keine Karte</translation>
     </message>
     <message>
         <source>IDS_HOST_STATUS_NO_DEVICE</source>
         <translation>Kein Gerät</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATUS_NO_MANAGER</source>
+        <translation>keine Nachrichten und Anrufe, ModemManager läuft nicht</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATUS_NO_MESSAGES</source>
+        <translation>keine Nachrichten</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATUS_NO_MODEM</source>
+        <translation>keine Nachrichten und Anrufe, kein Modem da</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATUS_OFF</source>
+        <translation>Modem aus</translation>
     </message>
     <message>
         <source>IDS_HOST_STATUS_OFFLINE</source>
@@ -308,8 +532,20 @@
         <translation>Online</translation>
     </message>
     <message>
+        <source>IDS_HOST_STATUS_SIMULATED</source>
+        <translation>Simuliert</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATUS_UNLOCK</source>
+        <translation>PIN eingeben …</translation>
+    </message>
+    <message>
         <source>IDS_HOST_TITLE</source>
         <translation>Linkhand</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_UNKNOWN_NUMBER</source>
+        <translation>einer unbekannten Nummer</translation>
     </message>
     <message>
         <source>IDS_HOST_WELCOME</source>
@@ -812,6 +1048,10 @@ Legen Sie mit „Neuer Kontakt“ in der Werkzeugleiste einen an, oder importier
         <translation>Nachricht in den Postausgang legen</translation>
     </message>
     <message>
+        <source>IDS_SEND_TIP_REAL</source>
+        <translation>Nachricht über das Modem senden</translation>
+    </message>
+    <message>
         <source>IDS_SUBJECT</source>
         <translation>Betreff:</translation>
     </message>
@@ -847,6 +1087,14 @@ Legen Sie mit „Neuer Kontakt“ in der Werkzeugleiste einen an, oder importier
         <translation>MMS an %1 Empfänger in den Postausgang gelegt</translation>
     </message>
     <message>
+        <source>IDS_KEEP_DRAFT</source>
+        <translation>Als Entwurf aufheben</translation>
+    </message>
+    <message>
+        <source>IDS_NO_ROAD</source>
+        <translation>Multimedia-Nachrichten lassen sich über ModemManager nicht senden.</translation>
+    </message>
+    <message>
         <source>IDS_SAVE_NUMBER</source>
         <translation>Nummer speichern …</translation>
     </message>
@@ -861,6 +1109,10 @@ Legen Sie mit „Neuer Kontakt“ in der Werkzeugleiste einen an, oder importier
     <message>
         <source>IDS_SEND_TIP</source>
         <translation>Nachricht in den Postausgang legen</translation>
+    </message>
+    <message>
+        <source>IDS_SEND_TIP_REAL</source>
+        <translation>Nachricht als Entwurf aufheben</translation>
     </message>
     <message>
         <source>IDS_SUBJECT</source>
@@ -882,12 +1134,68 @@ Legen Sie mit „Neuer Kontakt“ in der Werkzeugleiste einen an, oder importier
 <context>
     <name>VoiceCallPlugin</name>
     <message>
+        <source>IDS_ANSWER</source>
+        <translation>Annehmen</translation>
+    </message>
+    <message>
         <source>IDS_CALL</source>
         <translation>Anrufen</translation>
     </message>
     <message>
+        <source>IDS_CALL_ACTIVE</source>
+        <translation>Gespräch läuft</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_BROKEN</source>
+        <translation>Gescheitert</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_DIALLING</source>
+        <translation>Wird gewählt …</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_ENDED</source>
+        <translation>Beendet</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_ENDED_BY_OTHER</source>
+        <translation>Von der Gegenseite beendet</translation>
+    </message>
+    <message>
         <source>IDS_CALL_FAILED</source>
         <translation>Der Anruf konnte nicht begonnen werden. Prüfen Sie, ob das Gerät online ist und kein anderes Gespräch läuft.</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_HELD</source>
+        <translation>Wird gehalten</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_INCOMING</source>
+        <translation>Eingehender Anruf</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_LOST</source>
+        <translation>Das Modem ist weg</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_MISSED</source>
+        <translation>Verpasst</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_NOT_ANSWERED</source>
+        <translation>Keine Antwort</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_NOT_CONNECTED</source>
+        <translation>Nicht verbunden</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_REFUSED</source>
+        <translation>Abgelehnt oder besetzt</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_RINGING</source>
+        <translation>Es läutet …</translation>
     </message>
     <message>
         <source>IDS_CALL_STATE</source>
@@ -912,6 +1220,10 @@ Legen Sie mit „Neuer Kontakt“ in der Werkzeugleiste einen an, oder importier
     <message>
         <source>IDS_HINT</source>
         <translation>Es ist kein Modem angeschlossen: Ein Anruf wird angezeigt, bis Sie auflegen, und niemand hört ihn.</translation>
+    </message>
+    <message>
+        <source>IDS_HINT_REAL</source>
+        <translation>Anrufe gehen über Ihr Modem. Ob Sie etwas hören, hängt vom Modem ab.</translation>
     </message>
     <message>
         <source>IDS_TITLE</source>

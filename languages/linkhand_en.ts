@@ -8,6 +8,18 @@
         <translation>Cancel</translation>
     </message>
     <message>
+        <source>IDS_HOST_CALL_FAILED</source>
+        <translation>The modem could not make the call</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CALL_INCOMING</source>
+        <translation>Call from %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CALL_NOT_CONNECTED</source>
+        <translation>The network did not put the call through: the number, the credit or the card may be why</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARD_INSERTED</source>
         <translation>SIM card inserted</translation>
     </message>
@@ -18,6 +30,14 @@
     <message>
         <source>IDS_HOST_COLUMN_KIND</source>
         <translation>Kind</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_COLUMN_PARTNER</source>
+        <translation>To or from</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_COLUMN_STATE</source>
+        <translation>State</translation>
     </message>
     <message>
         <source>IDS_HOST_COLUMN_TEXT</source>
@@ -53,11 +73,39 @@
     </message>
     <message>
         <source>IDS_HOST_DEVICE_TIP</source>
-        <translation>Show or hide the switches of the simulated device</translation>
+        <translation>Show or hide the panel of the device</translation>
     </message>
     <message>
         <source>IDS_HOST_DEVICE_TITLE</source>
         <translation>Simulated device</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HARDWARE</source>
+        <translation>Hardware:</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HARDWARE_AUTO</source>
+        <translation>Modem, found by itself</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HARDWARE_FIXED</source>
+        <translation>LINKHAND_MODEM in the environment has chosen.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HARDWARE_NEXT</source>
+        <translation>This holds from the next start on.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HARDWARE_REFUSED</source>
+        <translation>This choice could not be kept. A port begins with "/dev/".</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HARDWARE_SIMULATED</source>
+        <translation>Simulated</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HARDWARE_TIP</source>
+        <translation>Simulated, the modem that there is, or the port of one, such as /dev/ttyUSB2</translation>
     </message>
     <message>
         <source>IDS_HOST_KIND_MMS</source>
@@ -76,8 +124,44 @@
         <translation>Choose the language</translation>
     </message>
     <message>
+        <source>IDS_HOST_MANAGER_ABSENT</source>
+        <translation>ModemManager does not run: no messages and no calls.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_MESSAGES</source>
+        <translation>Messages</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_MESSAGES_HINT</source>
+        <translation>Sent, received and kept messages. A received one stays on the card until you delete it here. Multimedia messages cannot be sent through ModemManager and are kept as drafts.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_MMS_KEPT</source>
+        <translation>MMS to %1 kept as a draft: ModemManager has no road for multimedia messages</translation>
+    </message>
+    <message>
         <source>IDS_HOST_MODE</source>
         <translation>Product</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_MODEM_ABSENT</source>
+        <translation>ModemManager has no such modem.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_MODEM_NETWORK</source>
+        <translation>Network: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_MODEM_NOT_ON</source>
+        <translation>The modem could not be switched on</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_MODEM_ON</source>
+        <translation>Switch the modem on</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_MODEM_SIGNAL</source>
+        <translation>Signal: %1 %</translation>
     </message>
     <message>
         <source>IDS_HOST_MODE_SIM</source>
@@ -136,8 +220,20 @@
         <translation>PIN of the card</translation>
     </message>
     <message>
+        <source>IDS_HOST_PIN_ASKED</source>
+        <translation>The card is being asked …</translation>
+    </message>
+    <message>
         <source>IDS_HOST_PIN_BLOCKED</source>
         <translation>Blocked</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PIN_FAILED</source>
+        <translation>The PIN could not be given to the card: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PIN_HINT</source>
+        <translation>The card asks for its PIN. It goes to the card once and is kept nowhere.</translation>
     </message>
     <message>
         <source>IDS_HOST_PIN_OFF</source>
@@ -150,6 +246,34 @@
     <message>
         <source>IDS_HOST_PIN_REQUIRED</source>
         <translation>Required</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PIN_SURE</source>
+        <translation>I am sure that this PIN is right</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PIN_TITLE</source>
+        <translation>PIN of the card</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PIN_TRIES</source>
+        <translation>Tries left: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PIN_TRIES_UNKNOWN</source>
+        <translation>The modem does not tell how many tries are left.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PIN_UNLOCK</source>
+        <translation>Unlock</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PIN_WARNING</source>
+        <translation>This may be the last try: after another wrong PIN the card is blocked.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PIN_WRONG</source>
+        <translation>That PIN was wrong.</translation>
     </message>
     <message>
         <source>IDS_HOST_PLUGIN_ABSENT</source>
@@ -264,6 +388,46 @@
         <translation>Search contacts</translation>
     </message>
     <message>
+        <source>IDS_HOST_SEND</source>
+        <translation>Send</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_SEND_FAILED</source>
+        <translation>The message cannot be sent now.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_SMS_FAILED</source>
+        <translation>SMS to %1 was not sent</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_SMS_KEPT</source>
+        <translation>SMS to %1 was not sent and is kept as a draft: there is no network</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_SMS_NOT_DELETED</source>
+        <translation>The message could not be deleted</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_SMS_PARTLY</source>
+        <translation>SMS to %1 failed; a part of it may have been sent</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_SMS_RECEIVED</source>
+        <translation>SMS from %1: %2</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_SMS_SENT</source>
+        <translation>SMS to %1 was sent</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_SMS_STORE_FULL</source>
+        <translation>The modem has no room for messages: delete some, or no more can come in</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_SMS_UNCERTAIN</source>
+        <translation>SMS to %1: nobody knows whether it was sent</translation>
+    </message>
+    <message>
         <source>IDS_HOST_SPEED</source>
         <translation>Speed of card and device</translation>
     </message>
@@ -280,8 +444,44 @@
         <translation>100 ms a contact</translation>
     </message>
     <message>
+        <source>IDS_HOST_STATE_DRAFT</source>
+        <translation>Draft, not sent</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATE_FAILED</source>
+        <translation>Not sent</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATE_PARTLY</source>
+        <translation>Failed, partly sent perhaps</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATE_RECEIVED</source>
+        <translation>Received</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATE_SENDING</source>
+        <translation>Being sent …</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATE_SENT</source>
+        <translation>Sent</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATE_SIMULATED</source>
+        <translation>Simulated, not sent</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATE_UNCERTAIN</source>
+        <translation>Sent perhaps</translation>
+    </message>
+    <message>
         <source>IDS_HOST_STATUS_CARD</source>
         <translation>Card ready</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATUS_CARD_BLOCKED</source>
+        <translation>Card blocked, PUK needed</translation>
     </message>
     <message>
         <source>IDS_HOST_STATUS_CARD_LOCKED</source>
@@ -292,12 +492,36 @@
         <translation>Device attached</translation>
     </message>
     <message>
+        <source>IDS_HOST_STATUS_MODEM_FAILED</source>
+        <translation>The modem does not work</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATUS_NO_CALLS</source>
+        <translation>no calls</translation>
+    </message>
+    <message>
         <source>IDS_HOST_STATUS_NO_CARD</source>
         <translation>No card</translation>
     </message>
     <message>
         <source>IDS_HOST_STATUS_NO_DEVICE</source>
         <translation>No device</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATUS_NO_MANAGER</source>
+        <translation>no messages or calls, ModemManager does not run</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATUS_NO_MESSAGES</source>
+        <translation>no messages</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATUS_NO_MODEM</source>
+        <translation>no messages or calls, no modem there</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATUS_OFF</source>
+        <translation>Modem off</translation>
     </message>
     <message>
         <source>IDS_HOST_STATUS_OFFLINE</source>
@@ -308,8 +532,20 @@
         <translation>Online</translation>
     </message>
     <message>
+        <source>IDS_HOST_STATUS_SIMULATED</source>
+        <translation>Simulated</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATUS_UNLOCK</source>
+        <translation>Enter PIN …</translation>
+    </message>
+    <message>
         <source>IDS_HOST_TITLE</source>
         <translation>Linkhand</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_UNKNOWN_NUMBER</source>
+        <translation>an unknown number</translation>
     </message>
     <message>
         <source>IDS_HOST_WELCOME</source>
@@ -812,6 +1048,10 @@ Create one with “New contact” in the tool bar, or import a file with the rig
         <translation>Put the message into the outbox</translation>
     </message>
     <message>
+        <source>IDS_SEND_TIP_REAL</source>
+        <translation>Send the message through the modem</translation>
+    </message>
+    <message>
         <source>IDS_SUBJECT</source>
         <translation>Subject:</translation>
     </message>
@@ -847,6 +1087,14 @@ Create one with “New contact” in the tool bar, or import a file with the rig
         <translation>MMS put into the outbox, recipients: %1</translation>
     </message>
     <message>
+        <source>IDS_KEEP_DRAFT</source>
+        <translation>Keep as draft</translation>
+    </message>
+    <message>
+        <source>IDS_NO_ROAD</source>
+        <translation>Multimedia messages cannot be sent through ModemManager.</translation>
+    </message>
+    <message>
         <source>IDS_SAVE_NUMBER</source>
         <translation>Save number…</translation>
     </message>
@@ -861,6 +1109,10 @@ Create one with “New contact” in the tool bar, or import a file with the rig
     <message>
         <source>IDS_SEND_TIP</source>
         <translation>Put the message into the outbox</translation>
+    </message>
+    <message>
+        <source>IDS_SEND_TIP_REAL</source>
+        <translation>Keep the message as a draft</translation>
     </message>
     <message>
         <source>IDS_SUBJECT</source>
@@ -882,12 +1134,68 @@ Create one with “New contact” in the tool bar, or import a file with the rig
 <context>
     <name>VoiceCallPlugin</name>
     <message>
+        <source>IDS_ANSWER</source>
+        <translation>Answer</translation>
+    </message>
+    <message>
         <source>IDS_CALL</source>
         <translation>Call</translation>
     </message>
     <message>
+        <source>IDS_CALL_ACTIVE</source>
+        <translation>Call in progress</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_BROKEN</source>
+        <translation>Failed</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_DIALLING</source>
+        <translation>Dialling …</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_ENDED</source>
+        <translation>Ended</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_ENDED_BY_OTHER</source>
+        <translation>Ended by the other side</translation>
+    </message>
+    <message>
         <source>IDS_CALL_FAILED</source>
         <translation>The call could not be started. Check that the device is online and no other call is in progress.</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_HELD</source>
+        <translation>On hold</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_INCOMING</source>
+        <translation>Incoming call</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_LOST</source>
+        <translation>The modem has gone</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_MISSED</source>
+        <translation>Missed</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_NOT_ANSWERED</source>
+        <translation>No answer</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_NOT_CONNECTED</source>
+        <translation>Not put through</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_REFUSED</source>
+        <translation>Refused or busy</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_RINGING</source>
+        <translation>Ringing …</translation>
     </message>
     <message>
         <source>IDS_CALL_STATE</source>
@@ -912,6 +1220,10 @@ Create one with “New contact” in the tool bar, or import a file with the rig
     <message>
         <source>IDS_HINT</source>
         <translation>No modem is connected: a call is shown until you hang up, and nobody hears it.</translation>
+    </message>
+    <message>
+        <source>IDS_HINT_REAL</source>
+        <translation>Calls go through your modem. Whether you hear anything depends on the modem.</translation>
     </message>
     <message>
         <source>IDS_TITLE</source>

@@ -8,6 +8,18 @@
         <translation>取消</translation>
     </message>
     <message>
+        <source>IDS_HOST_CALL_FAILED</source>
+        <translation>调制解调器无法拨打电话</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CALL_INCOMING</source>
+        <translation>%1 来电</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CALL_NOT_CONNECTED</source>
+        <translation>网络未接通此通话：可能与号码、余额或卡有关</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARD_INSERTED</source>
         <translation>已插入 SIM 卡</translation>
     </message>
@@ -18,6 +30,14 @@
     <message>
         <source>IDS_HOST_COLUMN_KIND</source>
         <translation>类型</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_COLUMN_PARTNER</source>
+        <translation>收件人或发件人</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_COLUMN_STATE</source>
+        <translation>状态</translation>
     </message>
     <message>
         <source>IDS_HOST_COLUMN_TEXT</source>
@@ -53,11 +73,39 @@
     </message>
     <message>
         <source>IDS_HOST_DEVICE_TIP</source>
-        <translation>显示或隐藏模拟设备的开关</translation>
+        <translation>显示或隐藏设备面板</translation>
     </message>
     <message>
         <source>IDS_HOST_DEVICE_TITLE</source>
         <translation>模拟设备</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HARDWARE</source>
+        <translation>硬件：</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HARDWARE_AUTO</source>
+        <translation>自动查找的调制解调器</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HARDWARE_FIXED</source>
+        <translation>由环境变量 LINKHAND_MODEM 指定。</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HARDWARE_NEXT</source>
+        <translation>下次启动后生效。</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HARDWARE_REFUSED</source>
+        <translation>无法保存此选择。端口以“/dev/”开头。</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HARDWARE_SIMULATED</source>
+        <translation>模拟</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HARDWARE_TIP</source>
+        <translation>模拟、现有的调制解调器，或某个调制解调器的端口，例如 /dev/ttyUSB2</translation>
     </message>
     <message>
         <source>IDS_HOST_KIND_MMS</source>
@@ -76,8 +124,44 @@
         <translation>选择语言</translation>
     </message>
     <message>
+        <source>IDS_HOST_MANAGER_ABSENT</source>
+        <translation>ModemManager 未运行：无法收发信息和通话。</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_MESSAGES</source>
+        <translation>信息</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_MESSAGES_HINT</source>
+        <translation>已发送、已接收和保留的信息。收到的信息会留在卡上，直到您在此删除。彩信无法通过 ModemManager 发送，将保留为草稿。</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_MMS_KEPT</source>
+        <translation>发给 %1 的彩信已保留为草稿：ModemManager 无法发送彩信</translation>
+    </message>
+    <message>
         <source>IDS_HOST_MODE</source>
         <translation>产品</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_MODEM_ABSENT</source>
+        <translation>ModemManager 中没有此调制解调器。</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_MODEM_NETWORK</source>
+        <translation>网络：%1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_MODEM_NOT_ON</source>
+        <translation>无法开启调制解调器</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_MODEM_ON</source>
+        <translation>开启调制解调器</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_MODEM_SIGNAL</source>
+        <translation>信号：%1 %</translation>
     </message>
     <message>
         <source>IDS_HOST_MODE_SIM</source>
@@ -136,8 +220,20 @@
         <translation>卡的 PIN 码</translation>
     </message>
     <message>
+        <source>IDS_HOST_PIN_ASKED</source>
+        <translation>正在验证…</translation>
+    </message>
+    <message>
         <source>IDS_HOST_PIN_BLOCKED</source>
         <translation>已锁定</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PIN_FAILED</source>
+        <translation>无法向卡提交 PIN 码：%1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PIN_HINT</source>
+        <translation>卡要求输入 PIN 码。它只会提交给卡一次，不会保存在任何地方。</translation>
     </message>
     <message>
         <source>IDS_HOST_PIN_OFF</source>
@@ -150,6 +246,34 @@
     <message>
         <source>IDS_HOST_PIN_REQUIRED</source>
         <translation>需要输入</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PIN_SURE</source>
+        <translation>我确定此 PIN 码正确</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PIN_TITLE</source>
+        <translation>卡的 PIN 码</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PIN_TRIES</source>
+        <translation>剩余次数：%1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PIN_TRIES_UNKNOWN</source>
+        <translation>调制解调器未告知剩余次数。</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PIN_UNLOCK</source>
+        <translation>解锁</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PIN_WARNING</source>
+        <translation>这可能是最后一次机会：再次输错 PIN 码，卡将被锁定。</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PIN_WRONG</source>
+        <translation>该 PIN 码错误。</translation>
     </message>
     <message>
         <source>IDS_HOST_PLUGIN_ABSENT</source>
@@ -264,6 +388,46 @@
         <translation>搜索联系人</translation>
     </message>
     <message>
+        <source>IDS_HOST_SEND</source>
+        <translation>发送</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_SEND_FAILED</source>
+        <translation>现在无法发送此信息。</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_SMS_FAILED</source>
+        <translation>发给 %1 的短信未发送</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_SMS_KEPT</source>
+        <translation>发给 %1 的短信未发送，已保留为草稿：没有网络</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_SMS_NOT_DELETED</source>
+        <translation>无法删除信息</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_SMS_PARTLY</source>
+        <translation>发给 %1 的短信发送失败；其中一部分可能已发出</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_SMS_RECEIVED</source>
+        <translation>%1 发来短信：%2</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_SMS_SENT</source>
+        <translation>发给 %1 的短信已发送</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_SMS_STORE_FULL</source>
+        <translation>调制解调器中没有空间存放信息：请删除一些，否则无法再收到信息</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_SMS_UNCERTAIN</source>
+        <translation>发给 %1 的短信：无法确定是否已发送</translation>
+    </message>
+    <message>
         <source>IDS_HOST_SPEED</source>
         <translation>卡和设备的速度</translation>
     </message>
@@ -280,8 +444,44 @@
         <translation>每个联系人 100 毫秒</translation>
     </message>
     <message>
+        <source>IDS_HOST_STATE_DRAFT</source>
+        <translation>草稿，未发送</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATE_FAILED</source>
+        <translation>未发送</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATE_PARTLY</source>
+        <translation>失败，可能已部分发送</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATE_RECEIVED</source>
+        <translation>已接收</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATE_SENDING</source>
+        <translation>正在发送…</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATE_SENT</source>
+        <translation>已发送</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATE_SIMULATED</source>
+        <translation>模拟，未发送</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATE_UNCERTAIN</source>
+        <translation>可能已发送</translation>
+    </message>
+    <message>
         <source>IDS_HOST_STATUS_CARD</source>
         <translation>卡已就绪</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATUS_CARD_BLOCKED</source>
+        <translation>卡已锁定，需要 PUK 码</translation>
     </message>
     <message>
         <source>IDS_HOST_STATUS_CARD_LOCKED</source>
@@ -292,12 +492,36 @@
         <translation>设备已连接</translation>
     </message>
     <message>
+        <source>IDS_HOST_STATUS_MODEM_FAILED</source>
+        <translation>调制解调器无法工作</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATUS_NO_CALLS</source>
+        <translation>无法通话</translation>
+    </message>
+    <message>
         <source>IDS_HOST_STATUS_NO_CARD</source>
         <translation>无卡</translation>
     </message>
     <message>
         <source>IDS_HOST_STATUS_NO_DEVICE</source>
         <translation>无设备</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATUS_NO_MANAGER</source>
+        <translation>无法收发信息和通话，ModemManager 未运行</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATUS_NO_MESSAGES</source>
+        <translation>无法收发信息</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATUS_NO_MODEM</source>
+        <translation>无法收发信息和通话，没有调制解调器</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATUS_OFF</source>
+        <translation>调制解调器已关闭</translation>
     </message>
     <message>
         <source>IDS_HOST_STATUS_OFFLINE</source>
@@ -308,8 +532,20 @@
         <translation>在线</translation>
     </message>
     <message>
+        <source>IDS_HOST_STATUS_SIMULATED</source>
+        <translation>模拟</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STATUS_UNLOCK</source>
+        <translation>输入 PIN 码…</translation>
+    </message>
+    <message>
         <source>IDS_HOST_TITLE</source>
         <translation>Linkhand</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_UNKNOWN_NUMBER</source>
+        <translation>未知号码</translation>
     </message>
     <message>
         <source>IDS_HOST_WELCOME</source>
@@ -812,6 +1048,10 @@
         <translation>将信息放入发件箱</translation>
     </message>
     <message>
+        <source>IDS_SEND_TIP_REAL</source>
+        <translation>通过调制解调器发送信息</translation>
+    </message>
+    <message>
         <source>IDS_SUBJECT</source>
         <translation>主题：</translation>
     </message>
@@ -847,6 +1087,14 @@
         <translation>发给 %1 位收件人的彩信已放入发件箱</translation>
     </message>
     <message>
+        <source>IDS_KEEP_DRAFT</source>
+        <translation>保留为草稿</translation>
+    </message>
+    <message>
+        <source>IDS_NO_ROAD</source>
+        <translation>彩信无法通过 ModemManager 发送。</translation>
+    </message>
+    <message>
         <source>IDS_SAVE_NUMBER</source>
         <translation>保存号码…</translation>
     </message>
@@ -861,6 +1109,10 @@
     <message>
         <source>IDS_SEND_TIP</source>
         <translation>将信息放入发件箱</translation>
+    </message>
+    <message>
+        <source>IDS_SEND_TIP_REAL</source>
+        <translation>将信息保留为草稿</translation>
     </message>
     <message>
         <source>IDS_SUBJECT</source>
@@ -882,12 +1134,68 @@
 <context>
     <name>VoiceCallPlugin</name>
     <message>
+        <source>IDS_ANSWER</source>
+        <translation>接听</translation>
+    </message>
+    <message>
         <source>IDS_CALL</source>
         <translation>呼叫</translation>
     </message>
     <message>
+        <source>IDS_CALL_ACTIVE</source>
+        <translation>通话中</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_BROKEN</source>
+        <translation>失败</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_DIALLING</source>
+        <translation>正在拨号…</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_ENDED</source>
+        <translation>已结束</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_ENDED_BY_OTHER</source>
+        <translation>对方已挂断</translation>
+    </message>
+    <message>
         <source>IDS_CALL_FAILED</source>
         <translation>无法发起通话。请确认设备在线且没有其他通话正在进行。</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_HELD</source>
+        <translation>通话保持</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_INCOMING</source>
+        <translation>来电</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_LOST</source>
+        <translation>调制解调器已断开</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_MISSED</source>
+        <translation>未接</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_NOT_ANSWERED</source>
+        <translation>无人接听</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_NOT_CONNECTED</source>
+        <translation>未接通</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_REFUSED</source>
+        <translation>被拒或占线</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_RINGING</source>
+        <translation>正在响铃…</translation>
     </message>
     <message>
         <source>IDS_CALL_STATE</source>
@@ -912,6 +1220,10 @@
     <message>
         <source>IDS_HINT</source>
         <translation>未连接调制解调器：通话会一直显示，直到您挂断，对方不会听到。</translation>
+    </message>
+    <message>
+        <source>IDS_HINT_REAL</source>
+        <translation>通话通过您的调制解调器进行。能否听到声音取决于调制解调器。</translation>
     </message>
     <message>
         <source>IDS_TITLE</source>

@@ -15,12 +15,30 @@
 enum HostMessageKind { HOST_MESSAGE_SMS = 0, HOST_MESSAGE_MMS = 1 };
 enum HostCallType { HOST_CALL_VOICE = 0, HOST_CALL_VIDEO = 1 };
 
+// How far a call is. From HOST_CALL_ENDED on it is over.
+enum HostCallProgress {
+    HOST_CALL_DIALLING = 0,
+    HOST_CALL_RINGING = 1,  // at the other side
+    HOST_CALL_INCOMING = 2, // and rings here
+    HOST_CALL_ACTIVE = 3,
+    HOST_CALL_HELD = 4,
+    HOST_CALL_ENDED = 10, // from here
+    HOST_CALL_ENDED_BY_OTHER = 11,
+    HOST_CALL_REFUSED = 12, // or busy
+    HOST_CALL_NOT_ANSWERED = 13,
+    HOST_CALL_NOT_CONNECTED = 14, // the network did not put it through, as without credit
+    HOST_CALL_FAILED = 15,        // the modem could not do it
+    HOST_CALL_MISSED = 16,        // it came in, and nobody answered here
+    HOST_CALL_LOST = 17           // the modem has gone
+};
+
 class HostLink
 {
 public:
     virtual ~HostLink() {}
 
-    // Hands a message to the modem; it lies in the outbox until one takes it. False if it could not be kept.
+    // Hands a message to the modem. The simulated one keeps it and never sends it; a real one sends it at once, or
+    // keeps it as a draft where it cannot, and the host tells what has become of it. False if it could not be kept.
     virtual bool SendMessage(HostMessageKind enKind, const QStringList& lstNumbers, const QString& strSubject,
                              const QString& strText) = 0;
 
@@ -28,8 +46,18 @@ public:
     virtual bool Dial(const QString& strNumber, HostCallType enType) = 0;
     virtual void HangUp() = 0;
 
-    // The object that signals callStarted(QString strNumber, int iType) and callEnded(QString strNumber, int iType).
+    // Takes a call that comes in; HangUp refuses it.
+    virtual void Answer() = 0;
+
+    // True where calls and messages reach nobody: no modem is behind them, and whatever shows them says so.
+    virtual bool IsSimulated() = 0;
+
+    // The object that signals callStarted(QString strNumber, int iType), then callProgress(int enProgress) as often as
+    // it is known, and callEnded(QString strNumber, int iType).
     virtual QObject* CallEvents() = 0;
+
+    // The contact with this number, empty if there is none.
+    virtual QString ContactName(const QString& strNumber) = 0;
 
     // Brings the page of the plug-in with this name to the front.
     virtual void ShowPage(const QString& strPlugin) = 0;

@@ -8,9 +8,10 @@
 namespace
 {
 
-enum { DATA_DIR = 256, SCREENSHOT, VERSION_TEXT }; // beyond all characters
+enum { DATA_DIR = 256, HARDWARE, SCREENSHOT, VERSION_TEXT }; // beyond all characters
 
 const option OPTIONS[] = {{"data-dir", required_argument, nullptr, DATA_DIR},
+                          {"hardware", required_argument, nullptr, HARDWARE},
                           {"screenshot", required_argument, nullptr, SCREENSHOT},
                           {"version", no_argument, nullptr, VERSION_TEXT},
                           {"help", no_argument, nullptr, 'h'},
@@ -40,6 +41,9 @@ void take(int iFound, const char* pszGiven, CommandLine& line)
     switch (iFound) {
     case DATA_DIR:
         line.strDataDir = takeValue("--data-dir", line.strError);
+        break;
+    case HARDWARE:
+        line.strHardware = takeValue("--hardware", line.strError);
         break;
     case SCREENSHOT:
         line.strScreenshot = takeValue("--screenshot", line.strError);
@@ -101,11 +105,14 @@ QString CommandLine::HelpText()
         "Linkhand, a mobile-broadband connection manager with a phonebook.\n"
         "\n"
         "  --data-dir DIR      keep contacts, outbox and settings in DIR\n"
+        "  --hardware CHOICE   from now on use no modem (simulated), the one that there is (auto), or the one\n"
+        "                      with this port (/dev/ttyUSB2)\n"
         "  --screenshot FILE   write a picture of the window to FILE once contacts are shown, and quit\n"
         "  --version           show the version\n"
         "  -h, --help          show this text\n"
         "\n"
-        "Environment: LINKHAND_DATA_DIR (as --data-dir), LINKHAND_DEBUG=1 (debug output).\n");
+        "Environment: LINKHAND_DATA_DIR (as --data-dir), LINKHAND_MODEM (before what --hardware chose),\n"
+        "LINKHAND_DEBUG=1 (debug output).\n");
 }
 
 QString CommandLine::VersionText()

@@ -9,6 +9,7 @@ struct CommandLine {
     bool bHelp = false;
     bool bVersion = false;
     QString strDataDir;    // empty: where the environment says
+    QString strHardware;   // empty: as it was chosen last
     QString strScreenshot; // empty: none is taken
     QString strError;      // not empty: the arguments make no sense, and this says why
 

@@ -13,9 +13,12 @@
 #include "app/Companion.h"
 #include "app/FirstPaint.h"
 #include "app/Link.h"
+#include "app/ModemNotices.h"
 #include "app/Screenshot.h"
 #include "app/UnixSignals.h"
 #include "device/DeviceWatcher.h"
+#include "device/HardwareChoice.h"
+#include "device/ModemManagerModem.h"
 #include "device/SimulatedHardware.h"
 #include "device/SimulatedModem.h"
 #include "linkhand/QtCompat.h"
@@ -105,6 +108,11 @@ int HostApplication::Main(int argc, char** argv, Companion* pCompanion)
     if (!line.strDataDir.isEmpty()) {
         qputenv("LINKHAND_DATA_DIR", QFile::encodeName(line.strDataDir));
     }
+    if (!line.strHardware.isEmpty() && !HardwareChoice::Keep(line.strHardware)) {
+        print(stderr,
+              QString::fromLatin1("linkhand: no such hardware: %1\nTry 'linkhand --help'.\n").arg(line.strHardware));
+        return 2;
+    }
     return HostApplication(line, pCompanion).Run();
 }
 
@@ -119,7 +127,7 @@ HostApplication::HostApplication(const CommandLine& line, Companion* pCompanion)
 {
     DataFolder::Prepare(SdkFolders::LogFolder(), m_problems);
     m_pMessages.reset(new MessageStore(DataFolder::Path()));
-    m_pModem.reset(new SimulatedModem(*m_pMessages));
+    makeModem();
     m_pWatcher.reset(new DeviceWatcher);
     m_pLossWatcher.reset(new LossWatcher);
     m_pContainer.reset(new PluginContainer);
@@ -131,15 +139,17 @@ HostApplication::HostApplication(const CommandLine& line, Companion* pCompanion)
     SimulatedHardware::SetNameUnits(strCount.trimmed() == QLatin1String("all"));
     applyLanguage(
         m_languages.BestFor(m_settings.Language().isEmpty() ? QLocale::system().name() : m_settings.Language()));
-    m_pWindow.reset(new MainWindow(*m_pContainer, *m_pMessages, *m_pWatcher));
+    m_pWindow.reset(new MainWindow(*m_pContainer, *m_pMessages, *m_pWatcher, m_pModem.data()));
     m_services.SetMainWindow(m_pWindow.data());
     m_pLink.reset(new Link(*m_pModem, m_pWindow.data(), SdkFolders::LogFolder()));
     m_pLink->Publish();
+    m_pNotices.reset(new ModemNotices(*m_pModem, *m_pMessages, *m_pWindow));
 }
 
 HostApplication::~HostApplication()
 {
     m_pLink->Withdraw();
+    m_pNotices.reset();
     // Windows that plug-ins left with the main window go while the plug-ins' code is there.
     m_pWindow.reset();
     m_pContainer.reset();
@@ -165,6 +175,7 @@ int HostApplication::Run()
     showFrame();
     connect(m_pLossWatcher.data(), SIGNAL(lost(ProblemList)), this, SLOT(OnLost(ProblemList)));
     m_pWatcher->Start();
+    m_pModem->Start();
     m_pLossWatcher->Start();
     loadPlugins();
     checkInstallation();
@@ -232,6 +243,15 @@ void HostApplication::OnLost(const ProblemList& problems)
 void HostApplication::OnWelcomeDismissed()
 {
     m_settings.SetWelcomeDismissed(true);
+}
+
+void HostApplication::makeModem()
+{
+    if (HardwareChoice::IsReal()) {
+        m_pModem.reset(new ModemManagerModem(HardwareChoice::Port(), *m_pMessages));
+    } else {
+        m_pModem.reset(new SimulatedModem(*m_pMessages));
+    }
 }
 
 void HostApplication::loadPlugins()
@@ -331,7 +351,7 @@ void HostApplication::shutDown()
         m_settings.SetDevicePanelShown(m_pWindow->DevicePanelShown());
     }
     m_pWindow->hide();
-    m_pModem->HangUp();
+    m_pModem->Finish();
     m_pWatcher->Stop();
     m_pLossWatcher->Stop();
     m_pLifecycle->ShutDown(SHUTDOWN_LIMIT_MS);

@@ -14,13 +14,14 @@
 class Companion;
 class DeviceWatcher;
 class LossWatcher;
+class Modem;
+class ModemNotices;
 class Link;
 class MainWindow;
 class MessageStore;
 class PluginContainer;
 class PluginLifecycle;
 class QTranslator;
-class SimulatedModem;
 
 // Puts the program together and takes it apart again.
 //
@@ -51,6 +52,7 @@ private slots:
     void OnWelcomeDismissed();
 
 private:
+    void makeModem();
     void loadPlugins();
     void checkInstallation();
     void showFrame();
@@ -66,13 +68,14 @@ private:
     LanguageCatalog m_languages;
     QScopedPointer<QTranslator> m_pQtTexts;
     QScopedPointer<MessageStore> m_pMessages;
-    QScopedPointer<SimulatedModem> m_pModem;
+    QScopedPointer<Modem> m_pModem;
     QScopedPointer<DeviceWatcher> m_pWatcher;
     QScopedPointer<LossWatcher> m_pLossWatcher;
     QScopedPointer<PluginContainer> m_pContainer;
     QScopedPointer<PluginLifecycle> m_pLifecycle;
     QScopedPointer<MainWindow> m_pWindow;
     QScopedPointer<Link> m_pLink;
+    QScopedPointer<ModemNotices> m_pNotices;
     int m_iExitCode;
     bool m_bClosing; // quit before or while the event loop runs
 };

@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QVariant>
 
+#include "device/ContactNames.h"
 #include "device/Modem.h"
 #include "window/MainWindow.h"
 #include "window/StatusArea.h"
@@ -43,6 +44,21 @@ bool Link::Dial(const QString& strNumber, HostCallType enType)
 void Link::HangUp()
 {
     m_modem.HangUp();
+}
+
+void Link::Answer()
+{
+    m_modem.Answer();
+}
+
+bool Link::IsSimulated()
+{
+    return m_modem.IsSimulated();
+}
+
+QString Link::ContactName(const QString& strNumber)
+{
+    return ContactNames::Of(strNumber);
 }
 
 QObject* Link::CallEvents()

@@ -22,7 +22,10 @@ public:
                      const QString& strText) override;
     bool Dial(const QString& strNumber, HostCallType enType) override;
     void HangUp() override;
+    void Answer() override;
+    bool IsSimulated() override;
     QObject* CallEvents() override;
+    QString ContactName(const QString& strNumber) override;
     void ShowPage(const QString& strPlugin) override;
     void ShowStatus(const QString& strText) override;
     QString LogFolder() override { return m_strLogFolder; }

@@ -1,23 +1,15 @@
 #include "device/SimulatedModem.h"
 
-#include <QRegExp>
-
 #include "device/DeviceState.h"
+#include "device/DialString.h"
 #include "messages/MessageStore.h"
 
 SimulatedModem::SimulatedModem(MessageStore& store, QObject* pParent) : Modem(pParent), m_store(store), m_iType(0) {}
 
 bool SimulatedModem::Dial(const QString& strNumber, int iType)
 {
-    // Digits, with the signs that a dial string may hold, and blanks or hyphens that people write between them.
-    QString strDialled;
-    foreach (const QChar c, strNumber) {
-        if (!c.isSpace() && !QString(QLatin1String("()./-")).contains(c)) {
-            strDialled += c;
-        }
-    }
-    const bool bUsable = QRegExp(QLatin1String("\\+?[0-9*#]+")).exactMatch(strDialled);
-    if (!bUsable || !m_strNumber.isEmpty() || !DeviceState::Read().Online()) {
+    const QString strDialled = DialString::Of(strNumber);
+    if (strDialled.isEmpty() || !m_strNumber.isEmpty() || !DeviceState::Read().Online()) {
         return false;
     }
     m_strNumber = strDialled;
@@ -41,4 +33,9 @@ void SimulatedModem::HangUp()
 bool SimulatedModem::Send(const OutgoingMessage& message)
 {
     return !message.lstNumbers.isEmpty() && m_store.Add(message);
+}
+
+bool SimulatedModem::Remove(int iId)
+{
+    return m_store.Remove(iId);
 }

@@ -18,9 +18,11 @@ public:
     // The store outlives the modem.
     explicit SimulatedModem(MessageStore& store, QObject* pParent = nullptr);
 
+    bool IsSimulated() const override { return true; }
     bool Dial(const QString& strNumber, int iType) override;
     void HangUp() override;
     bool Send(const OutgoingMessage& message) override;
+    bool Remove(int iId) override;
 
 private:
     MessageStore& m_store;

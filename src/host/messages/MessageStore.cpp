@@ -15,7 +15,7 @@
 namespace
 {
 
-const int SCHEMA_VERSION = 1;
+const int SCHEMA_VERSION = 2;
 const char* const SCHEMA = "CREATE TABLE messages("
                            "  id INTEGER PRIMARY KEY AUTOINCREMENT,"
                            "  kind INTEGER NOT NULL,"
@@ -33,7 +33,12 @@ const char* const SCHEMA = "CREATE TABLE messages("
                            "CREATE TABLE taken(hash TEXT PRIMARY KEY);"
                            "PRAGMA user_version=1;";
 const char* const MENDED = ".mended"; // behind the file's name
-const char* const INSERT_MESSAGE = "INSERT INTO messages(kind, time, numbers, subject, text) VALUES(?, ?, ?, ?, ?)";
+// The first release knew messages that wait for a modem alone.
+const char* const SCHEMA_STATES = "ALTER TABLE messages ADD COLUMN state INTEGER NOT NULL DEFAULT 0;" // MessageState
+                                  "ALTER TABLE messages ADD COLUMN detail TEXT NOT NULL DEFAULT '';"
+                                  "PRAGMA user_version=2;";
+const char* const INSERT_MESSAGE =
+    "INSERT INTO messages(kind, time, numbers, subject, text, state, detail) VALUES(?, ?, ?, ?, ?, ?, ?)";
 const char* const INSERT_CALL = "INSERT INTO calls(number, type, time, seconds) VALUES(?, ?, ?, ?)";
 
 // Holds other programs off: all of them while a file is made, mended or taken over (LOCK_EX), and those that would put
@@ -60,10 +65,11 @@ private:
     int m_iFile;
 };
 
-QVariantList valuesOf(const OutgoingMessage& message, const QDateTime& time)
+QVariantList valuesOf(const OutgoingMessage& message, const QDateTime& time, int iState = MESSAGE_SIMULATED,
+                      const QString& strDetail = QString())
 {
     return QVariantList() << message.iKind << time.toMSecsSinceEpoch() << message.lstNumbers.join(QLatin1String("\n"))
-                          << message.strSubject << message.strText;
+                          << message.strSubject << message.strText << iState << strDetail;
 }
 
 QDateTime timeOf(qint64 iMilliseconds)
@@ -85,14 +91,49 @@ MessageStore::MessageStore(const QString& strFolder, QObject* pParent)
     }
 }
 
-bool MessageStore::Add(const OutgoingMessage& message)
+int MessageStore::Add(const OutgoingMessage& message, MessageState enState, const QString& strDetail,
+                      const QDateTime& time)
 {
-    if (change(INSERT_MESSAGE, valuesOf(message, QDateTime::currentDateTime())) < 0) {
+    const QDateTime written = time.isValid() ? time : QDateTime::currentDateTime();
+    if (change(INSERT_MESSAGE, valuesOf(message, written, enState, strDetail)) < 0) {
+        return 0;
+    }
+    const int iId = int(m_database.LastId());
+    read();
+    emit changed();
+    return iId;
+}
+
+bool MessageStore::SetState(int iId, MessageState enState, const QString& strDetail)
+{
+    if (change("UPDATE messages SET state = ?, detail = ? WHERE id = ?", QVariantList()
+                                                                             << int(enState) << strDetail << iId) < 0) {
         return false;
     }
     read();
     emit changed();
     return true;
+}
+
+StoredMessage MessageStore::Message(int iId) const
+{
+    foreach (const StoredMessage& stored, m_listMessages) {
+        if (stored.iId == iId) {
+            return stored;
+        }
+    }
+    return StoredMessage();
+}
+
+int MessageStore::Received(const QString& strNumber, const QString& strText, const QString& strStamp) const
+{
+    foreach (const StoredMessage& stored, m_listMessages) {
+        if (stored.iState == MESSAGE_RECEIVED && stored.strDetail == strStamp && stored.message.strText == strText &&
+            stored.message.lstNumbers == QStringList(strNumber)) {
+            return stored.iId;
+        }
+    }
+    return 0;
 }
 
 bool MessageStore::Remove(int iId)
@@ -247,19 +288,22 @@ bool MessageStore::migrate(Database& database)
     if (!transaction.IsOpen() || iVersion < 0 || iVersion > SCHEMA_VERSION) {
         return false;
     }
-    return (iVersion == SCHEMA_VERSION || database.Run(SCHEMA)) && transaction.Commit();
+    return (iVersion >= 1 || database.Run(SCHEMA)) && (iVersion >= 2 || database.Run(SCHEMA_STATES)) &&
+           transaction.Commit();
 }
 
 // Copies rows in one direction for as long as they can be read; one that is there already stays.
 void MessageStore::takeOver(Database& source, Database& target, const char* pszDirection)
 {
-    const QByteArray messages =
-        QByteArray("SELECT id, kind, time, numbers, subject, text FROM messages ORDER BY id ") + pszDirection;
+    const bool bStates = source.Number("PRAGMA user_version") >= 2;
+    const QByteArray messages = QByteArray("SELECT id, kind, time, numbers, subject, text, ") +
+                                (bStates ? "state, detail" : "0, ''") + " FROM messages ORDER BY id " + pszDirection;
     Database::Query message(source, messages.constData());
     while (message.Next()) {
-        target.Run("INSERT OR IGNORE INTO messages VALUES(?, ?, ?, ?, ?, ?)",
+        target.Run("INSERT OR IGNORE INTO messages(id, kind, time, numbers, subject, text, state, detail) "
+                   "VALUES(?, ?, ?, ?, ?, ?, ?, ?)",
                    QVariantList() << message.Number(0) << message.Number(1) << message.Number(2) << message.Text(3)
-                                  << message.Text(4) << message.Text(5));
+                                  << message.Text(4) << message.Text(5) << message.Number(6) << message.Text(7));
     }
     const QByteArray calls =
         QByteArray("SELECT id, number, type, time, seconds FROM calls ORDER BY id ") + pszDirection;
@@ -338,7 +382,8 @@ bool MessageStore::read()
 {
     const qint64 iVersion = m_database.Number("PRAGMA data_version");
     QList<StoredMessage> listMessages;
-    Database::Query query(m_database, "SELECT id, kind, time, numbers, subject, text FROM messages ORDER BY id");
+    Database::Query query(m_database,
+                          "SELECT id, kind, time, numbers, subject, text, state, detail FROM messages ORDER BY id");
     while (query.Next()) {
         StoredMessage stored;
         stored.iId = int(query.Number(0));
@@ -350,6 +395,8 @@ bool MessageStore::read()
         }
         stored.message.strSubject = query.Text(4);
         stored.message.strText = query.Text(5);
+        stored.iState = int(query.Number(6));
+        stored.strDetail = query.Text(7);
         listMessages.append(stored);
     }
     if (!query.Done()) {

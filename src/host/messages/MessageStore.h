@@ -10,11 +10,24 @@
 #include "messages/Database.h"
 #include "messages/OutgoingMessage.h"
 
-// A message that waits for a modem.
+// What has become of a message. The numbers stand in the file.
+enum MessageState {
+    MESSAGE_SIMULATED = 0, // it was given to the simulated modem: nothing has left
+    MESSAGE_DRAFT = 1,     // it was not sent
+    MESSAGE_UNCERTAIN = 2, // it was given to a modem, and nobody knows what that did with it
+    MESSAGE_SENT = 3,      // the network has taken it
+    MESSAGE_FAILED = 4,    // nothing of it has left
+    MESSAGE_PARTLY = 5,    // a later part of it was refused
+    MESSAGE_RECEIVED = 6
+};
+
+// A message of this user, with the other side's numbers.
 struct StoredMessage {
     int iId = 0; // 1 and up, in the order of arrival, never used again
     QDateTime time;
     OutgoingMessage message;
+    int iState = MESSAGE_SIMULATED;
+    QString strDetail; // why it was not sent, in a modem's words; of a received one, the network's time stamp
 };
 
 // A call that is over.
@@ -45,7 +58,18 @@ public:
 
     // As last read.
     const QList<StoredMessage>& Messages() const { return m_listMessages; }
-    bool Add(const OutgoingMessage& message);
+    bool Add(const OutgoingMessage& message) { return Add(message, MESSAGE_SIMULATED) != 0; }
+
+    // The same with what has become of it, and why; its identifier, 0 on failure.
+    int Add(const OutgoingMessage& message, MessageState enState, const QString& strDetail = QString(),
+            const QDateTime& time = QDateTime());
+    bool SetState(int iId, MessageState enState, const QString& strDetail = QString());
+
+    // The message with this identifier, with 0 for one if there is none.
+    StoredMessage Message(int iId) const;
+
+    // The identifier of a received message, 0 if it is not there.
+    int Received(const QString& strNumber, const QString& strText, const QString& strStamp) const;
 
     // False also where there is no such message, such as one that another program has removed.
     bool Remove(int iId);

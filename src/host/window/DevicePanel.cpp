@@ -6,8 +6,10 @@
 #include <QVBoxLayout>
 
 #include "device/DeviceWatcher.h"
+#include "device/Modem.h"
 #include "device/SimulatedHardware.h"
 #include "text/HostText.h"
+#include "window/HardwarePanel.h"
 
 namespace
 {
@@ -38,9 +40,10 @@ int indexOf(const T (&values)[N], const T& value)
 
 } // namespace
 
-DevicePanel::DevicePanel(DeviceWatcher& watcher, QWidget* pParent)
+DevicePanel::DevicePanel(DeviceWatcher& watcher, Modem* pModem, QWidget* pParent)
     : QFrame(pParent),
       m_watcher(watcher),
+      m_pHardware(new HardwarePanel(pModem, this)),
       m_pTitle(new QLabel(this)),
       m_pHint(new QLabel(this)),
       m_pDevice(new QCheckBox(this)),
@@ -70,17 +73,7 @@ DevicePanel::DevicePanel(DeviceWatcher& watcher, QWidget* pParent)
     m_pSpeedLabel->setBuddy(m_pSpeed);
     m_pCard->setChecked(true);
 
-    QVBoxLayout* pLayout = new QVBoxLayout(this);
-    pLayout->setContentsMargins(14, 12, 14, 12);
-    pLayout->setSpacing(8);
-    QWidget* const apWidgets[] = {m_pTitle,    m_pHint, m_pDevice,    m_pCard, m_pRadio,      m_pNetwork,
-                                  m_pPinLabel, m_pPin,  m_pModeLabel, m_pMode, m_pSpeedLabel, m_pSpeed};
-    for (QWidget* pWidget : apWidgets) {
-        pLayout->addWidget(pWidget);
-    }
-    pLayout->addStretch(1);
-    setFixedWidth(230);
-
+    place(pModem == nullptr || pModem->IsSimulated());
     connect(m_pDevice, SIGNAL(clicked(bool)), this, SLOT(OnDevice(bool)));
     connect(m_pCard, SIGNAL(clicked(bool)), this, SLOT(OnCard(bool)));
     connect(m_pRadio, SIGNAL(clicked(bool)), this, SLOT(OnRadio(bool)));
@@ -91,8 +84,25 @@ DevicePanel::DevicePanel(DeviceWatcher& watcher, QWidget* pParent)
     connect(&m_watcher, SIGNAL(changed()), this, SLOT(OnStateChanged()));
 }
 
+void DevicePanel::place(bool bSwitches)
+{
+    QVBoxLayout* pLayout = new QVBoxLayout(this);
+    pLayout->setContentsMargins(14, 12, 14, 12);
+    pLayout->setSpacing(8);
+    pLayout->addWidget(m_pHardware);
+    QWidget* const apWidgets[] = {m_pTitle,    m_pHint, m_pDevice,    m_pCard, m_pRadio,      m_pNetwork,
+                                  m_pPinLabel, m_pPin,  m_pModeLabel, m_pMode, m_pSpeedLabel, m_pSpeed};
+    for (QWidget* pWidget : apWidgets) {
+        pLayout->addWidget(pWidget);
+        pWidget->setVisible(bSwitches);
+    }
+    pLayout->addStretch(1);
+    setFixedWidth(230);
+}
+
 void DevicePanel::Retranslate()
 {
+    m_pHardware->Retranslate();
     m_pTitle->setText(HostText::Get("IDS_HOST_DEVICE_TITLE"));
     m_pHint->setText(HostText::Get("IDS_HOST_DEVICE_HINT"));
     m_pDevice->setText(HostText::Get("IDS_HOST_DEVICE_ATTACHED"));

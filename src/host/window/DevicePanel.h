@@ -4,18 +4,21 @@
 #include <QFrame>
 
 class DeviceWatcher;
+class HardwarePanel;
+class Modem;
 class QCheckBox;
 class QComboBox;
 class QLabel;
 
-// Switches of the simulated device: what a real one would do by itself. Each goes to the SDK, which tells everybody.
+// The choice of the hardware, and the switches of the simulated device: what a real one would do by itself. Each goes
+// to the SDK, which tells everybody. With real hardware there are none.
 class DevicePanel : public QFrame
 {
     Q_OBJECT
 
 public:
-    // The watcher outlives the panel.
-    DevicePanel(DeviceWatcher& watcher, QWidget* pParent);
+    // Watcher and modem outlive the panel. Without a modem it is as with the simulated one.
+    DevicePanel(DeviceWatcher& watcher, Modem* pModem, QWidget* pParent);
 
     void Retranslate();
 
@@ -32,7 +35,10 @@ private slots:
 private:
     void fill(QComboBox* pBox, const char* const* ppszIds, int iCount);
 
+    void place(bool bSwitches);
+
     DeviceWatcher& m_watcher;
+    HardwarePanel* m_pHardware;
     QLabel* m_pTitle;
     QLabel* m_pHint;
     QCheckBox* m_pDevice;

@@ -8,6 +8,8 @@
 #include <QVBoxLayout>
 
 #include "device/DeviceWatcher.h"
+#include "device/HardwareChoice.h"
+#include "device/Modem.h"
 #include "device/SimulatedHardware.h"
 #include "linkhand/plugin/Codes.h"
 #include "loader/PluginContainer.h"
@@ -44,15 +46,15 @@ QString titleOf(const QString& strPage)
 
 } // namespace
 
-MainWindow::MainWindow(PluginContainer& container, MessageStore& outbox, DeviceWatcher& watcher)
+MainWindow::MainWindow(PluginContainer& container, MessageStore& outbox, DeviceWatcher& watcher, Modem* pModem)
     : m_container(container),
       m_watcher(watcher),
       m_pNavBar(new NavBar(this)),
       m_pWelcome(new WelcomeNote(this)),
       m_pStack(new QStackedWidget(this)),
-      m_pDevicePanel(new DevicePanel(watcher, this)),
+      m_pDevicePanel(new DevicePanel(watcher, pModem, this)),
       m_pStatus(new StatusArea(this)),
-      m_pMessages(new MessagesPage(outbox, container, this)),
+      m_pMessages(new MessagesPage(outbox, container, pModem, this)),
       m_iCurrentPage(-1)
 {
     setObjectName(QLatin1String("linkhand_MainWindow"));
@@ -80,6 +82,8 @@ MainWindow::MainWindow(PluginContainer& container, MessageStore& outbox, DeviceW
     m_pMessages->hide();
     m_pDevicePanel->hide();
     m_pNavBar->SetDeviceAvailable(SimulatedHardware::Available());
+    const bool bReal = pModem != nullptr && !pModem->IsSimulated();
+    m_pStatus->SetHardware(bReal ? HardwareChoice::Current() : QString(QLatin1String("simulated")));
     connect(m_pNavBar, SIGNAL(pageChosen(int)), this, SLOT(OnPageChosen(int)));
     connect(m_pNavBar, SIGNAL(deviceToggled(bool)), this, SLOT(OnDeviceToggled(bool)));
     connect(m_pNavBar, SIGNAL(languageChosen(QString)), this, SIGNAL(languageChosen(QString)));

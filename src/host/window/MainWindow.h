@@ -14,6 +14,7 @@ class IPluginContainer;
 class MessagesPage;
 class NavBar;
 class MessageStore;
+class Modem;
 class PluginContainer;
 class PluginPage;
 class QStackedWidget;
@@ -26,8 +27,8 @@ class MainWindow : public QMainWindow
     Q_OBJECT
 
 public:
-    // All three outlive the window.
-    MainWindow(PluginContainer& container, MessageStore& outbox, DeviceWatcher& watcher);
+    // All outlive the window. Without a modem it is as with the simulated one.
+    MainWindow(PluginContainer& container, MessageStore& outbox, DeviceWatcher& watcher, Modem* pModem = nullptr);
 
     // Makes a page for the phonebook, one for each further plug-in with a window, and the messages page. Called once,
     // after the plug-ins have been loaded, whether they started or not.

@@ -10,6 +10,7 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
+#include "device/Modem.h"
 #include "linkhand/core/CommonUtils.h"
 #include "linkhand/plugin/Codes.h"
 #include "linkhand/plugin/IMMSUIPlugin.h"
@@ -22,7 +23,7 @@
 namespace
 {
 
-enum Column { COLUMN_KIND, COLUMN_TO, COLUMN_TEXT, COLUMN_TIME, COLUMN_COUNT };
+enum Column { COLUMN_KIND, COLUMN_TO, COLUMN_TEXT, COLUMN_TIME, COLUMN_STATE, COLUMN_COUNT };
 const int ROLE_ID = Qt::UserRole;
 const int REFRESH_MS = 1000;
 
@@ -47,14 +48,16 @@ QString escaped(QString strText)
 
 } // namespace
 
-MessagesPage::MessagesPage(MessageStore& outbox, IPluginContainer& container, QWidget* pParent)
+MessagesPage::MessagesPage(MessageStore& outbox, IPluginContainer& container, Modem* pModem, QWidget* pParent)
     : QWidget(pParent),
       m_outbox(outbox),
       m_container(container),
+      m_pModem(pModem),
       m_pTitle(new QLabel(this)),
       m_pHint(new QLabel(this)),
       m_pNewSms(new QPushButton(this)),
       m_pNewMms(new QPushButton(this)),
+      m_pSend(new QPushButton(this)),
       m_pDelete(new QPushButton(this)),
       m_pList(new QTreeWidget),
       m_pPreview(new QTextBrowser)
@@ -64,6 +67,7 @@ MessagesPage::MessagesPage(MessageStore& outbox, IPluginContainer& container, QW
     m_pHint->setObjectName(QLatin1String("linkhand_Messages_hint"));
     m_pNewSms->setObjectName(QLatin1String("linkhand_Messages_newSms"));
     m_pNewMms->setObjectName(QLatin1String("linkhand_Messages_newMms"));
+    m_pSend->setObjectName(QLatin1String("linkhand_Messages_send"));
     m_pDelete->setObjectName(QLatin1String("linkhand_Messages_delete"));
     m_pList->setObjectName(QLatin1String("linkhand_Messages_list"));
     m_pPreview->setObjectName(QLatin1String("linkhand_Messages_preview"));
@@ -78,7 +82,9 @@ MessagesPage::MessagesPage(MessageStore& outbox, IPluginContainer& container, QW
     pBar->addWidget(m_pTitle, 1);
     pBar->addWidget(m_pNewSms);
     pBar->addWidget(m_pNewMms);
+    pBar->addWidget(m_pSend);
     pBar->addWidget(m_pDelete);
+    m_pSend->setVisible(isReal());
     QSplitter* pSplitter = new QSplitter(Qt::Vertical);
     pSplitter->addWidget(m_pList);
     pSplitter->addWidget(m_pPreview);
@@ -96,7 +102,12 @@ MessagesPage::MessagesPage(MessageStore& outbox, IPluginContainer& container, QW
     connect(m_pList, SIGNAL(itemSelectionChanged()), this, SLOT(OnSelectionChanged()));
     connect(m_pNewSms, SIGNAL(clicked()), this, SLOT(OnNewSms()));
     connect(m_pNewMms, SIGNAL(clicked()), this, SLOT(OnNewMms()));
+    connect(m_pSend, SIGNAL(clicked()), this, SLOT(OnSend()));
     connect(m_pDelete, SIGNAL(clicked()), this, SLOT(OnDelete()));
+    if (isReal()) {
+        connect(m_pModem, SIGNAL(statusChanged()), this, SLOT(OnSelectionChanged()));
+        connect(m_pModem, SIGNAL(messageFinished(int)), this, SLOT(OnOutboxChanged()));
+    }
     m_pList->setItemDelegateForColumn(COLUMN_TO, new NumberDelegate(m_pList));
     m_pList->setColumnWidth(COLUMN_KIND, 70);
     m_pList->setColumnWidth(COLUMN_TO, 220);
@@ -105,16 +116,19 @@ MessagesPage::MessagesPage(MessageStore& outbox, IPluginContainer& container, QW
 
 void MessagesPage::Retranslate()
 {
-    m_pTitle->setText(HostText::Get("IDS_HOST_OUTBOX"));
-    m_pHint->setText(HostText::Get("IDS_HOST_OUTBOX_HINT"));
+    m_pTitle->setText(HostText::Get(isReal() ? "IDS_HOST_MESSAGES" : "IDS_HOST_OUTBOX"));
+    m_pHint->setText(HostText::Get(isReal() ? "IDS_HOST_MESSAGES_HINT" : "IDS_HOST_OUTBOX_HINT"));
+    m_pSend->setText(HostText::Get("IDS_HOST_SEND"));
     m_pNewSms->setText(HostText::Get("IDS_HOST_NEW_SMS"));
     m_pNewMms->setText(HostText::Get("IDS_HOST_NEW_MMS"));
     m_pDelete->setText(HostText::Get("IDS_HOST_DELETE"));
     QStringList lstHeaders;
-    lstHeaders << HostText::Get("IDS_HOST_COLUMN_KIND") << HostText::Get("IDS_HOST_COLUMN_TO")
-               << HostText::Get("IDS_HOST_COLUMN_TEXT") << HostText::Get("IDS_HOST_COLUMN_TIME");
+    lstHeaders << HostText::Get("IDS_HOST_COLUMN_KIND")
+               << HostText::Get(isReal() ? "IDS_HOST_COLUMN_PARTNER" : "IDS_HOST_COLUMN_TO")
+               << HostText::Get("IDS_HOST_COLUMN_TEXT") << HostText::Get("IDS_HOST_COLUMN_TIME")
+               << HostText::Get("IDS_HOST_COLUMN_STATE");
     m_pList->setHeaderLabels(lstHeaders);
-    m_pList->setAccessibleName(HostText::Get("IDS_HOST_OUTBOX"));
+    m_pList->setAccessibleName(m_pTitle->text());
     m_pPreview->setAccessibleName(HostText::Get("IDS_HOST_COLUMN_TEXT"));
     OnOutboxChanged();
 }
@@ -142,6 +156,7 @@ void MessagesPage::OnOutboxChanged()
 {
     const int iCurrent = currentId();
     m_pList->clear();
+    bool bStates = isReal();
     QTreeWidgetItem* pCurrent = nullptr;
     foreach (const StoredMessage& entry, m_outbox.Messages()) {
         QTreeWidgetItem* pItem = new QTreeWidgetItem;
@@ -149,12 +164,16 @@ void MessagesPage::OnOutboxChanged()
         pItem->setText(COLUMN_TO, entry.message.lstNumbers.join(QLatin1String("; ")));
         pItem->setText(COLUMN_TEXT, firstLine(entry.message));
         pItem->setText(COLUMN_TIME, QLocale().toString(entry.time, QLocale::ShortFormat));
+        pItem->setText(COLUMN_STATE, stateText(entry));
         pItem->setData(0, ROLE_ID, entry.iId);
+        bStates = bStates || entry.iState != MESSAGE_SIMULATED;
         m_pList->insertTopLevelItem(0, pItem); // the latest first
         if (entry.iId == iCurrent) {
             pCurrent = pItem;
         }
     }
+    // Where nothing was ever sent, the hint says it for all.
+    m_pList->setColumnHidden(COLUMN_STATE, !bStates);
     m_pList->setCurrentItem(pCurrent != nullptr ? pCurrent : m_pList->topLevelItem(0));
     OnSelectionChanged();
 }
@@ -162,20 +181,35 @@ void MessagesPage::OnOutboxChanged()
 void MessagesPage::OnSelectionChanged()
 {
     const int iId = currentId();
-    m_pDelete->setEnabled(iId != 0);
+    m_pDelete->setEnabled(iId != 0 && (m_pModem == nullptr || !m_pModem->IsSending(iId)));
+    m_pSend->setEnabled(false);
     m_pPreview->clear();
     foreach (const StoredMessage& entry, m_outbox.Messages()) {
         if (entry.iId == iId) {
+            m_pSend->setEnabled(canSend(entry));
+            const bool bReceived = entry.iState == MESSAGE_RECEIVED;
+            const QString strState =
+                isReal() || entry.iState != MESSAGE_SIMULATED
+                    ? QLatin1String("<p><i>") + escaped(stateText(entry)) + QLatin1String("</i></p>")
+                    : QString();
             const QString strSubject =
                 entry.message.strSubject.isEmpty()
                     ? QString()
                     : QLatin1String("<p><b>") + escaped(entry.message.strSubject) + QLatin1String("</b></p>");
-            m_pPreview->setHtml(QLatin1String("<p>") + kindText(entry.message) + QLatin1String(" &rarr; ") +
-                                escaped(entry.message.lstNumbers.join(QLatin1String("; "))) + QLatin1String("</p>") +
-                                strSubject + QLatin1String("<p>") + escaped(entry.message.strText) +
-                                QLatin1String("</p>"));
+            m_pPreview->setHtml(
+                QLatin1String("<p>") + kindText(entry.message) + QLatin1String(bReceived ? " &larr; " : " &rarr; ") +
+                escaped(entry.message.lstNumbers.join(QLatin1String("; "))) + QLatin1String("</p>") + strState +
+                strSubject + QLatin1String("<p>") + escaped(entry.message.strText) + QLatin1String("</p>"));
         }
     }
+}
+
+void MessagesPage::OnSend()
+{
+    if (m_pModem == nullptr || !m_pModem->SendAgain(currentId())) {
+        report("IDS_HOST_SEND_FAILED");
+    }
+    OnOutboxChanged();
 }
 
 void MessagesPage::OnNewSms()
@@ -198,16 +232,15 @@ void MessagesPage::OnNewMms()
 
 void MessagesPage::OnDelete()
 {
-    const int iAnswer = CommonUtils::ShowMessage(QMessageBox::Question, window(), HostText::Get("IDS_HOST_OUTBOX"),
+    const int iAnswer = CommonUtils::ShowMessage(QMessageBox::Question, window(), m_pTitle->text(),
                                                  HostText::Get("IDS_HOST_DELETE_QUESTION"), QLatin1String("IDS_OK"),
                                                  QLatin1String("IDS_CANCEL"), QString(), false,
                                                  Qt::WindowCloseButtonHint, nullptr, QString(), true);
     const int iId = currentId();
     // Another program may have been quicker.
-    if (iAnswer == QMessageBox::Ok && !m_outbox.Remove(iId) && isThere(iId)) {
-        CommonUtils::ShowMessage(QMessageBox::Critical, window(), HostText::Get("IDS_HOST_OUTBOX"),
-                                 HostText::Get("IDS_HOST_OUTBOX_FAILED"), QLatin1String("IDS_OK"), QString(), QString(),
-                                 true, Qt::WindowCloseButtonHint, nullptr, QString(), true);
+    if (iAnswer == QMessageBox::Ok && !(m_pModem != nullptr ? m_pModem->Remove(iId) : m_outbox.Remove(iId)) &&
+        isThere(iId)) {
+        report("IDS_HOST_OUTBOX_FAILED");
     }
 }
 
@@ -219,6 +252,38 @@ bool MessagesPage::isThere(int iId) const
         }
     }
     return false;
+}
+
+bool MessagesPage::isReal() const
+{
+    return m_pModem != nullptr && !m_pModem->IsSimulated();
+}
+
+// What may have left is not sent twice by a press of the wrong button: it is written anew.
+bool MessagesPage::canSend(const StoredMessage& stored) const
+{
+    return isReal() && stored.message.iKind == HOST_MESSAGE_SMS && !m_pModem->IsSending(stored.iId) &&
+           (stored.iState == MESSAGE_DRAFT || stored.iState == MESSAGE_FAILED) && m_pModem->Status().bRegistered;
+}
+
+QString MessagesPage::stateText(const StoredMessage& stored) const
+{
+    static const char* const s_apszIds[] = {
+        "IDS_HOST_STATE_SIMULATED", "IDS_HOST_STATE_DRAFT",  "IDS_HOST_STATE_UNCERTAIN", "IDS_HOST_STATE_SENT",
+        "IDS_HOST_STATE_FAILED",    "IDS_HOST_STATE_PARTLY", "IDS_HOST_STATE_RECEIVED"};
+    if (m_pModem != nullptr && m_pModem->IsSending(stored.iId)) {
+        return HostText::Get("IDS_HOST_STATE_SENDING");
+    }
+    return stored.iState >= MESSAGE_SIMULATED && stored.iState <= MESSAGE_RECEIVED
+               ? HostText::Get(s_apszIds[stored.iState])
+               : QString();
+}
+
+void MessagesPage::report(const char* pszId)
+{
+    CommonUtils::ShowMessage(QMessageBox::Critical, window(), m_pTitle->text(), HostText::Get(pszId),
+                             QLatin1String("IDS_OK"), QString(), QString(), true, Qt::WindowCloseButtonHint, nullptr,
+                             QString(), true);
 }
 
 int MessagesPage::currentId() const

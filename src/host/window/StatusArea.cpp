@@ -36,8 +36,10 @@ QLabel* newChip(const char* pszName, QWidget* pParent)
 StatusArea::StatusArea(QWidget* pParent)
     : QFrame(pParent),
       m_pNotice(new QToolButton(this)),
+      m_pHardware(newChip("linkhand_StatusArea_hardware", this)),
       m_pDevice(newChip("linkhand_StatusArea_device", this)),
       m_pCard(newChip("linkhand_StatusArea_card", this)),
+      m_pUnlock(new QToolButton(this)),
       m_pNetwork(newChip("linkhand_StatusArea_network", this)),
       m_pProblems(new QToolButton(this))
 {
@@ -51,6 +53,9 @@ StatusArea::StatusArea(QWidget* pParent)
     m_pProblems->setAutoRaise(true);
     m_pProblems->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     m_pProblems->hide();
+    m_pUnlock->setObjectName(QLatin1String("linkhand_StatusArea_unlock"));
+    m_pUnlock->setToolButtonStyle(Qt::ToolButtonTextOnly);
+    m_pUnlock->hide();
 
     QHBoxLayout* pLayout = new QHBoxLayout(this);
     pLayout->setContentsMargins(10, 3, 12, 3);
@@ -58,11 +63,14 @@ StatusArea::StatusArea(QWidget* pParent)
     pLayout->addWidget(m_pNotice);
     pLayout->addStretch(1);
     pLayout->addWidget(m_pProblems);
+    pLayout->addWidget(m_pHardware);
     pLayout->addWidget(m_pDevice);
     pLayout->addWidget(m_pCard);
+    pLayout->addWidget(m_pUnlock);
     pLayout->addWidget(m_pNetwork);
     connect(m_pNotice, SIGNAL(clicked()), this, SLOT(OnHistory()));
     connect(m_pProblems, SIGNAL(clicked()), this, SLOT(OnProblems()));
+    connect(m_pUnlock, SIGNAL(clicked()), this, SIGNAL(unlockRequested()));
 }
 
 void StatusArea::ShowNotice(const QString& strText)
@@ -85,13 +93,64 @@ void StatusArea::ForgetNotices()
 void StatusArea::SetState(const DeviceState& state)
 {
     m_state = state;
-    m_pDevice->setText(HostText::Get(state.bAttached ? "IDS_HOST_STATUS_DEVICE" : "IDS_HOST_STATUS_NO_DEVICE"));
-    m_pCard->setText(HostText::Get(state.bCardReady        ? "IDS_HOST_STATUS_CARD"
-                                   : state.iPinStatus != 0 ? "IDS_HOST_STATUS_CARD_LOCKED"
-                                                           : "IDS_HOST_STATUS_NO_CARD"));
-    m_pNetwork->setText(HostText::Get(state.Online() ? "IDS_HOST_STATUS_ONLINE" : "IDS_HOST_STATUS_OFFLINE"));
-    m_pCard->setVisible(state.bAttached);
-    m_pNetwork->setVisible(state.bAttached);
+    const bool bAttached = state.bAttached || m_modem.bPresent;
+    m_pDevice->setText(HostText::Get(bAttached ? "IDS_HOST_STATUS_DEVICE" : "IDS_HOST_STATUS_NO_DEVICE"));
+    m_pCard->setText(HostText::Get(m_modem.enLock == ModemStatus::LOCK_PUK    ? "IDS_HOST_STATUS_CARD_BLOCKED"
+                                   : m_modem.enLock != ModemStatus::LOCK_NONE ? "IDS_HOST_STATUS_CARD_LOCKED"
+                                   : state.bCardReady                         ? "IDS_HOST_STATUS_CARD"
+                                   : state.iPinStatus != 0                    ? "IDS_HOST_STATUS_CARD_LOCKED"
+                                                                              : "IDS_HOST_STATUS_NO_CARD"));
+    m_pNetwork->setText(networkText());
+    // Behind a modem of which only ModemManager knows, nothing tells of the card but its lock.
+    m_pCard->setVisible(state.bAttached || m_modem.enLock != ModemStatus::LOCK_NONE);
+    m_pNetwork->setVisible(bAttached);
+    m_pUnlock->setVisible(m_modem.enLock == ModemStatus::LOCK_PIN);
+    m_pHardware->setText(isReal() ? hardwareText() : HostText::Get("IDS_HOST_STATUS_SIMULATED"));
+    m_pHardware->setToolTip(isReal() ? m_modem.strName : QString());
+}
+
+void StatusArea::SetHardware(const QString& strChoice)
+{
+    m_strHardware = strChoice;
+    SetState(m_state);
+}
+
+void StatusArea::SetModem(const ModemStatus& status)
+{
+    m_modem = status;
+    SetState(m_state);
+}
+
+bool StatusArea::isReal() const
+{
+    return !m_strHardware.isEmpty() && m_strHardware != QLatin1String("simulated");
+}
+
+// Which it is, and what is in the way of its messages and calls.
+QString StatusArea::hardwareText() const
+{
+    const QString strChoice =
+        m_strHardware == QLatin1String("auto") ? HostText::Get("IDS_HOST_HARDWARE_AUTO") : m_strHardware;
+    const char* const pszState = !m_modem.bBus || !m_modem.bService       ? "IDS_HOST_STATUS_NO_MANAGER"
+                                 : !m_modem.bPresent                      ? "IDS_HOST_STATUS_NO_MODEM"
+                                 : !m_modem.bUsable                       ? "IDS_HOST_STATUS_MODEM_FAILED"
+                                 : !m_modem.bMessages && m_modem.bEnabled ? "IDS_HOST_STATUS_NO_MESSAGES"
+                                                                          : nullptr;
+    return pszState == nullptr ? strChoice : strChoice + QLatin1String(": ") + HostText::Get(pszState);
+}
+
+QString StatusArea::networkText() const
+{
+    if (!isReal() || !m_modem.bPresent) {
+        return HostText::Get(m_state.Online() ? "IDS_HOST_STATUS_ONLINE" : "IDS_HOST_STATUS_OFFLINE");
+    }
+    if (!m_modem.bRegistered) {
+        return HostText::Get(m_modem.bEnabled || m_modem.enLock != ModemStatus::LOCK_NONE ? "IDS_HOST_STATUS_OFFLINE"
+                                                                                          : "IDS_HOST_STATUS_OFF");
+    }
+    const QString strOperator =
+        m_modem.strOperator.isEmpty() ? HostText::Get("IDS_HOST_STATUS_ONLINE") : m_modem.strOperator;
+    return m_modem.iSignal < 0 ? strOperator : QString::fromLatin1("%1, %2 %").arg(strOperator).arg(m_modem.iSignal);
 }
 
 void StatusArea::SetProblems(const ProblemList& problems)
@@ -110,6 +169,7 @@ void StatusArea::Retranslate()
 {
     SetState(m_state);
     SetProblems(m_problems);
+    m_pUnlock->setText(HostText::Get("IDS_HOST_STATUS_UNLOCK"));
     m_pNotice->setToolTip(HostText::Get("IDS_HOST_NOTICES_TIP"));
     m_pNotice->setAccessibleName(HostText::Get("IDS_HOST_NOTICES_TIP"));
 }

@@ -5,13 +5,14 @@
 #include <QStringList>
 
 #include "device/DeviceState.h"
+#include "device/ModemStatus.h"
 #include "text/Problem.h"
 
 class QLabel;
 class QToolButton;
 
-// The line at the foot of the window: the last notice, with the past ones behind it; device, card and network; and
-// what did not work.
+// The line at the foot of the window: the last notice, with the past ones behind it; which hardware it is; device, card
+// and network; and what did not work.
 class StatusArea : public QFrame
 {
     Q_OBJECT
@@ -27,20 +28,36 @@ public:
     void ForgetNotices();
 
     void SetState(const DeviceState& state);
+
+    // The hardware as HardwareChoice has it; a real one's modem.
+    void SetHardware(const QString& strChoice);
+    void SetModem(const ModemStatus& status);
     void SetProblems(const ProblemList& problems);
     void Retranslate();
+
+signals:
+    // The user wants to give the card its PIN.
+    void unlockRequested();
 
 private slots:
     void OnHistory();
     void OnProblems();
 
 private:
+    bool isReal() const;
+    QString hardwareText() const;
+    QString networkText() const;
+
     QStringList m_lstNotices; // the latest first
     ProblemList m_problems;
     DeviceState m_state;
+    QString m_strHardware;
+    ModemStatus m_modem;
     QToolButton* m_pNotice;
+    QLabel* m_pHardware;
     QLabel* m_pDevice;
     QLabel* m_pCard;
+    QToolButton* m_pUnlock;
     QLabel* m_pNetwork;
     QToolButton* m_pProblems;
 };

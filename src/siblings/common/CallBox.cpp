@@ -14,12 +14,15 @@ CallBox::CallBox(const QString& strPlugin, QWidget* pParent)
       m_pNumber(new QLabel(this)),
       m_pState(new QLabel(this)),
       m_pDuration(new QLabel(this)),
-      m_pHangUp(new QPushButton(this))
+      m_pAnswer(new QPushButton(this)),
+      m_pHangUp(new QPushButton(this)),
+      m_iProgress(-1)
 {
     setObjectName(m_strPlugin + QLatin1String("_callBox"));
     m_pNumber->setObjectName(m_strPlugin + QLatin1String("_labelNumber"));
     m_pState->setObjectName(m_strPlugin + QLatin1String("_labelState"));
     m_pDuration->setObjectName(m_strPlugin + QLatin1String("_labelDuration"));
+    m_pAnswer->setObjectName(m_strPlugin + QLatin1String("_buttonAnswer"));
     m_pHangUp->setObjectName(m_strPlugin + QLatin1String("_buttonHangUp"));
     setFrameShape(QFrame::StyledPanel);
     QFont font = m_pNumber->font();
@@ -39,7 +42,10 @@ CallBox::CallBox(const QString& strPlugin, QWidget* pParent)
     pLayout->setSpacing(16);
     pLayout->addLayout(pTexts, 1);
     pLayout->addWidget(m_pDuration);
+    pLayout->addWidget(m_pAnswer);
     pLayout->addWidget(m_pHangUp);
+    m_pAnswer->hide();
+    connect(m_pAnswer, SIGNAL(clicked()), this, SLOT(OnAnswer()));
     connect(&m_timer, SIGNAL(timeout()), this, SLOT(OnTick()));
     connect(m_pHangUp, SIGNAL(clicked()), this, SLOT(OnHangUp()));
     Retranslate();
@@ -47,10 +53,49 @@ CallBox::CallBox(const QString& strPlugin, QWidget* pParent)
 
 void CallBox::Start(const QString& strNumber)
 {
-    m_pNumber->setText(strNumber);
+    HostLink* pLink = HostLink::Instance();
+    const QString strName = pLink == nullptr ? QString() : pLink->ContactName(strNumber);
+    m_pNumber->setText(strName.isEmpty() ? strNumber : strName + QLatin1String("  ") + strNumber);
+    m_iProgress = pLink == nullptr || pLink->IsSimulated() ? -1 : int(HOST_CALL_DIALLING);
     m_elapsed.start();
-    m_timer.start(1000);
+    if (m_iProgress < 0) {
+        m_timer.start(1000);
+    } else {
+        m_timer.stop();
+    }
+    m_pAnswer->hide();
+    Retranslate();
     OnTick();
+}
+
+void CallBox::SetProgress(int iProgress)
+{
+    if (iProgress == HOST_CALL_ACTIVE && m_iProgress != HOST_CALL_HELD) {
+        m_elapsed.start();
+        m_timer.start(1000);
+    }
+    m_iProgress = iProgress;
+    m_pAnswer->setVisible(iProgress == HOST_CALL_INCOMING);
+    Retranslate();
+    OnTick();
+}
+
+QString CallBox::ProgressText(int iProgress, const QString& strPlugin)
+{
+    const char* const pszId = iProgress == HOST_CALL_DIALLING         ? "IDS_CALL_DIALLING"
+                              : iProgress == HOST_CALL_RINGING        ? "IDS_CALL_RINGING"
+                              : iProgress == HOST_CALL_INCOMING       ? "IDS_CALL_INCOMING"
+                              : iProgress == HOST_CALL_ACTIVE         ? "IDS_CALL_ACTIVE"
+                              : iProgress == HOST_CALL_HELD           ? "IDS_CALL_HELD"
+                              : iProgress == HOST_CALL_ENDED_BY_OTHER ? "IDS_CALL_ENDED_BY_OTHER"
+                              : iProgress == HOST_CALL_REFUSED        ? "IDS_CALL_REFUSED"
+                              : iProgress == HOST_CALL_NOT_ANSWERED   ? "IDS_CALL_NOT_ANSWERED"
+                              : iProgress == HOST_CALL_NOT_CONNECTED  ? "IDS_CALL_NOT_CONNECTED"
+                              : iProgress == HOST_CALL_FAILED         ? "IDS_CALL_BROKEN"
+                              : iProgress == HOST_CALL_MISSED         ? "IDS_CALL_MISSED"
+                              : iProgress == HOST_CALL_LOST           ? "IDS_CALL_LOST"
+                                                                      : "IDS_CALL_ENDED";
+    return Change::tr(QLatin1String(pszId), strPlugin);
 }
 
 void CallBox::Stop()
@@ -60,7 +105,9 @@ void CallBox::Stop()
 
 void CallBox::Retranslate()
 {
-    m_pState->setText(Change::tr(QLatin1String("IDS_CALL_STATE"), m_strPlugin));
+    m_pState->setText(m_iProgress < 0 ? Change::tr(QLatin1String("IDS_CALL_STATE"), m_strPlugin)
+                                      : ProgressText(m_iProgress, m_strPlugin));
+    m_pAnswer->setText(m_iProgress < 0 ? QString() : Change::tr(QLatin1String("IDS_ANSWER"), m_strPlugin));
     m_pHangUp->setText(Change::tr(QLatin1String("IDS_HANG_UP"), m_strPlugin));
 }
 
@@ -72,6 +119,14 @@ QString CallBox::DurationText(int iSeconds)
 void CallBox::OnTick()
 {
     m_pDuration->setText(DurationText(Seconds()));
+}
+
+void CallBox::OnAnswer()
+{
+    HostLink* pLink = HostLink::Instance();
+    if (pLink != nullptr) {
+        pLink->Answer();
+    }
 }
 
 void CallBox::OnHangUp()

@@ -11,9 +11,9 @@
 
 #include "common/Phonebook.h"
 #include "common/Recipients.h"
-#include "common/SmsLength.h"
 #include "linkhand/core/Change.h"
 #include "linkhand/core/CommonUtils.h"
+#include "shared/SmsLength.h"
 
 MessageEditor::MessageEditor(const QString& strPlugin, HostMessageKind enKind, QWidget* pParent)
     : QWidget(pParent),
@@ -41,6 +41,7 @@ MessageEditor::MessageEditor(const QString& strPlugin, HostMessageKind enKind, Q
     name(m_pClose, "buttonClose");
     m_pToLabel->setBuddy(m_pTo);
     m_pSubjectLabel->setBuddy(m_pSubject);
+    m_pLength->setWordWrap(true);
     m_pText->setTabChangesFocus(true);
     // Return belongs to the text.
     m_pAdd->setAutoDefault(false);
@@ -81,8 +82,9 @@ void MessageEditor::Retranslate()
     m_pSave->setText(text("IDS_SAVE_NUMBER"));
     m_pSubjectLabel->setText(text("IDS_SUBJECT"));
     m_pText->setAccessibleName(text("IDS_TEXT"));
-    m_pSend->setText(text("IDS_SEND"));
-    m_pSend->setToolTip(text("IDS_SEND_TIP"));
+    const bool bKeptOnly = isReal() && m_enKind == HOST_MESSAGE_MMS;
+    m_pSend->setText(text(bKeptOnly ? "IDS_KEEP_DRAFT" : "IDS_SEND"));
+    m_pSend->setToolTip(text(isReal() ? "IDS_SEND_TIP_REAL" : "IDS_SEND_TIP"));
     m_pClose->setText(text("IDS_CLOSE"));
     OnEdited();
 }
@@ -114,7 +116,7 @@ void MessageEditor::OnEdited()
     } else if (m_enKind == HOST_MESSAGE_SMS) {
         m_pLength->setText(text("IDS_LENGTH").arg(length.iUnits).arg(length.iMessages));
     } else {
-        m_pLength->clear();
+        m_pLength->setText(isReal() ? text("IDS_NO_ROAD") : QString());
     }
 }
 
@@ -153,8 +155,17 @@ void MessageEditor::OnSend()
         report("IDS_SEND_FAILED");
         return;
     }
-    pLink->ShowStatus(text("IDS_IN_OUTBOX").arg(lstNumbers.size()));
+    // What becomes of it with a real modem, the host tells.
+    if (pLink->IsSimulated()) {
+        pLink->ShowStatus(text("IDS_IN_OUTBOX").arg(lstNumbers.size()));
+    }
     emit sent();
+}
+
+bool MessageEditor::isReal() const
+{
+    HostLink* pLink = HostLink::Instance();
+    return pLink != nullptr && !pLink->IsSimulated();
 }
 
 QString MessageEditor::text(const char* pszId) const

@@ -44,6 +44,7 @@ private slots:
     void OnSend();
 
 private:
+    bool isReal() const;
     QString text(const char* pszId) const;
     void name(QWidget* pWidget, const char* pszRole);
     void makeLayout();

@@ -40,6 +40,7 @@ CallPage::CallPage(const QString& strPlugin)
       m_pVideoCall(new QPushButton(this)),
       m_pBox(new CallBox(strPlugin, this)),
       m_bInCall(false),
+      m_iEnd(-1),
       m_pCalls(new QTreeWidget(this))
 {
     setObjectName(m_strPlugin + QLatin1String("_MainWidget"));
@@ -84,6 +85,7 @@ void CallPage::Start(const QString& strNumber, int iType)
     m_pCalls->insertTopLevelItem(0, pItem); // the latest first
     // A video call has its own window, but one call at a time counts for both.
     m_bInCall = true;
+    m_iEnd = -1;
     m_pBox->Start(strNumber);
     m_pBox->setVisible(iType == HOST_CALL_VOICE);
     OnEdited();
@@ -92,7 +94,11 @@ void CallPage::Start(const QString& strNumber, int iType)
 void CallPage::Stop()
 {
     if (m_pCalls->topLevelItem(0) != nullptr) {
-        m_pCalls->topLevelItem(0)->setText(COLUMN_DURATION, CallBox::DurationText(m_pBox->Seconds()));
+        const QString strDuration = CallBox::DurationText(m_pBox->Seconds());
+        // One that never was active says why instead.
+        m_pCalls->topLevelItem(0)->setText(COLUMN_DURATION, m_iEnd < 0 || m_pBox->Seconds() > 0
+                                                                ? strDuration
+                                                                : CallBox::ProgressText(m_iEnd, m_strPlugin));
     }
     m_bInCall = false;
     m_pBox->Stop();
@@ -100,10 +106,20 @@ void CallPage::Stop()
     OnEdited();
 }
 
+void CallPage::SetProgress(int iProgress)
+{
+    if (iProgress < HOST_CALL_ENDED) {
+        m_pBox->SetProgress(iProgress);
+    } else {
+        m_iEnd = iProgress;
+    }
+}
+
 void CallPage::Retranslate()
 {
     m_pTitle->setText(text("IDS_TITLE"));
-    m_pHint->setText(text("IDS_HINT"));
+    HostLink* pLink = HostLink::Instance();
+    m_pHint->setText(text(pLink == nullptr || pLink->IsSimulated() ? "IDS_HINT" : "IDS_HINT_REAL"));
     m_pNumber->setAccessibleName(text("IDS_COLUMN_NUMBER"));
     m_pCalls->setAccessibleName(text("IDS_TITLE"));
     m_pCall->setText(text("IDS_CALL"));
@@ -121,7 +137,9 @@ void CallPage::Retranslate()
 void CallPage::Enter()
 {
     IPluginContainer* pContainer = Startup::GetPluginContainer();
-    m_pVideoCall->setVisible(pContainer != nullptr &&
+    HostLink* pLink = HostLink::Instance();
+    // A real modem has no road for pictures.
+    m_pVideoCall->setVisible((pLink == nullptr || pLink->IsSimulated()) && pContainer != nullptr &&
                              pContainer->GetPlugin(QLatin1String(LINKHAND_VIDEOCALL_ID), 0) != nullptr);
     OnEdited();
 }

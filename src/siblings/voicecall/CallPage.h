@@ -9,7 +9,7 @@ class QLineEdit;
 class QPushButton;
 class QTreeWidget;
 
-// Dials, shows the call in progress and lists the calls of this run.
+// Dials, shows the call in progress, of whatever direction, and lists the calls of this run.
 class CallPage : public QWidget
 {
     Q_OBJECT
@@ -19,6 +19,9 @@ public:
 
     void Start(const QString& strNumber, int iType);
     void Stop();
+
+    // How far a real call is, a HostCallProgress.
+    void SetProgress(int iProgress);
     void Retranslate();
 
     // Reads anew whether there is a video call plug-in.
@@ -41,6 +44,7 @@ private:
     QPushButton* m_pVideoCall;
     CallBox* m_pBox;
     bool m_bInCall; // of either type
+    int m_iEnd;     // how the call ended, a HostCallProgress; -1: a simulated one
     QTreeWidget* m_pCalls;
 };
 

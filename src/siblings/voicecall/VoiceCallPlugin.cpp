@@ -21,6 +21,7 @@ bool VoiceCallPlugin::Init()
     HostLink* pLink = HostLink::Instance();
     if (pLink != nullptr) {
         connect(pLink->CallEvents(), SIGNAL(callStarted(QString, int)), this, SLOT(OnCallStarted(QString, int)));
+        connect(pLink->CallEvents(), SIGNAL(callProgress(int)), this, SLOT(OnCallProgress(int)));
         connect(pLink->CallEvents(), SIGNAL(callEnded(QString, int)), this, SLOT(OnCallEnded()));
     }
     return true;
@@ -71,6 +72,13 @@ void VoiceCallPlugin::OnCallStarted(const QString& strNumber, int iType)
         if (iType == HOST_CALL_VOICE) {
             HostLink::Instance()->ShowPage(GetPluginName());
         }
+    }
+}
+
+void VoiceCallPlugin::OnCallProgress(int iProgress)
+{
+    if (m_pPage) {
+        m_pPage->SetProgress(iProgress);
     }
 }
 

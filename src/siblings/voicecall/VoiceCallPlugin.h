@@ -34,6 +34,7 @@ protected:
 
 private slots:
     void OnCallStarted(const QString& strNumber, int iType);
+    void OnCallProgress(int iProgress);
     void OnCallEnded();
 
 private:

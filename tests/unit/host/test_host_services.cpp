@@ -20,7 +20,9 @@ public:
         m_lstCalls << QStringLiteral("%1 %2").arg(strNumber).arg(iType);
         return m_bAnswer;
     }
+    bool IsSimulated() const override { return true; }
     void HangUp() override {}
+    bool Remove(int) override { return false; }
     bool Send(const OutgoingMessage&) override { return false; }
 
     QStringList m_lstCalls;

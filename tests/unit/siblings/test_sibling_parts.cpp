@@ -2,7 +2,7 @@
 
 #include "common/CallBox.h"
 #include "common/Recipients.h"
-#include "common/SmsLength.h"
+#include "shared/SmsLength.h"
 
 class TestSiblingParts : public QObject
 {

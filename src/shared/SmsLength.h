@@ -1,12 +1,23 @@
-#include "common/SmsLength.h"
+#ifndef LINKHAND_SHARED_SMSLENGTH_H
+#define LINKHAND_SHARED_SMSLENGTH_H
 
 #include <QList>
+#include <QString>
 
-namespace
+// The size of a text as short messages (3GPP TS 23.038, TS 23.040).
+struct SmsLength {
+    int iUnits;    // septets of the default alphabet, or UTF-16 units
+    int iMessages; // 1 for an empty text; a longer one carries a header in each part
+    bool bUnicode; // the default alphabet lacks a character
+
+    static SmsLength Of(const QString& strText);
+};
+
+namespace SmsUnits
 {
 
 // The GSM 7-bit default alphabet without its escape, and the extension characters, which take two septets.
-const QString& defaultAlphabet()
+inline const QString& defaultAlphabet()
 {
     static const QString strAlphabet = QString::fromUtf8(
         "@£$¥èéùìòÇ\nØø\rÅåΔ_ΦΓΛΩΠΨΣΘΞÆæßÉ !\"#¤%&'()*+,-./0123456789:;<=>?¡ABCDEFGHIJKLMNOPQRSTUVWXYZÄÖÑÜ§¿"
@@ -14,7 +25,7 @@ const QString& defaultAlphabet()
     return strAlphabet;
 }
 
-const QString& extensions()
+inline const QString& extensions()
 {
     static const QString strExtensions = QString::fromUtf8("^{}\\[~]|€");
     return strExtensions;
@@ -26,7 +37,7 @@ const int SINGLE_UNITS = 70;
 const int PART_UNITS = 67;
 
 // The units of each character: septets, or UTF-16 units where the default alphabet lacks one of them.
-QList<int> widths(const QString& strText, bool& bUnicode)
+inline QList<int> widths(const QString& strText, bool& bUnicode)
 {
     QList<int> listWidths;
     bUnicode = false;
@@ -47,14 +58,14 @@ QList<int> widths(const QString& strText, bool& bUnicode)
     return listWidths;
 }
 
-} // namespace
+} // namespace SmsUnits
 
-SmsLength SmsLength::Of(const QString& strText)
+inline SmsLength SmsLength::Of(const QString& strText)
 {
     SmsLength length = {0, 1, false};
-    const QList<int> listWidths = widths(strText, length.bUnicode);
-    const int iSingle = length.bUnicode ? SINGLE_UNITS : SINGLE_SEPTETS;
-    const int iPart = length.bUnicode ? PART_UNITS : PART_SEPTETS;
+    const QList<int> listWidths = SmsUnits::widths(strText, length.bUnicode);
+    const int iSingle = length.bUnicode ? SmsUnits::SINGLE_UNITS : SmsUnits::SINGLE_SEPTETS;
+    const int iPart = length.bUnicode ? SmsUnits::PART_UNITS : SmsUnits::PART_SEPTETS;
     int iParts = 1;
     int iUsed = 0; // of the last part
     foreach (const int iWidth, listWidths) {
@@ -71,3 +82,5 @@ SmsLength SmsLength::Of(const QString& strText)
     }
     return length;
 }
+
+#endif // LINKHAND_SHARED_SMSLENGTH_H

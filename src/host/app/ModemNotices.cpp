@@ -1,0 +1,128 @@
+#include "app/ModemNotices.h"
+
+#include <QApplication>
+
+#include "device/ContactNames.h"
+#include "device/Modem.h"
+#include "messages/MessageStore.h"
+#include "shared/HostLink.h"
+#include "text/HostText.h"
+#include "window/MainWindow.h"
+#include "window/PinForm.h"
+#include "window/StatusArea.h"
+
+ModemNotices::ModemNotices(Modem& modem, MessageStore& store, MainWindow& window)
+    : m_modem(modem), m_store(store), m_window(window), m_bLocked(false)
+{
+    connect(&m_modem, SIGNAL(statusChanged()), this, SLOT(OnStatusChanged()));
+    connect(&m_modem, SIGNAL(messageFinished(int)), this, SLOT(OnMessageFinished(int)));
+    connect(&m_modem, SIGNAL(messageReceived(QString, QString)), this, SLOT(OnMessageReceived(QString, QString)));
+    connect(&m_modem, SIGNAL(incomingCall(QString)), this, SLOT(OnIncomingCall(QString)));
+    connect(&m_modem, SIGNAL(callFailed(int, QString)), this, SLOT(OnCallFailed(int, QString)));
+    connect(&m_modem, SIGNAL(removeFailed(QString)), this, SLOT(OnRemoveFailed(QString)));
+    connect(&m_modem, SIGNAL(enableFailed(QString)), this, SLOT(OnEnableFailed(QString)));
+    connect(&m_modem, SIGNAL(messageStoreFull()), this, SLOT(OnStoreFull()));
+    connect(&m_window.Status(), SIGNAL(unlockRequested()), this, SLOT(ShowPinForm()));
+    OnStatusChanged();
+}
+
+void ModemNotices::ShowPinForm()
+{
+    if (m_modem.Status().enLock != ModemStatus::LOCK_PIN) {
+        return;
+    }
+    if (!m_pForm) {
+        m_pForm = new PinForm(m_modem, &m_window);
+        m_pForm->setAttribute(Qt::WA_DeleteOnClose);
+    }
+    m_pForm->show();
+    m_pForm->raise();
+    m_pForm->activateWindow();
+}
+
+// The form comes by itself once for each card that asks.
+void ModemNotices::OnStatusChanged()
+{
+    const ModemStatus status = m_modem.Status();
+    m_window.Status().SetModem(status);
+    const bool bLocked = status.enLock == ModemStatus::LOCK_PIN;
+    if (bLocked && !m_bLocked && m_window.isVisible()) {
+        ShowPinForm();
+    }
+    m_bLocked = bLocked;
+}
+
+void ModemNotices::OnMessageFinished(int iId)
+{
+    const StoredMessage stored = m_store.Message(iId);
+    const QString strWho = ContactNames::WithNumber(stored.message.lstNumbers.value(0));
+    switch (stored.iState) {
+    case MESSAGE_SENT:
+        show(HostText::Get("IDS_HOST_SMS_SENT").arg(strWho));
+        break;
+    case MESSAGE_DRAFT:
+        show(HostText::Get(stored.message.iKind == HOST_MESSAGE_MMS ? "IDS_HOST_MMS_KEPT" : "IDS_HOST_SMS_KEPT")
+                 .arg(strWho));
+        break;
+    case MESSAGE_FAILED:
+        show(HostText::Get("IDS_HOST_SMS_FAILED").arg(strWho), stored.strDetail);
+        break;
+    case MESSAGE_PARTLY:
+        show(HostText::Get("IDS_HOST_SMS_PARTLY").arg(strWho), stored.strDetail);
+        break;
+    case MESSAGE_UNCERTAIN:
+        show(HostText::Get("IDS_HOST_SMS_UNCERTAIN").arg(strWho), stored.strDetail);
+        break;
+    default:
+        break;
+    }
+}
+
+void ModemNotices::OnMessageReceived(const QString& strNumber, const QString& strText)
+{
+    // Neither part may hold a place for the other.
+    const QString strLine = strText.section(QLatin1Char('\n'), 0, 0);
+    show(HostText::Get("IDS_HOST_SMS_RECEIVED").arg(ContactNames::WithNumber(strNumber), strLine));
+    call();
+}
+
+void ModemNotices::OnIncomingCall(const QString& strNumber)
+{
+    show(
+        HostText::Get("IDS_HOST_CALL_INCOMING")
+            .arg(strNumber.isEmpty() ? HostText::Get("IDS_HOST_UNKNOWN_NUMBER") : ContactNames::WithNumber(strNumber)));
+    call();
+}
+
+void ModemNotices::OnCallFailed(int iProgress, const QString& strDetail)
+{
+    show(HostText::Get(iProgress == HOST_CALL_NOT_CONNECTED ? "IDS_HOST_CALL_NOT_CONNECTED" : "IDS_HOST_CALL_FAILED"),
+         strDetail);
+}
+
+void ModemNotices::OnRemoveFailed(const QString& strDetail)
+{
+    show(HostText::Get("IDS_HOST_SMS_NOT_DELETED"), strDetail);
+}
+
+void ModemNotices::OnEnableFailed(const QString& strDetail)
+{
+    show(HostText::Get("IDS_HOST_MODEM_NOT_ON"), strDetail);
+}
+
+void ModemNotices::OnStoreFull()
+{
+    show(HostText::Get("IDS_HOST_SMS_STORE_FULL"));
+    call();
+}
+
+void ModemNotices::show(const QString& strText, const QString& strDetail)
+{
+    m_window.Status().ShowNotice(strDetail.isEmpty() ? strText
+                                                     : strText + QLatin1String(" (") + strDetail + QLatin1Char(')'));
+}
+
+void ModemNotices::call()
+{
+    QApplication::alert(&m_window);
+}

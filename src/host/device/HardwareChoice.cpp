@@ -1,0 +1,41 @@
+#include "device/HardwareChoice.h"
+
+#include "linkhand/QtCompat.h"
+#include "orva/orva_modem.h"
+
+// Null where the SDK in use does not have them.
+#pragma weak ORVA_Modem_GetHardware
+#pragma weak ORVA_Modem_SetHardware
+
+QString HardwareChoice::Current()
+{
+    QString strChoice;
+    unsigned short* pusChoice = nullptr;
+    if (&ORVA_Modem_GetHardware != nullptr && ORVA_Modem_GetHardware(&pusChoice) == ORVA_OK && pusChoice != nullptr) {
+        strChoice = QtCompat::fromUtf16(pusChoice);
+    }
+    delete[] pusChoice;
+    return strChoice.isEmpty() ? QString(QLatin1String("simulated")) : strChoice;
+}
+
+bool HardwareChoice::IsReal()
+{
+    return Current() != QLatin1String("simulated");
+}
+
+QString HardwareChoice::Port()
+{
+    const QString strChoice = Current();
+    return strChoice.startsWith(QLatin1Char('/')) ? strChoice : QString();
+}
+
+bool HardwareChoice::IsFixed()
+{
+    return !qgetenv("LINKHAND_MODEM").isEmpty();
+}
+
+bool HardwareChoice::Keep(const QString& strChoice)
+{
+    return &ORVA_Modem_SetHardware != nullptr &&
+           ORVA_Modem_SetHardware(reinterpret_cast<const unsigned short*>(strChoice.utf16())) == ORVA_OK;
+}

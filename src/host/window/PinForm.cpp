@@ -1,0 +1,140 @@
+#include "window/PinForm.h"
+
+#include <QCheckBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRegExp>
+#include <QVBoxLayout>
+
+#include "device/Modem.h"
+#include "text/HostText.h"
+
+namespace
+{
+
+const int LONGEST_PIN = 8;
+
+} // namespace
+
+PinForm::PinForm(Modem& modem, QWidget* pParent)
+    : QDialog(pParent),
+      m_modem(modem),
+      m_pHint(new QLabel(HostText::Get("IDS_HOST_PIN_HINT"), this)),
+      m_pTries(new QLabel(this)),
+      m_pPin(new QLineEdit(this)),
+      m_pResult(new QLabel(this)),
+      m_pWarning(new QLabel(HostText::Get("IDS_HOST_PIN_WARNING"), this)),
+      m_pSure(new QCheckBox(HostText::Get("IDS_HOST_PIN_SURE"), this)),
+      m_pUnlock(new QPushButton(HostText::Get("IDS_HOST_PIN_UNLOCK"), this)),
+      m_pClose(new QPushButton(HostText::Get("IDS_HOST_CLOSE"), this)),
+      m_bAsked(false)
+{
+    setObjectName(QLatin1String("linkhand_PinForm"));
+    setWindowTitle(HostText::Get("IDS_HOST_PIN_TITLE"));
+    m_pTries->setObjectName(QLatin1String("linkhand_PinForm_tries"));
+    m_pPin->setObjectName(QLatin1String("linkhand_PinForm_pin"));
+    m_pResult->setObjectName(QLatin1String("linkhand_PinForm_result"));
+    m_pWarning->setObjectName(QLatin1String("linkhand_PinForm_warning"));
+    m_pSure->setObjectName(QLatin1String("linkhand_PinForm_sure"));
+    m_pUnlock->setObjectName(QLatin1String("linkhand_PinForm_unlock"));
+    m_pClose->setObjectName(QLatin1String("linkhand_PinForm_close"));
+    m_pPin->setEchoMode(QLineEdit::Password);
+    m_pPin->setMaxLength(LONGEST_PIN);
+    m_pPin->setAccessibleName(HostText::Get("IDS_HOST_PIN_TITLE"));
+    m_pPin->setInputMethodHints(Qt::ImhHiddenText | Qt::ImhNoPredictiveText | Qt::ImhDigitsOnly);
+    m_pUnlock->setDefault(true);
+    m_pClose->setAutoDefault(false);
+    QFont bold = m_pWarning->font();
+    bold.setBold(true);
+    m_pWarning->setFont(bold);
+    foreach (QLabel* pLabel, QList<QLabel*>() << m_pHint << m_pTries << m_pResult << m_pWarning) {
+        pLabel->setWordWrap(true);
+    }
+
+    QHBoxLayout* pFoot = new QHBoxLayout;
+    pFoot->addStretch(1);
+    pFoot->addWidget(m_pUnlock);
+    pFoot->addWidget(m_pClose);
+    QVBoxLayout* pLayout = new QVBoxLayout(this);
+    QWidget* const apWidgets[] = {m_pHint, m_pPin, m_pTries, m_pResult, m_pWarning, m_pSure};
+    for (QWidget* pWidget : apWidgets) {
+        pLayout->addWidget(pWidget);
+    }
+    pLayout->addStretch(1);
+    pLayout->addLayout(pFoot);
+    setMinimumWidth(400);
+
+    connect(m_pPin, SIGNAL(textChanged(QString)), this, SLOT(OnEdited()));
+    connect(m_pSure, SIGNAL(toggled(bool)), this, SLOT(OnEdited()));
+    connect(m_pUnlock, SIGNAL(clicked()), this, SLOT(OnUnlock()));
+    connect(m_pClose, SIGNAL(clicked()), this, SLOT(close()));
+    connect(&m_modem, SIGNAL(statusChanged()), this, SLOT(OnStatusChanged()));
+    connect(&m_modem, SIGNAL(pinAnswered(bool, bool, QString)), this, SLOT(OnAnswered(bool, bool, QString)));
+    m_pResult->hide();
+    OnStatusChanged();
+}
+
+PinForm::~PinForm()
+{
+    m_pPin->clear();
+}
+
+void PinForm::OnStatusChanged()
+{
+    const ModemStatus status = m_modem.Status();
+    // Opened, blocked for good, or pulled.
+    if (status.enLock != ModemStatus::LOCK_PIN) {
+        if (!m_bAsked) {
+            close();
+        }
+        return;
+    }
+    m_pTries->setText(status.iTries < 0 ? HostText::Get("IDS_HOST_PIN_TRIES_UNKNOWN")
+                                        : HostText::Get("IDS_HOST_PIN_TRIES").arg(status.iTries));
+    m_pWarning->setVisible(isLast());
+    m_pSure->setVisible(isLast());
+    OnEdited();
+}
+
+void PinForm::OnEdited()
+{
+    const bool bPin = QRegExp(QLatin1String("[0-9]{4,8}")).exactMatch(m_pPin->text());
+    m_pPin->setEnabled(!m_bAsked);
+    m_pSure->setEnabled(!m_bAsked);
+    m_pUnlock->setEnabled(bPin && !m_bAsked && (!isLast() || m_pSure->isChecked()));
+}
+
+void PinForm::OnUnlock()
+{
+    if (!m_pUnlock->isEnabled()) {
+        return;
+    }
+    m_bAsked = true;
+    const QString strPin = m_pPin->text();
+    m_pPin->clear();
+    m_pSure->setChecked(false);
+    m_pResult->setText(HostText::Get("IDS_HOST_PIN_ASKED"));
+    m_pResult->show();
+    OnEdited();
+    m_modem.SendPin(strPin);
+}
+
+void PinForm::OnAnswered(bool bDone, bool bWrong, const QString& strDetail)
+{
+    m_bAsked = false;
+    if (bDone) {
+        close();
+        return;
+    }
+    m_pResult->setText(bWrong ? HostText::Get("IDS_HOST_PIN_WRONG")
+                              : HostText::Get("IDS_HOST_PIN_FAILED").arg(strDetail));
+    OnStatusChanged();
+    m_pPin->setFocus();
+}
+
+bool PinForm::isLast() const
+{
+    return m_modem.Status().iTries <= 1;
+}
