@@ -29,6 +29,10 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${LINKHAND_LIBRARY_OUTPUT})
 if(LINKHAND_QT EQUAL 5)
   set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qttranslations5-l10n")
 endif()
+# A modem is found by itself where this runs; a port that is named needs nobody.
+if(TARGET sdk_modem_module)
+  string(JOIN ", " CPACK_DEBIAN_PACKAGE_RECOMMENDS ${CPACK_DEBIAN_PACKAGE_RECOMMENDS} modemmanager)
+endif()
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS "fonts-noto-core, fonts-noto-cjk")
 
 include(CPack)

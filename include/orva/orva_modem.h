@@ -6,11 +6,13 @@
  * as result, UTF-16 texts, buffers freed by the caller.
  *
  * Which hardware a process uses is settled at its first call of the library: LINKHAND_MODEM in the environment, else
- * what ORVA_Modem_SetHardware has kept in the data folder, else "simulated". With a modem the same functions of
- * orva_sdk.h serve the same two fields; the differences are these:
+ * what ORVA_Modem_SetHardware has kept in the data folder, else "simulated". "auto" takes a modem that ModemManager
+ * lists, by a port that it ignores or does not need; the path of a tty takes that port, whoever else is there. With a
+ * modem the same functions of orva_sdk.h serve the same two fields; the differences are these:
  * - One thread of the library speaks to the modem, from the first use on; reads never wait for it. A write takes from a
  *   fifth of a second to some seconds, is read back, and what it returns 0 for is on the card, in a transaction or not.
  *   A call whose turn does not come within 15 seconds gives ORVA_E_BUSY and has changed nothing.
+ * - With "auto" a modem that is there without a port to spare is a device without memories, and its report says why.
  * - A memory is empty and has capacity 0 until it has been read; its ready event follows.
  * - A record that somebody else has changed meanwhile gives ORVA_E_NOT_FOUND; it is there under another identifier.
  * - ORVA_E_TOO_LONG and ORVA_E_ARGUMENT may also come from the modem, which stores less or something else than it was
@@ -28,11 +30,11 @@
 extern "C" {
 #endif
 
-/* Gives the choice that this process goes by: "simulated", or the path of a modem's port. */
+/* Gives the choice that this process goes by: "simulated", "auto", or the path of a modem's port. */
 ORVA_API long ORVA_Modem_GetHardware(unsigned short** choice);
 
 /* Keeps a choice for processes that start from now on, and for this one after ORVA_Sim_Reset. ORVA_E_ARGUMENT for
- * anything else than "simulated" or an absolute path. */
+ * anything else than "simulated", "auto" or an absolute path. */
 ORVA_API long ORVA_Modem_SetHardware(const unsigned short* choice);
 
 /* Waits until a memory (0 card, 1 device) has been read, at most so many milliseconds. ORVA_E_ABSENT if it is not there
@@ -41,8 +43,9 @@ ORVA_API long ORVA_Modem_WaitReady(int memory, int timeout_ms);
 
 /* Tells about modem, card, network, storages and what is in the way, as lines "key=value" in the order of their
  * importance; keys that the modem does not answer for are left out:
- *   port, problem, manufacturer, model, revision, pin-tries, operator, signal (0/31 to 31/31), card and device
- * (storage, entries/capacity, and the longest name and number). ORVA_E_UNSUPPORTED while the hardware is simulated. */
+ *   port (the one in use, or named), problem, spare (a port that a rule for udev may set aside), manufacturer, model,
+ * revision, pin-tries, operator, signal (0/31 to 31/31), card and device (storage, entries/capacity, and the longest
+ * name and number). ORVA_E_UNSUPPORTED while the hardware is simulated. */
 ORVA_API long ORVA_Modem_GetReport(unsigned short** report);
 
 /* Gives the card its PIN, once; it is kept nowhere. ORVA_E_ARGUMENT for a wrong one, which uses up one of its tries

@@ -59,8 +59,10 @@ std::string firstLine(const std::filesystem::path& file)
 void printRule(const std::string& port)
 {
     std::error_code failure;
-    const std::string name = std::filesystem::canonical(port, failure).filename();
-    std::filesystem::path at = std::filesystem::canonical("/sys/class/tty/" + name + "/device", failure);
+    const std::filesystem::path known = "/sys/class/tty";
+    std::filesystem::path at = std::filesystem::canonical(known / std::filesystem::path(port).filename(), failure);
+    if (failure) // another name for it
+        at = std::filesystem::canonical(known / std::filesystem::canonical(port, failure).filename(), failure);
     std::string interface;
     for (; !failure && at.has_relative_path(); at = at.parent_path()) {
         if (interface.empty())
@@ -74,6 +76,19 @@ void printRule(const std::string& port)
                     "ENV{ID_USB_INTERFACE_NUM}==\"%s\", ENV{ID_MM_PORT_IGNORE}=\"1\", TAG+=\"uaccess\"\n",
                     vendor.c_str(), product.c_str(), interface.c_str());
         return;
+    }
+}
+
+void printReport(const std::string& report)
+{
+    for (std::size_t at = 0; at < report.size();) {
+        const std::size_t end = report.find('\n', at);
+        const std::string line = report.substr(at, end - at);
+        const std::size_t sign = line.find('=');
+        const std::string key = line.substr(0, sign);
+        if (key != "spare") // the rule names it
+            std::printf("%-13s%s\n", key.c_str(), line.substr(sign + 1).c_str());
+        at = end + 1;
     }
 }
 
@@ -113,7 +128,7 @@ int unlock(bool lastTry)
 int keepHardware(const std::string& choice)
 {
     if (ORVA_Modem_SetHardware(units(toSdk(choice))) == ORVA_E_ARGUMENT)
-        throw UsageError("\"" + choice + "\" is neither \"simulated\" nor the path of a modem's port");
+        throw UsageError("\"" + choice + "\" is neither \"simulated\" nor \"auto\" nor the path of a modem's port");
     std::printf("programs that start from now on use %s\n", choice.c_str());
     return done;
 }
@@ -141,19 +156,14 @@ int runModem(const Arguments& arguments)
         return unlock(arguments.has("last-try"));
     awaitMemory(ORVA_MEMORY_DEVICE);
     const std::string report = reportOf();
-    for (std::size_t at = 0; at < report.size();) {
-        const std::size_t end = report.find('\n', at);
-        const std::string line = report.substr(at, end - at);
-        const std::size_t sign = line.find('=');
-        std::printf("%-13s%s\n", line.substr(0, sign).c_str(), line.substr(sign + 1).c_str());
-        at = end + 1;
-    }
+    printReport(report);
     int status = 0;
     if (ORVA_DevSrv_GetPinStatus(0, &status, nullptr, nullptr, nullptr) != ORVA_OK)
         std::printf("%-13s%s\n", "card", "none");
     else if (status != ORVA_PIN_NOT_NEEDED && status != ORVA_PIN_VERIFIED)
         std::printf("%-13s%s\n", "card", "locked; pbctl modem --unlock takes its PIN");
-    printRule(choice);
+    const std::string spare = valueIn(report, "spare");
+    printRule(spare.empty() ? valueIn(report, "port") : spare);
     return valueIn(report, "problem").empty() ? done : failed;
 }
 

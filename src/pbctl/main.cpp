@@ -74,14 +74,15 @@ constexpr Command commands[] = {
      "Puts a backup in place of a memory; what was there before is put aside.\n"},
     {"modem", runModem, "[--use CHOICE | --unlock [--last-try]]",
      "Tells about the modem behind card and device, its storages, and what is in the way.\n"
-     "  --use CHOICE      from now on: simulated, or the port of a modem, such as /dev/ttyUSB2\n"
+     "  --use CHOICE      from now on: simulated, auto for the modem that is there, or the port of one, such as\n"
+     "                    /dev/ttyUSB2\n"
      "  --unlock          reads the card's PIN from the standard input and gives it to the card\n"
      "  --last-try        also if a wrong PIN would lock the card\n"},
 };
 
 constexpr const char* commonHelp = "  --memory M        local (the PC's phonebook, the default), card or device\n"
                                    "  --data-dir DIR    the folder with the data, instead of the user's own\n"
-                                   "  --hardware CHOICE simulated or the port of a modem, for this once\n"
+                                   "  --hardware CHOICE simulated, auto or the port of a modem, for this once\n"
                                    "  --help            this\n"
                                    "  --version         the version\n"
                                    "\n"

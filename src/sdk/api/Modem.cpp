@@ -31,7 +31,7 @@ long ORVA_Modem_GetHardware(unsigned short** choice)
     return guarded(__func__, [&] {
         require(choice);
         const ModemHardware* const modem = modemHardware();
-        *choice = toApi(fromUtf8(modem != nullptr ? modem->port() : simulatedChoice));
+        *choice = toApi(fromUtf8(modem != nullptr ? modem->choice() : simulatedChoice));
         return ORVA_OK;
     });
 }

@@ -114,10 +114,20 @@ bool AtPhonebook::start()
     return true;
 }
 
+Reply AtPhonebook::askForCard()
+{
+    return m_dialog.ask("AT+CPIN?", "+CPIN", m_endlessPin ? m_dialog.patience().life : m_dialog.patience().pin);
+}
+
 CardState AtPhonebook::cardState()
 {
-    const Reply reply =
-        m_dialog.ask("AT+CPIN?", "+CPIN", m_endlessPin ? m_dialog.patience().life : m_dialog.patience().pin);
+    Reply reply = askForCard();
+    if (reply.end == Reply::End::Error && reply.error == cme::none && !m_codeless) {
+        // The request for codes was lost, or the modem has forgotten it; or it has none.
+        m_dialog.ask("AT+CMEE=1");
+        reply = askForCard();
+        m_codeless = reply.end == Reply::End::Error && reply.error == cme::none;
+    }
     m_endlessPin = reply.silent() && !reply.lines.empty();
     if (!reply.lines.empty()) {
         const std::string_view state = answerText(reply.lines.front(), "+CPIN");

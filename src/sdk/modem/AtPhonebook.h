@@ -105,6 +105,7 @@ private:
 
     Reply askStorage(const std::string& storage, const std::string& command, std::string_view prefix,
                      Milliseconds patience);
+    Reply askForCard();
     Reply askWhileBusy(const std::string& command, std::string_view prefix, Milliseconds patience);
     void requireCard(const Reply& reply);
     void chooseCharacterSet();
@@ -136,6 +137,7 @@ private:
     std::optional<bool> m_numbersInHex; // in UCS2; unknown until a number was seen
     std::map<std::string, bool> m_mute; // storages whose +CPBS? never answers
     bool m_endlessPin = false;          // the answer to +CPIN? never ends
+    bool m_codeless = false;            // and its errors have no codes
     int m_step = 50;                    // locations asked for at a time
 };
 

@@ -36,8 +36,9 @@ std::string hardwareChoice(const std::string& folder)
 void keepHardwareChoice(const std::string& folder, const std::string& choice)
 {
     const bool port = choice.size() > 1 && choice.front() == '/' && choice.size() < choiceLimit;
-    if ((choice != simulatedChoice && !port) || choice.find('\n') != std::string::npos)
-        throw Failure(ORVA_E_ARGUMENT, "the hardware is \"simulated\" or the path of a modem's port");
+    const bool named = choice == simulatedChoice || choice == autoChoice;
+    if ((!named && !port) || choice.find('\n') != std::string::npos)
+        throw Failure(ORVA_E_ARGUMENT, "the hardware is \"simulated\", \"auto\" or the path of a modem's port");
     preparePrivateFolder(folder);
     replacePrivateFile(choiceFile(folder), choice + "\n");
 }

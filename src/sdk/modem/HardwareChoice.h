@@ -7,9 +7,10 @@ namespace orva
 {
 
 constexpr char simulatedChoice[] = "simulated";
+constexpr char autoChoice[] = "auto";
 
-// What stands behind card and device: "simulated", or the path of a modem's port. LINKHAND_MODEM says so, else what is
-// kept in the data folder, else it is simulated.
+// What stands behind card and device: "simulated", "auto" for the modem that is there, or the path of a modem's port.
+// LINKHAND_MODEM says so, else what is kept in the data folder, else it is simulated.
 std::string hardwareChoice(const std::string& folder);
 
 // What is kept in the data folder, whatever the environment says.

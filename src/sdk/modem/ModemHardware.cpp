@@ -11,6 +11,7 @@
 
 #include "base/Log.h"
 #include "modem/DialogRecord.h"
+#include "modem/HardwareChoice.h"
 #include "modem/Tty.h"
 
 namespace orva
@@ -46,10 +47,12 @@ struct ModemHardware::Job {
     bool done = false;
 };
 
-ModemHardware::ModemHardware(const std::string& folder, std::string port, EventHub& events, const ModemTimings& timings)
+ModemHardware::ModemHardware(const std::string& folder, std::string choice, EventHub& events,
+                             const ModemTimings& timings, PortFinder::OpenWatch openWatch)
     : m_folder(folder),
-      m_port(std::move(port)),
+      m_choice(std::move(choice)),
       m_timings(timings),
+      m_openWatch(std::move(openWatch)),
       m_state(folder + "/modem", events),
       m_record(DialogRecord::fromEnvironment()),
       m_wake(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)),
@@ -194,62 +197,164 @@ void ModemHardware::refuseJobs()
 
 // ---- The thread
 
-void ModemHardware::run()
+bool ModemHardware::leaving() const
 {
-    for (;;) {
-        try {
-            serve();
-        } catch (const Failure& failure) {
-            m_state.setProblem(failure.what());
-        } catch (const std::exception& failure) {
-            m_state.setProblem(std::string("modem: ") + failure.what());
-        }
-        m_state.detach();
-        refuseJobs();
-        {
-            const std::lock_guard<std::mutex> lock(m_mutex);
-            if (m_stopping)
-                return;
-        }
-        waitForPort();
-    }
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return m_stopping;
 }
 
-void ModemHardware::serve()
+void ModemHardware::setFound(const std::string& port, const std::string& spare, const std::string& about)
 {
-    if (m_port.empty() || m_port.front() != '/')
-        throw Failure(ORVA_E_ARGUMENT, "\"" + m_port + "\" is neither \"simulated\" nor the path of a modem's port");
-    Tty tty(m_port, m_leave);
-    if (m_record)
-        m_record->note("port opened");
-    ModemSession session(tty, m_record.get(), m_state, m_timings, m_folder + "/backups");
-    if (!session.start())
-        throw PortGone("modem port " + m_port + ": nobody answers");
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_port = port;
+    m_spare = spare;
+    m_about = about;
+}
+
+void ModemHardware::run()
+{
+    PortFinder finder(m_choice, m_openWatch);
+    Milliseconds pause = m_timings.retry;
+    Milliseconds grown = m_timings.reread;
+    while (!leaving()) {
+        finder.heed();
+        const Outcome outcome = tryPorts(finder);
+        if (finder.settled())
+            refuseJobs();
+        // What is asked again for nothing is asked less and less often, until something is plugged.
+        const bool patient = outcome == Outcome::Silent || outcome == Outcome::None ||
+                             (outcome == Outcome::Refused && m_choice == autoChoice);
+        if (patient)
+            pause = std::exchange(grown, std::min(m_timings.longest, grown * 2));
+        else
+            pause = m_timings.retry;
+        if (waitForNews(finder, pause) || !patient)
+            grown = m_timings.reread;
+    }
+    m_state.detach();
+}
+
+// Leaves the state as it is to be while there is no port.
+ModemHardware::Outcome ModemHardware::tryPorts(PortFinder& finder)
+{
+    const PortOffer offer = finder.offer();
+    std::string problem = offer.problem;
+    std::string spare = offer.spare;
+    Outcome outcome = Outcome::None;
+    for (const std::string& port : offer.ports) {
+        std::string why;
+        const Outcome one = serve(finder, port, why);
+        if (one == Outcome::Served) {
+            setFound({}, {});
+            hide(why);
+            return one;
+        }
+        problem += (problem.empty() ? "" : "; ") + why;
+        if (one == Outcome::Refused)
+            spare = port;
+        // One that is not there is on its way out, or in.
+        if (outcome != Outcome::Missing)
+            outcome = one;
+    }
+    std::string about;
+    if (offer.modem)
+        about = "manufacturer=" + offer.modem->manufacturer + "\nmodel=" + offer.modem->model + "\n";
+    setFound({}, spare, about);
+    if (offer.modem && outcome != Outcome::Missing)
+        show(*offer.modem, problem);
+    else if (finder.settled())
+        hide(problem);
+    return outcome;
+}
+
+void ModemHardware::hide(const std::string& problem)
+{
+    m_state.setProblem(problem);
+    m_state.detach();
+}
+
+void ModemHardware::show(const ListedModem& modem, const std::string& problem)
+{
+    if (m_state.status().attached == 0)
+        m_state.attach(modem.card, false, false);
+    m_state.setCard(modem.card);
+    m_state.setRadio(modem.radio);
+    m_state.setNetwork(modem.inService);
+    m_state.setProblem(problem);
+}
+
+ModemHardware::Outcome ModemHardware::serve(PortFinder& finder, const std::string& port, std::string& problem)
+{
+    bool served = false;
+    long code = ORVA_E_INTERNAL;
+    try {
+        Tty tty(port, m_leave);
+        if (m_record)
+            m_record->note("port opened");
+        ModemSession session(tty, m_record.get(), m_state, m_timings, m_folder + "/backups");
+        // Known before the state says that a modem is there.
+        setFound(port, {});
+        if (!session.start()) {
+            problem = "modem port " + port + ": nobody answers";
+            return Outcome::Silent;
+        }
+        served = true;
+        finder.take(port);
+        converse(finder, tty, session);
+    } catch (const Failure& failure) {
+        problem = failure.what();
+        code = failure.code();
+    } catch (const std::exception& failure) {
+        problem = std::string("modem: ") + failure.what();
+    }
+    if (served)
+        return Outcome::Served;
+    return code == ORVA_E_ABSENT ? Outcome::Missing : Outcome::Refused;
+}
+
+// Ends by what it throws.
+void ModemHardware::converse(PortFinder& finder, Tty& tty, ModemSession& session)
+{
     for (;;) {
         doJobs(session);
-        const Milliseconds idle = session.work();
-        pollfd waited[3] = {{tty.file(), POLLIN, 0}, {m_wake, POLLIN, 0}, {m_leave, POLLIN, 0}};
-        ::poll(waited, 3, static_cast<int>(idle.count()));
+        switch (finder.news()) {
+        case PortFinder::News::Leave:
+            throw PortGone("ModemManager does not offer the port any more");
+        case PortFinder::News::Look:
+            session.lookNow();
+            break;
+        case PortFinder::News::None:
+            break;
+        }
+        const Milliseconds idle = std::min(session.work(), finder.patience());
+        std::vector<pollfd> waited = {{tty.file(), POLLIN, 0}, {m_wake, POLLIN, 0}, {m_leave, POLLIN, 0}};
+        finder.fill(waited);
+        ::poll(waited.data(), waited.size(), static_cast<int>(idle.count()));
         if ((waited[1].revents & POLLIN) != 0)
             quiet(m_wake);
     }
 }
 
-void ModemHardware::waitForPort()
+// True if modems or ports have changed.
+bool ModemHardware::waitForNews(PortFinder& finder, Milliseconds atMost)
 {
-    const auto until = std::chrono::steady_clock::now() + m_timings.retry;
+    const auto until = std::chrono::steady_clock::now() + atMost;
     for (;;) {
         const auto left = std::chrono::ceil<Milliseconds>(until - std::chrono::steady_clock::now());
         if (left.count() <= 0)
-            return;
-        pollfd waited[2] = {{m_wake, POLLIN, 0}, {m_leave, POLLIN, 0}};
-        ::poll(waited, 2, static_cast<int>(left.count()));
+            return false;
+        std::vector<pollfd> waited = {{m_wake, POLLIN, 0}, {m_leave, POLLIN, 0}};
+        finder.fill(waited);
+        ::poll(waited.data(), waited.size(), static_cast<int>(std::min(left, finder.patience()).count()));
         if ((waited[1].revents & POLLIN) != 0)
-            return;
-        if ((waited[0].revents & POLLIN) != 0) {
-            quiet(m_wake);
+            return false;
+        if (finder.heed())
+            return true;
+        if ((waited[0].revents & POLLIN) == 0)
+            continue;
+        quiet(m_wake);
+        if (finder.settled())
             refuseJobs();
-        }
     }
 }
 
@@ -268,13 +373,30 @@ void ModemHardware::stop()
 std::string ModemHardware::report()
 {
     start();
-    std::string text = "port=" + m_port + "\n";
+    std::string port = m_choice;
+    std::string spare;
+    std::string about;
+    bool open = false;
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        open = !m_port.empty();
+        spare = m_spare;
+        about = m_about;
+        if (open || m_choice == autoChoice)
+            port = m_port;
+    }
+    std::string text;
+    if (!port.empty())
+        text += "port=" + port + "\n";
     const std::string problem = m_state.problem();
     if (!problem.empty())
         text += "problem=" + problem + "\n";
-    if (m_state.status().attached == 0)
-        return text;
-    perform([&text](ModemSession& session) { text += session.report(); });
+    if (!spare.empty())
+        text += "spare=" + spare + "\n";
+    if (open && m_state.status().attached != 0)
+        perform([&text](ModemSession& session) { text += session.report(); });
+    else
+        text += about;
     return text;
 }
 

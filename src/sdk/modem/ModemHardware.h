@@ -11,30 +11,37 @@
 
 #include "modem/ModemSession.h"
 #include "modem/ModemState.h"
+#include "modem/PortFinder.h"
 
 namespace orva
 {
 
 class DialogRecord;
+class Tty;
 
 /*
- * A modem behind a port that its user has named, as the hardware of card and device.
+ * A modem behind a port that its user has named, or that ModemManager lists and can spare, as the hardware of card and
+ * device.
  *
  * One thread speaks to it, from the first use on until stop(): it waits for the port, opens it, reads card and device
- * in the background, looks after the card every five seconds, and does what callers ask for one after the other. A
- * caller waits until its turn is over; one whose turn does not come in time gets ORVA_E_BUSY and nothing has happened.
+ * in the background, looks after the card every five seconds, and does what callers ask for one after the other. The
+ * same poll hears of modems that are plugged. A caller waits until its turn is over; one whose turn does not come in
+ * time gets ORVA_E_BUSY and nothing has happened.
+ *
+ * A modem that is there without a port for us is a device without memories, with the card, radio and network that
+ * ModemManager tells.
  */
 class ModemHardware final : public Hardware
 {
 public:
-    // `folder` is the data folder; `port` a tty.
-    ModemHardware(const std::string& folder, std::string port, EventHub& events,
-                  const ModemTimings& timings = ModemTimings());
+    // `folder` is the data folder; `choice` a tty or "auto".
+    ModemHardware(const std::string& folder, std::string choice, EventHub& events,
+                  const ModemTimings& timings = ModemTimings(), PortFinder::OpenWatch openWatch = openModemWatch);
     ~ModemHardware() override;
     ModemHardware(const ModemHardware&) = delete;
     ModemHardware& operator=(const ModemHardware&) = delete;
 
-    const std::string& port() const { return m_port; }
+    const std::string& choice() const { return m_choice; }
 
     DeviceStatus status() const override;
     std::vector<int> memories() const override;
@@ -60,18 +67,32 @@ public:
 
 private:
     struct Job;
+    enum class Outcome {
+        None,    // there was no port to open
+        Missing, // it is not there
+        Refused, // it cannot be used
+        Silent,  // nobody answers
+        Served   // until it went
+    };
 
     void start() const;
     void run();
-    void serve();
+    Outcome tryPorts(PortFinder& finder);
+    Outcome serve(PortFinder& finder, const std::string& port, std::string& problem);
+    void converse(PortFinder& finder, Tty& tty, ModemSession& session);
+    void show(const ListedModem& modem, const std::string& problem);
+    void hide(const std::string& problem);
     void doJobs(ModemSession& session);
     void refuseJobs();
     std::shared_ptr<Job> nextJob();
-    void waitForPort();
+    bool waitForNews(PortFinder& finder, Milliseconds atMost);
+    bool leaving() const;
+    void setFound(const std::string& port, const std::string& spare, const std::string& about = std::string());
 
     const std::string m_folder;
-    const std::string m_port;
+    const std::string m_choice;
     const ModemTimings m_timings;
+    const PortFinder::OpenWatch m_openWatch;
     mutable ModemState m_state;
     std::unique_ptr<DialogRecord> m_record;
     const int m_wake;  // readable when there is something to do
@@ -82,6 +103,9 @@ private:
     mutable std::thread m_thread;
     mutable bool m_started = false;
     bool m_stopping = false;
+    std::string m_port;  // in use
+    std::string m_spare; // that a rule may set aside for us
+    std::string m_about; // lines of the report on a modem without a port in use
 };
 
 } // namespace orva

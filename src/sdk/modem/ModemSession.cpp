@@ -16,7 +16,6 @@ namespace
 
 constexpr char cardStorage[] = "SM";
 constexpr char deviceStorage[] = "ME";
-constexpr Milliseconds afterFailure(3000);
 constexpr Milliseconds idleBeforeRest(1000);
 constexpr int looksBetweenNetwork = 6;
 
@@ -87,10 +86,24 @@ void ModemSession::heard(const std::string& line)
          {"+CPIN", "+SIM", "^SIMST", "^SSIM READY", "#QSS", "+PBREADY", "PB DONE", "+QIND"}) {
         if (std::string_view(line).substr(0, sign.size()) == sign) {
             m_lookAt = Time();
-            for (Book& book : m_books)
-                book.retryAt = Time();
+            retryNow();
         }
     }
+}
+
+// What could not be read may be readable now.
+void ModemSession::retryNow()
+{
+    for (Book& book : m_books) {
+        book.retryAt = Time();
+        book.pause = Milliseconds(0);
+    }
+}
+
+void ModemSession::lookNow()
+{
+    m_lookAt = Time();
+    m_looks = looksBetweenNetwork - 1;
 }
 
 Milliseconds ModemSession::work()
@@ -138,10 +151,9 @@ void ModemSession::lookAtCard()
     if (card == before)
         return;
     m_card.clear();
-    for (Book& book : m_books) {
+    for (Book& book : m_books)
         book.counted = false;
-        book.retryAt = Time();
-    }
+    retryNow();
     // A device may show its own phonebook only while a card is in.
     own(ORVA_MEMORY_CARD).due = true;
 }
@@ -178,7 +190,8 @@ void ModemSession::readWhatIsDue(int memory)
             book.unreadable = true;
             m_state.setProblem(std::string(storageName(memory)) + " cannot be read: " + failure.what());
         }
-        book.retryAt = std::chrono::steady_clock::now() + afterFailure;
+        book.pause = std::clamp(book.pause * 2, m_timings.reread, m_timings.longest);
+        book.retryAt = std::chrono::steady_clock::now() + book.pause;
         m_lookAt = Time(); // the card may have gone meanwhile
     }
 }
@@ -201,6 +214,7 @@ void ModemSession::read(int memory)
         m_state.setProblem({});
     own(memory).unreadable = false;
     own(memory).due = false;
+    own(memory).pause = Milliseconds(0);
     own(memory).counted = true;
     own(memory).countedAt = std::chrono::steady_clock::now();
     m_used = own(memory).countedAt;

@@ -16,6 +16,8 @@ struct ModemTimings {
     Patience patience;
     Milliseconds question{5000}; // one short question, which finds a card pulled
     Milliseconds retry{500};     // after a port that cannot be opened
+    Milliseconds reread{3000};   // after a storage that cannot be read, or a port where nobody answers
+    Milliseconds longest{60000}; // that grow to so much, each time to the double
     Milliseconds fresh{1000};    // what was asked so short ago need not be asked before a write
     Milliseconds stale{60000};   // after which a list that is opened is read again
     Milliseconds job{15000};     // that a call waits for its turn
@@ -32,6 +34,9 @@ public:
 
     // Wakes the modem and tells what it has; false if nobody answers.
     bool start();
+
+    // Somebody else has seen something change: card and network are looked at next.
+    void lookNow();
 
     // Does what is due. How long nothing will be due then.
     Milliseconds work();
@@ -65,10 +70,12 @@ private:
         bool counted = false;
         Time countedAt;
         Time retryAt;
+        Milliseconds pause{0}; // before that
     };
 
     Book& own(int memory) { return m_books[memory == ORVA_MEMORY_CARD ? 0 : 1]; }
     void heard(const std::string& line);
+    void retryNow();
     void lookAtCard();
     void lookAtNetwork();
     void readWhatIsDue(int memory);

@@ -84,6 +84,8 @@ inline ModemTimings quickTimings()
     timings.patience.quiet = Milliseconds(20);
     timings.question = Milliseconds(100);
     timings.retry = Milliseconds(20);
+    timings.reread = Milliseconds(20);
+    timings.longest = Milliseconds(500);
     timings.fresh = Milliseconds(50);
     return timings;
 }
@@ -110,8 +112,9 @@ struct Place {
 };
 
 struct Library {
-    explicit Library(const Place& place, const ModemTimings& timings = quickTimings())
-        : hardware(place.folder, place.port, events, timings),
+    explicit Library(const Place& place, const ModemTimings& timings = quickTimings(), const std::string& choice = {},
+                     const PortFinder::OpenWatch& openWatch = openModemWatch)
+        : hardware(place.folder, choice.empty() ? place.port : choice, events, timings, openWatch),
           card(hardware, ORVA_MEMORY_CARD),
           device(hardware, ORVA_MEMORY_DEVICE)
     {

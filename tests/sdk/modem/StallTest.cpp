@@ -101,4 +101,17 @@ TEST(aCardThatStallsBeforeTheFirstWriteIsNeitherPutAsideNorWrittenTo)
     CHECK_EQ(filesIn(place.folder + "/backups"), 1u);
 }
 
+TEST(aRequestForCodesThatWasLostIsMadeAgain)
+{
+    const Place place;
+    Modem modem(place.plan());
+    modem.failAt("AT+CMEE=1", 1, Fault::SilentBefore);
+    Library library(place);
+    REQUIRE(library.ready());
+    modem.pullCard();
+    CHECK(eventually([&] { return library.hardware.status().card == 0; }));
+    modem.insertCard();
+    CHECK(library.ready());
+}
+
 CHECK_MAIN

@@ -78,7 +78,7 @@ TEST(anAddedEntryIsTakenBack)
 TEST(aCopyIsNotPutBackThroughSuchAModem)
 {
     refused("write_other", "restore", [&](Library& library) {
-        const std::string file = library.hardware.port() + "-copy";
+        const std::string file = library.hardware.choice() + "-copy";
         if (!std::filesystem::exists(file)) {
             library.card.backup(file);
             std::ifstream in(file);

@@ -59,6 +59,7 @@ public:
     void plug(size_t number = 0);
     void unplug(size_t number = 0); // with USB only
     void startDaemon();
+    pid_t busDaemon() const { return m_bus.daemon(); }
     void endDaemon(int signal); // SIGTERM, or SIGKILL as in a crash
     // The ports ("ttyUSB0") that the daemon has open.
     std::vector<std::string> held() const;

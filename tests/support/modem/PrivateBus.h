@@ -20,6 +20,7 @@ public:
     PrivateBus& operator=(const PrivateBus&) = delete;
 
     const std::string& folder() const { return m_folder; }
+    pid_t daemon() const { return m_daemon->pid(); }
     // Variables under which a program takes it for both the session and the system bus.
     Environment environment() const;
 
