@@ -27,7 +27,7 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${LINKHAND_LIBRARY_OUTPUT})
 # What it does not: the texts of Qt's own dialogs, and letters for every name.
 if(LINKHAND_QT EQUAL 5)
-  set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qttranslations5-l10n")
+  set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qttranslations5-l10n, modemmanager")
 endif()
 # A modem is found by itself where this runs; a port that is named needs nobody.
 if(TARGET sdk_modem_module)

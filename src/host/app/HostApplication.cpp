@@ -108,7 +108,7 @@ int HostApplication::Main(int argc, char** argv, Companion* pCompanion)
     if (!line.strDataDir.isEmpty()) {
         qputenv("LINKHAND_DATA_DIR", QFile::encodeName(line.strDataDir));
     }
-    if (!line.strHardware.isEmpty() && !HardwareChoice::Keep(line.strHardware)) {
+    if (!line.strHardware.isEmpty() && !HardwareChoice::Begin(line.strHardware)) {
         print(stderr,
               QString::fromLatin1("linkhand: no such hardware: %1\nTry 'linkhand --help'.\n").arg(line.strHardware));
         return 2;

@@ -96,8 +96,11 @@ void ModemNotices::OnIncomingCall(const QString& strNumber)
 
 void ModemNotices::OnCallFailed(int iProgress, const QString& strDetail)
 {
-    show(HostText::Get(iProgress == HOST_CALL_NOT_CONNECTED ? "IDS_HOST_CALL_NOT_CONNECTED" : "IDS_HOST_CALL_FAILED"),
-         strDetail);
+    if (iProgress == HOST_CALL_NOT_CONNECTED) {
+        show(HostText::Get("IDS_HOST_CALL_NOT_CONNECTED")); // the modem's own word for it leads astray
+    } else {
+        show(HostText::Get("IDS_HOST_CALL_FAILED"), strDetail);
+    }
 }
 
 void ModemNotices::OnRemoveFailed(const QString& strDetail)

@@ -2,10 +2,12 @@
 
 #include "linkhand/QtCompat.h"
 #include "orva/orva_modem.h"
+#include "orva/orva_sim.h"
 
 // Null where the SDK in use does not have them.
 #pragma weak ORVA_Modem_GetHardware
 #pragma weak ORVA_Modem_SetHardware
+#pragma weak ORVA_Sim_Reset
 
 QString HardwareChoice::Current()
 {
@@ -38,4 +40,10 @@ bool HardwareChoice::Keep(const QString& strChoice)
 {
     return &ORVA_Modem_SetHardware != nullptr &&
            ORVA_Modem_SetHardware(reinterpret_cast<const unsigned short*>(strChoice.utf16())) == ORVA_OK;
+}
+
+// The SDK settles its hardware with its first call, which keeping a choice is.
+bool HardwareChoice::Begin(const QString& strChoice)
+{
+    return Keep(strChoice) && (&ORVA_Sim_Reset == nullptr || ORVA_Sim_Reset(nullptr) == ORVA_OK);
 }

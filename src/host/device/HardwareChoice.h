@@ -21,6 +21,9 @@ bool IsFixed();
 // Keeps a choice for the programs that start from now on. False if the SDK does not know it, or it cannot be written.
 bool Keep(const QString& strChoice);
 
+// The same for this process, too, before anything of the SDK is in use.
+bool Begin(const QString& strChoice);
+
 } // namespace HardwareChoice
 
 #endif // LINKHAND_HOST_HARDWARECHOICE_H

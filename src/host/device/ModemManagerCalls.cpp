@@ -30,13 +30,15 @@ const int DIRECTION_INCOMING = 1;
 const int DIAL_MS = 120000;
 const int FAREWELL_MS = 1000;
 
+// To a network that refuses to dial, ModemManager has no dialtone.
 int endAfter(const QDBusError& error)
 {
     const QString strName = error.name();
-    return strName.endsWith(QLatin1String(".Connection.Busy"))        ? HOST_CALL_REFUSED
-           : strName.endsWith(QLatin1String(".Connection.NoAnswer"))  ? HOST_CALL_NOT_ANSWERED
-           : strName.endsWith(QLatin1String(".Connection.NoCarrier")) ? HOST_CALL_NOT_CONNECTED
-                                                                      : HOST_CALL_FAILED;
+    return strName.endsWith(QLatin1String(".Connection.Busy"))         ? HOST_CALL_REFUSED
+           : strName.endsWith(QLatin1String(".Connection.NoAnswer"))   ? HOST_CALL_NOT_ANSWERED
+           : strName.endsWith(QLatin1String(".Connection.NoCarrier"))  ? HOST_CALL_NOT_CONNECTED
+           : strName.endsWith(QLatin1String(".Connection.NoDialtone")) ? HOST_CALL_NOT_CONNECTED
+                                                                       : HOST_CALL_FAILED;
 }
 
 } // namespace

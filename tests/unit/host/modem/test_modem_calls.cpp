@@ -106,6 +106,8 @@ void TestModemCalls::aCallThatCannotBeMadeSaysWhy_data()
     QTest::addColumn<bool>("told");
     const QString strError = s_szError;
     QTest::newRow("no credit") << "Start" << strError + "Connection.NoCarrier" << int(HOST_CALL_NOT_CONNECTED) << true;
+    QTest::newRow("not dialled") << "Start" << strError + "Connection.NoDialtone" << int(HOST_CALL_NOT_CONNECTED)
+                                 << true;
     QTest::newRow("busy") << "Start" << strError + "Connection.Busy" << int(HOST_CALL_REFUSED) << false;
     QTest::newRow("no answer") << "Start" << strError + "Connection.NoAnswer" << int(HOST_CALL_NOT_ANSWERED) << false;
     QTest::newRow("no right") << "Start" << strError + "Core.Unauthorized" << int(HOST_CALL_FAILED) << true;
