@@ -111,7 +111,7 @@ MessagesPage::MessagesPage(MessageStore& outbox, IPluginContainer& container, Mo
     m_pList->setItemDelegateForColumn(COLUMN_TO, new NumberDelegate(m_pList));
     m_pList->setColumnWidth(COLUMN_KIND, 70);
     m_pList->setColumnWidth(COLUMN_TO, 220);
-    m_pList->setColumnWidth(COLUMN_TEXT, 340);
+    m_pList->setColumnWidth(COLUMN_TEXT, isReal() ? 180 : 340); // beside it the state has to have room
 }
 
 void MessagesPage::Retranslate()
