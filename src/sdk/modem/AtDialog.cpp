@@ -180,13 +180,16 @@ bool AtDialog::nextLine(std::string& line, Milliseconds atMost)
 AtDialog::Kind AtDialog::kindOf(const std::string& line, const std::string& command, std::string_view prefix,
                                 const Reply& reply) const
 {
+    // The most of all lines; no end of an answer has the name of a question.
+    if (!prefix.empty() && beginsWith(line, prefix))
+        return Kind::Answer;
     Reply end;
     if (readFinalResult(line, &end))
         return Kind::Final;
     // Result codes as digits, until ATV1 has been heard.
     if ((command == "AT" || command == "ATE0" || command == "ATV1") && (line == "0" || line == "4"))
         return Kind::Final;
-    if (beginsWith(line, prefix.empty() ? ownName(command) : prefix))
+    if (prefix.empty() && beginsWith(line, ownName(command)))
         return Kind::Answer;
     if (looksUnsolicited(line))
         return Kind::Other;
