@@ -65,6 +65,16 @@ dpkg-deb -f "$package" Depends | tr ',' '\n' >"$work/depends"
 for library in libqt5widgets5 libqt5xml5 libsqlite3-0 libcsv3 libelf1 libc6; do
     expect "^ *$library( |\$)" "$work/depends" "the dependencies"
 done
+if [ -e "$build/lib/libsdk-modem.so" ]; then
+    for library in libsystemd0 libudev1; do
+        expect "^ *$library( |\$)" "$work/depends" "the dependencies"
+    done
+    dpkg-deb -f "$package" Recommends >"$work/recommends"
+    expect 'modemmanager' "$work/recommends" "what is recommended"
+    # The library itself needs neither.
+    readelf -d "$build/lib/libsdk.so.1" >"$work/needed"
+    ! grep -qE 'libsystemd|libudev' "$work/needed" || fail "the library needs what only its module may"
+fi
 grep -q '^Maintainer: .*@' <<<"$(dpkg-deb -f "$package")" || fail "nobody maintains the package"
 
 # --- Installed without a package, and moved ---

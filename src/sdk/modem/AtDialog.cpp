@@ -153,10 +153,19 @@ void AtDialog::send(const std::string& command)
     m_channel.write(command + "\r");
 }
 
+bool AtDialog::takeLine(std::string& line)
+{
+    if (!m_reader.next(line))
+        return false;
+    if (m_record != nullptr)
+        m_record->received(line);
+    return true;
+}
+
 bool AtDialog::nextLine(std::string& line, Milliseconds atMost)
 {
     const auto until = Clock::now() + atMost;
-    while (!m_reader.next(line)) {
+    while (!takeLine(line)) {
         const auto left = std::chrono::ceil<Milliseconds>(until - Clock::now());
         if (left.count() <= 0)
             return false;
@@ -165,21 +174,22 @@ bool AtDialog::nextLine(std::string& line, Milliseconds atMost)
             return false;
         m_reader.feed(bytes);
     }
-    if (m_record != nullptr)
-        m_record->received(line);
     return true;
 }
 
 AtDialog::Kind AtDialog::kindOf(const std::string& line, const std::string& command, std::string_view prefix,
                                 const Reply& reply) const
 {
+    // The most of all lines; no end of an answer has the name of a question.
+    if (!prefix.empty() && beginsWith(line, prefix))
+        return Kind::Answer;
     Reply end;
     if (readFinalResult(line, &end))
         return Kind::Final;
     // Result codes as digits, until ATV1 has been heard.
     if ((command == "AT" || command == "ATE0" || command == "ATV1") && (line == "0" || line == "4"))
         return Kind::Final;
-    if (beginsWith(line, prefix.empty() ? ownName(command) : prefix))
+    if (prefix.empty() && beginsWith(line, ownName(command)))
         return Kind::Answer;
     if (looksUnsolicited(line))
         return Kind::Other;
@@ -193,10 +203,16 @@ Reply AtDialog::collect(const std::string& command, std::string_view prefix, Mil
     Reply reply;
     std::string line;
     auto until = Clock::now() + patience;
+    bool renewed = false; // a line of the answer has come since then
     for (;;) {
-        const auto left = std::chrono::ceil<Milliseconds>(until - Clock::now());
-        if (left.count() <= 0 || !nextLine(line, left))
-            return reply;
+        // What is there already costs no look at the clock.
+        if (!takeLine(line)) {
+            if (std::exchange(renewed, false))
+                until = Clock::now() + patience;
+            const auto left = std::chrono::ceil<Milliseconds>(until - Clock::now());
+            if (left.count() <= 0 || !nextLine(line, left))
+                return reply;
+        }
         if (trimmed(line) == command)
             continue; // the echo
         switch (kindOf(line, command, prefix, reply)) {
@@ -205,12 +221,12 @@ Reply AtDialog::collect(const std::string& command, std::string_view prefix, Mil
                 reply.end = line == "0" ? Reply::End::Ok : Reply::End::Error;
             return reply;
         case Kind::Answer:
-            reply.lines.push_back(line);
-            until = Clock::now() + patience;
+            reply.lines.push_back(std::move(line));
+            renewed = true;
             break;
         case Kind::Continued:
             reply.lines.back() += "\n" + line;
-            until = Clock::now() + patience;
+            renewed = true;
             break;
         case Kind::Other:
             if (m_unsolicited)

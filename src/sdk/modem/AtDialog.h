@@ -95,6 +95,7 @@ private:
     enum class Kind { Final, Answer, Continued, Other };
 
     void send(const std::string& command);
+    bool takeLine(std::string& line);
     bool nextLine(std::string& line, Milliseconds atMost);
     Reply collect(const std::string& command, std::string_view prefix, Milliseconds patience);
     Kind kindOf(const std::string& line, const std::string& command, std::string_view prefix, const Reply& reply) const;

@@ -1,6 +1,7 @@
 // Reading and writing entries.
 
 #include <algorithm>
+#include <utility>
 
 #include "base/Log.h"
 #include "base/Text.h"
@@ -146,9 +147,9 @@ bool AtPhonebook::readStep(Reading& reading, int from, int to)
 void AtPhonebook::takeLines(Reading& reading, const Reply& reply, int from, int to)
 {
     for (const std::string& line : reply.lines) {
-        const std::optional<EntryLine> entry = readEntryLine(line);
+        std::optional<EntryLine> entry = readEntryLine(line);
         if (entry && !entry->empty() && entry->location >= from && entry->location <= to)
-            reading.found.insert_or_assign(entry->location, *entry);
+            reading.found.insert_or_assign(entry->location, std::move(*entry));
     }
     if (reading.progress)
         reading.progress(static_cast<int>(reading.found.size()));

@@ -276,7 +276,7 @@ void ModemHardware::hide(const std::string& problem)
 void ModemHardware::show(const ListedModem& modem, const std::string& problem)
 {
     if (m_state.status().attached == 0)
-        m_state.attach(modem.card, false, false);
+        m_state.attach(modem.card, false, false, problem); // whoever sees it sees why it has no memories
     m_state.setCard(modem.card);
     m_state.setRadio(modem.radio);
     m_state.setNetwork(modem.inService);

@@ -76,14 +76,16 @@ void ModemState::close(ModemBook& closed)
     closed.entries.clear();
 }
 
-void ModemState::attach(CardState card, bool cardBook, bool deviceBook)
+void ModemState::attach(CardState card, bool cardBook, bool deviceBook, const std::string& problem)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     m_attached = true;
     m_card = card;
     m_cardBook.there = cardBook;
     m_deviceBook.there = deviceBook;
-    m_problem.clear();
+    if (!problem.empty() && problem != m_problem)
+        logLine(problem);
+    m_problem = problem;
     touch();
     m_events.post(ORVA_EVENT_DEV_DEVICE_INIT_FINISH);
     m_events.post(ORVA_EVENT_PBM_EVENT_READY);

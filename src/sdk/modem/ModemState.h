@@ -41,8 +41,8 @@ public:
 
     // ---- For the modem's thread
 
-    // The modem is there, with what it has.
-    void attach(CardState card, bool cardBook, bool deviceBook);
+    // The modem is there, with what it has, and with what is in the way.
+    void attach(CardState card, bool cardBook, bool deviceBook, const std::string& problem = std::string());
     void detach();
     void setCard(CardState card);
     void replaceCard(); // by another one, without anybody having seen it out

@@ -95,8 +95,10 @@ TEST(aModemWithoutAPortForUsIsADeviceWithoutMemories)
     Setting setting;
     setting.listed.ports.pop_back();
     setting.list({setting.listed});
-    CHECK(setting.waitForProblem("needs both ports"));
     Library& library = setting.library;
+    library.hardware.status();
+    REQUIRE(library.hardware.state().waitLoaded(ORVA_MEMORY_CARD, Milliseconds(60000)));
+    CHECK(library.hardware.state().problem().find("needs both ports") != std::string::npos);
     CHECK_EQ(library.hardware.status().attached, 1);
     CHECK_EQ(library.hardware.status().card, 1);
     CHECK_EQ(library.hardware.status().network, ORVA_NETWORK_IN_SERVICE);
