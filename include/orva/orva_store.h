@@ -18,6 +18,20 @@ extern "C" {
  * the library finds damaged by itself it puts aside and replaces, with all that can be read of it. */
 ORVA_API long ORVA_Store_Check(int memory, int* findings);
 
+/* A store that was damaged and replaced. */
+typedef struct ORVA_STORE_DAMAGE {
+    long long time;       /* when that was found: seconds since the beginning of 1970, UTC */
+    int records;          /* that came through into the new store */
+    int groups;           /* likewise */
+    unsigned short* file; /* where the damaged file lies; the caller frees it */
+    unsigned short* what; /* was found, for people who know SQLite; the caller frees it */
+} ORVA_STORE_DAMAGE;
+
+/* Tells of the last time that the store of a memory was found damaged and replaced, for as long as the damaged file is
+ * left where it was put; opens the store first. With `once` not 0 it tells of each time to one caller only, of all
+ * processes: for programs that mention it beside their work. ORVA_E_NOT_FOUND where there is nothing to tell. */
+ORVA_API long ORVA_Store_GetDamage(int memory, int once, ORVA_STORE_DAMAGE* damage);
+
 /* Copies the store of a memory, as of one moment, into a new file of the user's alone. ORVA_E_STORE if the file is
  * there already or cannot be written. */
 ORVA_API long ORVA_Store_Backup(int memory, const unsigned short* path);

@@ -4,10 +4,37 @@
 
 #include "Commands.h"
 #include "Sdk.h"
+#include "Shown.h"
 #include "orva/orva_store.h"
 
 namespace pbctl
 {
+
+namespace
+{
+
+// Says on `out` that a memory's file was damaged and replaced; false if it was not.
+bool printDamage(int memory, bool once, std::FILE* out)
+{
+    ORVA_STORE_DAMAGE damage = {};
+    if (ORVA_Store_GetDamage(memory, once ? 1 : 0, &damage) != ORVA_OK)
+        return false;
+    const std::string file = takeUtf8(damage.file);
+    const std::string what = takeUtf8(damage.what);
+    std::fprintf(out,
+                 "%sthe file of the %s was damaged (%s) and was replaced on %s; %d contacts and %d groups came "
+                 "through; the damaged file is kept as %s\n",
+                 once ? "pbctl: " : "", memoryName(memory).c_str(), shown(what).c_str(), shownTime(damage.time).c_str(),
+                 damage.records, damage.groups, shown(file).c_str());
+    return true;
+}
+
+} // namespace
+
+void tellDamage(int memory)
+{
+    printDamage(memory, true, stderr);
+}
 
 int runCheck(const Arguments& arguments)
 {
@@ -15,11 +42,14 @@ int runCheck(const Arguments& arguments)
     const int memory = arguments.memory();
     int findings = 0;
     check(ORVA_Store_Check(memory, &findings), "checking the " + memoryName(memory));
-    if (findings == 0)
-        std::printf("the %s is sound\n", memoryName(memory).c_str());
-    else
+    const bool replaced = printDamage(memory, false, stdout);
+    if (findings > 0)
         std::printf("%d findings in the %s; the log says which\n", findings, memoryName(memory).c_str());
-    return findings == 0 ? done : failed;
+    else if (replaced)
+        std::printf("the new file is sound; pbctl check says so alone once the damaged one is removed\n");
+    else
+        std::printf("the %s is sound\n", memoryName(memory).c_str());
+    return findings == 0 && !replaced ? done : failed;
 }
 
 int runBackup(const Arguments& arguments)

@@ -34,6 +34,9 @@ int runModem(const Arguments& arguments);
 // Lets a modem read a card or device first. SdkError if that takes too long; what else is in the way tells the command.
 void awaitMemory(int memory);
 
+// Says, once for all programs, that the file of a memory was damaged and replaced.
+void tellDamage(int memory);
+
 } // namespace pbctl
 
 #endif // PBCTL_COMMANDS_H

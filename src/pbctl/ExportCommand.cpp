@@ -37,6 +37,7 @@ int runExport(const Arguments& arguments)
         spool.send();
     std::fprintf(spool.isStandard() ? stderr : stdout, "%zu contacts written to %s\n", ids.size(),
                  spool.name().c_str());
+    tellDamage(memory);
     return done;
 }
 

@@ -74,6 +74,7 @@ int infoJson(const Arguments& arguments)
         awaitMemory(memory);
         std::printf("%s", between);
         readable = printMemoryJson(memory) && readable;
+        tellDamage(memory);
         between = ",\n";
     }
     std::printf("]\n");
@@ -88,12 +89,15 @@ int runInfo(const Arguments& arguments)
     if (arguments.has("json"))
         return infoJson(arguments);
     if (arguments.has("memory")) {
-        return printMemory(arguments.memory()) ? done : failed;
+        const bool printed = printMemory(arguments.memory());
+        tellDamage(arguments.memory());
+        return printed ? done : failed;
     }
     bool readable = true;
     for (const int memory : {ORVA_MEMORY_LOCAL, ORVA_MEMORY_CARD, ORVA_MEMORY_DEVICE}) {
         awaitMemory(memory);
         readable = printMemory(memory) && readable;
+        tellDamage(memory);
     }
     std::printf("import from\n");
     const char* const applications[][2] = {{"evolution", "Outlook"}, {"thunderbird", "Outlook Express"}};

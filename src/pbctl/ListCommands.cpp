@@ -34,6 +34,7 @@ int runList(const Arguments& arguments)
             printer.print(id, values);
     });
     printer.finish();
+    tellDamage(memory);
     return done;
 }
 

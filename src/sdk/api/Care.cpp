@@ -2,6 +2,8 @@
 
 #include "orva/orva_store.h"
 
+#include <memory>
+
 #include "api/Boundary.h"
 #include "api/Library.h"
 #include "base/Files.h"
@@ -34,6 +36,23 @@ long ORVA_Store_Check(int memory, int* findings)
         for (const std::string& line : found)
             logFormat("check of memory %d: %s", memory, line.c_str());
         *findings = static_cast<int>(found.size());
+        return ORVA_OK;
+    });
+}
+
+long ORVA_Store_GetDamage(int memory, int once, ORVA_STORE_DAMAGE* damage)
+{
+    return guarded(__func__, [&]() -> long {
+        require(damage);
+        const std::optional<Damage> found = storeFor(memory).damage(once != 0);
+        if (!found)
+            return ORVA_E_NOT_FOUND;
+        std::unique_ptr<unsigned short[]> file(toApi(fromUtf8(found->file)));
+        damage->what = toApi(fromUtf8(found->what));
+        damage->file = file.release();
+        damage->time = found->time;
+        damage->records = found->records;
+        damage->groups = found->groups;
         return ORVA_OK;
     });
 }

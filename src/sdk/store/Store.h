@@ -8,6 +8,7 @@
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <thread>
 #include <vector>
@@ -16,6 +17,7 @@
 #include "base/RowBlock.h"
 #include "base/Values.h"
 #include "store/Bin.h"
+#include "store/Damage.h"
 #include "store/Database.h"
 #include "store/Schema.h"
 
@@ -115,6 +117,10 @@ public:
 
     // Looks for damage; each finding is a line. Empty: the store is sound.
     std::vector<std::string> check();
+
+    // That the store was damaged and replaced, until the damaged file is removed; with `once` only to the first who
+    // asks so.
+    std::optional<Damage> damage(bool once);
 
     // Copies the store, as of one moment, into a new file.
     void backup(const std::string& path);

@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <ctime>
 #include <mutex>
 
 #include "base/Log.h"
@@ -149,13 +150,20 @@ void Store::replaceDamaged()
             if (::rename(m_path.c_str(), aside.c_str()) != 0)
                 throw Failure(ORVA_E_STORE, m_path + " is damaged and cannot be put aside");
             openFile(Turn::Taken);
+            Damage damage;
+            damage.time = static_cast<long long>(std::time(nullptr));
+            damage.file = aside;
+            damage.what = failure.what();
             try {
                 const Salvaged found = salvage(aside, *m_db, m_columns);
                 logFormat("%s: %d records, %d groups and %d memberships were saved from the damaged store",
                           m_path.c_str(), found.records, found.groups, found.memberships);
+                damage.records = found.records;
+                damage.groups = found.groups;
             } catch (const Failure& lost) {
                 logFormat("%s: nothing could be saved from the damaged store: %s", m_path.c_str(), lost.what());
             }
+            rememberDamage(m_path, damage);
             forgetContent();
             reloadCounters();
         }
@@ -223,6 +231,20 @@ void Store::reloadCounters()
 std::vector<std::string> Store::check()
 {
     return reading([&] { return problemsOf(*m_db); });
+}
+
+std::optional<Damage> Store::damage(bool once)
+{
+    return reading([&] {
+        std::optional<Damage> found = rememberedDamage(m_path);
+        if (once && found && found->told)
+            return std::optional<Damage>();
+        if (once && found) {
+            found->told = true;
+            rememberDamage(m_path, *found);
+        }
+        return found;
+    });
 }
 
 void Store::backup(const std::string& path)
