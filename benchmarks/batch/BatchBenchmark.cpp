@@ -12,6 +12,7 @@
 #include "BareLoops.h"
 #include "BatchWindow.h"
 #include "RealHost.h"
+#include "linkhand/QtCompat.h"
 #include "logic/AddrBookLogic.h"
 #include "orva/orva_sim.h"
 
@@ -49,7 +50,7 @@ QString usageFolder()
 {
     unsigned short* text = nullptr;
     expect(ORVA_GetLogDirectory(&text));
-    QString path = QDir::cleanPath(QString::fromUtf16(text) + "../OnlineUpdate");
+    QString path = QDir::cleanPath(QtCompat::fromUtf16(text) + "../OnlineUpdate");
     delete[] text;
     return path;
 }

@@ -13,6 +13,7 @@
 
 #include "benchmarks/support/Bench.h"
 #include "dialogs/AddrBookEditDlg.h"
+#include "linkhand/QtCompat.h"
 #include "logic/AddrBookLogic.h"
 #include "orva/orva_sdk.h"
 #include "orva/orva_sim.h"
@@ -62,7 +63,7 @@ void walk()
         for (const char* key : keys) {
             unsigned short* text = nullptr;
             expect(ORVA_PBSrv_AddrRecordSet_GetValue(set, key, &text));
-            record.lstValues.append(QString::fromUtf16(text));
+            record.lstValues.append(QtCompat::fromUtf16(text));
             delete[] text;
         }
         records.append(record);

@@ -6,6 +6,7 @@
 #include <QTemporaryDir>
 
 #include "benchmarks/support/Bench.h"
+#include "linkhand/QtCompat.h"
 #include "logic/AddrBookLogic.h"
 #include "logic/PointerCarrier.h"
 #include "orva/orva_sim.h"
@@ -69,7 +70,7 @@ void bareWalk()
         for (const char* key : g_keys) {
             unsigned short* text = nullptr;
             ORVA_PBSrv_AddrRecordSet_GetValue(set, key, &text);
-            record.lstValues.append(QString::fromUtf16(text));
+            record.lstValues.append(QtCompat::fromUtf16(text));
             delete[] text;
         }
         records.append(record);

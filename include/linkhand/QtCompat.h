@@ -121,13 +121,13 @@ inline const char* idClicked()
 #endif
 }
 
-// Zero-terminated UTF-16 as the SDK hands it out.
-inline QString fromUtf16(const unsigned short* pusText)
+// UTF-16 as the SDK hands it out, to its zero or of a length.
+inline QString fromUtf16(const unsigned short* pusText, int iLength = -1)
 {
 #if QT_VERSION >= 0x060000
-    return QString::fromUtf16(reinterpret_cast<const char16_t*>(pusText));
+    return QString::fromUtf16(reinterpret_cast<const char16_t*>(pusText), iLength);
 #else
-    return QString::fromUtf16(pusText);
+    return QString::fromUtf16(pusText, iLength);
 #endif
 }
 

@@ -9,6 +9,8 @@ namespace
 {
 
 const int s_iMaxFileSize = 1024 * 1024;
+// An entry stands three deep. The reader of Qt 6 takes the square of the depth in time.
+const int s_iMaxDepth = 100;
 
 QString attribute(const QXmlStreamReader& reader, const char* szName)
 {
@@ -68,13 +70,18 @@ bool MenuFile::read(const QString& strFile)
     }
     QXmlStreamReader reader(file.read(s_iMaxFileSize));
     int iPlace = 0;
+    int iDepth = 0;
     while (!reader.atEnd()) {
         const QXmlStreamReader::TokenType enToken = reader.readNext();
         // Entities of a document type could grow without bounds.
         if (enToken == QXmlStreamReader::DTD)
             reader.raiseError(QLatin1String("a document type is not allowed"));
+        if (enToken == QXmlStreamReader::EndElement)
+            --iDepth;
         if (enToken != QXmlStreamReader::StartElement)
             continue;
+        if (++iDepth > s_iMaxDepth)
+            reader.raiseError(QLatin1String("nested too deep"));
         if (reader.name() == QLatin1String("toolbar"))
             bSubGroups = isSet(reader, "subgroups");
         else if (reader.name() == QLatin1String("toolitem"))

@@ -1,6 +1,7 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QRegularExpression>
 #include <QtTest>
 
 #include <csignal>
@@ -282,7 +283,9 @@ void TestDesktopHost::aDamagedPhonebookIsSaidAndKept()
     QVERIFY2(m_pHost->Text("modal").contains("local.db.damaged-"), qPrintable(m_pHost->Text("modal")));
     m_pHost->Key("Return");
     QVERIFY(m_pHost->WaitGone("modal"));
-    QCOMPARE(QDir(m_pProfile->Path()).entryList(QStringList("local.db.damaged-*")).filter(QRegExp("Z$")).size(), 1);
+    QCOMPARE(
+        QDir(m_pProfile->Path()).entryList(QStringList("local.db.damaged-*")).filter(QRegularExpression("Z$")).size(),
+        1);
     QTRY_COMPARE(nodeText("Computer"), QStringLiteral("Computer(0)"));
     // Told once.
     QVERIFY(m_pHost->Quit() >= 0);

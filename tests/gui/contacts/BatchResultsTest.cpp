@@ -1,6 +1,7 @@
 #include <QLabel>
 #include <QObject>
 #include <QProgressBar>
+#include <QRegularExpression>
 
 #include "BatchFlows.h"
 
@@ -213,7 +214,7 @@ private slots:
         QCOMPARE(log,
                  QStringList({QString("AddAddrToGroup(%1, 1, 4)").arg(id), QString("AddAddrToGroup(%1, 2, 4)").arg(id),
                               QString("AddAddrToGroup(%1, 3, 4)").arg(id)}));
-        const QStringList worker = FakeSdk::names().filter(QRegExp("^(AddAddrRec|AddAddrToGroup)$"));
+        const QStringList worker = FakeSdk::names().filter(QRegularExpression("^(AddAddrRec|AddAddrToGroup)$"));
         QCOMPARE(worker.mid(0, 2), QStringList({"AddAddrRec", "AddAddrToGroup"}));
     }
 

@@ -1,7 +1,7 @@
 #include <QApplication>
-#include <QRegExpValidator>
 
 #include "ContactsSupport.h"
+#include "linkhand/QtCompat.h"
 
 // The form's inputs keep the profile's rule in each of the three flows that open it.
 class FormRulesTest : public QObject
@@ -33,7 +33,7 @@ private slots:
         QString number;
         bool name = true;
         FormUser user([&](AddrBookEditDlgAccess form) {
-            const auto* rule = qobject_cast<const QRegExpValidator*>(form.mobile()->validator());
+            const auto* rule = dynamic_cast<const QRegExpValidator*>(form.mobile()->validator());
             number = rule != nullptr ? rule->regExp().pattern() : QString("none");
             name = form.name()->validator() != nullptr;
             form.cancel()->click();

@@ -1,6 +1,7 @@
 #include "EditSupport.h"
 
 #include <QClipboard>
+#include <QRegExp>
 
 // Rules of the form that hold in every input and in every flow.
 class EditRulesTest : public EditTestBase

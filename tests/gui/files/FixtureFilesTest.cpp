@@ -17,6 +17,7 @@
 
 #include "../window/RealHost.h"
 #include "csv/ColumnGuess.h"
+#include "linkhand/QtCompat.h"
 #include "linkhand/plugin/IUIPlugin.h"
 #include "orva/orva_sim.h"
 
@@ -44,7 +45,7 @@ QString escaped(QString strText)
 
 QString taken(unsigned short* pText)
 {
-    QString strText = pText != nullptr ? QString::fromUtf16(pText) : QString();
+    QString strText = pText != nullptr ? QtCompat::fromUtf16(pText) : QString();
     delete[] pText;
     return strText;
 }

@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QPointer>
+#include <QRegularExpression>
 #include <QTableWidget>
 #include <QTimer>
 #include <QTreeWidget>
@@ -349,11 +350,12 @@ private slots:
         m_plugin->ShowWindow(m_page.get(), rect);
         m_plugin->Hide();
         qInstallMessageHandler(before);
-        const QStringList own = lines.filter(QRegExp("^AddrBookUI(Plugin|Service)\\.cpp: \\w+ (called|exit)$"));
+        const QStringList own =
+            lines.filter(QRegularExpression("^AddrBookUI(Plugin|Service)\\.cpp: \\w+ (called|exit)$"));
         QVERIFY(!own.isEmpty());
-        QCOMPARE(lines.filter(QRegExp(" rect: x=0, y=0, width=100, height=100$")).size(), 1);
+        QCOMPARE(lines.filter(QRegularExpression(" rect: x=0, y=0, width=100, height=100$")).size(), 1);
         // Where it is built without optimisation, Qt names places of its own.
-        for (const QString& line : lines.filter(QRegExp("^(?!QObject::connect).*\\.cpp")))
+        for (const QString& line : lines.filter(QRegularExpression("^(?!QObject::connect).*\\.cpp")))
             QVERIFY2(!line.section(".cpp", 0, 0).contains("/"), qPrintable(line));
     }
 

@@ -71,7 +71,7 @@ class SelectEndTest : public SelectTestBase
             break;
         case MainWindowGoes:
             FakeCore::setMainWindow(nullptr);
-            picker.dialog.take(); // a child of the window by now
+            picker.dialog.release(); // a child of the window by now
             mainWindow.reset();
             break;
         default:
@@ -113,7 +113,7 @@ private slots:
         if (worker == Contacts) // whose forerunner reads the same records
             FakeSdk::setDelay(call, 0);
         Picker picker;
-        const QPointer<AddrBookSelectContactsDlg> dialog(picker.dialog.data());
+        const QPointer<AddrBookSelectContactsDlg> dialog(picker.dialog.get());
         int before = 0;
         picker.run([&] { return isRunning(picker.access, worker) && (worker == Contacts || FakeSdk::count(call) > 1); },
                    [&] {

@@ -10,6 +10,7 @@
 #include <QtTest>
 
 #include <functional>
+#include <memory>
 
 #include "dialogs/AddrBookSelectContactsDlg.h"
 #include "fakecore/FakeCore.h"
@@ -164,7 +165,7 @@ public:
         dialog->Exec();
     }
 
-    QScopedPointer<AddrBookSelectContactsDlg> dialog;
+    std::unique_ptr<AddrBookSelectContactsDlg> dialog;
     AddrBookSelectContactsDlgAccess access;
 
 private:

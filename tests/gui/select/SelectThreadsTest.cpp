@@ -118,7 +118,7 @@ private slots:
         // Delivers results without an event loop, so that the dialog can go between two of them.
         const QDeadlineTimer deadline(20000);
         while (!isRunning(picker.access, static_cast<Worker>(worker)) && !deadline.hasExpired()) {
-            QCoreApplication::sendPostedEvents(picker.dialog.data(), QEvent::MetaCall);
+            QCoreApplication::sendPostedEvents(picker.dialog.get(), QEvent::MetaCall);
             QThread::yieldCurrentThread();
         }
         QVERIFY(!deadline.hasExpired());

@@ -291,7 +291,9 @@ void TreeHoverTest::afterACancelledDragTheStateStaysHovering()
     QVERIFY(!tree->m_bHandleSelection);
     QVERIFY(tree->hasMouseTracking()); // so that itemEntered goes on noting the node under the mouse
     QSignalSpy entered(tree.get(), SIGNAL(itemEntered(QTreeWidgetItem*, int)));
-    QMouseEvent move(QEvent::MouseMove, tree->over(tree->device), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+    const QPoint device = tree->over(tree->device);
+    QMouseEvent move(QEvent::MouseMove, device, tree->viewport()->mapToGlobal(device), Qt::NoButton, Qt::NoButton,
+                     Qt::NoModifier);
     QApplication::sendEvent(tree->viewport(), &move);
     QCOMPARE(entered.count(), 1);
     QCOMPARE(entered.at(0).at(0).value<QTreeWidgetItem*>(), tree->device);

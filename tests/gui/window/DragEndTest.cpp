@@ -116,7 +116,8 @@ private slots:
         limit.setSingleShot(true);
         QObject::connect(&limit, &QTimer::timeout, [] { QDrag::cancel(); });
         limit.start(10000);
-        QMouseEvent move(QEvent::MouseMove, press, Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+        QMouseEvent move(QEvent::MouseMove, press, table->viewport()->mapToGlobal(press), Qt::NoButton, Qt::LeftButton,
+                         Qt::NoModifier);
         QApplication::sendEvent(table->viewport(), &move);
         QVERIFY(gone.isNull());
         QVERIFY2(limit.isActive(), "the drag went on");

@@ -1,4 +1,6 @@
 #include <QLoggingCategory>
+#include <QRegExp>
+#include <QRegularExpression>
 
 #include "WindowFixture.h"
 
@@ -51,18 +53,20 @@ private slots:
         f.build();
         f.window()->pushNotify(288, 4, 1);
         const QStringList lines = MessageLog::lines();
-        QCOMPARE(lines.filter(QRegExp("^AddrBookDlgToolBar\\.cpp: \\w+: (Enter|Exit)$")).isEmpty(), false);
-        QCOMPARE(lines.filter(QRegExp("AddrBookDlgToolBar\\.cpp: \\w+:? (Enter|Exit)")).size(),
-                 lines.filter(QRegExp("^AddrBookDlgToolBar\\.cpp: \\w+: (Enter|Exit)$")).size());
+        QCOMPARE(lines.filter(QRegularExpression("^AddrBookDlgToolBar\\.cpp: \\w+: (Enter|Exit)$")).isEmpty(), false);
+        QCOMPARE(lines.filter(QRegularExpression("AddrBookDlgToolBar\\.cpp: \\w+:? (Enter|Exit)")).size(),
+                 lines.filter(QRegularExpression("^AddrBookDlgToolBar\\.cpp: \\w+: (Enter|Exit)$")).size());
         const QStringList container = lines.filter("Plugin container is null ");
         QVERIFY(!container.isEmpty());
         for (const QString& line : container)
             QVERIFY2(QRegExp("^\\w+\\.cpp: \\w+: Plugin container is null $").exactMatch(line), qPrintable(line));
-        QCOMPARE(lines.filter(QRegExp("^[0-9:]+ : AddrBookDlg\\.cpp : \\w+ : ORVA_DevSrv_GetRFSwitch returned error$"))
+        QCOMPARE(lines
+                     .filter(QRegularExpression(
+                         "^[0-9:]+ : AddrBookDlg\\.cpp : \\w+ : ORVA_DevSrv_GetRFSwitch returned error$"))
                      .size(),
                  1);
         // Where it is built without optimisation, Qt names places of its own.
-        for (const QString& line : lines.filter(QRegExp("^(?!QObject::connect).*\\.cpp")))
+        for (const QString& line : lines.filter(QRegularExpression("^(?!QObject::connect).*\\.cpp")))
             QVERIFY2(!line.contains("/"), qPrintable(line));
         QLoggingCategory::setFilterRules("default.debug=false\ndefault.warning=false");
     }

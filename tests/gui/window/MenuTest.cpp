@@ -398,7 +398,7 @@ private slots:
         }
         QCOMPARE(found.size(), 1);
         QWidget* const parent = tree ? static_cast<QWidget*>(f.tree()) : f.window();
-        QCOMPARE(found[0]->parentWidget(), parent);
+        QCOMPARE(found[0]->parent(), static_cast<QObject*>(parent));
         QVERIFY(QObject::disconnect(found[0], SIGNAL(activated()), f.window(), slot.constData()));
         QVERIFY(!QObject::disconnect(found[0], SIGNAL(activated()), f.window(), nullptr));
     }

@@ -446,7 +446,9 @@ private slots:
         QCOMPARE(f.tree()->currentItem(), f.in().sim());
         QVERIFY(f.tree()->hasMouseTracking());
 
-        QMouseEvent move(QEvent::MouseMove, over(f.in().device()), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+        const QPoint device = over(f.in().device());
+        QMouseEvent move(QEvent::MouseMove, device, viewport->mapToGlobal(device), Qt::NoButton, Qt::NoButton,
+                         Qt::NoModifier);
         QCoreApplication::sendEvent(viewport, &move);
         QCOMPARE(f.in().entered(), f.in().device());
         f.tree()->setCurrentItem(f.node("Friends"));

@@ -132,7 +132,7 @@ long ORVA_PBSrv_AddrGroup_SetName(void* group, const unsigned short* name)
     Handle* handle = find(group, Kind::Group, "AddrGroup_SetName");
     if (handle == nullptr)
         return ORVA_E_HANDLE;
-    handle->name = QString::fromUtf16(name);
+    handle->name = QtCompat::fromUtf16(name);
     return ORVA_OK;
 }
 

@@ -25,7 +25,7 @@ long ORVA_PBSrv_AddrRecord_SetValue(void* record, const char* key, const unsigne
         return ORVA_E_HANDLE;
     if (!state().memories[handle->memory].knows(key) || value == nullptr)
         return ORVA_E_ARGUMENT;
-    handle->values[QByteArray(key).toLower()] = QString::fromUtf16(value);
+    handle->values[QByteArray(key).toLower()] = QtCompat::fromUtf16(value);
     return ORVA_OK;
 }
 

@@ -98,7 +98,7 @@ long ORVA_PBSrv_PBContentCodingJudge(const unsigned short* text, short length, b
                                      short* result)
 {
     FAKE_ENTER("PBContentCodingJudge", text, length, not_uim, customised);
-    *result = static_cast<short>(state().coding(QString::fromUtf16(text, length), not_uim, customised));
+    *result = static_cast<short>(state().coding(QtCompat::fromUtf16(text, length), not_uim, customised));
     return ORVA_OK;
 }
 
@@ -128,7 +128,7 @@ long ORVA_PBSrv_IsOutlookInstalled(const char* name)
 long ORVA_PBSrv_GetFileFieldDescription(const unsigned short* path, char* buffer, int* length)
 {
     FAKE_ENTER("GetFileFieldDescription", path, buffer != nullptr);
-    const auto found = state().titles.constFind(QString::fromUtf16(path));
+    const auto found = state().titles.constFind(QtCompat::fromUtf16(path));
     if (found == state().titles.constEnd())
         return ORVA_E_NOT_FOUND;
     if (buffer == nullptr) {
@@ -171,13 +171,13 @@ static long import(const QString& source, const int* map, int memory, void** set
 long ORVA_PBSrv_ImportFromFile(const unsigned short* path, int* map, int memory, void** set)
 {
     FAKE_ENTER("ImportFromFile", path, memory);
-    return import(QString::fromUtf16(path), map, memory, set, order.null);
+    return import(QtCompat::fromUtf16(path), map, memory, set, order.null);
 }
 
 long ORVA_PBSrv_ImportFromOutlook(const unsigned short* name, int* map, int memory, void** set)
 {
     FAKE_ENTER("ImportFromOutlook", name, memory);
-    return import(QString::fromUtf16(name), map, memory, set, order.null);
+    return import(QtCompat::fromUtf16(name), map, memory, set, order.null);
 }
 
 long ORVA_PBSrv_ExportToFile(const unsigned short* path, int* ids, int count, int memory)
@@ -186,7 +186,7 @@ long ORVA_PBSrv_ExportToFile(const unsigned short* path, int* ids, int count, in
     QList<int> list;
     for (int i = 0; i < count; ++i)
         list << ids[i];
-    state().exports << FakeSdk::Export{QString::fromUtf16(path), list, memory};
+    state().exports << FakeSdk::Export{QtCompat::fromUtf16(path), list, memory};
     return ORVA_OK;
 }
 

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "fakesdk/FakeSdk.h"
+#include "linkhand/QtCompat.h"
 
 namespace fakesdk
 {
@@ -143,7 +144,7 @@ inline QString text(const char* value)
 }
 inline QString text(const unsigned short* value)
 {
-    return value ? QString::fromUtf16(value) : QString("null");
+    return value ? QtCompat::fromUtf16(value) : QString("null");
 }
 
 template <class... Args>

@@ -119,10 +119,10 @@ void CoreChange::shortcutIsAnEntryOfItsOwn()
     QKeySequence key;
     QVERIFY(Change::tr("IDS_BOTH", s_strPlugin, strText, key));
     QCOMPARE(strText, QString("English both"));
-    QCOMPARE(key, QKeySequence(Qt::CTRL + Qt::Key_N));
+    QCOMPARE(key, QKeySequence(Qt::CTRL | Qt::Key_N));
     m_pHost->strLanguage = QLatin1String("de");
     QVERIFY(Change::tr("IDS_BOTH", s_strPlugin, strText, key));
-    QCOMPARE(key, QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_N));
+    QCOMPARE(key, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_N));
 }
 
 void CoreChange::shortcutFallsBackToEnglish()

@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QGlyphRun>
 #include <QRegExp>
 #include <QTextLayout>
 #include <QtTest>
@@ -26,13 +27,14 @@ QString asSeen(const QString& strText)
         const QChar c = strText.at(i);
         if (c == QChar(0x200e) || c == QChar(0x200f))
             continue;
-        const qreal leading = line.cursorToX(i, QTextLine::Leading);
-        const qreal trailing = line.cursorToX(i, QTextLine::Trailing);
-        const bool bRightToLeft = trailing < leading;
+        // Where it is drawn, not where a cursor would stand, which between two directions may be elsewhere.
+        const QList<QGlyphRun> runs = line.glyphRuns(i, 1);
+        if (runs.isEmpty())
+            continue;
         QChar drawn = c;
-        if (bRightToLeft && c.hasMirrored())
+        if (runs.first().isRightToLeft() && c.hasMirrored())
             drawn = c.mirroredChar();
-        seen.append(qMakePair((leading + trailing) / 2, QString(drawn)));
+        seen.append(qMakePair(runs.first().positions().constFirst().x(), QString(drawn)));
     }
     std::stable_sort(seen.begin(), seen.end(),
                      [](const QPair<qreal, QString>& a, const QPair<qreal, QString>& b) { return a.first < b.first; });

@@ -4,6 +4,7 @@
 #include <QtTest>
 
 #include "FakeHost.h"
+#include "linkhand/QtCompat.h"
 #include "linkhand/core/Change.h"
 #include "linkhand/core/ToolBarLogic.h"
 
@@ -157,7 +158,7 @@ void CoreToolBar::buttonWithoutIconShowsItsText()
 void CoreToolBar::clicksCarryTheId()
 {
     QVERIFY(create());
-    QSignalSpy spy(m_pGroup, SIGNAL(buttonClicked(int)));
+    QSignalSpy spy(m_pGroup, QtCompat::idClicked());
     for (const ToolItem& item : qAsConst(m_items)) {
         QTest::mouseClick(item.pButton, Qt::LeftButton);
         QCOMPARE(spy.takeLast().at(0).toInt(), item.iId);

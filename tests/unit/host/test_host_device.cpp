@@ -98,7 +98,7 @@ void TestHostDevice::eventsBecomeNotifyCodes()
     QSignalSpy changed(&watcher, SIGNAL(changed()));
     QStringList lstSeen;
     foreach (const QString& strStep, action.split(' ')) {
-        const int iValue = strStep.rightRef(1).toInt();
+        const int iValue = strStep.right(1).toInt();
         const QString strWhat = strStep.left(strStep.length() - 1);
         if (strWhat == "net") {
             SimulatedHardware::SetNetwork(iValue != 0);

@@ -1,4 +1,5 @@
 #include <QLocale>
+#include <QRegExp>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QThread>

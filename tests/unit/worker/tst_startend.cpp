@@ -1,3 +1,5 @@
+#include <QRegularExpression>
+
 #include <thread>
 
 #include "WorkerTest.h"
@@ -103,7 +105,7 @@ private slots:
             break;
         }
         QVERIFY(runToEnd(worker));
-        QCOMPARE(receiver.results.size() + receiver.lines.filter(QRegExp("^(node|group)")).size() +
+        QCOMPARE(receiver.results.size() + receiver.lines.filter(QRegularExpression("^(node|group)")).size() +
                      receiver.contacts.size(),
                  setter == 0 ? 2 : 1);
     }
