@@ -57,8 +57,16 @@ void TestDesktopShortcuts::cleanup()
     QVERIFY2(lstErrors.isEmpty(), qPrintable(lstErrors.join(QLatin1Char(0x0a))));
 }
 
+// A key goes where the keyboard is, and a window gets that a moment after it is there.
 bool TestDesktopShortcuts::closeWindow(const QString& strAddress)
 {
+    const auto isInFront = [this] {
+        const QStringList lstActive = host()->Windows().filter(QRegularExpression("\t1$"));
+        return !lstActive.isEmpty() && lstActive.filter("\tlinkhand_MainWindow\t").isEmpty();
+    };
+    if (!HostDriver::WaitUntil(isInFront)) {
+        return false;
+    }
     host()->Key("Escape");
     return host()->WaitGone(strAddress);
 }

@@ -189,4 +189,27 @@ TEST(aValueNeverBeginsALineOfItsOwn)
     }
 }
 
+TEST(noLineIsLongerThanReadersTake)
+{
+    Card card = Card::empty(CardVersion::V40);
+    card.properties.emplace_back("NOTE");
+    setCardText(card.properties.back(), std::string(400, 'x'), card.version);
+    const std::string out = written(card);
+    std::size_t begin = 0;
+    std::size_t longest = 0;
+    for (std::size_t end = out.find("\r\n"); end != std::string::npos; end = out.find("\r\n", begin)) {
+        longest = std::max(longest, end - begin);
+        begin = end + 2;
+    }
+    CHECK_EQ(longest, std::size_t(75));
+}
+
+TEST(aLineEndSetInAValueIsReadBack)
+{
+    Card card = Card::empty(CardVersion::V30);
+    card.properties.emplace_back("NOTE");
+    card.properties.back().setValue("one\ntwo");
+    CHECK_EQ(textOf(written(card).substr(written(card).find("NOTE"))), "one\ntwo");
+}
+
 CHECK_MAIN
