@@ -6,6 +6,8 @@
 // Who is who among the plug-ins: name, class identifier and the kind of object served (IPluginContainer::GetPlugin).
 // The phonebook has no identifier; the container knows it by its name.
 
+#define LINKHAND_PRESENCE_KIND 0 // whichever object it is: asks whether the plug-in is there
+
 #define LINKHAND_ADDRBOOK_NAME "AddrBookUIPlugin"
 #define LINKHAND_ADDRBOOK_KIND 4097
 

@@ -2,16 +2,12 @@
 
 #include "frame/AddrBookUIService.h"
 #include "frame/FrameLog.h"
+#include "linkhand/plugin/Codes.h"
 #include "linkhand/plugin/PluginVerification.h"
 #include "logic/Texts.h"
 
 LINKHAND_EXPORT_VERIFICATION()
 LINKHAND_EXPORT_PLUGIN(AddrBookUIPlugin, CAddrBookUIPlugin)
-
-namespace
-{
-const int s_iServiceId = 4097; // what QueryInterface answers to
-}
 
 CAddrBookUIPlugin::CAddrBookUIPlugin() {}
 
@@ -94,7 +90,7 @@ bool CAddrBookUIPlugin::IsAllowRelease()
 int CAddrBookUIPlugin::QueryInterface(int iId, QObject** ppObject)
 {
     FRAME_LOG_CALLED();
-    if (iId != s_iServiceId)
+    if (iId != LINKHAND_ADDRBOOK_KIND)
         return 0;
     *ppObject = CAddrBookUIService::instance();
     return 1;

@@ -3,27 +3,13 @@
 #include <QCoreApplication>
 
 #include "frame/FrameLog.h"
+#include "linkhand/plugin/Codes.h"
 #include "logic/AddrBookLogic.h"
 #include "logic/Log.h"
 #include "logic/SdkCall.h"
 #include "logic/Texts.h"
+#include "orva/orva_sdk.h"
 #include "window/AddrBookDlg.h"
-
-namespace
-{
-// The host's notices that reach the window.
-enum NotifyCode {
-    NOTIFY_LANGUAGE = 320,
-    NOTIFY_NET_STATUS = 515,
-    NOTIFY_NET_LOST = 576,
-    NOTIFY_NET_GAINED = 577,
-    NOTIFY_SIM_ENABLED = 578,
-    NOTIFY_SIM_DISABLED = 579,
-    NOTIFY_SYSMODE = 4101
-};
-
-const int s_iNetInService = 2;
-} // namespace
 
 CAddrBookUIService* CAddrBookUIService::m_pInstance = nullptr;
 
@@ -81,10 +67,10 @@ int CAddrBookUIService::createWindow(QWidget* pParent)
     if (constructDialog(pParent) == ADDRBOOK_OUT_OF_MEMORY)
         return 0;
     int iStatus = 0;
-    long iResult = 0;
-    SDK_CALL(iResult, ORVA_NetSrv_GetSrvStatus, (&iStatus));
+    long lResult = 0;
+    SDK_CALL(lResult, ORVA_NetSrv_GetSrvStatus, (&iStatus));
     if (m_pAddrBookDlg != nullptr)
-        m_pAddrBookDlg->OnNetStatusChanged(iResult == 0 && iStatus == s_iNetInService);
+        m_pAddrBookDlg->OnNetStatusChanged(lResult == 0 && iStatus == ORVA_NETWORK_IN_SERVICE);
     return 1;
 }
 
@@ -140,25 +126,25 @@ int CAddrBookUIService::Notify(unsigned int uiCode, unsigned int uiParam1, unsig
     if (m_pAddrBookDlg == nullptr)
         return 0;
     switch (uiCode) {
-    case NOTIFY_LANGUAGE:
+    case HOST_NOTIFY_LANGUAGE:
         m_pAddrBookDlg->SetLanguage();
         break;
-    case NOTIFY_NET_STATUS:
+    case HOST_NOTIFY_REGISTRATION:
         m_pAddrBookDlg->OnNetStatusChanged(uiParam1 != 0);
         break;
-    case NOTIFY_NET_LOST:
+    case HOST_NOTIFY_NETWORK_LOST:
         m_pAddrBookDlg->OnNetStatusChanged(false);
         break;
-    case NOTIFY_NET_GAINED:
+    case HOST_NOTIFY_NETWORK_GAINED:
         m_pAddrBookDlg->OnNetStatusChanged(true);
         break;
-    case NOTIFY_SIM_ENABLED:
+    case HOST_NOTIFY_CARD_ENABLED:
         m_pAddrBookDlg->OnSimDisabled(false);
         break;
-    case NOTIFY_SIM_DISABLED:
+    case HOST_NOTIFY_CARD_DISABLED:
         m_pAddrBookDlg->OnSimDisabled(true);
         break;
-    case NOTIFY_SYSMODE:
+    case HOST_NOTIFY_SYSTEM_MODE:
         m_pAddrBookDlg->OnSysmodeChanged();
         break;
     default:

@@ -3,18 +3,9 @@
 #include "logic/Log.h"
 #include "logic/QueuedEmit.h"
 #include "logic/SdkCall.h"
+#include "orva/orva_sdk.h"
 
 // The callbacks of the SDK's four services, the signals made of their events, and the state of device and card.
-
-namespace
-{
-
-const int g_iDevStatusAvailable = 3;
-const int g_iDevStatusUnknown = 4;
-const int g_iNetStatusInService = 2;
-const int g_iProductUim = 1;
-
-} // namespace
 
 void AddrBookLogic::RegisterCallbacks()
 {
@@ -46,34 +37,34 @@ int AddrBookLogic::OnDeviceMgrInitEvent(int enNotifyType, void* /*pvData*/)
         return 0;
 
     switch (enNotifyType) {
-    case 7:
+    case ORVA_EVENT_NET_STATUS:
         return 1;
-    case 6002:
+    case ORVA_EVENT_DEV_SIM_INVALID:
         ADDRBOOK_LOG("ORVA_EVENT_DEV_SIM_INVALID");
         QUEUED_EMIT_FROM(pLogic, signalNetStatus, false);
         QUEUED_EMIT_FROM(pLogic, signalSimStatus, false);
         return 1;
-    case 6014:
-    case 6601:
-    case 6604:
+    case ORVA_EVENT_DEV_DEVICE_INIT_FINISH:
+    case ORVA_EVENT_DEV_CARD_CHANGED:
+    case ORVA_EVENT_DEV_PIN_CHANGED:
         ADDRBOOK_LOG("ORVA_EVENT_DEV_DEVICE_INIT_FINISH");
         pLogic->signalDeviceState();
         return 1;
-    case 6615:
+    case ORVA_EVENT_DEV_RF_SWITCH:
         ADDRBOOK_LOG("ORVA_EVENT_DEV_RF_SWITCH");
         pLogic->signalRadioState();
         return 1;
-    case 20301:
+    case ORVA_EVENT_PBM_EVENT_READY:
         ADDRBOOK_LOG("ORVA_EVENT_PBM_EVENT_READY");
         m_bPbServiceReady = true;
         QUEUED_EMIT_FROM(pLogic, signalDeviceConnected, true);
         return 1;
-    case 20302:
+    case ORVA_EVENT_PBM_EVENT_SIM_READY:
         ADDRBOOK_LOG("ORVA_EVENT_PBM_EVENT_SIM_READY");
         m_bPbServiceReady = true;
         QUEUED_EMIT_FROM(pLogic, signalAddrBookSimReady);
         return 1;
-    case 20303:
+    case ORVA_EVENT_PBM_EVENT_NV_READY:
         ADDRBOOK_LOG("ORVA_EVENT_PBM_EVENT_NV_READY");
         m_bPbServiceReady = true;
         QUEUED_EMIT_FROM(pLogic, signalAddrBookDeviceReady);
@@ -86,10 +77,10 @@ int AddrBookLogic::OnDeviceMgrInitEvent(int enNotifyType, void* /*pvData*/)
 // The network is declared up once the device is, and down before the device goes.
 void AddrBookLogic::signalDeviceState()
 {
-    int iStatus = g_iDevStatusUnknown;
+    int iStatus = ORVA_DEVICE_AWAY;
     long lResult = 0;
     SDK_CALL(lResult, ORVA_DevSrv_GetDevStatus, (&iStatus));
-    if (lResult == 0 && iStatus == g_iDevStatusAvailable) {
+    if (lResult == 0 && iStatus == ORVA_DEVICE_AVAILABLE) {
         QUEUED_EMIT(signalDeviceConnected, true);
         const bool bInService = GetSystemModeStatus();
         QUEUED_EMIT(signalNetStatus, bInService);
@@ -118,7 +109,7 @@ bool AddrBookLogic::GetSystemModeStatus()
     int iStatus = 0;
     long lResult = 0;
     SDK_CALL(lResult, ORVA_NetSrv_GetSrvStatus, (&iStatus));
-    return lResult == 0 && iStatus == g_iNetStatusInService;
+    return lResult == 0 && iStatus == ORVA_NETWORK_IN_SERVICE;
 }
 
 bool AddrBookLogic::IsSimValidForPB()
@@ -128,7 +119,7 @@ bool AddrBookLogic::IsSimValidForPB()
     unsigned char aucBytes[3] = {0, 0, 0};
     long lResult = 0;
     SDK_CALL(lResult, ORVA_DevSrv_GetPinStatus, (0, &iPinStatus, &aucBytes[0], &aucBytes[1], &aucBytes[2]));
-    if (lResult != 0 || (iPinStatus != 1 && iPinStatus != 8))
+    if (lResult != 0 || (iPinStatus != ORVA_PIN_NOT_NEEDED && iPinStatus != ORVA_PIN_VERIFIED))
         return false;
 
     int iProduct = 3;
@@ -139,7 +130,7 @@ bool AddrBookLogic::IsSimValidForPB()
     SDK_CALL(lResult, ORVA_DevSrv_GetSimType, (&iCard));
     if (lResult != 0)
         return true;
-    if (iProduct == g_iProductUim)
+    if (iProduct == ORVA_PRODUCT_UIM)
         return iCard == 3 || iCard == 4;
     return iCard != 4;
 }

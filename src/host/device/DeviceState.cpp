@@ -2,16 +2,6 @@
 
 #include "orva/orva_sdk.h"
 
-namespace
-{
-
-const int DEVICE_AVAILABLE = 3;
-const int PIN_READY = 1;
-const int PIN_OFF = 8;
-const int IN_SERVICE = 2;
-
-} // namespace
-
 bool DeviceState::operator==(const DeviceState& other) const
 {
     return bAttached == other.bAttached && bCardReady == other.bCardReady && bRadioOn == other.bRadioOn &&
@@ -23,17 +13,17 @@ DeviceState DeviceState::Read()
 {
     DeviceState state;
     int iStatus = 0;
-    state.bAttached = ORVA_DevSrv_GetDevStatus(&iStatus) == ORVA_OK && iStatus == DEVICE_AVAILABLE;
+    state.bAttached = ORVA_DevSrv_GetDevStatus(&iStatus) == ORVA_OK && iStatus == ORVA_DEVICE_AVAILABLE;
     int iPin = 0;
     unsigned char aucRest[3] = {};
     if (state.bAttached && ORVA_DevSrv_GetPinStatus(0, &iPin, &aucRest[0], &aucRest[1], &aucRest[2]) == ORVA_OK) {
         state.iPinStatus = iPin;
-        state.bCardReady = iPin == PIN_READY || iPin == PIN_OFF;
+        state.bCardReady = iPin == ORVA_PIN_NOT_NEEDED || iPin == ORVA_PIN_VERIFIED;
     }
     int aiRadio[2] = {};
     state.bRadioOn = ORVA_DevSrv_GetRFSwitch(aiRadio) == ORVA_OK && aiRadio[0] == 1 && aiRadio[1] == 1;
     int iNetwork = 0;
-    state.bRegistered = ORVA_NetSrv_GetSrvStatus(&iNetwork) == ORVA_OK && iNetwork == IN_SERVICE;
+    state.bRegistered = ORVA_NetSrv_GetSrvStatus(&iNetwork) == ORVA_OK && iNetwork == ORVA_NETWORK_IN_SERVICE;
     if (ORVA_DevSrv_GetProductType(&state.iProductType) != ORVA_OK) {
         state.iProductType = 0;
     }

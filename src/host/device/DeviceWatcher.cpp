@@ -11,15 +11,6 @@
 namespace
 {
 
-enum SdkEvent {
-    EVENT_NETWORK = 7,
-    EVENT_CARD_REMOVED = 6002,
-    EVENT_DEVICE = 6014,
-    EVENT_CARD_INSERTED = 6601,
-    EVENT_PIN = 6604,
-    EVENT_RADIO = 6615
-};
-
 const QEvent::Type SDK_EVENT = static_cast<QEvent::Type>(QEvent::User + 1);
 
 class SdkEventCarrier : public QEvent
@@ -104,18 +95,18 @@ void DeviceWatcher::handle(int iEvent)
 {
     Refresh();
     switch (iEvent) {
-    case EVENT_NETWORK:
+    case ORVA_EVENT_NET_STATUS:
         emit notifyCode(HOST_NOTIFY_REGISTRATION, m_state.bRegistered ? 1 : 0);
         break;
-    case EVENT_DEVICE:
-    case EVENT_RADIO:
+    case ORVA_EVENT_DEV_DEVICE_INIT_FINISH:
+    case ORVA_EVENT_DEV_RF_SWITCH:
         emit notifyCode(m_state.Online() ? HOST_NOTIFY_NETWORK_GAINED : HOST_NOTIFY_NETWORK_LOST, 0);
         break;
-    case EVENT_CARD_REMOVED:
+    case ORVA_EVENT_DEV_SIM_INVALID:
         emit notifyCode(HOST_NOTIFY_CARD_DISABLED, 0);
         break;
-    case EVENT_CARD_INSERTED:
-    case EVENT_PIN:
+    case ORVA_EVENT_DEV_CARD_CHANGED:
+    case ORVA_EVENT_DEV_PIN_CHANGED:
         emit notifyCode(m_state.bCardReady ? HOST_NOTIFY_CARD_ENABLED : HOST_NOTIFY_CARD_DISABLED, 0);
         break;
     default:

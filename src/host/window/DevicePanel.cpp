@@ -8,6 +8,7 @@
 #include "device/DeviceWatcher.h"
 #include "device/Modem.h"
 #include "device/SimulatedHardware.h"
+#include "orva/orva_sdk.h"
 #include "text/HostText.h"
 #include "window/HardwarePanel.h"
 
@@ -15,7 +16,7 @@ namespace
 {
 
 // The card's PIN: given, not asked for, to be given, blocked.
-const int PIN_STATUS[] = {1, 8, 2, 3};
+const int PIN_STATUS[] = {ORVA_PIN_NOT_NEEDED, ORVA_PIN_VERIFIED, 2, 3};
 const char* const PIN_IDS[] = {"IDS_HOST_PIN_READY", "IDS_HOST_PIN_OFF", "IDS_HOST_PIN_REQUIRED",
                                "IDS_HOST_PIN_BLOCKED"};
 
