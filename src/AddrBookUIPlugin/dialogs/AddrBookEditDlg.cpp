@@ -10,11 +10,11 @@
 
 namespace
 {
-const int kDialogWidth = 410;
-const int kCaptionWidth = 155;
-const int kDeviceFormHeight = 145;
-const int kPlainFormHeight = 364;
-const int kButtonSpacing = 9;
+const int DIALOG_WIDTH = 410;
+const int CAPTION_WIDTH = 155;
+const int DEVICE_FORM_HEIGHT = 145;
+const int PLAIN_FORM_HEIGHT = 364;
+const int BUTTON_SPACING = 9;
 
 bool equalKeys(const QString& strKey, const char* pszOther)
 {
@@ -73,10 +73,10 @@ void AddrBookEditDlg::InitDialog(QWidget* pParent, int iGroupId, _ORVA_EN_PHONEB
     m_pExtendDialog->AddMainWidget(m_pMainWidget);
     m_pMainWidget->setObjectName(QLatin1String("AddrBookUIPlugin_New_Edit_Dlg"));
     m_pExtendDialog->setWindowModality(Qt::WindowModal);
-    m_pExtendDialog->setFixedSize(kDialogWidth, getDialogHeight(enType));
+    m_pExtendDialog->setFixedSize(DIALOG_WIDTH, getDialogHeight(enType));
     m_pExtendDialog->ExtendDialog::setWindowFlags(Qt::CustomizeWindowHint | Qt::Window | Qt::WindowTitleHint |
                                                   Qt::WindowCloseButtonHint);
-    m_pGridLayout->setColumnMinimumWidth(0, kCaptionWidth);
+    m_pGridLayout->setColumnMinimumWidth(0, CAPTION_WIDTH);
 
     m_lstFieldNames.clear();
     if (!getFieldInfoCreateFields(enType))
@@ -117,11 +117,11 @@ bool AddrBookEditDlg::createCommonUIElements(_ORVA_EN_PHONEBOOK_MEMORY enType)
 int AddrBookEditDlg::getDialogHeight(_ORVA_EN_PHONEBOOK_MEMORY enType)
 {
     if (enType != PB_MEM_LOCAL)
-        return kDeviceFormHeight;
+        return DEVICE_FORM_HEIGHT;
 
     AddrBookLogic* pLogic = AddrBookLogic::Instance();
     if (pLogic == nullptr)
-        return kPlainFormHeight;
+        return PLAIN_FORM_HEIGHT;
 
     QList<AddrBookField> lstFields;
     pLogic->GetAllFields(lstFields, enType);
@@ -263,7 +263,7 @@ void AddrBookEditDlg::layOutButtons()
     m_pButtonLayout->addWidget(m_pOkButton);
     m_pButtonLayout->addWidget(m_pCancelButton);
     m_pButtonLayout->setAlignment(Qt::AlignRight);
-    m_pMainLayout->addSpacing(kButtonSpacing);
+    m_pMainLayout->addSpacing(BUTTON_SPACING);
     m_pMainLayout->addLayout(m_pButtonLayout);
     m_pOkButton->setDefault(true);
 }
@@ -275,8 +275,8 @@ void AddrBookEditDlg::setTabOrders()
     QWidget* pPrevious = nullptr;
     for (int iRow = 0; iRow < m_pGridLayout->rowCount(); ++iRow) {
         for (int iColumn = 0; iColumn < m_pGridLayout->columnCount(); ++iColumn) {
-            QLayoutItem* pItem = m_pGridLayout->itemAtPosition(iRow, iColumn);
-            QWidget* pWidget = pItem != nullptr ? pItem->widget() : nullptr;
+            QLayoutItem* pitem = m_pGridLayout->itemAtPosition(iRow, iColumn);
+            QWidget* pWidget = pitem != nullptr ? pitem->widget() : nullptr;
             if (pWidget == nullptr || pWidget == pPrevious || pWidget->focusPolicy() == Qt::NoFocus)
                 continue;
             if (pPrevious != nullptr)

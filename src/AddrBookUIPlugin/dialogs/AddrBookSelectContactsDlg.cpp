@@ -13,7 +13,7 @@
 
 namespace
 {
-const int kMargin = 14;
+const int MARGIN = 14;
 } // namespace
 
 AddrBookSelectContactsDlg::AddrBookSelectContactsDlg(QWidget* pParent)
@@ -146,7 +146,7 @@ void AddrBookSelectContactsDlg::layOut()
     m_phlayoutButtons->insertStretch(0, 0);
     m_pvlayoutLeft->addLayout(m_phlayoutButtons);
     m_phlayoutMain->addLayout(m_pvlayoutLeft);
-    m_phlayoutMain->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    m_phlayoutMain->setContentsMargins(MARGIN, MARGIN, MARGIN, MARGIN);
     // The window is exactly as wide as the tree and these margins: one of the frame's own would push the tree out.
     if (QLayout* pFrame = m_pExtendDialog->layout())
         pFrame->setContentsMargins(0, 0, 0, 0);

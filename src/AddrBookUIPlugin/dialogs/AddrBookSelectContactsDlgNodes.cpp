@@ -13,7 +13,7 @@
 
 namespace
 {
-const QSize kNodeSize(25, 20);
+const QSize NODE_SIZE(25, 20);
 
 bool isPhoneField(const AddrBookField& field)
 {
@@ -178,7 +178,7 @@ void AddrBookSelectContactsDlg::setNodeProperties(QTreeWidgetItem* pitem, QStrin
     pitem->setText(0, strText);
     setTreeColumnWidth(pitem);
     pitem->setData(0, Qt::UserRole, variant);
-    pitem->setSizeHint(0, kNodeSize);
+    pitem->setSizeHint(0, NODE_SIZE);
     if (m_bMultiSelect)
         pitem->setCheckState(0, Qt::Unchecked);
 }

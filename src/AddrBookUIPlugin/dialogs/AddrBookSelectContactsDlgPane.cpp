@@ -12,13 +12,13 @@
 
 namespace
 {
-const int kColumns = 3;
-const int kRowHeight = 14;
+const int COLUMNS = 3;
+const int ROW_HEIGHT = 14;
 
 void setCells(QTableWidget* ptable, int iRow, const QString& strName, const QString& strType, const QString& strValue)
 {
-    const QString astrTexts[kColumns] = {strName, strType, strValue};
-    for (int i = 0; i < kColumns; ++i) {
+    const QString astrTexts[COLUMNS] = {strName, strType, strValue};
+    for (int i = 0; i < COLUMNS; ++i) {
         if (QTableWidgetItem* pitem = ptable->item(iRow, i))
             pitem->setText(astrTexts[i]);
     }
@@ -29,13 +29,13 @@ void AddrBookSelectContactsDlg::createTable()
 {
     if (!m_ptableSelected)
         return;
-    m_ptableSelected->setColumnCount(kColumns);
+    m_ptableSelected->setColumnCount(COLUMNS);
     m_ptableSelected->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     m_ptableSelected->setSortingEnabled(true);
     m_ptableSelected->setMaximumWidth(212);
     m_ptableSelected->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_ptableSelected->verticalHeader()->hide();
-    m_ptableSelected->verticalHeader()->setMinimumSectionSize(kRowHeight);
+    m_ptableSelected->verticalHeader()->setMinimumSectionSize(ROW_HEIGHT);
     constructTableHeader(0, addrBookTr(QLatin1String("IDS_NAME")));
     constructTableHeader(1, addrBookTr(QLatin1String("IDS_PHONE_TYPE")));
     constructTableHeader(2, addrBookTr(QLatin1String("IDS_PHONE_VALUE")));
@@ -73,7 +73,7 @@ void AddrBookSelectContactsDlg::createRow(int iRow, int iColumn, QString strText
     pitem->setFlags(pitem->flags() & ~(Qt::ItemIsSelectable | Qt::ItemIsEditable));
     pitem->setTextAlignment(Qt::AlignLeft | Qt::AlignBottom);
     m_ptableSelected->setItem(iRow, iColumn, pitem);
-    m_ptableSelected->setRowHeight(iRow, kRowHeight);
+    m_ptableSelected->setRowHeight(iRow, ROW_HEIGHT);
 }
 
 // While the cells are set the table must not sort, or the row would move away under them.
@@ -85,10 +85,10 @@ void AddrBookSelectContactsDlg::setCellText(QString strName, QString strType, QS
     m_ptableSelected->setSortingEnabled(false);
     const int iRow = m_ptableSelected->rowCount();
     m_ptableSelected->setRowCount(iRow + 1);
-    for (int i = 0; i < kColumns; ++i)
+    for (int i = 0; i < COLUMNS; ++i)
         createRow(iRow, i, QLatin1String(""));
     setCells(m_ptableSelected, iRow, strName, strType, strValue);
-    for (int i = 0; i < kColumns; ++i) {
+    for (int i = 0; i < COLUMNS; ++i) {
         if (QTableWidgetItem* pitem = m_ptableSelected->item(iRow, i))
             pitem->setFlags(pitem->flags() | Qt::ItemIsSelectable);
     }

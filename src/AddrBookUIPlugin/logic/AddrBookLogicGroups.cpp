@@ -16,7 +16,7 @@
 namespace
 {
 
-const long g_lNoGroups = -1; // the answer of a set without groups
+const long NO_GROUPS = -1; // the answer of a set without groups
 
 bool moveToNextGroup(void* hAddrGroupSet)
 {
@@ -83,7 +83,7 @@ int AddrBookLogic::GetGroups(QList<AddrBookGroup*>& lstGroups, _ORVA_EN_PHONEBOO
     const SdkTransaction transaction(enMemory);
     long lResult = 0;
     // A set without groups is no failure of the SDK's, and is reported as one all the same.
-    SDK_CALL_OR(g_lNoGroups, lResult, ORVA_PBSrv_AddrGroupSet_MoveFirst, (set.get()));
+    SDK_CALL_OR(NO_GROUPS, lResult, ORVA_PBSrv_AddrGroupSet_MoveFirst, (set.get()));
     if (lResult != 0)
         return ADDRBOOK_FAILED;
     do {
@@ -127,8 +127,8 @@ int AddrBookLogic::IsGroupAlreadyExists(_ORVA_EN_PHONEBOOK_MEMORY enMemory, QStr
     if (!getGroupList(enMemory, set))
         return ADDRBOOK_FAILED;
     long lResult = 0;
-    SDK_CALL_OR(g_lNoGroups, lResult, ORVA_PBSrv_AddrGroupSet_MoveFirst, (set.get()));
-    if (lResult == g_lNoGroups)
+    SDK_CALL_OR(NO_GROUPS, lResult, ORVA_PBSrv_AddrGroupSet_MoveFirst, (set.get()));
+    if (lResult == NO_GROUPS)
         return ADDRBOOK_OK;
     do {
         QString strCurrent;

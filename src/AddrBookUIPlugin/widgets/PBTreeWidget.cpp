@@ -64,15 +64,15 @@ void PBTreeWidget::getGroupId(QTreeWidgetItem* pitem, _ORVA_EN_PHONEBOOK_MEMORY&
         enType = static_cast<_ORVA_EN_PHONEBOOK_MEMORY>(pData->iMemoryOrGroup);
 }
 
-void PBTreeWidget::GetItemAtPos(QRect rect, _ORVA_EN_PHONEBOOK_MEMORY& enType, int& iGroupId, QTreeWidgetItem** ppItem)
+void PBTreeWidget::GetItemAtPos(QRect rect, _ORVA_EN_PHONEBOOK_MEMORY& enType, int& iGroupId, QTreeWidgetItem** ppitem)
 {
     enType = PB_MEM_NONE;
     iGroupId = -1;
     for (QTreeWidgetItemIterator it(this); *it != nullptr; ++it) {
         if (!visualItemRect(*it).contains(rect, false))
             continue;
-        if (ppItem != nullptr)
-            *ppItem = *it;
+        if (ppitem != nullptr)
+            *ppitem = *it;
         getGroupId(*it, enType, iGroupId);
         return;
     }

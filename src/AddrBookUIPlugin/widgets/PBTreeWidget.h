@@ -24,8 +24,8 @@ public:
     void getGroupId(QTreeWidgetItem* pitem, _ORVA_EN_PHONEBOOK_MEMORY& enType, int& iGroupId);
 
     // The first node that holds rect (viewport coordinates), with memory and group as above. With none, enType is
-    // PB_MEM_NONE and iGroupId -1, and *ppItem stays.
-    void GetItemAtPos(QRect rect, _ORVA_EN_PHONEBOOK_MEMORY& enType, int& iGroupId, QTreeWidgetItem** ppItem);
+    // PB_MEM_NONE and iGroupId -1, and *ppitem stays.
+    void GetItemAtPos(QRect rect, _ORVA_EN_PHONEBOOK_MEMORY& enType, int& iGroupId, QTreeWidgetItem** ppitem);
 
     // True if a memory is full by the counts of the last drag that came in; an unknown capacity is never full.
     bool isMaxContactsPresent(_ORVA_EN_PHONEBOOK_MEMORY enMemory);
