@@ -173,7 +173,6 @@ private:
     void checkSimStatus();
     void updateDeviceAndSimNodes();
     bool isDeviceSideHidden() const;
-    static bool readMemoryList(QList<int>& lstMemories);
     void addDeviceNode(QTreeWidgetItem** ppitem, _ORVA_EN_PHONEBOOK_MEMORY enType);
     void addTreeNode(QTreeWidgetItem** ppitem, _ORVA_EN_PHONEBOOK_MEMORY enType);
     void addGroupsToTree(_ORVA_EN_PHONEBOOK_MEMORY enType, QList<AddrBookGroup*> lstGroups,

@@ -9,6 +9,7 @@
 
 #include "linkhand/core/CommonUtils.h"
 #include "logic/AddrBookUICommon.h"
+#include "logic/MemoryList.h"
 #include "logic/PointerCarrier.h"
 #include "logic/SdkCall.h"
 #include "logic/SdkTransaction.h"
@@ -18,9 +19,9 @@
 
 namespace
 {
-const int kTreeWidth = 287;
-const int kIndentation = 12; // a number in a group still fits beside its check box
-const unsigned int kThreadEndSeconds = 5;
+const int TREE_WIDTH = 287;
+const int INDENTATION = 12; // a number in a group still fits beside its check box
+const unsigned int THREAD_END_SECONDS = 5;
 } // namespace
 
 void AddrBookSelectContactsDlg::checkSimStatus()
@@ -33,8 +34,8 @@ void AddrBookSelectContactsDlg::initTree()
 {
     m_ptreeContacts->setHeaderHidden(true);
     m_ptreeContacts->setAccessibleName(addrBookTr(QLatin1String("IDS_ADDR_NUMDLG_TITLE")));
-    m_ptreeContacts->setMinimumWidth(kTreeWidth);
-    m_ptreeContacts->setIndentation(kIndentation);
+    m_ptreeContacts->setMinimumWidth(TREE_WIDTH);
+    m_ptreeContacts->setIndentation(INDENTATION);
     m_ptreeContacts->setExpandsOnDoubleClick(true);
     connect(m_ptreeContacts, SIGNAL(destroyed()), this, SLOT(OnTreeDestroyed()));
     m_pitemLocalTreeWidgetItem = createNode();
@@ -93,27 +94,6 @@ bool AddrBookSelectContactsDlg::isDeviceSideHidden() const
     long lResult = 0;
     SDK_CALL(lResult, ORVA_DevSrv_GetMultiModeCardStatus, (aucStatus, nullptr, nullptr, nullptr));
     return aucStatus[0] != 0 && m_bHideDualModeCardNode;
-}
-
-// The device-side memories in the SDK's order. False if even their number is not known.
-bool AddrBookSelectContactsDlg::readMemoryList(QList<int>& lstMemories)
-{
-    unsigned short usCount = 0;
-    long lResult = 0;
-    SDK_CALL(lResult, ORVA_PBSrv_PBGetMemoryListType, (nullptr, &usCount));
-    if (lResult != 0)
-        return false;
-    if (usCount == 0)
-        return true;
-
-    // What the second call says of the count must not lead out of the buffer.
-    QVector<short> vecTypes(usCount, -1);
-    SDK_CALL(lResult, ORVA_PBSrv_PBGetMemoryListType, (vecTypes.data(), &usCount));
-    for (int i = 0; i < vecTypes.size(); ++i) {
-        if (vecTypes.at(i) != -1)
-            lstMemories.append(vecTypes.at(i));
-    }
-    return true;
 }
 
 void AddrBookSelectContactsDlg::updateDeviceAndSimNodes()
@@ -325,7 +305,7 @@ void AddrBookSelectContactsDlg::deleteThread(AddrBookThread* pthread)
     if (pthread == nullptr)
         return;
     if (pthread->isRunning())
-        CommonUtils::WaitForThreadToStop(pthread, kThreadEndSeconds);
+        CommonUtils::WaitForThreadToStop(pthread, THREAD_END_SECONDS);
     pthread->EndOperation();
     m_lstThreads.removeAll(pthread);
     delete pthread;

@@ -4,6 +4,7 @@
 
 #include "logic/AddrBookUICommon.h"
 #include "logic/Log.h"
+#include "logic/MemoryList.h"
 #include "logic/PointerCarrier.h"
 #include "logic/Texts.h"
 

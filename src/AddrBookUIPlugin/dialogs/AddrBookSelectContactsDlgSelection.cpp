@@ -5,28 +5,9 @@
 
 #include "linkhand/core/CommonUtils.h"
 #include "logic/Log.h"
+#include "widgets/QuietModel.h"
 
 // Check marks and the result. A parent's mark says that something below it is chosen, not that everything is.
-
-namespace
-{
-// Keeps the view from being told of each single mark: it would look up its row in the whole list every time.
-class QuietTree
-{
-public:
-    explicit QuietTree(QTreeWidget* ptree) : m_ptree(ptree), m_bBlocked(ptree->model()->blockSignals(true)) {}
-    ~QuietTree()
-    {
-        m_ptree->model()->blockSignals(m_bBlocked);
-        m_ptree->viewport()->update();
-    }
-
-private:
-    Q_DISABLE_COPY(QuietTree)
-    QTreeWidget* m_ptree;
-    bool m_bBlocked;
-};
-} // namespace
 
 // Numbers to be struck from the list, gathered so that the list is gone through once.
 struct AddrBookSelectContactsDlg::Strikes {
@@ -84,7 +65,7 @@ void AddrBookSelectContactsDlg::OnTreeClicked(QTreeWidgetItem* pitemTreeWidget)
     if (!m_bMultiSelect || pitemTreeWidget == nullptr || !m_ptreeContacts)
         return;
 
-    const QuietTree quiet(m_ptreeContacts);
+    const QuietModel quiet(m_ptreeContacts, QuietModel::REPAINT);
     if (pitemTreeWidget->checkState(0) != Qt::Unchecked) {
         for (QTreeWidgetItem* pitem = pitemTreeWidget->parent(); pitem != nullptr; pitem = pitem->parent())
             pitem->setCheckState(0, Qt::Checked);
@@ -235,7 +216,7 @@ void AddrBookSelectContactsDlg::SetPrerecordSet(bool bFlag, QList<QString> lstNu
 
     QMultiMap<QString, QTreeWidgetItem*> mapNodes;
     generateMapByContactsTree(m_ptreeContacts->invisibleRootItem(), mapNodes);
-    const QuietTree quiet(m_ptreeContacts);
+    const QuietModel quiet(m_ptreeContacts, QuietModel::REPAINT);
     QSet<QString> setChosen;
     int iSeen = 0;
     for (int i = 0; i < lstNumbers.size(); ++i) {

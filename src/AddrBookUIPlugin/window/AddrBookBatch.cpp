@@ -55,6 +55,12 @@ void AddrBookBatch::cancel()
         m_pdlgWaiting->OnCancelClicked();
 }
 
+void AddrBookBatch::cancelOn(_ORVA_EN_PHONEBOOK_MEMORY enMemory)
+{
+    if (isRunningOn(enMemory))
+        cancel();
+}
+
 bool AddrBookBatch::isCancelled()
 {
     if (!m_bCancelled && !m_pdlgWaiting.isNull())
@@ -80,6 +86,13 @@ void AddrBookBatch::setDialog(AddrBookWaitingDlg* pdlgWaiting)
 void AddrBookBatch::stop()
 {
     m_worker.EndOperation();
+}
+
+void AddrBookBatch::abandon()
+{
+    stop();
+    setTold();
+    finish();
 }
 
 void AddrBookBatch::finish()

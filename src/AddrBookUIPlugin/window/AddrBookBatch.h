@@ -54,8 +54,9 @@ public:
     // Lets the worker go on to the next record, or to its end if the user has cancelled.
     void release();
 
-    // The same as the user's Cancel.
+    // The same as the user's Cancel: of any batch, and of one on a memory that has just gone.
     void cancel();
+    void cancelOn(_ORVA_EN_PHONEBOOK_MEMORY enMemory);
 
     // Whether the user has cancelled. The waiting dialog is gone then, free for whatever comes next.
     bool isCancelled();
@@ -69,6 +70,9 @@ public:
 
     // Ends the worker, at most the record in hand. Results and "finished" are on their way to the slots then.
     void stop();
+
+    // Ends the worker with nothing left to tell, and nobody to wait for its end.
+    void abandon();
 
     // The end has arrived; what is to be told of it stays readable until the next start.
     void finish();

@@ -41,6 +41,35 @@ void discardMenu(QMenu*& pMenu)
     pGone->setParent(nullptr);
     pGone->deleteLater();
 }
+
+// What a screen reader says of the parts that have no caption.
+void nameParts(QWidget* ptree, QWidget* ptable, QWidget* ppreview)
+{
+    if (ptree != nullptr)
+        ptree->setAccessibleName(addrBookTr(QLatin1String("IDS_PROMPT_CAPTION")));
+    if (ptable != nullptr)
+        ptable->setAccessibleName(addrBookTr(QLatin1String("IDS_CONTACT_LIST")));
+    if (ppreview != nullptr)
+        ppreview->setAccessibleName(addrBookTr(QLatin1String("IDS_CONTACT_DETAILS")));
+}
+
+void connectStatus(const AddrBookLogic* pLogic, const QSplitter* psplitter, const AddrBookThread* pWorker,
+                   AddrBookDlg* pWindow)
+{
+    QObject::connect(pLogic, SIGNAL(signalSimStatus(bool)), pWindow, SLOT(OnSimStatusChanged(bool)));
+    QObject::connect(pWindow, SIGNAL(signalSimStatus(bool)), pWindow, SLOT(OnSimStatusChanged(bool)));
+    QObject::connect(pLogic, SIGNAL(signalAddrBookReady()), pWindow, SLOT(OnAddrBookReady()));
+    QObject::connect(pLogic, SIGNAL(signalAddrBookSimReady()), pWindow, SLOT(OnAddrBookSimReady()));
+    QObject::connect(pLogic, SIGNAL(signalAddrBookDeviceReady()), pWindow, SLOT(OnAddrBookDeviceReady()));
+    QObject::connect(pLogic, SIGNAL(signalDeviceConnected(bool)), pWindow, SLOT(OnDeviceStatusChanged(bool)));
+    QObject::connect(pLogic, SIGNAL(signalNetStatus(bool)), pWindow, SLOT(OnNetStatusChanged(bool)));
+    QObject::connect(psplitter, SIGNAL(splitterMoved(int, int)), pWindow, SLOT(OnSplitterMoved(int, int)));
+    QObject::connect(pWorker, SIGNAL(delResult(bool, int)), pWindow, SLOT(OnDelResult(bool, int)));
+    QObject::connect(pWorker, SIGNAL(addResult(bool, qlonglong)), pWindow, SLOT(OnAddResult(bool, qlonglong)));
+    // There is no such slot: Qt warns, and nothing of the window receives moveResult.
+    QObject::connect(pWorker, SIGNAL(moveResult(bool, qlonglong)), pWindow, SLOT(OnMoveResult(bool, qlonglong)));
+    QObject::connect(pWorker, SIGNAL(finished()), pWindow, SLOT(OnFinished()));
+}
 } // namespace
 
 AddrBookDlg::AddrBookDlg() : QWidget(nullptr)
@@ -55,8 +84,14 @@ AddrBookDlg::AddrBookDlg() : QWidget(nullptr)
 AddrBookDlg::~AddrBookDlg()
 {
     ADDRBOOK_LOG_ENTER();
-    stopReader();
-    stopBatch();
+    if (m_pthreadRead != nullptr) {
+        m_pthreadRead->DisconnectSignals();
+        m_pthreadRead->EndOperation();
+        delete m_pthreadRead;
+        m_pthreadRead = nullptr;
+    }
+    m_threadWorker.DisconnectSignals();
+    m_batch.abandon();
 
     clearTable(m_ptableContacts);
     delete m_ptableContacts;
@@ -90,24 +125,6 @@ AddrBookDlg::~AddrBookDlg()
     m_plabelPreview = nullptr;
     m_enOperation = ADDRBOOK_OP_NONE;
     QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);
-}
-
-void AddrBookDlg::stopReader()
-{
-    if (m_pthreadRead == nullptr)
-        return;
-    m_pthreadRead->DisconnectSignals();
-    m_pthreadRead->EndOperation();
-    delete m_pthreadRead;
-    m_pthreadRead = nullptr;
-}
-
-void AddrBookDlg::stopBatch()
-{
-    m_threadWorker.DisconnectSignals();
-    m_batch.stop();
-    m_batch.setTold();
-    m_batch.finish();
 }
 
 QString AddrBookDlg::tr(const QString& strId) const
@@ -147,10 +164,10 @@ QWidget* AddrBookDlg::InitWindow(QWidget* /*pParent*/)
         return nullptr;
 
     m_bNetConnected = AddrBookLogic::GetSystemModeStatus();
-    connectStatusSlots();
+    connectStatus(m_pAddrBookLogic, m_psplitterMain, &m_threadWorker, this);
     supportShortcutsKeys();
     connectShortcutsKeysToSlot();
-    nameParts();
+    nameParts(m_ptreePhonebook, m_ptableContacts, m_plabelPreview);
     // Last, so that an event that arrives at once finds its receivers.
     AddrBookLogic::RegisterCallbacks();
     readRadio();
@@ -214,29 +231,12 @@ bool AddrBookDlg::createPreview()
     return true;
 }
 
-void AddrBookDlg::connectStatusSlots()
-{
-    connect(m_pAddrBookLogic, SIGNAL(signalSimStatus(bool)), this, SLOT(OnSimStatusChanged(bool)));
-    connect(this, SIGNAL(signalSimStatus(bool)), this, SLOT(OnSimStatusChanged(bool)));
-    connect(m_pAddrBookLogic, SIGNAL(signalAddrBookReady()), this, SLOT(OnAddrBookReady()));
-    connect(m_pAddrBookLogic, SIGNAL(signalAddrBookSimReady()), this, SLOT(OnAddrBookSimReady()));
-    connect(m_pAddrBookLogic, SIGNAL(signalAddrBookDeviceReady()), this, SLOT(OnAddrBookDeviceReady()));
-    connect(m_pAddrBookLogic, SIGNAL(signalDeviceConnected(bool)), this, SLOT(OnDeviceStatusChanged(bool)));
-    connect(m_pAddrBookLogic, SIGNAL(signalNetStatus(bool)), this, SLOT(OnNetStatusChanged(bool)));
-    connect(m_psplitterMain, SIGNAL(splitterMoved(int, int)), this, SLOT(OnSplitterMoved(int, int)));
-    connect(&m_threadWorker, SIGNAL(delResult(bool, int)), this, SLOT(OnDelResult(bool, int)));
-    connect(&m_threadWorker, SIGNAL(addResult(bool, qlonglong)), this, SLOT(OnAddResult(bool, qlonglong)));
-    // There is no such slot: Qt warns, and nothing of the window receives moveResult.
-    connect(&m_threadWorker, SIGNAL(moveResult(bool, qlonglong)), this, SLOT(OnMoveResult(bool, qlonglong)));
-    connect(&m_threadWorker, SIGNAL(finished()), this, SLOT(OnFinished()));
-}
-
 void AddrBookDlg::readRadio()
 {
     int iSwitch[2] = {0, 0};
-    long iResult = 0;
-    SDK_CALL(iResult, ORVA_DevSrv_GetRFSwitch, (iSwitch));
-    if (iResult != 0) {
+    long lResult = 0;
+    SDK_CALL(lResult, ORVA_DevSrv_GetRFSwitch, (iSwitch));
+    if (lResult != 0) {
         qWarning("%s : %s : %s : ORVA_DevSrv_GetRFSwitch returned error", AddrBookLog::now().constData(), ADDRBOOK_FILE,
                  __func__);
         return;
@@ -269,14 +269,14 @@ void AddrBookDlg::SetLanguage()
     if (m_ptreePhonebook != nullptr)
         OnTreeClicked(m_ptreePhonebook->currentItem());
     retranslateHeader();
-    nameParts();
+    nameParts(m_ptreePhonebook, m_ptableContacts, m_plabelPreview);
 
     if (m_ptableContacts != nullptr) {
         QString strText;
         const int iRow = m_ptableContacts->currentRow();
-        QTableWidgetItem* pItem = m_ptableContacts->item(iRow, 0);
-        if (pItem != nullptr) {
-            TableRowData* pData = tableRowData(pItem);
+        QTableWidgetItem* pitem = m_ptableContacts->item(iRow, 0);
+        if (pitem != nullptr) {
+            TableRowData* pData = tableRowData(pitem);
             if (pData == nullptr)
                 return;
             constructPreview(iRow, m_ptableContacts->columnCount(), strText, pData);
@@ -290,17 +290,6 @@ void AddrBookDlg::SetLanguage()
     ADDRBOOK_LOG_EXIT();
 }
 
-// What a screen reader says of the parts that have no caption.
-void AddrBookDlg::nameParts()
-{
-    if (m_ptreePhonebook != nullptr)
-        m_ptreePhonebook->setAccessibleName(tr(QLatin1String("IDS_PROMPT_CAPTION")));
-    if (m_ptableContacts != nullptr)
-        m_ptableContacts->setAccessibleName(tr(QLatin1String("IDS_CONTACT_LIST")));
-    if (m_plabelPreview != nullptr)
-        m_plabelPreview->setAccessibleName(tr(QLatin1String("IDS_CONTACT_DETAILS")));
-}
-
 void AddrBookDlg::retranslateHeader()
 {
     getFieldNames();
@@ -308,9 +297,9 @@ void AddrBookDlg::retranslateHeader()
         return;
     const int iCount = qMin(m_ptableContacts->columnCount(), m_listFieldNames.size());
     for (int iSection = 0; iSection < iCount; ++iSection) {
-        QTableWidgetItem* pItem = m_ptableContacts->horizontalHeaderItem(iSection);
-        if (pItem != nullptr)
-            pItem->setText(tr(m_listFieldNames.at(iSection)));
+        QTableWidgetItem* pitem = m_ptableContacts->horizontalHeaderItem(iSection);
+        if (pitem != nullptr)
+            pitem->setText(tr(m_listFieldNames.at(iSection)));
     }
     showEmptyText();
 }

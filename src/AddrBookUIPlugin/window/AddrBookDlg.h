@@ -5,7 +5,6 @@
 #include <QKeySequence>
 #include <QList>
 #include <QPointer>
-#include <QSet>
 #include <QString>
 #include <QWidget>
 
@@ -16,8 +15,11 @@
 #include "linkhand/plugin/IPluginContainer.h"
 #include "logic/AddrBookTypes.h"
 #include "window/AddrBookBatch.h"
+#include "window/Capacity.h"
+#include "window/MenuEntries.h"
 #include "window/SavedRecords.h"
 #include "window/TableSearch.h"
+#include "window/UsageFile.h"
 #include "worker/AddrBookThread.h"
 
 class QAction;
@@ -36,6 +38,7 @@ class AddrBookSelectContactsDlg;
 class AddrBookTableWidget;
 class AddrBookWaitingDlg;
 class ChoosePhoneNumber;
+struct ExportChoice;
 class GridDelegate;
 class PBTreeWidget;
 class UITableItem;
@@ -88,72 +91,89 @@ signals:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void setArabicLanguage();
     bool createPanes();
     bool createPreview();
-    void connectStatusSlots();
     void readRadio();
-    void stopReader();
-    void stopBatch();
     void retranslateHeader();
-    void nameParts();
     void retranslateToolBar();
     void removeSimNode(const char* szLog);
     void removeDeviceNode(const char* szLog, unsigned int uiMsg);
-    void tellSelectContacts(bool bIsSimEnabled);
-    void cancelBatchOn(_ORVA_EN_PHONEBOOK_MEMORY enMemory);
     bool isOnline() const { return m_bNetConnected && !m_bRFOff; }
 
-    // ---- Tree (AddrBookDlgTree.cpp) --------------------------------------------------------------------------------
+    // ---- Tree and groups (AddrBookDlgTree.cpp, ...TreeWidth.cpp, ...Groups.cpp) -------------------------------------
 public:
     void SetTreeFocus();
-    void addTreeNode(QTreeWidgetItem** ppItem, _ORVA_EN_PHONEBOOK_MEMORY enType);
+    void addTreeNode(QTreeWidgetItem** ppitem, _ORVA_EN_PHONEBOOK_MEMORY enType);
 
     // Adds whatever memory node the SDK names and the tree lacks; the card's, with bCheckSim, only if it can be read.
     void updateDeviceAndSimNode(bool bCheckSim);
-    bool setNodeText(QTreeWidgetItem* pItem, _ORVA_EN_PHONEBOOK_MEMORY enType, bool bShowCount);
+    bool setNodeText(QTreeWidgetItem* pitem, _ORVA_EN_PHONEBOOK_MEMORY enType, bool bShowCount);
     void setLocalText();
-    void updateGroupInfoInTree(QTreeWidgetItem* pItem, AddrBookGroup* pGroup, _ORVA_EN_PHONEBOOK_MEMORY enType,
+    void updateGroupInfoInTree(QTreeWidgetItem* pitem, AddrBookGroup* pGroup, _ORVA_EN_PHONEBOOK_MEMORY enType,
                                qlonglong iNodeValue);
     void rePaintTree();
     void updateNodes();
-    bool isNodePresentInTree(QTreeWidgetItem* pItem) const;
+    bool isNodePresentInTree(QTreeWidgetItem* pitem) const;
     bool isSimorDeviceNodeExist() const;
     QTreeWidgetItem* getGroupAndParentIds(_ORVA_EN_PHONEBOOK_MEMORY& enType, int& iGroupId, int& iParentId,
-                                          QTreeWidgetItem* pItem) const;
+                                          QTreeWidgetItem* pitem) const;
     QTreeWidgetItem* getGroupId(_ORVA_EN_PHONEBOOK_MEMORY& enType, int& iGroupId) const;
+
+    // Ends an open editor from outside: the text in it is saved, or the node goes.
+    void CloseEditor();
+
+    // Writes the editor's text to the store and puts the count behind it. False if the edit was undone.
+    bool saveGroupName(QString& strText, QTreeWidgetItem* pitem);
+
+    // Takes a node out of the tree and frees it with what is below it; nothing in the window names it afterwards.
+    void removeTreeItem(QTreeWidgetItem* pParent, QTreeWidgetItem* pitem);
+
+    // Frees what is below a node, with its groups.
+    void removeChildNodes(QTreeWidgetItem* pitem);
 
 public slots:
     void OnTreeClicked(QTreeWidgetItem* item);
     void OnTreeItemSelectionChanged();
     void OnTreeItemEntered(QTreeWidgetItem* item);
+    void OnNewGroupClicked();
+    void OnRenameGroupClicked();
+    void OnDeleteGroupClicked();
+    void OnTreeDoubleClicked(QTreeWidgetItem* pitem);
+    void OnEditorClosed(QWidget* pwidgetEditor);
+    void OnGroupNameRefused(const QString& strTextId);
 
 private:
     void createTreeWidget();
-    void connectTree(const QObject* pDelegate);
 
     // Each group that becomes a node belongs to its node.
     void addGroupsToTree(QTreeWidgetItem* pParent, QList<AddrBookGroup*> lstGroups, int iParentId);
     void readGroups();
     void addListedNode(_ORVA_EN_PHONEBOOK_MEMORY enType, bool bCheckSim);
-    void repaintNode(QTreeWidgetItem* pItem, TreeNodeData* pData);
-    void setTreeData(qlonglong iData, int iColumn, bool bSorted, Qt::SortOrder enOrder, QTreeWidgetItem* pItem);
-    void setNodeLook(QTreeWidgetItem* pItem, int iFrame);
-    void setNodeCaption(QTreeWidgetItem* pItem, QString strText);
+    void repaintNode(QTreeWidgetItem* pitem, TreeNodeData* pData);
+    void setTreeData(qlonglong iData, int iColumn, bool bSorted, Qt::SortOrder enOrder, QTreeWidgetItem* pitem);
+    void setNodeCaption(QTreeWidgetItem* pitem, QString strText);
     void getImageIconFromFile(const QString& strPath, int iFrame, QIcon& icon) const;
-    void setTreeColumnWidth(QTreeWidgetItem* pItem);
+    void setTreeColumnWidth(QTreeWidgetItem* pitem);
     void setCorrectTreeWidth();
     void deleteTreeVariantData();
+    void refuseGroupName(QTreeWidgetItem* pitem, int iResult);
+    void undoGroupEdit(QTreeWidgetItem* pitem, bool bFitTree);
+    bool isUnderEdit(const QTreeWidgetItem* pitem) const;
+    void endGroupEdit();
+    void forgetTreeItem(const QTreeWidgetItem* pitem);
+    void goBackTo(QTreeWidgetItem* pitem, bool bShown, QTreeWidgetItem* pShown);
 
-    // ---- Table and preview (AddrBookDlgTable.cpp, AddrBookDlgPreview.cpp)
-    // --------------------------------------------
+    // ---- Table and preview (AddrBookDlgTable.cpp, ...TableState.cpp, ...Preview.cpp) --------------------------------
 public:
     void getFieldNames();
     void getColumnCount(_ORVA_EN_PHONEBOOK_MEMORY enType, int& iCount) const;
     void removeFieldNameAndInfo(QList<QString>& lstNames, QList<QString>& lstInfo, int iIndex) const;
-    void UpdateTableRecords(QTreeWidgetItem* pItem);
+    void UpdateTableRecords(QTreeWidgetItem* pitem);
     void addContactToTable(_ORVA_EN_PHONEBOOK_MEMORY enType, const AddrBookRecord& record, int iGroupId, int& iRow);
     void setTableContent(_ORVA_EN_PHONEBOOK_MEMORY enType, const AddrBookRecord& record);
     bool checkStrings(const QString& strText, const QString& strPrefix) const;
@@ -175,52 +195,18 @@ private:
     void createNewTable();
     void connectHandlersForTable();
     void startThreadAndUpdateTable(_ORVA_EN_PHONEBOOK_MEMORY enType, int iGroupId);
-    void saveColumnState();
-    void restoreColumnState(int iSortSection);
     void retireTable();
     bool tableHoldsFocus() const;
-    bool isCurrentReader() const;
-    bool fillRow(int iRow, _ORVA_EN_PHONEBOOK_MEMORY enType, const AddrBookRecord& record, int iGroupId,
-                 int iColumnCount, bool bCorrectParentheses);
-    void makeCurrent(QTableWidgetItem* pItem);
-    QTableWidgetItem* rowOfRecord(_ORVA_EN_PHONEBOOK_MEMORY enMemory, int iRecordId) const;
     void clearTable(AddrBookTableWidget* pTable);
     void showNoRecord();
     QString noRecordText() const;
     void enableForPreview();
     void disableSelectionItems();
 
-    // ---- Search box and tool bar (AddrBookDlgToolBar.cpp, AddrBookDlgSearch.cpp) -----------------------------------
+    // ---- Tool bar, search, menus, shortcuts (AddrBookDlgToolBar.cpp, ...Search, ...Menus, ...Shortcuts.cpp) ---------
 public:
     void enableItem(int iId);
     void disableItem(int iId);
-
-public slots:
-    void OnTBBtnClicked(int iId);
-    void OnShowHideSearchBox();
-    void OnTextEdited(const QString& strEditedText);
-
-private:
-    bool createToolBar(QWidget* pParent);
-    void connectToolBar();
-    void appendShortcuts();
-    void setButtonTip(int iId, const char* szTextId);
-    QAbstractButton* toolButton(int iId) const;
-    void createSendMenu();
-    QMenu* getSendMenu();
-    void addSendEntry(QMenu* pMenu, const QString& strId, const char* szSlot);
-    void destroyToolBar();
-    void deleteToolBarObjects();
-    void showSearchBox();
-    void hideSearchBox();
-    void reloadForSearch(QTreeWidgetItem* pItem, const QString& strText);
-    void updateTable(const QString& strText);
-    void showEmptyText();
-    bool rowMatches(int iRow, const QString& strText) const;
-    void removeRows(int iFirst, int iLast);
-
-    // ---- Menus and shortcuts (AddrBookDlgMenus.cpp, AddrBookDlgShortcuts.cpp) --------------------------------------
-public:
     QAction* getAction(const QString& strId, const QList<MENU::QActionInfo>& lstActions) const;
     void updateTableSend(bool bEnable);
     void updateTableCall(bool bEnable);
@@ -231,6 +217,9 @@ public:
     void setShortCutToQAction(QAction* pAction, const QKeySequence& key) const;
 
 public slots:
+    void OnTBBtnClicked(int iId);
+    void OnShowHideSearchBox();
+    void OnTextEdited(const QString& strEditedText);
     void OnTableEmptyAreaRightClicked();
     void OnShortKeySendSMS();
     void OnShortKeySendMMS();
@@ -239,23 +228,27 @@ public slots:
     void OnShortKeyNewGroup();
     void OnShortKeyRenameGroup();
 
-protected:
-    void contextMenuEvent(QContextMenuEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
-
 private:
+    bool createToolBar(QWidget* pParent);
+    void appendShortcuts();
+    void createSendMenu();
+    QMenu* getSendMenu();
+    void destroyToolBar();
+    void deleteToolBarObjects();
+    void showSearchBox();
+    void hideSearchBox();
+    void reloadForSearch(QTreeWidgetItem* pitem, const QString& strText);
+    void updateTable(const QString& strText);
+    void showEmptyText();
     void constructContextMenu();
     void tableMenuConnect();
     void treeMenuConnect();
-    void connectAction(const MENU::QActionInfo& info, const char* szSlot);
     void tableMenuConnectCall(const MENU::QActionInfo& info, const QString& strPluginId);
     void tableMenuConnectMMS(const MENU::QActionInfo& info, QMenu* pmenuSend);
     void removeTreeMenuItem(const QString& strPluginId, const QString& strActionId);
     void updateMenu(ADDRBOOK_ENABLE_STATUS enStatus, QAction* pactionRemove);
     void updateTableMenu(bool bDetail, bool bDelete, bool bExportSelected);
     void updateTreeMenu(bool bNew, bool bRename, bool bDelete);
-    void setTableActionEnabled(const char* szId, bool bEnable);
-    void setTreeActionEnabled(const char* szId, bool bEnable);
     void tableContextMenuEvent(QContextMenuEvent* event);
     void treeContextMenuEvent(QContextMenuEvent* event);
     void supportShortcutsKeys();
@@ -269,7 +262,7 @@ public:
 
     // Starts the worker on the rows selected: ADDRBOOK_OP_DELETE or ADDRBOOK_OP_REMOVE_FROM_GROUP.
     void handleMultipleContact(_ADDRBOOK_OPERATION_TYPE enOperation);
-    void getContactInfoFromSDK(QTableWidgetItem* pItem, AddrBookRecord& record);
+    void getContactInfoFromSDK(QTableWidgetItem* pitem, AddrBookRecord& record);
     void enableDisableNewContact(int iTotal, int iUsed);
     void checkMaxCapacity(_ORVA_EN_PHONEBOOK_MEMORY enType, bool bRefresh);
 
@@ -291,54 +284,13 @@ public slots:
 
 private:
     int runForm(AddrBookEditDlg& dlgEdit);
-    bool isRowOf(const QTableWidgetItem* pItem, _ORVA_EN_PHONEBOOK_MEMORY enMemory) const;
     void showNewContact(const AddrBookRecord& record);
     void showChangedContact(_ORVA_EN_PHONEBOOK_MEMORY enMemory, const AddrBookRecord& record);
-    bool passesSearch(const AddrBookRecord& record) const;
-    bool capacityCache(_ORVA_EN_PHONEBOOK_MEMORY enType, int*& piUsed, int*& piTotal);
-    QList<int> selectedRows() const;
     bool makeRoomForBatch(_ORVA_EN_PHONEBOOK_MEMORY enMemory);
     void startBatch(const AddrBookBatch::Order& order);
     void showBatchCounts();
-    void showBatchMessage(const QString& strText);
 
-    // ---- Groups (AddrBookDlgGroups.cpp) ----------------------------------------------------------------------------
-public:
-    // Ends an open editor from outside: the text in it is saved, or the node goes.
-    void CloseEditor();
-
-    // Writes the editor's text to the store and puts the count behind it. False if the edit was undone.
-    bool saveGroupName(QString& strText, QTreeWidgetItem* pItem);
-
-    // Takes a node out of the tree and frees it with what is below it; nothing in the window names it afterwards.
-    void removeTreeItem(QTreeWidgetItem* pParent, QTreeWidgetItem* pItem);
-
-    // Frees what is below a node, with its groups.
-    void removeChildNodes(QTreeWidgetItem* pItem);
-
-public slots:
-    void OnNewGroupClicked();
-    void OnRenameGroupClicked();
-    void OnDeleteGroupClicked();
-    void OnTreeDoubleClicked(QTreeWidgetItem* pItem);
-    void OnEditorClosed(QWidget* pwidgetEditor);
-
-private slots:
-    void OnGroupNameRefused(const QString& strTextId);
-
-private:
-    bool saveNewGroup(QString& strText, QTreeWidgetItem* pItem);
-    bool saveRenamedGroup(QString& strText, QTreeWidgetItem* pItem);
-    void refuseGroupName(QTreeWidgetItem* pItem, int iResult);
-    void undoGroupEdit(QTreeWidgetItem* pItem, bool bFitTree);
-    bool isUnderEdit(const QTreeWidgetItem* pItem) const;
-    void endGroupEdit();
-    void tellGroupName(const char* pTextId);
-    void forgetTreeItem(const QTreeWidgetItem* pItem);
-    void freeNodeData(const QTreeWidgetItem* pItem);
-    void goBackTo(QTreeWidgetItem* pItem, bool bShown, QTreeWidgetItem* pShown);
-
-    // ---- Copies (AddrBookDlgCopy.cpp, AddrBookDlgBatches.cpp) ------------------------------------------------------
+    // ---- Copies, files and contact applications (AddrBookDlgCopy.cpp, ...Batches.cpp, ...Files.cpp) -----------------
 public:
     // What was dropped: iCount entries of the tree's drag list, two a contact.
     void moveOrCopyAllContacts(int iCount, int iTargetGroup);
@@ -360,22 +312,6 @@ public:
     // Keeps the phone numbers of the records for the notifications to come.
     void copyContactsForPushNotify(QList<AddrBookRecord> lstRecords, _ORVA_EN_PHONEBOOK_MEMORY enMemory);
 
-public slots:
-    void OnAddResult(bool bSuccess, qlonglong iPtrRecord);
-    void OnFinished();
-
-private:
-    void finishDrop();
-    void showProgressBar(int iSteps);
-    bool stopAtFullMemory();
-    void showCopyEnd(_ADDRBOOK_OPERATION_TYPE enOperation, _ORVA_EN_PHONEBOOK_MEMORY enSource,
-                     _ORVA_EN_PHONEBOOK_MEMORY enTarget, int iTotal, int iSuccess);
-    AddrBookWaitingDlg* openWaitingDialog(const char* pTextId, int iSteps);
-    AddrBookWaitingDlg* showReading(const char* pTextId, int iSteps);
-    void dropWaitingDialog();
-
-    // ---- Files and contact applications (AddrBookDlgFiles.cpp) -----------------------------------------------------
-public:
     void getFileFieldDescription(QString strPath, QList<QString>& lstTitles);
     void addImportedRecords(_ORVA_EN_PHONEBOOK_MEMORY enMemory, QList<AddrBookRecord> lstRecords, int iGroupId);
     void ImportOutlookRecords(QString strSource);
@@ -384,6 +320,8 @@ public:
     bool saveToFile(QString strFile); // always true
 
 public slots:
+    void OnAddResult(bool bSuccess, qlonglong iPtrRecord);
+    void OnFinished();
     void OnClickImport();
     void OnClickExportSelectedContacts();
     void OnClickExportAllContacts();
@@ -392,29 +330,17 @@ public slots:
     void SetImportBtnState(_ORVA_EN_PHONEBOOK_MEMORY enMemory);
 
 private:
-    bool askFieldMap(const QString& strSource, _ORVA_EN_PHONEBOOK_MEMORY enMemory, const QList<QString>& lstTitles,
-                     QList<int>& lstFieldMap);
-    // What an export takes: settled when the user asks for it, not when the file has been chosen.
-    struct ExportChoice {
-        _ADDRBOOK_OPERATION_TYPE enOperation = ADDRBOOK_OP_NONE;
-        _ORVA_EN_PHONEBOOK_MEMORY enMemory = PB_MEM_LOCAL;
-        int iGroupId = 0;
-        QList<int> lstIds;
-        QPointer<QObject> pTable;
-    };
+    void finishDrop();
+    void showProgressBar(int iSteps);
+    bool stopAtFullMemory();
+    AddrBookWaitingDlg* openWaitingDialog(const char* pTextId, int iSteps, bool bReading);
+    void dropWaitingDialog();
     ExportChoice exportChoice(_ADDRBOOK_OPERATION_TYPE enOperation) const;
-    ExportChoice stillExported(const ExportChoice& choice) const;
-    bool exportTo(const QString& strFile, const ExportChoice& choice);
     void finishReading(int iResult, _ORVA_EN_PHONEBOOK_MEMORY enMemory, const QList<AddrBookRecord>& lstRecords,
                        int iGroupId);
     void importFromApplication(const char* pActionId, const char* pSource, bool& bUsable);
 
-    // ---- Usage file (AddrBookDlgUsage.cpp) -------------------------------------------------------------------------
-public:
-    // Notes an item's element in the usage file; true when the file was written.
-    bool SavePBInfoForAgent(QString strItem, QString strName, QString strValue);
-
-    // ---- Send, call and notifications (AddrBookDlgSend.cpp, AddrBookDlgNotify.cpp) ---------------------------------
+    // ---- Send, call, notices, usage file (AddrBookDlgSend.cpp, ...Notify.cpp, ...Usage.cpp) -------------------------
 public:
     // The object that a sibling plug-in serves for a kind; null if it is not there.
     QObject* getPlugin(const QString& strPluginId, int iKind);
@@ -438,18 +364,15 @@ public:
     bool isPhoneField(const QString& strFieldName) const;
     int getPhoneFieldCount(const QList<QString>& lstFieldNames) const;
 
+    // Notes an item's element in the usage file; true when the file was written.
+    bool SavePBInfoForAgent(QString strItem, QString strName, QString strValue);
+
 public slots:
     void OnButtonClickedSendSMS();
     void OnButtonClickedSendMMS();
     void OnButtonClickedSendGroupSMS();
     void OnButtonClickedSendGroupMMS();
     void OnButtonClickedCall();
-
-private:
-    void announce(QList<AddrBookRecord>& lstRecords, _ORVA_EN_PHONEBOOK_MEMORY enMemory, int iRecordId,
-                  unsigned int uiMsg);
-    QString numbersFor(ADDRBOOK_SEND_TYPE enType) const;
-    QString cellText(int iRow, int iColumn) const;
 
     // ---- Members ---------------------------------------------------------------------------------------------------
 private:
@@ -463,6 +386,8 @@ private:
     int m_iLocalTotalCount = 0;
     int m_iDeviceUsedCount = 0;
     int m_iDeviceTotalCount = 0;
+    Capacity m_capacity = Capacity({m_iSimUsedCount, m_iSimTotalCount}, {m_iDeviceUsedCount, m_iDeviceTotalCount},
+                                   {m_iLocalUsedCount, m_iLocalTotalCount});
 
     // The operation of the user. Of a running batch they are a copy: m_batch carries its own.
     int m_iTotalRowCount = 0;
@@ -488,6 +413,7 @@ private:
     AddrBookRecord m_recordCurrent = AddrBookRecord(); // edit and delete work on it
     bool m_bNewContactEnabled = true;
     QList<AddrBookRecord> m_listNotifyRecords;
+    UsageFile m_usageFile;
 
     // Widgets.
     QWidget* m_pwidgetSplitter = nullptr;
@@ -542,6 +468,8 @@ private:
     QTableWidget* m_ptableMenuOwner = nullptr; // never shown; outlives the tables on screen
     QList<MENU::QActionInfo> m_listTableActions;
     QList<MENU::QActionInfo> m_listTreeActions;
+    MenuEntries m_tableEntries = MenuEntries(MenuEntries::TABLE, m_listTableActions);
+    MenuEntries m_treeEntries = MenuEntries(MenuEntries::TREE, m_listTreeActions);
     QString m_strSearchText = QLatin1String("");
     bool m_bSortPreserve = true;
     bool m_bPreviewEmpty = true;

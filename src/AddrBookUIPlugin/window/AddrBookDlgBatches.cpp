@@ -8,26 +8,26 @@
 
 #include "dialogs/AddrBookWaitingDlg.h"
 #include "linkhand/core/CommonUtils.h"
+#include "linkhand/plugin/Codes.h"
 #include "logic/AddrBookLogic.h"
 #include "logic/Log.h"
 #include "logic/PointerCarrier.h"
 #include "logic/Texts.h"
 #include "widgets/AddrBookTableWidget.h"
 #include "widgets/PBTreeWidget.h"
+#include "window/BatchTexts.h"
+#include "window/Notices.h"
+#include "window/TableRows.h"
 
-// The rows selected, as every operation on a selection takes them: the last range first, each from the top down.
-QList<int> AddrBookDlg::selectedRows() const
+namespace
 {
-    QList<int> lstRows;
-    if (m_ptableContacts == nullptr)
-        return lstRows;
-    const QList<QTableWidgetSelectionRange> lstRanges = m_ptableContacts->selectedRanges();
-    for (int i = lstRanges.size() - 1; i >= 0; --i) {
-        for (int iRow = lstRanges.at(i).topRow(); iRow <= lstRanges.at(i).bottomRow(); ++iRow)
-            lstRows.append(iRow);
-    }
-    return lstRows;
+// A program that goes down has nobody to tell.
+void tell(QWidget* pParent, const QString& strText)
+{
+    if (!strText.isEmpty() && !CommonUtils::IsShuttingDown())
+        showMessageOk(QMessageBox::Information, pParent, QLatin1String("IDS_PROMPT_CAPTION"), strText);
 }
+} // namespace
 
 void AddrBookDlg::handleMultipleContact(_ADDRBOOK_OPERATION_TYPE enOperation)
 {
@@ -40,9 +40,9 @@ void AddrBookDlg::handleMultipleContact(_ADDRBOOK_OPERATION_TYPE enOperation)
     order.enOperation = enOperation;
     order.enMemory = m_enMemory;
     order.iGroupId = m_iGroupId;
-    foreach (int iRow, selectedRows()) {
+    foreach (int iRow, TableRows::selected(m_ptableContacts)) {
         QTableWidgetItem* pitem = m_ptableContacts->item(iRow, 0);
-        if (!isRowOf(pitem, order.enMemory))
+        if (!TableRows::belongsTo(pitem, order.enMemory))
             continue;
         getContactInfoFromSDK(pitem, m_recordCurrent);
         order.lstRecords.append(m_recordCurrent);
@@ -104,26 +104,23 @@ void AddrBookDlg::showBatchCounts()
     m_iSuccessRowCount = m_batch.succeeded();
 }
 
-// The waiting dialog for the next operation. A cancel that a batch has not heard of yet stays a cancel.
-AddrBookWaitingDlg* AddrBookDlg::openWaitingDialog(const char* pTextId, int iSteps)
+// The waiting dialog for the next operation; while records are still being read its counter is blank. A cancel that a
+// batch has not heard of yet stays a cancel.
+AddrBookWaitingDlg* AddrBookDlg::openWaitingDialog(const char* pTextId, int iSteps, bool bReading)
 {
     m_batch.isCancelled();
     AddrBookWaitingDlg* pdlgWaiting = AddrBookWaitingDlg::GetWaitingDlgInstance(this);
-    if (pdlgWaiting != nullptr)
-        pdlgWaiting->ShowAnimation(tr(QLatin1String(pTextId)), iSteps);
+    if (pdlgWaiting == nullptr)
+        return nullptr;
+    pdlgWaiting->ShowAnimation(tr(QLatin1String(pTextId)), iSteps);
+    if (bReading)
+        pdlgWaiting->UpDateLabel(0, 0);
     return pdlgWaiting;
 }
 
 void AddrBookDlg::showProgressBar(int iSteps)
 {
-    const char* pTextId = "IDS_COPY_STATUS";
-    if (m_enOperation == ADDRBOOK_OP_MOVE)
-        pTextId = "IDS_MOVE_STATUS";
-    else if (m_enOperation == ADDRBOOK_OP_IMPORT)
-        pTextId = "IDS_IMPORT_STATUS";
-    else if (m_enOperation == ADDRBOOK_OP_DELETE || m_enOperation == ADDRBOOK_OP_REMOVE_FROM_GROUP)
-        pTextId = "IDS_DELETE_STATUS";
-    m_pdlgWaiting = openWaitingDialog(pTextId, iSteps);
+    m_pdlgWaiting = openWaitingDialog(BatchTexts::progress(m_enOperation), iSteps, false);
 }
 
 // A reading that failed has taken the waiting dialog along. A batch that still runs gets another, so that it can be
@@ -146,7 +143,7 @@ void AddrBookDlg::OnDelResult(bool bVal, int iRecordId)
     showBatchCounts();
     if (bVal && !bOrphaned) {
         if (m_batch.operation() == ADDRBOOK_OP_DELETE) {
-            announce(m_batch.notifyRecords(), m_batch.memory(), iRecordId, 290);
+            Notices::announce(m_batch.notifyRecords(), m_batch.memory(), iRecordId, PHONEBOOK_CONTACT_DELETED);
             m_listNotifyRecords = m_batch.notifyRecords();
         }
         checkMaxCapWithLocals(m_batch.memory(), ADDRBOOK_OP_DELETE);
@@ -170,7 +167,7 @@ void AddrBookDlg::OnAddResult(bool bSuccess, qlonglong iPtrRecord)
         QList<AddrBookRecord> lstRecords;
         lstRecords.append(*pRecord);
         copyContactsForPushNotify(lstRecords, m_batch.memory());
-        announce(m_listNotifyRecords, m_batch.memory(), pRecord->iID, 288);
+        Notices::announce(m_listNotifyRecords, m_batch.memory(), pRecord->iID, PHONEBOOK_CONTACT_ADDED);
         checkMaxCapWithLocals(m_batch.memory(), ADDRBOOK_OP_ADD);
         if (!m_bNewContactEnabled && !stopAtFullMemory())
             return;
@@ -183,26 +180,14 @@ bool AddrBookDlg::stopAtFullMemory()
 {
     const int iBatch = m_batch.number();
     m_threadWorker.StopOperation();
-    QString strText;
-    if (m_batch.operation() == ADDRBOOK_OP_IMPORT)
-        strText = tr(QLatin1String("IDS_IMPORT_DEVICEFULL"));
-    else if (m_batch.operation() == ADDRBOOK_OP_COPY || m_batch.operation() == ADDRBOOK_OP_MOVE)
-        strText = tr(QLatin1String("IDS_MOVE_REC_DEV_FULL"));
+    const QString strText = BatchTexts::full(m_batch.operation(), m_batch.succeeded());
     m_batch.setTold();
     m_enOperation = ADDRBOOK_OP_NONE;
     if (m_pdlgWaiting != nullptr)
         m_pdlgWaiting->CloseWaitingDialog();
     const QPointer<AddrBookDlg> pSelf(this);
-    if (!strText.isEmpty())
-        showBatchMessage(strText + QString::number(m_batch.succeeded()));
+    tell(this, strText);
     return !pSelf.isNull() && m_batch.isRunning() && m_batch.number() == iBatch;
-}
-
-// A program that goes down has nobody to tell.
-void AddrBookDlg::showBatchMessage(const QString& strText)
-{
-    if (!CommonUtils::IsShuttingDown())
-        showMessageOk(QMessageBox::Information, this, QLatin1String("IDS_PROMPT_CAPTION"), strText);
 }
 
 void AddrBookDlg::OnFinished()
@@ -222,10 +207,10 @@ void AddrBookDlg::OnFinished()
     }
     const QPointer<AddrBookDlg> pSelf(this);
     if (m_batch.operation() == ADDRBOOK_OP_IMPORT)
-        showBatchMessage(tr(QLatin1String("IDS_IMPORT_TOTAL_NUMBER")) + QString::number(m_batch.total()) +
-                         tr(QLatin1String("IDS_IMPORT_IMPORTED_NUMBER")) + QString::number(m_batch.succeeded()));
+        tell(this, BatchTexts::importEnd(m_batch.total(), m_batch.succeeded()));
     else if (m_batch.operation() == ADDRBOOK_OP_COPY || m_batch.operation() == ADDRBOOK_OP_MOVE)
-        showCopyEnd(m_batch.operation(), m_batch.source(), m_batch.memory(), m_batch.total(), m_batch.succeeded());
+        tell(this, BatchTexts::copyEnd(m_batch.operation(), m_batch.source(), m_batch.memory(), m_batch.total(),
+                                       m_batch.succeeded()));
     // The window may go while the box is open, and the next batch may come.
     if (pSelf.isNull() || m_batch.isRunning())
         return;
@@ -243,39 +228,13 @@ void AddrBookDlg::OnFinished()
 
 void AddrBookDlg::showCopyCompletedAlert(int iTotal, int iSuccess)
 {
-    showCopyEnd(m_enOperation, m_enDragSourceMemory, m_enDragTargetMemory, iTotal, iSuccess);
-}
-
-void AddrBookDlg::showCopyEnd(_ADDRBOOK_OPERATION_TYPE enOperation, _ORVA_EN_PHONEBOOK_MEMORY enSource,
-                              _ORVA_EN_PHONEBOOK_MEMORY enTarget, int iTotal, int iSuccess)
-{
-    if (!isDeviceMemory(enTarget) && !isDeviceMemory(enSource))
-        return;
-    QString strText;
-    if (enOperation == ADDRBOOK_OP_MOVE)
-        strText = tr(QLatin1String("IDS_MOVE_COMPLETE"));
-    else if (enOperation == ADDRBOOK_OP_COPY)
-        strText = tr(QLatin1String("IDS_COPY_COMPLETE"));
-    strText += QLatin1Char(' ') + tr(QLatin1String("IDS_TOTAL_COUNT")) + QString::number(iTotal) +
-               tr(QLatin1String("IDS_SUCCESS_COUNT")) + QString::number(iSuccess);
-    showBatchMessage(strText);
+    tell(this, BatchTexts::copyEnd(m_enOperation, m_enDragSourceMemory, m_enDragTargetMemory, iTotal, iSuccess));
 }
 
 void AddrBookDlg::copyContactsForPushNotify(QList<AddrBookRecord> lstRecords, _ORVA_EN_PHONEBOOK_MEMORY enMemory)
 {
-    m_listNotifyRecords.clear();
     QList<AddrBookField> lstFields;
     if (m_pAddrBookLogic != nullptr)
         m_pAddrBookLogic->GetAllFields(lstFields, enMemory);
-    foreach (const AddrBookRecord& record, lstRecords) {
-        AddrBookRecord numbers;
-        numbers.iID = record.iID;
-        for (int i = 0; i < lstFields.size() && i < record.lstValues.size(); ++i) {
-            const QString& strType = lstFields.at(i).strType;
-            const bool bPhone = strType == QLatin1String("Mobile") || strType == QLatin1String("Number");
-            if (bPhone && !record.lstValues.at(i).isEmpty())
-                numbers.lstValues.append(record.lstValues.at(i));
-        }
-        m_listNotifyRecords.append(numbers);
-    }
+    m_listNotifyRecords = Notices::numbersOf(lstRecords, lstFields);
 }

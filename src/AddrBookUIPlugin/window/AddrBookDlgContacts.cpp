@@ -8,12 +8,14 @@
 #include "dialogs/AddrBookEditDlg.h"
 #include "dialogs/AddrBookSelectContactsDlg.h"
 #include "linkhand/core/CommonUtils.h"
+#include "linkhand/plugin/Codes.h"
 #include "logic/AddrBookLogic.h"
 #include "logic/ItemData.h"
 #include "logic/Log.h"
 #include "logic/Texts.h"
 #include "widgets/AddrBookTableWidget.h"
 #include "widgets/PBTreeWidget.h"
+#include "window/TableRows.h"
 #include "window/ToolItemIds.h"
 
 void AddrBookDlg::OnButtonClickedNewContact()
@@ -54,11 +56,11 @@ void AddrBookDlg::OnButtonClickedEditContact()
     if (m_ptableContacts == nullptr || m_pAddrBookLogic == nullptr)
         return;
     QTableWidgetItem* pitem = m_ptableContacts->selectedItems().value(0);
-    if (pitem == nullptr || !isRowOf(pitem, m_enMemory))
+    if (pitem == nullptr || !TableRows::belongsTo(pitem, m_enMemory))
         return;
     QList<QString> lstNames;
     m_pAddrBookLogic->GetFieldNames(m_enMemory, lstNames);
-    makeCurrent(pitem);
+    TableRows::makeCurrent(m_ptableContacts, pitem);
     getContactInfoFromSDK(pitem, m_recordCurrent);
     if (lstNames.size() != m_recordCurrent.lstValues.size())
         return;
@@ -142,12 +144,12 @@ void AddrBookDlg::OnOKBtnClickedNewEditContact(AddrBookEditDlg* pAddrBookEditDlg
         checkMaxCapacity(m_enMemory, false);
         lstRecords.append(record);
         copyContactsForPushNotify(lstRecords, m_enMemory);
-        sendNotifyToSMS(record.iID, 288);
+        sendNotifyToSMS(record.iID, PHONEBOOK_CONTACT_ADDED);
     } else if (m_enOperation == ADDRBOOK_OP_EDIT) {
         lstRecords.append(m_recordCurrent);
         lstRecords.append(record);
         copyContactsForPushNotify(lstRecords, m_enMemory);
-        sendNotifyToSMS(m_recordCurrent.iID, 289);
+        sendNotifyToSMS(m_recordCurrent.iID, PHONEBOOK_CONTACT_CHANGED);
     }
     _ORVA_EN_PHONEBOOK_MEMORY enMemory = PB_MEM_LOCAL;
     int iGroupId = 0;
@@ -165,8 +167,15 @@ void AddrBookDlg::OnOKBtnClickedNewEditContact(AddrBookEditDlg* pAddrBookEditDlg
 // The table shows the memory that the new contact went to: gives it a row, unless a search hides it.
 void AddrBookDlg::showNewContact(const AddrBookRecord& record)
 {
-    if (m_bSearchBoxShown && !passesSearch(record))
+    if (m_bSearchBoxShown && m_plineeditSearch == nullptr)
         return;
+    const QString strSearch = m_bSearchBoxShown ? m_plineeditSearch->text() : QString();
+    if (!strSearch.isEmpty()) {
+        int iColumns = 0;
+        getColumnCount(m_enMemory, iColumns);
+        if (!TableSearch::Holds(record, iColumns, strSearch))
+            return;
+    }
     int iRow = 0;
     // Off while a read runs, up to the read's end: a row must not move while its cells arrive.
     const bool bSort = m_ptableContacts->isSortingEnabled();
@@ -184,30 +193,14 @@ void AddrBookDlg::showNewContact(const AddrBookRecord& record)
 // The table may have been read anew under the form, and the current row be anybody's.
 void AddrBookDlg::showChangedContact(_ORVA_EN_PHONEBOOK_MEMORY enMemory, const AddrBookRecord& record)
 {
-    QTableWidgetItem* pitem = rowOfRecord(enMemory, record.iID);
+    QTableWidgetItem* pitem = TableRows::ofRecord(m_ptableContacts, enMemory, record.iID);
     if (pitem == nullptr)
         return;
-    makeCurrent(pitem);
+    TableRows::makeCurrent(m_ptableContacts, pitem);
     const bool bSort = m_ptableContacts->isSortingEnabled();
     m_ptableContacts->setSortingEnabled(false);
     setTableContent(enMemory, record);
     m_ptableContacts->setSortingEnabled(bSort);
-}
-
-bool AddrBookDlg::passesSearch(const AddrBookRecord& record) const
-{
-    if (m_plineeditSearch == nullptr)
-        return false;
-    const QString strText = m_plineeditSearch->text();
-    if (strText.isEmpty())
-        return true;
-    int iColumns = 0;
-    getColumnCount(m_enMemory, iColumns);
-    for (int i = 0; i < iColumns && i < record.lstValues.size(); ++i) {
-        if (record.lstValues.at(i).contains(strText, Qt::CaseInsensitive))
-            return true;
-    }
-    return false;
 }
 
 void AddrBookDlg::getContactInfoFromSDK(QTableWidgetItem* pitem, AddrBookRecord& record)
@@ -221,14 +214,6 @@ void AddrBookDlg::getContactInfoFromSDK(QTableWidgetItem* pitem, AddrBookRecord&
     record.iID = pData->iRecordID;
     if (m_pAddrBookLogic != nullptr)
         m_pAddrBookLogic->GetRecord(pData->enType, pData->iRecordID, record.lstValues);
-}
-
-// False for a row that names no contact, and for one left over from a memory whose node has gone: its identifier means
-// somebody else in the current one.
-bool AddrBookDlg::isRowOf(const QTableWidgetItem* pitem, _ORVA_EN_PHONEBOOK_MEMORY enMemory) const
-{
-    const TableRowData* pData = tableRowData(pitem);
-    return pData != nullptr && pData->enType == enMemory;
 }
 
 void AddrBookDlg::OnButtonClickedDeleteContact()
@@ -260,10 +245,9 @@ void AddrBookDlg::OnRemoveFromGroupClicked()
 
 void AddrBookDlg::enableDisableNewContact(int iTotal, int iUsed)
 {
-    // A total of 0 is a memory that is not ready, or none: it counts as room.
-    const bool bRoom = !(iTotal > 0 && iUsed >= iTotal);
-    setTableActionEnabled("IDS_PMMENU_ADD", bRoom);
-    setTableActionEnabled("IDS_IMPORT_PHONEBOOK", bRoom);
+    const bool bRoom = Capacity::hasRoom(iTotal, iUsed);
+    m_tableEntries.enable("IDS_PMMENU_ADD", bRoom);
+    m_tableEntries.enable("IDS_IMPORT_PHONEBOOK", bRoom);
     if (bRoom)
         enableItem(TOOL_NEW);
     else
@@ -277,49 +261,17 @@ void AddrBookDlg::checkMaxCapacity(_ORVA_EN_PHONEBOOK_MEMORY enType, bool bRefre
     int iUsed = 0;
     if (m_pAddrBookLogic != nullptr)
         m_pAddrBookLogic->GetAddrCapacity(enType, iTotal, iUsed);
-    int* piUsed = nullptr;
-    int* piTotal = nullptr;
-    if (bRefresh && capacityCache(enType, piUsed, piTotal)) {
-        *piUsed = iUsed;
-        *piTotal = iTotal;
-    }
+    if (bRefresh)
+        m_capacity.set(enType, iTotal, iUsed);
     enableDisableNewContact(iTotal, iUsed);
 }
 
 void AddrBookDlg::checkMaxCapWithLocals(_ORVA_EN_PHONEBOOK_MEMORY enType, _ADDRBOOK_OPERATION_TYPE enOperation)
 {
-    int* piUsed = nullptr;
-    int* piTotal = nullptr;
-    if (!capacityCache(enType, piUsed, piTotal)) {
-        enableDisableNewContact(0, 0);
-        return;
-    }
-    if (enOperation == ADDRBOOK_OP_DELETE)
-        --*piUsed;
-    else if (enOperation == ADDRBOOK_OP_ADD)
-        ++*piUsed;
-    enableDisableNewContact(*piTotal, *piUsed);
-}
-
-// The pair of cached figures of a memory; false for any other memory.
-bool AddrBookDlg::capacityCache(_ORVA_EN_PHONEBOOK_MEMORY enType, int*& piUsed, int*& piTotal)
-{
-    switch (enType) {
-    case PB_MEM_SIM:
-        piUsed = &m_iSimUsedCount;
-        piTotal = &m_iSimTotalCount;
-        return true;
-    case PB_MEM_LOCAL:
-        piUsed = &m_iLocalUsedCount;
-        piTotal = &m_iLocalTotalCount;
-        return true;
-    case PB_MEM_ME:
-        piUsed = &m_iDeviceUsedCount;
-        piTotal = &m_iDeviceTotalCount;
-        return true;
-    default:
-        return false;
-    }
+    int iTotal = 0;
+    int iUsed = 0;
+    m_capacity.follow(enType, enOperation, iTotal, iUsed);
+    enableDisableNewContact(iTotal, iUsed);
 }
 
 void AddrBookDlg::OnAddSelectDialogContact(int iType, int iRecordId, int iGroupId)

@@ -44,33 +44,29 @@ void AddrBookDlg::moveOrCopyAllContacts(int iCount, int iTargetGroup)
     bool bBetweenTypes = false;
     const AddrBookWaitingDlg* pdlgWaiting = nullptr;
 
-    beginSdkTransaction(enTarget);
+    SdkTransaction transaction(enTarget);
     for (int i = 0; i < iCount && i + 1 < lstDragData.size(); i += 2) {
         const int iRecordId = lstDragData.at(i).toInt();
         const int iGroupId = lstDragData.at(i + 1).toInt();
         if (enTarget == PB_MEM_LOCAL && m_enDragSourceMemory == PB_MEM_LOCAL) {
-            if (iGroupId == iTargetGroup) {
-                endSdkTransaction(enTarget);
+            if (iGroupId == iTargetGroup)
                 return;
-            }
             moveOrCopyContactInLocal(iGroupId, iTargetGroup, iRecordId, PB_MEM_LOCAL, bCopyInLocal);
             continue;
         }
-        if (enTarget == m_enDragSourceMemory && isDeviceMemory(enTarget)) {
-            endSdkTransaction(enTarget);
+        if (enTarget == m_enDragSourceMemory && isDeviceMemory(enTarget))
             return;
-        }
         bBetweenTypes = true;
         if (i == 0 && m_pAddrBookLogic != nullptr) {
             m_pAddrBookLogic->GetFieldNames(m_enDragSourceMemory, lstSourceFields);
             m_pAddrBookLogic->GetFieldNames(enTarget, lstTargetFields);
         }
         if (pdlgWaiting == nullptr)
-            pdlgWaiting = showReading("IDS_COPY_STATUS", iCount / 2);
+            pdlgWaiting = openWaitingDialog("IDS_COPY_STATUS", iCount / 2, true);
         QThread::yieldCurrentThread();
         moveOrCopyContactBetweenType(lstRecords, iRecordId, lstSourceFields, lstTargetFields);
     }
-    endSdkTransaction(enTarget);
+    transaction.end();
     initThreadForMoveorCopy(bBetweenTypes, lstRecords, iTargetGroup, ADDRBOOK_OP_COPY);
     ADDRBOOK_LOG_EXIT();
 }

@@ -5,8 +5,9 @@
 #include <QLineEdit>
 #include <QPointer>
 #include <QRegExp>
-#include <QSet>
-#include <QTreeWidgetItemIterator>
+
+#include <memory>
+#include <new>
 
 #include "linkhand/core/CommonUtils.h"
 #include "logic/AddrBookLogic.h"
@@ -17,6 +18,7 @@
 #include "widgets/AddrBookTableWidget.h"
 #include "widgets/PBTreeWidget.h"
 #include "window/NodeGuard.h"
+#include "window/TreeNodes.h"
 
 namespace
 {
@@ -26,6 +28,27 @@ const QRegExp& countExpression()
 {
     static const QRegExp expression(QLatin1String("[(](.)*[)]"), Qt::CaseSensitive);
     return expression;
+}
+
+// What is wrong with the name, at once or when whatever is under way is through.
+void tell(QObject* pWindow, bool bLater, const char* pTextId)
+{
+    QMetaObject::invokeMethod(pWindow, "OnGroupNameRefused", bLater ? Qt::QueuedConnection : Qt::DirectConnection,
+                              Q_ARG(QString, QLatin1String(pTextId)));
+}
+
+// A new group of the store, the caller's; null, with the store's answer, if it was not taken.
+AddrBookGroup* storeGroup(AddrBookLogic& logic, const QString& strName, int iParentId, int& iResult)
+{
+    std::unique_ptr<AddrBookGroup> pGroup(new (std::nothrow) AddrBookGroup);
+    if (pGroup == nullptr)
+        return nullptr;
+    iResult = logic.AddGroup(PB_MEM_LOCAL, strName, iParentId, pGroup->iGroupID);
+    if (iResult != ADDRBOOK_OK)
+        return nullptr;
+    pGroup->iParentID = iParentId;
+    pGroup->strName = strName;
+    return pGroup.release();
 }
 
 } // namespace
@@ -44,27 +67,9 @@ void AddrBookDlg::readGroups()
         }
     }
 
-    // Each identifier once and none 0: then no group can be its own ancestor, and none becomes two nodes.
-    QList<AddrBookGroup*> lstGroups;
-    QSet<int> setIds;
-    foreach (AddrBookGroup* pGroup, lstRead) {
-        if (pGroup == nullptr || pGroup->iGroupID == 0 || setIds.contains(pGroup->iGroupID)) {
-            delete pGroup;
-            continue;
-        }
-        setIds.insert(pGroup->iGroupID);
-        lstGroups.append(pGroup);
-    }
+    const QList<AddrBookGroup*> lstGroups = TreeNodes::distinct(lstRead);
     addGroupsToTree(m_pitemLocalTreeWidgetItem, lstGroups, 0);
-
-    // What hangs below a parent that is not there became no node and is nobody's.
-    QSet<AddrBookGroup*> setTaken;
-    for (QTreeWidgetItemIterator it(m_ptreePhonebook); *it != nullptr; ++it)
-        setTaken.insert(groupOf(treeNodeData(*it)));
-    foreach (AddrBookGroup* pGroup, lstGroups) {
-        if (!setTaken.contains(pGroup))
-            delete pGroup;
-    }
+    TreeNodes::freeLeftOver(m_ptreePhonebook, lstGroups);
 }
 
 void AddrBookDlg::OnNewGroupClicked()
@@ -96,7 +101,7 @@ void AddrBookDlg::OnNewGroupClicked()
     if (pitem == nullptr)
         return;
     m_pitemEditedGroup = pitem;
-    setNodeLook(pitem, 6);
+    TreeNodes::setLook(pitem, TreeNodes::FRAME_GROUP, m_bRightToLeft);
     pitem->setFlags(pitem->flags() | Qt::ItemIsEditable);
     m_ptreePhonebook->setCurrentItem(pitem);
     pitemParent->setExpanded(true);
@@ -148,7 +153,7 @@ void AddrBookDlg::OnEditorClosed(QWidget* pwidgetEditor)
     QString strWithoutBlanks = strText;
     strWithoutBlanks.remove(QLatin1Char(' '));
     if (strWithoutBlanks.isEmpty()) {
-        tellGroupName("IDS_GROUP_NAME_NULL");
+        tell(this, m_bEndingGroupEdit, "IDS_GROUP_NAME_NULL");
         // The node, or the window, may have gone while the box was open.
         if (pSelf.isNull())
             return;
@@ -194,15 +199,6 @@ void AddrBookDlg::endGroupEdit()
     m_bEndingGroupEdit = false;
 }
 
-void AddrBookDlg::tellGroupName(const char* pTextId)
-{
-    if (m_bEndingGroupEdit)
-        QMetaObject::invokeMethod(this, "OnGroupNameRefused", Qt::QueuedConnection,
-                                  Q_ARG(QString, QLatin1String(pTextId)));
-    else
-        OnGroupNameRefused(QLatin1String(pTextId));
-}
-
 void AddrBookDlg::OnGroupNameRefused(const QString& strTextId)
 {
     // What waits for a window that goes is delivered there, and dropped.
@@ -231,54 +227,37 @@ void AddrBookDlg::undoGroupEdit(QTreeWidgetItem* pitem, bool bFitTree)
 bool AddrBookDlg::saveGroupName(QString& strText, QTreeWidgetItem* pitem)
 {
     ADDRBOOK_LOG_CALLED();
-    return m_strOldGroupName.isEmpty() ? saveNewGroup(strText, pitem) : saveRenamedGroup(strText, pitem);
-}
-
-bool AddrBookDlg::saveNewGroup(QString& strText, QTreeWidgetItem* pitem)
-{
-    AddrBookGroup* pGroup = new (std::nothrow) AddrBookGroup;
-    if (pGroup == nullptr || m_pAddrBookLogic == nullptr) {
-        delete pGroup;
-        return false;
-    }
-    int iNewId = 0;
-    const int iResult = m_pAddrBookLogic->AddGroup(PB_MEM_LOCAL, strText, m_iNewGroupParentId, iNewId);
-    if (iResult != ADDRBOOK_OK) {
-        delete pGroup;
-        refuseGroupName(pitem, iResult);
-        return false;
-    }
-    pGroup->iGroupID = iNewId;
-    pGroup->iParentID = m_iNewGroupParentId;
-    pGroup->strName = strText;
-    pGroup->iSize = 0;
-    setTreeData(pointerToCarrier(pGroup), 0, false, Qt::AscendingOrder, pitem);
-    setNodeLook(pitem, 6);
-    m_ptreePhonebook->setCurrentItem(m_pitemGroupParent);
-    strText += QLatin1String("(0)");
-    if (m_bRightToLeft)
-        CommonUtils::ParanthesisCorrectionForHeAndAr(strText);
-    return true;
-}
-
-bool AddrBookDlg::saveRenamedGroup(QString& strText, QTreeWidgetItem* pitem)
-{
     if (m_pAddrBookLogic == nullptr)
         return false;
-    const QString strBareName = strText;
-    const int iCount = countExpression().lastIndexIn(m_strOldGroupName);
-    if (iCount >= 0)
-        strText += m_strOldGroupName.mid(iCount);
-    _ORVA_EN_PHONEBOOK_MEMORY enMemory = PB_MEM_LOCAL;
-    int iGroupId = 0;
-    int iParentId = 0;
-    getGroupAndParentIds(enMemory, iGroupId, iParentId, m_pitemEditedGroup);
-    if (strText == m_strOldGroupName)
-        return true;
-    const int iResult = m_pAddrBookLogic->UpdateGroup(PB_MEM_LOCAL, iGroupId, strBareName, iParentId);
+    int iResult = ADDRBOOK_OK;
+    if (m_strOldGroupName.isEmpty()) {
+        AddrBookGroup* pGroup = storeGroup(*m_pAddrBookLogic, strText, m_iNewGroupParentId, iResult);
+        if (pGroup != nullptr) {
+            setTreeData(pointerToCarrier(pGroup), 0, false, Qt::AscendingOrder, pitem);
+            TreeNodes::setLook(pitem, TreeNodes::FRAME_GROUP, m_bRightToLeft);
+            m_ptreePhonebook->setCurrentItem(m_pitemGroupParent);
+            strText += QLatin1String("(0)");
+            if (m_bRightToLeft)
+                CommonUtils::ParanthesisCorrectionForHeAndAr(strText);
+            return true;
+        }
+    } else {
+        const QString strName = strText;
+        const int iCount = countExpression().lastIndexIn(m_strOldGroupName);
+        if (iCount >= 0)
+            strText += m_strOldGroupName.mid(iCount);
+        _ORVA_EN_PHONEBOOK_MEMORY enMemory = PB_MEM_LOCAL;
+        int iGroupId = 0;
+        int iParentId = 0;
+        getGroupAndParentIds(enMemory, iGroupId, iParentId, m_pitemEditedGroup);
+        if (strText != m_strOldGroupName)
+            iResult = m_pAddrBookLogic->UpdateGroup(PB_MEM_LOCAL, iGroupId, strName, iParentId);
+        if (iResult == ADDRBOOK_OK)
+            return true;
+    }
     if (iResult != ADDRBOOK_OK)
         refuseGroupName(pitem, iResult);
-    return iResult == ADDRBOOK_OK;
+    return false;
 }
 
 // A name that the store did not take. Only one that stands already is told to the user.
@@ -287,7 +266,7 @@ void AddrBookDlg::refuseGroupName(QTreeWidgetItem* pitem, int iResult)
     const NodeGuard refused(pitem);
     const QPointer<AddrBookDlg> pSelf(this);
     if (iResult == ADDRBOOK_GROUP_EXISTS)
-        tellGroupName("IDS_GROUP_NAME_REPEAT");
+        tell(this, m_bEndingGroupEdit, "IDS_GROUP_NAME_REPEAT");
     if (!pSelf.isNull() && !refused.IsGone() && m_pitemEditedGroup == pitem)
         undoGroupEdit(pitem, false);
 }
@@ -364,23 +343,23 @@ void AddrBookDlg::OnDeleteGroupClicked()
     ADDRBOOK_LOG_EXIT();
 }
 
-void AddrBookDlg::removeTreeItem(QTreeWidgetItem* pParent, QTreeWidgetItem* pItem)
+void AddrBookDlg::removeTreeItem(QTreeWidgetItem* pParent, QTreeWidgetItem* pitem)
 {
     ADDRBOOK_LOG_ENTER();
     m_bRemovingTreeItem = true;
     // The selection may change while the node goes.
     if (m_ptableContacts != nullptr)
         QObject::disconnect(m_ptableContacts, nullptr, this, nullptr);
-    if (pParent != nullptr && pItem != nullptr && pParent->indexOfChild(pItem) >= 0) {
+    if (pParent != nullptr && pitem != nullptr && pParent->indexOfChild(pitem) >= 0) {
         const bool bShown = m_pitemCurrentTreeWidgetItem != nullptr;
-        forgetTreeItem(pItem);
+        forgetTreeItem(pitem);
         const bool bShownGoes = bShown && m_pitemCurrentTreeWidgetItem == nullptr;
-        pParent->takeChild(pParent->indexOfChild(pItem));
+        pParent->takeChild(pParent->indexOfChild(pitem));
         // Taking it may have named it once more.
-        forgetTreeItem(pItem);
-        removeChildNodes(pItem);
-        freeNodeData(pItem);
-        delete pItem;
+        forgetTreeItem(pitem);
+        removeChildNodes(pitem);
+        TreeNodes::freeData(pitem);
+        delete pitem;
         // The table keeps the rows of the node that went: a click on the one that became current reads its own.
         if (bShownGoes)
             m_pitemCurrentTreeWidgetItem = nullptr;
@@ -390,35 +369,23 @@ void AddrBookDlg::removeTreeItem(QTreeWidgetItem* pParent, QTreeWidgetItem* pIte
     ADDRBOOK_LOG_EXIT();
 }
 
-void AddrBookDlg::forgetTreeItem(const QTreeWidgetItem* pItem)
+void AddrBookDlg::forgetTreeItem(const QTreeWidgetItem* pitem)
 {
-    NodeGuard::Forget(pItem);
+    NodeGuard::Forget(pitem);
     QTreeWidgetItem** const lstNamed[] = {&m_pitemEnteredTreeWidgetItem, &m_pitemCurrentTreeWidgetItem,
                                           &m_pitemSimTreeWidgetItem,     &m_pitemDeviceTreeWidgetItem,
                                           &m_pitemGroupParent,           &m_pitemEditedGroup};
     for (QTreeWidgetItem** ppNamed : lstNamed) {
-        if (*ppNamed == pItem)
+        if (*ppNamed == pitem)
             *ppNamed = nullptr;
     }
-    if (m_ptreePhonebook != nullptr && m_ptreePhonebook->m_pitemPrevious == pItem)
+    if (m_ptreePhonebook != nullptr && m_ptreePhonebook->m_pitemPrevious == pitem)
         m_ptreePhonebook->m_pitemPrevious = nullptr;
-    for (int i = 0; i < pItem->childCount(); ++i)
-        forgetTreeItem(pItem->child(i));
+    for (int i = 0; i < pitem->childCount(); ++i)
+        forgetTreeItem(pitem->child(i));
 }
 
-void AddrBookDlg::removeChildNodes(QTreeWidgetItem* pItem)
+void AddrBookDlg::removeChildNodes(QTreeWidgetItem* pitem)
 {
-    for (int i = pItem->childCount() - 1; i >= 0; --i) {
-        QTreeWidgetItem* pChild = pItem->takeChild(i);
-        removeChildNodes(pChild);
-        freeNodeData(pChild);
-        delete pChild;
-    }
-}
-
-void AddrBookDlg::freeNodeData(const QTreeWidgetItem* pItem)
-{
-    const TreeNodeData* pData = treeNodeData(pItem);
-    delete groupOf(pData);
-    delete pData;
+    TreeNodes::freeBelow(pitem);
 }

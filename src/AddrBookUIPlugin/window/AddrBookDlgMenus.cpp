@@ -5,54 +5,13 @@
 #include <QMenu>
 
 #include "linkhand/core/Startup.h"
+#include "linkhand/plugin/Codes.h"
 #include "logic/Log.h"
 #include "logic/Texts.h"
 #include "widgets/AddrBookTableWidget.h"
 #include "widgets/PBTreeWidget.h"
 #include "window/AddrBookDlg.h"
-#include "window/PluginIds.h"
 #include "window/ToolItemIds.h"
-
-namespace
-{
-struct MenuEntry {
-    const char* szId;
-    const char* szSlot; // null for an entry that is connected to nothing
-};
-
-const MenuEntry s_lstTableEntries[] = {
-    {"IDS_PMMENU_SEND", nullptr},
-    {"IDS_PMMENU_SEND_MSG", SLOT(OnButtonClickedSendSMS())},
-    {"IDS_PMMENU_SEND_MMS", SLOT(OnButtonClickedSendMMS())},
-    {"IDS_PMMENU_ADD", SLOT(OnButtonClickedNewContact())},
-    {"IDS_PMMENU_DETAIL", SLOT(OnButtonClickedEditContact())},
-    {"IDS_PMMENU_DELETE", SLOT(OnButtonClickedDeleteContact())},
-    {"IDS_PMMENU_REMFRGRP", SLOT(OnRemoveFromGroupClicked())},
-    {"IDS_PMMENU_CALL", SLOT(OnButtonClickedCall())},
-    {"IDS_PMMENU_VIDEO_CALL", nullptr},
-    {"IDS_IMPORT_PHONEBOOK", SLOT(OnClickImport())},
-    {"IDS_EXPORT_PHONEBOOKSEL", SLOT(OnClickExportSelectedContacts())},
-    {"IDS_EXPORT_PHONEBOOK", SLOT(OnClickExportAllContacts())},
-    {"IDS_PMMENU_IMPORT_FROM_MOE", SLOT(OnBnClickedBtnMOE())},
-    {"IDS_PMMENU_IMPORT_FROM_MOO", SLOT(OnBnClickedBtnMOO())},
-};
-
-const MenuEntry s_lstTreeEntries[] = {
-    {"IDS_Add_GROUP", SLOT(OnNewGroupClicked())},          {"IDS_EDIT_GROUP", SLOT(OnRenameGroupClicked())},
-    {"IDS_DEL_GROUP", SLOT(OnDeleteGroupClicked())},       {"IDS_SEND_MSG", SLOT(OnButtonClickedSendGroupSMS())},
-    {"IDS_SEND_MMS", SLOT(OnButtonClickedSendGroupMMS())}, {"IDS_PMMENU_CALL", SLOT(OnButtonClickedCall())},
-};
-
-template <int iCount>
-const char* slotOf(const MenuEntry (&lstEntries)[iCount], const QString& strId)
-{
-    for (const MenuEntry& entry : lstEntries) {
-        if (strId == QLatin1String(entry.szId))
-            return entry.szSlot;
-    }
-    return nullptr;
-}
-} // namespace
 
 void AddrBookDlg::constructContextMenu()
 {
@@ -69,38 +28,32 @@ void AddrBookDlg::constructContextMenu()
     tableMenuConnect();
     if (m_ptreePhonebook != nullptr)
         m_pmenuTree = m_pBuildMenu->CreateMenuBar(QLatin1String("tree"), m_ptreePhonebook, &m_listTreeActions);
-    removeTreeMenuItem(PluginId::mms(), QLatin1String("IDS_SEND_MMS"));
+    removeTreeMenuItem(QLatin1String(LINKHAND_MMS_ID), QLatin1String("IDS_SEND_MMS"));
     treeMenuConnect();
     setMenuShortCuts();
     ADDRBOOK_LOG_EXIT();
-}
-
-void AddrBookDlg::connectAction(const MENU::QActionInfo& info, const char* szSlot)
-{
-    if (szSlot != nullptr && info.pAction != nullptr)
-        connect(info.pAction, SIGNAL(triggered()), this, szSlot);
 }
 
 void AddrBookDlg::tableMenuConnect()
 {
     QMenu* pmenuSend = nullptr;
     foreach (const MENU::QActionInfo& info, m_listTableActions) {
-        connectAction(info, slotOf(s_lstTableEntries, info.strId));
+        m_tableEntries.connectTo(this, info);
         if (info.strId == QLatin1String("IDS_PMMENU_SEND") && info.pAction != nullptr)
             pmenuSend = info.pAction->menu();
         else if (info.strId == QLatin1String("IDS_PMMENU_SEND_MMS"))
             tableMenuConnectMMS(info, pmenuSend);
         else if (info.strId == QLatin1String("IDS_PMMENU_CALL"))
-            tableMenuConnectCall(info, PluginId::voiceCall());
+            tableMenuConnectCall(info, QLatin1String(LINKHAND_VOICECALL_ID));
         else if (info.strId == QLatin1String("IDS_PMMENU_VIDEO_CALL"))
-            tableMenuConnectCall(info, PluginId::videoCall());
+            tableMenuConnectCall(info, QLatin1String(LINKHAND_VIDEOCALL_ID));
     }
 }
 
 void AddrBookDlg::treeMenuConnect()
 {
     foreach (const MENU::QActionInfo& info, m_listTreeActions)
-        connectAction(info, slotOf(s_lstTreeEntries, info.strId));
+        m_treeEntries.connectTo(this, info);
 }
 
 // One setting rules for voice and video.
@@ -108,7 +61,7 @@ void AddrBookDlg::tableMenuConnectCall(const MENU::QActionInfo& info, const QStr
 {
     const bool bAllowed =
         CommonUtils::GetSettings(QLatin1String("callui"), QLatin1String("callvoice")).startsWith(QLatin1Char('1'));
-    if (getPlugin(strPluginId, PLUGIN_KIND_PRESENCE) != nullptr && bAllowed)
+    if (getPlugin(strPluginId, LINKHAND_PRESENCE_KIND) != nullptr && bAllowed)
         return;
     if (m_pmenuTable != nullptr)
         m_pmenuTable->removeAction(info.pAction);
@@ -116,7 +69,7 @@ void AddrBookDlg::tableMenuConnectCall(const MENU::QActionInfo& info, const QStr
 
 void AddrBookDlg::tableMenuConnectMMS(const MENU::QActionInfo& info, QMenu* pmenuSend)
 {
-    if (pmenuSend != nullptr && getPlugin(PluginId::mms(), PLUGIN_KIND_PRESENCE) == nullptr)
+    if (pmenuSend != nullptr && getPlugin(QLatin1String(LINKHAND_MMS_ID), LINKHAND_PRESENCE_KIND) == nullptr)
         pmenuSend->removeAction(info.pAction);
 }
 
@@ -135,59 +88,39 @@ void AddrBookDlg::removeTreeMenuItem(const QString& strPluginId, const QString& 
 
 QAction* AddrBookDlg::getAction(const QString& strId, const QList<MENU::QActionInfo>& lstActions) const
 {
-    if (strId.isEmpty())
-        return nullptr;
-    for (int i = 0; i < lstActions.size(); ++i) {
-        if (lstActions.at(i).strId == strId)
-            return lstActions.at(i).pAction;
-    }
-    return nullptr;
-}
-
-void AddrBookDlg::setTableActionEnabled(const char* szId, bool bEnable)
-{
-    QAction* pAction = getAction(QLatin1String(szId), m_listTableActions);
-    if (pAction != nullptr)
-        pAction->setEnabled(bEnable);
-}
-
-void AddrBookDlg::setTreeActionEnabled(const char* szId, bool bEnable)
-{
-    QAction* pAction = getAction(QLatin1String(szId), m_listTreeActions);
-    if (pAction != nullptr)
-        pAction->setEnabled(bEnable);
+    return MenuEntries::find(strId, lstActions);
 }
 
 void AddrBookDlg::updateTableSend(bool bEnable)
 {
-    setTableActionEnabled("IDS_PMMENU_SEND_MSG", bEnable);
+    m_tableEntries.enable("IDS_PMMENU_SEND_MSG", bEnable);
 }
 
 void AddrBookDlg::updateTableCall(bool bEnable)
 {
-    setTableActionEnabled("IDS_PMMENU_CALL", bEnable);
+    m_tableEntries.enable("IDS_PMMENU_CALL", bEnable);
 }
 
 void AddrBookDlg::enableOutlookMenu(bool bEnable, int iId)
 {
     if (iId == TOOL_IMPORT_MOO)
-        setTableActionEnabled("IDS_PMMENU_IMPORT_FROM_MOO", bEnable);
+        m_tableEntries.enable("IDS_PMMENU_IMPORT_FROM_MOO", bEnable);
     else if (iId == TOOL_IMPORT_MOE)
-        setTableActionEnabled("IDS_PMMENU_IMPORT_FROM_MOE", bEnable);
+        m_tableEntries.enable("IDS_PMMENU_IMPORT_FROM_MOE", bEnable);
 }
 
 void AddrBookDlg::updateTableMenu(bool bDetail, bool bDelete, bool bExportSelected)
 {
-    setTableActionEnabled("IDS_PMMENU_DETAIL", bDetail);
-    setTableActionEnabled("IDS_PMMENU_DELETE", bDelete);
-    setTableActionEnabled("IDS_EXPORT_PHONEBOOKSEL", bExportSelected);
+    m_tableEntries.enable("IDS_PMMENU_DETAIL", bDetail);
+    m_tableEntries.enable("IDS_PMMENU_DELETE", bDelete);
+    m_tableEntries.enable("IDS_EXPORT_PHONEBOOKSEL", bExportSelected);
 }
 
 void AddrBookDlg::updateTreeMenu(bool bNew, bool bRename, bool bDelete)
 {
-    setTreeActionEnabled("IDS_Add_GROUP", bNew);
-    setTreeActionEnabled("IDS_EDIT_GROUP", bRename);
-    setTreeActionEnabled("IDS_DEL_GROUP", bDelete);
+    m_treeEntries.enable("IDS_Add_GROUP", bNew);
+    m_treeEntries.enable("IDS_EDIT_GROUP", bRename);
+    m_treeEntries.enable("IDS_DEL_GROUP", bDelete);
 }
 
 void AddrBookDlg::updateContextMenu(ADDRBOOK_ENABLE_STATUS enStatus)
@@ -197,20 +130,17 @@ void AddrBookDlg::updateContextMenu(ADDRBOOK_ENABLE_STATUS enStatus)
         ADDRBOOK_LOG_UNTIMED("Plugin container is null ");
         return;
     }
-    const bool bSms = m_pPluginContainer->GetPlugin(PluginId::sms(), PLUGIN_KIND_SERVICE) != nullptr;
+    const bool bSms = m_pPluginContainer->GetPlugin(QLatin1String(LINKHAND_SMS_ID), LINKHAND_SMS_KIND) != nullptr;
     if (!bSms)
         ADDRBOOK_LOG_UNTIMED("IBase plugin is null ");
 
-    const int iSelection = tableSelectionStatus();
-    setTreeActionEnabled("IDS_SEND_MSG", isOnline() && bSms);
-    // The SMS plug-in decides for MMS too.
-    if (ToolBarLogic::getPlugin(PluginId::mms()))
-        setTreeActionEnabled("IDS_SEND_MMS", isOnline() && bSms);
-    setTableActionEnabled("IDS_EXPORT_PHONEBOOK", m_ptableContacts != nullptr && m_ptableContacts->rowCount() > 0);
-    setTableActionEnabled("IDS_PMMENU_SEND", iSelection != ADDRBOOK_ENABLE_TABLE_NONE && isOnline() && bSms);
-    setTableActionEnabled("IDS_PMMENU_CALL", iSelection == ADDRBOOK_ENABLE_TABLE_SINGLE && isOnline());
-    setTableActionEnabled("IDS_PMMENU_VIDEO_CALL", false);
-    setTableActionEnabled("IDS_PMMENU_REMFRGRP", false);
+    MenuSituation situation;
+    situation.bOnline = isOnline();
+    situation.bSms = bSms;
+    situation.bMmsListed = ToolBarLogic::getPlugin(QLatin1String(LINKHAND_MMS_ID));
+    situation.bRows = m_ptableContacts != nullptr && m_ptableContacts->rowCount() > 0;
+    situation.iSelection = tableSelectionStatus();
+    applyMenuRules(situation, m_tableEntries, m_treeEntries);
     updateMenu(enStatus, getAction(QLatin1String("IDS_PMMENU_REMFRGRP"), m_listTableActions));
 }
 

@@ -2,22 +2,11 @@
 
 #include "dialogs/AddrBookSelectContactsDlg.h"
 #include "linkhand/core/Startup.h"
-#include "linkhand/plugin/INotifyService.h"
+#include "linkhand/plugin/Codes.h"
 #include "logic/AddrBookLogic.h"
 #include "logic/Log.h"
 #include "window/AddrBookDlg.h"
-#include "window/PluginIds.h"
-
-namespace
-{
-// A number as a notification carries it: 0 for one that does not fit or begins with a plus sign.
-int numberOf(const QString& strValue)
-{
-    if (strValue.trimmed().startsWith(QLatin1Char('+')))
-        return 0;
-    return strValue.toInt(nullptr, 10);
-}
-} // namespace
+#include "window/Notices.h"
 
 QObject* AddrBookDlg::getPlugin(const QString& strPluginId, int iKind)
 {
@@ -27,56 +16,25 @@ QObject* AddrBookDlg::getPlugin(const QString& strPluginId, int iKind)
 
 IDeviceMgr* AddrBookDlg::getDeviceMgrPlugin()
 {
-    IDeviceMgr* pManager = qobject_cast<IDeviceMgr*>(getPlugin(PluginId::deviceMgr(), PLUGIN_KIND_SERVICE));
+    IDeviceMgr* pManager =
+        qobject_cast<IDeviceMgr*>(getPlugin(QLatin1String(LINKHAND_DEVICEMGR_ID), LINKHAND_DEVICEMGR_KIND));
     ADDRBOOK_LOG("%s", pManager != nullptr ? "device manager found" : "device manager is not loaded");
     return pManager;
 }
 
 void AddrBookDlg::broadcastMsg(unsigned int uiMsg, unsigned int uiParam1, unsigned int uiParam2)
 {
-    INotifyService* pService = qobject_cast<INotifyService*>(getPlugin(PluginId::notify(), PLUGIN_KIND_NOTIFY));
-    if (pService != nullptr)
-        pService->Broadcast(uiMsg, uiParam1, uiParam2);
+    Notices::broadcast(getPlugin(QLatin1String(LINKHAND_NOTIFY_ID), LINKHAND_NOTIFY_KIND), uiMsg, uiParam1, uiParam2);
 }
 
 void AddrBookDlg::pushNotify(unsigned int uiMsg, unsigned int uiParam1, unsigned int uiParam2)
 {
-    IPluginContainer* pContainer = Startup::GetPluginContainer();
-    if (pContainer == nullptr) {
-        ADDRBOOK_LOG_UNTIMED("Plugin container is null ");
-        return;
-    }
-    QObject* pPlugin = pContainer->GetPlugin(PluginId::notify(), PLUGIN_KIND_NOTIFY);
-    if (pPlugin == nullptr) {
-        ADDRBOOK_LOG_UNTIMED("plugin is not loaded ");
-        return;
-    }
-    INotifyService* pService = qobject_cast<INotifyService*>(pPlugin);
-    if (pService != nullptr)
-        pService->Push(uiMsg, uiParam1, uiParam2);
+    Notices::push(uiMsg, uiParam1, uiParam2);
 }
 
 void AddrBookDlg::sendNotifyToSMS(int iRecordId, unsigned int uiMsg)
 {
-    announce(m_listNotifyRecords, m_enMemory, iRecordId, uiMsg);
-}
-
-void AddrBookDlg::announce(QList<AddrBookRecord>& lstRecords, _ORVA_EN_PHONEBOOK_MEMORY enMemory, int iRecordId,
-                           unsigned int uiMsg)
-{
-    int i = 0;
-    while (i < lstRecords.size()) {
-        if (lstRecords.at(i).iID != iRecordId) {
-            ++i;
-            continue;
-        }
-        const AddrBookRecord record = lstRecords.takeAt(i);
-        foreach (const QString& strValue, record.lstValues) {
-            const int iNumber = numberOf(strValue);
-            ADDRBOOK_LOG_LINE("phone number=%d", iNumber);
-            pushNotify(uiMsg, enMemory, static_cast<unsigned int>(iNumber));
-        }
-    }
+    Notices::announce(m_listNotifyRecords, m_enMemory, iRecordId, uiMsg);
 }
 
 bool AddrBookDlg::isPhoneField(const QString& strFieldName) const

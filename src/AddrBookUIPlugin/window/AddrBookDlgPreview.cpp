@@ -36,9 +36,9 @@ void AddrBookDlg::OnTableClicked(int iRow, int iColumn)
     if (m_ptableContacts == nullptr)
         return;
     QString strText;
-    const QTableWidgetItem* pItem = m_ptableContacts->item(iRow, iColumn);
-    if (pItem != nullptr && !m_ptableContacts->selectedItems().isEmpty()) {
-        TableRowData* pData = tableRowData(pItem);
+    const QTableWidgetItem* pitem = m_ptableContacts->item(iRow, iColumn);
+    if (pitem != nullptr && !m_ptableContacts->selectedItems().isEmpty()) {
+        TableRowData* pData = tableRowData(pitem);
         if (pData == nullptr)
             return;
         int iCount = 0;

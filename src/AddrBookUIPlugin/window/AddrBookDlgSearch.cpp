@@ -1,38 +1,8 @@
-#include <QHeaderView>
-#include <QStandardItemModel>
-
-#include "logic/ItemData.h"
 #include "logic/Log.h"
 #include "widgets/AddrBookTableWidget.h"
 #include "widgets/PBTreeWidget.h"
 #include "window/AddrBookDlg.h"
-#include "window/QuietModel.h"
-
-namespace
-{
-// Keeps a table's vertical header from following each of thousands of removals, which it does by a walk over all rows;
-// at the end it takes the rows that are left, all at once.
-class DetachedHeader
-{
-public:
-    explicit DetachedHeader(QTableWidget* ptable) : m_ptable(ptable) { m_ptable->verticalHeader()->setModel(&m_empty); }
-    ~DetachedHeader()
-    {
-        // A header makes itself a selection with each model; the one that it shared with the table stays the table's.
-        QHeaderView* pHeader = m_ptable->verticalHeader();
-        delete pHeader->selectionModel();
-        pHeader->setModel(m_ptable->model());
-        const QItemSelectionModel* pOwn = pHeader->selectionModel();
-        pHeader->setSelectionModel(m_ptable->selectionModel());
-        delete pOwn;
-    }
-
-private:
-    Q_DISABLE_COPY(DetachedHeader)
-    QTableWidget* m_ptable;
-    QStandardItemModel m_empty;
-};
-} // namespace
+#include "window/TableRows.h"
 
 void AddrBookDlg::OnShowHideSearchBox()
 {
@@ -71,12 +41,12 @@ void AddrBookDlg::OnTextEdited(const QString& strEditedText)
     ADDRBOOK_LOG_EXIT();
 }
 
-void AddrBookDlg::reloadForSearch(QTreeWidgetItem* pItem, const QString& strText)
+void AddrBookDlg::reloadForSearch(QTreeWidgetItem* pitem, const QString& strText)
 {
     const AddrBookThread* pBefore = m_pthreadRead;
     m_pitemCurrentTreeWidgetItem = nullptr;
     m_enReadMode = ADDRBOOK_OP_SEARCH;
-    UpdateTableRecords(pItem);
+    UpdateTableRecords(pitem);
     // Behind the start of the reader: its first row is taken only by the event loop. A node without records of its own,
     // such as a group that has no name yet, starts none.
     if (m_pthreadRead != pBefore)
@@ -99,49 +69,7 @@ void AddrBookDlg::showEmptyText()
     m_ptableContacts->SetEmptyText(tr(QLatin1String(szId)));
 }
 
-// Rows go in runs and from the end, so that none is moved more often than it must.
 void AddrBookDlg::updateTable(const QString& strText)
 {
-    if (m_ptableContacts == nullptr)
-        return;
-    const DetachedHeader detached(m_ptableContacts);
-    int iLast = m_ptableContacts->rowCount() - 1;
-    while (iLast >= 0) {
-        if (rowMatches(iLast, strText)) {
-            --iLast;
-            continue;
-        }
-        int iFirst = iLast;
-        while (iFirst > 0 && !rowMatches(iFirst - 1, strText))
-            --iFirst;
-        removeRows(iFirst, iLast);
-        iLast = iFirst - 1;
-    }
-}
-
-bool AddrBookDlg::rowMatches(int iRow, const QString& strText) const
-{
-    const int iColumns = m_ptableContacts->columnCount();
-    for (int iColumn = 0; iColumn < iColumns; ++iColumn) {
-        const QTableWidgetItem* pItem = m_ptableContacts->item(iRow, iColumn);
-        if (pItem != nullptr && pItem->text().contains(strText, Qt::CaseInsensitive))
-            return true;
-    }
-    return false;
-}
-
-void AddrBookDlg::removeRows(int iFirst, int iLast)
-{
-    {
-        // Emptied first: the selection follows while the rows go, and looks at what is behind them.
-        const QuietModel quiet(m_ptableContacts->model());
-        const int iColumns = m_ptableContacts->columnCount();
-        for (int iRow = iFirst; iRow <= iLast; ++iRow) {
-            for (int iColumn = 0; iColumn < iColumns; ++iColumn) {
-                delete tableRowData(m_ptableContacts->item(iRow, iColumn));
-                delete m_ptableContacts->takeItem(iRow, iColumn);
-            }
-        }
-    }
-    m_ptableContacts->model()->removeRows(iFirst, iLast - iFirst + 1);
+    TableRows::narrow(m_ptableContacts, strText);
 }

@@ -2,6 +2,7 @@
 
 #include "dialogs/ChoosePhoneNumber.h"
 #include "linkhand/core/Startup.h"
+#include "linkhand/plugin/Codes.h"
 #include "linkhand/plugin/IMMSUIPlugin.h"
 #include "linkhand/plugin/ISMSUIService.h"
 #include "logic/AddrBookLogic.h"
@@ -9,7 +10,26 @@
 #include "logic/Texts.h"
 #include "widgets/AddrBookTableWidget.h"
 #include "window/AddrBookDlg.h"
-#include "window/PluginIds.h"
+#include "window/TableRows.h"
+
+namespace
+{
+// The sibling that sends, as the interface that it serves; null if it is not there. Leaves the container that was
+// asked.
+template <class Interface>
+Interface* sibling(IPluginContainer*& pContainer, const char* szId, int iKind)
+{
+    pContainer = Startup::GetPluginContainer();
+    if (pContainer == nullptr) {
+        ADDRBOOK_LOG_UNTIMED("Plugin container is null ");
+        return nullptr;
+    }
+    QObject* pPlugin = pContainer->GetPlugin(QLatin1String(szId), iKind);
+    if (pPlugin == nullptr)
+        ADDRBOOK_LOG_UNTIMED("IBase plugin is null ");
+    return qobject_cast<Interface*>(pPlugin);
+}
+} // namespace
 
 void AddrBookDlg::OnButtonClickedSendSMS()
 {
@@ -37,47 +57,17 @@ void AddrBookDlg::OnButtonClickedSendGroupMMS()
 
 void AddrBookDlg::sendSMS(ADDRBOOK_SEND_TYPE enType)
 {
-    m_pPluginContainer = Startup::GetPluginContainer();
-    if (m_pPluginContainer == nullptr) {
-        ADDRBOOK_LOG_UNTIMED("Plugin container is null ");
-        return;
-    }
-    QObject* pPlugin = m_pPluginContainer->GetPlugin(PluginId::sms(), PLUGIN_KIND_SERVICE);
-    if (pPlugin == nullptr) {
-        ADDRBOOK_LOG_UNTIMED("IBase plugin is null ");
-        return;
-    }
-    ISMSUIService* pService = qobject_cast<ISMSUIService*>(pPlugin);
+    ISMSUIService* pService = sibling<ISMSUIService>(m_pPluginContainer, LINKHAND_SMS_ID, LINKHAND_SMS_KIND);
     if (pService != nullptr && m_ptableContacts != nullptr)
-        pService->SendMessage(numbersFor(enType), QLatin1String(""), qobject_cast<QWidget*>(parent()));
+        pService->SendMessage(enType == ADDRBOOK_SEND_GROUP ? sendMultipleSMS() : sendSingleSMS(), QLatin1String(""),
+                              qobject_cast<QWidget*>(parent()));
 }
 
 void AddrBookDlg::sendMMS(ADDRBOOK_SEND_TYPE enType)
 {
-    m_pPluginContainer = Startup::GetPluginContainer();
-    if (m_pPluginContainer == nullptr) {
-        ADDRBOOK_LOG_UNTIMED("Plugin container is null ");
-        return;
-    }
-    QObject* pPlugin = m_pPluginContainer->GetPlugin(PluginId::mms(), PLUGIN_KIND_MMS);
-    if (pPlugin == nullptr) {
-        ADDRBOOK_LOG_UNTIMED("IBase plugin is null ");
-        return;
-    }
-    IMMSUIPlugin* pService = qobject_cast<IMMSUIPlugin*>(pPlugin);
-    if (pService != nullptr && m_ptableContacts != nullptr)
-        pService->SendMessage(numbersFor(enType));
-}
-
-QString AddrBookDlg::numbersFor(ADDRBOOK_SEND_TYPE enType) const
-{
-    return enType == ADDRBOOK_SEND_GROUP ? sendMultipleSMS() : sendSingleSMS();
-}
-
-QString AddrBookDlg::cellText(int iRow, int iColumn) const
-{
-    const QTableWidgetItem* pItem = m_ptableContacts->item(iRow, iColumn);
-    return pItem != nullptr ? pItem->text() : QString();
+    IMMSUIPlugin* pPlugin = sibling<IMMSUIPlugin>(m_pPluginContainer, LINKHAND_MMS_ID, LINKHAND_MMS_KIND);
+    if (pPlugin != nullptr && m_ptableContacts != nullptr)
+        pPlugin->SendMessage(enType == ADDRBOOK_SEND_GROUP ? sendMultipleSMS() : sendSingleSMS());
 }
 
 // The first field behind the name is the number; further numbers of a contact are not sent to.
@@ -86,8 +76,8 @@ QString AddrBookDlg::sendSingleSMS() const
     QStringList lstNumbers;
     if (m_ptableContacts == nullptr)
         return QLatin1String("");
-    foreach (int iRow, selectedRows()) {
-        const QString strNumber = cellText(iRow, 1);
+    foreach (int iRow, TableRows::selected(m_ptableContacts)) {
+        const QString strNumber = TableRows::text(m_ptableContacts, iRow, 1);
         if (!strNumber.isEmpty())
             lstNumbers.append(strNumber);
     }
@@ -124,7 +114,7 @@ void AddrBookDlg::OnButtonClickedCall()
     if (!isOnline() || tableSelectionStatus() != ADDRBOOK_ENABLE_TABLE_SINGLE)
         return;
     // The one row selected need not be the current one: Ctrl takes a row out of the selection and leaves it current.
-    makeCurrent(m_ptableContacts->selectedItems().value(0));
+    TableRows::makeCurrent(m_ptableContacts, m_ptableContacts->selectedItems().value(0));
     _ORVA_EN_PHONEBOOK_MEMORY enMemory = PB_MEM_LOCAL;
     int iGroupId = 0;
     getGroupId(enMemory, iGroupId);
@@ -136,17 +126,17 @@ void AddrBookDlg::OnButtonClickedCall()
         return;
 
     // Columns by position: mobile, business and home number.
-    static const char* const s_lstLabels[] = {"ID_STR_MOBILE_PHONE", "ID_STR_BUSINESS_PHONE", "ID_STR_HOME_PHONE"};
+    static const char* const LABELS[] = {"ID_STR_MOBILE_PHONE", "ID_STR_BUSINESS_PHONE", "ID_STR_HOME_PHONE"};
     const int iRow = m_ptableContacts->currentRow();
     const int iLastColumn = iFields > 2 ? 3 : 1;
     QStringList lstNumbers;
     QStringList lstLabels;
     for (int iColumn = 1; iColumn <= iLastColumn; ++iColumn) {
-        const QString strNumber = cellText(iRow, iColumn);
+        const QString strNumber = TableRows::text(m_ptableContacts, iRow, iColumn);
         if (strNumber.isEmpty())
             continue;
         lstNumbers.append(strNumber);
-        lstLabels.append(tr(QLatin1String(s_lstLabels[iColumn - 1])));
+        lstLabels.append(tr(QLatin1String(LABELS[iColumn - 1])));
     }
     if (lstNumbers.size() > 1)
         m_pdlgChoosePhone->ShowPhoneNumDlg(this, lstNumbers, lstLabels);

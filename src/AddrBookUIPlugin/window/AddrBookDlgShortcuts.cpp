@@ -3,11 +3,11 @@
 #include <QKeyEvent>
 #include <QShortcut>
 
+#include "linkhand/plugin/Codes.h"
 #include "logic/Texts.h"
 #include "widgets/AddrBookTableWidget.h"
 #include "widgets/PBTreeWidget.h"
 #include "window/AddrBookDlg.h"
-#include "window/PluginIds.h"
 
 namespace
 {
@@ -51,7 +51,7 @@ void AddrBookDlg::supportShortcutsKeys()
     setKey(m_pshortcutEditContact, "IDS_PMMENU_DETAIL");
     setKey(m_pshortcutDelete, "IDS_PMMENU_DELETE");
     setKey(m_pshortcutSearch, "IDS_PMTOOLBAR_SEARCH");
-    if (CommonUtils::IsPluginAvailable(PluginId::voiceCall()))
+    if (CommonUtils::IsPluginAvailable(QLatin1String(LINKHAND_VOICECALL_ID)))
         setKey(m_pshortcutCall, "IDS_PMMENU_CALL");
     setKey(m_pshortcutNewGroup, "IDS_Add_GROUP");
     setKey(m_pshortcutRenameGroup, "IDS_EDIT_GROUP");

@@ -1,21 +1,23 @@
 #include "dialogs/AddrBookSelectContactsDlg.h"
+#include "linkhand/plugin/Codes.h"
 #include "logic/AddrBookLogic.h"
 #include "logic/Log.h"
 #include "widgets/PBTreeWidget.h"
 #include "window/AddrBookDlg.h"
-#include "window/PluginIds.h"
 #include "window/ToolItemIds.h"
+
+namespace
+{
+void tell(AddrBookSelectContactsDlg* pdlg, bool bIsSimEnabled)
+{
+    if (pdlg != nullptr)
+        pdlg->OnSimStatusChanged(bIsSimEnabled);
+}
+} // namespace
 
 void AddrBookDlg::getUpdateDeviceAndSimNode()
 {
     updateDeviceAndSimNode(true);
-}
-
-// A batch on a memory that has just gone is cancelled.
-void AddrBookDlg::cancelBatchOn(_ORVA_EN_PHONEBOOK_MEMORY enMemory)
-{
-    if (m_batch.isRunningOn(enMemory))
-        m_batch.cancel();
 }
 
 void AddrBookDlg::removeSimNode(const char* szLog)
@@ -24,9 +26,9 @@ void AddrBookDlg::removeSimNode(const char* szLog)
         return;
     ADDRBOOK_LOG("%s", szLog);
     removeTreeItem(m_ptreePhonebook->invisibleRootItem(), m_pitemSimTreeWidgetItem);
-    broadcastMsg(ADDRBOOK_MSG_SIM_NODE, 0, 0);
+    broadcastMsg(PHONEBOOK_CARD_NODE, 0, 0);
     m_pitemSimTreeWidgetItem = nullptr;
-    cancelBatchOn(PB_MEM_SIM);
+    m_batch.cancelOn(PB_MEM_SIM);
 }
 
 void AddrBookDlg::removeDeviceNode(const char* szLog, unsigned int uiMsg)
@@ -37,7 +39,7 @@ void AddrBookDlg::removeDeviceNode(const char* szLog, unsigned int uiMsg)
     removeTreeItem(m_ptreePhonebook->invisibleRootItem(), m_pitemDeviceTreeWidgetItem);
     broadcastMsg(uiMsg, 0, 0);
     m_pitemDeviceTreeWidgetItem = nullptr;
-    cancelBatchOn(PB_MEM_ME);
+    m_batch.cancelOn(PB_MEM_ME);
 }
 
 void AddrBookDlg::OnDeviceStatusChanged(bool isDeviceConnected)
@@ -46,7 +48,7 @@ void AddrBookDlg::OnDeviceStatusChanged(bool isDeviceConnected)
     m_bSimEnabled = isDeviceConnected;
     if (isDeviceConnected) {
         updateDeviceAndSimNode(true);
-        tellSelectContacts(isDeviceConnected);
+        tell(m_pdlgSelectContacts, isDeviceConnected);
         return;
     }
     if (m_pAddrBookLogic == nullptr)
@@ -56,20 +58,14 @@ void AddrBookDlg::OnDeviceStatusChanged(bool isDeviceConnected)
     if (pCurrent != nullptr && (pCurrent == m_pitemSimTreeWidgetItem || pCurrent == m_pitemDeviceTreeWidgetItem))
         OnTreeClicked(m_pitemLocalTreeWidgetItem);
     removeSimNode("Sim Node removed");
-    removeDeviceNode("Device Node removed", ADDRBOOK_MSG_DEVICE_NODE);
+    removeDeviceNode("Device Node removed", PHONEBOOK_DEVICE_NODE);
     m_pitemCurrentTreeWidgetItem = nullptr;
-    tellSelectContacts(isDeviceConnected);
-}
-
-void AddrBookDlg::tellSelectContacts(bool bIsSimEnabled)
-{
-    if (m_pdlgSelectContacts != nullptr)
-        m_pdlgSelectContacts->OnSimStatusChanged(bIsSimEnabled);
+    tell(m_pdlgSelectContacts, isDeviceConnected);
 }
 
 void AddrBookDlg::OnSimStatusChanged(bool bIsSimEnabled)
 {
-    tellSelectContacts(bIsSimEnabled);
+    tell(m_pdlgSelectContacts, bIsSimEnabled);
     if (bIsSimEnabled == m_bSimEnabled)
         return;
     if (bIsSimEnabled) {
@@ -83,7 +79,7 @@ void AddrBookDlg::OnSimStatusChanged(bool bIsSimEnabled)
             if (pRoot->child(i) != m_pitemSimTreeWidgetItem)
                 continue;
             removeTreeItem(pRoot, m_pitemSimTreeWidgetItem);
-            broadcastMsg(ADDRBOOK_MSG_SIM_NODE, 0, 0);
+            broadcastMsg(PHONEBOOK_CARD_NODE, 0, 0);
             m_pitemSimTreeWidgetItem = nullptr;
             break;
         }
@@ -109,7 +105,7 @@ void AddrBookDlg::OnSysmodeChanged()
         OnTreeClicked(m_pitemLocalTreeWidgetItem);
     removeSimNode("Sim Node removed");
     // Receivers know the change of system mode by the card's code coming twice.
-    removeDeviceNode("NV Node removed", ADDRBOOK_MSG_SIM_NODE);
+    removeDeviceNode("NV Node removed", PHONEBOOK_CARD_NODE);
 }
 
 void AddrBookDlg::OnAddrBookSimReady()

@@ -2,11 +2,8 @@
 #include <QScopedPointer>
 #include <QSplitter>
 #include <QTextBrowser>
-#include <QVector>
 
-#include <algorithm>
-#include <memory>
-#include <utility>
+#include <new>
 
 #include "logic/AddrBookLogic.h"
 #include "logic/ItemData.h"
@@ -17,34 +14,14 @@
 #include "widgets/PBTreeWidget.h"
 #include "widgets/UITableItem.h"
 #include "window/AddrBookDlg.h"
-#include "window/QuietModel.h"
+#include "window/TableColumns.h"
+#include "window/TableRows.h"
 
 namespace
 {
-const int s_iRowHeight = 16;
-const int s_iColumnWidth = 100;
+const int ROW_HEIGHT = 16;
+const int COLUMN_WIDTH = 100;
 
-QString inOneLine(const QString& strValue)
-{
-    QString strText = strValue;
-    strText.replace(QLatin1Char('\n'), QLatin1Char(' '));
-    return strText;
-}
-// The rows of a table in the order in which their cells lie in memory. Freed in that order, the blocks of a large table
-// join up again; in the order of a sorted table the allocator spends longer on it than the whole fill took.
-QVector<int> rowsByAge(const QTableWidget& table)
-{
-    QVector<std::pair<const QTableWidgetItem*, int>> lstFirst;
-    lstFirst.reserve(table.rowCount());
-    for (int iRow = 0; iRow < table.rowCount(); ++iRow)
-        lstFirst.append(std::make_pair(table.item(iRow, 0), iRow));
-    std::sort(lstFirst.begin(), lstFirst.end());
-    QVector<int> lstRows;
-    lstRows.reserve(lstFirst.size());
-    for (int i = 0; i < lstFirst.size(); ++i)
-        lstRows.append(lstFirst.at(i).second);
-    return lstRows;
-}
 } // namespace
 
 void AddrBookDlg::getFieldNames()
@@ -88,7 +65,7 @@ void AddrBookDlg::constructTable(_ORVA_EN_PHONEBOOK_MEMORY enType)
     m_ptableContacts->setSelectionBehavior(QAbstractItemView::SelectRows);
     for (int iColumn = 0; iColumn < qMin(iCount, lstNames.size()); ++iColumn) {
         constructTableHeader(iColumn, tr(lstNames.at(iColumn)));
-        m_ptableContacts->setColumnWidth(iColumn, s_iColumnWidth);
+        m_ptableContacts->setColumnWidth(iColumn, COLUMN_WIDTH);
     }
     QHeaderView* pHeader = m_ptableContacts->horizontalHeader();
     pHeader->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
@@ -104,13 +81,13 @@ void AddrBookDlg::constructTable(_ORVA_EN_PHONEBOOK_MEMORY enType)
 
 UITableItem* AddrBookDlg::constructTableHeader(int iColumn, const QString& strText)
 {
-    UITableItem* pItem = new (std::nothrow) UITableItem;
-    if (pItem == nullptr)
+    UITableItem* pitem = new (std::nothrow) UITableItem;
+    if (pitem == nullptr)
         return nullptr;
-    m_ptableContacts->setHorizontalHeaderItem(iColumn, pItem);
+    m_ptableContacts->setHorizontalHeaderItem(iColumn, pitem);
     m_ptableContacts->verticalHeader()->hide();
-    pItem->setText(strText);
-    return pItem;
+    pitem->setText(strText);
+    return pitem;
 }
 
 void AddrBookDlg::createNewTable()
@@ -133,8 +110,8 @@ void AddrBookDlg::createNewTable()
     if (m_pdelegateGrid != nullptr)
         m_ptableContacts->setItemDelegate(m_pdelegateGrid);
     // The height of all rows, without a call a row: that one would have the header lay itself out each time.
-    m_ptableContacts->verticalHeader()->setMinimumSectionSize(s_iRowHeight);
-    m_ptableContacts->verticalHeader()->setDefaultSectionSize(s_iRowHeight);
+    m_ptableContacts->verticalHeader()->setMinimumSectionSize(ROW_HEIGHT);
+    m_ptableContacts->verticalHeader()->setDefaultSectionSize(ROW_HEIGHT);
 }
 
 void AddrBookDlg::connectHandlersForTable()
@@ -164,10 +141,10 @@ void AddrBookDlg::connectHandlersForTable()
     connect(pTable, SIGNAL(importMOO()), this, SLOT(OnBnClickedBtnMOO()));
 }
 
-void AddrBookDlg::UpdateTableRecords(QTreeWidgetItem* pItem)
+void AddrBookDlg::UpdateTableRecords(QTreeWidgetItem* pitem)
 {
     ADDRBOOK_LOG_ENTER();
-    const TreeNodeData* pData = treeNodeData(pItem);
+    const TreeNodeData* pData = treeNodeData(pitem);
     if (pData == nullptr || m_bRemovingTreeItem)
         return;
     _ORVA_EN_PHONEBOOK_MEMORY enMemory = PB_MEM_LOCAL;
@@ -179,8 +156,11 @@ void AddrBookDlg::UpdateTableRecords(QTreeWidgetItem* pItem)
         enMemory = static_cast<_ORVA_EN_PHONEBOOK_MEMORY>(pData->iMemoryOrGroup);
 
     if (m_ptableContacts != nullptr) {
-        if (m_bStateSavePending)
-            saveColumnState();
+        if (m_bStateSavePending) {
+            TableColumns::save(*m_ptableContacts, m_listColumnWidths, m_iSortSection, m_enSortOrder);
+            // A switch of node during the read that follows must not save the half-built table's defaults.
+            m_bStateSavePending = false;
+        }
         retireTable();
     }
     constructTable(enMemory);
@@ -202,7 +182,8 @@ void AddrBookDlg::UpdateTableRecords(QTreeWidgetItem* pItem)
         m_ptableContacts->setCurrentIndex(QModelIndex());
     if (m_bSortPreserve) {
         // While the table is empty the indicator stands one column to the right; the end of the read sets the true one.
-        restoreColumnState(m_iSortSection + 1);
+        if (m_ptableContacts != nullptr)
+            TableColumns::restore(*m_ptableContacts, m_listColumnWidths, m_iSortSection + 1, m_enSortOrder);
         m_bStateSavePending = true;
     } else if (m_ptableContacts != nullptr) {
         // A fresh header names no order that one would want.
@@ -246,67 +227,36 @@ void AddrBookDlg::startThreadAndUpdateTable(_ORVA_EN_PHONEBOOK_MEMORY enType, in
     ADDRBOOK_LOG_EXIT();
 }
 
-bool AddrBookDlg::isCurrentReader() const
-{
-    return m_pthreadRead != nullptr && QObject::sender() == m_pthreadRead;
-}
-
 void AddrBookDlg::OnAddContactToTable(int enType, qlonglong iData, int iGroupid, int /*iCurrentRow*/, int iColumnCount)
 {
     const QScopedPointer<AddrBookRecord> pRecord(carrierToPointer<AddrBookRecord>(iData));
-    if (pRecord.isNull() || !isCurrentReader() || m_ptableContacts == nullptr)
+    if (pRecord.isNull() || m_pthreadRead == nullptr || QObject::sender() != m_pthreadRead ||
+        m_ptableContacts == nullptr)
         return;
     const _ORVA_EN_PHONEBOOK_MEMORY enMemory = static_cast<_ORVA_EN_PHONEBOOK_MEMORY>(enType);
     // A contact that was saved meanwhile is shown as it was saved, and once.
-    if (m_saved.BringUpToDate(enMemory, *pRecord) && rowOfRecord(enMemory, pRecord->iID) != nullptr)
+    if (m_saved.BringUpToDate(enMemory, *pRecord) &&
+        TableRows::ofRecord(m_ptableContacts, enMemory, pRecord->iID) != nullptr)
         return;
     if (!m_search.LetsIn(*pRecord, iColumnCount))
         return;
     const int iRow = m_ptableContacts->rowCount();
     m_ptableContacts->setRowCount(iRow + 1);
-    if (fillRow(iRow, enMemory, *pRecord, iGroupid, iColumnCount, m_bRightToLeft))
+    const TableRows::Content content = {enMemory, iGroupid, iColumnCount, m_bRightToLeft};
+    if (TableRows::fill(m_ptableContacts, iRow, content, *pRecord))
         m_ptableContacts->setColumnCount(iColumnCount);
-}
-
-// The cells of a row that is there. A record that is shorter than the field list, such as that of a group member that
-// is gone, gives empty cells.
-bool AddrBookDlg::fillRow(int iRow, _ORVA_EN_PHONEBOOK_MEMORY enType, const AddrBookRecord& record, int iGroupId,
-                          int iColumnCount, bool bCorrectParentheses)
-{
-    // A cell beyond the last column would be nobody's.
-    if (m_ptableContacts->columnCount() < iColumnCount)
-        m_ptableContacts->setColumnCount(iColumnCount);
-    const QuietModel quiet(m_ptableContacts->model());
-    for (int iColumn = 0; iColumn < iColumnCount; ++iColumn) {
-        QString strText = iColumn < record.lstValues.size() ? inOneLine(record.lstValues.at(iColumn)) : QString();
-        if (bCorrectParentheses)
-            CommonUtils::ParanthesisCorrectionForHeAndAr(strText);
-        std::unique_ptr<TableRowData> pData(new (std::nothrow) TableRowData);
-        UITableItem* pItem = pData == nullptr ? nullptr
-                                              : new (std::nothrow) UITableItem(strText, Qt::AlignLeft | Qt::AlignBottom,
-                                                                               pointerToCarrier(pData.get()));
-        if (pItem == nullptr)
-            return false;
-        pItem->setFlags(pItem->flags() & ~Qt::ItemIsEditable);
-        TableRowData* pRow = pData.release(); // the cell's from here on
-        pRow->enType = enType;
-        pRow->iRecordID = record.iID;
-        pRow->iGroupID = iGroupId;
-        m_ptableContacts->setItem(iRow, iColumn, pItem);
-    }
-    return true;
 }
 
 void AddrBookDlg::OnReadFinished()
 {
-    if (!isCurrentReader())
+    if (m_pthreadRead == nullptr || QObject::sender() != m_pthreadRead)
         return;
     ADDRBOOK_LOG_ENTER();
     int iCount = 0;
     getColumnCount(m_enTableMemory, iCount);
     if (m_ptableContacts != nullptr) {
         if (m_bSortPreserve) {
-            restoreColumnState(m_iSortSection);
+            TableColumns::restore(*m_ptableContacts, m_listColumnWidths, m_iSortSection, m_enSortOrder);
             m_bStateSavePending = true;
         }
         for (int iColumn = 0; iColumn < iCount; ++iColumn) {
@@ -327,9 +277,9 @@ void AddrBookDlg::OnReadFinished()
 
     if (m_ptableContacts != nullptr) {
         const int iRow = m_ptableContacts->currentRow();
-        QTableWidgetItem* pItem = m_ptableContacts->item(iRow, 0);
-        TableRowData* pData = tableRowData(pItem);
-        if (pItem != nullptr && pData == nullptr)
+        QTableWidgetItem* pitem = m_ptableContacts->item(iRow, 0);
+        TableRowData* pData = tableRowData(pitem);
+        if (pitem != nullptr && pData == nullptr)
             return;
         QString strText;
         constructPreview(iRow, iCount, strText, pData);
@@ -349,7 +299,8 @@ void AddrBookDlg::addContactToTable(_ORVA_EN_PHONEBOOK_MEMORY enType, const Addr
     m_ptableContacts->insertRow(iRow);
     int iCount = 0;
     getColumnCount(enType, iCount);
-    if (fillRow(iRow, enType, record, iGroupId, iCount, false))
+    const TableRows::Content content = {enType, iGroupId, iCount, false};
+    if (TableRows::fill(m_ptableContacts, iRow, content, record))
         m_ptableContacts->setColumnCount(iCount);
 }
 
@@ -360,9 +311,9 @@ void AddrBookDlg::setTableContent(_ORVA_EN_PHONEBOOK_MEMORY /*enType*/, const Ad
     const int iRow = m_ptableContacts->currentRow();
     const int iCount = qMin(m_ptableContacts->columnCount(), record.lstValues.size());
     for (int iColumn = 0; iColumn < iCount; ++iColumn) {
-        QTableWidgetItem* pItem = m_ptableContacts->item(iRow, iColumn);
-        if (pItem != nullptr)
-            pItem->setText(inOneLine(record.lstValues.at(iColumn)));
+        QTableWidgetItem* pitem = m_ptableContacts->item(iRow, iColumn);
+        if (pitem != nullptr)
+            pitem->setText(TableRows::inOneLine(record.lstValues.at(iColumn)));
     }
     OnTableClicked(iRow, 0);
 }
@@ -379,16 +330,6 @@ void AddrBookDlg::clearTable(AddrBookTableWidget* pTable)
         return;
     if (m_psplitterPreview != nullptr)
         m_listPreviewSplitterSizes = m_psplitterPreview->sizes();
-    const QuietModel quiet(pTable->model());
-    const int iColumns = pTable->columnCount();
-    foreach (int iRow, rowsByAge(*pTable)) {
-        for (int iColumn = 0; iColumn < iColumns; ++iColumn) {
-            QTableWidgetItem* pItem = pTable->takeItem(iRow, iColumn);
-            delete tableRowData(pItem);
-            delete pItem;
-        }
-    }
+    TableRows::clear(pTable);
     delete pTable->itemDelegate();
-    for (int iColumn = 0; iColumn < iColumns; ++iColumn)
-        delete pTable->takeHorizontalHeaderItem(iColumn);
 }

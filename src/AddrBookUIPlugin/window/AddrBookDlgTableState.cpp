@@ -8,34 +8,6 @@
 #include "widgets/PBTreeWidget.h"
 #include "window/AddrBookDlg.h"
 
-void AddrBookDlg::saveColumnState()
-{
-    ADDRBOOK_LOG("state saved");
-    const QHeaderView* pHeader = m_ptableContacts->horizontalHeader();
-    m_listColumnWidths.clear();
-    for (int iColumn = 0; iColumn < m_ptableContacts->columnCount(); ++iColumn)
-        m_listColumnWidths.append(m_ptableContacts->columnWidth(iColumn));
-    // While a table fills, its indicator stands one column off: that is nobody's choice.
-    if (m_ptableContacts->isSortingEnabled()) {
-        if (pHeader->isSortIndicatorShown())
-            m_iSortSection = pHeader->sortIndicatorSection();
-        m_enSortOrder = pHeader->sortIndicatorOrder();
-    }
-    // A switch of node during the read that follows must not save the half-built table's defaults.
-    m_bStateSavePending = false;
-}
-
-void AddrBookDlg::restoreColumnState(int iSortSection)
-{
-    ADDRBOOK_LOG("state restored");
-    if (m_ptableContacts == nullptr)
-        return;
-    const int iCount = qMin(m_ptableContacts->columnCount(), m_listColumnWidths.size());
-    for (int iColumn = 0; iColumn < iCount; ++iColumn)
-        m_ptableContacts->setColumnWidth(iColumn, m_listColumnWidths.at(iColumn));
-    m_ptableContacts->horizontalHeader()->setSortIndicator(iSortSection, m_enSortOrder);
-}
-
 // The table on screen keeps its rows, out of sight, until the next switch.
 void AddrBookDlg::retireTable()
 {
@@ -59,25 +31,6 @@ bool AddrBookDlg::tableHoldsFocus() const
     if (m_ptableContacts == nullptr || pFocus == nullptr)
         return false;
     return pFocus == m_ptableContacts || (m_bFocusFromTable && pFocus == m_pwidgetToolBar);
-}
-
-// The row that is acted on: what follows looks at the current one. The selection stays as the user made it.
-void AddrBookDlg::makeCurrent(QTableWidgetItem* pItem)
-{
-    if (m_ptableContacts != nullptr && pItem != nullptr)
-        m_ptableContacts->setCurrentItem(pItem, QItemSelectionModel::NoUpdate);
-}
-
-// The first cell of a contact's row; null if the table has none for it.
-QTableWidgetItem* AddrBookDlg::rowOfRecord(_ORVA_EN_PHONEBOOK_MEMORY enMemory, int iRecordId) const
-{
-    for (int iRow = 0; m_ptableContacts != nullptr && iRow < m_ptableContacts->rowCount(); ++iRow) {
-        QTableWidgetItem* pItem = m_ptableContacts->item(iRow, 0);
-        const TableRowData* pData = tableRowData(pItem);
-        if (pData != nullptr && pData->enType == enMemory && pData->iRecordID == iRecordId)
-            return pItem;
-    }
-    return nullptr;
 }
 
 void AddrBookDlg::OnTableItemClicked()

@@ -6,10 +6,10 @@
 #include <QXmlStreamReader>
 
 #include "linkhand/QtCompat.h"
+#include "linkhand/plugin/Codes.h"
 #include "logic/Log.h"
 #include "logic/Texts.h"
 #include "window/AddrBookDlg.h"
-#include "window/PluginIds.h"
 #include "window/ToolItemIds.h"
 
 namespace
@@ -31,6 +31,26 @@ bool readOn(QXmlStreamReader& reader)
 {
     return reader.readNext() != QXmlStreamReader::NoToken && !reader.atEnd();
 }
+
+void setTip(const QButtonGroup* pGroup, int iId, const char* szTextId)
+{
+    QAbstractButton* pButton = pGroup->button(iId);
+    if (pButton == nullptr)
+        return;
+    QString strText;
+    QKeySequence key;
+    const bool bHasKey = Change::tr(QLatin1String(szTextId), addrBookPluginName(), strText, key);
+    pButton->setToolTip(bHasKey ? strText + QLatin1String("  (") + key.toString() + QLatin1Char(')') : strText);
+}
+
+void addEntry(QMenu* pMenu, const QString& strId, QObject* pWindow, const char* szSlot)
+{
+    QString strText;
+    QKeySequence key;
+    Change::tr(strId, addrBookPluginName(), strText, key);
+    QAction* pAction = pMenu->addAction(strText + QLatin1String("  ") + key.toString());
+    QObject::connect(pAction, SIGNAL(triggered()), pWindow, szSlot);
+}
 } // namespace
 
 bool AddrBookDlg::createToolBar(QWidget* pParent)
@@ -42,58 +62,37 @@ bool AddrBookDlg::createToolBar(QWidget* pParent)
     const bool bOk = ToolBarLogic::CreateToolBar(addrBookPluginName(), pParent, m_listToolItems, &m_pbuttonGroup,
                                                  &m_phlayoutToolBar, &m_plineeditSearch, &m_plabelToolBar);
     createSendMenu();
-    if (bOk)
-        connectToolBar();
-    ADDRBOOK_LOG_UNTIMED("Exit");
-    return bOk;
-}
-
-void AddrBookDlg::connectToolBar()
-{
-    if (m_pbuttonGroup != nullptr) {
+    if (bOk && m_pbuttonGroup != nullptr) {
         connect(m_pbuttonGroup, QtCompat::idClicked(), this, SLOT(OnTBBtnClicked(int)));
         appendShortcuts();
     }
-    if (m_plineeditSearch != nullptr) {
+    if (bOk && m_plineeditSearch != nullptr) {
         connect(m_plineeditSearch, SIGNAL(textEdited(QString)), this, SLOT(OnTextEdited(QString)));
         connect(m_plineeditSearch, SIGNAL(controlN()), this, SLOT(OnButtonClickedNewContact()));
     }
-}
-
-QAbstractButton* AddrBookDlg::toolButton(int iId) const
-{
-    return m_pbuttonGroup != nullptr ? m_pbuttonGroup->button(iId) : nullptr;
+    ADDRBOOK_LOG_UNTIMED("Exit");
+    return bOk;
 }
 
 void AddrBookDlg::appendShortcuts()
 {
     if (m_pbuttonGroup == nullptr)
         return;
-    setButtonTip(TOOL_SEARCH, "IDS_PMTOOLBAR_SEARCH");
-    setButtonTip(TOOL_DELETE, "IDS_PMBTN_DELETE");
-    setButtonTip(TOOL_EDIT, "IDS_EDIT_LINKMAN");
-    setButtonTip(TOOL_NEW, "IDS_PMBTN_ADD");
-    if (ToolBarLogic::getPlugin(PluginId::voiceCall()))
-        setButtonTip(TOOL_CALL, "IDS_PMBTN_CALL");
-    setButtonTip(TOOL_IMPORT_MOE, "IDS_PMBTN_IMPORT_FROM_MOE");
-    setButtonTip(TOOL_IMPORT_MOO, "IDS_PMBTN_IMPORT_FROM_MOO");
-    setButtonTip(TOOL_SEND, "IDS_PMMENU_SEND");
-}
-
-void AddrBookDlg::setButtonTip(int iId, const char* szTextId)
-{
-    QAbstractButton* pButton = toolButton(iId);
-    if (pButton == nullptr)
-        return;
-    QString strText;
-    QKeySequence key;
-    const bool bHasKey = Change::tr(QLatin1String(szTextId), addrBookPluginName(), strText, key);
-    pButton->setToolTip(bHasKey ? strText + QLatin1String("  (") + key.toString() + QLatin1Char(')') : strText);
+    setTip(m_pbuttonGroup, TOOL_SEARCH, "IDS_PMTOOLBAR_SEARCH");
+    setTip(m_pbuttonGroup, TOOL_DELETE, "IDS_PMBTN_DELETE");
+    setTip(m_pbuttonGroup, TOOL_EDIT, "IDS_EDIT_LINKMAN");
+    setTip(m_pbuttonGroup, TOOL_NEW, "IDS_PMBTN_ADD");
+    if (ToolBarLogic::getPlugin(QLatin1String(LINKHAND_VOICECALL_ID)))
+        setTip(m_pbuttonGroup, TOOL_CALL, "IDS_PMBTN_CALL");
+    setTip(m_pbuttonGroup, TOOL_IMPORT_MOE, "IDS_PMBTN_IMPORT_FROM_MOE");
+    setTip(m_pbuttonGroup, TOOL_IMPORT_MOO, "IDS_PMBTN_IMPORT_FROM_MOO");
+    setTip(m_pbuttonGroup, TOOL_SEND, "IDS_PMMENU_SEND");
 }
 
 void AddrBookDlg::createSendMenu()
 {
-    QToolButton* pButton = qobject_cast<QToolButton*>(toolButton(TOOL_SEND));
+    QToolButton* pButton =
+        qobject_cast<QToolButton*>(m_pbuttonGroup != nullptr ? m_pbuttonGroup->button(TOOL_SEND) : nullptr);
     if (pButton == nullptr)
         return;
     m_pmenuSend = getSendMenu();
@@ -129,21 +128,13 @@ QMenu* AddrBookDlg::getSendMenu()
             reader.attributes().value(QLatin1String("type")) != QLatin1String("ITEM"))
             continue;
         const QString strId = reader.attributes().value(QLatin1String("id")).toString();
-        if (strId == QLatin1String("IDS_PMMENU_SEND_MSG") && ToolBarLogic::getPlugin(PluginId::sms()))
-            addSendEntry(pMenu, strId, SLOT(OnButtonClickedSendSMS()));
-        else if (strId == QLatin1String("IDS_PMMENU_SEND_MMS") && ToolBarLogic::getPlugin(PluginId::mms()))
-            addSendEntry(pMenu, strId, SLOT(OnButtonClickedSendMMS()));
+        if (strId == QLatin1String("IDS_PMMENU_SEND_MSG") && ToolBarLogic::getPlugin(QLatin1String(LINKHAND_SMS_ID)))
+            addEntry(pMenu, strId, this, SLOT(OnButtonClickedSendSMS()));
+        else if (strId == QLatin1String("IDS_PMMENU_SEND_MMS") &&
+                 ToolBarLogic::getPlugin(QLatin1String(LINKHAND_MMS_ID)))
+            addEntry(pMenu, strId, this, SLOT(OnButtonClickedSendMMS()));
     }
     return pMenu;
-}
-
-void AddrBookDlg::addSendEntry(QMenu* pMenu, const QString& strId, const char* szSlot)
-{
-    QString strText;
-    QKeySequence key;
-    Change::tr(strId, addrBookPluginName(), strText, key);
-    QAction* pAction = pMenu->addAction(strText + QLatin1String("  ") + key.toString());
-    connect(pAction, SIGNAL(triggered()), this, szSlot);
 }
 
 void AddrBookDlg::destroyToolBar()

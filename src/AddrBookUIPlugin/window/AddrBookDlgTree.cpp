@@ -1,13 +1,13 @@
 #include <QHeaderView>
-#include <QPixmap>
 #include <QSplitter>
 #include <QTreeWidgetItemIterator>
-#include <QVector>
 
+#include "linkhand/plugin/Codes.h"
 #include "logic/AddrBookLogic.h"
 #include "logic/AddrBookUICommon.h"
 #include "logic/ItemData.h"
 #include "logic/Log.h"
+#include "logic/MemoryList.h"
 #include "logic/SdkCall.h"
 #include "logic/SdkTransaction.h"
 #include "logic/Texts.h"
@@ -15,31 +15,25 @@
 #include "widgets/GridDelegate.h"
 #include "widgets/PBTreeWidget.h"
 #include "window/AddrBookDlg.h"
-#include "window/PluginIds.h"
+#include "window/TreeNodes.h"
 
 namespace
 {
-// The strip of tree pictures, and the frames that are used of it. The one behind the memory's is its selected picture.
-const char* const s_szTreeImages = "/plugins/AddrBookUIPlugin/addr_tre_images";
-const int s_iFrameSize = 16;
-const int s_iFrameMemory = 0;
-const int s_iFrameMemorySelected = 1;
-const int s_iFrameGroup = 6;
-
-QPixmap frameOf(const QPixmap& strip, int iFrame)
+void connectTree(const PBTreeWidget* ptree, const QObject* pDelegate, AddrBookDlg* pWindow)
 {
-    return strip.copy(iFrame * s_iFrameSize, 0, s_iFrameSize, s_iFrameSize);
-}
-
-// "(n)" or "(n/m)"; a count that is not known shows as 0.
-QString countText(int iCount)
-{
-    return QString::fromLatin1("(%1)").arg(qMax(iCount, 0));
-}
-
-QString countText(int iUsed, int iTotal)
-{
-    return QString::fromLatin1("(%1/%2)").arg(qMax(iUsed, 0)).arg(iTotal);
+    QObject::connect(ptree, SIGNAL(itemClicked(QTreeWidgetItem*, int)), pWindow, SLOT(OnTreeClicked(QTreeWidgetItem*)));
+    QObject::connect(pDelegate, SIGNAL(closeEditor(QWidget*)), pWindow, SLOT(OnEditorClosed(QWidget*)));
+    QObject::connect(ptree, SIGNAL(itemEntered(QTreeWidgetItem*, int)), pWindow,
+                     SLOT(OnTreeItemEntered(QTreeWidgetItem*)));
+    QObject::connect(ptree, SIGNAL(itemSelectionChanged()), pWindow, SLOT(OnTreeItemSelectionChanged()));
+    QObject::connect(ptree, SIGNAL(itemDoubleClicked(QTreeWidgetItem*, int)), pWindow,
+                     SLOT(OnTreeDoubleClicked(QTreeWidgetItem*)));
+    QObject::connect(ptree, SIGNAL(newContact()), pWindow, SLOT(OnButtonClickedNewContact()));
+    QObject::connect(ptree, SIGNAL(deleteGroup()), pWindow, SLOT(OnDeleteGroupClicked()));
+    QObject::connect(ptree, SIGNAL(newGroup()), pWindow, SLOT(OnNewGroupClicked()));
+    QObject::connect(ptree, SIGNAL(renameGroup()), pWindow, SLOT(OnRenameGroupClicked()));
+    QObject::connect(ptree, SIGNAL(sendMessage()), pWindow, SLOT(OnButtonClickedSendGroupSMS()));
+    QObject::connect(ptree, SIGNAL(sendMmsMessage()), pWindow, SLOT(OnButtonClickedSendGroupMMS()));
 }
 } // namespace
 
@@ -60,24 +54,7 @@ void AddrBookDlg::createTreeWidget()
     m_ptreePhonebook->setHeaderHidden(true);
     m_ptreePhonebook->setExpandsOnDoubleClick(true);
     m_ptreePhonebook->setRootIsDecorated(false);
-    connectTree(pDelegate);
-}
-
-void AddrBookDlg::connectTree(const QObject* pDelegate)
-{
-    connect(m_ptreePhonebook, SIGNAL(itemClicked(QTreeWidgetItem*, int)), this, SLOT(OnTreeClicked(QTreeWidgetItem*)));
-    connect(pDelegate, SIGNAL(closeEditor(QWidget*)), this, SLOT(OnEditorClosed(QWidget*)));
-    connect(m_ptreePhonebook, SIGNAL(itemEntered(QTreeWidgetItem*, int)), this,
-            SLOT(OnTreeItemEntered(QTreeWidgetItem*)));
-    connect(m_ptreePhonebook, SIGNAL(itemSelectionChanged()), this, SLOT(OnTreeItemSelectionChanged()));
-    connect(m_ptreePhonebook, SIGNAL(itemDoubleClicked(QTreeWidgetItem*, int)), this,
-            SLOT(OnTreeDoubleClicked(QTreeWidgetItem*)));
-    connect(m_ptreePhonebook, SIGNAL(newContact()), this, SLOT(OnButtonClickedNewContact()));
-    connect(m_ptreePhonebook, SIGNAL(deleteGroup()), this, SLOT(OnDeleteGroupClicked()));
-    connect(m_ptreePhonebook, SIGNAL(newGroup()), this, SLOT(OnNewGroupClicked()));
-    connect(m_ptreePhonebook, SIGNAL(renameGroup()), this, SLOT(OnRenameGroupClicked()));
-    connect(m_ptreePhonebook, SIGNAL(sendMessage()), this, SLOT(OnButtonClickedSendGroupSMS()));
-    connect(m_ptreePhonebook, SIGNAL(sendMmsMessage()), this, SLOT(OnButtonClickedSendGroupMMS()));
+    connectTree(m_ptreePhonebook, pDelegate, this);
 }
 
 void AddrBookDlg::InitTree()
@@ -92,7 +69,7 @@ void AddrBookDlg::InitTree()
     setLocalText();
     m_pitemLocalTreeWidgetItem->setExpanded(true);
     setTreeData(PB_MEM_LOCAL, 0, false, Qt::AscendingOrder, m_pitemLocalTreeWidgetItem);
-    setNodeLook(m_pitemLocalTreeWidgetItem, s_iFrameMemory);
+    TreeNodes::setLook(m_pitemLocalTreeWidgetItem, TreeNodes::FRAME_MEMORY, m_bRightToLeft);
     m_pitemLocalTreeWidgetItem->setSelected(true);
 
     updateDeviceAndSimNode(true);
@@ -118,27 +95,27 @@ void AddrBookDlg::addGroupsToTree(QTreeWidgetItem* pParent, QList<AddrBookGroup*
     foreach (AddrBookGroup* pGroup, lstGroups) {
         if (pGroup->iParentID != iParentId)
             continue;
-        QTreeWidgetItem* pItem = new (std::nothrow) QTreeWidgetItem(pParent);
-        if (pItem == nullptr)
+        QTreeWidgetItem* pitem = new (std::nothrow) QTreeWidgetItem(pParent);
+        if (pitem == nullptr)
             return;
-        setNodeCaption(pItem, pGroup->strName + QString::fromLatin1("(%1)").arg(pGroup->iSize));
-        setTreeData(pointerToCarrier(pGroup), 0, false, Qt::AscendingOrder, pItem);
-        setNodeLook(pItem, s_iFrameGroup);
-        addGroupsToTree(pItem, lstGroups, pGroup->iGroupID);
+        setNodeCaption(pitem, pGroup->strName + QString::fromLatin1("(%1)").arg(pGroup->iSize));
+        setTreeData(pointerToCarrier(pGroup), 0, false, Qt::AscendingOrder, pitem);
+        TreeNodes::setLook(pitem, TreeNodes::FRAME_GROUP, m_bRightToLeft);
+        addGroupsToTree(pitem, lstGroups, pGroup->iGroupID);
     }
 }
 
-void AddrBookDlg::addTreeNode(QTreeWidgetItem** ppItem, _ORVA_EN_PHONEBOOK_MEMORY enType)
+void AddrBookDlg::addTreeNode(QTreeWidgetItem** ppitem, _ORVA_EN_PHONEBOOK_MEMORY enType)
 {
     if (m_ptreePhonebook == nullptr)
         return;
-    *ppItem = new (std::nothrow) QTreeWidgetItem(m_ptreePhonebook);
-    if (*ppItem == nullptr)
+    *ppitem = new (std::nothrow) QTreeWidgetItem(m_ptreePhonebook);
+    if (*ppitem == nullptr)
         return;
-    setNodeText(*ppItem, enType, true);
-    (*ppItem)->setExpanded(true);
-    setTreeData(enType, 0, false, Qt::AscendingOrder, *ppItem);
-    setNodeLook(*ppItem, s_iFrameMemory);
+    setNodeText(*ppitem, enType, true);
+    (*ppitem)->setExpanded(true);
+    setTreeData(enType, 0, false, Qt::AscendingOrder, *ppitem);
+    TreeNodes::setLook(*ppitem, TreeNodes::FRAME_MEMORY, m_bRightToLeft);
 }
 
 void AddrBookDlg::updateDeviceAndSimNode(bool bCheckSim)
@@ -146,14 +123,9 @@ void AddrBookDlg::updateDeviceAndSimNode(bool bCheckSim)
     ADDRBOOK_LOG_ENTER();
     if (m_ptreePhonebook == nullptr)
         return;
-    unsigned short usCount = 0;
-    long iResult = 0;
-    SDK_CALL(iResult, ORVA_PBSrv_PBGetMemoryListType, (nullptr, &usCount));
-    if (iResult != 0 || usCount == 0)
-        return;
-    QVector<short> lstTypes(usCount, -1);
-    SDK_CALL(iResult, ORVA_PBSrv_PBGetMemoryListType, (lstTypes.data(), &usCount));
-    foreach (short iType, lstTypes) {
+    QList<int> lstMemories;
+    readMemoryList(lstMemories);
+    foreach (int iType, lstMemories) {
         if (iType == PB_MEM_SIM || iType == PB_MEM_ME)
             addListedNode(static_cast<_ORVA_EN_PHONEBOOK_MEMORY>(iType), bCheckSim);
     }
@@ -164,24 +136,24 @@ void AddrBookDlg::updateDeviceAndSimNode(bool bCheckSim)
 void AddrBookDlg::addListedNode(_ORVA_EN_PHONEBOOK_MEMORY enType, bool bCheckSim)
 {
     const bool bSim = enType == PB_MEM_SIM;
-    QTreeWidgetItem*& pItem = bSim ? m_pitemSimTreeWidgetItem : m_pitemDeviceTreeWidgetItem;
-    if (isNodePresentInTree(pItem))
+    QTreeWidgetItem*& pitem = bSim ? m_pitemSimTreeWidgetItem : m_pitemDeviceTreeWidgetItem;
+    if (isNodePresentInTree(pitem))
         return;
     if (bSim && bCheckSim && !(m_pAddrBookLogic != nullptr && m_pAddrBookLogic->IsSimValidForPB()))
         return;
     if (!bSim)
         ADDRBOOK_LOG("NV node added");
-    broadcastMsg(bSim ? ADDRBOOK_MSG_SIM_NODE : ADDRBOOK_MSG_DEVICE_NODE, 1, 0);
-    if (pItem == nullptr)
-        addTreeNode(&pItem, enType);
-    if (pItem == nullptr)
+    broadcastMsg(bSim ? PHONEBOOK_CARD_NODE : PHONEBOOK_DEVICE_NODE, 1, 0);
+    if (pitem == nullptr)
+        addTreeNode(&pitem, enType);
+    if (pitem == nullptr)
         return;
-    long iResult = 0;
-    SDK_CALL(iResult, ORVA_DevSrv_GetMultiModeCardStatus, (m_ucMultiModeCard, nullptr, nullptr, nullptr));
-    pItem->setHidden(m_ucMultiModeCard[0] == 1 && m_bHideDoubleModeCardNode);
+    long lResult = 0;
+    SDK_CALL(lResult, ORVA_DevSrv_GetMultiModeCardStatus, (m_ucMultiModeCard, nullptr, nullptr, nullptr));
+    pitem->setHidden(m_ucMultiModeCard[0] == 1 && m_bHideDoubleModeCardNode);
 }
 
-bool AddrBookDlg::setNodeText(QTreeWidgetItem* pItem, _ORVA_EN_PHONEBOOK_MEMORY enType, bool bShowCount)
+bool AddrBookDlg::setNodeText(QTreeWidgetItem* pitem, _ORVA_EN_PHONEBOOK_MEMORY enType, bool bShowCount)
 {
     QString strText = AddrBookUICommon::GetNodeText(enType);
     if (m_pAddrBookLogic == nullptr)
@@ -191,13 +163,13 @@ bool AddrBookDlg::setNodeText(QTreeWidgetItem* pItem, _ORVA_EN_PHONEBOOK_MEMORY 
     m_pAddrBookLogic->GetAddrCapacity(enType, iTotal, iUsed);
     // Both 0 is how a memory that is still initialising looks.
     if (bShowCount && !(iTotal == 0 && iUsed == 0)) {
-        strText += countText(iUsed, iTotal);
+        strText += TreeNodes::countText(iUsed, iTotal);
         if (m_bRightToLeft)
             CommonUtils::ParanthesisCorrectionForHeAndAr(strText);
     }
-    if (pItem != nullptr) {
-        pItem->setText(0, strText);
-        setTreeColumnWidth(pItem);
+    if (pitem != nullptr) {
+        pitem->setText(0, strText);
+        setTreeColumnWidth(pitem);
     }
     return true;
 }
@@ -206,27 +178,27 @@ void AddrBookDlg::setLocalText()
 {
     if (m_pAddrBookLogic == nullptr)
         return;
-    const QString strText =
-        tr(QLatin1String("IDS_LOCAL_PHONEBOOKUI")) + countText(m_pAddrBookLogic->GetAddrRecordCount(PB_MEM_LOCAL));
+    const QString strText = tr(QLatin1String("IDS_LOCAL_PHONEBOOKUI")) +
+                            TreeNodes::countText(m_pAddrBookLogic->GetAddrRecordCount(PB_MEM_LOCAL));
     setNodeCaption(m_pitemLocalTreeWidgetItem, strText);
 }
 
-void AddrBookDlg::updateGroupInfoInTree(QTreeWidgetItem* pItem, AddrBookGroup* pGroup, _ORVA_EN_PHONEBOOK_MEMORY enType,
+void AddrBookDlg::updateGroupInfoInTree(QTreeWidgetItem* pitem, AddrBookGroup* pGroup, _ORVA_EN_PHONEBOOK_MEMORY enType,
                                         qlonglong iNodeValue)
 {
-    if (pItem == nullptr || pGroup == nullptr)
+    if (pitem == nullptr || pGroup == nullptr)
         return;
     pGroup->iSize = qMax(pGroup->iSize, 0);
-    QString strCount = countText(pGroup->iSize);
+    QString strCount = TreeNodes::countText(pGroup->iSize);
     if (iNodeValue == PB_MEM_SIM || iNodeValue == PB_MEM_ME) {
         if (m_pAddrBookLogic == nullptr)
             return;
         int iTotal = 0;
         int iUsed = 0;
         m_pAddrBookLogic->GetAddrCapacity(enType, iTotal, iUsed);
-        strCount = countText(pGroup->iSize, iTotal);
+        strCount = TreeNodes::countText(pGroup->iSize, iTotal);
     }
-    setNodeCaption(pItem, pGroup->strName + strCount);
+    setNodeCaption(pitem, pGroup->strName + strCount);
 }
 
 void AddrBookDlg::rePaintTree()
@@ -248,7 +220,7 @@ void AddrBookDlg::rePaintTree()
     ADDRBOOK_LOG_EXIT();
 }
 
-void AddrBookDlg::repaintNode(QTreeWidgetItem* pItem, TreeNodeData* pData)
+void AddrBookDlg::repaintNode(QTreeWidgetItem* pitem, TreeNodeData* pData)
 {
     if (m_pAddrBookLogic == nullptr)
         return;
@@ -259,11 +231,11 @@ void AddrBookDlg::repaintNode(QTreeWidgetItem* pItem, TreeNodeData* pData)
             const SdkTransaction transaction(PB_MEM_LOCAL);
             m_pAddrBookLogic->GetGroupInfo(PB_MEM_LOCAL, *pGroup);
         }
-        getImageIconFromFile(QLatin1String(s_szTreeImages), s_iFrameGroup, icon);
+        getImageIconFromFile(TreeNodes::pictures(), TreeNodes::FRAME_GROUP, icon);
         // Any change of the node would write its text over what is being typed.
-        if (!isUnderEdit(pItem))
-            pItem->setIcon(0, icon);
-        updateGroupInfoInTree(pItem, pGroup, PB_MEM_LOCAL, pData->iMemoryOrGroup);
+        if (!isUnderEdit(pitem))
+            pitem->setIcon(0, icon);
+        updateGroupInfoInTree(pitem, pGroup, PB_MEM_LOCAL, pData->iMemoryOrGroup);
         return;
     }
     const _ORVA_EN_PHONEBOOK_MEMORY enMemory = static_cast<_ORVA_EN_PHONEBOOK_MEMORY>(pData->iMemoryOrGroup);
@@ -271,9 +243,9 @@ void AddrBookDlg::repaintNode(QTreeWidgetItem* pItem, TreeNodeData* pData)
     group.strName =
         enMemory == PB_MEM_LOCAL ? tr(QLatin1String("IDS_LOCAL_PHONEBOOKUI")) : AddrBookUICommon::GetNodeText(enMemory);
     group.iSize = m_pAddrBookLogic->GetAddrRecordCount(enMemory);
-    getImageIconFromFile(QLatin1String(s_szTreeImages), s_iFrameMemory, icon);
-    pItem->setIcon(0, icon);
-    updateGroupInfoInTree(pItem, &group, enMemory, pData->iMemoryOrGroup);
+    getImageIconFromFile(TreeNodes::pictures(), TreeNodes::FRAME_MEMORY, icon);
+    pitem->setIcon(0, icon);
+    updateGroupInfoInTree(pitem, &group, enMemory, pData->iMemoryOrGroup);
 }
 
 void AddrBookDlg::updateNodes()
@@ -284,10 +256,10 @@ void AddrBookDlg::updateNodes()
         setNodeText(m_pitemDeviceTreeWidgetItem, PB_MEM_ME, true);
 }
 
-bool AddrBookDlg::isNodePresentInTree(QTreeWidgetItem* pItem) const
+bool AddrBookDlg::isNodePresentInTree(QTreeWidgetItem* pitem) const
 {
-    return m_ptreePhonebook != nullptr && pItem != nullptr &&
-           m_ptreePhonebook->invisibleRootItem()->indexOfChild(pItem) >= 0;
+    return m_ptreePhonebook != nullptr && pitem != nullptr &&
+           m_ptreePhonebook->invisibleRootItem()->indexOfChild(pitem) >= 0;
 }
 
 // A memory that was never there counts as existing: the test is for a node that has gone from the tree.
@@ -356,11 +328,11 @@ void AddrBookDlg::OnTreeItemSelectionChanged()
 }
 
 QTreeWidgetItem* AddrBookDlg::getGroupAndParentIds(_ORVA_EN_PHONEBOOK_MEMORY& enType, int& iGroupId, int& iParentId,
-                                                   QTreeWidgetItem* pItem) const
+                                                   QTreeWidgetItem* pitem) const
 {
     if (m_ptreePhonebook == nullptr)
         return nullptr;
-    QTreeWidgetItem* pNode = pItem != nullptr ? pItem : m_ptreePhonebook->currentItem();
+    QTreeWidgetItem* pNode = pitem != nullptr ? pitem : m_ptreePhonebook->currentItem();
     const TreeNodeData* pData = treeNodeData(pNode);
     if (pData == nullptr)
         return pNode;
@@ -382,7 +354,7 @@ QTreeWidgetItem* AddrBookDlg::getGroupId(_ORVA_EN_PHONEBOOK_MEMORY& enType, int&
     return getGroupAndParentIds(enType, iGroupId, iParentId, nullptr);
 }
 
-void AddrBookDlg::setTreeData(qlonglong iData, int iColumn, bool bSorted, Qt::SortOrder enOrder, QTreeWidgetItem* pItem)
+void AddrBookDlg::setTreeData(qlonglong iData, int iColumn, bool bSorted, Qt::SortOrder enOrder, QTreeWidgetItem* pitem)
 {
     TreeNodeData* pData = new (std::nothrow) TreeNodeData;
     if (pData == nullptr)
@@ -391,15 +363,7 @@ void AddrBookDlg::setTreeData(qlonglong iData, int iColumn, bool bSorted, Qt::So
     pData->iSortColumn = iColumn;
     pData->bSorted = bSorted;
     pData->enSortOrder = enOrder;
-    pItem->setData(0, Qt::UserRole, pointerToCarrier(pData));
-}
-
-void AddrBookDlg::setNodeLook(QTreeWidgetItem* pItem, int iFrame)
-{
-    QIcon icon;
-    getImageIconFromFile(QLatin1String(s_szTreeImages), iFrame, icon);
-    pItem->setIcon(0, icon);
-    pItem->setSizeHint(0, QSize(25, 20));
+    pitem->setData(0, Qt::UserRole, pointerToCarrier(pData));
 }
 
 void AddrBookDlg::getImageIconFromFile(const QString& strPath, int iFrame, QIcon& icon) const
@@ -407,17 +371,7 @@ void AddrBookDlg::getImageIconFromFile(const QString& strPath, int iFrame, QIcon
     const QString strFile = CommonUtils::GetPluginLibraryPath() + strPath;
     if (strFile.isEmpty())
         return;
-    const QPixmap strip(strFile);
-    // In a right-to-left layout the selected picture of a memory turns; the normal one stays as it is drawn.
-    icon.addPixmap(frameOf(strip, iFrame), QIcon::Normal, QIcon::Off);
-    if (iFrame != s_iFrameMemory) {
-        icon.addPixmap(frameOf(strip, iFrame), QIcon::Selected, QIcon::Off);
-        return;
-    }
-    QPixmap selected = frameOf(strip, s_iFrameMemorySelected);
-    if (m_bRightToLeft)
-        selected = QPixmap::fromImage(selected.toImage().mirrored(true, false));
-    icon.addPixmap(selected, QIcon::Selected, QIcon::Off);
+    TreeNodes::addPictures(strFile, iFrame, m_bRightToLeft, icon);
 }
 
 void AddrBookDlg::SetTreeFocus()
@@ -432,10 +386,7 @@ void AddrBookDlg::deleteTreeVariantData()
 {
     if (m_ptreePhonebook == nullptr)
         return;
-    for (QTreeWidgetItemIterator it(m_ptreePhonebook); *it != nullptr; ++it) {
-        const TreeNodeData* pData = treeNodeData(*it);
-        delete groupOf(pData);
-        delete pData;
-    }
+    for (QTreeWidgetItemIterator it(m_ptreePhonebook); *it != nullptr; ++it)
+        TreeNodes::freeData(*it);
     delete m_ptreePhonebook->itemDelegate();
 }

@@ -8,34 +8,34 @@
 #include "window/AddrBookDlg.h"
 
 // A text that ends in a count.
-void AddrBookDlg::setNodeCaption(QTreeWidgetItem* pItem, QString strText)
+void AddrBookDlg::setNodeCaption(QTreeWidgetItem* pitem, QString strText)
 {
     if (m_bRightToLeft)
         CommonUtils::ParanthesisCorrectionForHeAndAr(strText);
-    if (pItem == nullptr)
+    if (pitem == nullptr)
         return;
-    if (isUnderEdit(pItem)) {
+    if (isUnderEdit(pitem)) {
         // What its editor's end puts back, or takes the count from.
         if (!m_strOldGroupName.isEmpty())
             m_strOldGroupName = strText;
         return;
     }
-    pItem->setText(0, strText);
-    setTreeColumnWidth(pItem);
+    pitem->setText(0, strText);
+    setTreeColumnWidth(pitem);
 }
 
-void AddrBookDlg::setTreeColumnWidth(QTreeWidgetItem* pItem)
+void AddrBookDlg::setTreeColumnWidth(QTreeWidgetItem* pitem)
 {
-    if (pItem == nullptr || m_ptreePhonebook == nullptr)
+    if (pitem == nullptr || m_ptreePhonebook == nullptr)
         return;
-    const QString strText = pItem->text(0);
+    const QString strText = pitem->text(0);
     int iDepth = 0;
-    for (const QTreeWidgetItem* pAncestor = pItem->parent(); pAncestor != nullptr; pAncestor = pAncestor->parent())
+    for (const QTreeWidgetItem* pAncestor = pitem->parent(); pAncestor != nullptr; pAncestor = pAncestor->parent())
         ++iDepth;
     // The pixel a character makes room for what hinting adds.
-    const int iWidth = QtCompat::textWidth(QFontMetrics(pItem->font(0)), strText) +
+    const int iWidth = QtCompat::textWidth(QFontMetrics(pitem->font(0)), strText) +
                        (iDepth + 2) * m_ptreePhonebook->indentation() + strText.length();
-    pItem->setToolTip(0, iWidth > m_ptreePhonebook->width() ? strText : QLatin1String(""));
+    pitem->setToolTip(0, iWidth > m_ptreePhonebook->width() ? strText : QLatin1String(""));
     if (m_ptreePhonebook->columnWidth(0) < iWidth)
         m_ptreePhonebook->setColumnWidth(0, iWidth);
 }

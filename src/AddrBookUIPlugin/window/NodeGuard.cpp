@@ -5,7 +5,7 @@ namespace
 NodeGuard* s_pFirst = nullptr;
 }
 
-NodeGuard::NodeGuard(QTreeWidgetItem* pItem) : m_pItem(pItem), m_pNext(s_pFirst)
+NodeGuard::NodeGuard(QTreeWidgetItem* pitem) : m_pItem(pitem), m_pNext(s_pFirst)
 {
     s_pFirst = this;
 }
@@ -15,10 +15,10 @@ NodeGuard::~NodeGuard()
     s_pFirst = m_pNext;
 }
 
-void NodeGuard::Forget(const QTreeWidgetItem* pItem)
+void NodeGuard::Forget(const QTreeWidgetItem* pitem)
 {
     for (NodeGuard* pGuard = s_pFirst; pGuard != nullptr; pGuard = pGuard->m_pNext) {
-        if (pGuard->m_pItem == pItem)
+        if (pGuard->m_pItem == pitem)
             pGuard->m_pItem = nullptr;
     }
 }

@@ -10,13 +10,13 @@ class QTreeWidgetItem;
 class NodeGuard
 {
 public:
-    explicit NodeGuard(QTreeWidgetItem* pItem);
+    explicit NodeGuard(QTreeWidgetItem* pitem);
     ~NodeGuard();
 
     QTreeWidgetItem* Node() const { return m_pItem; }
     bool IsGone() const { return m_pItem == nullptr; }
 
-    static void Forget(const QTreeWidgetItem* pItem);
+    static void Forget(const QTreeWidgetItem* pitem);
 
 private:
     Q_DISABLE_COPY(NodeGuard)

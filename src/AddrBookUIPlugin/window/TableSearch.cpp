@@ -18,15 +18,18 @@ void TableSearch::Narrow(const QString& strText)
 
 bool TableSearch::LetsIn(const AddrBookRecord& record, int iColumnCount) const
 {
-    if (m_enState != RELOADING)
-        return true;
+    return m_enState != RELOADING || Holds(record, iColumnCount, m_strText);
+}
+
+bool TableSearch::Holds(const AddrBookRecord& record, int iColumnCount, const QString& strText)
+{
     const int iCount = qMin(iColumnCount, record.lstValues.size());
     for (int i = 0; i < iCount; ++i) {
-        if (record.lstValues.at(i).contains(m_strText, Qt::CaseInsensitive))
+        if (record.lstValues.at(i).contains(strText, Qt::CaseInsensitive))
             return true;
     }
     // A record without values has nothing that could hold a text, but holds the empty one.
-    return m_strText.isEmpty();
+    return strText.isEmpty();
 }
 
 bool TableSearch::EndRead()

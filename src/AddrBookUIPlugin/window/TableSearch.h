@@ -25,9 +25,11 @@ public:
     // The user's text holds the one before it: rows go from the table, and none has to be read.
     void Narrow(const QString& strText);
 
-    // Whether a record that the reader hands over gets a row: one of its first iColumnCount values holds the text,
-    // whatever the case of its letters.
+    // Whether a record that the reader hands over gets a row.
     bool LetsIn(const AddrBookRecord& record, int iColumnCount) const;
+
+    // Whether one of the first values holds a text, whatever the case of its letters; the empty text is in everything.
+    static bool Holds(const AddrBookRecord& record, int iColumnCount, const QString& strText);
 
     // The reader has ended. True if rows came in that nobody has looked at, and the table must be narrowed once more.
     bool EndRead();

@@ -1,0 +1,195 @@
+#include "window/TableRows.h"
+
+#include <QHeaderView>
+#include <QStandardItemModel>
+#include <QTableWidget>
+#include <QVector>
+
+#include <algorithm>
+#include <memory>
+#include <new>
+#include <utility>
+
+#include "linkhand/core/CommonUtils.h"
+#include "logic/ItemData.h"
+#include "widgets/QuietModel.h"
+#include "widgets/UITableItem.h"
+
+namespace
+{
+// Keeps a table's vertical header from following each of thousands of removals, which it does by a walk over all rows;
+// at the end it takes the rows that are left, all at once.
+class DetachedHeader
+{
+public:
+    explicit DetachedHeader(QTableWidget* ptable) : m_ptable(ptable) { m_ptable->verticalHeader()->setModel(&m_empty); }
+    ~DetachedHeader()
+    {
+        // A header makes itself a selection with each model; the one that it shared with the table stays the table's.
+        QHeaderView* pHeader = m_ptable->verticalHeader();
+        delete pHeader->selectionModel();
+        pHeader->setModel(m_ptable->model());
+        const QItemSelectionModel* pOwn = pHeader->selectionModel();
+        pHeader->setSelectionModel(m_ptable->selectionModel());
+        delete pOwn;
+    }
+
+private:
+    Q_DISABLE_COPY(DetachedHeader)
+    QTableWidget* m_ptable;
+    QStandardItemModel m_empty;
+};
+
+bool holds(const QTableWidget* ptable, int iRow, const QString& strText)
+{
+    const int iColumns = ptable->columnCount();
+    for (int iColumn = 0; iColumn < iColumns; ++iColumn) {
+        const QTableWidgetItem* pitem = ptable->item(iRow, iColumn);
+        if (pitem != nullptr && pitem->text().contains(strText, Qt::CaseInsensitive))
+            return true;
+    }
+    return false;
+}
+
+void empty(QTableWidget* ptable, int iRow)
+{
+    const int iColumns = ptable->columnCount();
+    for (int iColumn = 0; iColumn < iColumns; ++iColumn) {
+        const QTableWidgetItem* pitem = ptable->takeItem(iRow, iColumn);
+        delete tableRowData(pitem);
+        delete pitem;
+    }
+}
+
+void remove(QTableWidget* ptable, int iFirst, int iLast)
+{
+    {
+        // Emptied first: the selection follows while the rows go, and looks at what is behind them.
+        const QuietModel quiet(ptable);
+        for (int iRow = iFirst; iRow <= iLast; ++iRow)
+            empty(ptable, iRow);
+    }
+    ptable->model()->removeRows(iFirst, iLast - iFirst + 1);
+}
+
+// The rows in the order in which their cells lie in memory. Freed in that order, the blocks of a large table join up
+// again; in the order of a sorted table the allocator spends longer on it than the whole fill took.
+QVector<int> rowsByAge(const QTableWidget* ptable)
+{
+    QVector<std::pair<const QTableWidgetItem*, int>> lstFirst;
+    lstFirst.reserve(ptable->rowCount());
+    for (int iRow = 0; iRow < ptable->rowCount(); ++iRow)
+        lstFirst.append(std::make_pair(ptable->item(iRow, 0), iRow));
+    std::sort(lstFirst.begin(), lstFirst.end());
+    QVector<int> lstRows;
+    lstRows.reserve(lstFirst.size());
+    for (int i = 0; i < lstFirst.size(); ++i)
+        lstRows.append(lstFirst.at(i).second);
+    return lstRows;
+}
+} // namespace
+
+QList<int> TableRows::selected(const QTableWidget* ptable)
+{
+    QList<int> lstRows;
+    if (ptable == nullptr)
+        return lstRows;
+    const QList<QTableWidgetSelectionRange> lstRanges = ptable->selectedRanges();
+    for (int i = lstRanges.size() - 1; i >= 0; --i) {
+        for (int iRow = lstRanges.at(i).topRow(); iRow <= lstRanges.at(i).bottomRow(); ++iRow)
+            lstRows.append(iRow);
+    }
+    return lstRows;
+}
+
+QTableWidgetItem* TableRows::ofRecord(const QTableWidget* ptable, _ORVA_EN_PHONEBOOK_MEMORY enMemory, int iRecordId)
+{
+    for (int iRow = 0; ptable != nullptr && iRow < ptable->rowCount(); ++iRow) {
+        QTableWidgetItem* pitem = ptable->item(iRow, 0);
+        if (belongsTo(pitem, enMemory) && tableRowData(pitem)->iRecordID == iRecordId)
+            return pitem;
+    }
+    return nullptr;
+}
+
+bool TableRows::belongsTo(const QTableWidgetItem* pitem, _ORVA_EN_PHONEBOOK_MEMORY enMemory)
+{
+    const TableRowData* pData = tableRowData(pitem);
+    return pData != nullptr && pData->enType == enMemory;
+}
+
+void TableRows::makeCurrent(QTableWidget* ptable, QTableWidgetItem* pitem)
+{
+    if (ptable != nullptr && pitem != nullptr)
+        ptable->setCurrentItem(pitem, QItemSelectionModel::NoUpdate);
+}
+
+QString TableRows::text(const QTableWidget* ptable, int iRow, int iColumn)
+{
+    const QTableWidgetItem* pitem = ptable != nullptr ? ptable->item(iRow, iColumn) : nullptr;
+    return pitem != nullptr ? pitem->text() : QString();
+}
+
+QString TableRows::inOneLine(const QString& strValue)
+{
+    QString strText = strValue;
+    strText.replace(QLatin1Char('\n'), QLatin1Char(' '));
+    return strText;
+}
+
+bool TableRows::fill(QTableWidget* ptable, int iRow, const Content& content, const AddrBookRecord& record)
+{
+    // A cell beyond the last column would be nobody's.
+    if (ptable->columnCount() < content.iColumns)
+        ptable->setColumnCount(content.iColumns);
+    const QuietModel quiet(ptable);
+    for (int iColumn = 0; iColumn < content.iColumns; ++iColumn) {
+        QString strText = iColumn < record.lstValues.size() ? inOneLine(record.lstValues.at(iColumn)) : QString();
+        if (content.bCorrectParentheses)
+            CommonUtils::ParanthesisCorrectionForHeAndAr(strText);
+        std::unique_ptr<TableRowData> pData(new (std::nothrow) TableRowData);
+        UITableItem* pitem = pData == nullptr ? nullptr
+                                              : new (std::nothrow) UITableItem(strText, Qt::AlignLeft | Qt::AlignBottom,
+                                                                               pointerToCarrier(pData.get()));
+        if (pitem == nullptr)
+            return false;
+        pitem->setFlags(pitem->flags() & ~Qt::ItemIsEditable);
+        TableRowData* pRow = pData.release(); // the cell's from here on
+        pRow->enType = content.enMemory;
+        pRow->iRecordID = record.iID;
+        pRow->iGroupID = content.iGroupId;
+        ptable->setItem(iRow, iColumn, pitem);
+    }
+    return true;
+}
+
+// Rows go in runs and from the end, so that none is moved more often than it must.
+void TableRows::narrow(QTableWidget* ptable, const QString& strText)
+{
+    if (ptable == nullptr)
+        return;
+    const DetachedHeader detached(ptable);
+    int iLast = ptable->rowCount() - 1;
+    while (iLast >= 0) {
+        if (holds(ptable, iLast, strText)) {
+            --iLast;
+            continue;
+        }
+        int iFirst = iLast;
+        while (iFirst > 0 && !holds(ptable, iFirst - 1, strText))
+            --iFirst;
+        remove(ptable, iFirst, iLast);
+        iLast = iFirst - 1;
+    }
+}
+
+void TableRows::clear(QTableWidget* ptable)
+{
+    if (ptable == nullptr)
+        return;
+    const QuietModel quiet(ptable);
+    foreach (int iRow, rowsByAge(ptable))
+        empty(ptable, iRow);
+    for (int iColumn = 0; iColumn < ptable->columnCount(); ++iColumn)
+        delete ptable->takeHorizontalHeaderItem(iColumn);
+}
