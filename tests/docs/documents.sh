@@ -37,6 +37,16 @@ for document in $documents; do
         grep -E '^(src|include|docs|tests|packaging|plugins|languages|demo|cmake|benchmarks|sdk|core|host|siblings|pbctl|orva|linkhand)/')
 done
 
+# --- Where what happens: one file each ---
+places=$(sed -n '/^## Where what happens/,/^## The end/p' docs/architecture.md | grep '^| ' | tail -n +2)
+[ "$(wc -l <<<"$places")" -ge 20 ] || fail "docs/architecture.md says of fewer than twenty behaviours where they are"
+while IFS='|' read -r _ what where _; do
+    file=$(sed 's/^ *`//; s/` *$//' <<<"$where")
+    [ -f "$file" ] || fail "docs/architecture.md: \"${what# }\" happens in $file, which is no file"
+done <<<"$places"
+doubled=$(awk -F'|' '{ print $3 }' <<<"$places" | sort | uniq -d)
+[ -z "$doubled" ] || fail "docs/architecture.md names a file for two behaviours: $doubled"
+
 # --- Commands: lines that are set in by four blanks outside of lists ---
 presets=$(cmake --list-presets | sed -n 's/^ *"\([a-z]*\)".*/\1/p')
 labels=$(cd "$build" && ctest --print-labels | sed -n 's/^  \([a-z]*\)$/\1/p')
