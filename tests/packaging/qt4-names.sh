@@ -40,7 +40,13 @@ members+='|setApplicationDisplayName|setSizeAdjustPolicy|setCurrentText|setWindo
 members+='|toSecsSinceEpoch|fromSecsSinceEpoch|currentSecsSinceEpoch|fromStdString16|toStdU16String|setShortcutVisibleInContextMenu'
 members+='|setToolTipsVisible|requestInterruption|isInterruptionRequested|setEventDispatcher|readLineInto|setTabBarAutoHide'
 members+='|globalPosition|angleDelta|pixelDelta|localPos|windowPos|screenPos|toAscii|fromAscii|currentTextChanged'
-members+='|windowHandle|isSurrogate|isNonCharacter|QStyle::PM_TitleBarButton\w+|PlaceholderText|FindDirectChildrenOnly|FindChildrenRecursively'
+members+='|windowHandle|QStyle::PM_TitleBarButton\w+|PlaceholderText|FindDirectChildrenOnly|FindChildrenRecursively'
+members+='|isSurrogate|isNonCharacter|constFirst|constLast|asprintf|vasprintf|fromSignal|removeRecursively|swapItemsAt|removeIf'
+members+='|keyValueBegin|constKeyValueBegin|asKeyValueRange|sliced|truncated|resetDefaultSectionSize|setFirstSectionMovable'
+members+='|isPersistentEditorOpen|currentData|currentDataChanged|setFilterRegularExpression|grab|errorOccurred|nullDevice'
+members+='|remainingTime|setTimerType|setTimeZone|offsetFromUtc|setOffsetFromUtc|toOffsetFromUtc|birthTime|fileTime'
+members+='|setFileTime|moveToTrash|writableLocation|standardLocations|primaryScreen|screenAdded|topLevelWindows'
+members+='|setQuitLockEnabled|applicationStateChanged|fontChanged|paletteChanged|startTransaction|commitTransaction'
 members+='|loadAcquire|storeRelease|loadRelaxed|storeRelaxed|SkipEmptyParts|AA_EnableHighDpiScaling|AA_UseHighDpiPixmaps'
 look "members that only one of the releases has" "(\\.|->|::|SIGNAL\\()($members)\\b" "${rooms[@]}"
 
