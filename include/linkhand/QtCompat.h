@@ -39,10 +39,6 @@
 #include <QThread>
 #include <QtPlugin>
 
-// Symbols of this project are hidden unless they carry one of these.
-#define LINKHAND_EXPORT Q_DECL_EXPORT
-#define LINKHAND_IMPORT Q_DECL_IMPORT
-
 #if QT_VERSION >= 0x050000
 // Inside the class, Qt 5: metadata and the entry point come from moc.
 #define LINKHAND_PLUGIN_METADATA(iid) Q_PLUGIN_METADATA(IID iid)
@@ -51,9 +47,6 @@
 #else
 #define LINKHAND_PLUGIN_METADATA(iid)
 #define LINKHAND_EXPORT_PLUGIN(name, Class) Q_EXPORT_PLUGIN2(name, Class)
-#ifndef Q_DECL_OVERRIDE
-#define Q_DECL_OVERRIDE override
-#endif
 #endif
 
 #if QT_VERSION >= 0x060000
