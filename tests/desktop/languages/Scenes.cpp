@@ -14,7 +14,8 @@
 #include <QTreeWidget>
 #include <QtTest>
 
-#include "Profile.h"
+#include "SceneContacts.h"
+#include "SceneWindows.h"
 #include "orva/orva_sim.h"
 #include "shared/HostLink.h"
 #include "text/Problem.h"
@@ -33,6 +34,9 @@ QString s_strCsvFile;
 QList<QPointer<QTimer>> s_listSteps; // that are still to be done
 
 using Scenes::Child;
+using Scenes::closePopup;
+using Scenes::modal;
+using Scenes::popup;
 
 template <class Widget = QWidget>
 Widget* seen(const char* pszName)
@@ -112,24 +116,6 @@ bool shown(int iLeast)
 QWidget* mainWindowIf(bool bCondition)
 {
     return bCondition ? Scenes::Main() : nullptr;
-}
-
-QWidget* modal(const char* pszClass)
-{
-    QWidget* pWidget = QApplication::activeModalWidget();
-    return pWidget != nullptr && pWidget->inherits(pszClass) ? pWidget : nullptr;
-}
-
-QWidget* popup()
-{
-    return qobject_cast<QMenu*>(QApplication::activePopupWidget());
-}
-
-void closePopup()
-{
-    if (QWidget* pMenu = popup()) {
-        pMenu->close();
-    }
 }
 
 // A real key: only from the keyboard does Qt make a context menu of it.
@@ -459,33 +445,8 @@ void addFlows(QList<Scene>& listScenes)
 
 bool Scenes::Fill(const QString& strFolder)
 {
-    const QStringList lstNames = {
-        "Aaron Zimmermann", "Anna Weber",     "Bjørn Hansen",  "Chloé Martin", "Daniela Stein", "Erik Andersson",
-        "Fatma Şahin",      "Grace O'Connor", "Hannah Klein",  "Ivan Petrov",  "Jana Nováková", "Karl Brandt",
-        "Lucía Fernández",  "Marta Kowalska", "Nina Rossi",    "李娜",         "王伟",          "محمد العلي",
-        "فاطمة حسن",        "Oliver Brown",   "Paula Sánchez", "Quentin Roy",  "Rüdiger Groß",  "Sofia Janssen"};
-    Profile profile;
-    ORVA_Sim_Reset(QFile::encodeName(strFolder).constData());
-    bool bDone = true;
-    QList<int> listMembers;
-    for (int i = 0; i < lstNames.size(); ++i) {
-        const QString strNumber = QString::number(4917000001 + 137 * i);
-        listMembers << profile.AddContact(
-            4, {"Name", lstNames.at(i), "Mobile", '+' + strNumber, "officePhone",
-                i % 3 == 0 ? "+493023125" + QString::number(100 + i) : QString(), "homePhone",
-                i % 4 == 0 ? "0301234" + QString::number(100 + i) : QString(), "email",
-                i % 2 == 0 ? "contact" + QString::number(i) + "@example.org" : QString()});
-        bDone = bDone && listMembers.last() != 0;
-    }
-    bDone = bDone && profile.AddGroup("Friends", 0, listMembers.mid(0, 5)) != 0 && profile.AddGroup("Work", 0, {}) != 0;
-    bDone = bDone && profile.Add(0, "Card", "0171", 6) && profile.Add(1, "Device", "0172", 300);
     s_strCsvFile = strFolder + "/contacts.csv";
-    QFile file(s_strCsvFile);
-    bDone = bDone && file.open(QIODevice::WriteOnly) &&
-            file.write("Full name,Cell,Work,Home,Mail,Remark\nTest,1,2,3,a@b.org,x\n") > 0;
-    profile.Close();
-    ORVA_Sim_Reset(QFile::encodeName(strFolder).constData());
-    return bDone;
+    return SceneContacts::Fill(strFolder, s_strCsvFile);
 }
 
 QList<Scene> Scenes::All()
@@ -499,16 +460,6 @@ QList<Scene> Scenes::All()
     addDialogs(listScenes);
     addFlows(listScenes);
     return listScenes;
-}
-
-MainWindow* Scenes::Main()
-{
-    foreach (QWidget* pWidget, QApplication::topLevelWidgets()) {
-        if (MainWindow* pWindow = qobject_cast<MainWindow*>(pWidget)) {
-            return pWindow->isVisible() ? pWindow : nullptr;
-        }
-    }
-    return nullptr;
 }
 
 bool Scenes::StepsLeft()

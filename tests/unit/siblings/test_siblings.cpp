@@ -8,6 +8,7 @@
 #include <QTreeWidget>
 #include <QtTest>
 
+#include "MenuChooser.h"
 #include "StandInFolder.h"
 #include "app/Link.h"
 #include "app/Services.h"
@@ -31,29 +32,6 @@
 
 namespace
 {
-
-// Chooses an entry of the next menu that opens.
-class MenuChooser : public QObject
-{
-    Q_OBJECT
-
-public:
-    explicit MenuChooser(int iEntry) : m_iEntry(iEntry) { startTimer(10); }
-
-protected:
-    void timerEvent(QTimerEvent* pEvent) override
-    {
-        QMenu* pMenu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-        if (pMenu != nullptr) {
-            killTimer(pEvent->timerId());
-            pMenu->setActiveAction(pMenu->actions().at(m_iEntry));
-            QTest::keyClick(pMenu, Qt::Key_Return);
-        }
-    }
-
-private:
-    const int m_iEntry;
-};
 
 const char* const SIBLINGS[] = {LINKHAND_SMS_NAME,       LINKHAND_MMS_NAME,    LINKHAND_VOICECALL_NAME,
                                 LINKHAND_VIDEOCALL_NAME, LINKHAND_NOTIFY_NAME, LINKHAND_DEVICEMGR_NAME};
