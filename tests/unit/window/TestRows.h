@@ -1,6 +1,7 @@
 #ifndef TESTS_UNIT_WINDOW_TESTROWS_H
 #define TESTS_UNIT_WINDOW_TESTROWS_H
 
+#include <QHeaderView>
 #include <QTableWidget>
 #include <QtTest>
 
