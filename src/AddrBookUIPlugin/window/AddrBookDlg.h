@@ -447,8 +447,7 @@ private:
     bool m_bRFOff = false;
     bool m_bSubGroupSupported = false;
 
-    // Last answers about the contact applications.
-    bool m_bOutlookUsable = false;
+    bool m_bOutlookUsable = false; // last answers about the contact applications
     bool m_bOutlookExpressUsable = false;
 
     // Meant for an open number picker; no flow assigns it.

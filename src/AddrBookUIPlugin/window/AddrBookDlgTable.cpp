@@ -235,7 +235,8 @@ void AddrBookDlg::OnAddContactToTable(int enType, qlonglong iData, int iGroupid,
         return;
     const _ORVA_EN_PHONEBOOK_MEMORY enMemory = static_cast<_ORVA_EN_PHONEBOOK_MEMORY>(enType);
     // A contact that was saved meanwhile is shown as it was saved, and once.
-    if (m_saved.BringUpToDate(enMemory, *pRecord) && rowOfRecord(enMemory, pRecord->iID) != nullptr)
+    if (m_saved.BringUpToDate(enMemory, *pRecord) &&
+        TableRows::ofRecord(m_ptableContacts, enMemory, pRecord->iID) != nullptr)
         return;
     if (!m_search.LetsIn(*pRecord, iColumnCount))
         return;
