@@ -1,6 +1,7 @@
 #include "Scenes.h"
 
 #include <QAbstractButton>
+#include <QDir>
 #include <QFile>
 #include <QFileDialog>
 #include <QHeaderView>
@@ -445,7 +446,7 @@ void addFlows(QList<Scene>& listScenes)
 
 bool Scenes::Fill(const QString& strFolder)
 {
-    s_strCsvFile = strFolder + "/contacts.csv";
+    s_strCsvFile = QDir::homePath() + "/contacts.csv";
     return SceneContacts::Fill(strFolder, s_strCsvFile);
 }
 
