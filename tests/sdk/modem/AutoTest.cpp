@@ -53,6 +53,12 @@ struct Setting {
         return eventually([&] { return library.hardware.state().problem().find(part) != std::string::npos; });
     }
 
+    // The network is the last that is told of a modem which has come.
+    static bool waitForNetwork()
+    {
+        return eventually([] { return Events::all().count(ORVA_EVENT_NET_STATUS) == 1; });
+    }
+
     // What was said on the ports that are not ours.
     std::string saidElsewhere() const
     {
@@ -99,6 +105,7 @@ TEST(aModemWithoutAPortForUsIsADeviceWithoutMemories)
     library.hardware.status();
     REQUIRE(library.hardware.state().waitLoaded(ORVA_MEMORY_CARD, Milliseconds(60000)));
     CHECK(library.hardware.state().problem().find("needs both ports") != std::string::npos);
+    CHECK(Setting::waitForNetwork());
     CHECK_EQ(library.hardware.status().attached, 1);
     CHECK_EQ(library.hardware.status().card, 1);
     CHECK_EQ(library.hardware.status().network, ORVA_NETWORK_IN_SERVICE);
@@ -119,7 +126,7 @@ TEST(whatModemManagerSeesOfAModemWithoutAPortReachesTheListeners)
     setting.listed.ports.pop_back();
     setting.list({setting.listed});
     REQUIRE(setting.waitForProblem("needs both ports"));
-    setting.library.events.drain();
+    REQUIRE(Setting::waitForNetwork());
     const ModemHardware& hardware = setting.library.hardware;
     const auto change = [&](int event, const std::function<void(ListedModem&)>& how) {
         setting.library.events.drain();
