@@ -25,13 +25,9 @@ set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 # What the linker knows of. Qt's display plug-in comes with its library of windows.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${LINKHAND_LIBRARY_OUTPUT})
-# What it does not: the texts of Qt's own dialogs, and letters for every name.
+# What it does not: the texts of Qt's own dialogs, what finds a modem by itself, and letters for every name.
 if(LINKHAND_QT EQUAL 5)
   set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qttranslations5-l10n, modemmanager")
-endif()
-# A modem is found by itself where this runs; a port that is named needs nobody.
-if(TARGET sdk_modem_module)
-  string(JOIN ", " CPACK_DEBIAN_PACKAGE_RECOMMENDS ${CPACK_DEBIAN_PACKAGE_RECOMMENDS} modemmanager)
 endif()
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS "fonts-noto-core, fonts-noto-cjk")
 

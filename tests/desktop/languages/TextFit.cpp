@@ -122,6 +122,9 @@ void checkHeader(const QHeaderView* pHeader, QStringList& lstProblems)
         return;
     }
     for (int i = 0; i < pHeader->count(); ++i) {
+        if (pHeader->isSectionHidden(i)) {
+            continue;
+        }
         const QString strText = pHeader->model()->headerData(i, Qt::Horizontal).toString();
         int iNeeds = widthOf(pHeader, strText);
         if (pHeader->isSortIndicatorShown() && pHeader->sortIndicatorSection() == i) {

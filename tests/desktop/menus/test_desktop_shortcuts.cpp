@@ -175,7 +175,7 @@ void TestDesktopShortcuts::ctrlShiftCCalls()
     QVERIFY(m_fixture.ClickRow("David Ek"));
     host()->Key("ctrl+shift+c");
     QVERIFY(host()->WaitFor(CALL_BOX));
-    QCOMPARE(host()->Text("VoiceCallPlugin_labelNumber"), QStringLiteral("01704"));
+    QCOMPARE(host()->Text("VoiceCallPlugin_labelNumber"), QStringLiteral("David Ek  01704"));
     QVERIFY(host()->Click("VoiceCallPlugin_buttonHangUp"));
     QVERIFY(host()->WaitGone(CALL_BOX));
 }
@@ -189,7 +189,7 @@ void TestDesktopShortcuts::ctrlShiftCAsksForTheNumber()
     QVERIFY(host()->ClickCell("ChoosePhoneNumber_TableWidget", "0303"));
     QVERIFY(host()->Click("ChoosePhoneNumber_buttonOk"));
     QVERIFY(host()->WaitFor(CALL_BOX));
-    QCOMPARE(host()->Text("VoiceCallPlugin_labelNumber"), QStringLiteral("0303"));
+    QCOMPARE(host()->Text("VoiceCallPlugin_labelNumber"), QStringLiteral("Carla Diaz  0303"));
     QVERIFY(host()->Click("VoiceCallPlugin_buttonHangUp"));
     QVERIFY(host()->WaitGone(CALL_BOX));
 }
