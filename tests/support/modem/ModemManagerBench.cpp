@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <csignal>
 #include <cstdlib>
+#include <dlfcn.h>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -17,6 +18,14 @@ namespace
 
 const char preload[] = "libumockdev-preload.so.0";
 const char daemonName[] = "org.freedesktop.ModemManager1";
+
+// The library of the sanitizer that this program is built with, and a blank; empty without one.
+std::string sanitizerLibrary()
+{
+    Dl_info info{};
+    void* const start = dlsym(RTLD_DEFAULT, "__asan_init");
+    return start != nullptr && dladdr(start, &info) != 0 ? std::string(info.dli_fname) + ' ' : std::string();
+}
 
 const char* roleName(Role role)
 {
@@ -123,6 +132,14 @@ void ModemManagerBench::tellMachine(const std::string& order)
 
 Environment ModemManagerBench::environment() const
 {
+    Environment all = systemEnvironment();
+    if (m_setup.usb)
+        all["LD_PRELOAD"] = sanitizerLibrary() + all["LD_PRELOAD"];
+    return all;
+}
+
+Environment ModemManagerBench::systemEnvironment() const
+{
     Environment all = m_bus.environment();
     if (m_setup.usb) {
         all["UMOCKDEV_DIR"] = m_machineFolder;
@@ -144,7 +161,7 @@ void ModemManagerBench::startDaemon()
         command.insert(command.end(), {"--filter-policy=strict"});
     else
         command.insert(command.end(), {"--test-enable", "--test-no-udev", "--test-no-qrtr", "--no-auto-scan"});
-    m_daemon = std::make_unique<Child>(command, environment(), m_bus.folder() + "/daemon.log");
+    m_daemon = std::make_unique<Child>(command, systemEnvironment(), m_bus.folder() + "/daemon.log");
     if (!waitFor([this] { return mmcli({"--list-modems"}).status == 0; }))
         throw std::runtime_error("ModemManager does not start");
 }

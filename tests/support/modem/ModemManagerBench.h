@@ -53,7 +53,8 @@ public:
     Modem& modem(size_t number = 0) { return *m_modems.at(number).modem; }
     // A further modem beside the first, not plugged yet; its number. Its ports go on counting where the last ended.
     size_t addModem(const Plan& plan, const std::vector<Role>& roles);
-    // The addresses of the bus, and with USB the mocked machine.
+    // The addresses of the bus, and with USB the mocked machine. For programs of this build: a sanitizer's library must
+    // be the first one of a process.
     Environment environment() const;
 
     void plug(size_t number = 0);
@@ -85,6 +86,7 @@ private:
         std::unique_ptr<Modem> modem;
     };
 
+    Environment systemEnvironment() const;
     void startMachine();
     void tellMachine(const std::string& order);
     void setProfile(size_t number);
