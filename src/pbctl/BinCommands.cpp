@@ -73,6 +73,7 @@ int runUndelete(const Arguments& arguments)
     arguments.require(1, 1000000, {});
     const std::vector<std::string> words(arguments.words().begin() + 1, arguments.words().end());
     std::vector<int> entries;
+    entries.reserve(words.size());
     for (const std::string& word : words)
         entries.push_back(identifierIn(word));
     Transaction transaction(memory);

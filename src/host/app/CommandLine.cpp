@@ -28,7 +28,7 @@ QString needsValue(const char* pszOption)
 
 QString takeValue(const char* pszOption, QString& strError)
 {
-    const QString strValue = QString::fromUtf8(optarg);
+    QString strValue = QString::fromUtf8(optarg);
     if (strValue.isEmpty()) {
         strError = needsValue(pszOption);
     }
@@ -71,6 +71,7 @@ CommandLine CommandLine::Parse(const QStringList& lstArguments)
         texts.push_back(strArgument.toUtf8());
     }
     std::vector<char*> arguments;
+    arguments.reserve(texts.size() + 1);
     for (QByteArray& text : texts) {
         arguments.push_back(text.data());
     }

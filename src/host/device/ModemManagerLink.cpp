@@ -292,7 +292,7 @@ void ModemManagerLink::readObjects()
         QLatin1String(SERVICE), QLatin1String(ROOT), QLatin1String(OBJECT_MANAGER), QLatin1String("GetManagedObjects"));
     message.setAutoStartService(false);
     Watch(m_bus.asyncCall(message), this, SLOT(OnManagedObjects(QDBusPendingCallWatcher*)));
-}
+} // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): a watcher belongs to its parent
 
 void ModemManagerLink::takeObject(const QString& strPath, const Interfaces& interfaces)
 {

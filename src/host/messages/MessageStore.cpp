@@ -362,7 +362,7 @@ QString MessageStore::putAside(const QString& strFile)
     const QString strBase = strFile + QLatin1String(".damaged-") +
                             QDateTime::currentDateTimeUtc().toString(QLatin1String("yyyyMMdd'T'HHmmss'Z'"));
     for (int i = 1; i < 1000; ++i) {
-        const QString strAside = i == 1 ? strBase : strBase + QLatin1Char('.') + QString::number(i);
+        QString strAside = i == 1 ? strBase : strBase + QLatin1Char('.') + QString::number(i);
         if (QFile::exists(strAside)) {
             continue;
         }

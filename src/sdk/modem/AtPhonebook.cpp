@@ -46,8 +46,11 @@ int recordLength(std::string_view description)
         return hexOctet(description, 14);
     for (std::size_t at = 2; hexOctet(description, at + 1) >= 0;
          at += 2 + static_cast<std::size_t>(hexOctet(description, at + 1))) {
-        if (hexOctet(description, at) == 0x82 && hexOctet(description, at + 1) >= 4)
-            return hexOctet(description, at + 4) << 8 | hexOctet(description, at + 5);
+        if (hexOctet(description, at) == 0x82 && hexOctet(description, at + 1) >= 4) {
+            const int high = hexOctet(description, at + 4);
+            const int low = hexOctet(description, at + 5);
+            return high < 0 || low < 0 ? -1 : high << 8 | low; // an answer may end too early
+        }
     }
     return -1;
 }
@@ -178,7 +181,7 @@ std::string AtPhonebook::cardIdentity()
     }
     for (const auto& [command, prefix] : {std::pair("AT+CCID", "+CCID"), std::pair("AT+ICCID", "+ICCID")}) {
         const Reply reply = m_dialog.ask(command, prefix);
-        const std::string digits = reply.ok() ? digitsOf(reply, prefix) : std::string();
+        std::string digits = reply.ok() ? digitsOf(reply, prefix) : std::string();
         if (!digits.empty())
             return digits;
     }
@@ -241,7 +244,7 @@ Reply AtPhonebook::askWhileBusy(const std::string& command, std::string_view pre
 {
     const auto until = std::chrono::steady_clock::now() + m_dialog.patience().busy;
     for (;;) {
-        const Reply reply = m_dialog.ask(command, prefix, patience);
+        Reply reply = m_dialog.ask(command, prefix, patience);
         if (reply.end != Reply::End::Error || reply.error != cme::cardBusy || std::chrono::steady_clock::now() > until)
             return reply;
         m_dialog.pause(busyPause);
@@ -346,7 +349,8 @@ void AtPhonebook::learnNaming(const std::string& storage)
     for (const Naming naming : {Naming::Plain, Naming::Hex}) {
         const std::string name = naming == Naming::Hex ? hexUcs2(storage) : storage;
         const std::string select = "+CPBS=\"" + name + "\"";
-        const Reply reply = askWhileBusy("AT" + select + ";" + select, {}, m_dialog.patience().read);
+        const Reply reply =
+            askWhileBusy(std::string("AT").append(select).append(";").append(select), {}, m_dialog.patience().read);
         requireCard(reply);
         m_naming = naming;
         m_namingKnown = reply.ok();

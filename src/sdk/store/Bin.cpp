@@ -19,7 +19,7 @@ std::string binCopy(const Columns& columns, const std::string& row, int reason)
     std::string values;
     for (const std::string& column : columns) {
         names += ", " + column;
-        values += ", " + row + "." + column;
+        values.append(", ").append(row).append(".").append(column);
     }
     return "INSERT INTO bin (record, reason, time, grps, kept" + names + ") SELECT " + row + ".id, " +
            std::to_string(reason) + ", " + now +
@@ -62,7 +62,7 @@ void fillBin(Database& db, const Columns& columns)
 {
     std::string differs;
     for (const std::string& column : columns)
-        differs += (differs.empty() ? "OLD." : " OR OLD.") + column + " IS NOT NEW." + column;
+        differs.append(differs.empty() ? "OLD." : " OR OLD.").append(column).append(" IS NOT NEW.").append(column);
     db.execute(("CREATE TEMP TRIGGER bin_deleted BEFORE DELETE ON main.records BEGIN " +
                 binCopy(columns, "OLD", ORVA_BIN_DELETED) + "; END")
                    .c_str());
