@@ -28,6 +28,10 @@ private slots:
 private:
     HostDriver* host() { return m_fixture.Host(); }
     QString node(const QString& strBegin) { return host()->Cell(MenusFixture::TREE, strBegin).strText; }
+
+    // A key for a widget of the main window, and one for the question that is open; false if they do not come.
+    bool press(const QString& strKey, const QString& strWidget);
+    bool answer(const QString& strKey);
     bool closeWindow(const QString& strAddress);
 
     MenusFixture m_fixture;
@@ -57,7 +61,25 @@ void TestDesktopShortcuts::cleanup()
     QVERIFY2(lstErrors.isEmpty(), qPrintable(lstErrors.join(QLatin1Char(0x0a))));
 }
 
-// A key goes where the keyboard is, and a window gets that a moment after it is there.
+// A key goes where the keyboard is, and a window gets that a moment after it is there, or in front again.
+bool TestDesktopShortcuts::press(const QString& strKey, const QString& strWidget)
+{
+    if (!host()->WaitForMainWindow() || !host()->WaitForFocus(strWidget)) {
+        return false;
+    }
+    host()->Key(strKey);
+    return true;
+}
+
+bool TestDesktopShortcuts::answer(const QString& strKey)
+{
+    if (!host()->WaitFor("modal/QPushButton") || !host()->WaitForModal()) {
+        return false;
+    }
+    host()->Key(strKey);
+    return true;
+}
+
 bool TestDesktopShortcuts::closeWindow(const QString& strAddress)
 {
     const auto isInFront = [this] {
@@ -74,7 +96,7 @@ bool TestDesktopShortcuts::closeWindow(const QString& strAddress)
 void TestDesktopShortcuts::ctrlTWritesATextMessageToTheRows()
 {
     QVERIFY(m_fixture.ClickRow("David Ek"));
-    host()->Key("ctrl+t");
+    QVERIFY(press("ctrl+t", TABLE));
     QVERIFY(host()->WaitFor(MenusFixture::SMS_TO));
     QCOMPARE(host()->Text(MenusFixture::SMS_TO), QStringLiteral("01704"));
     QVERIFY(closeWindow(MenusFixture::SMS_TO));
@@ -83,7 +105,7 @@ void TestDesktopShortcuts::ctrlTWritesATextMessageToTheRows()
 void TestDesktopShortcuts::ctrlTWritesATextMessageToTheGroup()
 {
     QVERIFY(m_fixture.OpenNode("Friends", MenusFixture::FRIENDS));
-    host()->Key("ctrl+t");
+    QVERIFY(press("ctrl+t", TREE));
     QVERIFY(host()->WaitFor(MenusFixture::SMS_TO));
     QCOMPARE(host()->Text(MenusFixture::SMS_TO), QStringLiteral("01701; 01702; 01703"));
     QVERIFY(closeWindow(MenusFixture::SMS_TO));
@@ -92,7 +114,7 @@ void TestDesktopShortcuts::ctrlTWritesATextMessageToTheGroup()
 void TestDesktopShortcuts::ctrlMWritesAMultimediaMessage()
 {
     QVERIFY(m_fixture.ClickRow("David Ek"));
-    host()->Key("ctrl+m");
+    QVERIFY(press("ctrl+m", TABLE));
     QVERIFY(host()->WaitFor(MenusFixture::MMS_TO));
     QCOMPARE(host()->Text(MenusFixture::MMS_TO), QStringLiteral("01704"));
     QVERIFY(closeWindow(MenusFixture::MMS_TO));
@@ -101,7 +123,7 @@ void TestDesktopShortcuts::ctrlMWritesAMultimediaMessage()
 void TestDesktopShortcuts::ctrlNOpensAnEmptyForm()
 {
     QVERIFY(m_fixture.ClickRow("David Ek"));
-    host()->Key("ctrl+n");
+    QVERIFY(press("ctrl+n", TABLE));
     QVERIFY(host()->WaitFor(FORM));
     QCOMPARE(host()->Text("modal"), QStringLiteral("New contact"));
     QVERIFY(host()->WaitForFocus("modal/QLineEdit"));
@@ -117,7 +139,7 @@ void TestDesktopShortcuts::ctrlNOpensAnEmptyForm()
 void TestDesktopShortcuts::ctrlEOpensTheContactsForm()
 {
     QVERIFY(m_fixture.ClickRow("David Ek"));
-    host()->Key("ctrl+e");
+    QVERIFY(press("ctrl+e", TABLE));
     QVERIFY(host()->WaitFor(FORM));
     QVERIFY(host()->WaitForFocus("modal/QLineEdit"));
     QCOMPARE(host()->Text("modal/QLineEdit"), QStringLiteral("David Ek"));
@@ -129,17 +151,16 @@ void TestDesktopShortcuts::delAsksAndDeletesTheRows()
 {
     QVERIFY(m_fixture.ClickRow("David Ek"));
     QVERIFY(m_fixture.AddRow("Ida Jung"));
-    host()->Key("Delete");
+    QVERIFY(press("Delete", TABLE));
     QVERIFY(host()->WaitFor("modal/QPushButton"));
     QVERIFY(closeWindow("modal"));
     QCOMPARE(host()->Rows(TABLE), int(MenusFixture::CONTACTS));
     // Return alone does no harm.
-    host()->Key("Delete");
-    QVERIFY(host()->WaitFor("modal/QPushButton"));
-    host()->Key("Return");
+    QVERIFY(press("Delete", TABLE));
+    QVERIFY(answer("Return"));
     QVERIFY(host()->WaitGone("modal"));
     QCOMPARE(host()->Rows(TABLE), int(MenusFixture::CONTACTS));
-    host()->Key("Delete");
+    QVERIFY(press("Delete", TABLE));
     QVERIFY(host()->Click("modal/QPushButton"));
     QTRY_COMPARE(host()->Rows(TABLE), MenusFixture::CONTACTS - 2);
     QVERIFY(host()->Cell(TABLE, "David Ek").iColumn < 0);
@@ -151,9 +172,8 @@ void TestDesktopShortcuts::delAsksAndDeletesTheRows()
 void TestDesktopShortcuts::delAsksAndDeletesTheGroup()
 {
     QVERIFY(m_fixture.OpenNode("Work", 2));
-    host()->Key("Delete");
-    QVERIFY(host()->WaitFor("modal/QPushButton"));
-    host()->Key("Return");
+    QVERIFY(press("Delete", TREE));
+    QVERIFY(answer("Return"));
     QTRY_COMPARE(node("Work"), QString());
     QTRY_COMPARE(host()->Rows(TABLE), int(MenusFixture::CONTACTS));
 }
@@ -161,11 +181,11 @@ void TestDesktopShortcuts::delAsksAndDeletesTheGroup()
 void TestDesktopShortcuts::ctrlFShowsAndHidesTheSearchBox()
 {
     QVERIFY(m_fixture.ClickRow("David Ek"));
-    host()->Key("ctrl+f");
+    QVERIFY(press("ctrl+f", TABLE));
     QVERIFY(host()->WaitForFocus(MenusFixture::SEARCH));
     host()->Type("holm");
     QTRY_COMPARE(host()->Rows(TABLE), 1);
-    host()->Key("ctrl+f");
+    QVERIFY(press("ctrl+f", MenusFixture::SEARCH));
     QVERIFY(host()->WaitGone(MenusFixture::SEARCH));
     QTRY_COMPARE(host()->Rows(TABLE), int(MenusFixture::CONTACTS));
 }
@@ -173,7 +193,7 @@ void TestDesktopShortcuts::ctrlFShowsAndHidesTheSearchBox()
 void TestDesktopShortcuts::ctrlShiftCCalls()
 {
     QVERIFY(m_fixture.ClickRow("David Ek"));
-    host()->Key("ctrl+shift+c");
+    QVERIFY(press("ctrl+shift+c", TABLE));
     QVERIFY(host()->WaitFor(CALL_BOX));
     QCOMPARE(host()->Text("VoiceCallPlugin_labelNumber"), QStringLiteral("David Ek  01704"));
     QVERIFY(host()->Click("VoiceCallPlugin_buttonHangUp"));
@@ -183,7 +203,7 @@ void TestDesktopShortcuts::ctrlShiftCCalls()
 void TestDesktopShortcuts::ctrlShiftCAsksForTheNumber()
 {
     QVERIFY(m_fixture.ClickRow("Carla Diaz"));
-    host()->Key("ctrl+shift+c");
+    QVERIFY(press("ctrl+shift+c", TABLE));
     QVERIFY(host()->WaitFor("ChoosePhoneNumber_TableWidget"));
     QCOMPARE(host()->Rows("ChoosePhoneNumber_TableWidget"), 2);
     QVERIFY(host()->ClickCell("ChoosePhoneNumber_TableWidget", "0303"));
@@ -197,7 +217,7 @@ void TestDesktopShortcuts::ctrlShiftCAsksForTheNumber()
 void TestDesktopShortcuts::ctrlShiftNMakesAGroup()
 {
     QVERIFY(m_fixture.OpenNode("Computer", MenusFixture::CONTACTS));
-    host()->Key("ctrl+shift+n");
+    QVERIFY(press("ctrl+shift+n", TREE));
     QVERIFY(host()->WaitForFocus(QString(TREE) + "/QLineEdit"));
     host()->Type("Choir");
     host()->Key("Return");
@@ -208,7 +228,7 @@ void TestDesktopShortcuts::ctrlShiftNMakesAGroup()
 void TestDesktopShortcuts::f2RenamesTheGroup()
 {
     QVERIFY(m_fixture.OpenNode("Work", 2));
-    host()->Key("F2");
+    QVERIFY(press("F2", TREE));
     QVERIFY(host()->WaitForFocus(QString(TREE) + "/QLineEdit"));
     QCOMPARE(host()->Text(QString(TREE) + "/QLineEdit"), QStringLiteral("Work"));
     host()->Type("Office");
@@ -221,10 +241,10 @@ void TestDesktopShortcuts::theTreesShortcutsLeaveTheTableAlone()
 {
     QVERIFY(m_fixture.OpenNode("Work", 2));
     QVERIFY(m_fixture.ClickRow("David Ek"));
-    host()->Key("ctrl+shift+n");
-    host()->Key("F2");
+    QVERIFY(press("ctrl+shift+n", TABLE));
+    QVERIFY(press("F2", TABLE));
     // The next key finds no editor in its way.
-    host()->Key("ctrl+f");
+    QVERIFY(press("ctrl+f", TABLE));
     QVERIFY(host()->WaitForFocus(MenusFixture::SEARCH));
     QVERIFY(!host()->Exists(QString(TREE) + "/QLineEdit"));
     QCOMPARE(node("Work"), QStringLiteral("Work(2)"));
@@ -236,10 +256,10 @@ void TestDesktopShortcuts::withoutANetworkNobodyIsWrittenToOrCalled()
     QVERIFY(host()->Click("linkhand_DevicePanel_network"));
     QTRY_COMPARE(host()->Text("linkhand_StatusArea_network"), QStringLiteral("Offline"));
     QVERIFY(m_fixture.ClickRow("David Ek"));
-    host()->Key("ctrl+t");
-    host()->Key("ctrl+m");
-    host()->Key("ctrl+shift+c");
-    host()->Key("ctrl+f");
+    QVERIFY(press("ctrl+t", TABLE));
+    QVERIFY(press("ctrl+m", TABLE));
+    QVERIFY(press("ctrl+shift+c", TABLE));
+    QVERIFY(press("ctrl+f", TABLE));
     QVERIFY(host()->WaitForFocus(MenusFixture::SEARCH));
     QVERIFY(!host()->Exists(MenusFixture::SMS_TO));
     QVERIFY(!host()->Exists(MenusFixture::MMS_TO));
