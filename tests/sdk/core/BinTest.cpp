@@ -174,6 +174,45 @@ TEST(aContactThatDoesNotFitStaysInTheBin)
     CHECK_EQ(sizeOf(local), 1);
 }
 
+TEST(twoGroupsThatHaveBecomeOneAreJoinedOnce)
+{
+    useFreshFolder();
+    const int anna = add(local, {{"Name", u"Anna"}});
+    const int old = addGroup(u"Friends");
+    const int other = addGroup(u"Choir");
+    ORVA_PBSrv_AddAddrToGroup(old, anna, local);
+    ORVA_PBSrv_AddAddrToGroup(other, anna, local);
+    ORVA_PBSrv_DelAddrRec(anna, local);
+    ORVA_PBSrv_DelGroup(old, local);
+    void* group = nullptr;
+    REQUIRE(ORVA_PBSrv_CreateAddrGroup(local, &group) == ORVA_OK);
+    ORVA_PBSrv_AddrGroup_SetName(group, api(u"Friends"));
+    CHECK_EQ(ORVA_PBSrv_UpdateGroup(group, other), ORVA_OK);
+    ORVA_PBSrv_AddrGroup_Release(group);
+    const int back = undelete(bin()[0].id);
+    CHECK(groupIds() == std::vector<int>{other});
+    CHECK(membersOf(other) == std::vector<int>{back});
+}
+
+TEST(aContactThatCannotComeBackWithItsGroupsDoesNotComeAtAll)
+{
+    const std::string data = useFreshFolder();
+    const int anna = add(local, {{"Name", u"Anna"}});
+    ORVA_PBSrv_AddAddrToGroup(addGroup(u"Friends"), anna, local);
+    ORVA_PBSrv_DelAddrRec(anna, local);
+    CHECK_EQ(RawStore(data).ask("CREATE TRIGGER refused BEFORE INSERT ON memberships BEGIN SELECT RAISE(ABORT, 'no'); "
+                                "END"),
+             "");
+    // Inside a transaction, which goes on.
+    ORVA_PBSrv_BeginTransaction(local);
+    int id = 0;
+    CHECK(ORVA_Care_Undelete(local, bin()[0].id, &id) != ORVA_OK);
+    ORVA_PBSrv_EndTransaction(local);
+    CHECK_EQ(sizeOf(local), 0);
+    CHECK_EQ(bin().size(), 1U);
+    CHECK_EQ(RawStore(data).ask("SELECT count(*) FROM records"), "0");
+}
+
 TEST(aDeletionThatIsNotCommittedLeavesNothingInTheBin)
 {
     const std::string data = useFreshFolder();

@@ -9,6 +9,7 @@
 #include "devices/HardwareState.h"
 #include "orva/orva_care.h"
 #include "orva/orva_store.h"
+#include "store/Damage.h"
 #include "store/Schema.h"
 
 using namespace phonebook;
@@ -224,6 +225,28 @@ TEST(whatAnotherProcessHasSwitchedStaysAsItIs)
     CHECK_EQ(merged.pinStatus, 3);
     CHECK_EQ(merged.card, 0);
     CHECK_EQ(merged.radioFirst, 5);
+}
+
+// ---- The note on a damage
+
+TEST(whatWasFoundInSeveralLinesIsRememberedInOne)
+{
+    const std::string store = useFreshFolder() + "/local.db";
+    add(local, {{"Name", u"Anna"}});
+    REQUIRE(fs::exists(store));
+    orva::Damage damage;
+    damage.time = 1700000000;
+    damage.records = 7;
+    damage.file = store;
+    damage.what = "*** in database main ***\nfile=/nowhere\r\nrecords=0";
+    orva::rememberDamage(store, damage);
+    const auto found = orva::rememberedDamage(store);
+    REQUIRE(found.has_value());
+    CHECK_EQ(found->file, store);
+    CHECK_EQ(found->records, 7);
+    CHECK_EQ(found->time, 1700000000LL);
+    CHECK_EQ(found->what, "*** in database main *** file=/nowhere  records=0");
+    CHECK(!found->told);
 }
 
 CHECK_MAIN
