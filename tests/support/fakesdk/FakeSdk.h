@@ -131,7 +131,7 @@ public:
     // ---- Failing, waiting, watching ------------------------------------------------------------------------------
 
     // From now on, the nth call of an operation returns `code` (any other than 0) with no effect but that a handle
-    // which it releases is released.
+    // which it releases is released, and that the status of the network is written all the same.
     static void fail(const QByteArray& name, int nth = 1, long code = ORVA_E_STORE);
     static void failAlways(const QByteArray& name, long code = ORVA_E_STORE);
 

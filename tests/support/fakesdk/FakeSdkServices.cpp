@@ -203,7 +203,15 @@ long ORVA_PBSrv_ExportToFile(const unsigned short* path, int* ids, int count, in
 FAKE_WORD(DevSrv_GetDevStatus, devStatus)
 FAKE_WORD(DevSrv_GetProductType, productType)
 FAKE_WORD(DevSrv_GetSimType, cardType)
-FAKE_WORD(NetSrv_GetSrvStatus, netStatus)
+
+// Written also by a call that fails: whoever takes it without a look at the code takes a wrong one.
+long ORVA_NetSrv_GetSrvStatus(int* status)
+{
+    const fakesdk::Order order = fakesdk::enterCall("NetSrv_GetSrvStatus");
+    const std::lock_guard<std::mutex> lock(fakesdk::mutex());
+    *status = order.null ? 0 : state().netStatus;
+    return order.code;
+}
 
 long ORVA_DevSrv_GetPinStatus(int slot, int* status, unsigned char* pin1, unsigned char* pin2, unsigned char* puk)
 {
