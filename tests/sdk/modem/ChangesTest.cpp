@@ -230,9 +230,29 @@ TEST(aCardThatCannotBePutAsideIsNotWrittenTo)
     Library library(place);
     REQUIRE(library.ready());
     const std::string before = told(modem);
+    // Nor at the second attempt.
+    CHECK_EQ(codeOf([&] { library.card.add(values("new", "1")); }), ORVA_E_STORE);
     CHECK_EQ(codeOf([&] { library.card.add(values("new", "1")); }), ORVA_E_STORE);
     CHECK_EQ(told(modem), before);
     CHECK_EQ(modem.commands("AT+CPBW"), 0);
+}
+
+TEST(furtherFieldsOfAnEntrySurviveAChangeOfItsName)
+{
+    const Place place;
+    modemsim::Plan plan = place.plan();
+    plan.quirks.set("cpbr_test=full");
+    plan.card.storages[0].entries[0].hiddenFields = ",0,\"Team\"";
+    Modem modem(plan);
+    Library library(place);
+    REQUIRE(library.ready());
+    const int first = library.card.extent().last - library.card.extent().count + 1;
+    library.card.update(first, values("Berta", "1"));
+    CHECK_EQ(modem.entries("SM")[0].name, "Berta");
+    bool kept = false;
+    for (const std::string& one : modem.transcript())
+        kept = kept || (one.find("+CPBW=") != std::string::npos && one.find("\"Team\"") != std::string::npos);
+    CHECK(kept);
 }
 
 TEST(onlyAWholeCopyOfTheSameCardIsPutBack)

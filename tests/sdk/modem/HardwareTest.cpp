@@ -158,6 +158,10 @@ TEST(aPinKeepsTheCardClosedUntilItIsGiven)
     CHECK_EQ(modem.pinTries(), 2);
     CHECK_EQ(unlock("1234"), ORVA_OK);
     CHECK(library.ready());
+    // Where none is asked for, none is spent.
+    const int given = modem.commands("AT+CPIN=");
+    CHECK_EQ(unlock("9999"), ORVA_E_UNSUPPORTED);
+    CHECK_EQ(modem.commands("AT+CPIN="), given);
     CHECK_EQ(library.card.size(), 5);
     library.events.drain();
     CHECK_EQ(Events::all().count(ORVA_EVENT_DEV_PIN_CHANGED), 1);

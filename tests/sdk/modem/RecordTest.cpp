@@ -135,4 +135,23 @@ TEST(theFileHasALineForEachAndNoneOfTheUsers)
     CHECK(!shows(text, "Anna"));
 }
 
+TEST(behindSomethingElseThatIsToldNothingIsTakenForTheProductsName)
+{
+    const int file = ::memfd_create("record", 0);
+    {
+        DialogRecord record(::dup(file), key);
+        record.sent("AT+CGMM");
+        record.received("Stick 500");
+        record.received("+CMT: \"+491711234567\",,\"24/01/01,12:00:00+04\"");
+        record.received("Anna");
+    }
+    char bytes[512];
+    const ssize_t length = ::pread(file, bytes, sizeof bytes, 0);
+    ::close(file);
+    const std::string text(bytes, static_cast<std::size_t>(std::max<ssize_t>(0, length)));
+    CHECK(shows(text, "Stick 500"));
+    CHECK(!shows(text, "1711"));
+    CHECK(!shows(text, "Anna"));
+}
+
 CHECK_MAIN
