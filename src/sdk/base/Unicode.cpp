@@ -173,4 +173,15 @@ std::size_t utf8Piece(std::string_view text, bool* cut)
     return sequenceLength(text.data(), text.size(), cut);
 }
 
+bool isUtf8(std::string_view text)
+{
+    while (!text.empty()) {
+        const std::size_t piece = utf8Piece(text);
+        if (piece == 0)
+            return false;
+        text.remove_prefix(piece);
+    }
+    return true;
+}
+
 } // namespace orva

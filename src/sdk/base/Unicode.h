@@ -25,6 +25,9 @@ bool appendUtf16(std::string_view text, std::u16string& out);
 // For a sequence that the end of the text cuts off, 0 and *cut set.
 std::size_t utf8Piece(std::string_view text, bool* cut = nullptr);
 
+// Whether the whole text is well-formed UTF-8.
+bool isUtf8(std::string_view text);
+
 } // namespace orva
 
 #endif // SDK_BASE_UNICODE_H

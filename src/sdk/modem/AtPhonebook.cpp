@@ -6,6 +6,8 @@
 #include <cstdlib>
 #include <utility>
 
+#include "base/Hex.h"
+
 namespace orva
 {
 
@@ -28,10 +30,7 @@ int hexOctet(std::string_view digits, std::size_t octet)
     for (std::size_t i = 2 * octet; i < 2 * octet + 2; ++i) {
         if (i >= digits.size())
             return -1;
-        const char c = digits[i];
-        const int digit = c >= '0' && c <= '9'                     ? c - '0'
-                          : (c | 0x20) >= 'a' && (c | 0x20) <= 'f' ? (c | 0x20) - 'a' + 10
-                                                                   : -1;
+        const int digit = hexDigit(digits[i]);
         if (digit < 0)
             return -1;
         value = value << 4 | digit;

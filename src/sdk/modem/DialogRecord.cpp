@@ -10,6 +10,8 @@
 #include <random>
 #include <vector>
 
+#include "base/Hex.h"
+
 namespace orva
 {
 
@@ -30,12 +32,7 @@ bool isLower(char c)
 
 bool isHex(char c)
 {
-    return isDigit(c) || (c >= 'A' && c <= 'F') || (c >= 'a' && c <= 'f');
-}
-
-int hexValue(char c)
-{
-    return isDigit(c) ? c - '0' : (c | 0x20) - 'a' + 10;
+    return hexDigit(c) >= 0;
 }
 
 bool beginsWith(std::string_view text, std::string_view with)
@@ -102,7 +99,7 @@ unsigned hexNumber(std::string_view digits)
 {
     unsigned value = 0;
     for (const char digit : digits)
-        value = value << 4 | static_cast<unsigned>(hexValue(digit));
+        value = value << 4 | static_cast<unsigned>(hexDigit(digit));
     return value;
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "base/Hex.h"
 #include "base/Unicode.h"
 #include "coding/AlphaCoding.h"
 
@@ -26,25 +27,17 @@ constexpr std::array<Named, 6> names = {{{CharacterSet::Ucs2, "UCS2"},
                                          {CharacterSet::Gsm, "GSM"},
                                          {CharacterSet::Ira, "IRA"}}};
 
-int hexValue(char c)
-{
-    if (c >= '0' && c <= '9')
-        return c - '0';
-    const char lower = static_cast<char>(c | 0x20);
-    return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
-}
-
 bool isHex(std::string_view text, std::size_t group)
 {
     return !text.empty() && text.size() % group == 0 &&
-           std::all_of(text.begin(), text.end(), [](char c) { return hexValue(c) >= 0; });
+           std::all_of(text.begin(), text.end(), [](char c) { return hexDigit(c) >= 0; });
 }
 
 std::string octetsOf(std::string_view hex)
 {
     std::string out;
     for (std::size_t i = 0; i + 2 <= hex.size(); i += 2)
-        out.push_back(static_cast<char>(hexValue(hex[i]) << 4 | hexValue(hex[i + 1])));
+        out.push_back(static_cast<char>(hexDigit(hex[i]) << 4 | hexDigit(hex[i + 1])));
     return out;
 }
 
@@ -117,7 +110,7 @@ std::string unescaped(std::string_view text)
     for (std::size_t i = 0; i < text.size(); ++i) {
         const std::string_view code = text.substr(i, 3);
         if (code == "\\22" || code == "\\5C" || code == "\\5c" || code == "\\00") {
-            out.push_back(static_cast<char>(hexValue(code[1]) << 4 | hexValue(code[2])));
+            out.push_back(static_cast<char>(hexDigit(code[1]) << 4 | hexDigit(code[2])));
             i += 2;
         } else {
             out.push_back(text[i]);

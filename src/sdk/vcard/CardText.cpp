@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/Conversion.h"
+#include "base/Hex.h"
 #include "base/Unicode.h"
 
 namespace orva
@@ -12,15 +13,6 @@ namespace
 {
 
 const char replacement[] = "\xEF\xBF\xBD";
-
-int hexDigit(char c)
-{
-    if (c >= '0' && c <= '9')
-        return c - '0';
-    if (c >= 'A' && c <= 'F')
-        return c - 'A' + 10;
-    return c >= 'a' && c <= 'f' ? c - 'a' + 10 : -1;
-}
 
 std::string fromQuotedPrintable(const std::string& text)
 {
@@ -32,17 +24,6 @@ std::string fromQuotedPrintable(const std::string& text)
         i += coded ? 2 : 0;
     }
     return out;
-}
-
-bool isUtf8(std::string_view text)
-{
-    while (!text.empty()) {
-        const std::size_t piece = utf8Piece(text);
-        if (piece == 0)
-            return false;
-        text.remove_prefix(piece);
-    }
-    return true;
 }
 
 // A file chooses the name, and iconv gives some characters in it a meaning.

@@ -13,17 +13,6 @@ namespace orva
 namespace
 {
 
-bool isUtf8(std::string_view text)
-{
-    while (!text.empty()) {
-        const std::size_t piece = utf8Piece(text);
-        if (piece == 0)
-            return false;
-        text.remove_prefix(piece);
-    }
-    return true;
-}
-
 // A value of 2.1, whose commas and backslashes are text, as 3.0 writes it. Semicolons between parts stay.
 std::string newerValue(const std::string& older)
 {

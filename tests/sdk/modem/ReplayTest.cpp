@@ -102,4 +102,21 @@ TEST(everyRecordedDialogGivesItsEntries)
     }
 }
 
+TEST(aCardsDescriptionThatEndsTooEarlyTellsNoLength)
+{
+    for (const char* description : {"62048202", "6208820442210026", "620882044221", "62088204422100"}) {
+        scripted::Channel channel;
+        channel.answers["AT+CRSM=192,28474"] = {std::string("\r\n+CRSM: 144,0,\"") + description + "\"\r\n\r\nOK\r\n"};
+        channel.answers["AT+CPBS=\"SM\""] = {"\r\nOK\r\n"};
+        channel.answers["AT+CPBS=\"SM\";+CPBR=?"] = {"\r\n+CPBR: (1-5)\r\n\r\nOK\r\n"};
+        AtDialog dialog(channel);
+        AtPhonebook book(dialog);
+        REQUIRE(book.start());
+        const PhonebookStorage storage = book.open("SM");
+        const bool whole = std::string_view(description) == "6208820442210026";
+        CHECK_EQ(storage.alphaLength, whole ? 0x26 - 14 : 14);
+        CHECK_EQ(channel.count("AT+CRSM=192,28474"), 1U);
+    }
+}
+
 CHECK_MAIN
