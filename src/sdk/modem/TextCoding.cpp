@@ -37,7 +37,7 @@ std::string octetsOf(std::string_view hex)
 {
     std::string out;
     for (std::size_t i = 0; i + 2 <= hex.size(); i += 2)
-        out.push_back(static_cast<char>(hexDigit(hex[i]) << 4 | hexDigit(hex[i + 1])));
+        out.push_back(static_cast<char>(hexDigit(hex[i]) * 16 + hexDigit(hex[i + 1])));
     return out;
 }
 
@@ -110,7 +110,7 @@ std::string unescaped(std::string_view text)
     for (std::size_t i = 0; i < text.size(); ++i) {
         const std::string_view code = text.substr(i, 3);
         if (code == "\\22" || code == "\\5C" || code == "\\5c" || code == "\\00") {
-            out.push_back(static_cast<char>(hexDigit(code[1]) << 4 | hexDigit(code[2])));
+            out.push_back(static_cast<char>(hexDigit(code[1]) * 16 + hexDigit(code[2])));
             i += 2;
         } else {
             out.push_back(text[i]);
