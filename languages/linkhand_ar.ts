@@ -69,7 +69,7 @@
     </message>
     <message>
         <source>IDS_HOST_DEVICE_HINT</source>
-        <translation>لا يوجد مودم موصول. تحاكي هذه المفاتيح ما كان سيبلّغ عنه المودم.</translation>
+        <translation>الجهاز مُحاكى. تحاكي هذه المفاتيح ما كان سيبلّغ عنه المودم.</translation>
     </message>
     <message>
         <source>IDS_HOST_DEVICE_TIP</source>
@@ -197,7 +197,7 @@
     </message>
     <message>
         <source>IDS_HOST_OUTBOX_HINT</source>
-        <translation>تنتظر الرسائل هنا: لا يوجد مودم موصول، ولم يُرسل أي شيء.</translation>
+        <translation>الجهاز مُحاكى: تنتظر الرسائل هنا، ولم يُرسل أي شيء.</translation>
     </message>
     <message>
         <source>IDS_HOST_PAGE_AddrBookUIPlugin</source>
@@ -1219,7 +1219,7 @@
     </message>
     <message>
         <source>IDS_HINT</source>
-        <translation>لا يوجد مودم موصول: تُعرض المكالمة حتى تنهيها، ولا يسمعها أحد.</translation>
+        <translation>الجهاز مُحاكى: تُعرض المكالمة حتى تنهيها، ولا يسمعها أحد.</translation>
     </message>
     <message>
         <source>IDS_HINT_REAL</source>

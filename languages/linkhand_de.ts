@@ -69,7 +69,7 @@
     </message>
     <message>
         <source>IDS_HOST_DEVICE_HINT</source>
-        <translation>Es ist kein Modem angeschlossen. Diese Schalter stehen für das, was eines melden würde.</translation>
+        <translation>Das Gerät ist simuliert. Diese Schalter stehen für das, was ein Modem melden würde.</translation>
     </message>
     <message>
         <source>IDS_HOST_DEVICE_TIP</source>
@@ -197,7 +197,7 @@
     </message>
     <message>
         <source>IDS_HOST_OUTBOX_HINT</source>
-        <translation>Nachrichten warten hier: Es ist kein Modem angeschlossen, und nichts wurde gesendet.</translation>
+        <translation>Das Gerät ist simuliert: Nachrichten warten hier, und nichts wurde gesendet.</translation>
     </message>
     <message>
         <source>IDS_HOST_PAGE_AddrBookUIPlugin</source>
@@ -1219,7 +1219,7 @@ Legen Sie mit „Neuer Kontakt“ in der Werkzeugleiste einen an, oder importier
     </message>
     <message>
         <source>IDS_HINT</source>
-        <translation>Es ist kein Modem angeschlossen: Ein Anruf wird angezeigt, bis Sie auflegen, und niemand hört ihn.</translation>
+        <translation>Das Gerät ist simuliert: Ein Anruf wird angezeigt, bis Sie auflegen, und niemand hört ihn.</translation>
     </message>
     <message>
         <source>IDS_HINT_REAL</source>

@@ -69,7 +69,7 @@
     </message>
     <message>
         <source>IDS_HOST_DEVICE_HINT</source>
-        <translation>No modem is connected. These switches stand in for what one would report.</translation>
+        <translation>The device is simulated. These switches stand in for what a modem would report.</translation>
     </message>
     <message>
         <source>IDS_HOST_DEVICE_TIP</source>
@@ -197,7 +197,7 @@
     </message>
     <message>
         <source>IDS_HOST_OUTBOX_HINT</source>
-        <translation>Messages wait here: no modem is connected, and nothing has been sent.</translation>
+        <translation>The device is simulated: messages wait here, and nothing has been sent.</translation>
     </message>
     <message>
         <source>IDS_HOST_PAGE_AddrBookUIPlugin</source>
@@ -1219,7 +1219,7 @@ Create one with “New contact” in the tool bar, or import a file with the rig
     </message>
     <message>
         <source>IDS_HINT</source>
-        <translation>No modem is connected: a call is shown until you hang up, and nobody hears it.</translation>
+        <translation>The device is simulated: a call is shown until you hang up, and nobody hears it.</translation>
     </message>
     <message>
         <source>IDS_HINT_REAL</source>

@@ -69,7 +69,7 @@
     </message>
     <message>
         <source>IDS_HOST_DEVICE_HINT</source>
-        <translation>未连接调制解调器。这些开关用来模拟它会报告的状态。</translation>
+        <translation>设备为模拟设备。这些开关用来模拟调制解调器会报告的状态。</translation>
     </message>
     <message>
         <source>IDS_HOST_DEVICE_TIP</source>
@@ -197,7 +197,7 @@
     </message>
     <message>
         <source>IDS_HOST_OUTBOX_HINT</source>
-        <translation>信息在此等待：未连接调制解调器，尚未发送任何内容。</translation>
+        <translation>设备为模拟设备：信息在此等待，尚未发送任何内容。</translation>
     </message>
     <message>
         <source>IDS_HOST_PAGE_AddrBookUIPlugin</source>
@@ -1219,7 +1219,7 @@
     </message>
     <message>
         <source>IDS_HINT</source>
-        <translation>未连接调制解调器：通话会一直显示，直到您挂断，对方不会听到。</translation>
+        <translation>设备为模拟设备：通话会一直显示，直到您挂断，对方不会听到。</translation>
     </message>
     <message>
         <source>IDS_HINT_REAL</source>
