@@ -52,6 +52,22 @@
         <translation>إلى</translation>
     </message>
     <message>
+        <source>IDS_HOST_COPY_FAILED</source>
+        <translation>تعذّر نسخ جهات الاتصال إلى الكمبيوتر. يبقى العتاد مُحاكى.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_COPY_NOT</source>
+        <translation>عدم النسخ</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_COPY_OFFER</source>
+        <translation>في البطاقة والجهاز المُحاكيين جهات اتصال ليست على الكمبيوتر، وعددها: %1. مع المودم تُعرض جهات اتصاله هو مكانها. هل تريد نسخ ما في البطاقة والجهاز المُحاكيين إلى الكمبيوتر؟ وهي تعود أيضًا متى صار العتاد مُحاكى من جديد.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_COPY_TO_PC</source>
+        <translation>نسخ إلى الكمبيوتر</translation>
+    </message>
+    <message>
         <source>IDS_HOST_DELETE</source>
         <translation>حذف</translation>
     </message>

@@ -52,6 +52,22 @@
         <translation>An</translation>
     </message>
     <message>
+        <source>IDS_HOST_COPY_FAILED</source>
+        <translation>Die Kontakte konnten nicht auf den PC kopiert werden. Die Hardware bleibt simuliert.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_COPY_NOT</source>
+        <translation>Nicht kopieren</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_COPY_OFFER</source>
+        <translation>Auf der simulierten Karte und dem simulierten Gerät sind Kontakte, die nicht auf dem PC sind: %1. Mit einem Modem werden an ihrer Stelle dessen eigene Kontakte gezeigt. Die der simulierten Karte und des simulierten Geräts auf den PC kopieren? Sie kommen auch wieder, sobald die Hardware wieder simuliert wird.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_COPY_TO_PC</source>
+        <translation>Auf den PC kopieren</translation>
+    </message>
+    <message>
         <source>IDS_HOST_DELETE</source>
         <translation>Löschen</translation>
     </message>

@@ -52,6 +52,22 @@
         <translation>To</translation>
     </message>
     <message>
+        <source>IDS_HOST_COPY_FAILED</source>
+        <translation>The contacts could not be copied to the PC. The hardware stays simulated.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_COPY_NOT</source>
+        <translation>Do not copy</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_COPY_OFFER</source>
+        <translation>The simulated card and device hold contacts that are not on the PC: %1. With a modem, its own contacts are shown in their place. Copy those of the simulated card and device to the PC? They also come back whenever the hardware is simulated again.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_COPY_TO_PC</source>
+        <translation>Copy to PC</translation>
+    </message>
+    <message>
         <source>IDS_HOST_DELETE</source>
         <translation>Delete</translation>
     </message>
