@@ -52,6 +52,22 @@
         <translation>إلى</translation>
     </message>
     <message>
+        <source>IDS_HOST_COPY_FAILED</source>
+        <translation>تعذّر نسخ جهات الاتصال إلى الكمبيوتر. يبقى العتاد مُحاكى.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_COPY_NOT</source>
+        <translation>عدم النسخ</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_COPY_OFFER</source>
+        <translation>في البطاقة والجهاز المُحاكيين جهات اتصال ليست على الكمبيوتر، وعددها: %1. مع المودم تُعرض جهات اتصاله هو مكانها. هل تريد نسخ ما في البطاقة والجهاز المُحاكيين إلى الكمبيوتر؟ وهي تعود أيضًا متى صار العتاد مُحاكى من جديد.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_COPY_TO_PC</source>
+        <translation>نسخ إلى الكمبيوتر</translation>
+    </message>
+    <message>
         <source>IDS_HOST_DELETE</source>
         <translation>حذف</translation>
     </message>
@@ -69,7 +85,7 @@
     </message>
     <message>
         <source>IDS_HOST_DEVICE_HINT</source>
-        <translation>لا يوجد مودم موصول. تحاكي هذه المفاتيح ما كان سيبلّغ عنه المودم.</translation>
+        <translation>الجهاز مُحاكى. تحاكي هذه المفاتيح ما كان سيبلّغ عنه المودم.</translation>
     </message>
     <message>
         <source>IDS_HOST_DEVICE_TIP</source>
@@ -197,7 +213,7 @@
     </message>
     <message>
         <source>IDS_HOST_OUTBOX_HINT</source>
-        <translation>تنتظر الرسائل هنا: لا يوجد مودم موصول، ولم يُرسل أي شيء.</translation>
+        <translation>الجهاز مُحاكى: تنتظر الرسائل هنا، ولم يُرسل أي شيء.</translation>
     </message>
     <message>
         <source>IDS_HOST_PAGE_AddrBookUIPlugin</source>
@@ -1219,7 +1235,7 @@
     </message>
     <message>
         <source>IDS_HINT</source>
-        <translation>لا يوجد مودم موصول: تُعرض المكالمة حتى تنهيها، ولا يسمعها أحد.</translation>
+        <translation>الجهاز مُحاكى: تُعرض المكالمة حتى تنهيها، ولا يسمعها أحد.</translation>
     </message>
     <message>
         <source>IDS_HINT_REAL</source>

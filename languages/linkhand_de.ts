@@ -52,6 +52,22 @@
         <translation>An</translation>
     </message>
     <message>
+        <source>IDS_HOST_COPY_FAILED</source>
+        <translation>Die Kontakte konnten nicht auf den PC kopiert werden. Die Hardware bleibt simuliert.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_COPY_NOT</source>
+        <translation>Nicht kopieren</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_COPY_OFFER</source>
+        <translation>Auf der simulierten Karte und dem simulierten Gerät sind Kontakte, die nicht auf dem PC sind: %1. Mit einem Modem werden an ihrer Stelle dessen eigene Kontakte gezeigt. Die der simulierten Karte und des simulierten Geräts auf den PC kopieren? Sie kommen auch wieder, sobald die Hardware wieder simuliert wird.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_COPY_TO_PC</source>
+        <translation>Auf den PC kopieren</translation>
+    </message>
+    <message>
         <source>IDS_HOST_DELETE</source>
         <translation>Löschen</translation>
     </message>
@@ -69,7 +85,7 @@
     </message>
     <message>
         <source>IDS_HOST_DEVICE_HINT</source>
-        <translation>Es ist kein Modem angeschlossen. Diese Schalter stehen für das, was eines melden würde.</translation>
+        <translation>Das Gerät ist simuliert. Diese Schalter stehen für das, was ein Modem melden würde.</translation>
     </message>
     <message>
         <source>IDS_HOST_DEVICE_TIP</source>
@@ -197,7 +213,7 @@
     </message>
     <message>
         <source>IDS_HOST_OUTBOX_HINT</source>
-        <translation>Nachrichten warten hier: Es ist kein Modem angeschlossen, und nichts wurde gesendet.</translation>
+        <translation>Das Gerät ist simuliert: Nachrichten warten hier, und nichts wurde gesendet.</translation>
     </message>
     <message>
         <source>IDS_HOST_PAGE_AddrBookUIPlugin</source>
@@ -1219,7 +1235,7 @@ Legen Sie mit „Neuer Kontakt“ in der Werkzeugleiste einen an, oder importier
     </message>
     <message>
         <source>IDS_HINT</source>
-        <translation>Es ist kein Modem angeschlossen: Ein Anruf wird angezeigt, bis Sie auflegen, und niemand hört ihn.</translation>
+        <translation>Das Gerät ist simuliert: Ein Anruf wird angezeigt, bis Sie auflegen, und niemand hört ihn.</translation>
     </message>
     <message>
         <source>IDS_HINT_REAL</source>

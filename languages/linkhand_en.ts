@@ -52,6 +52,22 @@
         <translation>To</translation>
     </message>
     <message>
+        <source>IDS_HOST_COPY_FAILED</source>
+        <translation>The contacts could not be copied to the PC. The hardware stays simulated.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_COPY_NOT</source>
+        <translation>Do not copy</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_COPY_OFFER</source>
+        <translation>The simulated card and device hold contacts that are not on the PC: %1. With a modem, its own contacts are shown in their place. Copy those of the simulated card and device to the PC? They also come back whenever the hardware is simulated again.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_COPY_TO_PC</source>
+        <translation>Copy to PC</translation>
+    </message>
+    <message>
         <source>IDS_HOST_DELETE</source>
         <translation>Delete</translation>
     </message>
@@ -69,7 +85,7 @@
     </message>
     <message>
         <source>IDS_HOST_DEVICE_HINT</source>
-        <translation>No modem is connected. These switches stand in for what one would report.</translation>
+        <translation>The device is simulated. These switches stand in for what a modem would report.</translation>
     </message>
     <message>
         <source>IDS_HOST_DEVICE_TIP</source>
@@ -197,7 +213,7 @@
     </message>
     <message>
         <source>IDS_HOST_OUTBOX_HINT</source>
-        <translation>Messages wait here: no modem is connected, and nothing has been sent.</translation>
+        <translation>The device is simulated: messages wait here, and nothing has been sent.</translation>
     </message>
     <message>
         <source>IDS_HOST_PAGE_AddrBookUIPlugin</source>
@@ -1219,7 +1235,7 @@ Create one with “New contact” in the tool bar, or import a file with the rig
     </message>
     <message>
         <source>IDS_HINT</source>
-        <translation>No modem is connected: a call is shown until you hang up, and nobody hears it.</translation>
+        <translation>The device is simulated: a call is shown until you hang up, and nobody hears it.</translation>
     </message>
     <message>
         <source>IDS_HINT_REAL</source>

@@ -52,6 +52,22 @@
         <translation>收件人</translation>
     </message>
     <message>
+        <source>IDS_HOST_COPY_FAILED</source>
+        <translation>无法将联系人复制到电脑。硬件保持为模拟。</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_COPY_NOT</source>
+        <translation>不复制</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_COPY_OFFER</source>
+        <translation>模拟的卡和设备上有电脑中没有的联系人：%1 个。使用调制解调器后，将改为显示调制解调器自己的联系人。要将模拟的卡和设备上的联系人复制到电脑吗？再次改用模拟硬件时，它们也会重新出现。</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_COPY_TO_PC</source>
+        <translation>复制到电脑</translation>
+    </message>
+    <message>
         <source>IDS_HOST_DELETE</source>
         <translation>删除</translation>
     </message>
@@ -69,7 +85,7 @@
     </message>
     <message>
         <source>IDS_HOST_DEVICE_HINT</source>
-        <translation>未连接调制解调器。这些开关用来模拟它会报告的状态。</translation>
+        <translation>设备为模拟设备。这些开关用来模拟调制解调器会报告的状态。</translation>
     </message>
     <message>
         <source>IDS_HOST_DEVICE_TIP</source>
@@ -197,7 +213,7 @@
     </message>
     <message>
         <source>IDS_HOST_OUTBOX_HINT</source>
-        <translation>信息在此等待：未连接调制解调器，尚未发送任何内容。</translation>
+        <translation>设备为模拟设备：信息在此等待，尚未发送任何内容。</translation>
     </message>
     <message>
         <source>IDS_HOST_PAGE_AddrBookUIPlugin</source>
@@ -1219,7 +1235,7 @@
     </message>
     <message>
         <source>IDS_HINT</source>
-        <translation>未连接调制解调器：通话会一直显示，直到您挂断，对方不会听到。</translation>
+        <translation>设备为模拟设备：通话会一直显示，直到您挂断，对方不会听到。</translation>
     </message>
     <message>
         <source>IDS_HINT_REAL</source>

@@ -33,6 +33,9 @@ extern "C" {
 /* Gives the choice that this process goes by: "simulated", "auto", or the path of a modem's port. */
 ORVA_API long ORVA_Modem_GetHardware(unsigned short** choice);
 
+/* Gives 1 if somebody has chosen, in the environment or in the data folder, else 0: a host may choose then. */
+ORVA_API long ORVA_Modem_IsChosen(int* chosen);
+
 /* Keeps a choice for processes that start from now on, and for this one after ORVA_Sim_Reset. ORVA_E_ARGUMENT for
  * anything else than "simulated", "auto" or an absolute path. */
 ORVA_API long ORVA_Modem_SetHardware(const unsigned short* choice);

@@ -19,6 +19,7 @@
 #include "device/DeviceWatcher.h"
 #include "device/HardwareChoice.h"
 #include "device/ModemManagerModem.h"
+#include "device/SimulatedContacts.h"
 #include "device/SimulatedHardware.h"
 #include "device/SimulatedModem.h"
 #include "linkhand/QtCompat.h"
@@ -32,6 +33,7 @@
 #include "settings/LossWatcher.h"
 #include "settings/SdkFolders.h"
 #include "text/HostText.h"
+#include "window/CopyOffer.h"
 #include "window/KeyboardWitness.h"
 #include "window/MainWindow.h"
 #include "window/StatusArea.h"
@@ -72,6 +74,12 @@ int answerInText(const CommandLine& line)
     return 0;
 }
 
+int refuseHardware(const QString& strChoice)
+{
+    print(stderr, QString::fromLatin1("linkhand: no such hardware: %1\nTry 'linkhand --help'.\n").arg(strChoice));
+    return 2;
+}
+
 // The fonts of East Asia hold the shapes of several countries; where nothing says which, Qt takes Japan's.
 QFont fontFor(const QString& strCode)
 {
@@ -108,10 +116,8 @@ int HostApplication::Main(int argc, char** argv, Companion* pCompanion)
     if (!line.strDataDir.isEmpty()) {
         qputenv("LINKHAND_DATA_DIR", QFile::encodeName(line.strDataDir));
     }
-    if (!line.strHardware.isEmpty() && !HardwareChoice::Begin(line.strHardware)) {
-        print(stderr,
-              QString::fromLatin1("linkhand: no such hardware: %1\nTry 'linkhand --help'.\n").arg(line.strHardware));
-        return 2;
+    if (!line.strHardware.isEmpty() && !HardwareChoice::IsKnown(line.strHardware)) {
+        return refuseHardware(line.strHardware);
     }
     return HostApplication(line, pCompanion).Run();
 }
@@ -127,28 +133,26 @@ HostApplication::HostApplication(const CommandLine& line, Companion* pCompanion)
 {
     DataFolder::Prepare(SdkFolders::LogFolder(), m_problems);
     m_pMessages.reset(new MessageStore(DataFolder::Path()));
-    makeModem();
-    m_pWatcher.reset(new DeviceWatcher);
-    m_pLossWatcher.reset(new LossWatcher);
     m_pContainer.reset(new PluginContainer);
     m_pLifecycle.reset(new PluginLifecycle(*m_pContainer, m_services.State()));
     m_services.SetContainer(m_pContainer.data());
-    m_services.SetModem(m_pModem.data());
     m_services.Publish();
-    const QString strCount = CommonUtils::GetSettings(QLatin1String("customize"), QLatin1String("pbnamecode"));
-    SimulatedHardware::SetNameUnits(strCount.trimmed() == QLatin1String("all"));
     applyLanguage(
         m_languages.BestFor(m_settings.Language().isEmpty() ? QLocale::system().name() : m_settings.Language()));
-    m_pWindow.reset(new MainWindow(*m_pContainer, *m_pMessages, *m_pWatcher, m_pModem.data()));
-    m_services.SetMainWindow(m_pWindow.data());
-    m_pLink.reset(new Link(*m_pModem, m_pWindow.data(), SdkFolders::LogFolder()));
-    m_pLink->Publish();
-    m_pNotices.reset(new ModemNotices(*m_pModem, *m_pMessages, *m_pWindow));
+    if (m_pCompanion != nullptr) {
+        m_services.SetAnswers(m_pCompanion->Answers());
+        m_pCompanion->Begin();
+    }
+    if (settleHardware()) {
+        build();
+    }
 }
 
 HostApplication::~HostApplication()
 {
-    m_pLink->Withdraw();
+    if (m_pLink) {
+        m_pLink->Withdraw();
+    }
     m_pNotices.reset();
     // Windows that plug-ins left with the main window go while the plug-ins' code is there.
     m_pWindow.reset();
@@ -156,8 +160,47 @@ HostApplication::~HostApplication()
     m_services.Withdraw();
 }
 
+// Before anything of the SDK is in use but the user's contacts. False if what the command line asks for is refused.
+bool HostApplication::settleHardware()
+{
+    const QString strAsked = m_line.strHardware;
+    // A modem if there is one, where nobody has said anything and no folder was chosen for a demo or a test.
+    const bool bOwn = strAsked.isEmpty() && DataFolder::IsOwn() && !HardwareChoice::IsChosen();
+    if (strAsked.isEmpty() && !bOwn) {
+        return true;
+    }
+    const QString strChoice = bOwn ? QString(QLatin1String("auto")) : strAsked;
+    if (strChoice != QLatin1String("simulated") && !HardwareChoice::IsReal() && !HardwareChoice::IsFixed()) {
+        // Nobody looks at a program that only takes a picture: it leaves alone what would have to be asked.
+        const bool bPicture = !m_line.strScreenshot.isEmpty();
+        if (bPicture ? bOwn && SimulatedContacts::CountMissing() > 0 : !CopyOffer::Settle(nullptr)) {
+            return true;
+        }
+    }
+    // A folder that takes nothing is told of elsewhere.
+    return HardwareChoice::Begin(strChoice) || bOwn;
+}
+
+void HostApplication::build()
+{
+    makeModem();
+    m_pWatcher.reset(new DeviceWatcher);
+    m_pLossWatcher.reset(new LossWatcher);
+    m_services.SetModem(m_pModem.data());
+    const QString strCount = CommonUtils::GetSettings(QLatin1String("customize"), QLatin1String("pbnamecode"));
+    SimulatedHardware::SetNameUnits(strCount.trimmed() == QLatin1String("all"));
+    m_pWindow.reset(new MainWindow(*m_pContainer, *m_pMessages, *m_pWatcher, m_pModem.data()));
+    m_services.SetMainWindow(m_pWindow.data());
+    m_pLink.reset(new Link(*m_pModem, m_pWindow.data(), SdkFolders::LogFolder()));
+    m_pLink->Publish();
+    m_pNotices.reset(new ModemNotices(*m_pModem, *m_pMessages, *m_pWindow));
+}
+
 int HostApplication::Run()
 {
+    if (!m_pWindow) {
+        return refuseHardware(m_line.strHardware);
+    }
     connect(m_pWindow.data(), SIGNAL(languageChosen(QString)), this, SLOT(OnLanguageChosen(QString)));
     connect(m_pWindow.data(), SIGNAL(closing()), this, SLOT(OnClosing()));
     connect(&m_pWindow->Welcome(), SIGNAL(dismissed()), this, SLOT(OnWelcomeDismissed()));
@@ -167,10 +210,6 @@ int HostApplication::Run()
     connect(&unixSignals, SIGNAL(received()), this, SLOT(OnClosing()));
     // The log-out of the desktop's session.
     connect(qApp, SIGNAL(commitDataRequest(QSessionManager&)), this, SLOT(OnClosing()));
-    if (m_pCompanion != nullptr) {
-        m_services.SetAnswers(m_pCompanion->Answers());
-        m_pCompanion->Begin();
-    }
 
     showFrame();
     connect(m_pLossWatcher.data(), SIGNAL(lost(ProblemList)), this, SLOT(OnLost(ProblemList)));

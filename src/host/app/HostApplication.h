@@ -25,9 +25,9 @@ class QTranslator;
 
 // Puts the program together and takes it apart again.
 //
-// Start: services and link are published, the window is shown, the plug-ins are loaded, then started, then their pages
-// built. End: the window is hidden, the plug-ins go through their shutdown, then everything else goes in the reverse
-// order.
+// Start: the services are published, the hardware is settled, the link is published, the window is shown, the plug-ins
+// are loaded, then started, then their pages built. End: the window is hidden, the plug-ins go through their shutdown,
+// then everything else goes in the reverse order.
 class HostApplication : public QObject
 {
     Q_OBJECT
@@ -52,6 +52,8 @@ private slots:
     void OnWelcomeDismissed();
 
 private:
+    bool settleHardware();
+    void build();
     void makeModem();
     void loadPlugins();
     void checkInstallation();

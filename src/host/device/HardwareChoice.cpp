@@ -6,6 +6,7 @@
 
 // Null where the SDK in use does not have them.
 #pragma weak ORVA_Modem_GetHardware
+#pragma weak ORVA_Modem_IsChosen
 #pragma weak ORVA_Modem_SetHardware
 #pragma weak ORVA_Sim_Reset
 
@@ -34,6 +35,18 @@ QString HardwareChoice::Port()
 bool HardwareChoice::IsFixed()
 {
     return !qgetenv("LINKHAND_MODEM").isEmpty();
+}
+
+bool HardwareChoice::IsChosen()
+{
+    int iChosen = 1;
+    return &ORVA_Modem_IsChosen == nullptr || ORVA_Modem_IsChosen(&iChosen) != ORVA_OK || iChosen != 0;
+}
+
+bool HardwareChoice::IsKnown(const QString& strChoice)
+{
+    return strChoice == QLatin1String("simulated") || strChoice == QLatin1String("auto") ||
+           (strChoice.startsWith(QLatin1Char('/')) && strChoice.length() > 1);
 }
 
 bool HardwareChoice::Keep(const QString& strChoice)

@@ -18,6 +18,12 @@ QString Port();
 // True if the environment has chosen, so that what is kept has no effect.
 bool IsFixed();
 
+// True if the environment or the user has chosen, or an SDK leaves no choice.
+bool IsChosen();
+
+// Whether it is one of the three kinds.
+bool IsKnown(const QString& strChoice);
+
 // Keeps a choice for the programs that start from now on. False if the SDK does not know it, or it cannot be written.
 bool Keep(const QString& strChoice);
 

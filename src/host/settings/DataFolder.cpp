@@ -22,15 +22,22 @@ QString orDefault(const QString& strFolder, const char* pszDefault)
     return strFolder.startsWith(QLatin1Char('/')) ? strFolder : QDir::homePath() + QLatin1String(pszDefault);
 }
 
+QString ownPath()
+{
+    return orDefault(fromEnvironment("XDG_DATA_HOME"), "/.local/share") + QLatin1String("/linkhand");
+}
+
 } // namespace
 
 QString DataFolder::Path()
 {
     const QString strChosen = fromEnvironment("LINKHAND_DATA_DIR");
-    if (!strChosen.isEmpty()) {
-        return QDir(strChosen).absolutePath();
-    }
-    return orDefault(fromEnvironment("XDG_DATA_HOME"), "/.local/share") + QLatin1String("/linkhand");
+    return strChosen.isEmpty() ? ownPath() : QDir(strChosen).absolutePath();
+}
+
+bool DataFolder::IsOwn()
+{
+    return Path() == ownPath();
 }
 
 QString DataFolder::SettingsFile()

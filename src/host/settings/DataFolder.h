@@ -13,6 +13,9 @@ namespace DataFolder
 // The folder's path, without a trailing slash.
 QString Path();
 
+// True for the user's own folder, where it is without anybody choosing another.
+bool IsOwn();
+
 // The user's INI file: in a data folder that was chosen explicitly, else $XDG_CONFIG_HOME/linkhand/linkhand.ini.
 QString SettingsFile();
 

@@ -9,6 +9,7 @@
 #include "device/HardwareChoice.h"
 #include "device/Modem.h"
 #include "text/HostText.h"
+#include "window/CopyOffer.h"
 
 namespace
 {
@@ -54,7 +55,8 @@ HardwarePanel::HardwarePanel(Modem* pModem, QWidget* pParent)
       m_pEnable(new QPushButton(this)),
       m_strCurrent(HardwareChoice::Current()),
       m_strChosen(m_strCurrent),
-      m_bRefused(false)
+      m_bRefused(false),
+      m_bAsking(false)
 {
     m_pTitle->setObjectName(QLatin1String("linkhand_HardwarePanel_title"));
     m_pChoice->setObjectName(QLatin1String("linkhand_HardwarePanel_choice"));
@@ -122,13 +124,21 @@ void HardwarePanel::OnEnable()
 
 void HardwarePanel::choose(const QString& strChoice)
 {
-    if (strChoice != m_strChosen) {
+    if (strChoice == m_strChosen || m_bAsking) {
+        return;
+    }
+    m_bRefused = !HardwareChoice::IsKnown(strChoice);
+    // What the user is asked takes the keyboard from the box, which then tells of its text again.
+    m_bAsking = true;
+    const bool bLeaving = m_strCurrent == QLatin1String(CHOICES[0]) && m_strChosen == m_strCurrent;
+    if (!m_bRefused && (!bLeaving || CopyOffer::Settle(window()))) {
         m_bRefused = !HardwareChoice::Keep(strChoice);
         if (!m_bRefused) {
             m_strChosen = strChoice;
         }
-        showChoice();
     }
+    m_bAsking = false;
+    showChoice();
 }
 
 void HardwarePanel::showChoice()

@@ -38,6 +38,7 @@ private:
     const QString m_strCurrent;
     QString m_strChosen; // for the next start
     bool m_bRefused;     // the last choice could not be kept
+    bool m_bAsking;      // the user, before it is kept
 };
 
 #endif // LINKHAND_HOST_HARDWAREPANEL_H

@@ -36,6 +36,15 @@ long ORVA_Modem_GetHardware(unsigned short** choice)
     });
 }
 
+long ORVA_Modem_IsChosen(int* chosen)
+{
+    return guarded(__func__, [&] {
+        require(chosen);
+        *chosen = hasHardwareChoice(dataFolder()) ? 1 : 0;
+        return ORVA_OK;
+    });
+}
+
 long ORVA_Modem_SetHardware(const unsigned short* choice)
 {
     return guarded(__func__, [&] {

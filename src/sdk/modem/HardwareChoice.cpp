@@ -18,19 +18,37 @@ std::string choiceFile(const std::string& folder)
     return folder + "/hardware";
 }
 
+// Empty if nothing is kept.
+std::string keptLine(const std::string& folder)
+{
+    const std::string text = readSmallFile(choiceFile(folder), choiceLimit);
+    return text.substr(0, text.find('\n'));
+}
+
+// Empty if the environment says nothing.
+std::string environmentChoice()
+{
+    const char* const chosen = std::getenv("LINKHAND_MODEM");
+    return chosen != nullptr ? chosen : std::string();
+}
+
 } // namespace
 
 std::string keptHardwareChoice(const std::string& folder)
 {
-    const std::string text = readSmallFile(choiceFile(folder), choiceLimit);
-    const std::string line = text.substr(0, text.find('\n'));
+    const std::string line = keptLine(folder);
     return line.empty() ? simulatedChoice : line;
 }
 
 std::string hardwareChoice(const std::string& folder)
 {
-    const char* const chosen = std::getenv("LINKHAND_MODEM");
-    return chosen != nullptr && *chosen != '\0' ? chosen : keptHardwareChoice(folder);
+    const std::string chosen = environmentChoice();
+    return chosen.empty() ? keptHardwareChoice(folder) : chosen;
+}
+
+bool hasHardwareChoice(const std::string& folder)
+{
+    return !environmentChoice().empty() || !keptLine(folder).empty();
 }
 
 void keepHardwareChoice(const std::string& folder, const std::string& choice)

@@ -16,6 +16,9 @@ std::string hardwareChoice(const std::string& folder);
 // What is kept in the data folder, whatever the environment says.
 std::string keptHardwareChoice(const std::string& folder);
 
+// Whether the environment or the data folder says anything.
+bool hasHardwareChoice(const std::string& folder);
+
 // Keeps a choice for the programs that start from now on. Failure(ORVA_E_ARGUMENT) for anything else than the above.
 void keepHardwareChoice(const std::string& folder, const std::string& choice);
 

@@ -77,8 +77,11 @@ bool HostDriver::Launch(const QString& strDataDir, const QStringList& lstArgumen
     m_log.clear();
     disconnectSocket();
     m_process.setProcessEnvironment(m_environment);
-    const QStringList lstCommand = QStringList(m_lstRunner)
-                                   << m_strProgram << "--data-dir" << strDataDir << lstArguments;
+    QStringList lstCommand = QStringList(m_lstRunner) << m_strProgram;
+    if (!strDataDir.isEmpty()) {
+        lstCommand << "--data-dir" << strDataDir;
+    }
+    lstCommand << lstArguments;
     m_process.start(lstCommand.first(), lstCommand.mid(1));
     return m_process.waitForStarted();
 }

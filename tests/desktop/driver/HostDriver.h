@@ -65,7 +65,7 @@ public:
     // Log(), if it does not come.
     bool Start(const QString& strDataDir, const QStringList& lstArguments = QStringList());
 
-    // Starts it without waiting for a window.
+    // Starts it without waiting for a window; without a data folder, on the one that the environment says.
     bool Launch(const QString& strDataDir, const QStringList& lstArguments = QStringList());
 
     // Presses Ctrl+Q and waits for the end. The time in milliseconds from the key to the end, -1 if it did not end.
