@@ -20,6 +20,21 @@ bool isPhoneKey(const AddrBookField& field)
     return isKey(field, "Mobile") || isKey(field, "officePhone") || isKey(field, "homePhone");
 }
 
+// Makes the SDK's record of a contact, for the operation that is named.
+int makeRecord(AddrBookLogic& logic, const char* pszOperation, _ORVA_EN_PHONEBOOK_MEMORY enMemory,
+               const QList<QString>& lstValues, SdkRecord& record, int& iNonEmpty)
+{
+    QList<AddrBookField> lstFields;
+    logic.GetAllFields(lstFields, enMemory);
+    if (lstFields.size() != lstValues.size()) {
+        qWarning("%s: %s: %s: number of fields are not matching in %s and exiting", AddrBookLog::now().constData(),
+                 ADDRBOOK_FILE, pszOperation, pszOperation);
+        return ADDRBOOK_MISMATCH;
+    }
+    return logic.createAddrRecSetValues(enMemory, record.out(), lstValues, lstFields, iNonEmpty) ? ADDRBOOK_OK
+                                                                                                 : ADDRBOOK_FAILED;
+}
+
 } // namespace
 
 bool AddrBookLogic::createAddrRecSetValues(_ORVA_EN_PHONEBOOK_MEMORY enMemory, void*& hAddrRecord,
@@ -52,16 +67,13 @@ bool AddrBookLogic::createAddrRecSetValues(_ORVA_EN_PHONEBOOK_MEMORY enMemory, v
 int AddrBookLogic::AddRecord(_ORVA_EN_PHONEBOOK_MEMORY enMemory, QList<QString> lstValues, int& iRecordID)
 {
     ADDRBOOK_LOG_CALLED();
-    QList<AddrBookField> lstFields;
-    GetAllFields(lstFields, enMemory);
-    if (lstFields.size() != lstValues.size()) {
-        ADDRBOOK_WARN("number of fields are not matching in AddRecord and exiting");
-        return ADDRBOOK_MISMATCH;
-    }
     SdkRecord record;
     int iNonEmpty = 0;
+    const int iResult = makeRecord(*this, __func__, enMemory, lstValues, record, iNonEmpty);
+    if (iResult != ADDRBOOK_OK)
+        return iResult;
     long lResult = 1; // what a contact without any content keeps: it is never stored
-    if (createAddrRecSetValues(enMemory, record.out(), lstValues, lstFields, iNonEmpty) && iNonEmpty > 0)
+    if (iNonEmpty > 0)
         SDK_CALL(lResult, ORVA_PBSrv_AddAddrRec, (record.get(), &iRecordID));
     return lResult == 0 ? ADDRBOOK_OK : ADDRBOOK_FAILED;
 }
@@ -69,17 +81,13 @@ int AddrBookLogic::AddRecord(_ORVA_EN_PHONEBOOK_MEMORY enMemory, QList<QString> 
 int AddrBookLogic::UpdateRecord(_ORVA_EN_PHONEBOOK_MEMORY enMemory, int iRecordID, const QList<QString>& lstValues)
 {
     ADDRBOOK_LOG_CALLED();
-    QList<AddrBookField> lstFields;
-    GetAllFields(lstFields, enMemory);
-    if (lstFields.size() != lstValues.size()) {
-        ADDRBOOK_WARN("number of fields are not matching in UpdateRecord and exiting");
-        return ADDRBOOK_MISMATCH;
-    }
     SdkRecord record;
     int iNonEmpty = 0;
-    long lResult = 1;
-    if (createAddrRecSetValues(enMemory, record.out(), lstValues, lstFields, iNonEmpty))
-        SDK_CALL(lResult, ORVA_PBSrv_UpdateAddrRec, (record.get(), iRecordID));
+    const int iResult = makeRecord(*this, __func__, enMemory, lstValues, record, iNonEmpty);
+    if (iResult != ADDRBOOK_OK)
+        return iResult;
+    long lResult = 0;
+    SDK_CALL(lResult, ORVA_PBSrv_UpdateAddrRec, (record.get(), iRecordID));
     return lResult == 0 ? ADDRBOOK_OK : ADDRBOOK_FAILED;
 }
 

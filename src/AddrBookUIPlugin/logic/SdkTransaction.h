@@ -7,6 +7,7 @@
 #include "orva/orva_sdk.h"
 
 // A transaction on a memory, from here to the end of the scope or to end(). A failed begin or end is only logged.
+// A batch that commits on its way ends it and begins it anew.
 class SdkTransaction
 {
 public:
@@ -17,6 +18,13 @@ public:
         begin();
     }
     ~SdkTransaction() { end(); }
+
+    void begin()
+    {
+        long lResult = 0;
+        SDK_CALL_AT(m_caller, lResult, 0, ORVA_PBSrv_BeginTransaction, (m_iMemory));
+        m_bOpen = true;
+    }
 
     // The SDK's code; 0 where nothing is open any more.
     long end()
@@ -35,36 +43,14 @@ public:
         m_bOpen = false;
     }
 
+    int memory() const { return m_iMemory; }
+
 private:
     Q_DISABLE_COPY(SdkTransaction)
-
-    void begin()
-    {
-        long lResult = 0;
-        SDK_CALL_AT(m_caller, lResult, 0, ORVA_PBSrv_BeginTransaction, (m_iMemory));
-        m_bOpen = true;
-    }
 
     const int m_iMemory;
     const SdkCaller m_caller;
     bool m_bOpen;
 };
-
-// The same in two steps, for a batch that commits on its way. The SDK's codes.
-inline long beginSdkTransaction(int iMemory, const char* pszFile = SDK_CALLER_FILE,
-                                const char* pszFunction = SDK_CALLER_FUNCTION)
-{
-    long lResult = 0;
-    SDK_CALL_AT(SdkCaller(pszFile, pszFunction), lResult, 0, ORVA_PBSrv_BeginTransaction, (iMemory));
-    return lResult;
-}
-
-inline long endSdkTransaction(int iMemory, const char* pszFile = SDK_CALLER_FILE,
-                              const char* pszFunction = SDK_CALLER_FUNCTION)
-{
-    long lResult = 0;
-    SDK_CALL_AT(SdkCaller(pszFile, pszFunction), lResult, 0, ORVA_PBSrv_EndTransaction, (iMemory));
-    return lResult;
-}
 
 #endif // ADDRBOOKUIPLUGIN_SDKTRANSACTION_H

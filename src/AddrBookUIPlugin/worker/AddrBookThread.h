@@ -9,6 +9,7 @@
 #include <QWaitCondition>
 
 #include <atomic>
+#include <memory>
 #include <mutex>
 
 #include "logic/AddrBookTypes.h"
@@ -112,7 +113,6 @@ private:
     // Batches (AddrBookThreadBatches.cpp). A step processes one record; false ends the batch.
     typedef bool (AddrBookThread::*BatchStep)(const AddrBookRecord& record);
     void runBatch(BatchStep pStep, bool bLockFirst);
-    void commitBatch(int iRecords);
     void waitForSlot();
     void delThreadFun(_ADDRBOOK_OPERATION_TYPE enOperation);
     bool delStep(const AddrBookRecord& record);
@@ -121,8 +121,11 @@ private:
     bool addStep(const AddrBookRecord& record);
     void moveThreadFun();
     bool moveStep(const AddrBookRecord& record);
-    void reportAdd(bool bResult, AddrBookRecord* pCopy);
-    void reportMove(bool bResult, AddrBookRecord* pCopy);
+    std::unique_ptr<AddrBookRecord> storeRecord(_ORVA_EN_PHONEBOOK_MEMORY enMemory, const AddrBookRecord& record,
+                                                bool& bOk);
+    typedef void (AddrBookThread::*StoredSignal)(bool, qlonglong);
+    void reportStored(StoredSignal pSignal, _ORVA_EN_PHONEBOOK_MEMORY enMemory, bool bOk,
+                      std::unique_ptr<AddrBookRecord> pCopy);
 
     _ADDRBOOK_OPERATION_TYPE m_enOperation;
     QList<AddrBookRecord> m_listRecords;

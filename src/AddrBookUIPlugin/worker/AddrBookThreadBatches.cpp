@@ -3,6 +3,7 @@
 
 #include <memory>
 #include <new>
+#include <utility>
 
 #include "linkhand/core/CommonUtils.h"
 #include "logic/AddrBookLogic.h"
@@ -17,32 +18,30 @@
 namespace
 {
 
-const int g_iCommitEvery = 200;
-const unsigned long g_ulPauseMicroseconds = 500;
-const unsigned long g_ulShutdownCheckMilliseconds = 50;
+const int COMMIT_EVERY = 200;
+const unsigned long PAUSE_US = 500;
+const unsigned long SHUTDOWN_CHECK_MS = 50;
+
+// Ends the transaction of the batch. The store tells its host of what it could not keep; here it is a line in the log.
+void commitBatch(SdkTransaction& transaction, int iRecords)
+{
+    const long lResult = transaction.end();
+    if (lResult != 0 && iRecords > 0)
+        ADDRBOOK_WARN("the last %d record(s) of memory %d may be lost: %li", iRecords, transaction.memory(), lResult);
+}
 
 } // namespace
 
-// Ends the transaction of the batch. The store tells its host of what it could not keep; here it is a line in the log.
-void AddrBookThread::commitBatch(int iRecords)
-{
-    const long iResult = endSdkTransaction(m_enMemory);
-    if (iResult != 0 && iRecords > 0)
-        ADDRBOOK_WARN("the last %d record(s) of memory %d may be lost: %li", iRecords, m_enMemory, iResult);
-}
-
 void AddrBookThread::runBatch(BatchStep pStep, bool bLockFirst)
 {
-    if (!bLockFirst)
-        beginSdkTransaction(m_enMemory);
-    const QMutexLocker locker(&m_mutex);
-    if (bLockFirst)
-        beginSdkTransaction(m_enMemory);
+    const QMutexLocker lockerFirst(bLockFirst ? &m_mutex : nullptr);
+    SdkTransaction transaction(m_enMemory);
+    const QMutexLocker lockerThen(bLockFirst ? nullptr : &m_mutex);
     int iOpen = 0; // records since the last commit
     for (int i = 0; i < m_listRecords.size(); ++i) {
-        if (i % g_iCommitEvery == 0) {
-            commitBatch(iOpen);
-            beginSdkTransaction(m_enMemory);
+        if (i % COMMIT_EVERY == 0) {
+            commitBatch(transaction, iOpen);
+            transaction.begin();
             iOpen = 0;
         }
         if (isToEnd() || QCoreApplication::closingDown()) {
@@ -53,9 +52,9 @@ void AddrBookThread::runBatch(BatchStep pStep, bool bLockFirst)
         if (!(this->*pStep)(m_listRecords.at(i)))
             break;
         waitForSlot();
-        usleep(g_ulPauseMicroseconds);
+        usleep(PAUSE_US);
     }
-    commitBatch(iOpen);
+    commitBatch(transaction, iOpen);
 }
 
 // Without a time limit, since a slot may hold a message box open; but when the application goes down no slot runs any
@@ -65,7 +64,7 @@ void AddrBookThread::waitForSlot()
 {
     m_bSlotFinished = false;
     while (!m_bSlotFinished) {
-        m_condition.wait(&m_mutex, g_ulShutdownCheckMilliseconds);
+        m_condition.wait(&m_mutex, SHUTDOWN_CHECK_MS);
         if (CommonUtils::IsShuttingDown())
             return;
     }
@@ -103,32 +102,43 @@ void AddrBookThread::addThreadFun()
         runBatch(&AddrBookThread::addStep, false);
 }
 
-bool AddrBookThread::addStep(const AddrBookRecord& record)
+// Stores the record and makes the copy that carries its new identifier to the window; null where none can be had.
+std::unique_ptr<AddrBookRecord> AddrBookThread::storeRecord(_ORVA_EN_PHONEBOOK_MEMORY enMemory,
+                                                            const AddrBookRecord& record, bool& bOk)
 {
-    AddrBookLogic* const pLogic = AddrBookLogic::Instance();
     int iNewId = -1;
-    int iResult = pLogic->AddRecord(m_enMemory, record.lstValues, iNewId);
-    AddrBookRecord* const pCopy = new (std::nothrow) AddrBookRecord(record);
-    if (pCopy == nullptr)
-        return false;
-    pCopy->iID = iNewId;
-    bool bOk = iNewId >= 1 && iResult == ADDRBOOK_OK;
-    if (bOk && m_enMemory == PB_MEM_LOCAL) {
-        iResult = pLogic->AddAddrToGroup(PB_MEM_LOCAL, iNewId, m_iGroupId);
-        bOk = iResult == ADDRBOOK_OK; // the record stays, though it is reported as failed
-    }
-    if (bOk && !CommonUtils::IsShuttingDown())
-        QUEUED_EMIT(addSelectDialogContact, m_enMemory, iNewId, m_iGroupId);
-    reportAdd(bOk, pCopy);
-    return true;
+    const int iResult = AddrBookLogic::Instance()->AddRecord(enMemory, record.lstValues, iNewId);
+    bOk = iNewId >= 1 && iResult == ADDRBOOK_OK;
+    std::unique_ptr<AddrBookRecord> pCopy(new (std::nothrow) AddrBookRecord(record));
+    if (pCopy != nullptr)
+        pCopy->iID = iNewId;
+    return pCopy;
 }
 
-void AddrBookThread::reportAdd(bool bResult, AddrBookRecord* pCopy)
+// Tells the number picker of a record that was stored, and then the window, by addResult or moveResult.
+void AddrBookThread::reportStored(StoredSignal pSignal, _ORVA_EN_PHONEBOOK_MEMORY enMemory, bool bOk,
+                                  std::unique_ptr<AddrBookRecord> pCopy)
 {
-    std::unique_ptr<AddrBookRecord> pOwned(pCopy);
+    if (bOk && !CommonUtils::IsShuttingDown())
+        QUEUED_EMIT(addSelectDialogContact, enMemory, pCopy->iID, m_iGroupId);
     const std::lock_guard<std::mutex> locker(m_mutexHandOver);
-    if (!CommonUtils::IsShuttingDown() && SIGNAL_RECEIVERS(addResult, bool, qlonglong) > 0)
-        QUEUED_EMIT(addResult, bResult, pointerToCarrier(pOwned.release()));
+    const int iReceivers = pSignal == &AddrBookThread::moveResult ? SIGNAL_RECEIVERS(moveResult, bool, qlonglong)
+                                                                  : SIGNAL_RECEIVERS(addResult, bool, qlonglong);
+    if (!CommonUtils::IsShuttingDown() && iReceivers > 0)
+        AddrBookSignals::queuedEmit(this, pSignal, bOk, pointerToCarrier(pCopy.release()));
+}
+
+bool AddrBookThread::addStep(const AddrBookRecord& record)
+{
+    bool bOk = false;
+    std::unique_ptr<AddrBookRecord> pCopy = storeRecord(m_enMemory, record, bOk);
+    if (pCopy == nullptr)
+        return false;
+    // The record stays where its group refuses it, though it is reported as failed.
+    if (bOk && m_enMemory == PB_MEM_LOCAL)
+        bOk = AddrBookLogic::Instance()->AddAddrToGroup(PB_MEM_LOCAL, pCopy->iID, m_iGroupId) == ADDRBOOK_OK;
+    reportStored(&AddrBookThread::addResult, m_enMemory, bOk, std::move(pCopy));
+    return true;
 }
 
 void AddrBookThread::moveThreadFun()
@@ -141,29 +151,15 @@ void AddrBookThread::moveThreadFun()
 bool AddrBookThread::moveStep(const AddrBookRecord& record)
 {
     AddrBookLogic* const pLogic = AddrBookLogic::Instance();
-    int iNewId = -1;
-    int iResult = pLogic->AddRecord(m_enTargetMemory, record.lstValues, iNewId);
-    AddrBookRecord* const pCopy = new (std::nothrow) AddrBookRecord(record);
+    bool bOk = false;
+    std::unique_ptr<AddrBookRecord> pCopy = storeRecord(m_enTargetMemory, record, bOk);
     if (pCopy == nullptr)
         return false;
-    pCopy->iID = iNewId;
-    bool bOk = iNewId >= 1 && iResult == ADDRBOOK_OK;
     if (bOk) {
         if (m_enTargetMemory == PB_MEM_LOCAL)
-            pLogic->AddAddrToGroup(PB_MEM_LOCAL, iNewId, m_iGroupId); // a failure goes unnoticed
-        iResult = pLogic->DelRecord(m_enSourceMemory, record.iID);
-        bOk = iResult == ADDRBOOK_OK;
+            pLogic->AddAddrToGroup(PB_MEM_LOCAL, pCopy->iID, m_iGroupId); // a failure goes unnoticed
+        bOk = pLogic->DelRecord(m_enSourceMemory, record.iID) == ADDRBOOK_OK;
     }
-    if (bOk && !CommonUtils::IsShuttingDown())
-        QUEUED_EMIT(addSelectDialogContact, m_enTargetMemory, iNewId, m_iGroupId);
-    reportMove(bOk, pCopy);
+    reportStored(&AddrBookThread::moveResult, m_enTargetMemory, bOk, std::move(pCopy));
     return true;
-}
-
-void AddrBookThread::reportMove(bool bResult, AddrBookRecord* pCopy)
-{
-    std::unique_ptr<AddrBookRecord> pOwned(pCopy);
-    const std::lock_guard<std::mutex> locker(m_mutexHandOver);
-    if (!CommonUtils::IsShuttingDown() && SIGNAL_RECEIVERS(moveResult, bool, qlonglong) > 0)
-        QUEUED_EMIT(moveResult, bResult, pointerToCarrier(pOwned.release()));
 }

@@ -16,6 +16,7 @@
 #include <QtTest>
 
 #include "SceneContacts.h"
+#include "SceneSteps.h"
 #include "SceneWindows.h"
 #include "orva/orva_sim.h"
 #include "shared/HostLink.h"
@@ -32,10 +33,10 @@ const int NODE_LOCAL = 0;
 const int NODE_CARD = 1;
 const int NODE_DEVICE = 2;
 QString s_strCsvFile;
-QList<QPointer<QTimer>> s_listSteps; // that are still to be done
 
 using Scenes::Child;
 using Scenes::closePopup;
+using Scenes::later;
 using Scenes::modal;
 using Scenes::popup;
 
@@ -125,23 +126,6 @@ void menuKey()
     QProcess::startDetached("xdotool", {"key", "Menu"});
 }
 
-// Does something in a moment, when a window that runs its own loop has come.
-void later(const std::function<bool()>& step)
-{
-    const QPointer<QTimer> pTimer = new QTimer(qApp);
-    QObject::connect(pTimer, &QTimer::timeout, pTimer, [pTimer, step] {
-        // The step may begin a loop in which its scene ends, and the timer with it.
-        const QPointer<QTimer> pDone(pTimer);
-        if (step() && pDone != nullptr) {
-            // At once: its deletion waits for the end of a loop that the step may have begun.
-            pDone->stop();
-            pDone->deleteLater();
-        }
-    });
-    pTimer->start(10);
-    s_listSteps.append(pTimer);
-}
-
 void answerBox(bool bYes)
 {
     later([bYes] {
@@ -172,7 +156,7 @@ void startImport(const std::function<void(QFileDialog*)>& step)
     phonebook("OnClickImport");
 }
 
-void addPages(QList<Scene>& listScenes)
+void addPhonebook(QList<Scene>& listScenes)
 {
     listScenes << scene(
         "phonebook",
@@ -216,6 +200,10 @@ void addPages(QList<Scene>& listScenes)
             QTest::keyClick(pTree->viewport()->findChild<QLineEdit*>(), Qt::Key_Escape);
             clickNode(node(NODE_LOCAL));
         });
+}
+
+void addMessages(QList<Scene>& listScenes)
+{
     listScenes << scene(
         "messages-empty", [] { click("linkhand_NavBar_Messages"); },
         [] { return mainWindowIf(seen("linkhand_Page_Messages") != nullptr); });
@@ -233,6 +221,10 @@ void addPages(QList<Scene>& listScenes)
                 click("linkhand_Messages_delete");
             }
         });
+}
+
+void addCalls(QList<Scene>& listScenes)
+{
     listScenes << scene(
         "calls-empty",
         [] {
@@ -294,7 +286,7 @@ void addMenus(QList<Scene>& listScenes)
         popup, closePopup);
 }
 
-void addDialogs(QList<Scene>& listScenes)
+void addContactDialogs(QList<Scene>& listScenes)
 {
     const auto closeEdit = [] { windowOf("AddrBookUIPlugin_New_Edit_Dlg")->close(); };
     listScenes << scene(
@@ -330,6 +322,10 @@ void addDialogs(QList<Scene>& listScenes)
             });
         },
         [] { return windowOf("ChoosePhoneNumber_buttonCancel"); }, [] { click("ChoosePhoneNumber_buttonCancel"); });
+}
+
+void addMessageDialogs(QList<Scene>& listScenes)
+{
     listScenes << scene(
         "sms", [] { click("linkhand_Messages_newSms"); }, [] { return windowOf("SMSUIPlugin_window"); },
         [] { click("SMSUIPlugin_buttonClose"); });
@@ -361,6 +357,10 @@ void addDialogs(QList<Scene>& listScenes)
             click("AddrBookUIPlugin_selectContacts_buttonCancel");
             click("SMSUIPlugin_buttonClose");
         });
+}
+
+void addProblems(QList<Scene>& listScenes)
+{
     listScenes << scene(
         "problems",
         [] {
@@ -375,7 +375,7 @@ void addDialogs(QList<Scene>& listScenes)
         });
 }
 
-void addFlows(QList<Scene>& listScenes)
+void addQuestions(QList<Scene>& listScenes)
 {
     const auto box = [] { return modal("QMessageBox"); };
     listScenes << scene(
@@ -399,6 +399,10 @@ void addFlows(QList<Scene>& listScenes)
                 return modal("QMessageBox") == nullptr;
             });
         });
+}
+
+void addImport(QList<Scene>& listScenes)
+{
     listScenes << scene(
         "open-file", [] { startImport([](QFileDialog*) {}); }, [] { return modal("QFileDialog"); },
         [] { modal("QFileDialog")->close(); });
@@ -411,6 +415,10 @@ void addFlows(QList<Scene>& listScenes)
             });
         },
         [] { return windowOf("AddrUIplugin_FieldMapokbtn"); }, [] { click("AddrUIplugin_FieldMapCancelbtn"); });
+}
+
+void addBatch(QList<Scene>& listScenes)
+{
     listScenes << scene(
         "waiting",
         [] {
@@ -453,33 +461,20 @@ bool Scenes::Fill(const QString& strFolder)
 QList<Scene> Scenes::All()
 {
     QList<Scene> listScenes;
-    addPages(listScenes);
+    addPhonebook(listScenes);
+    addMessages(listScenes);
+    addCalls(listScenes);
     // The first steps leave the phonebook with its contacts on the screen, where the others begin.
     listScenes << scene(
         "phonebook-again", [] { clickNode(node(NODE_LOCAL)); }, [] { return mainWindowIf(shown(20)); });
     addMenus(listScenes);
-    addDialogs(listScenes);
-    addFlows(listScenes);
+    addContactDialogs(listScenes);
+    addMessageDialogs(listScenes);
+    addProblems(listScenes);
+    addQuestions(listScenes);
+    addImport(listScenes);
+    addBatch(listScenes);
     return listScenes;
-}
-
-bool Scenes::StepsLeft()
-{
-    foreach (const QPointer<QTimer>& pTimer, s_listSteps) {
-        if (pTimer && pTimer->isActive()) {
-            return true;
-        }
-    }
-    s_listSteps.clear();
-    return false;
-}
-
-void Scenes::DropSteps()
-{
-    foreach (const QPointer<QTimer>& pTimer, s_listSteps) {
-        delete pTimer.data();
-    }
-    s_listSteps.clear();
 }
 
 int Scenes::Rows()

@@ -44,6 +44,59 @@ private:
         }
     }
 
+    // The event comes with that record: it is in the queue in front of the record's result.
+    static void arrange(WindowFixture& f, const BatchFlow& flow, int at, Event event, bool& happened, bool& refused)
+    {
+        FakeSdk::onCall(flow.call(), at, [&f, &happened, &refused, event] {
+            if (event == ShutDown)
+                FakeCore::setShuttingDown(true);
+            QMetaObject::invokeMethod(
+                qApp,
+                [&f, &happened, &refused, event] {
+                    happen(f, event, refused);
+                    happened = true;
+                },
+                Qt::QueuedConnection);
+        });
+    }
+
+    static void checkIdle(const WindowFixture& f)
+    {
+        QVERIFY(!f.in().worker().isRunning());
+        QCOMPARE(f.in().operation(), ADDRBOOK_OP_NONE);
+        QVERIFY(f.in().waitingDialog().isNull());
+    }
+
+    // The alert, the tree and the table say what the store holds.
+    static void checkCounts(const WindowFixture& f, const BatchFlow& flow, int done, bool gone)
+    {
+        QStringList alerts = FakeCore::messageTexts();
+        alerts.removeAll("IDS_FLEXIT_UI_DELETE_ITEM");
+        QCOMPARE(alerts, flow.alert(done).isEmpty() ? QStringList() : QStringList(flow.alert(done)));
+        if (gone) {
+            QVERIFY(f.in().sim() == nullptr);
+            QCOMPARE(f.table()->rowCount(), FakeSdk::recordIds(4).size());
+            return;
+        }
+        QCOMPARE(f.table()->rowCount(), flow.stored());
+        QTreeWidgetItem* node = f.tree()->currentItem();
+        QVERIFY2(node->text(0).contains(QString("(%1").arg(flow.stored())), qPrintable(node->text(0)));
+    }
+
+    // The next batch finds everything as it should be.
+    static void checkNextBatch(WindowFixture& f)
+    {
+        f.window()->show();
+        f.click(f.in().local());
+        const int left = FakeSdk::recordIds(4).size();
+        f.selectRows({});
+        if (left > 0)
+            f.selectRows({0});
+        f.window()->OnButtonClickedDeleteContact();
+        QVERIFY(Contacts::waitBatch(f));
+        QCOMPARE(FakeSdk::recordIds(4).size(), qMax(left - 1, 0));
+    }
+
 private slots:
     void initTestCase() { QApplication::setQuitOnLastWindowClosed(false); }
 
@@ -79,18 +132,7 @@ private slots:
         flow.prepare(f);
         bool happened = false;
         bool refused = false;
-        // The event is in the queue in front of the record's result.
-        FakeSdk::onCall(flow.call(), at, [&, event] {
-            if (event == ShutDown)
-                FakeCore::setShuttingDown(true);
-            QMetaObject::invokeMethod(
-                qApp,
-                [&, event] {
-                    happen(f, Event(event), refused);
-                    happened = true;
-                },
-                Qt::QueuedConnection);
-        });
+        arrange(f, flow, at, Event(event), happened, refused);
         flow.start(f);
         QVERIFY(f.in().threadBusy());
         QTRY_VERIFY_WITH_TIMEOUT(happened, 20000);
@@ -102,9 +144,7 @@ private slots:
             return;
         }
         QVERIFY(Contacts::waitBatch(f));
-        QVERIFY(!f.in().worker().isRunning());
-        QCOMPARE(f.in().operation(), ADDRBOOK_OP_NONE);
-        QVERIFY(f.in().waitingDialog().isNull());
+        checkIdle(f);
         const int done = flow.done();
         const bool gone = event == DeviceOut && flow.isOnCard();
         if (gone) {
@@ -120,29 +160,8 @@ private slots:
             FakeCore::setShuttingDown(false);
             return;
         }
-        // Counts: the alert, the tree and the table say what the store holds.
-        QStringList alerts = FakeCore::messageTexts();
-        alerts.removeAll("IDS_FLEXIT_UI_DELETE_ITEM");
-        QCOMPARE(alerts, flow.alert(done).isEmpty() ? QStringList() : QStringList(flow.alert(done)));
-        if (gone) {
-            QVERIFY(f.in().sim() == nullptr);
-            QCOMPARE(f.table()->rowCount(), FakeSdk::recordIds(4).size());
-        } else {
-            QCOMPARE(f.table()->rowCount(), flow.stored());
-            QTreeWidgetItem* node = f.tree()->currentItem();
-            QVERIFY2(node->text(0).contains(QString("(%1").arg(flow.stored())), qPrintable(node->text(0)));
-        }
-
-        // The next batch finds everything as it should be.
-        f.window()->show();
-        f.click(f.in().local());
-        const int left = FakeSdk::recordIds(4).size();
-        f.selectRows({});
-        if (left > 0)
-            f.selectRows({0});
-        f.window()->OnButtonClickedDeleteContact();
-        QVERIFY(Contacts::waitBatch(f));
-        QCOMPARE(FakeSdk::recordIds(4).size(), qMax(left - 1, 0));
+        checkCounts(f, flow, done, gone);
+        checkNextBatch(f);
     }
 };
 

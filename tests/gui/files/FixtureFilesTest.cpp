@@ -130,6 +130,67 @@ private:
         sendMouse(pFields->viewport(), QEvent::MouseMove, place, Qt::NoButton);
     }
 
+    // Which column a person would drag where; a name out of two columns takes the first alone.
+    struct DraggedMap {
+        QList<int> lstColumns; // by field, -1: none
+        bool bJoinedName = false;
+    };
+
+    static DraggedMap draggedMap(const QStringList& lstTitles)
+    {
+        std::vector<std::string> titles;
+        for (const QString& strTitle : lstTitles)
+            titles.push_back(strTitle.toStdString());
+        const orva::ColumnGuess guess(titles);
+        DraggedMap map;
+        map.bJoinedName = guess.forLabel("ID_STR_NAME") >= TWO_COLUMNS;
+        for (const char* szLabel : {"ID_STR_NAME", "ID_STR_MOBILE_PHONE", "ID_STR_BUSINESS_PHONE", "ID_STR_HOME_PHONE",
+                                    "ID_STR_EMAIL", "ID_STR_NOTES"}) {
+            const int iColumn = guess.forLabel(szLabel);
+            map.lstColumns << (iColumn >= TWO_COLUMNS ? iColumn % TWO_COLUMNS : iColumn);
+        }
+        return map;
+    }
+
+    // What the user does in the field map. False while the dialog is another one.
+    static bool mapFields(QDialog* pDialog, const DraggedMap& map, int iTitles, QStringList& lstShown)
+    {
+        auto* pOk = pDialog->findChild<QPushButton*>("AddrUIplugin_FieldMapokbtn");
+        if (pOk == nullptr)
+            return false;
+        const QList<QTableWidget*> listTables = pDialog->findChildren<QTableWidget*>();
+        const bool bTitlesFirst = listTables.at(0)->columnCount() == 1;
+        QTableWidget* pTitles = listTables.at(bTitlesFirst ? 0 : 1);
+        QTableWidget* pFields = listTables.at(bTitlesFirst ? 1 : 0);
+        for (int iRow = 0; iRow < iTitles; ++iRow)
+            lstShown << pTitles->item(iRow, 0)->text();
+        for (int iField = 0; iField < map.lstColumns.size(); ++iField) {
+            if (map.lstColumns.at(iField) >= 0)
+                drop(pTitles, map.lstColumns.at(iField), pFields, iField);
+            else
+                pFields->item(iField, 1)->setText(" ");
+        }
+        pOk->click();
+        return true;
+    }
+
+    static void compareStored(const QStringList& lstExpected, bool bJoinedName)
+    {
+        const QList<QStringList> listStored = stored();
+        QCOMPARE(listStored.size(), lstExpected.size());
+        for (int i = 0; i < listStored.size(); ++i) {
+            QStringList lstWanted = lstExpected.at(i).split('\t').mid(1, 6);
+            if (bJoinedName) {
+                // The first of the two columns alone, which may be empty.
+                const QString& strFirst = listStored.at(i).first();
+                QVERIFY2(strFirst.isEmpty() || QString(lstWanted.first() + ' ').startsWith(strFirst + ' '),
+                         qPrintable(strFirst));
+                lstWanted.first() = strFirst;
+            }
+            QCOMPARE(listStored.at(i), lstWanted);
+        }
+    }
+
     static void import()
     {
         for (QWidget* pWidget : QApplication::allWidgets()) {
@@ -197,19 +258,7 @@ private slots:
         QStringList lstExpected = QString::fromUtf8(expectedFile.readAll()).split('\n');
         const QStringList lstTitles = lstExpected.takeFirst().split(',');
         lstExpected.removeAll(QString());
-
-        // Which column a person would drag where.
-        std::vector<std::string> titles;
-        for (const QString& strTitle : lstTitles)
-            titles.push_back(strTitle.toStdString());
-        const orva::ColumnGuess guess(titles);
-        const bool bJoinedName = guess.forLabel("ID_STR_NAME") >= TWO_COLUMNS;
-        QList<int> lstMap;
-        for (const char* szLabel : {"ID_STR_NAME", "ID_STR_MOBILE_PHONE", "ID_STR_BUSINESS_PHONE", "ID_STR_HOME_PHONE",
-                                    "ID_STR_EMAIL", "ID_STR_NOTES"}) {
-            const int iColumn = guess.forLabel(szLabel);
-            lstMap << (iColumn >= TWO_COLUMNS ? iColumn % TWO_COLUMNS : iColumn);
-        }
+        const DraggedMap map = draggedMap(lstTitles);
 
         // The dialog wants the extension.
         const QString strPath = m_folder->filePath("theirs.csv");
@@ -221,44 +270,14 @@ private slots:
         });
         QTimer mapper;
         QStringList lstShown;
-        onDialog<QDialog>(mapper, [&](QDialog* pDialog) {
-            auto* pOk = pDialog->findChild<QPushButton*>("AddrUIplugin_FieldMapokbtn");
-            if (pOk == nullptr)
-                return false;
-            const QList<QTableWidget*> listTables = pDialog->findChildren<QTableWidget*>();
-            const bool bTitlesFirst = listTables.at(0)->columnCount() == 1;
-            QTableWidget* pTitles = listTables.at(bTitlesFirst ? 0 : 1);
-            QTableWidget* pFields = listTables.at(bTitlesFirst ? 1 : 0);
-            for (int iRow = 0; iRow < lstTitles.size(); ++iRow)
-                lstShown << pTitles->item(iRow, 0)->text();
-            for (int iField = 0; iField < lstMap.size(); ++iField) {
-                if (lstMap.at(iField) >= 0)
-                    drop(pTitles, lstMap.at(iField), pFields, iField);
-                else
-                    pFields->item(iField, 1)->setText(" ");
-            }
-            pOk->click();
-            return true;
-        });
+        onDialog<QDialog>(mapper,
+                          [&](QDialog* pDialog) { return mapFields(pDialog, map, lstTitles.size(), lstShown); });
         import();
         QVERIFY(!chooser.isActive() && !mapper.isActive());
         QCOMPARE(lstShown, lstTitles);
         QTRY_COMPARE(m_host->m_lstSaid,
                      QStringList(QString("Contacts found: %1, imported: %1").arg(lstExpected.size())));
-
-        const QList<QStringList> listStored = stored();
-        QCOMPARE(listStored.size(), lstExpected.size());
-        for (int i = 0; i < listStored.size(); ++i) {
-            QStringList lstWanted = lstExpected.at(i).split('\t').mid(1, 6);
-            if (bJoinedName) {
-                // The first of the two columns alone, which may be empty.
-                const QString& strFirst = listStored.at(i).first();
-                QVERIFY2(strFirst.isEmpty() || QString(lstWanted.first() + ' ').startsWith(strFirst + ' '),
-                         qPrintable(strFirst));
-                lstWanted.first() = strFirst;
-            }
-            QCOMPARE(listStored.at(i), lstWanted);
-        }
+        compareStored(lstExpected, map.bJoinedName);
     }
 };
 

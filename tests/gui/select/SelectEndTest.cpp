@@ -1,22 +1,18 @@
-#include "SelectSupport.h"
+#include "SelectWorkers.h"
 
 #include <QPointer>
 #include <QWidget>
 
 #include <memory>
 
+using namespace SelectWorkers;
+
 // The window ends at once, whatever a slow memory still has to give: the worker in hand ends behind its record.
 class SelectEndTest : public SelectTestBase
 {
     Q_OBJECT
 
-    enum Worker { FirstRead, Card, Device, Groups, Contacts };
-    enum Act { Ok, Cancel, Close, ShutDown, LogicGoes, MainWindowGoes };
-
-    static const char* recordCall(int worker)
-    {
-        return worker == Groups || worker == Contacts ? "GetAddrRecord" : "AddrRecordSet_GetID";
-    }
+    enum OwnAct { LogicGoes = FirstOfATest, MainWindowGoes };
 
     // Enough that a worker is a minute away from its end by itself.
     static void fill(int worker)
@@ -36,48 +32,17 @@ class SelectEndTest : public SelectTestBase
         }
     }
 
-    static bool isRunning(AddrBookSelectContactsDlgAccess& access, int worker)
-    {
-        switch (worker) {
-        case FirstRead:
-            return access.threads() > 0;
-        case Card:
-            return access.simThread() != nullptr;
-        case Device:
-            return access.deviceThread() != nullptr;
-        case Groups:
-            return access.groupsThread() != nullptr;
-        default:
-            return access.contactsThread() != nullptr || access.filled();
-        }
-    }
-
     static void act(Picker& picker, int what, std::unique_ptr<QWidget>& mainWindow)
     {
-        switch (what) {
-        case Ok:
-            picker.access.ok()->click();
-            break;
-        case Cancel:
-            picker.access.cancel()->click();
-            break;
-        case ShutDown:
-            FakeCore::setShuttingDown(true);
-            picker.access.window()->close();
-            break;
-        case LogicGoes:
+        if (what == LogicGoes) {
             AddrBookLogic::Destroy();
-            picker.access.window()->close();
-            break;
-        case MainWindowGoes:
+        } else if (what == MainWindowGoes) {
             FakeCore::setMainWindow(nullptr);
             picker.dialog.release(); // a child of the window by now
             mainWindow.reset();
-            break;
-        default:
-            picker.access.window()->close();
-            break;
+            return;
         }
+        SelectWorkers::act(picker, what);
     }
 
 private slots:
@@ -88,15 +53,13 @@ private slots:
     {
         QTest::addColumn<int>("worker");
         QTest::addColumn<int>("what");
-        const QList<QPair<const char*, int>> workers = {
-            {"first read", FirstRead}, {"card", Card}, {"device", Device}, {"groups", Groups}, {"contacts", Contacts}};
         const QList<QPair<const char*, int>> acts = {{"OK", Ok},
                                                      {"Cancel", Cancel},
                                                      {"close", Close},
                                                      {"the program's end", ShutDown},
                                                      {"the logic's end", LogicGoes},
                                                      {"the main window's end", MainWindowGoes}};
-        for (const auto& worker : workers) {
+        for (const auto& worker : SelectWorkers::all()) {
             for (const auto& what : acts)
                 QTest::newRow(QByteArray(worker.first) + ", " + what.first) << worker.second << what.second;
         }
@@ -115,11 +78,15 @@ private slots:
         Picker picker;
         const QPointer<AddrBookSelectContactsDlg> dialog(picker.dialog.get());
         int before = 0;
-        picker.run([&] { return isRunning(picker.access, worker) && (worker == Contacts || FakeSdk::count(call) > 1); },
-                   [&] {
-                       before = FakeSdk::count(call);
-                       act(picker, what, mainWindow);
-                   });
+        picker.run(
+            [&] {
+                return worker == Contacts ? isRunning(picker.access, worker) || picker.access.filled()
+                                          : isRunning(picker.access, worker) && FakeSdk::count(call) > 1;
+            },
+            [&] {
+                before = FakeSdk::count(call);
+                act(picker, what, mainWindow);
+            });
         picker.dialog.reset();
         QVERIFY(dialog.isNull());
         QVERIFY2(FakeSdk::count(call) - before <= 1,

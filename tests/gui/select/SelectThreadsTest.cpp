@@ -1,4 +1,4 @@
-#include "SelectSupport.h"
+#include "SelectWorkers.h"
 
 #include <QScopeGuard>
 #include <QThread>
@@ -6,13 +6,14 @@
 #include <atomic>
 #include <thread>
 
+using namespace SelectWorkers;
+
 // The five workers under everything that can happen to the dialog meanwhile.
 class SelectThreadsTest : public SelectTestBase
 {
     Q_OBJECT
 
-    enum Worker { FirstRead, Card, Device, Groups, Contacts };
-    enum Act { Delete, Ok, Cancel, Close, ShutDown, Quit };
+    enum OwnAct { Quit = FirstOfATest };
 
     static void fill(int contacts)
     {
@@ -32,47 +33,16 @@ class SelectThreadsTest : public SelectTestBase
         }
     }
 
-    static bool isRunning(AddrBookSelectContactsDlgAccess& access, Worker worker)
+    static void act(Picker& picker, int what)
     {
-        switch (worker) {
-        case FirstRead:
-            return access.threads() > 0;
-        case Card:
-            return access.simThread() != nullptr;
-        case Device:
-            return access.deviceThread() != nullptr;
-        case Groups:
-            return access.groupsThread() != nullptr;
-        case Contacts:
-            return access.contactsThread() != nullptr;
-        }
-        return false;
-    }
-
-    static void act(Picker& picker, Act what)
-    {
-        switch (what) {
-        case Ok:
-            picker.access.ok()->click();
-            break;
-        case Cancel:
-            picker.access.cancel()->click();
-            break;
-        case ShutDown:
-            FakeCore::setShuttingDown(true);
-            picker.access.window()->close();
-            break;
-        case Quit:
+        if (what == Quit)
             QCoreApplication::quit();
-            break;
-        default:
-            picker.access.window()->close();
-            break;
-        }
+        else
+            SelectWorkers::act(picker, what);
     }
 
     // Runs the dialog inside an application's loop, as the host does.
-    static void runToEnd(Worker worker, Act what)
+    static void runToEnd(int worker, int what)
     {
         QTimer::singleShot(0, qApp, [=] {
             const auto end = qScopeGuard([] { QCoreApplication::quit(); }); // also when a check leaves early
@@ -102,22 +72,19 @@ private slots:
     void theDialogGoesWhileAWorkerRuns_data()
     {
         QTest::addColumn<int>("worker");
-        QTest::newRow("first read") << int(FirstRead);
-        QTest::newRow("card") << int(Card);
-        QTest::newRow("device") << int(Device);
-        QTest::newRow("groups") << int(Groups);
-        QTest::newRow("contacts") << int(Contacts);
+        for (const auto& entry : SelectWorkers::all())
+            QTest::newRow(entry.first) << entry.second;
     }
     void theDialogGoesWhileAWorkerRuns()
     {
         QFETCH(int, worker);
         fill(300);
         if (worker != Contacts)
-            FakeSdk::setDelay(worker == Groups ? "GetAddrRecord" : "AddrRecordSet_GetID", 1);
+            FakeSdk::setDelay(recordCall(worker), 1);
         Picker picker;
         // Delivers results without an event loop, so that the dialog can go between two of them.
         const QDeadlineTimer deadline(20000);
-        while (!isRunning(picker.access, static_cast<Worker>(worker)) && !deadline.hasExpired()) {
+        while (!isRunning(picker.access, worker) && !deadline.hasExpired()) {
             QCoreApplication::sendPostedEvents(picker.dialog.get(), QEvent::MetaCall);
             QThread::yieldCurrentThread();
         }
@@ -130,13 +97,11 @@ private slots:
     {
         QTest::addColumn<int>("worker");
         QTest::addColumn<int>("what");
-        const QList<QPair<const char*, Worker>> workers = {
-            {"first read", FirstRead}, {"card", Card}, {"device", Device}, {"groups", Groups}, {"contacts", Contacts}};
-        const QList<QPair<const char*, Act>> acts = {
+        const QList<QPair<const char*, int>> acts = {
             {"OK", Ok}, {"Cancel", Cancel}, {"close", Close}, {"shut down", ShutDown}, {"quit", Quit}};
-        for (const auto& worker : workers) {
+        for (const auto& entry : SelectWorkers::all()) {
             for (const auto& what : acts)
-                QTest::newRow(QByteArray(worker.first) + ", " + what.first) << int(worker.second) << int(what.second);
+                QTest::newRow(QByteArray(entry.first) + ", " + what.first) << entry.second << what.second;
         }
     }
     void theUserEndsTheDialogWhileAWorkerRuns()
@@ -144,8 +109,8 @@ private slots:
         QFETCH(int, worker);
         QFETCH(int, what);
         fill(100);
-        FakeSdk::setDelay(worker == Groups ? "GetAddrRecord" : "AddrRecordSet_GetID", worker == Contacts ? 0 : 1);
-        runToEnd(static_cast<Worker>(worker), static_cast<Act>(what));
+        FakeSdk::setDelay(recordCall(worker), worker == Contacts ? 0 : 1);
+        runToEnd(worker, what);
     }
 
     void theDeviceComesAndGoesThirtyTimesWhileTheTreeFills()

@@ -2,7 +2,9 @@
 #include <QMenu>
 #include <QObject>
 
-#include "WindowFixture.h"
+#include "ToolItems.h"
+
+using namespace ToolItems;
 
 // What is enabled, over all combinations of siblings, settings, network, radio, node and selection.
 class MenuRulesTest : public QObject
@@ -10,9 +12,6 @@ class MenuRulesTest : public QObject
     Q_OBJECT
 
 private:
-    enum Selection { None, One, Several };
-    enum State { Off, On, Same };
-
     static QMap<QString, bool> states(const WindowFixture& f)
     {
         QMap<QString, bool> map;
@@ -21,11 +20,6 @@ private:
         for (const MENU::QActionInfo& info : f.in().treeActions())
             map.insert("tree " + info.strId, info.pAction->isEnabled());
         return map;
-    }
-
-    static void select(const WindowFixture& f, Selection selection)
-    {
-        f.selectRows(selection == None ? QList<int>{} : selection == One ? QList<int>{1} : QList<int>{0, 1});
     }
 
     // The entries that depend on the status the menu is prepared for; what is not named stays.
@@ -58,36 +52,6 @@ private:
         case ADDRBOOK_ENABLE_TABLE_IN_GROUP:
             map["table IDS_PMMENU_REMFRGRP"] = selection != None;
             return;
-        }
-    }
-
-    // Sets all four tool items and the two entries that follow them.
-    static void preset(const WindowFixture& f, bool on)
-    {
-        for (int id : {TOOL_EDIT, TOOL_DELETE, TOOL_CALL, TOOL_SEND}) {
-            if (on)
-                f.window()->enableItem(id);
-            else
-                f.window()->disableItem(id);
-        }
-        f.window()->updateTableSend(on);
-        f.window()->updateTableCall(on);
-    }
-
-    static void compare(const WindowFixture& f, const QList<int>& expected, bool before, const char* event)
-    {
-        const bool now[] = {f.button(TOOL_EDIT)->isEnabled(),
-                            f.button(TOOL_DELETE)->isEnabled(),
-                            f.button(TOOL_CALL)->isEnabled(),
-                            f.button(TOOL_SEND)->isEnabled(),
-                            f.tableAction("IDS_PMMENU_SEND_MSG")->isEnabled(),
-                            f.tableAction("IDS_PMMENU_CALL")->isEnabled()};
-        static const char* const s_names[] = {"9001", "9002", "9003", "9005", "send", "call"};
-        for (int i = 0; i < 6; ++i) {
-            const bool wanted = expected.at(i) == Same ? before : expected.at(i) == On;
-            QVERIFY2(now[i] == wanted, qPrintable(QString("%1: %2 is %3, was %4")
-                                                      .arg(event, s_names[i])
-                                                      .arg(now[i] ? "on" : "off", before ? "on" : "off")));
         }
     }
 
@@ -303,128 +267,6 @@ private slots:
         f.build();
         QAction* const first = f.tableAction("IDS_PMMENU_SEND_MMS");
         QVERIFY(f.in().tableMenu()->actions().contains(first));
-    }
-
-    void everyEventOnTheToolItems_data()
-    {
-        QTest::addColumn<bool>("before");
-        QTest::newRow("all were on") << true;
-        QTest::newRow("all were off") << false;
-    }
-    void everyEventOnTheToolItems()
-    {
-        QFETCH(bool, before);
-        WindowFixture f;
-        WindowFixture::fillStores();
-        f.build();
-        AddrBookDlg* const w = f.window();
-        const auto online = [w](bool on) {
-            w->OnRFStatusChanged(false);
-            w->OnNetStatusChanged(on);
-        };
-        const auto offByRadio = [w] {
-            w->OnNetStatusChanged(true);
-            w->OnRFStatusChanged(true);
-        };
-        const QList<int> allOff{Off, Off, Off, Off, Off, Off};
-
-        // The selection alone: with no record to show, the preview changes nothing.
-        FakeSdk::failAlways("GetAddrRecord");
-        struct Event {
-            const char* name;
-            Selection selection;
-            bool online;
-            QList<int> expected;
-        };
-        const QList<Event> selections{
-            {"selection none, online", None, true, allOff},
-            {"selection none, offline", None, false, allOff},
-            {"selection one, online", One, true, {On, On, On, On, On, On}},
-            {"selection one, offline", One, false, {On, On, Same, Same, Same, Same}},
-            {"selection several, online", Several, true, {Off, On, Off, On, On, Off}},
-            {"selection several, offline", Several, false, {Off, On, Same, Same, Same, Same}},
-        };
-        for (const Event& event : selections) {
-            select(f, event.selection);
-            for (int how = 0; how < (event.online ? 1 : 2); ++how) {
-                if (how == 0)
-                    online(event.online);
-                else
-                    offByRadio();
-                preset(f, before);
-                w->OnTableItemSelectionChanged();
-                compare(f, event.expected, before, event.name);
-            }
-        }
-        FakeSdk::clearFailures();
-
-        const QList<Event> previews{
-            {"preview of one row, online", One, true, {On, On, On, On, On, On}},
-            {"preview of one row, offline", One, false, {On, On, Off, Same, Same, Off}},
-            {"preview of several, online", Several, true, {Off, On, Off, On, On, Off}},
-            {"preview of several, offline", Several, false, {Off, On, Off, Same, Same, Off}},
-            {"preview without a selected row", None, true, {Off, Same, Off, Same, Same, Off}},
-        };
-        for (const Event& event : previews) {
-            select(f, event.selection);
-            online(event.online);
-            preset(f, before);
-            QString text;
-            w->constructPreview(1, 6, text, tableRowData(f.table()->item(1, 0)));
-            compare(f, event.expected, before, event.name);
-        }
-
-        const QList<Event> networks{
-            {"network up, one row", One, true, {Same, Same, On, On, On, On}},
-            {"network up, several", Several, true, {Same, Same, Same, On, On, Same}},
-            {"network up, none", None, true, {Same, Same, Same, Same, Same, Same}},
-            {"network down, one row", One, false, {Same, Same, Off, Off, Off, Off}},
-        };
-        for (const Event& event : networks) {
-            select(f, event.selection);
-            w->OnRFStatusChanged(false);
-            preset(f, before);
-            w->OnNetStatusChanged(event.online);
-            compare(f, event.expected, before, event.name);
-            w->OnRFStatusChanged(true);
-            preset(f, before);
-            w->OnNetStatusChanged(event.online);
-            compare(f, {Same, Same, Off, Off, Off, Off}, before, "network with the radio off");
-        }
-
-        const QList<Event> radios{
-            {"radio on, network up, one row", One, true, {Same, Same, On, On, On, On}},
-            {"radio on, network up, several", Several, true, {Same, Same, On, On, On, On}},
-            {"radio on, network up, none", None, true, {Same, Same, Same, Same, Same, Same}},
-            {"radio on, network down", One, false, {Same, Same, Off, Off, Off, Off}},
-        };
-        for (const Event& event : radios) {
-            select(f, event.selection);
-            w->OnNetStatusChanged(event.online);
-            preset(f, before);
-            w->OnRFStatusChanged(false);
-            compare(f, event.expected, before, event.name);
-            preset(f, before);
-            w->OnRFStatusChanged(true);
-            compare(f, {Same, Same, Off, Off, Off, Off}, before, "radio off");
-        }
-
-        select(f, None);
-        preset(f, before);
-        w->OnTableEmptyAreaRightClicked();
-        compare(f, allOff, before, "empty area, none");
-        preset(f, before);
-        w->OnTableClicked(-1, -1);
-        compare(f, allOff, before, "click on nothing, none");
-        select(f, One);
-        preset(f, before);
-        w->OnTableEmptyAreaRightClicked();
-        compare(f, {Same, Same, Same, Same, Same, Same}, before, "empty area, one");
-        preset(f, before);
-        f.in().current() = nullptr;
-        w->OnTreeClicked(f.in().local());
-        compare(f, allOff, before, "switch of node");
-        QVERIFY(f.waitRead());
     }
 
     // The same rules behind each other, in an order that no hand would write down.

@@ -97,6 +97,15 @@ struct Expected {
     std::set<long> doubtful;                 // identifiers of steps that were not acknowledged
     long lastSerial = 0;
     long lastId = 0; // of those that were committed
+
+    // For a round on an empty store, which counts on behind this identifier.
+    void beginAnew(long id)
+    {
+        certain.clear();
+        members.clear();
+        doubtful.clear();
+        lastId = id;
+    }
 };
 
 void learn(Expected& expected, const std::string& told)
@@ -164,6 +173,56 @@ Found readAll()
     return found;
 }
 
+// Lets a child write for a while, kills it and gives what it told.
+std::string writeAndKill(const std::string& data, long serial, std::chrono::microseconds time)
+{
+    Child child({"--write", data, std::to_string(serial)});
+    std::string line;
+    REQUIRE(child.readLine(line));
+    child.readFor(time);
+    child.kill();
+    child.readAll();
+    CHECK_EQ(child.wait(), -SIGKILL);
+    return child.text();
+}
+
+void checkRecords(Expected& expected, const Found& found)
+{
+    CHECK_EQ(found.wrong, 0);
+    int missing = 0;
+    for (const long id : expected.certain) {
+        const auto record = found.names.find(id);
+        if (record == found.names.end()) {
+            ++missing;
+            expected.doubtful.insert(id);
+            continue;
+        }
+        CHECK_EQ(record->second, u"N" + digits(expected.serialOf[id]));
+    }
+    // At most a deletion that was done and not yet told.
+    CHECK(missing <= 1);
+}
+
+void checkMembers(const Expected& expected)
+{
+    for (const auto& member : expected.members) {
+        if (expected.doubtful.count(member.second) != 0)
+            continue;
+        const std::vector<int> members = membersOf(static_cast<int>(member.first));
+        CHECK(std::find(members.begin(), members.end(), static_cast<int>(member.second)) != members.end());
+    }
+}
+
+void emptyTheStore()
+{
+    REQUIRE(ORVA_PBSrv_BeginTransaction(local) == ORVA_OK);
+    for (const int id : idsOf(local))
+        CHECK_EQ(ORVA_PBSrv_DelAddrRec(id, local), ORVA_OK);
+    for (const int id : groupIds())
+        CHECK_EQ(ORVA_PBSrv_DelGroup(id, local), ORVA_OK);
+    REQUIRE(ORVA_PBSrv_EndTransaction(local) == ORVA_OK);
+}
+
 } // namespace
 
 TEST(nothingAcknowledgedIsLostByAKill)
@@ -175,55 +234,22 @@ TEST(nothingAcknowledgedIsLostByAKill)
     Expected expected;
     long acknowledged = 0;
     for (int round = 0; round < kills; ++round) {
-        Child child({"--write", data, std::to_string(expected.lastSerial + 1000)});
-        std::string line;
-        REQUIRE(child.readLine(line));
-        child.readFor(std::chrono::microseconds(random() % 60000));
-        child.kill();
-        child.readAll();
-        CHECK_EQ(child.wait(), -SIGKILL);
-
         // The deletion that was under way can be any record of this child; its own certain ones are checked but for
         // one.
-        learn(expected, child.text());
+        learn(expected, writeAndKill(data, expected.lastSerial + 1000, std::chrono::microseconds(random() % 60000)));
         CHECK_EQ(RawStore(data).findings(), "");
         REQUIRE(ORVA_Sim_Reset(data.c_str()) == ORVA_OK);
         const Found found = readAll();
-        CHECK_EQ(found.wrong, 0);
-        int missing = 0;
-        for (const long id : expected.certain) {
-            const auto record = found.names.find(id);
-            if (record == found.names.end()) {
-                ++missing;
-                expected.doubtful.insert(id);
-                continue;
-            }
-            CHECK_EQ(record->second, u"N" + digits(expected.serialOf[id]));
-        }
-        // At most a deletion that was done and not yet told.
-        CHECK(missing <= 1);
-        for (const auto& member : expected.members) {
-            if (expected.doubtful.count(member.second) != 0)
-                continue;
-            const std::vector<int> members = membersOf(static_cast<int>(member.first));
-            CHECK(std::find(members.begin(), members.end(), static_cast<int>(member.second)) != members.end());
-        }
+        checkRecords(expected, found);
+        checkMembers(expected);
         acknowledged += static_cast<long>(expected.certain.size());
         // No identifier of a committed record comes twice, not even of a deleted one.
         const int next = add(local, fieldsOf(expected.lastSerial + 500));
         CHECK(next > expected.lastId);
         CHECK(found.names.count(next) == 0);
         // The next round starts on an empty store, in the same file.
-        REQUIRE(ORVA_PBSrv_BeginTransaction(local) == ORVA_OK);
-        for (const int id : idsOf(local))
-            CHECK_EQ(ORVA_PBSrv_DelAddrRec(id, local), ORVA_OK);
-        for (const int id : groupIds())
-            CHECK_EQ(ORVA_PBSrv_DelGroup(id, local), ORVA_OK);
-        REQUIRE(ORVA_PBSrv_EndTransaction(local) == ORVA_OK);
-        expected.certain.clear();
-        expected.members.clear();
-        expected.doubtful.clear();
-        expected.lastId = next;
+        emptyTheStore();
+        expected.beginAnew(next);
         // Let the child have the store to itself.
         REQUIRE(ORVA_Sim_Reset(data.c_str()) == ORVA_OK);
     }

@@ -2,6 +2,7 @@
 //
 // The normal run takes a sample of the steps, LINKHAND_FULL=1 every one.
 
+#include <algorithm>
 #include <atomic>
 #include <cstdlib>
 #include <map>
@@ -36,10 +37,8 @@ struct Ledger {
     }
 };
 
-// A day in the life of a store. Each call's result goes into the ledger.
-void live(Ledger& ledger)
+void addOneByOne(Ledger& ledger)
 {
-    // One by one.
     for (int i = 0; i < 3; ++i) {
         const long id = tryAdd(local, {{"Name", digits(i)}, {"remark", Text(200, u'r')}});
         if (id > 0)
@@ -47,27 +46,35 @@ void live(Ledger& ledger)
         else
             ledger.failed(-id);
     }
-    const long group = tryAddGroup(u"group");
-    if (group < 0)
-        ledger.failed(-group);
-    // A transaction: certain only when its end says so.
-    std::map<int, Text> open;
-    std::set<int> gone;
-    if (const long begun = ORVA_PBSrv_BeginTransaction(local); begun != ORVA_OK)
-        ledger.failed(begun);
+}
+
+// Twenty records, each into the group if there is one. Gives those that were taken, by identifier.
+std::map<int, Text> addMembers(Ledger& ledger, long group)
+{
+    std::map<int, Text> added;
     for (int i = 10; i < 30; ++i) {
         const long id = tryAdd(local, {{"Name", digits(i)}, {"remark", Text(400, u's')}});
         if (id < 0) {
             ledger.failed(-id);
             continue;
         }
-        open[static_cast<int>(id)] = digits(i);
+        added[static_cast<int>(id)] = digits(i);
         if (group > 0) {
             const long joined = ORVA_PBSrv_AddAddrToGroup(static_cast<int>(group), static_cast<int>(id), local);
             if (joined != ORVA_OK)
                 ledger.failed(joined);
         }
     }
+    return added;
+}
+
+// A transaction with additions and a deletion: certain only when its end says so.
+void changeInATransaction(Ledger& ledger, long group)
+{
+    std::set<int> gone;
+    if (const long begun = ORVA_PBSrv_BeginTransaction(local); begun != ORVA_OK)
+        ledger.failed(begun);
+    const std::map<int, Text> open = addMembers(ledger, group);
     if (!ledger.certain.empty()) {
         const int first = ledger.certain.begin()->first;
         const long deleted = ORVA_PBSrv_DelAddrRec(first, local);
@@ -89,7 +96,10 @@ void live(Ledger& ledger)
         ledger.certain.erase(id);
         ledger.doubtful.insert(id);
     }
-    // Reading.
+}
+
+void read(Ledger& ledger)
+{
     void* set = nullptr;
     if (const long listed = ORVA_PBSrv_GetAddrRecList(local, &set); listed != ORVA_OK) {
         ledger.failed(listed);
@@ -109,6 +119,17 @@ void live(Ledger& ledger)
         ledger.failed(listed);
     else
         ORVA_PBSrv_AddrGroupSet_Release(groups);
+}
+
+// A day in the life of a store. Each call's result goes into the ledger.
+void live(Ledger& ledger)
+{
+    addOneByOne(ledger);
+    const long group = tryAddGroup(u"group");
+    if (group < 0)
+        ledger.failed(-group);
+    changeInATransaction(ledger, group);
+    read(ledger);
 }
 
 // After the fault is over: everything certain is there, and the store is sound.
@@ -206,59 +227,98 @@ __attribute__((noinline)) void operator delete(void* memory, std::size_t /*size*
     std::free(memory);
 }
 
+namespace
+{
+
+// What the calls of one life gave back; its memory is there before the first of them.
+struct Codes {
+    std::vector<long> all;
+
+    Codes() { all.reserve(64); }
+    void operator<<(long code) { all.push_back(code); }
+
+    // Those that are no answer to a lack of memory.
+    long others() const
+    {
+        return std::count_if(all.begin(), all.end(), [](long code) {
+            return code != ORVA_OK && code != ORVA_E_NO_MEMORY && code != ORVA_E_END;
+        });
+    }
+};
+
+void storeARecord(Codes& codes, const Text& name)
+{
+    void* record = nullptr;
+    codes << ORVA_PBSrv_CreateAddrRecord(local, &record);
+    if (record == nullptr)
+        return;
+    int id = 0;
+    codes << ORVA_PBSrv_AddrRecord_SetValue(record, "Name", api(name));
+    codes << ORVA_PBSrv_AddAddrRec(record, &id);
+    unsigned short* value = nullptr;
+    codes << ORVA_PBSrv_AddrRecord_GetValue(record, "Name", &value);
+    delete[] value;
+    codes << ORVA_PBSrv_AddrRecord_Release(record);
+}
+
+void readRecords(Codes& codes)
+{
+    void* set = nullptr;
+    codes << ORVA_PBSrv_GetAddrRecList(local, &set);
+    if (set == nullptr)
+        return;
+    codes << ORVA_PBSrv_AddrRecordSet_MoveFirst(set);
+    unsigned short* value = nullptr;
+    codes << ORVA_PBSrv_AddrRecordSet_GetValue(set, "remark", &value);
+    delete[] value;
+    codes << ORVA_PBSrv_AddrRecordSet_Release(set);
+}
+
+void readGroups(Codes& codes, int group)
+{
+    codes << ORVA_PBSrv_AddAddrToGroup(group, 1, local);
+    void* groups = nullptr;
+    codes << ORVA_PBSrv_GetGroupList(local, &groups);
+    if (groups == nullptr)
+        return;
+    int count = 0;
+    int* ids = nullptr;
+    codes << ORVA_PBSrv_AddrGroupSet_GetAddrInGroupByID(groups, group, &count, &ids);
+    codes << ORVA_PBSrv_AddrGroupSet_Release(groups);
+}
+
+void readProfile(Codes& codes)
+{
+    ORVA_PROFILE_ENTRY* entries = nullptr;
+    int count = 0;
+    codes << ORVA_PBSrv_GetProfile(local, &entries, &count);
+    if (entries != nullptr)
+        codes << ORVA_PBSrv_ProfileRelease(local, &entries);
+}
+
+} // namespace
+
 TEST(anAllocationThatFailsGivesACodeWhereverItIs)
 {
     long tried = 0;
     for (long step = 0;; step += stride()) {
         const std::string data = useFreshFolder();
-        int marker = 0;
         add(local, {{"Name", u"Anna"}, {"remark", Text(300, u'r')}});
         const int group = addGroup(u"group");
         const Text longName(90, u'n');
         REQUIRE(ORVA_Sim_Reset(data.c_str()) == ORVA_OK);
 
-        std::vector<long> codes;
-        codes.reserve(64);
+        Codes codes;
         failedAllocations = 0;
         allocationsLeft = step;
-        void* record = nullptr;
-        codes.push_back(ORVA_PBSrv_CreateAddrRecord(local, &record));
-        if (record != nullptr) {
-            codes.push_back(ORVA_PBSrv_AddrRecord_SetValue(record, "Name", api(longName)));
-            codes.push_back(ORVA_PBSrv_AddAddrRec(record, &marker));
-            unsigned short* value = nullptr;
-            codes.push_back(ORVA_PBSrv_AddrRecord_GetValue(record, "Name", &value));
-            delete[] value;
-            codes.push_back(ORVA_PBSrv_AddrRecord_Release(record));
-        }
-        void* set = nullptr;
-        codes.push_back(ORVA_PBSrv_GetAddrRecList(local, &set));
-        if (set != nullptr) {
-            codes.push_back(ORVA_PBSrv_AddrRecordSet_MoveFirst(set));
-            unsigned short* value = nullptr;
-            codes.push_back(ORVA_PBSrv_AddrRecordSet_GetValue(set, "remark", &value));
-            delete[] value;
-            codes.push_back(ORVA_PBSrv_AddrRecordSet_Release(set));
-        }
-        codes.push_back(ORVA_PBSrv_AddAddrToGroup(group, 1, local));
-        void* groups = nullptr;
-        codes.push_back(ORVA_PBSrv_GetGroupList(local, &groups));
-        if (groups != nullptr) {
-            int* ids = nullptr;
-            codes.push_back(ORVA_PBSrv_AddrGroupSet_GetAddrInGroupByID(groups, group, &marker, &ids));
-            codes.push_back(ORVA_PBSrv_AddrGroupSet_Release(groups));
-        }
-        ORVA_PROFILE_ENTRY* entries = nullptr;
-        codes.push_back(ORVA_PBSrv_GetProfile(local, &entries, &marker));
-        if (entries != nullptr)
-            codes.push_back(ORVA_PBSrv_ProfileRelease(local, &entries));
+        storeARecord(codes, longName);
+        readRecords(codes);
+        readGroups(codes, group);
+        readProfile(codes);
         allocationsLeft = -1;
         const long failed = failedAllocations;
 
-        long others = 0;
-        for (const long code : codes)
-            others += code != ORVA_OK && code != ORVA_E_NO_MEMORY && code != ORVA_E_END ? 1 : 0;
-        CHECK_EQ(others, 0);
+        CHECK_EQ(codes.others(), 0);
         REQUIRE(ORVA_Sim_Reset(data.c_str()) == ORVA_OK);
         CHECK_EQ(valueOf(local, 1, "Name"), u"Anna");
         CHECK_EQ(RawStore(data).findings(), "");

@@ -9,10 +9,10 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "PlainFiles.h"
 #include "base/Failure.h"
 #include "base/Unicode.h"
 #include "support/Check.h"
-#include "support/Environment.h"
 
 using namespace orva;
 
@@ -29,14 +29,6 @@ struct Result {
     Encoding encoding = Encoding::Utf8;
     char separator = 0;
 };
-
-std::string save(std::string_view content)
-{
-    std::string path = check::inHome("rows.csv");
-    std::ofstream out(path, std::ios::binary | std::ios::trunc);
-    out.write(content.data(), static_cast<std::streamsize>(content.size()));
-    return path;
-}
 
 Result readFile(const std::string& path, const ReaderLimits& limits = ReaderLimits())
 {
@@ -62,7 +54,7 @@ Result readFile(const std::string& path, const ReaderLimits& limits = ReaderLimi
 
 Result readText(std::string_view content, const ReaderLimits& limits = ReaderLimits())
 {
-    return readFile(save(content), limits);
+    return readFile(files::write("rows.csv", content), limits);
 }
 
 std::string utf16(std::u16string_view text, bool big, bool mark)
@@ -316,7 +308,7 @@ TEST(rowsDoNotDependOnWhereThePiecesEnd)
 TEST(filesThatAreNoFilesAreRefused)
 {
     CHECK_EQ(codeOf(check::inHome("nothing-here.csv")), ORVA_E_NOT_FOUND);
-    CHECK_EQ(codeOf(save("x") + "/below"), ORVA_E_NOT_FOUND);
+    CHECK_EQ(codeOf(files::write("rows.csv", "x") + "/below"), ORVA_E_NOT_FOUND);
     CHECK_EQ(codeOf(check::inHome(".")), ORVA_E_FORMAT);
     CHECK_EQ(codeOf("/dev/zero"), ORVA_E_FORMAT);
     const std::string pipe = check::inHome("pipe");

@@ -2,11 +2,11 @@
 
 #include <cstdlib>
 #include <fstream>
-#include <iterator>
 #include <random>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "PlainFiles.h"
 #include "base/Failure.h"
 #include "base/Unicode.h"
 #include "csv/ColumnGuess.h"
@@ -15,27 +15,12 @@
 #include "csv/Titles.h"
 #include "csv/Writer.h"
 #include "support/Check.h"
-#include "support/Environment.h"
 
 using namespace orva;
 using namespace std::string_view_literals;
 
 namespace
 {
-
-std::string save(std::string_view content)
-{
-    std::string path = check::inHome("some.csv");
-    std::ofstream out(path, std::ios::binary | std::ios::trunc);
-    out.write(content.data(), static_cast<std::streamsize>(content.size()));
-    return path;
-}
-
-std::string load(const std::string& path)
-{
-    std::ifstream in(path, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-}
 
 std::string joined(const std::vector<std::string>& titles)
 {
@@ -47,7 +32,7 @@ std::string joined(const std::vector<std::string>& titles)
 
 std::string titlesIn(std::string_view content)
 {
-    RowReader reader(save(content), RowReader::Report());
+    RowReader reader(files::write("some.csv", content), RowReader::Report());
     return joined(readTitles(reader));
 }
 
@@ -75,9 +60,10 @@ Imported importText(std::string_view content, std::vector<int> map)
 {
     Imported result;
     try {
-        const RowBlock rows = readContacts(save(content), threeFields(), map.data(), [&](int line, const char* what) {
-            result.reports.push_back(std::to_string(line) + ": " + what);
-        });
+        const RowBlock rows =
+            readContacts(files::write("some.csv", content), threeFields(), map.data(), [&](int line, const char* what) {
+                result.reports.push_back(std::to_string(line) + ": " + what);
+            });
         for (std::size_t i = 0; i < rows.rows(); ++i) {
             std::string text = std::to_string(rows.id(i));
             for (int f = 0; f < rows.fields(); ++f) {
@@ -107,7 +93,7 @@ TEST(titlesStayAlignedWithTheirColumns)
     CHECK_EQ(titlesIn("a,b,\n1,2,3\n"), "a,b,");
     CHECK_EQ(titlesIn(",,\n"), ",,");
     CHECK_EQ(titlesIn("a,a,a\n"), "a,a,a");
-    RowReader reader(save("\"x,y\";\"p;q\";r\n1;2;3\n"), RowReader::Report());
+    RowReader reader(files::write("some.csv", "\"x,y\";\"p;q\";r\n1;2;3\n"), RowReader::Report());
     CHECK_EQ(readTitles(reader).size(), 3U);
 }
 
@@ -272,9 +258,10 @@ TEST(whatIsWrittenIsPlainCsv)
         writer.endRow();
         writer.commit();
     }
-    CHECK_EQ(load(path), "\xEF\xBB\xBF"
-                         "plain,,\" lead\",\"trail \",\"a,b\",\"c;d\",\"e\tf\",\"g\"\"h\",\"i\r\nj\",\"\"\"\",\",\"\r\n"
-                         "Ελένη 😀\r\n\"\"\r\n");
+    CHECK_EQ(files::read(path),
+             "\xEF\xBB\xBF"
+             "plain,,\" lead\",\"trail \",\"a,b\",\"c;d\",\"e\tf\",\"g\"\"h\",\"i\r\nj\",\"\"\"\",\",\"\r\n"
+             "Ελένη 😀\r\n\"\"\r\n");
 }
 
 TEST(anUnfinishedFileLeavesTheOldOne)
@@ -286,13 +273,13 @@ TEST(anUnfinishedFileLeavesTheOldOne)
         writer.column(std::string_view("new"));
         writer.endRow();
     }
-    CHECK_EQ(load(path), "old");
+    CHECK_EQ(files::read(path), "old");
     Writer writer(path);
     writer.column(std::string_view("new"));
     writer.endRow();
-    CHECK_EQ(load(path), "old");
+    CHECK_EQ(files::read(path), "old");
     writer.commit();
-    CHECK_EQ(load(path), "\xEF\xBB\xBFnew\r\n");
+    CHECK_EQ(files::read(path), "\xEF\xBB\xBFnew\r\n");
 }
 
 TEST(aReplacedFileKeepsItsModeAndItsLink)
@@ -311,7 +298,7 @@ TEST(aReplacedFileKeepsItsModeAndItsLink)
     CHECK(S_ISLNK(state.st_mode));
     CHECK_EQ(stat(path.c_str(), &state), 0);
     CHECK_EQ(state.st_mode & 0777U, 0640U);
-    CHECK_EQ(load(path), "\xEF\xBB\xBFnew\r\n");
+    CHECK_EQ(files::read(path), "\xEF\xBB\xBFnew\r\n");
 }
 
 TEST(targetsThatAreNoFilesAreRefused)

@@ -4,36 +4,18 @@
 // Files and the library's C functions, as the tests of import and export need them.
 
 #include <cstdio>
-#include <fstream>
-#include <iterator>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "PlainFiles.h"
 #include "base/Unicode.h"
 #include "orva/orva_sdk.h"
 #include "orva/orva_sim.h"
 #include "support/Check.h"
-#include "support/Environment.h"
 
 namespace files
 {
-
-using check::inHome;
-
-inline std::string write(const std::string& name, std::string_view content)
-{
-    const std::string path = inHome(name);
-    std::ofstream out(path, std::ios::binary | std::ios::trunc);
-    out.write(content.data(), static_cast<std::streamsize>(content.size()));
-    return path;
-}
-
-inline std::string read(const std::string& path)
-{
-    std::ifstream in(path, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-}
 
 inline std::u16string utf16(std::string_view text)
 {

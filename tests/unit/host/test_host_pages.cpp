@@ -6,23 +6,14 @@
 #include <QToolButton>
 #include <QtTest>
 
-#include "StandInFolder.h"
-#include "app/Services.h"
-#include "device/DeviceWatcher.h"
-#include "device/SimulatedHardware.h"
-#include "loader/PluginContainer.h"
-#include "loader/PluginLifecycle.h"
-#include "loader/PluginLoader.h"
-#include "messages/MessageStore.h"
+#include "WindowSetup.h"
 #include "orva/orva_sdk.h"
-#include "orva/orva_sim.h"
-#include "window/MainWindow.h"
 #include "window/StatusArea.h"
 #include "window/StyleSheet.h"
 #include "window/WelcomeNote.h"
 
 // The parts around the pages: side bar, device panel, status area, welcome.
-class TestHostPages : public QObject
+class TestHostPages : public WindowSetup
 {
     Q_OBJECT
 
@@ -38,67 +29,17 @@ private slots:
     void aPastNoticeKeepsItsOwnDirectionAndItsAmpersand();
     void aPhonebookThatCannotBeReadIsNotCalledEmpty();
     void columnsEndWhereTheTextEnds();
-
-private:
-    void build(const QStringList& lstNames);
-    template <class Widget>
-    Widget* find(const char* pszName)
-    {
-        return m_pWindow->findChild<Widget*>(QLatin1String(pszName));
-    }
-
-    QScopedPointer<StandInFolder> m_pFolder;
-    QScopedPointer<Services> m_pServices;
-    QScopedPointer<MessageStore> m_pOutbox;
-    QScopedPointer<DeviceWatcher> m_pWatcher;
-    QScopedPointer<PluginContainer> m_pContainer;
-    QScopedPointer<MainWindow> m_pWindow;
 };
 
 void TestHostPages::init()
 {
-    SimulatedHardware::SetDevice(true);
-    SimulatedHardware::SetCard(true);
-    SimulatedHardware::SetPinStatus(1);
-    SimulatedHardware::SetProductType(0);
-    SimulatedHardware::SetCardType(1);
-    ORVA_Sim_WaitEvents();
-    m_pFolder.reset(new StandInFolder);
-    QVERIFY(QFile::link(QString::fromLocal8Bit(qgetenv("LINKHAND_BUILD_DIR")) + "/languages",
-                        m_pFolder->Path() + "/languages"));
-    m_pServices.reset(new Services(m_pFolder->Path(), m_pFolder->Path() + "/s.ini"));
-    m_pServices->Publish();
-    m_pOutbox.reset(new MessageStore(m_pFolder->Path()));
-    m_pWatcher.reset(new DeviceWatcher);
-    m_pContainer.reset(new PluginContainer);
-    m_pServices->SetContainer(m_pContainer.data());
-    m_pWindow.reset(new MainWindow(*m_pContainer, *m_pOutbox, *m_pWatcher));
-    m_pServices->SetMainWindow(m_pWindow.data());
-    m_pWatcher->Start();
+    begin();
 }
 
 void TestHostPages::cleanup()
 {
     QApplication::setLayoutDirection(Qt::LeftToRight);
-    m_pWindow.reset();
-    m_pContainer.reset();
-    m_pWatcher.reset();
-    m_pServices->Withdraw();
-    StandInFolder::TakeCalls();
-}
-
-void TestHostPages::build(const QStringList& lstNames)
-{
-    foreach (const QString& strName, lstNames) {
-        m_pFolder->Add(strName);
-    }
-    ProblemList problems;
-    PluginLoader(m_pFolder->Path()).LoadAll(*m_pContainer, problems);
-    PluginLifecycle(*m_pContainer, m_pServices->State()).InitAll(problems);
-    QVERIFY(problems.isEmpty());
-    m_pWindow->BuildPages();
-    m_pWindow->Retranslate();
-    m_pWindow->show();
+    end();
 }
 
 void TestHostPages::eachPluginHasOneButtonWithItsKey()
