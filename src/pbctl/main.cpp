@@ -53,7 +53,7 @@ constexpr Command commands[] = {
      "  --from NAME       evolution or thunderbird, instead of a file\n"},
     {"export", runExport, "[--memory M] [--group PATH] FILE",
      "Writes contacts to a file that spreadsheet and mail programs read; to one whose name ends in .vcf as vCards.\n"
-     "FILE - is the standard output.\n"
+     "FILE - is the standard output. Groups stand in the last column; a file that is there is kept as FILE.~1~.\n"
      "  --group PATH      only those in a group\n"
      "  --format NAME     vcf or csv, whatever the file's name ends in\n"},
     {"groups", runGroups, "", "Prints the groups of the PC's phonebook and how many contacts each has.\n"},
@@ -87,7 +87,7 @@ constexpr const char* commonHelp = "  --memory M        local (the PC's phoneboo
                                    "  --help            this\n"
                                    "  --version         the version\n"
                                    "\n"
-                                   "Exit code: 0 done, 1 failed, 2 misused, 3 some contacts not taken in whole.\n";
+                                   "Exit code: 0 done, 1 failed, 2 misused, 3 something was left behind.\n";
 
 void printHelp(const Command* command)
 {
