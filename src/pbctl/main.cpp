@@ -40,6 +40,9 @@ constexpr Command commands[] = {
      "in ORG=\"Acme\" or ADR=\";;1 Street;Town;;;\"; an empty value takes it away.\n"},
     {"delete", runDelete, "[--memory M] ID...",
      "Deletes contacts by their identifiers; those of the PC's phonebook go to the bin.\n"},
+    {"duplicates", runDuplicates, "[--memory M]",
+     "Prints the contacts that belong together, set by set: \"same\" where the name and a number or an e-mail address\n"
+     "are the same, \"number\" where only a number is.\n"},
     {"import", runImport, "[--memory M] [OPTION]... FILE | --from APPLICATION",
      "Takes contacts over from a file with titles in its first row (commas, semicolons or tabs), from one of vCards\n"
      "or from a mail program on this computer. Columns are told by their titles; groups come from a column\n"
