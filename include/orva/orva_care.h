@@ -48,6 +48,24 @@ ORVA_API long ORVA_Care_SetKept(void* record, const char* lines, int octets);
  * in a new buffer of *octets octets and a zero, which the caller frees. Length 0 for nothing. */
 ORVA_API long ORVA_Care_GetKept(void* record, char** lines, int* octets);
 
+/* ---- The same person twice ------------------------------------------------------------------------------------- */
+
+#define ORVA_DUPLICATE_SAME 1   /* the same person */
+#define ORVA_DUPLICATE_NUMBER 2 /* people with one number, as in a family: to be shown, not to be merged unasked */
+
+typedef struct ORVA_DUPLICATE {
+    int set;    /* counted from 1; those of a set belong together and stand one behind the other */
+    int kind;   /* of the set */
+    int record; /* its identifier */
+} ORVA_DUPLICATE;
+
+/* Gives the records of a memory that belong together, as an array of *count entries; null for none. Free it with
+ * ORVA_Care_DuplicatesRelease, which sets the pointer to null. The same person is who has the same name, whatever its
+ * case and however its letters are composed, and a number or an e-mail address in common; "00" is "+" there. Takes time
+ * in proportion to the records. */
+ORVA_API long ORVA_Care_GetDuplicates(int memory, ORVA_DUPLICATE** entries, int* count);
+ORVA_API long ORVA_Care_DuplicatesRelease(int memory, ORVA_DUPLICATE** entries);
+
 /* ---- The bin of the PC's phonebook (memory 4 only; others give ORVA_E_UNSUPPORTED) -------------------------------
  * What a record said before it was deleted, or before an update changed it, stays in the bin for ORVA_BIN_DAYS days,
  * with the groups it was in. It goes there in the transaction that takes it away. */

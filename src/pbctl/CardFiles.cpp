@@ -15,6 +15,7 @@
 #include "Sdk.h"
 #include "base/Failure.h"
 #include "base/Files.h"
+#include "base/OldFile.h"
 #include "vcard/CardContact.h"
 #include "vcard/CardReader.h"
 #include "vcard/CardText.h"
@@ -244,11 +245,7 @@ int importCards(const Arguments& arguments, const std::string& file, const std::
 
 void exportCards(const std::string& file, const std::vector<int>& ids)
 {
-    std::map<int, std::vector<std::string>> groups;
-    const Groups known;
-    for (const Group& group : known.all())
-        for (const int member : group.members)
-            groups[member].push_back(group.path);
+    std::map<int, std::vector<std::string>> groups = pathsByRecord();
     const std::vector<Field> fields = fieldsOf(memory);
     std::vector<int> wanted = ids;
     std::sort(wanted.begin(), wanted.end());
@@ -267,6 +264,7 @@ void exportCards(const std::string& file, const std::vector<int>& ids)
         orva::appendCard(card, out);
     });
     try {
+        orva::keepOldFile(file);
         orva::replacePrivateFile(file, out);
     } catch (const orva::Failure& failure) {
         throw SdkError("writing " + file, failure.code());

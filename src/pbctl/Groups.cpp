@@ -116,6 +116,34 @@ void join(Groups& groups, int record, const std::vector<std::string>& paths)
         check(ORVA_PBSrv_AddAddrToGroup(groups.provide(path), record, memory), "filling the group " + path);
 }
 
+std::map<int, std::vector<std::string>> pathsByRecord()
+{
+    std::map<int, std::vector<std::string>> paths;
+    const Groups known;
+    for (const Group& group : known.all())
+        for (const int member : group.members)
+            paths[member].push_back(group.path);
+    return paths;
+}
+
+namespace
+{
+
+// The name in front of the next ";", which is taken off the column with it.
+std::string takeName(std::string& rest)
+{
+    std::string name;
+    std::size_t at = 0;
+    for (; at < rest.size() && rest[at] != ';'; ++at) {
+        const bool escape = rest[at] == '\\' && at + 1 < rest.size() && (rest[at + 1] == ';' || rest[at + 1] == '\\');
+        name += escape ? rest[++at] : rest[at];
+    }
+    rest.erase(0, at + 1);
+    return trimmed(name);
+}
+
+} // namespace
+
 std::vector<std::string> splitGroups(const std::string& column)
 {
     std::vector<std::string> groups;
@@ -123,17 +151,29 @@ std::vector<std::string> splitGroups(const std::string& column)
     for (std::size_t at = rest.find(" ::: "); at != std::string::npos; at = rest.find(" ::: "))
         rest.replace(at, 5, ";");
     while (!rest.empty()) {
-        const std::size_t end = std::min(rest.find(';'), rest.size());
-        std::string name = trimmed(rest.substr(0, end));
+        std::string name = takeName(rest);
         if (name.rfind("* ", 0) == 0)
             name = trimmed(name.substr(2));
         // "My contacts" holds everybody. No level may be without a name.
         if (name != "myContacts" && !name.empty() && name.front() != '/' && name.back() != '/' &&
             name.find("//") == std::string::npos)
             groups.push_back(name);
-        rest.erase(0, end + 1);
     }
     return groups;
+}
+
+std::string joinGroups(const std::vector<std::string>& paths)
+{
+    std::string column;
+    for (const std::string& path : paths) {
+        column += column.empty() ? "" : ";";
+        for (const char c : path) {
+            if (c == ';' || c == '\\')
+                column += '\\';
+            column += c;
+        }
+    }
+    return column;
 }
 
 } // namespace pbctl

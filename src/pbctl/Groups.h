@@ -47,8 +47,15 @@ void requireGroupPath(const std::string& path);
 // Puts a contact into groups, which are made if needed.
 void join(Groups& groups, int record, const std::vector<std::string>& paths);
 
-// Takes a column of group names apart: at ";" and " ::: ", without the "* " of built-in ones.
+// The paths of the groups that each contact is in.
+std::map<int, std::vector<std::string>> pathsByRecord();
+
+// Takes a column of group names apart: at ";" and " ::: ", without the "* " of built-in ones. In a name "\;" stands for
+// ";" and "\\" for "\".
 std::vector<std::string> splitGroups(const std::string& column);
+
+// The column that splitGroups() takes apart.
+std::string joinGroups(const std::vector<std::string>& paths);
 
 } // namespace pbctl
 

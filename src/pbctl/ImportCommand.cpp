@@ -4,10 +4,12 @@
 #include <cstdio>
 #include <map>
 #include <strings.h>
+#include <utility>
 
 #include "CardFiles.h"
 #include "Commands.h"
 #include "Groups.h"
+#include "ImportFindings.h"
 #include "Numbers.h"
 #include "Sdk.h"
 #include "Spool.h"
@@ -21,8 +23,6 @@ namespace pbctl
 
 namespace
 {
-
-constexpr int failuresShown = 20;
 
 // Runs what reads a file by the library's own means.
 template <typename Read>
@@ -70,20 +70,6 @@ std::vector<int> mapFor(const Arguments& arguments, const std::vector<Field>& fi
     return map;
 }
 
-// Group names by the line of the contact: the file is read once more, since no field of a contact is meant for them.
-std::map<int, std::string> groupsByLine(const std::string& file, int column)
-{
-    std::map<int, std::string> groups;
-    orva::RowReader reader(file, orva::RowReader::Report());
-    orva::Row row;
-    reader.next(row); // the titles
-    while (column >= 0 && reader.next(row)) {
-        if (!row.column(column).empty())
-            groups.emplace(row.line(), row.column(column));
-    }
-    return groups;
-}
-
 // Cuts a text to a number of units, or to one less where that would split a pair of surrogates.
 void cut(std::u16string& text, std::size_t units)
 {
@@ -93,12 +79,14 @@ void cut(std::u16string& text, std::size_t units)
     text.resize(splitsPair ? units - 1 : units);
 }
 
-// Cuts a name so that a card or device takes it.
-void fitName(int memory, const std::vector<Field>& fields, std::vector<std::u16string>& values)
+// Cuts a name so that the memory takes it. The fields that were cut.
+std::vector<std::size_t> fitName(int memory, const std::vector<Field>& fields, std::vector<std::u16string>& values)
 {
+    std::vector<std::size_t> found;
     for (std::size_t i = 0; i < fields.size(); ++i) {
         if (fields[i].kind != "Name")
             continue;
+        const std::size_t whole = values[i].size();
         // No text counts less than its units.
         cut(values[i], static_cast<std::size_t>(std::max(fields[i].maxLength, 0)));
         short length = 0;
@@ -107,7 +95,10 @@ void fitName(int memory, const std::vector<Field>& fields, std::vector<std::u16s
                                                &length) == ORVA_OK &&
                length > fields[i].maxLength)
             cut(values[i], values[i].size() - 1);
+        if (values[i].size() < whole)
+            found.push_back(i);
     }
+    return found;
 }
 
 struct Source {
@@ -116,6 +107,9 @@ struct Source {
     std::map<int, std::string> groups;
     std::vector<std::string>
         columns; // by their titles, as many as there are fields; of an application the fields' keys
+    ImportFindings findings;
+
+    std::string place(int line) const { return (lines ? "line " : "contact ") + std::to_string(line); }
 };
 
 // What became of the contacts so far.
@@ -137,20 +131,17 @@ std::vector<std::size_t> tooLong(const std::vector<Field>& fields, const std::ve
     return found;
 }
 
-// Says which row was not taken, and for which of its columns, as long as anybody would read that.
-void sayRefused(const Source& source, int line, const Counts& counts, long code, const std::vector<std::size_t>& fields)
+// Says which row was not taken, and for which of its columns.
+void sayRefused(Source& source, int line, long code, const std::vector<std::size_t>& fields)
 {
-    if (counts.total - counts.added > failuresShown)
-        return;
     std::string columns;
     for (const std::size_t field : fields)
         columns += (columns.empty() ? ": column \"" : ", \"") + source.columns[field] + "\"";
-    std::fprintf(stderr, "pbctl: %s %d: not taken: %s%s\n", source.lines ? "line" : "contact", line,
-                 explain(code).c_str(), columns.c_str());
+    source.findings.say(source.place(line) + ": not taken: " + explain(code) + columns);
 }
 
 // Puts a contact into the groups that its row names. False, and said why, if a name of them is none.
-bool joinNamed(Groups& groups, int id, const Source& source, int line)
+bool joinNamed(Groups& groups, int id, Source& source, int line)
 {
     const auto names = source.groups.find(line);
     if (names == source.groups.end())
@@ -168,14 +159,14 @@ bool joinNamed(Groups& groups, int id, const Source& source, int line)
                 throw;
             why = explain(error.code());
         }
-        std::fprintf(stderr, "pbctl: line %d: not put into a group: %s\n", line, why.c_str());
+        source.findings.say(source.place(line) + ": not put into a group: " + why);
         all = false;
     }
     return all;
 }
 
 // Makes a contact fit for its memory and stores it; its identifier, or 0 for one that is only counted or not taken.
-int take(const Arguments& arguments, const std::vector<Field>& fields, const Source& source, int line,
+int take(const Arguments& arguments, const std::vector<Field>& fields, Source& source, int line,
          std::vector<std::u16string> values, Counts& counts)
 {
     const int memory = arguments.memory();
@@ -184,15 +175,17 @@ int take(const Arguments& arguments, const std::vector<Field>& fields, const Sou
         return 0;
     const std::vector<std::size_t> refused = cleanNumbers(memory, fields, values);
     if (!refused.empty()) {
-        sayRefused(source, line, counts, ORVA_E_NUMBER, refused);
+        sayRefused(source, line, ORVA_E_NUMBER, refused);
         return 0;
     }
-    fitName(memory, fields, values);
+    for (const std::size_t field : fitName(memory, fields, values))
+        source.findings.say(source.place(line) + ": column \"" + source.columns[field] + "\": cut to what the " +
+                            memoryName(memory) + " holds");
     if (arguments.has("dry-run")) {
         const std::vector<std::size_t> longOnes = tooLong(fields, values);
         counts.full = counts.added >= counts.room;
         if (!longOnes.empty() || counts.full)
-            sayRefused(source, line, counts, counts.full ? ORVA_E_FULL : ORVA_E_TOO_LONG, longOnes);
+            sayRefused(source, line, counts.full ? ORVA_E_FULL : ORVA_E_TOO_LONG, longOnes);
         else
             ++counts.added;
         return 0;
@@ -200,7 +193,7 @@ int take(const Arguments& arguments, const std::vector<Field>& fields, const Sou
     long failure = ORVA_OK;
     const int id = addRecord(memory, fields, values, &failure);
     if (failure != ORVA_OK) {
-        sayRefused(source, line, counts, failure,
+        sayRefused(source, line, failure,
                    failure == ORVA_E_TOO_LONG ? tooLong(fields, values) : std::vector<std::size_t>());
         counts.full = failure == ORVA_E_FULL;
         return 0;
@@ -210,7 +203,7 @@ int take(const Arguments& arguments, const std::vector<Field>& fields, const Sou
 }
 
 // Stores the records of a set one by one and says what became of them.
-int store(const Arguments& arguments, const std::vector<Field>& fields, void* set, const Source& source)
+int store(const Arguments& arguments, const std::vector<Field>& fields, void* set, Source& source)
 {
     const int memory = arguments.memory();
     Counts counts;
@@ -229,7 +222,8 @@ int store(const Arguments& arguments, const std::vector<Field>& fields, void* se
     std::printf("%d of %d contacts %s %s into the %s\n", counts.added, counts.total,
                 arguments.has("dry-run") ? "would come from" : "taken from", source.name.c_str(),
                 memoryName(memory).c_str());
-    return counts.added == counts.total && counts.joined ? done : partlyDone;
+    source.findings.finish();
+    return counts.added == counts.total && counts.joined && !source.findings.any() ? done : partlyDone;
 }
 
 // The titles of the columns that the fields are taken from.
@@ -290,14 +284,19 @@ int runImport(const Arguments& arguments)
     });
     const orva::ColumnGuess guess(titles);
     std::vector<int> map = mapFor(arguments, fields, titles, guess);
-    Handle set(ORVA_PBSrv_AddrRecordSet_Release);
-    check(ORVA_PBSrv_ImportFromFile(units(toSdk(file)), map.data(), memory, set.out()), "reading " + spool.name());
     Source source;
     source.name = spool.name();
     source.lines = true;
     source.columns = columnsOf(fields, map, titles);
-    if (memory == ORVA_MEMORY_LOCAL && !arguments.has("no-groups"))
-        source.groups = reading(spool.name(), [&] { return groupsByLine(file, guess.groups()); });
+    CsvWalk walk{file, fields, map, titles, memory == ORVA_MEMORY_LOCAL ? guess.groups() : -1};
+    reading(spool.name(), [&] { return walk.run(source.findings); });
+    if (!arguments.has("no-groups"))
+        source.groups = std::move(walk.groups);
+    Handle set(ORVA_PBSrv_AddrRecordSet_Release);
+    const long code = ORVA_PBSrv_ImportFromFile(units(toSdk(file)), map.data(), memory, set.out());
+    if (code != ORVA_OK)
+        source.findings.finish();
+    check(code, "reading " + spool.name());
     return store(arguments, fields, set.get(), source);
 }
 

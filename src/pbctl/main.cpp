@@ -40,6 +40,9 @@ constexpr Command commands[] = {
      "in ORG=\"Acme\" or ADR=\";;1 Street;Town;;;\"; an empty value takes it away.\n"},
     {"delete", runDelete, "[--memory M] ID...",
      "Deletes contacts by their identifiers; those of the PC's phonebook go to the bin.\n"},
+    {"duplicates", runDuplicates, "[--memory M]",
+     "Prints the contacts that belong together, set by set: \"same\" where the name and a number or an e-mail address\n"
+     "are the same, \"number\" where only a number is.\n"},
     {"import", runImport, "[--memory M] [OPTION]... FILE | --from APPLICATION",
      "Takes contacts over from a file with titles in its first row (commas, semicolons or tabs), from one of vCards\n"
      "or from a mail program on this computer. Columns are told by their titles; groups come from a column\n"
@@ -53,7 +56,7 @@ constexpr Command commands[] = {
      "  --from NAME       evolution or thunderbird, instead of a file\n"},
     {"export", runExport, "[--memory M] [--group PATH] FILE",
      "Writes contacts to a file that spreadsheet and mail programs read; to one whose name ends in .vcf as vCards.\n"
-     "FILE - is the standard output.\n"
+     "FILE - is the standard output. Groups stand in the last column; a file that is there is kept as FILE.~1~.\n"
      "  --group PATH      only those in a group\n"
      "  --format NAME     vcf or csv, whatever the file's name ends in\n"},
     {"groups", runGroups, "", "Prints the groups of the PC's phonebook and how many contacts each has.\n"},
@@ -87,7 +90,7 @@ constexpr const char* commonHelp = "  --memory M        local (the PC's phoneboo
                                    "  --help            this\n"
                                    "  --version         the version\n"
                                    "\n"
-                                   "Exit code: 0 done, 1 failed, 2 misused, 3 some contacts not taken in whole.\n";
+                                   "Exit code: 0 done, 1 failed, 2 misused, 3 something was left behind.\n";
 
 void printHelp(const Command* command)
 {

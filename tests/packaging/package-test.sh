@@ -62,7 +62,7 @@ done | sort -u >"$work/runpaths"
 
 # --- What it asks of the system ---
 dpkg-deb -f "$package" Depends | tr ',' '\n' >"$work/depends"
-for library in libqt5widgets5 libqt5xml5 libsqlite3-0 libcsv3 libelf1 libc6; do
+for library in libqt5widgets5 libqt5xml5 libsqlite3-0 libcsv3 libutf8proc2 libelf1 libc6; do
     expect "^ *$library( |\$)" "$work/depends" "the dependencies"
 done
 if [ -e "$build/lib/libsdk-modem.so" ]; then

@@ -71,6 +71,8 @@ bool FieldMap::appendColumn(std::string_view column)
 bool FieldMap::readValue(const Row& row, const Source& source)
 {
     m_length = 0;
+    m_several = false;
+    m_reportedColumn = source.first;
     if (source.first < 0)
         return true;
     if (!appendColumn(row.column(source.first)))
@@ -83,8 +85,26 @@ bool FieldMap::readValue(const Row& row, const Source& source)
             return false;
     }
     if (source.number || source.email)
-        m_length = firstLength({m_value.data(), m_length});
+        m_several = takeFirst();
     return true;
+}
+
+// Leaves the first of several values in m_value; false if there is only one.
+bool FieldMap::takeFirst()
+{
+    const std::size_t whole = m_length;
+    m_length = firstLength({m_value.data(), m_length});
+    return m_length < whole;
+}
+
+// Of a value that cannot be read: why, and its column in m_reportedColumn.
+const char* FieldMap::whyNotText(const Row& row, const Source& source)
+{
+    std::u16string units;
+    if (source.second >= 0 && appendUtf16(row.column(source.first), units))
+        m_reportedColumn = source.second;
+    const bool zero = row.column(m_reportedColumn).find('\0') != std::string_view::npos;
+    return zero ? "row passed over: a zero byte" : "row passed over: not text";
 }
 
 // Cleans the number in m_value. False, and only its ends trimmed, for a text that is none, or has an extension that no
@@ -144,14 +164,16 @@ bool FieldMap::add(const Row& row, RowBlock& into, const RowReader::Report& repo
     for (const Source& source : m_sources) {
         const bool text = readValue(row, source);
         if (text && source.number && !readNumberValue(source) && report)
-            report(row.line(), "not a telephone number");
+            report(row.line(), notANumber);
+        if (text && m_several && report)
+            report(row.line(), "only the first of several values is taken");
         if (text && source.noteUnits != 0)
             appendExtensions();
         if (text && cutNote(source.noteUnits) && report)
             report(row.line(), "note cut to what its field holds");
         if (!text || m_length > valueUnitsAtMost) {
             if (report)
-                report(row.line(), text ? "row passed over: value too long" : "row passed over: not text");
+                report(row.line(), text ? "row passed over: value too long" : whyNotText(row, source));
             into.dropRow();
             return false;
         }

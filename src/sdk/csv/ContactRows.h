@@ -23,8 +23,11 @@ public:
 
     // Adds a row to `into` by the number of its line. False, and nothing added, if none of its fields has a value other
     // than blanks, or a column that is needed is no text. A note is cut to what its field holds, what is no telephone
-    // number stays as it is. Each is reported.
+    // number stays as it is, of several values in a column the first is taken. Each is reported.
     bool add(const Row& row, RowBlock& into, const RowReader::Report& report);
+
+    // While a report of add() runs: the column that it is about.
+    int reportedColumn() const { return m_reportedColumn; }
 
 private:
     struct Source {
@@ -37,6 +40,8 @@ private:
     };
 
     bool readValue(const Row& row, const Source& source);
+    const char* whyNotText(const Row& row, const Source& source);
+    bool takeFirst();
     bool appendColumn(std::string_view column);
     bool readNumberValue(const Source& source);
     void appendExtensions();
@@ -48,7 +53,12 @@ private:
     std::size_t m_length = 0;      // of that value
     std::u16string m_extensions;   // of the row's numbers, for its note
     bool m_hasNote = false;        // behind all numbers
+    bool m_several = false;        // values in the column that was read
+    int m_reportedColumn = -1;
 };
+
+// What add() reports of a number that is none.
+inline constexpr char notANumber[] = "not a telephone number";
 
 // A map entry that joins two columns by a blank, such as first and last name.
 int joinedColumns(int first, int second);

@@ -12,6 +12,7 @@
 #include <unistd.h>
 
 #include "base/Failure.h"
+#include "base/OldFile.h"
 #include "base/Unicode.h"
 
 namespace orva
@@ -39,6 +40,9 @@ std::string folderOf(const std::string& path)
 // The file that a path means: a symbolic link stays and what it points to is replaced.
 std::string resolved(const std::string& path)
 {
+    const std::size_t slash = path.rfind('/');
+    if (path.find('*', slash == std::string::npos ? 0 : slash) != std::string::npos)
+        throw Failure(ORVA_E_ARGUMENT, "a pattern is no name of a file");
     struct stat state = {};
     if (stat(path.c_str(), &state) != 0)
         return path;
@@ -167,6 +171,7 @@ void Writer::commit()
     flush();
     if (fsync(m_file) != 0)
         fail("cannot write");
+    keepOldFile(m_path);
     const int file = m_file;
     m_file = -1;
     if (close(file) != 0 || rename(m_unfinished.c_str(), m_path.c_str()) != 0) {

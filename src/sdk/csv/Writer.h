@@ -12,7 +12,8 @@ namespace orva
  * CR LF. A column is quoted where something in it would otherwise be lost or misread.
  *
  * The file takes its name only with commit(); until then it is an unfinished one beside it, and goes with the writer.
- * Errors are Failure(ORVA_E_STORE); a target that is there and no regular file is one.
+ * Errors are Failure(ORVA_E_STORE); a target that is there and no regular file is one. A name with "*" in it is a
+ * pattern that somebody left standing: ORVA_E_ARGUMENT.
  */
 class Writer
 {
@@ -26,7 +27,7 @@ public:
     void column(std::string_view utf8);
     void endRow();
 
-    // Puts the file on disk under its name, in place of one that is there.
+    // Puts the file on disk under its name. One that is there is kept, with ".~1~" or a higher number behind its name.
     void commit();
 
 private:

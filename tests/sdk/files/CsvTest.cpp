@@ -181,7 +181,7 @@ TEST(rowsThatAreNoTextAreReportedByTheirLine)
     CHECK_EQ(result.rows[2], "8|E|5|");
     REQUIRE(result.reports.size() == 3);
     CHECK_EQ(result.reports[0], "3: row passed over: not text");
-    CHECK_EQ(result.reports[1], "4: row passed over: not text");
+    CHECK_EQ(result.reports[1], "4: row passed over: a zero byte");
     CHECK_EQ(result.reports[2], "7: row passed over: not text");
 }
 

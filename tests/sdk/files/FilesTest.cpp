@@ -143,6 +143,25 @@ TEST(anExportOfNobodyIsAFileOfTitles)
     CHECK_EQ(files::read(inHome("n.csv")), "\xEF\xBB\xBFName,Mobile,officePhone,homePhone,email,remark\r\n");
 }
 
+TEST(anExportKeepsTheFileThatItReplaces)
+{
+    const std::string path = write("again.csv", "first");
+    CHECK_EQ(ORVA_PBSrv_ExportToFile(api(utf16(path)), nullptr, 0, local), ORVA_OK);
+    const std::string exported = read(path);
+    CHECK(exported != "first");
+    CHECK_EQ(read(path + ".~1~"), "first");
+    CHECK_EQ(ORVA_PBSrv_ExportToFile(api(utf16(path)), nullptr, 0, local), ORVA_OK);
+    CHECK_EQ(read(path + ".~1~"), "first");
+    CHECK_EQ(read(path + ".~2~"), exported);
+}
+
+TEST(aPatternIsNoNameOfAnExport)
+{
+    const std::string path = inHome("*.csv");
+    CHECK_EQ(ORVA_PBSrv_ExportToFile(api(utf16(path)), nullptr, 0, local), ORVA_E_ARGUMENT);
+    CHECK(access(path.c_str(), F_OK) != 0);
+}
+
 TEST(anExportThatFailsLeavesTheOldFile)
 {
     const FreshStore store;
