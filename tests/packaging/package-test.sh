@@ -84,6 +84,8 @@ if [ -e "$build/lib/libsdk-modem.so" ]; then
     ! grep -qE 'libsystemd|libudev' "$work/needed" || fail "the library needs what only its module may"
 fi
 expect "^ *$translations\$" "$work/recommends" "the recommendations"
+doubled=$(tr -d ' ' <"$work/recommends" | sort | uniq -d)
+[ -z "$doubled" ] || fail "recommended twice: $doubled"
 grep -q '^Maintainer: .*@' <<<"$(dpkg-deb -f "$package")" || fail "nobody maintains the package"
 
 # --- Installed without a package, and moved ---
