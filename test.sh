@@ -4,7 +4,8 @@
 #   ./test.sh                format check, build, all tests
 #   ./test.sh --asan         the tests off the display under the address and undefined behaviour sanitizers as well
 #   ./test.sh --tsan         those labelled "threads" under the thread sanitizer as well
-#   ./test.sh --full         the long forms of the tests, and both sanitizers, on the display too
+#   ./test.sh --qt6          all tests with Qt 6 as well
+#   ./test.sh --full         the long forms of the tests, both sanitizers, on the display too, and Qt 6
 #   ./test.sh --bench        the benchmarks as well, each with its table
 #   ./test.sh --user         the tests of single parts as an ordinary user as well, if root runs this
 #   ./test.sh --tidy         clang-tidy over all sources as well
@@ -16,6 +17,7 @@ cd "$(dirname "$0")"
 sanitizers=()
 bench=no
 tidy=no
+qt6=no
 full=no
 ci=no
 user=no
@@ -26,8 +28,10 @@ for argument in "$@"; do
     --full)
         sanitizers=(asan tsan)
         full=yes
+        qt6=yes
         export LINKHAND_FULL=1
         ;;
+    --qt6) qt6=yes ;;
     --bench) bench=yes ;;
     --user) user=yes ;;
     --tidy) tidy=yes ;;
@@ -37,7 +41,7 @@ for argument in "$@"; do
         user=yes
         ;;
     -h | --help)
-        sed -n '2,13s/^# \{0,1\}//p' "$0"
+        sed -n '2,14s/^# \{0,1\}//p' "$0"
         exit 0
         ;;
     *)
@@ -48,6 +52,9 @@ for argument in "$@"; do
 done
 
 packaging/ensure-packages.sh build run test
+if [ $qt6 = yes ]; then
+    packaging/ensure-packages.sh qt6
+fi
 packaging/check-format.sh
 
 export LANG=C.UTF-8
@@ -83,6 +90,11 @@ if [ $user = yes ] && [ "$(id -u)" = 0 ]; then
     else
         echo "Not tested as an ordinary user: the build folder is closed to others"
     fi
+fi
+
+if [ $qt6 = yes ]; then
+    packaging/build.sh qt6
+    run_tests qt6
 fi
 
 if [ $ci = yes ]; then

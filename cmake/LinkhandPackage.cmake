@@ -28,6 +28,8 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${LINKHAND_LIBRARY_OUTPUT})
 # What it does not: the texts of Qt's own dialogs, what finds a modem by itself, and letters for every name.
 if(LINKHAND_QT EQUAL 5)
   set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qttranslations5-l10n, modemmanager")
+elseif(LINKHAND_QT EQUAL 6)
+  set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qt6-translations-l10n, modemmanager")
 endif()
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS "fonts-noto-core, fonts-noto-cjk")
 

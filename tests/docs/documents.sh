@@ -48,7 +48,7 @@ doubled=$(awk -F'|' '{ print $3 }' <<<"$places" | sort | uniq -d)
 [ -z "$doubled" ] || fail "docs/architecture.md names a file for two behaviours: $doubled"
 
 # --- Commands: lines that are set in by four blanks outside of lists ---
-presets=$(cmake --list-presets | sed -n 's/^ *"\([a-z]*\)".*/\1/p')
+presets=$(cmake --list-presets | sed -n 's/^ *"\([a-z0-9]*\)".*/\1/p')
 labels=$(cd "$build" && ctest --print-labels | sed -n 's/^  \([a-z]*\)$/\1/p')
 known_option()
 {
@@ -82,7 +82,7 @@ while IFS=$'\t' read -r document line; do
         [ -x "$script" ] || fail "$document: $script cannot be run"
         ;;
     'cmake --preset '* | 'ctest --preset '*)
-        preset=$(echo "$command" | sed 's/.*--preset \([a-z]*\).*/\1/')
+        preset=$(echo "$command" | sed 's/.*--preset \([a-z0-9]*\).*/\1/')
         grep -qx "$preset" <<<"$presets" || fail "$document: there is no preset $preset"
         ;;
     # Run by the test of the package.

@@ -62,19 +62,30 @@ done | sort -u >"$work/runpaths"
 
 # --- What it asks of the system ---
 dpkg-deb -f "$package" Depends | tr ',' '\n' >"$work/depends"
-for library in libqt5widgets5 libqt5xml5 libsqlite3-0 libcsv3 libutf8proc2 libelf1 libc6; do
+qt=$(sed -n 's/^LINKHAND_QT:.*=//p' "$build/CMakeCache.txt")
+if [ "$qt" = 6 ]; then
+    libraries="libqt6widgets6 libqt6xml6 libqt6core5compat6"
+    translations=qt6-translations-l10n
+else
+    libraries="libqt5widgets5 libqt5xml5"
+    translations=qttranslations5-l10n
+fi
+for library in $libraries libsqlite3-0 libcsv3 libutf8proc2 libelf1 libc6; do
     expect "^ *$library( |\$)" "$work/depends" "the dependencies"
 done
+dpkg-deb -f "$package" Recommends | tr ',' '\n' >"$work/recommends"
 if [ -e "$build/lib/libsdk-modem.so" ]; then
     for library in libsystemd0 libudev1; do
         expect "^ *$library( |\$)" "$work/depends" "the dependencies"
     done
-    dpkg-deb -f "$package" Recommends >"$work/recommends"
     expect 'modemmanager' "$work/recommends" "what is recommended"
     # The library itself needs neither.
     readelf -d "$build/lib/libsdk.so.1" >"$work/needed"
     ! grep -qE 'libsystemd|libudev' "$work/needed" || fail "the library needs what only its module may"
 fi
+expect "^ *$translations\$" "$work/recommends" "the recommendations"
+doubled=$(tr -d ' ' <"$work/recommends" | sort | uniq -d)
+[ -z "$doubled" ] || fail "recommended twice: $doubled"
 grep -q '^Maintainer: .*@' <<<"$(dpkg-deb -f "$package")" || fail "nobody maintains the package"
 
 # --- Installed without a package, and moved ---

@@ -7,6 +7,7 @@
 
 #include <memory>
 
+#include "QtReleases.h"
 #include "dialogs/ChoosePhoneNumber.h"
 #include "fakecore/FakeCore.h"
 #include "widgets/GridDelegate.h"
@@ -245,8 +246,8 @@ void ChoosePhoneNumberTest::aRejectedWindowCallsNothing()
     else
         open->close();
     QVERIFY(open.isNull() || open->isHidden());
-    QVERIFY(closes.count >= 1); // not only hidden
-    QTRY_VERIFY(open.isNull());
+    QCOMPARE(closes.count >= 1, way == "close" || QtReleases::closeOfARejectedDialogIsSeen);
+    QTRY_VERIFY(open.isNull()); // not only hidden
     QVERIFY(FakeCore::madeCalls().isEmpty());
     show(); // and the next contact gets its window
     QVERIFY(dialog()->isVisible());
