@@ -234,13 +234,18 @@ ORVA_API long ORVA_PBSrv_EndTransaction(int memory);
 ORVA_API long ORVA_PBSrv_IsOutlookInstalled(const char* name);
 
 /* The titles of a file's columns in the locale's eight-bit encoding, separated by ",": as many as the first row has
- * columns and in their order, a comma or line end within one being a blank. With buffer null: returns 2 and the
- * buffer's size in *length. With a zeroed buffer of that size: fills it in and returns 0. On failure *length is 0. */
+ * columns and in their order, a comma or line end within one being a blank. Behind them stand columns made up of those,
+ * under the keys of the fields (Name, Mobile, officePhone, homePhone, email, remark; Number for a memory with one
+ * number), where no column of that title says as much: the name joined of its parts, each number where its title or
+ * the label beside it says, all of several values in a cell ("1 ::: 2"), what finds no place in the remark. With buffer
+ * null: returns 2 and the buffer's size in *length. With a zeroed buffer of that size: fills it in and returns 0. On
+ * failure *length is 0. */
 ORVA_API long ORVA_PBSrv_GetFileFieldDescription(const unsigned short* path, char* buffer, int* length);
 
 /* Reads a file into a new record set for a memory; nothing is stored. RFC 4180, also with semicolons or tabs, whichever
  * gives most rows the same number of columns; UTF-8, UTF-16, the locale's encoding or Windows-1252.
- * - The map has an entry for each field of the memory: the column it is taken from, counted from 0, or -1 for none.
+ * - The map has an entry for each field of the memory: the column it is taken from, counted from 0 in the order of
+ *   ORVA_PBSrv_GetFileFieldDescription, or -1 for none.
  *   first + 65536 * (second + 1) joins two columns by a blank.
  * - A record's identifier is the number of the line it begins in.
  * - Blanks at the ends of a text are part of it, but around quotation marks.

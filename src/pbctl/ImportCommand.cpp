@@ -14,7 +14,7 @@
 #include "Sdk.h"
 #include "Spool.h"
 #include "base/Failure.h"
-#include "csv/ColumnGuess.h"
+#include "csv/MadeUpColumns.h"
 #include "csv/RowReader.h"
 #include "csv/Titles.h"
 
@@ -49,12 +49,12 @@ int columnOf(const std::vector<std::string>& titles, const std::string& name)
 
 // What the titles say, then what --map KEY=TITLE says; "KEY=" leaves a field empty.
 std::vector<int> mapFor(const Arguments& arguments, const std::vector<Field>& fields,
-                        const std::vector<std::string>& titles, const orva::ColumnGuess& guess)
+                        const std::vector<std::string>& titles, const orva::MadeUpColumns& columns)
 {
     std::vector<int> map;
     map.reserve(fields.size());
     for (const Field& field : fields)
-        map.push_back(guess.forLabel(field.labelId));
+        map.push_back(columns.forField(field.key));
     for (const std::string& entry : arguments.values("map")) {
         const std::size_t equals = entry.find('=');
         const std::string key = entry.substr(0, equals);
@@ -282,13 +282,13 @@ int runImport(const Arguments& arguments)
         orva::RowReader reader(file, orva::RowReader::Report());
         return orva::readTitles(reader);
     });
-    const orva::ColumnGuess guess(titles);
-    std::vector<int> map = mapFor(arguments, fields, titles, guess);
+    orva::MadeUpColumns columns(titles);
+    std::vector<int> map = mapFor(arguments, fields, titles, columns);
     Source source;
     source.name = spool.name();
     source.lines = true;
     source.columns = columnsOf(fields, map, titles);
-    CsvWalk walk{file, fields, map, titles, memory == ORVA_MEMORY_LOCAL ? guess.groups() : -1};
+    CsvWalk walk{file, fields, map, titles, columns, memory == ORVA_MEMORY_LOCAL};
     reading(spool.name(), [&] { return walk.run(source.findings); });
     if (!arguments.has("no-groups"))
         source.groups = std::move(walk.groups);

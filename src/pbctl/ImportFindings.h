@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "Sdk.h"
+#include "csv/MadeUpColumns.h"
 
 namespace pbctl
 {
@@ -37,12 +38,16 @@ struct CsvWalk {
     const std::vector<Field>& fields;
     const std::vector<int>& map; // by field
     const std::vector<std::string>& titles;
-    int groupsColumn; // -1 for none
+    orva::MadeUpColumns& columns; // beside those titles
+    bool withGroups;              // whether the column of groups is read
 
     std::map<int, std::string> groups = {}; // the names in that column, by line
 
     // Tells of rows and columns that are not taken, or not in whole. Throws orva::Failure.
     void run(ImportFindings& findings);
+
+private:
+    int sourceIn(const orva::Row& row, int column) const;
 };
 
 } // namespace pbctl

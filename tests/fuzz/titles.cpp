@@ -1,10 +1,10 @@
-// Any file, asked for its titles, and what is guessed from them.
+// Any file, asked for its titles and the columns made up of them, filled by each of its rows.
 
 #include "csv/Titles.h"
 #include "Scratch.h"
 #include "base/Failure.h"
-#include "csv/ColumnGuess.h"
 #include "csv/LocalText.h"
+#include "csv/MadeUpColumns.h"
 
 using namespace orva;
 
@@ -21,14 +21,20 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
         for (const std::string& title : titles)
             for (const char c : title)
                 MUST(c != ',' && static_cast<unsigned char>(c) >= ' ' && c != 0x7F);
-        const ColumnGuess guess(titles);
+        MadeUpColumns madeUp(titles);
         const int columns = row.columns();
-        for (const char* label : {"ID_STR_NAME", "ID_STR_MOBILE_PHONE", "ID_STR_BUSINESS_PHONE", "ID_STR_HOME_PHONE",
-                                  "ID_STR_EMAIL", "ID_STR_NOTES"}) {
-            const int entry = guess.forLabel(label);
-            MUST(entry >= -1 && (entry == -1 || (entry & 0xFFFF) < columns) && (entry >> 16) <= columns);
+        const int all = columns + static_cast<int>(madeUp.titles().size());
+        for (const char* key : {"Name", "Mobile", "officePhone", "homePhone", "email", "remark", "Number"}) {
+            const int column = madeUp.forField(key);
+            MUST(column >= -1 && column < all);
+            for (const int source : madeUp.sourcesOf(column))
+                MUST(source >= -1 && source < columns);
         }
-        MUST(guess.groups() < columns);
+        MUST(madeUp.groups() < columns);
+        do {
+            madeUp.appendTo(row);
+            MUST(row.columns() == all);
+        } while (counting.next(row));
         for (const std::string& title : titles)
             fromLocal(toLocal(title));
     } catch (const Failure& failure) {

@@ -13,6 +13,7 @@
 #include "contactapps/ContactApps.h"
 #include "csv/ContactRows.h"
 #include "csv/LocalText.h"
+#include "csv/MadeUpColumns.h"
 #include "csv/RowReader.h"
 #include "csv/Titles.h"
 #include "csv/Writer.h"
@@ -34,15 +35,16 @@ std::string pathFrom(const unsigned short* path)
     return file;
 }
 
-// The titles of a file, joined as they are handed out.
+// The titles of a file and of the columns made up of it, joined as they are handed out.
 std::string describeFile(const std::string& file)
 {
     RowReader reader(file, RowReader::Report());
     std::string joined;
-    for (const std::string& title : readTitles(reader)) {
-        joined += title;
-        joined += ',';
-    }
+    const std::vector<std::string> own = readTitles(reader);
+    const MadeUpColumns madeUp(own);
+    for (const std::vector<std::string>* titles : {&own, &madeUp.titles()})
+        for (const std::string& title : *titles)
+            joined.append(title).push_back(',');
     joined.pop_back();
     return toLocal(joined);
 }

@@ -1,9 +1,9 @@
 #include "csv/ColumnGuess.h"
 
 #include <algorithm>
+#include <tuple>
 
-#include "base/Unicode.h"
-#include "csv/ContactRows.h"
+#include "csv/TitleWords.h"
 
 namespace orva
 {
@@ -11,145 +11,48 @@ namespace orva
 namespace
 {
 
-using Words = std::vector<const char*>; // in order of preference, as normalised() makes them
-
-const Words fullName = {"fullname",          "displayname",       "formattedname",    "anzeigename",
-                        "vollständigername", "vollername",        "nomcomplet",       "nomàafficher",
-                        "nombrecompleto",    "nombreparamostrar", "nomevisualizzato", "отображаемоеимя",
-                        "полноеимя",         "contactname",       "contact",          "kontakt"};
-const Words filedName = {"fileas", "fileunder", "speichernunter"};
-const Words plainName = {"name", "nom", "nombre", "nome", "naam", "имя"};
-const Words firstName = {"firstname",    "givenname",     "vorname", "prénom",
-                         "nombredepila", "nomebattesimo", "имя",     "nombre"};
-const Words lastName = {"lastname",     "familyname", "surname",  "nachname", "familienname",
-                        "nomdefamille", "apellidos",  "apellido", "cognome",  "фамилия"};
-const Words mobile = {"mobile",
-                      "mobilephone",
-                      "mobilenumber",
-                      "mobilephonenumber",
-                      "cellphone",
-                      "cellularnumber",
-                      "cell",
-                      "cellular",
-                      "mobiltelefon",
-                      "mobiltelnr",
-                      "mobilnummer",
-                      "mobil",
-                      "handy",
-                      "handynummer",
-                      "telmobile",
-                      "télmobile",
-                      "téléphonemobile",
-                      "téléphoneportable",
-                      "portable",
-                      "teléfonomóvil",
-                      "móvil",
-                      "celular",
-                      "cellulare",
-                      "telefonocellulare",
-                      "мобильныйтелефон",
-                      "мобильный",
-                      "phone1value",
-                      "primaryphone",
-                      "number",
-                      "phone",
-                      "phonenumber",
-                      "telephone",
-                      "telephonenumber",
-                      "telefon",
-                      "telefonnummer",
-                      "rufnummer",
-                      "nummer",
-                      "tel",
-                      "téléphone",
-                      "teléfono",
-                      "telefono",
-                      "телефон"};
-const Words office = {"officephone",         "office",          "workphone",         "businessphone",
-                      "telefongeschäftlich", "teldienstlich",   "telefondienstlich", "telefonarbeit",
-                      "geschäftlich",        "téléphonebureau", "telprofessionnel",  "teléfonodeltrabajo",
-                      "telefonoufficio",     "рабочийтелефон",  "companymainphone",  "phone2value"};
-const Words home = {"homephone",         "home",        "telefonprivat",      "telprivat",          "privat",
-                    "téléphonedomicile", "teldomicile", "teléfonoparticular", "telefonoabitazione", "домашнийтелефон",
-                    "phone3value"};
-const Words email = {"email",
-                     "emailaddress",
-                     "primaryemail",
-                     "email1value",
-                     "email1",
-                     "emailadresse",
-                     "primäreemailadresse",
-                     "adressedemessagerie",
-                     "adresseélectronique",
-                     "direccióndecorreoelectrónico",
-                     "correoelectrónico",
-                     "indirizzoemail",
-                     "mail",
-                     "адресэлпочты",
-                     "электроннаяпочта"};
-const Words note = {"remark",   "notes",     "note",      "notizen",     "notiz",
-                    "comments", "comment",   "bemerkung", "bemerkungen", "kommentar",
-                    "notas",    "remarques", "anmerkung", "anmerkungen", "заметки"};
-const Words groupNames = {"groups",          "group",      "categories", "category",     "labels",
-                          "groupmembership", "kategorien", "kategorie",  "gruppen",      "gruppe",
-                          "catégories",      "categorías", "groupes",    "categorylist", "категории"};
-
-char16_t lowered(char16_t c)
+bool contains(const TitleWords& words, const std::string& title)
 {
-    const bool upper = (c >= u'A' && c <= u'Z') || (c >= 0x00C0 && c <= 0x00DE && c != 0x00D7) ||
-                       (c >= 0x0391 && c <= 0x03A9) || (c >= 0x0410 && c <= 0x042F);
-    return static_cast<char16_t>(upper ? c + 0x20 : c);
+    return std::find(words.begin(), words.end(), title) != words.end();
 }
 
-bool counts(char16_t c)
+int indexOf(const std::vector<std::string>& titles, const std::string& title)
 {
-    return (c >= u'0' && c <= u'9') || (c >= u'a' && c <= u'z') ||
-           (c >= 0x00C0 && c != 0x00D7 && c != 0x00F7 && c < 0x2000) || c >= 0x3040;
-}
-
-// Lower case, and nothing but letters and digits.
-std::string normalised(const std::string& title)
-{
-    std::u16string units;
-    appendUtf16(title, units);
-    std::u16string kept;
-    for (const char16_t c : units)
-        if (const char16_t low = lowered(c); counts(low))
-            kept.push_back(low);
-    std::string out;
-    appendUtf8(kept, out);
-    return out;
+    const auto found = std::find(titles.begin(), titles.end(), title);
+    return found == titles.end() ? -1 : static_cast<int>(found - titles.begin());
 }
 
 // The column of the first word that is a title; of several columns with that title, the first.
-int find(const std::vector<std::string>& titles, const Words& words)
+int find(const std::vector<std::string>& titles, const TitleWords& words)
 {
-    for (const char* word : words) {
-        const auto found = std::find(titles.begin(), titles.end(), word);
-        if (found != titles.end())
-            return static_cast<int>(found - titles.begin());
-    }
+    for (const char* word : words)
+        if (const int column = indexOf(titles, word); column >= 0)
+            return column;
     return -1;
 }
 
-// A whole name if there is one. Beside a first name, a column called just "Name" is the last name, unless there is
-// one for that, too.
-int findName(const std::vector<std::string>& titles)
+// All columns whose titles are words, in the order of the words.
+std::vector<int> findAll(const std::vector<std::string>& titles, const TitleWords& words)
 {
-    const int full = find(titles, fullName);
-    const int plain = find(titles, plainName);
-    const int first = find(titles, firstName);
-    int last = find(titles, lastName);
-    if (plain >= 0 && (first < 0 || (last >= 0 && first != plain)))
-        return plain;
-    if (full >= 0)
-        return full;
-    if (last < 0 && plain != first)
-        last = plain;
-    if (first >= 0 && last >= 0)
-        return joinedColumns(first, last);
-    const int either = std::max({first, last, plain});
-    return either >= 0 ? either : find(titles, filedName);
+    std::vector<int> columns;
+    for (const char* word : words)
+        for (std::size_t i = 0; i < titles.size(); ++i)
+            if (titles[i] == word)
+                columns.push_back(static_cast<int>(i));
+    return columns;
+}
+
+// "phone1value" of pairs that are numbered from 1: the columns of value and label, each -1 where there is none.
+struct Pair {
+    int value;
+    int label;
+};
+
+Pair pairOf(const std::vector<std::string>& titles, const char* what, int number)
+{
+    const std::string stem = what + std::to_string(number);
+    const int label = indexOf(titles, stem + "label");
+    return {indexOf(titles, stem + "value"), label >= 0 ? label : indexOf(titles, stem + "type")};
 }
 
 } // namespace
@@ -159,31 +62,85 @@ ColumnGuess::ColumnGuess(const std::vector<std::string>& titles)
     std::vector<std::string> plain;
     plain.reserve(titles.size());
     for (const std::string& title : titles)
-        plain.push_back(normalised(title));
-    m_name = findName(plain);
-    m_mobile = find(plain, mobile);
-    m_office = find(plain, office);
-    m_home = find(plain, home);
-    m_email = find(plain, email);
-    m_note = find(plain, note);
-    m_groups = find(plain, groupNames);
+        plain.push_back(normalisedTitle(title));
+    findNames(plain);
+    findPhones(plain);
+    findEmails(plain);
+    company = find(plain, knownTitles().company);
+    note = find(plain, knownTitles().note);
+    groups = find(plain, knownTitles().groups);
 }
 
-int ColumnGuess::forLabel(std::string_view labelId) const
+// A whole name if there is one. Beside a first name, a column called just "Name" is the last name, unless there is
+// one for that, too.
+void ColumnGuess::findNames(const std::vector<std::string>& titles)
 {
-    if (labelId == "ID_STR_NAME")
-        return m_name;
-    if (labelId == "ID_STR_MOBILE_PHONE")
-        return m_mobile;
-    if (labelId == "ID_STR_BUSINESS_PHONE")
-        return m_office;
-    if (labelId == "ID_STR_HOME_PHONE")
-        return m_home;
-    if (labelId == "ID_STR_EMAIL")
-        return m_email;
-    if (labelId == "ID_STR_NOTES")
-        return m_note;
-    return -1;
+    const KnownTitles& known = knownTitles();
+    const int plain = find(titles, known.plainName);
+    fullName = find(titles, known.fullName);
+    filedName = find(titles, known.filedName);
+    firstName = find(titles, known.firstName);
+    middleName = find(titles, known.middleName);
+    lastName = find(titles, known.lastName);
+    if (plain < 0 || plain == firstName)
+        return;
+    if (firstName < 0 || lastName >= 0)
+        fullName = plain;
+    else
+        lastName = plain;
+}
+
+void ColumnGuess::findPhones(const std::vector<std::string>& titles)
+{
+    const KnownTitles& known = knownTitles();
+    for (int number = 1;; ++number) {
+        const Pair pair = pairOf(titles, "phone", number);
+        if (pair.value < 0)
+            break;
+        phones.push_back({pair.value, pair.label, Kind::Any});
+    }
+    const TitleWords none;
+    const std::tuple<const TitleWords*, const TitleWords*, Kind> kinds[] = {
+        {&known.mobile, &none, Kind::Mobile},
+        {&known.office, &known.officeLabel, Kind::Office},
+        {&known.home, &known.homeLabel, Kind::Home},
+        {&known.phone, &none, Kind::Any},
+        {&known.fax, &none, Kind::Fax},
+    };
+    for (const auto& [words, labels, kind] : kinds) {
+        std::vector<int> columns = findAll(titles, *words);
+        if (columns.empty())
+            columns = findAll(titles, *labels);
+        for (const int column : columns)
+            phones.push_back({column, -1, kind});
+    }
+}
+
+void ColumnGuess::findEmails(const std::vector<std::string>& titles)
+{
+    for (int number = 1;; ++number) {
+        const Pair pair = pairOf(titles, "email", number);
+        if (pair.value < 0)
+            break;
+        emails.push_back(pair.value);
+    }
+    for (const int column : findAll(titles, knownTitles().email))
+        if (std::find(emails.begin(), emails.end(), column) == emails.end())
+            emails.push_back(column);
+}
+
+ColumnGuess::Kind ColumnGuess::kindOf(const std::string& label)
+{
+    const KnownTitles& known = knownTitles();
+    const std::string plain = normalisedTitle(label);
+    // "Home Fax" is no number of a home.
+    if (contains(known.fax, plain) || plain.find("fax") != std::string::npos)
+        return Kind::Fax;
+    if (contains(known.mobile, plain))
+        return Kind::Mobile;
+    if (contains(known.office, plain) || contains(known.officeLabel, plain))
+        return Kind::Office;
+    return contains(known.home, plain) || contains(known.homeLabel, plain) ? Kind::Home : Kind::Any;
 }
 
 } // namespace orva

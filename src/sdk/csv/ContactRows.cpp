@@ -4,6 +4,8 @@
 
 #include "base/Failure.h"
 #include "base/Unicode.h"
+#include "csv/MadeUpColumns.h"
+#include "csv/Titles.h"
 
 namespace orva
 {
@@ -192,12 +194,16 @@ RowBlock readContacts(const std::string& path, const Profile& profile, const int
     Row row;
     if (!reader.next(row)) // the titles
         throw Failure(ORVA_E_FORMAT, "empty file");
+    MadeUpColumns madeUp(titlesOf(row));
     FieldMap fields(profile, map);
+    const bool making = madeUp.usedBy(map, fields.fields());
     RowBlock rows(fields.fields());
     // Room that is not needed in the end costs nothing but addresses.
     const auto units = static_cast<std::size_t>(std::min<std::uint64_t>(reader.octets(), unitsReservedAtMost));
     rows.reserve(units / octetsOfARow, units);
     while (reader.next(row)) {
+        if (making)
+            madeUp.appendTo(row);
         fields.add(row, rows, report);
         if (rows.rows() > rowsAtMost || rows.bytes() > octetsAtMost)
             throw Failure(ORVA_E_TOO_LONG, "too many contacts");

@@ -53,6 +53,12 @@ void Row::add(std::string_view text)
     m_ends.push_back(m_text.size());
 }
 
+void Row::resize(int columns)
+{
+    m_ends.resize(static_cast<std::size_t>(columns), m_text.size());
+    m_text.resize(m_ends.empty() ? 0 : m_ends.back());
+}
+
 // libcsv behind its callbacks, which no exception may leave.
 struct RowReader::Parser {
     explicit Parser(int columns) : columnLimit(columns) { begin(); }

@@ -36,6 +36,9 @@ public:
     void clear(int line);
     void add(std::string_view text);
 
+    // Drops the columns behind so many, or adds empty ones.
+    void resize(int columns);
+
 private:
     std::string m_text;
     std::vector<std::size_t> m_ends;

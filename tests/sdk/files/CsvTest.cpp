@@ -1,4 +1,4 @@
-// Titles, numbers, field maps, guesses and the writer.
+// Titles, numbers, field maps and the writer.
 
 #include <cstdlib>
 #include <fstream>
@@ -9,7 +9,6 @@
 #include "PlainFiles.h"
 #include "base/Failure.h"
 #include "base/Unicode.h"
-#include "csv/ColumnGuess.h"
 #include "csv/ContactRows.h"
 #include "csv/LocalText.h"
 #include "csv/Titles.h"
@@ -205,28 +204,6 @@ TEST(aValueLongerThanAnyMayBeIsPassedOver)
     REQUIRE(result.rows.size() == 1);
     CHECK_EQ(result.rows[0], "3|Bo|2|");
     CHECK_EQ(result.reports[0], "2: row passed over: value too long");
-}
-
-TEST(columnsAreGuessedFromTitles)
-{
-    const auto entry = [](const std::vector<std::string>& titles, const char* label) {
-        return ColumnGuess(titles).forLabel(label);
-    };
-    CHECK_EQ(entry({"Mobile", "Name"}, "ID_STR_NAME"), 1);
-    CHECK_EQ(entry({"Name", "Given Name", "Family Name"}, "ID_STR_NAME"), 0);
-    CHECK_EQ(entry({"Name", "Vorname"}, "ID_STR_NAME"), joinedColumns(1, 0));
-    CHECK_EQ(entry({"First Name", "Last Name", "File As"}, "ID_STR_NAME"), joinedColumns(0, 1));
-    CHECK_EQ(entry({"Vorname", "Nachname", "Anzeigename"}, "ID_STR_NAME"), 2);
-    CHECK_EQ(entry({"Nombre", "Apellidos"}, "ID_STR_NAME"), joinedColumns(0, 1));
-    CHECK_EQ(entry({"ИМЯ", "ФАМИЛИЯ"}, "ID_STR_NAME"), joinedColumns(0, 1));
-    CHECK_EQ(entry({"E-MAIL address"}, "ID_STR_EMAIL"), 0);
-    CHECK_EQ(entry({"Telefon (privat)"}, "ID_STR_HOME_PHONE"), 0);
-    CHECK_EQ(entry({"officePhone"}, "ID_STR_BUSINESS_PHONE"), 0);
-    CHECK_EQ(entry({"Number"}, "ID_STR_MOBILE_PHONE"), 0);
-    CHECK_EQ(entry({"x", "y"}, "ID_STR_NAME"), -1);
-    CHECK_EQ(entry({}, "ID_STR_NAME"), -1);
-    CHECK_EQ(entry({"Name"}, "ID_STR_UNKNOWN"), -1);
-    CHECK_EQ(ColumnGuess({"a", "Kategorien"}).groups(), 1);
 }
 
 TEST(localTextKeepsWhatItCan)

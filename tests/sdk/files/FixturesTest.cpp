@@ -8,7 +8,8 @@
 #include <map>
 
 #include "SdkFiles.h"
-#include "csv/ColumnGuess.h"
+#include "csv/MadeUpColumns.h"
+#include "csv/Titles.h"
 
 namespace
 {
@@ -21,28 +22,18 @@ std::string escaped(const std::string& value)
     return out;
 }
 
-std::vector<std::string> split(const std::string& text)
-{
-    std::vector<std::string> parts(1);
-    for (const char c : text) {
-        if (c == ',')
-            parts.emplace_back();
-        else
-            parts.back().push_back(c);
-    }
-    return parts;
-}
-
 std::string describe(const std::string& path)
 {
     const std::string titleText = files::titles(path);
-    const orva::ColumnGuess guess(split(titleText));
-    const std::vector<int> map = {guess.forLabel("ID_STR_NAME"),           guess.forLabel("ID_STR_MOBILE_PHONE"),
-                                  guess.forLabel("ID_STR_BUSINESS_PHONE"), guess.forLabel("ID_STR_HOME_PHONE"),
-                                  guess.forLabel("ID_STR_EMAIL"),          guess.forLabel("ID_STR_NOTES")};
+    orva::RowReader reader(path, orva::RowReader::Report());
+    const orva::MadeUpColumns columns(orva::readTitles(reader));
+    std::vector<int> map;
+    for (const char* key : {"Name", "Mobile", "officePhone", "homePhone", "email", "remark"})
+        map.push_back(columns.forField(key));
     std::map<int, std::string> groups;
-    if (guess.groups() >= 0)
-        for (const files::Record& record : files::import(path, {-1, -1, -1, -1, -1, guess.groups()}, ORVA_MEMORY_LOCAL))
+    if (columns.groups() >= 0)
+        for (const files::Record& record :
+             files::import(path, {-1, -1, -1, -1, -1, columns.groups()}, ORVA_MEMORY_LOCAL))
             groups[record.id] = record.values[5];
     std::string out = titleText + "\n";
     for (const files::Record& record : files::import(path, map, ORVA_MEMORY_LOCAL)) {
