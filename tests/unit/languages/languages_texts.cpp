@@ -6,6 +6,7 @@
 #include <QtTest>
 
 #include "../core/FakeHost.h"
+#include "linkhand/QtCompat.h"
 #include "linkhand/core/Change.h"
 
 namespace
@@ -283,7 +284,7 @@ void LanguagesTexts::shortcutsAreKeys()
                     continue;
                 const QKeySequence key = QKeySequence::fromString(entry.strKey, QKeySequence::PortableText);
                 QCOMPARE(key.count(), 1);
-                QVERIFY2(key[0] != Qt::Key_unknown, qPrintable(entry.strKey));
+                QVERIFY2(QtCompat::firstKey(key) != Qt::Key_unknown, qPrintable(entry.strKey));
                 QCOMPARE(key.toString(QKeySequence::PortableText), entry.strKey);
             }
         }
