@@ -1,5 +1,6 @@
 // Prints a table: reading 250 entries of a card in the simulated modem against the bare exchange of the same bytes, a
-// whole program that lists them against gammu, and what a modem costs while nothing happens.
+// whole program that lists them against gammu, a modem that is plugged against ModemManager's own listing of it, and
+// what a modem costs while nothing happens.
 
 #include <unistd.h>
 
@@ -10,10 +11,12 @@
 #include <thread>
 
 #include "BareExchange.h"
+#include "PlugTimes.h"
 #include "benchmarks/support/Bench.h"
 #include "events/EventHub.h"
 #include "modem/ModemHardware.h"
 #include "tests/support/modem/ModemProcess.h"
+#include "tests/support/modem/Options.h"
 
 using namespace orva;
 
@@ -75,6 +78,28 @@ void measurePrograms(bench::Table& table, const std::string& folder, int rounds)
     table.ratio("pbctl lists 250 entries of a card", "gammu", pair.ours, pair.base, 0.1);
 }
 
+void measurePlug(bench::Table& table, const std::string& folder, int rounds)
+{
+    modemsim::BenchSetup setup;
+    setup.roles = {modemsim::Role::Primary, modemsim::Role::Secondary, modemsim::Role::Free};
+    std::string words[] = {"", "--entries", std::to_string(entries)};
+    char* arguments[] = {words[0].data(), words[1].data(), words[2].data()};
+    int at = 1;
+    modemsim::takeOption(3, arguments, at, setup.plan);
+    modemsim::ModemManagerBench machine(setup);
+    plug::Client client(machine, folder + "/follower");
+    plug::Times best = {1e9, 0};
+    for (int round = 0; round < rounds; ++round) {
+        const plug::Times times = client.plug(entries);
+        best = times.rows - times.listed < best.rows - best.listed ? times : best;
+        client.unplug();
+    }
+    char text[80];
+    std::snprintf(text, sizeof text, "rows after %.2f s, listed after %.2f s", best.rows, best.listed);
+    table.line("from the plug of a modem to the rows of its card, in seconds more", "ModemManager's own listing",
+               best.rows - best.listed, 1, text);
+}
+
 void measureIdle(bench::Table& table, const std::string& folder, int seconds)
 {
     const modemsim::ModemProcess modem({"--entries", std::to_string(entries)});
@@ -106,6 +131,7 @@ int main(int argc, char** argv)
         measureReading(table, "reading 250 entries of a card, over USB", 0, quick ? 3 : 25);
         measureReading(table, "the same at 115,200 baud", lineSpeed, quick ? 1 : 4);
         measurePrograms(table, folder, quick ? 1 : 3);
+        measurePlug(table, folder, quick ? 1 : 5);
         measureIdle(table, folder, quick ? 6 : 31);
     } catch (const std::exception& failure) {
         std::fprintf(stderr, "modem_benchmark: %s\n", failure.what());

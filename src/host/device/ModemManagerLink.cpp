@@ -3,7 +3,6 @@
 #include <QDBusArgument>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
-#include <QDBusServiceWatcher>
 #include <QFileInfo>
 #include <QStringList>
 
@@ -17,9 +16,8 @@ const char* const ROOT = "/org/freedesktop/ModemManager1";
 const char* const PREFIX = "org.freedesktop.ModemManager1.";
 const char* const OBJECT_MANAGER = "org.freedesktop.DBus.ObjectManager";
 const char* const PROPERTIES = "org.freedesktop.DBus.Properties";
-const char* const CONNECTION = "linkhand-modemmanager";
 
-// How long until a bus or a daemon that did not answer is asked again.
+// How long until a daemon that did not answer is asked again.
 const int RETRY_MS = 2000;
 
 // States of a modem, from failed to connected, and its locks, as ModemManager counts them.
@@ -40,27 +38,24 @@ QString interfaceName(const char* pszInterface)
 } // namespace
 
 ModemManagerLink::ModemManagerLink(const QString& strPort, QObject* pParent)
-    : QObject(pParent),
-      m_strPort(strPort),
-      m_bus(QLatin1String(CONNECTION)),
-      m_pOwner(nullptr),
-      m_bBus(false),
-      m_bService(false),
-      m_iMostTries(-1)
+    : QObject(pParent), m_strPort(strPort), m_bus(QLatin1String(SERVICE)), m_bService(false), m_iMostTries(-1)
 {
     m_retry.setSingleShot(true);
     connect(&m_retry, SIGNAL(timeout()), this, SLOT(OnRetry()));
-}
-
-ModemManagerLink::~ModemManagerLink()
-{
-    blockSignals(true); // who listens may be half gone
-    close();
+    connect(&m_bus, SIGNAL(busChanged()), this, SLOT(OnBusChanged()));
+    connect(&m_bus, SIGNAL(ownerChanged()), this, SLOT(OnOwnerChanged()));
+    connect(&m_bus, SIGNAL(heard(QDBusMessage)), this, SLOT(OnHeard(QDBusMessage)));
+    m_bus.Listen(OBJECT_MANAGER, "InterfacesAdded");
+    m_bus.Listen(OBJECT_MANAGER, "InterfacesRemoved");
+    m_bus.Listen(PROPERTIES, "PropertiesChanged");
+    m_bus.Listen("org.freedesktop.ModemManager1.Modem.Messaging", "Added");
+    m_bus.Listen("org.freedesktop.ModemManager1.Modem.Voice", "CallAdded");
+    m_bus.Listen("org.freedesktop.ModemManager1.Call", "StateChanged");
 }
 
 void ModemManagerLink::Start()
 {
-    open();
+    m_bus.Start();
 }
 
 QString ModemManagerLink::CardPath() const
@@ -72,27 +67,18 @@ QString ModemManagerLink::CardPath() const
 QDBusPendingCall ModemManagerLink::Call(const QString& strPath, const char* pszInterface, const char* pszMethod,
                                         const QVariantList& listArguments, int iTimeoutMs) const
 {
-    QDBusMessage message = QDBusMessage::createMethodCall(QLatin1String(SERVICE), strPath, interfaceName(pszInterface),
-                                                          QLatin1String(pszMethod));
-    message.setArguments(listArguments);
-    message.setAutoStartService(false);
-    return m_bus.asyncCall(message, iTimeoutMs);
+    return m_bus.Call(strPath, interfaceName(pszInterface), QLatin1String(pszMethod), listArguments, iTimeoutMs);
 }
 
 QDBusPendingCall ModemManagerLink::Properties(const QString& strPath, const char* pszInterface) const
 {
-    QDBusMessage message = QDBusMessage::createMethodCall(QLatin1String(SERVICE), strPath, QLatin1String(PROPERTIES),
-                                                          QLatin1String("GetAll"));
-    message << interfaceName(pszInterface);
-    message.setAutoStartService(false);
-    return m_bus.asyncCall(message);
+    return m_bus.Call(strPath, QLatin1String(PROPERTIES), QLatin1String("GetAll"),
+                      QVariantList() << interfaceName(pszInterface));
 }
 
 QDBusPendingCallWatcher* ModemManagerLink::Watch(const QDBusPendingCall& call, QObject* pReceiver, const char* pszSlot)
 {
-    QDBusPendingCallWatcher* pWatcher = new QDBusPendingCallWatcher(call, this);
-    connect(pWatcher, SIGNAL(finished(QDBusPendingCallWatcher*)), pReceiver, pszSlot);
-    return pWatcher;
+    return m_bus.Watch(call, pReceiver, pszSlot);
 }
 
 void ModemManagerLink::LimitTries(int iTries)
@@ -109,26 +95,42 @@ void ModemManagerLink::Refresh()
 
 void ModemManagerLink::OnRetry()
 {
-    if (!m_bBus) {
-        open();
-    } else {
+    if (m_bus.IsRunning()) {
         readObjects();
     }
 }
 
-void ModemManagerLink::OnDisconnected()
+void ModemManagerLink::OnBusChanged()
 {
-    close();
-    m_retry.start(RETRY_MS);
+    update();
 }
 
-void ModemManagerLink::OnOwnerChanged(const QString&, const QString&, const QString& strNew)
+void ModemManagerLink::OnOwnerChanged()
 {
     m_modems.clear();
-    m_bService = !strNew.isEmpty();
+    m_bService = m_bus.IsRunning();
     choose();
     if (m_bService) {
         readObjects();
+    }
+}
+
+void ModemManagerLink::OnHeard(const QDBusMessage& message)
+{
+    const QString strMember = message.member();
+    const QVariantList listArguments = message.arguments();
+    if (strMember == QLatin1String("InterfacesAdded") && listArguments.size() == 2) {
+        interfacesAdded(message);
+    } else if (strMember == QLatin1String("InterfacesRemoved") && listArguments.size() == 2) {
+        interfacesRemoved(message);
+    } else if (strMember == QLatin1String("PropertiesChanged") && listArguments.size() == 3) {
+        propertiesChanged(message);
+    } else if (strMember == QLatin1String("Added") && listArguments.size() == 2 && message.path() == m_strModem) {
+        emit messageAdded(BusValues::Path(listArguments.at(0)), listArguments.at(1).toBool());
+    } else if (strMember == QLatin1String("CallAdded") && !listArguments.isEmpty() && message.path() == m_strModem) {
+        emit callAdded(BusValues::Path(listArguments.at(0)));
+    } else if (strMember == QLatin1String("StateChanged") && listArguments.size() == 3) {
+        emit callStateChanged(message.path(), listArguments.at(1).toInt(), listArguments.at(2).toInt());
     }
 }
 
@@ -139,7 +141,7 @@ void ModemManagerLink::OnManagedObjects(QDBusPendingCallWatcher* pWatcher)
     m_bService = reply.type() == QDBusMessage::ReplyMessage;
     if (!m_bService || reply.arguments().isEmpty()) {
         // One that is not there will be told of when it comes; one that hangs is asked again.
-        if (reply.errorName() != QLatin1String("org.freedesktop.DBus.Error.ServiceUnknown") && m_bBus) {
+        if (reply.errorName() != QLatin1String("org.freedesktop.DBus.Error.ServiceUnknown") && m_bus.HasBus()) {
             m_retry.start(RETRY_MS);
         }
         update();
@@ -171,20 +173,21 @@ void ModemManagerLink::OnRefreshed(QDBusPendingCallWatcher* pWatcher)
     emit refreshed();
 }
 
-void ModemManagerLink::OnInterfacesAdded(const QDBusMessage& message)
+void ModemManagerLink::readObjects()
 {
-    if (message.arguments().size() == 2) {
-        const QString strPath = BusValues::Path(message.arguments().at(0));
-        takeObject(strPath, BusValues::Interfaces(message.arguments().at(1).value<QDBusArgument>()));
-        choose();
-    }
+    Watch(m_bus.Call(QLatin1String(ROOT), QLatin1String(OBJECT_MANAGER), QLatin1String("GetManagedObjects")), this,
+          SLOT(OnManagedObjects(QDBusPendingCallWatcher*)));
+} // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): a watcher belongs to its parent
+
+void ModemManagerLink::interfacesAdded(const QDBusMessage& message)
+{
+    const QString strPath = BusValues::Path(message.arguments().at(0));
+    takeObject(strPath, BusValues::Interfaces(message.arguments().at(1).value<QDBusArgument>()));
+    choose();
 }
 
-void ModemManagerLink::OnInterfacesRemoved(const QDBusMessage& message)
+void ModemManagerLink::interfacesRemoved(const QDBusMessage& message)
 {
-    if (message.arguments().size() != 2) {
-        return;
-    }
     const QString strPath = BusValues::Path(message.arguments().at(0));
     if (m_modems.contains(strPath)) {
         foreach (const QString& strInterface, message.arguments().at(1).toStringList()) {
@@ -197,11 +200,8 @@ void ModemManagerLink::OnInterfacesRemoved(const QDBusMessage& message)
     }
 }
 
-void ModemManagerLink::OnPropertiesChanged(const QDBusMessage& message)
+void ModemManagerLink::propertiesChanged(const QDBusMessage& message)
 {
-    if (message.arguments().size() != 3) {
-        return;
-    }
     const QString strInterface = message.arguments().at(0).toString();
     if (!m_modems.contains(message.path())) {
         if (strInterface == interfaceName("Sms")) {
@@ -216,83 +216,6 @@ void ModemManagerLink::OnPropertiesChanged(const QDBusMessage& message)
     }
     choose(); // the ports may have become known
 }
-
-void ModemManagerLink::OnMessageAdded(const QDBusMessage& message)
-{
-    if (message.path() == m_strModem && message.arguments().size() == 2) {
-        emit messageAdded(BusValues::Path(message.arguments().at(0)), message.arguments().at(1).toBool());
-    }
-}
-
-void ModemManagerLink::OnCallAdded(const QDBusMessage& message)
-{
-    if (message.path() == m_strModem && !message.arguments().isEmpty()) {
-        emit callAdded(BusValues::Path(message.arguments().at(0)));
-    }
-}
-
-void ModemManagerLink::OnCallStateChanged(const QDBusMessage& message)
-{
-    if (message.arguments().size() == 3) {
-        emit callStateChanged(message.path(), message.arguments().at(1).toInt(), message.arguments().at(2).toInt());
-    }
-}
-
-void ModemManagerLink::open()
-{
-    m_bus = QDBusConnection::connectToBus(QDBusConnection::SystemBus, QLatin1String(CONNECTION));
-    if (!m_bus.isConnected()) {
-        QDBusConnection::disconnectFromBus(QLatin1String(CONNECTION));
-        m_retry.start(RETRY_MS);
-        return;
-    }
-    m_bBus = true;
-    m_pOwner = new QDBusServiceWatcher(QLatin1String(SERVICE), m_bus, QDBusServiceWatcher::WatchForOwnerChange, this);
-    connect(m_pOwner, SIGNAL(serviceOwnerChanged(QString, QString, QString)), this,
-            SLOT(OnOwnerChanged(QString, QString, QString)));
-    m_bus.connect(QString(), QLatin1String("/org/freedesktop/DBus/Local"), QLatin1String("org.freedesktop.DBus.Local"),
-                  QLatin1String("Disconnected"), this, SLOT(OnDisconnected()));
-    listen(OBJECT_MANAGER, "InterfacesAdded", SLOT(OnInterfacesAdded(QDBusMessage)));
-    listen(OBJECT_MANAGER, "InterfacesRemoved", SLOT(OnInterfacesRemoved(QDBusMessage)));
-    listen(PROPERTIES, "PropertiesChanged", SLOT(OnPropertiesChanged(QDBusMessage)));
-    listen("org.freedesktop.ModemManager1.Modem.Messaging", "Added", SLOT(OnMessageAdded(QDBusMessage)));
-    listen("org.freedesktop.ModemManager1.Modem.Voice", "CallAdded", SLOT(OnCallAdded(QDBusMessage)));
-    listen("org.freedesktop.ModemManager1.Call", "StateChanged", SLOT(OnCallStateChanged(QDBusMessage)));
-    update();
-    readObjects();
-}
-
-void ModemManagerLink::close()
-{
-    m_retry.stop();
-    m_modems.clear();
-    m_bService = false;
-    const bool bWasOpen = m_bBus;
-    m_bBus = false;
-    choose();
-    if (bWasOpen) {
-        // Qt takes unanswered questions along with their connection, whoever still holds one.
-        qDeleteAll(findChildren<QDBusPendingCallWatcher*>());
-        delete m_pOwner;
-        m_pOwner = nullptr;
-        m_bus = QDBusConnection(QString());
-        QDBusConnection::disconnectFromBus(QLatin1String(CONNECTION));
-    }
-}
-
-void ModemManagerLink::listen(const char* pszInterface, const char* pszSignal, const char* pszSlot)
-{
-    m_bus.connect(QLatin1String(SERVICE), QString(), QLatin1String(pszInterface), QLatin1String(pszSignal), this,
-                  pszSlot);
-}
-
-void ModemManagerLink::readObjects()
-{
-    QDBusMessage message = QDBusMessage::createMethodCall(
-        QLatin1String(SERVICE), QLatin1String(ROOT), QLatin1String(OBJECT_MANAGER), QLatin1String("GetManagedObjects"));
-    message.setAutoStartService(false);
-    Watch(m_bus.asyncCall(message), this, SLOT(OnManagedObjects(QDBusPendingCallWatcher*)));
-} // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): a watcher belongs to its parent
 
 void ModemManagerLink::takeObject(const QString& strPath, const Interfaces& interfaces)
 {
@@ -350,7 +273,7 @@ void ModemManagerLink::update()
 ModemStatus ModemManagerLink::read() const
 {
     ModemStatus status;
-    status.bBus = m_bBus;
+    status.bBus = m_bus.HasBus();
     status.bService = m_bService;
     status.bPresent = !m_strModem.isEmpty();
     if (status.bPresent) {

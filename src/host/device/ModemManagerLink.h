@@ -1,7 +1,6 @@
 #ifndef LINKHAND_HOST_MODEMMANAGERLINK_H
 #define LINKHAND_HOST_MODEMMANAGERLINK_H
 
-#include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCall>
 #include <QMap>
@@ -10,10 +9,10 @@
 #include <QTimer>
 #include <QVariant>
 
+#include "device/BusService.h"
 #include "device/ModemStatus.h"
 
 class QDBusPendingCallWatcher;
-class QDBusServiceWatcher;
 
 // ModemManager on the system bus, and the one modem of it that this program uses. A bus that is not there, a daemon
 // that goes and returns, a modem that is pulled are states that pass: it looks again by itself. Nothing waits for an
@@ -25,7 +24,6 @@ class ModemManagerLink : public QObject
 public:
     // With the path of a port only the modem that has it; with an empty one the first modem that there is.
     explicit ModemManagerLink(const QString& strPort, QObject* pParent = nullptr);
-    ~ModemManagerLink() override;
 
     void Start();
 
@@ -69,24 +67,19 @@ signals:
 
 private slots:
     void OnRetry();
-    void OnDisconnected();
-    void OnOwnerChanged(const QString& strService, const QString& strOld, const QString& strNew);
+    void OnBusChanged();
+    void OnOwnerChanged();
+    void OnHeard(const QDBusMessage& message);
     void OnManagedObjects(QDBusPendingCallWatcher* pWatcher);
     void OnRefreshed(QDBusPendingCallWatcher* pWatcher);
-    void OnInterfacesAdded(const QDBusMessage& message);
-    void OnInterfacesRemoved(const QDBusMessage& message);
-    void OnPropertiesChanged(const QDBusMessage& message);
-    void OnMessageAdded(const QDBusMessage& message);
-    void OnCallAdded(const QDBusMessage& message);
-    void OnCallStateChanged(const QDBusMessage& message);
 
 private:
     typedef QMap<QString, QVariantMap> Interfaces; // properties by interface
 
-    void open();
-    void close();
-    void listen(const char* pszInterface, const char* pszSignal, const char* pszSlot);
     void readObjects();
+    void interfacesAdded(const QDBusMessage& message);
+    void interfacesRemoved(const QDBusMessage& message);
+    void propertiesChanged(const QDBusMessage& message);
     void takeObject(const QString& strPath, const Interfaces& interfaces);
     bool isWanted(const Interfaces& interfaces) const;
     void choose();
@@ -97,11 +90,9 @@ private:
     QVariant property(const char* pszInterface, const char* pszName) const;
 
     const QString m_strPort; // its path, which may be a link
-    QDBusConnection m_bus;
-    QDBusServiceWatcher* m_pOwner;
+    BusService m_bus;
     QTimer m_retry;
-    bool m_bBus;
-    bool m_bService;
+    bool m_bService;                    // it has answered
     QMap<QString, Interfaces> m_modems; // by path
     QString m_strModem;
     int m_iMostTries; // -1: as the modem says

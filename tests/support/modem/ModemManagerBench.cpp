@@ -68,7 +68,8 @@ ModemManagerBench::ModemManagerBench(const BenchSetup& setup) : m_setup(setup)
     addModem(setup.plan, setup.roles);
     if (setup.usb)
         startMachine();
-    startDaemon();
+    if (setup.daemon)
+        startDaemon();
 }
 
 size_t ModemManagerBench::addModem(const Plan& plan, const std::vector<Role>& roles)

@@ -25,6 +25,7 @@ struct BenchSetup {
     // true: a mocked machine with USB ports on pseudo terminals, real plugging and unplugging, seconds a plug. false:
     // the daemon's own test interface with abstract sockets, less than a second, but a modem once found never leaves.
     bool usb = true;
+    bool daemon = true; // false: none until startDaemon()
     std::string vendor = "2c7c";
     std::string product = "0125";
 };
@@ -44,7 +45,7 @@ struct BenchSetup {
 class ModemManagerBench
 {
 public:
-    // Starts the bus, the mocked machine and the daemon; nothing is plugged. Throws std::runtime_error.
+    // Starts the bus, the mocked machine and, as set up, the daemon; nothing is plugged. Throws std::runtime_error.
     explicit ModemManagerBench(const BenchSetup& setup = BenchSetup());
     ~ModemManagerBench();
     ModemManagerBench(const ModemManagerBench&) = delete;
@@ -62,7 +63,7 @@ public:
     void startDaemon();
     pid_t busDaemon() const { return m_bus.daemon(); }
     void endDaemon(int signal); // SIGTERM, or SIGKILL as in a crash
-    // The ports ("ttyUSB0") that the daemon has open.
+    // The ports ("ttyUSB0") that the daemon, which runs, has open.
     std::vector<std::string> held() const;
     std::string node(size_t port, size_t number = 0) const; // "ttyUSB0", or the socket's name
 

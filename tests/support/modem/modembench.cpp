@@ -25,6 +25,7 @@ void help()
         "  --roles ROLE,...       a port each: primary, secondary, free, ignored; without it one of the first three\n"
         "  --sockets              not a mocked machine with USB ports, but the daemon's own test interface\n"
         "  --unplugged            the modem is not there at the start\n"
+        "  --no-daemon            ModemManager does not run, and the modem is not there\n"
         "  --control NAME         the name of the socket for orders\n%s",
         optionsHelp());
 }
@@ -135,6 +136,8 @@ int main(int argc, char** argv)
                 setup.usb = false;
             } else if (option == "--unplugged") {
                 plugged = false;
+            } else if (option == "--no-daemon") {
+                plugged = setup.daemon = false;
             } else if (option == "--") {
                 command.assign(argv + i + 1, argv + argc);
                 break;
