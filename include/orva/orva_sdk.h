@@ -239,7 +239,8 @@ ORVA_API long ORVA_PBSrv_IsOutlookInstalled(const char* name);
  * number), where no column of that title says as much: the name joined of its parts, each number where its title or
  * the label beside it says, all of several values in a cell ("1 ::: 2"), what finds no place in the remark. With buffer
  * null: returns 2 and the buffer's size in *length. With a zeroed buffer of that size: fills it in and returns 0. On
- * failure *length is 0. */
+ * failure *length is 0. A file called .vcf or .vcard holds vCards (2.1, 3.0 and 4.0; RFC 2426, RFC 6350); its columns
+ * are the keys of the fields. */
 ORVA_API long ORVA_PBSrv_GetFileFieldDescription(const unsigned short* path, char* buffer, int* length);
 
 /* Reads a file into a new record set for a memory; nothing is stored. RFC 4180, also with semicolons or tabs, whichever
@@ -253,6 +254,8 @@ ORVA_API long ORVA_PBSrv_GetFileFieldDescription(const unsigned short* path, cha
  *   of the note. What is no number stays as it is, for the caller to refuse, is named in the log by its line, and so is
  *   one with an extension where there is no note.
  * - A note is cut to what its field holds; other values may be longer than the memory takes.
+ * - Of vCards, further numbers and e-mail addresses stand in the remark; what else has no field stays behind, named by
+ *   its property in the log.
  * - A row that cannot be read is passed over and named by its line in the log; so is the line of a quotation mark that
  *   nothing closes. Rows without a value in the mapped columns are no records.
  * ORVA_E_FORMAT for a file without a usable row, ORVA_E_TOO_LONG for one beyond 256 MB or a million records. */

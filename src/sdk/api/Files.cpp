@@ -10,6 +10,7 @@
 #include "api/Library.h"
 #include "base/Log.h"
 #include "base/Text.h"
+#include "contactapps/CardFile.h"
 #include "contactapps/ContactApps.h"
 #include "csv/ContactRows.h"
 #include "csv/LocalText.h"
@@ -35,16 +36,22 @@ std::string pathFrom(const unsigned short* path)
     return file;
 }
 
-// The titles of a file and of the columns made up of it, joined as they are handed out.
-std::string describeFile(const std::string& file)
+// The titles of a file's columns, and of those made up of them.
+std::vector<std::string> columnTitles(const std::string& file)
 {
     RowReader reader(file, RowReader::Report());
+    std::vector<std::string> titles = readTitles(reader);
+    const MadeUpColumns madeUp(titles);
+    titles.insert(titles.end(), madeUp.titles().begin(), madeUp.titles().end());
+    return titles;
+}
+
+// The titles of a file, joined as they are handed out.
+std::string describeFile(const std::string& file)
+{
     std::string joined;
-    const std::vector<std::string> own = readTitles(reader);
-    const MadeUpColumns madeUp(own);
-    for (const std::vector<std::string>* titles : {&own, &madeUp.titles()})
-        for (const std::string& title : *titles)
-            joined.append(title).push_back(',');
+    for (const std::string& title : isCardFile(file) ? cardFileTitles(file) : columnTitles(file))
+        joined.append(title).push_back(',');
     joined.pop_back();
     return toLocal(joined);
 }
@@ -139,7 +146,8 @@ long ORVA_PBSrv_GetFileFieldDescription(const unsigned short* path, char* buffer
 long ORVA_PBSrv_ImportFromFile(const unsigned short* path, int* map, int memory, void** set)
 {
     return importRows(__func__, map, memory, set, [&](const Profile& profile, const RowReader::Report& report) {
-        return readContacts(pathFrom(path), profile, map, report);
+        const std::string file = pathFrom(path);
+        return isCardFile(file) ? readCardFile(file, profile, map, report) : readContacts(file, profile, map, report);
     });
 }
 

@@ -146,6 +146,20 @@ private:
         QFAIL("there is no menu entry");
     }
 
+    // Imports a file as a user does who takes the field map as it opens.
+    static void importFile(const QString& strPath, QStringList& lstTitles, QStringList& lstMapped)
+    {
+        QTimer chooser;
+        onDialog<QFileDialog>(chooser, [&strPath](QFileDialog* pDialog) {
+            pDialog->selectFile(strPath);
+            return QMetaObject::invokeMethod(pDialog, "accept");
+        });
+        QTimer mapper;
+        onDialog<QDialog>(mapper, [&](QDialog* pDialog) { return acceptMap(pDialog, lstTitles, lstMapped); });
+        import();
+        QVERIFY(!chooser.isActive() && !mapper.isActive());
+    }
+
 private slots:
     void initTestCase()
     {
@@ -203,17 +217,9 @@ private slots:
         // The dialog wants the extension.
         const QString strPath = m_folder->filePath("theirs.csv");
         QVERIFY(QFile::copy(fixtures() + file, strPath));
-        QTimer chooser;
-        onDialog<QFileDialog>(chooser, [&strPath](QFileDialog* pDialog) {
-            pDialog->selectFile(strPath);
-            return QMetaObject::invokeMethod(pDialog, "accept");
-        });
-        QTimer mapper;
         QStringList lstShown;
         QStringList lstMapped;
-        onDialog<QDialog>(mapper, [&](QDialog* pDialog) { return acceptMap(pDialog, lstShown, lstMapped); });
-        import();
-        QVERIFY(!chooser.isActive() && !mapper.isActive());
+        importFile(strPath, lstShown, lstMapped);
         QCOMPARE(lstShown, lstTitles);
         // Whatever the file calls its columns, each field that has anything has found its own.
         for (int iField = 0; iField < FIELDS; ++iField)
@@ -223,6 +229,23 @@ private slots:
         QTRY_COMPARE(m_host->m_lstSaid,
                      QStringList(QString("Contacts found: %1, imported: %1").arg(lstExpected.size())));
         compareStored(lstExpected);
+    }
+
+    void fileOfCardsComesIn()
+    {
+        const QString strPath = m_folder->filePath("theirs.vcf");
+        QFile file(strPath);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("BEGIN:VCARD\r\nVERSION:3.0\r\nFN:Ada Byron\r\nTEL;TYPE=CELL:+44 7700 900503\r\n"
+                   "TEL;TYPE=WORK:+44 1632 960501\r\nTEL;TYPE=HOME:+44 1632 960502\r\nEMAIL:ada@example.com\r\n"
+                   "NOTE:engines\r\nEND:VCARD\r\n");
+        file.close();
+        QStringList lstTitles;
+        QStringList lstMapped;
+        importFile(strPath, lstTitles, lstMapped);
+        QVERIFY(!lstMapped.contains(" "));
+        QTRY_COMPARE(m_host->m_lstSaid, QStringList("Contacts found: 1, imported: 1"));
+        compareStored({"1\tAda Byron\t+447700900503\t+441632960501\t+441632960502\tada@example.com\tengines"});
     }
 };
 
