@@ -66,6 +66,24 @@ typedef struct ORVA_DUPLICATE {
 ORVA_API long ORVA_Care_GetDuplicates(int memory, ORVA_DUPLICATE** entries, int* count);
 ORVA_API long ORVA_Care_DuplicatesRelease(int memory, ORVA_DUPLICATE** entries);
 
+/* ---- Merging (memory 4 only; others give ORVA_E_UNSUPPORTED) ------------------------------------------------------
+ * Several records become one, the first of them, which keeps its identifier. Its values stay, and those of the others
+ * go into the fields that it leaves empty. A value that has no room there, and is no other way of writing one that has,
+ * goes into the note, as "Mobile: +441632960001"; what the note has no room for is kept beside the fields. Notes are
+ * joined, and so are groups and what is kept. What the first said before and the others as they were are in the bin. */
+
+/* Gives a handle to what would become of the records, which is read with ORVA_PBSrv_AddrRecord_GetValue and
+ * ORVA_Care_GetKept and released with ORVA_PBSrv_AddrRecord_Release; and the groups it would be in, as
+ * ORVA_Care_GetBinGroups gives them, in a new buffer that the caller frees. Changes nothing. ORVA_E_NOT_FOUND if one of
+ * the records is not there, ORVA_E_ARGUMENT for fewer than two or one that is named twice, ORVA_E_TOO_LONG for more
+ * than can be kept. */
+ORVA_API long ORVA_Care_PreviewMerge(int memory, const int* records, int count, void** record, unsigned short** groups);
+
+/* Merges the records of each set, given as ORVA_Care_GetDuplicates gives them: the entries of a set stand one behind
+ * the other. The kind is not looked at. All sets or, with a code as above, nothing. Durable when it returns 0 outside a
+ * transaction; inside one it is one of its writes. Takes time in proportion to the records. */
+ORVA_API long ORVA_Care_Merge(int memory, const ORVA_DUPLICATE* entries, int count);
+
 /* ---- The bin of the PC's phonebook (memory 4 only; others give ORVA_E_UNSUPPORTED) -------------------------------
  * What a record said before it was deleted, or before an update changed it, stays in the bin for ORVA_BIN_DAYS days,
  * with the groups it was in. It goes there in the transaction that takes it away. */

@@ -22,6 +22,7 @@ constexpr option known[] = {
     {"dry-run", no_argument, nullptr, longOption},
     {"json", no_argument, nullptr, longOption},
     {"empty", no_argument, nullptr, longOption},
+    {"all", no_argument, nullptr, longOption},
     {"memory", required_argument, nullptr, longOption},
     {"data-dir", required_argument, nullptr, longOption},
     {"group", required_argument, nullptr, longOption},

@@ -19,6 +19,7 @@ int runShow(const Arguments& arguments);
 int runEdit(const Arguments& arguments);
 int runDelete(const Arguments& arguments);
 int runDuplicates(const Arguments& arguments);
+int runMerge(const Arguments& arguments);
 int runFind(const Arguments& arguments);
 int runGroup(const Arguments& arguments);
 int runGroups(const Arguments& arguments);

@@ -19,9 +19,9 @@ namespace
 // Properties of a vCard that can be kept beside the fields; a name that is none is more likely a slip of the finger.
 bool canBeKept(const std::string& name)
 {
-    static const char* const names[] = {"ADR",     "ANNIVERSARY", "BDAY",  "CALURI", "EMAIL", "GENDER",   "GEO",
-                                        "IMPP",    "KEY",         "LANG",  "LOGO",   "ORG",   "NICKNAME", "PHOTO",
-                                        "RELATED", "ROLE",        "SOUND", "TEL",    "TITLE", "TZ",       "URL"};
+    static const char* const names[] = {
+        "ADR",  "ANNIVERSARY", "BDAY",     "CALURI", "EMAIL",   "GENDER", "GEO",   "IMPP", "KEY",   "LANG", "LOGO",
+        "NOTE", "ORG",         "NICKNAME", "PHOTO",  "RELATED", "ROLE",   "SOUND", "TEL",  "TITLE", "TZ",   "URL"};
     const auto same = [&name](const char* known) { return strcasecmp(known, name.c_str()) == 0; };
     const bool own =
         name.size() > 2 && strncasecmp(name.c_str(), "X-", 2) == 0 &&

@@ -196,14 +196,19 @@ Contact readContact(int memory, const std::vector<Field>& fields, int id)
 {
     Handle record(ORVA_PBSrv_AddrRecord_Release);
     check(ORVA_PBSrv_GetAddrRecord(id, memory, record.out()), "reading contact " + std::to_string(id));
+    return contactOf(record.get(), fields, id);
+}
+
+Contact contactOf(void* record, const std::vector<Field>& fields, int id)
+{
     Contact contact;
     contact.id = id;
     for (const Field& field : fields) {
         unsigned short* text = nullptr;
-        check(ORVA_PBSrv_AddrRecord_GetValue(record.get(), field.key.c_str(), &text), "reading a contact");
+        check(ORVA_PBSrv_AddrRecord_GetValue(record, field.key.c_str(), &text), "reading a contact");
         contact.values.push_back(takeText(text));
     }
-    contact.kept = keptOf(record.get());
+    contact.kept = keptOf(record);
     return contact;
 }
 

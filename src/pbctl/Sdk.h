@@ -113,6 +113,9 @@ struct Contact {
 // SdkError if it is not there.
 Contact readContact(int memory, const std::vector<Field>& fields, int id);
 
+// What a handle of a record holds, under an identifier.
+Contact contactOf(void* record, const std::vector<Field>& fields, int id);
+
 // Replaces all of a contact; the library's code.
 long updateContact(int memory, const std::vector<Field>& fields, const Contact& contact);
 

@@ -6,6 +6,7 @@
 
 #include "Commands.h"
 #include "Groups.h"
+#include "Records.h"
 #include "Sdk.h"
 #include "Shown.h"
 #include "vcard/KeptLines.h"
@@ -15,36 +16,6 @@ namespace pbctl
 
 namespace
 {
-
-// Values beyond this, such as photos, are told by their length.
-constexpr std::size_t longestShown = 1000;
-
-// "ADR;TYPE=HOME"
-std::string headOf(const orva::CardProperty& property)
-{
-    std::string head = property.group().empty() ? property.name() : property.group() + "." + property.name();
-    for (const orva::CardParameter& parameter : property.parameters()) {
-        head += ";" + parameter.name;
-        for (std::size_t i = 0; i < parameter.values.size(); ++i)
-            head += (i > 0 ? "," : parameter.name.empty() ? "" : "=") + parameter.values[i];
-    }
-    return head;
-}
-
-void printLines(const Contact& contact, const std::vector<Field>& fields, const std::vector<std::string>& groups)
-{
-    std::printf("ID\t%d\n", contact.id);
-    for (std::size_t i = 0; i < fields.size(); ++i)
-        std::printf("%s\t%s\n", fields[i].key.c_str(), shown(toUtf8(contact.values[i])).c_str());
-    for (const std::string& group : groups)
-        std::printf("Group\t%s\n", shown(group).c_str());
-    for (const orva::CardProperty& property : orva::keptProperties(contact.kept)) {
-        const std::string& value = property.value();
-        const std::string text =
-            value.size() > longestShown ? "(" + std::to_string(value.size()) + " octets)" : shown(value);
-        std::printf("%s\t%s\n", shown(headOf(property)).c_str(), text.c_str());
-    }
-}
 
 void printJson(const Contact& contact, const std::vector<Field>& fields, const std::vector<std::string>& groups)
 {
@@ -87,7 +58,7 @@ int runShow(const Arguments& arguments)
         if (json)
             printJson(contacts[i], fields, paths);
         else
-            printLines(contacts[i], fields, paths);
+            printContact(contacts[i], fields, paths);
     }
     std::printf("%s", json ? "]\n" : "");
     return done;

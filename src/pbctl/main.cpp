@@ -43,6 +43,12 @@ constexpr Command commands[] = {
     {"duplicates", runDuplicates, "[--memory M]",
      "Prints the contacts that belong together, set by set: \"same\" where the name and a number or an e-mail address\n"
      "are the same, \"number\" where only a number is.\n"},
+    {"merge", runMerge, "[--dry-run] ID ID... | --all",
+     "Makes one contact of several of the PC's phonebook: the first stays, and takes over what it has no value for, "
+     "the\n"
+     "groups and what is kept; values without room go to its note. What they said before goes to the bin.\n"
+     "  --all             merges everybody whom \"duplicates\" calls the same\n"
+     "  --dry-run         only prints what would become of them\n"},
     {"import", runImport, "[--memory M] [OPTION]... FILE | --from APPLICATION",
      "Takes contacts over from a file with titles in its first row (commas, semicolons or tabs), from one of vCards\n"
      "or from a mail program on this computer. Columns are told by their titles; groups come from a column\n"

@@ -17,8 +17,10 @@ namespace
 
 constexpr char between = '\x1F'; // keeps "ab" + "c" apart from "a" + "bc"
 
-// A number as it is dialled: "00" is the "+" of a country that has no key for it.
-std::string dialled(std::u16string_view number)
+} // namespace
+
+// As it is dialled: "00" is the "+" of a country that has no key for it.
+std::string comparedNumber(std::u16string_view number)
 {
     std::string digits;
     appendUtf8(number, digits);
@@ -26,8 +28,6 @@ std::string dialled(std::u16string_view number)
         digits.replace(0, 2, "+");
     return digits;
 }
-
-} // namespace
 
 std::string foldedText(std::u16string_view text)
 {
@@ -63,7 +63,7 @@ Matcher::Keys Matcher::keysOf(const Values& values) const
     bool anything = false;
     for (std::size_t i = 0; i < m_profile.fields().size() && i < values.size(); ++i) {
         const Field& field = m_profile.fields()[i];
-        std::string text = isNumberField(field) ? dialled(values[i]) : foldedText(values[i]);
+        std::string text = isNumberField(field) ? comparedNumber(values[i]) : foldedText(values[i]);
         anything = anything || !text.empty();
         keys.whole += text + between;
         if (text.empty())

@@ -60,6 +60,9 @@ private:
 // A text as it is compared: without case, its letters composed (Unicode's normalisation form C).
 std::string foldedText(std::u16string_view text);
 
+// A number as it is compared.
+std::string comparedNumber(std::u16string_view number);
+
 } // namespace orva
 
 #endif // SDK_CARE_MATCHER_H

@@ -166,18 +166,23 @@ void Store::update(int id, const Values& values, const std::string* kept)
             return 0;
         }
         return wholly([&] {
-            const bool differs = readKept(id) != *kept;
-            const int before = sqlite3_total_changes(m_db->handle());
-            replaceRecord(id, values);
-            // The fields alone bring themselves into the bin.
-            const bool fieldsDiffer = sqlite3_total_changes(m_db->handle()) - before > 1;
-            if (differs && !fieldsDiffer && m_bin == Bin::Filled)
-                copyToBin(*m_db, m_columns, id, ORVA_BIN_CHANGED);
-            if (differs)
-                writeKept(id, *kept);
+            storeContent(id, values, *kept);
             return 0;
         });
     });
+}
+
+void Store::storeContent(int id, const Values& values, const std::string& kept)
+{
+    const bool differs = readKept(id) != kept;
+    const int before = sqlite3_total_changes(m_db->handle());
+    replaceRecord(id, values);
+    // The fields alone bring themselves into the bin.
+    const bool fieldsDiffer = sqlite3_total_changes(m_db->handle()) - before > 1;
+    if (differs && !fieldsDiffer && m_bin == Bin::Filled)
+        copyToBin(*m_db, m_columns, id, ORVA_BIN_CHANGED);
+    if (differs)
+        writeKept(id, kept);
 }
 
 void Store::replaceRecord(int id, const Values& values)
@@ -196,14 +201,19 @@ void Store::erase(int id)
 {
     writing([&] {
         m_touched = id;
-        // Memberships go with it by the schema, and a copy into the bin by the connection.
-        Query(*m_db, "DELETE FROM records WHERE id = ?").bind(1, id).step();
-        if (sqlite3_changes(m_db->handle()) == 0)
-            throw notThere("record");
-        --m_count;
-        ++m_changes;
+        eraseRecord(id);
         return 0;
     });
+}
+
+void Store::eraseRecord(int id)
+{
+    // Memberships go with it by the schema, and a copy into the bin by the connection.
+    Query(*m_db, "DELETE FROM records WHERE id = ?").bind(1, id).step();
+    if (sqlite3_changes(m_db->handle()) == 0)
+        throw notThere("record");
+    --m_count;
+    ++m_changes;
 }
 
 std::string Store::kept(int id)

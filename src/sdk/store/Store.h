@@ -80,6 +80,17 @@ public:
     // What is kept with a record beside its fields; empty for nothing.
     std::string kept(int id);
 
+    // Everything of some records, at one moment; ORVA_E_NOT_FOUND if one is not there.
+    std::vector<Content> contents(const std::vector<int>& ids);
+
+    // The paths of the groups that records are in; one that several are in comes several times.
+    std::vector<std::u16string> groupPaths(const std::vector<int>& ids);
+
+    // Makes one record of each set: its first gets what `mergedOf` makes of all of them, and the groups of the others,
+    // which are deleted. All sets, or nothing.
+    using MergedOf = std::function<Content(const std::vector<Content>& contents)>;
+    void merge(const std::vector<std::vector<int>>& sets, const MergedOf& mergedOf);
+
     // All of them, in the order of their identifiers; shared until something is written.
     std::shared_ptr<const std::vector<StoredGroup>> groups();
     std::vector<int> members(int group);
@@ -149,6 +160,10 @@ private:
     // Of a write under way.
     int insertRecord(const Values& values, int capacity);
     void replaceRecord(int id, const Values& values);
+    void eraseRecord(int id);
+    void storeContent(int id, const Values& values, const std::string& kept);
+    Content readContent(int id);
+    void mergeSet(const std::vector<int>& ids, const MergedOf& mergedOf);
     std::string readKept(int id);
     void writeKept(int id, const std::string& kept);
     int insertGroup(std::u16string_view name, int parent);
