@@ -352,6 +352,10 @@
         <translation>المشكلات</translation>
     </message>
     <message>
+        <source>IDS_HOST_STATUS_CHANGED</source>
+        <translation>تغيّر في مكان آخر: إظهار</translation>
+    </message>
+    <message>
         <source>IDS_HOST_PROBLEMS_COUNT</source>
         <translation>المشكلات: %1</translation>
     </message>

@@ -352,6 +352,10 @@
         <translation>Probleme</translation>
     </message>
     <message>
+        <source>IDS_HOST_STATUS_CHANGED</source>
+        <translation>Anderswo geändert: anzeigen</translation>
+    </message>
+    <message>
         <source>IDS_HOST_PROBLEMS_COUNT</source>
         <translation>Probleme: %1</translation>
     </message>

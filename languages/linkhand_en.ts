@@ -352,6 +352,10 @@
         <translation>Problems</translation>
     </message>
     <message>
+        <source>IDS_HOST_STATUS_CHANGED</source>
+        <translation>Changed elsewhere: show</translation>
+    </message>
+    <message>
         <source>IDS_HOST_PROBLEMS_COUNT</source>
         <translation>Problems: %1</translation>
     </message>

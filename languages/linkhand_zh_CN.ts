@@ -352,6 +352,10 @@
         <translation>问题</translation>
     </message>
     <message>
+        <source>IDS_HOST_STATUS_CHANGED</source>
+        <translation>已在别处更改：显示</translation>
+    </message>
+    <message>
         <source>IDS_HOST_PROBLEMS_COUNT</source>
         <translation>%1 个问题</translation>
     </message>

@@ -32,6 +32,11 @@ typedef struct ORVA_STORE_DAMAGE {
  * processes: for programs that mention it beside their work. ORVA_E_NOT_FOUND where there is nothing to tell. */
 ORVA_API long ORVA_Store_GetDamage(int memory, int once, ORVA_STORE_DAMAGE* damage);
 
+/* How often, since this process opened the store of a memory, it has found that another one had changed or replaced it;
+ * looks now. Whoever shows contacts compares it with what it was when they were read. A look costs some microseconds,
+ * but waits for a transaction of this process. 0 for a memory behind a modem. */
+ORVA_API long ORVA_Store_GetForeignChanges(int memory, int* count);
+
 /* Copies the store of a memory, as of one moment, into a new file of the user's alone. ORVA_E_STORE if the file is
  * there already or cannot be written. */
 ORVA_API long ORVA_Store_Backup(int memory, const unsigned short* path);

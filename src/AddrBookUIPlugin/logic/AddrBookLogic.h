@@ -80,6 +80,9 @@ public:
 
     // Groups, of the local memory alone. GetGroups appends groups that the caller owns.
     int GetGroups(QList<AddrBookGroup*>& lstGroups, _ORVA_EN_PHONEBOOK_MEMORY enMemory);
+
+    // True if the memory can be read and holds no group, which GetGroups reports as a failure.
+    bool HasNoGroups(_ORVA_EN_PHONEBOOK_MEMORY enMemory);
     int GetGroupInfo(_ORVA_EN_PHONEBOOK_MEMORY enMemory, AddrBookGroup& group);
     int IsGroupAlreadyExists(_ORVA_EN_PHONEBOOK_MEMORY enMemory, QString strName, int iParentID);
     int AddGroup(_ORVA_EN_PHONEBOOK_MEMORY enMemory, QString strName, int iParentID, int& iGroupID);

@@ -95,6 +95,16 @@ int AddrBookLogic::GetGroups(QList<AddrBookGroup*>& lstGroups, _ORVA_EN_PHONEBOO
     return ADDRBOOK_OK;
 }
 
+bool AddrBookLogic::HasNoGroups(_ORVA_EN_PHONEBOOK_MEMORY enMemory)
+{
+    SdkGroupSet set;
+    if (!getGroupList(enMemory, set))
+        return false;
+    long lResult = 0;
+    SDK_CALL_OR(NO_GROUPS, lResult, ORVA_PBSrv_AddrGroupSet_MoveFirst, (set.get()));
+    return lResult == NO_GROUPS;
+}
+
 int AddrBookLogic::GetGroupInfo(_ORVA_EN_PHONEBOOK_MEMORY enMemory, AddrBookGroup& group)
 {
     ADDRBOOK_LOG_CALLED();

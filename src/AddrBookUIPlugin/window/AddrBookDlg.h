@@ -84,6 +84,7 @@ public slots:
     void OnNetStatusChanged(bool bIsNetSrvConnected);
     void OnSplitterMoved(int pos, int index);
     void getUpdateDeviceAndSimNode();
+    void OnGroupsChanged(); // by another program, as the host says
 
 signals:
     // Nothing in this plug-in emits it.

@@ -72,6 +72,40 @@ void AddrBookDlg::readGroups()
     TreeNodes::freeLeftOver(m_ptreePhonebook, lstGroups);
 }
 
+void AddrBookDlg::OnGroupsChanged()
+{
+    ADDRBOOK_LOG_CALLED();
+    if (m_pAddrBookLogic == nullptr || m_ptreePhonebook == nullptr || m_pitemLocalTreeWidgetItem == nullptr)
+        return;
+    QList<AddrBookGroup*> lstRead;
+    if (m_pAddrBookLogic->GetGroups(lstRead, PB_MEM_LOCAL) != ADDRBOOK_OK) {
+        qDeleteAll(lstRead);
+        lstRead.clear();
+        if (!m_pAddrBookLogic->HasNoGroups(PB_MEM_LOCAL))
+            return;
+    }
+    const QList<AddrBookGroup*> lstGroups = TreeNodes::distinct(lstRead);
+    QHash<int, AddrBookGroup*> hashGroups;
+    foreach (AddrBookGroup* pGroup, lstGroups)
+        hashGroups.insert(pGroup->iGroupID, pGroup);
+
+    // The node that becomes current where the current one goes has not been clicked.
+    const bool bBlocked = m_ptreePhonebook->blockSignals(true);
+    const QHash<int, QTreeWidgetItem*> hashNodes = TreeNodes::dropGone(m_pitemLocalTreeWidgetItem, hashGroups);
+    QList<AddrBookGroup*> lstNew;
+    foreach (AddrBookGroup* pGroup, lstGroups) {
+        if (!hashNodes.contains(pGroup->iGroupID))
+            lstNew.append(pGroup);
+    }
+    for (QHash<int, QTreeWidgetItem*>::const_iterator it = hashNodes.constBegin(); it != hashNodes.constEnd(); ++it)
+        addGroupsToTree(it.value(), lstNew, it.key());
+    if (!isNodePresentInTree(m_pitemCurrentTreeWidgetItem))
+        m_pitemCurrentTreeWidgetItem = nullptr;
+    m_ptreePhonebook->m_pitemPrevious = m_ptreePhonebook->currentItem();
+    m_ptreePhonebook->blockSignals(bBlocked);
+    TreeNodes::freeLeftOver(m_ptreePhonebook, lstGroups);
+}
+
 void AddrBookDlg::OnNewGroupClicked()
 {
     ADDRBOOK_LOG_ENTER();

@@ -81,6 +81,30 @@ void TreeNodes::freeLeftOver(QTreeWidget* ptree, const QList<AddrBookGroup*>& ls
     }
 }
 
+QHash<int, QTreeWidgetItem*> TreeNodes::dropGone(QTreeWidgetItem* pitem, const QHash<int, AddrBookGroup*>& hashGroups)
+{
+    const AddrBookGroup* pGroup = groupOf(treeNodeData(pitem));
+    const int iId = pGroup != nullptr ? pGroup->iGroupID : 0;
+    QHash<int, QTreeWidgetItem*> hashNodes;
+    hashNodes.insert(iId, pitem);
+    for (int i = pitem->childCount() - 1; i >= 0; --i) {
+        AddrBookGroup* pShown = groupOf(treeNodeData(pitem->child(i)));
+        const AddrBookGroup* pNow = pShown != nullptr ? hashGroups.value(pShown->iGroupID) : nullptr;
+        if (pNow == nullptr || pNow->iParentID != iId) {
+            QTreeWidgetItem* pitemGone = pitem->takeChild(i);
+            freeBelow(pitemGone);
+            freeData(pitemGone);
+            delete pitemGone;
+            continue;
+        }
+        pShown->strName = pNow->strName;
+        const QHash<int, QTreeWidgetItem*> hashBelow = dropGone(pitem->child(i), hashGroups);
+        for (QHash<int, QTreeWidgetItem*>::const_iterator it = hashBelow.constBegin(); it != hashBelow.constEnd(); ++it)
+            hashNodes.insert(it.key(), it.value());
+    }
+    return hashNodes;
+}
+
 void TreeNodes::freeData(const QTreeWidgetItem* pitem)
 {
     const TreeNodeData* pData = treeNodeData(pitem);

@@ -1,6 +1,7 @@
 #ifndef ADDRBOOKUIPLUGIN_TREENODES_H
 #define ADDRBOOKUIPLUGIN_TREENODES_H
 
+#include <QHash>
 #include <QIcon>
 #include <QList>
 #include <QString>
@@ -36,6 +37,10 @@ QList<AddrBookGroup*> distinct(const QList<AddrBookGroup*>& lstGroups);
 
 // Frees the groups that became no node of the tree, such as those below a parent that is not there.
 void freeLeftOver(QTreeWidget* ptree, const QList<AddrBookGroup*>& lstGroups);
+
+// Brings the groups below a node up to date with those there are now, by identifier: nodes of groups that went or that
+// lie elsewhere now go, the others take their group's name. Gives those that have a node, and the node itself under 0.
+QHash<int, QTreeWidgetItem*> dropGone(QTreeWidgetItem* pitem, const QHash<int, AddrBookGroup*>& hashGroups);
 
 // Frees what is behind a node, and what is below it.
 void freeData(const QTreeWidgetItem* pitem);

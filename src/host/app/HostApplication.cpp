@@ -32,9 +32,11 @@
 #include "settings/DataFolder.h"
 #include "settings/LossWatcher.h"
 #include "settings/SdkFolders.h"
+#include "settings/StoreWatch.h"
 #include "text/HostText.h"
 #include "window/CopyOffer.h"
 #include "window/KeyboardWitness.h"
+#include "window/LivePhonebook.h"
 #include "window/MainWindow.h"
 #include "window/StatusArea.h"
 #include "window/WelcomeNote.h"
@@ -186,6 +188,7 @@ void HostApplication::build()
     makeModem();
     m_pWatcher.reset(new DeviceWatcher);
     m_pLossWatcher.reset(new LossWatcher);
+    m_pStoreWatch.reset(new StoreWatch);
     m_services.SetModem(m_pModem.data());
     const QString strCount = CommonUtils::GetSettings(QLatin1String("customize"), QLatin1String("pbnamecode"));
     SimulatedHardware::SetNameUnits(strCount.trimmed() == QLatin1String("all"));
@@ -358,7 +361,13 @@ void HostApplication::fillWindow()
     m_pWindow->Retranslate();
     m_pWindow->Status().SetProblems(m_problems);
     m_pWindow->Status().SetState(m_pWatcher->State());
+    // Before the window reads: what others write from here on is news to it.
+    m_pStoreWatch->Start();
     m_pWindow->ShowPage(QLatin1String(LINKHAND_ADDRBOOK_NAME));
+    if (QWidget* const pPage = m_pWindow->Page(QLatin1String(LINKHAND_ADDRBOOK_NAME))) {
+        m_pLive.reset(
+            new LivePhonebook(*m_pStoreWatch, *m_pContainer, m_services.Workers(), *pPage, m_pWindow->Status()));
+    }
 }
 
 void HostApplication::applyLanguage(const QString& strCode)
@@ -393,5 +402,6 @@ void HostApplication::shutDown()
     m_pModem->Finish();
     m_pWatcher->Stop();
     m_pLossWatcher->Stop();
+    m_pStoreWatch->Stop();
     m_pLifecycle->ShutDown(SHUTDOWN_LIMIT_MS);
 }

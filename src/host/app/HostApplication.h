@@ -13,6 +13,7 @@
 
 class Companion;
 class DeviceWatcher;
+class LivePhonebook;
 class LossWatcher;
 class Modem;
 class ModemNotices;
@@ -22,6 +23,7 @@ class MessageStore;
 class PluginContainer;
 class PluginLifecycle;
 class QTranslator;
+class StoreWatch;
 
 // Puts the program together and takes it apart again.
 //
@@ -73,11 +75,13 @@ private:
     QScopedPointer<Modem> m_pModem;
     QScopedPointer<DeviceWatcher> m_pWatcher;
     QScopedPointer<LossWatcher> m_pLossWatcher;
+    QScopedPointer<StoreWatch> m_pStoreWatch;
     QScopedPointer<PluginContainer> m_pContainer;
     QScopedPointer<PluginLifecycle> m_pLifecycle;
     QScopedPointer<MainWindow> m_pWindow;
     QScopedPointer<Link> m_pLink;
     QScopedPointer<ModemNotices> m_pNotices;
+    QScopedPointer<LivePhonebook> m_pLive;
     int m_iExitCode;
     bool m_bClosing; // quit before or while the event loop runs
 };

@@ -41,7 +41,8 @@ StatusArea::StatusArea(QWidget* pParent)
       m_pCard(newChip("linkhand_StatusArea_card", this)),
       m_pUnlock(new QToolButton(this)),
       m_pNetwork(newChip("linkhand_StatusArea_network", this)),
-      m_pProblems(new QToolButton(this))
+      m_pProblems(new QToolButton(this)),
+      m_pChanged(new QToolButton(this))
 {
     setObjectName(QLatin1String("linkhand_StatusArea"));
     m_pNotice->setObjectName(QLatin1String("linkhand_StatusArea_notice"));
@@ -53,6 +54,9 @@ StatusArea::StatusArea(QWidget* pParent)
     m_pProblems->setAutoRaise(true);
     m_pProblems->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     m_pProblems->hide();
+    m_pChanged->setObjectName(QLatin1String("linkhand_StatusArea_changed"));
+    m_pChanged->setToolButtonStyle(Qt::ToolButtonTextOnly);
+    m_pChanged->hide();
     m_pUnlock->setObjectName(QLatin1String("linkhand_StatusArea_unlock"));
     m_pUnlock->setToolButtonStyle(Qt::ToolButtonTextOnly);
     m_pUnlock->hide();
@@ -62,6 +66,7 @@ StatusArea::StatusArea(QWidget* pParent)
     pLayout->setSpacing(16);
     pLayout->addWidget(m_pNotice);
     pLayout->addStretch(1);
+    pLayout->addWidget(m_pChanged);
     pLayout->addWidget(m_pProblems);
     pLayout->addWidget(m_pHardware);
     pLayout->addWidget(m_pDevice);
@@ -70,6 +75,7 @@ StatusArea::StatusArea(QWidget* pParent)
     pLayout->addWidget(m_pNetwork);
     connect(m_pNotice, SIGNAL(clicked()), this, SLOT(OnHistory()));
     connect(m_pProblems, SIGNAL(clicked()), this, SLOT(OnProblems()));
+    connect(m_pChanged, SIGNAL(clicked()), this, SIGNAL(showChangesRequested()));
     connect(m_pUnlock, SIGNAL(clicked()), this, SIGNAL(unlockRequested()));
 }
 
@@ -165,8 +171,14 @@ void StatusArea::SetProblems(const ProblemList& problems)
     }
 }
 
+void StatusArea::SetChangedElsewhere(bool bChanged)
+{
+    m_pChanged->setVisible(bChanged);
+}
+
 void StatusArea::Retranslate()
 {
+    m_pChanged->setText(HostText::Get("IDS_HOST_STATUS_CHANGED"));
     SetState(m_state);
     SetProblems(m_problems);
     m_pUnlock->setText(HostText::Get("IDS_HOST_STATUS_UNLOCK"));

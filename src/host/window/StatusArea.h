@@ -33,11 +33,17 @@ public:
     void SetHardware(const QString& strChoice);
     void SetModem(const ModemStatus& status);
     void SetProblems(const ProblemList& problems);
+
+    // Whether another program has changed contacts that are not shown yet.
+    void SetChangedElsewhere(bool bChanged);
     void Retranslate();
 
 signals:
     // The user wants to give the card its PIN.
     void unlockRequested();
+
+    // The user wants to see what was changed elsewhere.
+    void showChangesRequested();
 
 private slots:
     void OnHistory();
@@ -60,6 +66,7 @@ private:
     QToolButton* m_pUnlock;
     QLabel* m_pNetwork;
     QToolButton* m_pProblems;
+    QToolButton* m_pChanged;
 };
 
 #endif // LINKHAND_HOST_STATUSAREA_H

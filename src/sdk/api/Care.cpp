@@ -57,6 +57,15 @@ long ORVA_Store_GetDamage(int memory, int once, ORVA_STORE_DAMAGE* damage)
     });
 }
 
+long ORVA_Store_GetForeignChanges(int memory, int* count)
+{
+    return guarded(__func__, [&] {
+        require(count);
+        *count = modemMemory(memory) != nullptr ? 0 : anyStore(memory).foreignChanges();
+        return ORVA_OK;
+    });
+}
+
 long ORVA_Store_Backup(int memory, const unsigned short* path)
 {
     return guarded(__func__, [&] {

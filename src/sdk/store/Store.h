@@ -126,6 +126,9 @@ public:
 
     std::uint64_t changes() const { return m_changes.load(std::memory_order_acquire); }
 
+    // How often another process has been found to have changed or replaced the file; looks for that.
+    int foreignChanges();
+
     // Looks for damage; each finding is a line. Empty: the store is sound.
     std::vector<std::string> check();
 
@@ -208,6 +211,7 @@ private:
 
     // What the file holds, as far as this connection knows.
     int m_dataVersion = 0;
+    int m_foreignChanges = 0;
     int m_count = -1;                                         // -1: to be counted
     std::shared_ptr<const std::vector<StoredGroup>> m_groups; // null: to be read
     int m_lastRecord = 0;

@@ -193,6 +193,7 @@ void Store::reconnectIfReplaced()
     if (m_db->inTransaction() || inodeOf(m_path) == m_inode)
         return;
     logFormat("%s: the file was replaced; opening it anew", m_path.c_str());
+    ++m_foreignChanges;
     m_db.reset();
     connect();
 }
@@ -205,12 +206,21 @@ void Store::refresh()
     if (version != m_dataVersion) {
         // Another process has written.
         m_dataVersion = version;
+        ++m_foreignChanges;
         forgetContent();
         ++m_changes;
         reloadCounters();
     }
     if (m_count < 0)
         m_count = m_db->queryInt("SELECT count(*) FROM records");
+}
+
+int Store::foreignChanges()
+{
+    return reading([this] {
+        refresh();
+        return m_foreignChanges;
+    });
 }
 
 void Store::forgetContent()
