@@ -13,6 +13,7 @@
 #include "Groups.h"
 #include "Numbers.h"
 #include "Sdk.h"
+#include "base/EmailText.h"
 #include "base/Failure.h"
 #include "base/Files.h"
 #include "base/OldFile.h"
@@ -144,6 +145,8 @@ private:
             const bool number = m_fields[i].kind == "Mobile" || m_fields[i].kind == "Number";
             if (number && values[i].size() > room)
                 keepNumber(m_fields[i].key, values[i], contact);
+            else if (m_fields[i].kind == "Email" && !orva::isEmailText(values[i]))
+                keep("EMAIL", {}, values[i], contact);
             else if (!number && cut(values[i], room))
                 lost.push_back("end of " + m_fields[i].key);
         }
@@ -153,13 +156,19 @@ private:
     // A part of a number is another number, so one that cannot be taken is kept in whole.
     static void keepNumber(const std::string& key, std::u16string& number, orva::CardContact& contact)
     {
-        orva::CardProperty property("TEL");
         const char* const type = key == "Mobile" ? "CELL" : key == "officePhone" ? "WORK" : "HOME";
-        property.setParameters({{"TYPE", {type}}});
-        orva::setCardText(property, toUtf8(number), orva::CardVersion::V30);
+        keep("TEL", {{"TYPE", {type}}}, number, contact);
+    }
+
+    static void keep(const char* name, const std::vector<orva::CardParameter>& parameters, std::u16string& text,
+                     orva::CardContact& contact)
+    {
+        orva::CardProperty property(name);
+        property.setParameters(parameters);
+        orva::setCardText(property, toUtf8(text), orva::CardVersion::V30);
         contact.kept.push_back(property);
-        contact.left.emplace_back("TEL");
-        number.clear();
+        contact.left.emplace_back(name);
+        text.clear();
     }
 
     void store(const orva::CardContact& contact, const std::vector<std::u16string>& values, const std::string& kept,

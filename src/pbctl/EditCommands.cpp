@@ -80,6 +80,7 @@ int runEdit(const Arguments& arguments)
     const std::vector<std::size_t> refused = cleanNumbers(memory, fields, contact.values);
     if (!refused.empty())
         throw SdkError("changing the contact: " + fields[refused.front()].key, ORVA_E_NUMBER);
+    requireEmails(fields, contact.values);
     check(updateContact(memory, fields, contact), "changing contact " + std::to_string(contact.id));
     return done;
 }

@@ -97,6 +97,7 @@ int runAdd(const Arguments& arguments)
     const std::vector<std::size_t> refused = cleanNumbers(memory, fields, values);
     if (!refused.empty())
         throw SdkError("adding the contact: " + fields[refused.front()].key, ORVA_E_NUMBER);
+    requireEmails(fields, values);
     std::printf("%d\n", addWithGroups(memory, fields, values, arguments.values("group")));
     return done;
 }

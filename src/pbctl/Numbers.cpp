@@ -1,7 +1,9 @@
 #include "Numbers.h"
 
 #include <algorithm>
+#include <stdexcept>
 
+#include "base/EmailText.h"
 #include "base/NumberText.h"
 #include "orva/orva_care.h"
 
@@ -33,6 +35,13 @@ std::vector<std::size_t> cleanNumbers(int memory, const std::vector<Field>& fiel
         noted += (noted.empty() ? u"" : u"\n") + orva::extensionNote(cleaned);
     }
     return refused;
+}
+
+void requireEmails(const std::vector<Field>& fields, const std::vector<std::u16string>& values)
+{
+    for (std::size_t i = 0; i < fields.size(); ++i)
+        if (fields[i].kind == "Email" && !orva::isEmailText(values[i]))
+            throw std::runtime_error(fields[i].key + ": not an e-mail address that the form takes");
 }
 
 } // namespace pbctl

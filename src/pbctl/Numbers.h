@@ -14,6 +14,9 @@ namespace pbctl
 std::vector<std::size_t> cleanNumbers(int memory, const std::vector<Field>& fields,
                                       std::vector<std::u16string>& values);
 
+// Throws, and names the field, for a value that is no e-mail address which the form would take.
+void requireEmails(const std::vector<Field>& fields, const std::vector<std::u16string>& values);
+
 } // namespace pbctl
 
 #endif // PBCTL_NUMBERS_H

@@ -59,6 +59,9 @@ public:
     // The contact with this number, empty if there is none.
     virtual QString ContactName(const QString& strNumber) = 0;
 
+    // A number as the phonebook stores it, without what is there for the eye; a text that is no number as it is.
+    virtual QString CleanNumber(const QString& strNumber) = 0;
+
     // Brings the page of the plug-in with this name to the front.
     virtual void ShowPage(const QString& strPlugin) = 0;
 

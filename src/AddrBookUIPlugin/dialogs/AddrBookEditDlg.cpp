@@ -153,6 +153,9 @@ bool AddrBookEditDlg::getFieldInfoCreateFields(_ORVA_EN_PHONEBOOK_MEMORY enType)
         if (!createFields(field, m_lstFieldNames.value(i), iRow))
             return false;
     }
+    const QList<NewContactLineEdit*> lstEdits = m_pMainWidget->findChildren<NewContactLineEdit*>();
+    for (NewContactLineEdit* pEdit : lstEdits)
+        pEdit->m_pNote = m_pRemarksEdit;
     return true;
 }
 

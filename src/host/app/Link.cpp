@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QVariant>
 
+#include "device/CleanNumber.h"
 #include "device/ContactNames.h"
 #include "device/Modem.h"
 #include "window/MainWindow.h"
@@ -59,6 +60,11 @@ bool Link::IsSimulated()
 QString Link::ContactName(const QString& strNumber)
 {
     return ContactNames::Of(strNumber);
+}
+
+QString Link::CleanNumber(const QString& strNumber)
+{
+    return ::CleanNumber::Of(strNumber);
 }
 
 QObject* Link::CallEvents()

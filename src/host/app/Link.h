@@ -26,6 +26,7 @@ public:
     bool IsSimulated() override;
     QObject* CallEvents() override;
     QString ContactName(const QString& strNumber) override;
+    QString CleanNumber(const QString& strNumber) override;
     void ShowPage(const QString& strPlugin) override;
     void ShowStatus(const QString& strText) override;
     QString LogFolder() override { return m_strLogFolder; }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/EmailText.h"
 #include "base/Failure.h"
 #include "base/Unicode.h"
 #include "csv/MadeUpColumns.h"
@@ -53,7 +54,7 @@ FieldMap::FieldMap(const Profile& profile, const int* map)
         }
         if (field.kind == "Remaik" && field.maxLength > 0)
             source.noteUnits = static_cast<std::size_t>(field.maxLength);
-        m_hasNote = source.noteUnits != 0 || (m_hasNote && !source.number);
+        m_hasNote = source.noteUnits != 0 || (m_hasNote && !source.number && !source.email);
         m_sources.push_back(source);
     }
 }
@@ -121,21 +122,37 @@ bool FieldMap::readNumberValue(const Source& source)
         return false;
     m_length = read->number.copy(m_value.data(), read->number.size());
     if (!read->extension.empty())
-        m_extensions += (m_extensions.empty() ? u"" : u"\n") + extensionNote(*read);
+        leaveForNote(extensionNote(*read));
     return true;
 }
 
-// Puts what the numbers before it left behind the note in m_value.
-void FieldMap::appendExtensions()
+// Leaves for the note what is no e-mail address; false if it is one, or no note takes it.
+bool FieldMap::moveEmail()
 {
-    if (m_extensions.empty())
+    const std::u16string_view text(m_value.data(), m_length);
+    if (!m_hasNote || isEmailText(text) || text.find_first_not_of(blanks) == npos)
+        return false;
+    leaveForNote(std::u16string(text));
+    m_length = 0;
+    return true;
+}
+
+void FieldMap::leaveForNote(const std::u16string& line)
+{
+    m_noted += (m_noted.empty() ? u"" : u"\n") + line;
+}
+
+// Puts what the fields before it left behind the note in m_value.
+void FieldMap::appendNoted()
+{
+    if (m_noted.empty())
         return;
     if (m_length > 0)
-        m_extensions.insert(m_extensions.begin(), u'\n');
-    if (m_value.size() < m_length + m_extensions.size())
-        m_value.resize(m_length + m_extensions.size());
-    m_length += m_extensions.copy(m_value.data() + m_length, m_extensions.size());
-    m_extensions.clear();
+        m_noted.insert(m_noted.begin(), u'\n');
+    if (m_value.size() < m_length + m_noted.size())
+        m_value.resize(m_length + m_noted.size());
+    m_length += m_noted.copy(m_value.data() + m_length, m_noted.size());
+    m_noted.clear();
 }
 
 // Takes the blanks at the ends off, which are no part of a number.
@@ -161,7 +178,7 @@ bool FieldMap::cutNote(std::size_t units)
 bool FieldMap::add(const Row& row, RowBlock& into, const RowReader::Report& report)
 {
     bool anything = false;
-    m_extensions.clear();
+    m_noted.clear();
     into.beginRow(row.line());
     for (const Source& source : m_sources) {
         const bool text = readValue(row, source);
@@ -169,8 +186,10 @@ bool FieldMap::add(const Row& row, RowBlock& into, const RowReader::Report& repo
             report(row.line(), notANumber);
         if (text && m_several && report)
             report(row.line(), "only the first of several values is taken");
+        if (text && source.email && moveEmail() && report)
+            report(row.line(), "put into the note: not an e-mail address that the form takes");
         if (text && source.noteUnits != 0)
-            appendExtensions();
+            appendNoted();
         if (text && cutNote(source.noteUnits) && report)
             report(row.line(), "note cut to what its field holds");
         if (!text || m_length > valueUnitsAtMost) {

@@ -23,7 +23,8 @@ public:
 
     // Adds a row to `into` by the number of its line. False, and nothing added, if none of its fields has a value other
     // than blanks, or a column that is needed is no text. A note is cut to what its field holds, what is no telephone
-    // number stays as it is, of several values in a column the first is taken. Each is reported.
+    // number stays as it is, what is no e-mail address goes into the note, of several values in a column the first is
+    // taken. Each is reported.
     bool add(const Row& row, RowBlock& into, const RowReader::Report& report);
 
     // While a report of add() runs: the column that it is about.
@@ -44,15 +45,17 @@ private:
     bool takeFirst();
     bool appendColumn(std::string_view column);
     bool readNumberValue(const Source& source);
-    void appendExtensions();
+    bool moveEmail();
+    void leaveForNote(const std::u16string& line);
+    void appendNoted();
     void trim();
     bool cutNote(std::size_t units);
 
     std::vector<Source> m_sources;
     std::vector<char16_t> m_value; // room for the value being read
     std::size_t m_length = 0;      // of that value
-    std::u16string m_extensions;   // of the row's numbers, for its note
-    bool m_hasNote = false;        // behind all numbers
+    std::u16string m_noted;        // what the row's numbers and addresses leave for its note
+    bool m_hasNote = false;        // behind all of those
     bool m_several = false;        // values in the column that was read
     int m_reportedColumn = -1;
 };

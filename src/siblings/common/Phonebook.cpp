@@ -6,6 +6,7 @@
 #include "linkhand/core/Startup.h"
 #include "linkhand/plugin/Codes.h"
 #include "linkhand/plugin/IAddrBookUIPlugin.h"
+#include "shared/HostLink.h"
 
 namespace
 {
@@ -43,6 +44,7 @@ void Phonebook::SaveNumber(const QString& strNumber, QWidget* pParent)
 {
     IAddrBookUIPlugin* pService = service();
     if (pService != nullptr) {
-        pService->SaveNumberToAddrBook(strNumber, pParent);
+        HostLink* pLink = HostLink::Instance();
+        pService->SaveNumberToAddrBook(pLink == nullptr ? strNumber : pLink->CleanNumber(strNumber), pParent);
     }
 }

@@ -47,6 +47,7 @@ private slots:
     void escapeLeavesTheContactAsItWas();
     void aRepeatedNumberIsAskedAbout();
     void aNumberFromAMessageIsSaved();
+    void aNumberFromElsewhereComesInClean();
     void deletingManyGoesToTheEnd();
     void deletingManyIsCancelledHalfWay();
 
@@ -246,10 +247,10 @@ void TestDesktopContacts::aNumberFromAMessageIsSaved()
     QVERIFY(m_pHost->Click("linkhand_NavBar_Messages"));
     QVERIFY(m_pHost->Click("linkhand_Messages_newSms"));
     QVERIFY(focused("SMSUIPlugin_lineeditTo"));
-    m_pHost->Type("0170555");
+    m_pHost->Type("+49 (0)170 555-1");
     QVERIFY(m_pHost->Click("SMSUIPlugin_buttonSaveNumber"));
     QVERIFY(m_pHost->WaitFor(FORM));
-    QVERIFY(m_pHost->WaitUntil([this] { return m_pHost->Text(input(1)) == "0170555"; }));
+    QVERIFY(m_pHost->WaitUntil([this] { return m_pHost->Text(input(1)) == "+491705551"; }));
     QVERIFY(m_pHost->Widget(FORM_OK).bEnabled);
     QVERIFY(focused(input(0)));
     m_pHost->Type("Emil");
@@ -260,7 +261,34 @@ void TestDesktopContacts::aNumberFromAMessageIsSaved()
     QVERIFY(m_pHost->Click("linkhand_NavBar_AddrBookUIPlugin"));
     QTRY_COMPARE(m_pHost->Rows(TABLE), 1);
     QCOMPARE(nodeText("Computer"), QStringLiteral("Computer(1)"));
-    QCOMPARE(m_pStore->Contacts("local"), QList<QStringList>({{"Emil", "0170555", "", "", "", ""}}));
+    QCOMPARE(m_pStore->Contacts("local"), QList<QStringList>({{"Emil", "+491705551", "", "", "", ""}}));
+}
+
+// With the keyboard, with the middle button, and dropped.
+void TestDesktopContacts::aNumberFromElsewhereComesInClean()
+{
+    QVERIFY2(start(), qPrintable(m_pHost->Log()));
+    m_pHost->Key("ctrl+n");
+    QVERIFY(m_pHost->WaitFor(FORM) && focused(input(0)));
+    m_pHost->Type("+49 (30) 1234-5678");
+    m_pHost->Key("ctrl+a");
+    m_pHost->Key("ctrl+c");
+    QVERIFY(tabTo(input(1)));
+    m_pHost->Key("ctrl+v");
+    QTRY_COMPARE(m_pHost->Text(input(1)), QStringLiteral("+493012345678"));
+    // What the mouse selects is there for the middle button.
+    m_pHost->ClickAt(m_pHost->Widget(input(0)).rect.center(), 1, 3);
+    QVERIFY(m_pHost->Click(input(2), 2));
+    QTRY_COMPARE(m_pHost->Text(input(2)), QStringLiteral("+493012345678"));
+    const QString strRemarks = QStringLiteral("%1/NewContactTextEdit[0]").arg(FORM);
+    QVERIFY(m_pHost->Click(strRemarks));
+    m_pHost->Type("tel:030-99");
+    m_pHost->Key("ctrl+a");
+    const QRect remarks = m_pHost->Widget(strRemarks).rect;
+    m_pHost->Drag(remarks.topLeft() + QPoint(20, 12), m_pHost->Widget(input(3)).rect.center());
+    QTRY_COMPARE(m_pHost->Text(input(3)), QStringLiteral("03099"));
+    QVERIFY(m_pHost->Click(QString(FORM_OK).replace("[0]", "[1]")));
+    QVERIFY(m_pHost->WaitGone(FORM));
 }
 
 void TestDesktopContacts::deletingManyGoesToTheEnd()
