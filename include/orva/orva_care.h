@@ -66,6 +66,17 @@ typedef struct ORVA_DUPLICATE {
 ORVA_API long ORVA_Care_GetDuplicates(int memory, ORVA_DUPLICATE** entries, int* count);
 ORVA_API long ORVA_Care_DuplicatesRelease(int memory, ORVA_DUPLICATE** entries);
 
+/* Looks records up among those of a memory, as they are when this is called: for imports that would bring somebody in
+ * a second time. The handle is released with ORVA_Care_Match_Release. Takes time and room in proportion to the
+ * records. */
+ORVA_API long ORVA_Care_CreateMatch(int memory, void** match);
+
+/* Gives the record that has the same text in every field as `record`, which is of the same memory, else the first that
+ * is the same person; ORVA_E_NOT_FOUND for none. Case, composition and the way in which numbers are written make no
+ * difference. Takes no time worth speaking of. */
+ORVA_API long ORVA_Care_Match_Find(void* match, void* record, int* id);
+ORVA_API long ORVA_Care_Match_Release(void* match);
+
 /* ---- Merging (memory 4 only; others give ORVA_E_UNSUPPORTED) ------------------------------------------------------
  * Several records become one, the first of them, which keeps its identifier. Its values stay, and those of the others
  * go into the fields that it leaves empty. A value that has no room there, and is no other way of writing one that has,

@@ -19,6 +19,8 @@ constexpr option known[] = {
     {"help", no_argument, nullptr, longOption},
     {"version", no_argument, nullptr, longOption},
     {"no-groups", no_argument, nullptr, longOption},
+    {"skip-existing", no_argument, nullptr, longOption},
+    {"update", no_argument, nullptr, longOption},
     {"dry-run", no_argument, nullptr, longOption},
     {"json", no_argument, nullptr, longOption},
     {"empty", no_argument, nullptr, longOption},

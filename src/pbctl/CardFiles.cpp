@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "Commands.h"
+#include "Existing.h"
 #include "Groups.h"
 #include "Numbers.h"
 #include "Sdk.h"
@@ -64,6 +65,7 @@ public:
         : m_arguments(arguments),
           m_dry(arguments.has("dry-run")),
           m_fields(fieldsOf(memory)),
+          m_existing(arguments, memory, m_fields),
           m_transaction(memory),
           m_room(roomIn(memory))
     {
@@ -79,19 +81,30 @@ public:
             if (!orva::canKeep(contact.kept[i], card.version))
                 lost.push_back(contact.left[i]);
         const bool empty = std::all_of(values.begin(), values.end(), [](const std::u16string& v) { return v.empty(); });
-        long failure = ORVA_OK;
-        if (empty)
+        if (empty) {
             sayLine(card.line, "not taken: it has nothing that a field is meant for");
-        else if (m_dry && m_added >= m_room)
-            failure = ORVA_E_FULL;
-        else if (!m_full && !m_dry)
-            store(contact, values, orva::keptLines(contact.kept, card.version), &failure);
-        if (failure != ORVA_OK)
-            sayLine(card.line, ("not taken: " + explain(failure)).c_str());
-        m_full = m_full || failure == ORVA_E_FULL;
-        if (empty || m_full || failure != ORVA_OK)
             return;
-        ++m_added;
+        }
+        Contact taken;
+        taken.values = std::move(values);
+        taken.kept = orva::keptLines(contact.kept, card.version);
+        const Existing::Answer answer = m_existing.settle(taken);
+        const bool isNew = answer == Existing::Answer::New;
+        if (answer == Existing::Answer::Skipped || (isNew && m_full))
+            return;
+        const long failure = answer == Existing::Answer::Same ? ORVA_OK : store(taken, isNew);
+        if (failure != ORVA_OK) {
+            sayLine(card.line, ("not taken: " + explain(failure)).c_str());
+            m_full = m_full || failure == ORVA_E_FULL;
+            return;
+        }
+        joinGroups(taken.id, contact.groups);
+        if (answer == Existing::Answer::Same)
+            return;
+        if (isNew)
+            ++m_added;
+        else
+            m_existing.changed();
         for (const std::string& name : lost)
             ++m_left[name];
         for (std::size_t i = 0; i < contact.kept.size(); ++i)
@@ -109,8 +122,9 @@ public:
     int finish(const std::string& file)
     {
         m_transaction.commit();
-        std::printf("%d of %d contacts %s %s into the %s\n", m_added, m_total, m_dry ? "would come from" : "taken from",
-                    file.c_str(), memoryName(memory).c_str());
+        std::printf("%d of %d contacts %s %s into the %s%s\n", m_added, m_total,
+                    m_dry ? "would come from" : "taken from", file.c_str(), memoryName(memory).c_str(),
+                    m_existing.summary().c_str());
         if (m_said > failuresShown)
             std::fprintf(stderr, "pbctl: and %d lines more\n", m_said - failuresShown);
         const std::string kept = counted(m_kept);
@@ -120,7 +134,7 @@ public:
         if (!left.empty())
             std::fprintf(stderr, "pbctl: left in the file, since there is no field or place for them: %s\n",
                          left.c_str());
-        return m_added == m_total && m_said == 0 && left.empty() ? done : partlyDone;
+        return m_added + m_existing.count() == m_total && m_said == 0 && left.empty() ? done : partlyDone;
     }
 
 private:
@@ -171,17 +185,28 @@ private:
         text.clear();
     }
 
-    void store(const orva::CardContact& contact, const std::vector<std::u16string>& values, const std::string& kept,
-               long* failure)
+    // The library's code; for a new one that is stored its identifier in the contact.
+    long store(Contact& contact, bool isNew)
     {
-        const int id = addRecord(memory, m_fields, values, failure, kept);
-        if (*failure != ORVA_OK)
+        if (m_dry)
+            return isNew && m_added >= m_room ? ORVA_E_FULL : ORVA_OK;
+        long failure = ORVA_OK;
+        if (isNew)
+            contact.id = addRecord(memory, m_fields, contact.values, &failure, contact.kept);
+        else
+            failure = updateContact(memory, m_fields, contact);
+        return failure;
+    }
+
+    void joinGroups(int id, const std::vector<std::string>& names)
+    {
+        if (m_dry)
             return;
         m_transaction.wrote();
         join(m_groups, id, m_arguments.values("group"));
         if (m_arguments.has("no-groups"))
             return;
-        for (const std::string& name : contact.groups)
+        for (const std::string& name : names)
             joinNamed(id, name);
     }
 
@@ -200,6 +225,7 @@ private:
     const Arguments& m_arguments;
     const bool m_dry;
     const std::vector<Field> m_fields;
+    Existing m_existing;
     Groups m_groups;
     Transaction m_transaction;
     const int m_room; // for so many more
@@ -236,7 +262,7 @@ bool isCardFile(const Arguments& arguments, const std::string& file)
 
 int importCards(const Arguments& arguments, const std::string& file, const std::string& name)
 {
-    arguments.require(1, 1, {"memory", "group", "no-groups", "dry-run", "format"});
+    arguments.require(1, 1, {"memory", "group", "no-groups", "dry-run", "format", "skip-existing", "update"});
     if (arguments.memory() != memory)
         throw UsageError("vCards go into the PC's phonebook only");
     std::ifstream in(file, std::ios::binary);

@@ -8,6 +8,7 @@
 
 #include "CardFiles.h"
 #include "Commands.h"
+#include "Existing.h"
 #include "Groups.h"
 #include "ImportFindings.h"
 #include "Numbers.h"
@@ -23,6 +24,9 @@ namespace pbctl
 
 namespace
 {
+
+const std::vector<std::string> fileOptions = {"memory",  "map",    "group",         "no-groups",
+                                              "dry-run", "format", "skip-existing", "update"};
 
 // Runs what reads a file by the library's own means.
 template <typename Read>
@@ -165,65 +169,105 @@ bool joinNamed(Groups& groups, int id, Source& source, int line)
     return all;
 }
 
-// Makes a contact fit for its memory and stores it; its identifier, or 0 for one that is only counted or not taken.
-int take(const Arguments& arguments, const std::vector<Field>& fields, Source& source, int line,
-         std::vector<std::u16string> values, Counts& counts)
+// One import under way.
+struct Import {
+    Import(const Arguments& given, const std::vector<Field>& known, Source& from)
+        : arguments(given),
+          fields(known),
+          source(from),
+          memory(given.memory()),
+          dry(given.has("dry-run")),
+          existing(given, memory, known)
+    {
+        counts.room = roomIn(memory);
+    }
+
+    const Arguments& arguments;
+    const std::vector<Field>& fields;
+    Source& source;
+    const int memory;
+    const bool dry;
+    Existing existing;
+    Counts counts;
+};
+
+// Stores a contact that is fit, or looks whether that would go; the library's code.
+long storeOne(const Import& import, Contact& contact, bool isNew)
 {
-    const int memory = arguments.memory();
+    long failure = ORVA_OK;
+    if (!import.dry && isNew)
+        contact.id = addRecord(import.memory, import.fields, contact.values, &failure);
+    else if (!import.dry)
+        failure = updateContact(import.memory, import.fields, contact);
+    else if (isNew && import.counts.added >= import.counts.room)
+        failure = ORVA_E_FULL;
+    else if (!tooLong(import.fields, contact.values).empty())
+        failure = ORVA_E_TOO_LONG;
+    return failure;
+}
+
+// Makes a contact fit for its memory and stores it; its identifier, or 0 for one that is only counted, not taken or
+// left as it is.
+int take(Import& import, int line, const std::vector<std::u16string>& values)
+{
+    Source& source = import.source;
+    Counts& counts = import.counts;
     ++counts.total;
-    if (counts.full)
+    if (counts.full && !import.existing.looks())
         return 0;
-    const std::vector<std::size_t> refused = cleanNumbers(memory, fields, values);
+    Contact contact;
+    contact.values = values;
+    const std::vector<std::size_t> refused = cleanNumbers(import.memory, import.fields, contact.values);
     if (!refused.empty()) {
         sayRefused(source, line, ORVA_E_NUMBER, refused);
         return 0;
     }
-    for (const std::size_t field : fitName(memory, fields, values))
-        source.findings.say(source.place(line) + ": column \"" + source.columns[field] + "\": cut to what the " +
-                            memoryName(memory) + " holds");
-    if (arguments.has("dry-run")) {
-        const std::vector<std::size_t> longOnes = tooLong(fields, values);
-        counts.full = counts.added >= counts.room;
-        if (!longOnes.empty() || counts.full)
-            sayRefused(source, line, counts.full ? ORVA_E_FULL : ORVA_E_TOO_LONG, longOnes);
-        else
-            ++counts.added;
+    const std::vector<std::size_t> shortened = fitName(import.memory, import.fields, contact.values);
+    const Existing::Answer answer = import.existing.settle(contact);
+    const bool isNew = answer == Existing::Answer::New;
+    if (answer == Existing::Answer::Skipped || (isNew && counts.full))
         return 0;
-    }
-    long failure = ORVA_OK;
-    const int id = addRecord(memory, fields, values, &failure);
+    for (const std::size_t field : shortened)
+        source.findings.say(source.place(line) + ": column \"" + source.columns[field] + "\": cut to what the " +
+                            memoryName(import.memory) + " holds");
+    if (answer == Existing::Answer::Same)
+        return contact.id;
+    const long failure = storeOne(import, contact, isNew);
     if (failure != ORVA_OK) {
         sayRefused(source, line, failure,
-                   failure == ORVA_E_TOO_LONG ? tooLong(fields, values) : std::vector<std::size_t>());
-        counts.full = failure == ORVA_E_FULL;
+                   failure == ORVA_E_TOO_LONG ? tooLong(import.fields, contact.values) : std::vector<std::size_t>());
+        counts.full = counts.full || failure == ORVA_E_FULL;
         return 0;
     }
-    ++counts.added;
-    return id;
+    if (isNew)
+        ++counts.added;
+    else
+        import.existing.changed();
+    return contact.id;
 }
 
 // Stores the records of a set one by one and says what became of them.
 int store(const Arguments& arguments, const std::vector<Field>& fields, void* set, Source& source)
 {
-    const int memory = arguments.memory();
-    Counts counts;
-    counts.room = roomIn(memory);
+    Import import(arguments, fields, source);
+    Counts& counts = import.counts;
     Groups groups;
-    Transaction transaction(memory);
+    Transaction transaction(import.memory);
     forEachRecord(set, fields, [&](int line, const std::vector<std::u16string>& values) {
-        const int id = take(arguments, fields, source, line, values, counts);
-        if (id == 0)
+        const int id = take(import, line, values);
+        if (id == 0 || import.dry)
             return;
         transaction.wrote();
         counts.joined = joinNamed(groups, id, source, line) && counts.joined;
         join(groups, id, arguments.values("group"));
     });
     transaction.commit();
-    std::printf("%d of %d contacts %s %s into the %s\n", counts.added, counts.total,
-                arguments.has("dry-run") ? "would come from" : "taken from", source.name.c_str(),
-                memoryName(memory).c_str());
+    std::printf("%d of %d contacts %s %s into the %s%s\n", counts.added, counts.total,
+                import.dry ? "would come from" : "taken from", source.name.c_str(), memoryName(import.memory).c_str(),
+                import.existing.summary().c_str());
     source.findings.finish();
-    return counts.added == counts.total && counts.joined && !source.findings.any() ? done : partlyDone;
+    const bool all = counts.added + import.existing.count() == counts.total;
+    return all && counts.joined && !source.findings.any() ? done : partlyDone;
 }
 
 // The titles of the columns that the fields are taken from.
@@ -240,7 +284,7 @@ std::vector<std::string> columnsOf(const std::vector<Field>& fields, const std::
 
 int importApplication(const Arguments& arguments, const std::vector<Field>& fields)
 {
-    arguments.require(0, 0, {"memory", "from", "group", "dry-run"});
+    arguments.require(0, 0, {"memory", "from", "group", "dry-run", "skip-existing", "update"});
     Source source;
     source.name = arguments.value("from");
     const char* application = source.name == "evolution"     ? "Outlook"
@@ -272,12 +316,12 @@ int runImport(const Arguments& arguments)
     if (arguments.has("from"))
         return importApplication(arguments, fields);
     if (arguments.words().size() != 2)
-        arguments.require(1, 1, {"memory", "map", "group", "no-groups", "dry-run", "format"});
+        arguments.require(1, 1, fileOptions);
     const Spool spool(arguments.words()[1], Spool::Way::In);
     const std::string& file = spool.path();
     if (isCardFile(arguments, file) || (spool.isStandard() && !arguments.has("format") && spool.looksLikeCards()))
         return importCards(arguments, file, spool.name());
-    arguments.require(1, 1, {"memory", "map", "group", "no-groups", "dry-run", "format"});
+    arguments.require(1, 1, fileOptions);
     const std::vector<std::string> titles = reading(spool.name(), [&file] {
         orva::RowReader reader(file, orva::RowReader::Report());
         return orva::readTitles(reader);

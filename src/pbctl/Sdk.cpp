@@ -221,6 +221,19 @@ long updateContact(int memory, const std::vector<Field>& fields, const Contact& 
     return code == ORVA_OK ? ORVA_PBSrv_UpdateAddrRec(record.get(), contact.id) : code;
 }
 
+int findSame(void* match, int memory, const std::vector<Field>& fields, const std::vector<std::u16string>& values)
+{
+    Handle record(ORVA_PBSrv_AddrRecord_Release);
+    int id = 0;
+    long code = fillRecord(record, memory, fields, values);
+    if (code == ORVA_OK)
+        code = ORVA_Care_Match_Find(match, record.get(), &id);
+    if (code == ORVA_E_NOT_FOUND)
+        return 0;
+    check(code, "looking for a contact");
+    return id;
+}
+
 std::string keptOf(void* record)
 {
     char* lines = nullptr;

@@ -116,6 +116,9 @@ Contact readContact(int memory, const std::vector<Field>& fields, int id);
 // What a handle of a record holds, under an identifier.
 Contact contactOf(void* record, const std::vector<Field>& fields, int id);
 
+// The contact of a memory that values stand for, by a handle of ORVA_Care_CreateMatch; 0 for none.
+int findSame(void* match, int memory, const std::vector<Field>& fields, const std::vector<std::u16string>& values);
+
 // Replaces all of a contact; the library's code.
 long updateContact(int memory, const std::vector<Field>& fields, const Contact& contact);
 

@@ -57,6 +57,8 @@ constexpr Command commands[] = {
      "  --map FIELD=TITLE takes a field from this column; \"FIELD=\" leaves it empty\n"
      "  --group PATH      puts all of them into a group\n"
      "  --no-groups       makes no groups from the file\n"
+     "  --skip-existing   leaves out who is there already: the same name, and a number or an e-mail address the same\n"
+     "  --update          changes who is there already to what the file says, and adds the others\n"
      "  --dry-run         only counts, and names what the memory would refuse\n"
      "  --format NAME     vcf or csv, whatever the file's name ends in\n"
      "  --from NAME       evolution or thunderbird, instead of a file\n"},

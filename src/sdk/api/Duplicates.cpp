@@ -3,7 +3,9 @@
 #include <algorithm>
 
 #include "api/Boundary.h"
+#include "api/Handles.h"
 #include "api/Library.h"
+#include "base/NumberText.h"
 #include "care/Matcher.h"
 #include "orva/orva_care.h"
 
@@ -12,10 +14,15 @@ using namespace orva;
 namespace
 {
 
-std::vector<DuplicateSet> duplicatesOf(Memory& memory)
+struct MatchHandle final : HandleObject {
+    static constexpr HandleKind kind = HandleKind::Match;
+    MatchHandle(int m, const Profile& profile) : memory(m), matcher(profile) {}
+    int memory;
+    Matcher matcher;
+};
+
+void takeAll(Memory& memory, Matcher& matcher)
 {
-    const std::shared_ptr<const Profile> profile = memory.profile();
-    Matcher matcher(*profile);
     RowBlock rows;
     const int last = memory.extent().last;
     for (int first = 1; first <= last;) {
@@ -32,7 +39,27 @@ std::vector<DuplicateSet> duplicatesOf(Memory& memory)
             break;
         first = rows.id(rows.rows() - 1) + 1;
     }
+}
+
+std::vector<DuplicateSet> duplicatesOf(Memory& memory)
+{
+    Matcher matcher(*memory.profile());
+    takeAll(memory, matcher);
     return matcher.duplicates();
+}
+
+// The values of a record as they would be stored; what is no number stays and is found nowhere.
+Values cleaned(const RecordHandle& record)
+{
+    Values values = record.values;
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        const Field& field = record.profile->fields()[i];
+        if (!isNumberField(field) || isPlainNumber(values[i], pausesOf(field)))
+            continue;
+        if (std::optional<NumberText> read = readNumber(values[i], pausesOf(field)))
+            values[i] = std::move(read->number);
+    }
+    return values;
 }
 
 } // namespace
@@ -67,6 +94,43 @@ long ORVA_Care_DuplicatesRelease(int memory, ORVA_DUPLICATE** entries)
         require(entries);
         delete[] * entries;
         *entries = nullptr;
+        return ORVA_OK;
+    });
+}
+
+long ORVA_Care_CreateMatch(int memory, void** match)
+{
+    return guarded(__func__, [&] {
+        require(match);
+        *match = nullptr;
+        Memory& source = memoryFor(memory);
+        auto made = std::make_unique<MatchHandle>(memory, *source.profile());
+        takeAll(source, made->matcher);
+        *match = newHandle(std::move(made));
+        return ORVA_OK;
+    });
+}
+
+long ORVA_Care_Match_Find(void* match, void* record, int* id)
+{
+    return guarded(__func__, [&]() -> long {
+        const auto& held = fromHandle<MatchHandle>(match);
+        const auto& sought = fromHandle<RecordHandle>(record);
+        require(id);
+        if (sought.memory != held.memory)
+            throw Failure(ORVA_E_ARGUMENT, "the record is of another memory");
+        const int found = held.matcher.find(cleaned(sought));
+        if (found == 0)
+            return ORVA_E_NOT_FOUND;
+        *id = found;
+        return ORVA_OK;
+    });
+}
+
+long ORVA_Care_Match_Release(void* match)
+{
+    return guarded(__func__, [&] {
+        releaseHandle<MatchHandle>(match);
         return ORVA_OK;
     });
 }

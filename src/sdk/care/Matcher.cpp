@@ -120,15 +120,15 @@ void Matcher::add(int id, const Values& values)
 int Matcher::find(const Values& values) const
 {
     const Keys keys = keysOf(values);
+    const auto whole = m_wholes.find(keys.whole);
+    if (whole != m_wholes.end())
+        return m_ids[whole->second];
     std::size_t first = m_ids.size();
     for (const std::string& key : keys.person) {
         const auto found = m_persons.find(key);
         if (found != m_persons.end())
             first = std::min(first, found->second);
     }
-    const auto whole = m_wholes.find(keys.whole);
-    if (first == m_ids.size() && whole != m_wholes.end())
-        first = whole->second;
     return first == m_ids.size() ? 0 : m_ids[first];
 }
 

@@ -30,8 +30,8 @@ public:
     // Takes a contact in. Values stand in the order of the profile.
     void add(int id, const Values& values);
 
-    // The first contact taken in that is the same person, or that has the same text in every field, so that a contact
-    // of nothing but a name or a number is found as well; 0 for none.
+    // The first contact taken in that has the same text in every field, so that one of nothing but a name or a number
+    // is found as well, else the first that is the same person; 0 for none.
     int find(const Values& values) const;
 
     // The sets of two or more: the same people first, then those with a number in common, in the order of their first
