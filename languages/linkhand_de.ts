@@ -101,7 +101,7 @@
     </message>
     <message>
         <source>IDS_HOST_HARDWARE_AUTO</source>
-        <translation>Modem, selbst gefunden</translation>
+        <translation>Modem, automatisch</translation>
     </message>
     <message>
         <source>IDS_HOST_HARDWARE_FIXED</source>

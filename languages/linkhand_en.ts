@@ -101,7 +101,7 @@
     </message>
     <message>
         <source>IDS_HOST_HARDWARE_AUTO</source>
-        <translation>Modem, found by itself</translation>
+        <translation>Modem, automatic</translation>
     </message>
     <message>
         <source>IDS_HOST_HARDWARE_FIXED</source>

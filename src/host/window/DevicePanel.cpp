@@ -25,6 +25,9 @@ const int MODE_PRODUCT[] = {2, 1};
 const int MODE_CARD[] = {1, 3};
 const char* const MODE_IDS[] = {"IDS_HOST_MODE_SIM", "IDS_HOST_MODE_UIM"};
 
+const int LEAST_WIDTH = 230;
+const int SIDE_MARGIN = 14;
+
 const int SPEED_MS[] = {0, 10, 100};
 const char* const SPEED_IDS[] = {"IDS_HOST_SPEED_INSTANT", "IDS_HOST_SPEED_REAL", "IDS_HOST_SPEED_SLOW"};
 
@@ -88,7 +91,7 @@ DevicePanel::DevicePanel(DeviceWatcher& watcher, Modem* pModem, QWidget* pParent
 void DevicePanel::place(bool bSwitches)
 {
     QVBoxLayout* pLayout = new QVBoxLayout(this);
-    pLayout->setContentsMargins(14, 12, 14, 12);
+    pLayout->setContentsMargins(SIDE_MARGIN, 12, SIDE_MARGIN, 12);
     pLayout->setSpacing(8);
     pLayout->addWidget(m_pHardware);
     QWidget* const apWidgets[] = {m_pTitle,    m_pHint, m_pDevice,    m_pCard, m_pRadio,      m_pNetwork,
@@ -98,7 +101,6 @@ void DevicePanel::place(bool bSwitches)
         pWidget->setVisible(bSwitches);
     }
     pLayout->addStretch(1);
-    setFixedWidth(230);
 }
 
 void DevicePanel::Retranslate()
@@ -117,6 +119,7 @@ void DevicePanel::Retranslate()
     fill(m_pMode, MODE_IDS, int(sizeof MODE_IDS / sizeof *MODE_IDS));
     fill(m_pSpeed, SPEED_IDS, int(sizeof SPEED_IDS / sizeof *SPEED_IDS));
     OnStateChanged();
+    setFixedWidth(qMax(LEAST_WIDTH, m_pHardware->minimumSizeHint().width() + 2 * SIDE_MARGIN));
 }
 
 void DevicePanel::OnStateChanged()

@@ -8,6 +8,7 @@
 
 #include "device/HardwareChoice.h"
 #include "device/Modem.h"
+#include "linkhand/QtCompat.h"
 #include "text/HostText.h"
 #include "window/CopyOffer.h"
 
@@ -18,6 +19,7 @@ namespace
 const char* const CHOICES[] = {"simulated", "auto"};
 const char* const CHOICE_IDS[] = {"IDS_HOST_HARDWARE_SIMULATED", "IDS_HOST_HARDWARE_AUTO"};
 const int PORT_ENTRY = 2;
+const int BUTTON_WIDTH = 36;
 
 QString stateText(const ModemStatus& status)
 {
@@ -110,7 +112,9 @@ void HardwarePanel::OnStatusChanged()
     const bool bReal = m_pModem != nullptr && !m_pModem->IsSimulated();
     const ModemStatus status = bReal ? m_pModem->Status() : ModemStatus();
     m_pState->setVisible(bReal);
-    m_pState->setText(bReal ? stateText(status) : QString());
+    // A modem's name is in Latin letters, and would turn what is below it around.
+    const QString strMark = isRightToLeft() ? QString(QChar(0x200f)) : QString();
+    m_pState->setText(bReal ? strMark + stateText(status) : QString());
     m_pEnable->setVisible(bReal && status.bPresent && status.bUsable && !status.bEnabled &&
                           status.enLock == ModemStatus::LOCK_NONE);
     m_pEnable->setEnabled(true);
@@ -145,13 +149,16 @@ void HardwarePanel::showChoice()
 {
     m_pChoice->clear();
     int iCurrent = PORT_ENTRY;
+    int iWidest = 0;
     for (int i = 0; i < PORT_ENTRY; ++i) {
         m_pChoice->addItem(HostText::Get(CHOICE_IDS[i]));
+        iWidest = qMax(iWidest, QtCompat::textWidth(fontMetrics(), m_pChoice->itemText(i)));
         iCurrent = m_strChosen == QLatin1String(CHOICES[i]) ? i : iCurrent;
     }
     if (iCurrent == PORT_ENTRY) {
         m_pChoice->addItem(m_strChosen);
     }
+    m_pChoice->setMinimumWidth(iWidest + BUTTON_WIDTH); // a port may be longer
     m_pChoice->setCurrentIndex(iCurrent);
     const char* const pszNote = HardwareChoice::IsFixed()     ? "IDS_HOST_HARDWARE_FIXED"
                                 : m_bRefused                  ? "IDS_HOST_HARDWARE_REFUSED"

@@ -38,6 +38,11 @@ QString firstLine(const OutgoingMessage& message)
     return strText.section(QLatin1Char('\n'), 0, 0);
 }
 
+QString shownTime(const QDateTime& time)
+{
+    return QLocale().toString(time, QLocale::ShortFormat);
+}
+
 QString escaped(QString strText)
 {
     strText.replace(QLatin1Char('&'), QLatin1String("&amp;"));
@@ -110,8 +115,12 @@ MessagesPage::MessagesPage(MessageStore& outbox, IPluginContainer& container, Mo
     }
     m_pList->setItemDelegateForColumn(COLUMN_TO, new NumberDelegate(m_pList));
     m_pList->setColumnWidth(COLUMN_KIND, 70);
-    m_pList->setColumnWidth(COLUMN_TO, 220);
-    m_pList->setColumnWidth(COLUMN_TEXT, isReal() ? 180 : 340); // beside it the state has to have room
+    m_pList->setColumnWidth(COLUMN_TO, isReal() ? 160 : 220); // one number each, or all of a message
+    m_pList->setColumnWidth(COLUMN_TEXT, isReal() ? 60 : 340);
+    if (isReal()) {
+        // What has become of a message is read before what it says, which takes the room that is left.
+        m_pList->header()->moveSection(COLUMN_TEXT, COLUMN_COUNT - 1);
+    }
 }
 
 void MessagesPage::Retranslate()
@@ -128,6 +137,7 @@ void MessagesPage::Retranslate()
                << HostText::Get("IDS_HOST_COLUMN_TEXT") << HostText::Get("IDS_HOST_COLUMN_TIME")
                << HostText::Get("IDS_HOST_COLUMN_STATE");
     m_pList->setHeaderLabels(lstHeaders);
+    sizeColumns();
     m_pList->setAccessibleName(m_pTitle->text());
     m_pPreview->setAccessibleName(HostText::Get("IDS_HOST_COLUMN_TEXT"));
     OnOutboxChanged();
@@ -163,7 +173,7 @@ void MessagesPage::OnOutboxChanged()
         pItem->setText(COLUMN_KIND, kindText(entry.message));
         pItem->setText(COLUMN_TO, entry.message.lstNumbers.join(QLatin1String("; ")));
         pItem->setText(COLUMN_TEXT, firstLine(entry.message));
-        pItem->setText(COLUMN_TIME, QLocale().toString(entry.time, QLocale::ShortFormat));
+        pItem->setText(COLUMN_TIME, shownTime(entry.time));
         pItem->setText(COLUMN_STATE, stateText(entry));
         pItem->setData(0, ROLE_ID, entry.iId);
         bStates = bStates || entry.iState != MESSAGE_SIMULATED;
@@ -264,6 +274,21 @@ bool MessagesPage::canSend(const StoredMessage& stored) const
 {
     return isReal() && stored.message.iKind == HOST_MESSAGE_SMS && !m_pModem->IsSending(stored.iId) &&
            (stored.iState == MESSAGE_DRAFT || stored.iState == MESSAGE_FAILED) && m_pModem->Status().bRegistered;
+}
+
+// As wide as the language writes a time with two digits everywhere, and the longest of the states.
+void MessagesPage::sizeColumns()
+{
+    QList<QTreeWidgetItem*> listExamples;
+    for (StoredMessage stored; stored.iState <= MESSAGE_RECEIVED; ++stored.iState) {
+        QTreeWidgetItem* pItem = new QTreeWidgetItem(m_pList);
+        pItem->setText(COLUMN_TIME, shownTime(QDateTime(QDate(2028, 12, 28), QTime(22, 58))));
+        pItem->setText(COLUMN_STATE, stateText(stored));
+        listExamples.append(pItem);
+    }
+    m_pList->resizeColumnToContents(COLUMN_TIME);
+    m_pList->resizeColumnToContents(COLUMN_STATE);
+    qDeleteAll(listExamples);
 }
 
 QString MessagesPage::stateText(const StoredMessage& stored) const

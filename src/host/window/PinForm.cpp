@@ -96,6 +96,7 @@ void PinForm::OnStatusChanged()
     m_pWarning->setVisible(isLast());
     m_pSure->setVisible(isLast());
     OnEdited();
+    fit();
 }
 
 void PinForm::OnEdited()
@@ -118,6 +119,7 @@ void PinForm::OnUnlock()
     m_pResult->setText(HostText::Get("IDS_HOST_PIN_ASKED"));
     m_pResult->show();
     OnEdited();
+    fit();
     m_modem.SendPin(strPin);
 }
 
@@ -131,7 +133,18 @@ void PinForm::OnAnswered(bool bDone, bool bWrong, const QString& strDetail)
     m_pResult->setText(bWrong ? HostText::Get("IDS_HOST_PIN_WRONG")
                               : HostText::Get("IDS_HOST_PIN_FAILED").arg(strDetail));
     OnStatusChanged();
+    fit();
     m_pPin->setFocus();
+}
+
+// A window asks its layout for room once, when it is shown; texts that come later and wrap want more.
+void PinForm::fit()
+{
+    layout()->activate();
+    const int iHeight = layout()->totalHeightForWidth(width());
+    if (isVisible() && iHeight > height()) {
+        resize(width(), iHeight);
+    }
 }
 
 bool PinForm::isLast() const

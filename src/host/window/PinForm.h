@@ -28,6 +28,7 @@ private slots:
     void OnAnswered(bool bDone, bool bWrong, const QString& strDetail);
 
 private:
+    void fit();
     bool isLast() const;
 
     Modem& m_modem;

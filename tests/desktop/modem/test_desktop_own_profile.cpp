@@ -93,7 +93,7 @@ void TestDesktopOwnProfile::aModemIsTakenIfThereIsOne()
 {
     QVERIFY2(start(), qPrintable(m_pHost->Log()));
     QVERIFY(m_pHost->WaitForMainWindow());
-    QTRY_VERIFY(m_pHost->Text(HARDWARE).startsWith("Modem, found by itself"));
+    QTRY_VERIFY(m_pHost->Text(HARDWARE).startsWith("Modem, automatic"));
     QVERIFY(m_pHost->WaitUntil([this] { return m_pHost->Cell(TREE, "Computer").iColumn >= 0; }));
     QVERIFY(!showsCard());
     QCOMPARE(kept(), QByteArray("auto"));
