@@ -80,6 +80,12 @@ int answerInText(const CommandLine& line)
     return 0;
 }
 
+// Not quit(): with Qt 6 a window that stays open, such as a waiting dialog, would refuse it.
+void leaveLoop()
+{
+    QCoreApplication::exit(0);
+}
+
 int refuseHardware(const QString& strChoice)
 {
     print(stderr, QString::fromLatin1("linkhand: no such hardware: %1\nTry 'linkhand --help'.\n").arg(strChoice));
@@ -256,7 +262,7 @@ void HostApplication::OnClosing()
 {
     m_bClosing = true;
     m_services.State().SetClosing();
-    QApplication::quit();
+    leaveLoop();
 }
 
 void HostApplication::OnScreenshotTaken(bool bWritten)
@@ -265,7 +271,7 @@ void HostApplication::OnScreenshotTaken(bool bWritten)
         print(stderr, QString::fromLatin1("linkhand: cannot write %1\n").arg(m_line.strScreenshot));
         m_iExitCode = 1;
     }
-    QApplication::quit();
+    leaveLoop();
 }
 
 // Only what touches the contacts themselves interrupts the user; the rest waits in the status area.

@@ -261,6 +261,7 @@ void TestDesktopHost::aDataFolderThatCannotBeMadeIsSaid()
          ++iBoxes) {
         const QString strText = m_pHost->Text("modal");
         QVERIFY2(strText.contains("file/below"), qPrintable(strText));
+        QVERIFY(m_pHost->WaitForModal());
         m_pHost->Key("Return");
         QVERIFY(m_pHost->WaitUntil([&] { return m_pHost->Text("modal") != strText; }));
     }
@@ -279,7 +280,7 @@ void TestDesktopHost::aDamagedPhonebookIsSaidAndKept()
     store.close();
     QFile::remove(m_pProfile->Path() + "/local.db-wal");
     QVERIFY2(m_pHost->Start(m_pProfile->Path()), qPrintable(m_pHost->Log()));
-    QVERIFY(m_pHost->WaitFor("modal"));
+    QVERIFY(m_pHost->WaitForModal());
     QVERIFY2(m_pHost->Text("modal").contains("local.db.damaged-"), qPrintable(m_pHost->Text("modal")));
     m_pHost->Key("Return");
     QVERIFY(m_pHost->WaitGone("modal"));
