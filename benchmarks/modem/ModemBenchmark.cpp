@@ -11,12 +11,14 @@
 #include <thread>
 
 #include "BareExchange.h"
-#include "PlugTimes.h"
 #include "benchmarks/support/Bench.h"
 #include "events/EventHub.h"
 #include "modem/ModemHardware.h"
 #include "tests/support/modem/ModemProcess.h"
 #include "tests/support/modem/Options.h"
+#ifdef FOLLOWER
+#include "PlugTimes.h"
+#endif
 
 using namespace orva;
 
@@ -78,6 +80,7 @@ void measurePrograms(bench::Table& table, const std::string& folder, int rounds)
     table.ratio("pbctl lists 250 entries of a card", "gammu", pair.ours, pair.base, 0.1);
 }
 
+#ifdef FOLLOWER
 void measurePlug(bench::Table& table, const std::string& folder, int rounds)
 {
     modemsim::BenchSetup setup;
@@ -99,6 +102,8 @@ void measurePlug(bench::Table& table, const std::string& folder, int rounds)
     table.line("from the plug of a modem to the rows of its card, in seconds more", "ModemManager's own listing",
                best.rows - best.listed, 1, text);
 }
+
+#endif
 
 void measureIdle(bench::Table& table, const std::string& folder, int seconds)
 {
@@ -131,7 +136,9 @@ int main(int argc, char** argv)
         measureReading(table, "reading 250 entries of a card, over USB", 0, quick ? 3 : 25);
         measureReading(table, "the same at 115,200 baud", lineSpeed, quick ? 1 : 4);
         measurePrograms(table, folder, quick ? 1 : 3);
+#ifdef FOLLOWER
         measurePlug(table, folder, quick ? 1 : 5);
+#endif
         measureIdle(table, folder, quick ? 6 : 31);
     } catch (const std::exception& failure) {
         std::fprintf(stderr, "modem_benchmark: %s\n", failure.what());
