@@ -216,6 +216,8 @@ int HostApplication::Run()
 
     showFrame();
     connect(m_pLossWatcher.data(), SIGNAL(lost(ProblemList)), this, SLOT(OnLost(ProblemList)));
+    connect(m_pLossWatcher.data(), SIGNAL(accessChanged(ProblemList)), this, SLOT(OnAccessChanged(ProblemList)));
+    connect(m_pLossWatcher.data(), SIGNAL(readableAgain()), this, SLOT(OnReadableAgain()));
     m_pWatcher->Start();
     m_pModem->Start();
     m_pLossWatcher->Start();
@@ -279,7 +281,36 @@ void HostApplication::OnReportProblems()
 void HostApplication::OnLost(const ProblemList& problems)
 {
     m_problems += problems;
-    m_pWindow->Status().SetProblems(m_problems);
+    showProblems();
+}
+
+void HostApplication::OnAccessChanged(const ProblemList& problems)
+{
+    m_access = problems;
+    showProblems();
+    m_pWindow->Status().ShowNotice(problems.isEmpty() ? HostText::Get("IDS_HOST_STORE_WRITABLE")
+                                                      : problems.first().Reason());
+}
+
+// The phonebook reads anew for a change of language what it takes for out of date.
+void HostApplication::OnReadableAgain()
+{
+    for (int i = m_problems.size() - 1; i >= 0; --i) {
+        if (m_problems.at(i).strReasonId == QLatin1String("IDS_HOST_PROBLEM_STORE")) {
+            m_problems.removeAt(i);
+        }
+    }
+    showProblems();
+    QWidget* pPhonebook = m_pWindow->findChild<QWidget*>(QLatin1String("AddrBookUIPlugin_MainWidget"));
+    if (pPhonebook != nullptr) {
+        QMetaObject::invokeMethod(pPhonebook, "OnAddrBookSimReady");
+    }
+    m_pLifecycle->NotifyAll(HOST_NOTIFY_LANGUAGE, 0);
+}
+
+void HostApplication::showProblems()
+{
+    m_pWindow->Status().SetProblems(m_problems + m_access);
 }
 
 void HostApplication::OnWelcomeDismissed()
@@ -359,7 +390,7 @@ void HostApplication::fillWindow()
 {
     m_pWindow->BuildPages();
     m_pWindow->Retranslate();
-    m_pWindow->Status().SetProblems(m_problems);
+    showProblems();
     m_pWindow->Status().SetState(m_pWatcher->State());
     // Before the window reads: what others write from here on is news to it.
     m_pStoreWatch->Start();
