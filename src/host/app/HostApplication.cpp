@@ -292,7 +292,6 @@ void HostApplication::OnAccessChanged(const ProblemList& problems)
                                                       : problems.first().Reason());
 }
 
-// The phonebook reads anew for a change of language what it takes for out of date.
 void HostApplication::OnReadableAgain()
 {
     for (int i = m_problems.size() - 1; i >= 0; --i) {
@@ -301,11 +300,9 @@ void HostApplication::OnReadableAgain()
         }
     }
     showProblems();
-    QWidget* pPhonebook = m_pWindow->findChild<QWidget*>(QLatin1String("AddrBookUIPlugin_MainWidget"));
-    if (pPhonebook != nullptr) {
-        QMetaObject::invokeMethod(pPhonebook, "OnAddrBookSimReady");
+    if (m_pLive) {
+        m_pLive->ReadAnew();
     }
-    m_pLifecycle->NotifyAll(HOST_NOTIFY_LANGUAGE, 0);
 }
 
 void HostApplication::showProblems()

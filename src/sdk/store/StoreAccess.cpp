@@ -20,9 +20,10 @@ void Store::connect(Use use)
 {
     if (m_db && m_refusal == ORVA_OK)
         return;
-    // A look that fails closes and opens anew, which also shows what has changed in the files.
-    if (m_db && use == Use::Reading && Clock::now() < m_nextLook && (m_live || !(stateOfStore(m_path) != m_seen)))
+    const bool changed = m_db && !m_live && stateOfStore(m_path) != m_seen;
+    if (m_db && use == Use::Reading && Clock::now() < m_nextLook && !changed)
         return;
+    m_foreignChanges += changed ? 1 : 0;
     if (!m_turn || m_refusal != ORVA_OK) // its file cannot be made where nothing can
         m_turn = std::make_unique<FileLock>(m_path.substr(0, m_path.size() - 3) + ".lock");
     try {
