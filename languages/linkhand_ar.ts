@@ -388,8 +388,16 @@
         <translation>يتعذر فتح الرسائل، ولا يمكن حفظ رسائل جديدة. ربما كتبها إصدار أحدث.</translation>
     </message>
     <message>
+        <source>IDS_HOST_PROBLEM_NO_SPACE</source>
+        <translation>القرص ممتلئ. جهات اتصالك محفوظة ويمكن قراءتها؛ ويمكن حفظ التغييرات من جديد حالما تتوفر مساحة.</translation>
+    </message>
+    <message>
         <source>IDS_HOST_PROBLEM_OUTBOX</source>
         <translation>كان صندوق الصادر تالفًا. حُفظ بهذا الملف، ونُقل منه ما أمكنت قراءته.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PROBLEM_READ_ONLY</source>
+        <translation>لا يمكن هنا إلا قراءة دليل الهاتف. جهات اتصالك محفوظة، لكن لا يمكن حفظ التغييرات.</translation>
     </message>
     <message>
         <source>IDS_HOST_PROBLEM_STORE</source>
@@ -558,6 +566,10 @@
     <message>
         <source>IDS_HOST_STATUS_UNLOCK</source>
         <translation>إدخال رمز PIN…</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STORE_WRITABLE</source>
+        <translation>يمكن حفظ التغييرات في جهات الاتصال من جديد.</translation>
     </message>
     <message>
         <source>IDS_HOST_TITLE</source>
@@ -933,6 +945,11 @@
     <message>
         <source>IDS_PROMPT_CAPTION</source>
         <translation>دليل الهاتف</translation>
+    </message>
+    <message>
+        <source>IDS_READ_FAILED</source>
+        <translation>تتعذر قراءة جهات الاتصال حاليًا.
+هذا لا يعني أنها فُقدت.</translation>
     </message>
     <message>
         <source>IDS_RECORD_INFO</source>

@@ -388,8 +388,16 @@
         <translation>Die Nachrichten lassen sich nicht öffnen, und neue können nicht aufbewahrt werden. Vielleicht hat eine neuere Version sie geschrieben.</translation>
     </message>
     <message>
+        <source>IDS_HOST_PROBLEM_NO_SPACE</source>
+        <translation>Die Festplatte ist voll. Ihre Kontakte sind sicher und lesbar; Änderungen lassen sich wieder speichern, sobald Platz ist.</translation>
+    </message>
+    <message>
         <source>IDS_HOST_PROBLEM_OUTBOX</source>
         <translation>Der Postausgang war beschädigt. Er bleibt als diese Datei erhalten; was sich lesen ließ, wurde übernommen.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PROBLEM_READ_ONLY</source>
+        <translation>Das Telefonbuch lässt sich hier nur lesen. Ihre Kontakte sind sicher; Änderungen lassen sich nicht speichern.</translation>
     </message>
     <message>
         <source>IDS_HOST_PROBLEM_STORE</source>
@@ -558,6 +566,10 @@
     <message>
         <source>IDS_HOST_STATUS_UNLOCK</source>
         <translation>PIN eingeben …</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STORE_WRITABLE</source>
+        <translation>Änderungen an Kontakten lassen sich wieder speichern.</translation>
     </message>
     <message>
         <source>IDS_HOST_TITLE</source>
@@ -933,6 +945,11 @@ Legen Sie mit „Neuer Kontakt“ in der Werkzeugleiste einen an, oder importier
     <message>
         <source>IDS_PROMPT_CAPTION</source>
         <translation>Telefonbuch</translation>
+    </message>
+    <message>
+        <source>IDS_READ_FAILED</source>
+        <translation>Die Kontakte lassen sich gerade nicht lesen.
+Das heißt nicht, dass sie weg sind.</translation>
     </message>
     <message>
         <source>IDS_RECORD_INFO</source>

@@ -388,8 +388,16 @@
         <translation>The messages cannot be opened; no new one can be kept. A later release may have written them.</translation>
     </message>
     <message>
+        <source>IDS_HOST_PROBLEM_NO_SPACE</source>
+        <translation>The disk is full. Your contacts are safe and can be read; changes can be stored again as soon as there is room.</translation>
+    </message>
+    <message>
         <source>IDS_HOST_PROBLEM_OUTBOX</source>
         <translation>The outbox was damaged. It is kept as this file, and what could be read of it was taken over.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PROBLEM_READ_ONLY</source>
+        <translation>The phonebook can only be read here. Your contacts are safe; changes cannot be stored.</translation>
     </message>
     <message>
         <source>IDS_HOST_PROBLEM_STORE</source>
@@ -558,6 +566,10 @@
     <message>
         <source>IDS_HOST_STATUS_UNLOCK</source>
         <translation>Enter PIN …</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STORE_WRITABLE</source>
+        <translation>Changes to contacts can be stored again.</translation>
     </message>
     <message>
         <source>IDS_HOST_TITLE</source>
@@ -933,6 +945,11 @@ Create one with “New contact” in the tool bar, or import a file with the rig
     <message>
         <source>IDS_PROMPT_CAPTION</source>
         <translation>Phonebook</translation>
+    </message>
+    <message>
+        <source>IDS_READ_FAILED</source>
+        <translation>The contacts cannot be read at the moment.
+That does not mean that they are gone.</translation>
     </message>
     <message>
         <source>IDS_RECORD_INFO</source>

@@ -388,8 +388,16 @@
         <translation>无法打开信息，也无法保存新信息。它们可能由更新的版本写入。</translation>
     </message>
     <message>
+        <source>IDS_HOST_PROBLEM_NO_SPACE</source>
+        <translation>磁盘已满。您的联系人是安全的，可以读取；有空间后即可再次保存更改。</translation>
+    </message>
+    <message>
         <source>IDS_HOST_PROBLEM_OUTBOX</source>
         <translation>发件箱已损坏。它保存为此文件，能读出的内容已转入新的发件箱。</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PROBLEM_READ_ONLY</source>
+        <translation>此处的电话簿只能读取。您的联系人是安全的，但无法保存更改。</translation>
     </message>
     <message>
         <source>IDS_HOST_PROBLEM_STORE</source>
@@ -558,6 +566,10 @@
     <message>
         <source>IDS_HOST_STATUS_UNLOCK</source>
         <translation>输入 PIN 码…</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_STORE_WRITABLE</source>
+        <translation>可以再次保存联系人的更改。</translation>
     </message>
     <message>
         <source>IDS_HOST_TITLE</source>
@@ -933,6 +945,11 @@
     <message>
         <source>IDS_PROMPT_CAPTION</source>
         <translation>电话簿</translation>
+    </message>
+    <message>
+        <source>IDS_READ_FAILED</source>
+        <translation>目前无法读取联系人。
+这并不表示联系人已丢失。</translation>
     </message>
     <message>
         <source>IDS_RECORD_INFO</source>

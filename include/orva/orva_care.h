@@ -32,6 +32,19 @@ extern "C" {
 ORVA_API long ORVA_Care_CleanNumber(int memory, const unsigned short* text, unsigned short** number,
                                     unsigned short** extension);
 
+/* Gives a text that the numbers of one telephone have in common, in a new buffer: "0171 5551234" and "+49 171 555-1234"
+ * where the user's region is DE. Without a region, without the module for telephone numbers and for numbers that no
+ * country has it is the clean number, "00" being "+". Of the number alone: an extension does not count. ORVA_E_NUMBER
+ * for a text that is no number. */
+ORVA_API long ORVA_Care_NumberKey(const unsigned short* number, unsigned short** key);
+
+/* The user's region, two capital letters (ISO 3166-1) and a zero, or the empty text for none: the one that was set, for
+ * all programs with the same data folder, or the locale's (LC_ALL, LC_TELEPHONE, LANG). LINKHAND_REGION in the
+ * environment goes before both. To set it: two letters, "none", or the empty text for the locale's again; else
+ * ORVA_E_ARGUMENT. */
+ORVA_API long ORVA_Care_GetRegion(char* region);
+ORVA_API long ORVA_Care_SetRegion(const char* region);
+
 /* ---- What is kept with a record beside its fields (memory 4 only) ----------------------------------------------- */
 
 /* The most octets that can be kept with a record. */
@@ -61,8 +74,8 @@ typedef struct ORVA_DUPLICATE {
 
 /* Gives the records of a memory that belong together, as an array of *count entries; null for none. Free it with
  * ORVA_Care_DuplicatesRelease, which sets the pointer to null. The same person is who has the same name, whatever its
- * case and however its letters are composed, and a number or an e-mail address in common; "00" is "+" there. Takes time
- * in proportion to the records. */
+ * case and however its letters are composed, and a number or an e-mail address in common, by ORVA_Care_NumberKey. Takes
+ * time in proportion to the records. */
 ORVA_API long ORVA_Care_GetDuplicates(int memory, ORVA_DUPLICATE** entries, int* count);
 ORVA_API long ORVA_Care_DuplicatesRelease(int memory, ORVA_DUPLICATE** entries);
 

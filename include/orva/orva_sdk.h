@@ -49,6 +49,8 @@ extern "C" {
 #define ORVA_E_UNSUPPORTED 1012 /* this memory has no such thing, such as groups on a card */
 #define ORVA_E_VERSION 1013     /* the store was written by a newer release and is left as it is */
 #define ORVA_E_NUMBER 1014      /* a number's field that holds something else than a telephone number */
+#define ORVA_E_NO_SPACE 1015    /* the disk is full: nothing can be stored, all that was stored can be read */
+#define ORVA_E_READ_ONLY 1016   /* the store may only be read, as on a read-only disk or in another user's folder */
 #define ORVA_E_INTERNAL 1099
 
 /* Events, as callbacks get them. The device start service: */
@@ -252,7 +254,8 @@ ORVA_API long ORVA_PBSrv_GetFileFieldDescription(const unsigned short* path, cha
  * - Blanks at the ends of a text are part of it, but around quotation marks.
  * - Numbers are cleaned as ORVA_Care_CleanNumber of orva_care.h does it; an extension goes with its number into a line
  *   of the note. What is no number stays as it is, for the caller to refuse, is named in the log by its line, and so is
- *   one with an extension where there is no note.
+ *   one with an extension where there is no note. What is no e-mail address that a form takes ("@" and ASCII alone)
+ * goes into the note, and is named there, too.
  * - A note is cut to what its field holds; other values may be longer than the memory takes.
  * - Of vCards, further numbers and e-mail addresses stand in the remark; what else has no field stays behind, named by
  *   its property in the log.

@@ -37,6 +37,14 @@ ORVA_API long ORVA_Store_GetDamage(int memory, int once, ORVA_STORE_DAMAGE* dama
  * but waits for a transaction of this process. 0 for a memory behind a modem. */
 ORVA_API long ORVA_Store_GetForeignChanges(int memory, int* count);
 
+/* Tells whether the store of a memory can be written: *code is 0, or ORVA_E_NO_SPACE, ORVA_E_READ_ONLY or what else the
+ * last write met. Where it could not, this tries anew, and so does each write; reading goes on meanwhile, with all that
+ * was ever stored. The result is a code, and *code is not written, if the store cannot be read either. */
+ORVA_API long ORVA_Store_GetAccess(int memory, long* code);
+
+/* Sent on the phonebook service when a store can be written no longer, or again; ORVA_Store_GetAccess tells which. */
+#define ORVA_EVENT_STORE_ACCESS 20391
+
 /* Copies the store of a memory, as of one moment, into a new file of the user's alone. ORVA_E_STORE if the file is
  * there already or cannot be written. */
 ORVA_API long ORVA_Store_Backup(int memory, const unsigned short* path);

@@ -28,6 +28,21 @@ std::u16string folded(const std::u16string& text)
     return out;
 }
 
+constexpr std::size_t endCompared = 6; // numbers of one telephone end alike
+
+// What numbers of one telephone have in common; empty for a text that is none.
+std::u16string keyOf(const std::u16string& number)
+{
+    unsigned short* key = nullptr;
+    return ORVA_Care_NumberKey(units(number), &key) == ORVA_OK ? takeText(key) : std::u16string();
+}
+
+bool endsLike(const std::u16string& one, const std::u16string& other)
+{
+    return one.size() >= endCompared && other.size() >= endCompared &&
+           one.compare(one.size() - endCompared, endCompared, other, other.size() - endCompared, endCompared) == 0;
+}
+
 bool isNumber(const Field& field)
 {
     return field.kind == "Mobile" || field.kind == "Number";
@@ -48,13 +63,15 @@ int runFind(const Arguments& arguments)
     std::u16string number;
     if (ORVA_Care_CleanNumber(memory, units(toSdk(arguments.words()[1])), &cleaned, nullptr) == ORVA_OK)
         number = takeText(cleaned);
+    const std::u16string key = keyOf(number);
     RecordPrinter printer(fields, arguments.has("json"));
     int found = 0;
     forEachRecord(memory, fields, [&](int id, const std::vector<std::u16string>& values) {
         for (std::size_t i = 0; i < fields.size(); ++i) {
-            const bool same =
-                folded(values[i]).find(text) != std::u16string::npos ||
-                (!number.empty() && isNumber(fields[i]) && values[i].find(number) != std::u16string::npos);
+            const bool same = folded(values[i]).find(text) != std::u16string::npos ||
+                              (!number.empty() && isNumber(fields[i]) &&
+                               (values[i].find(number) != std::u16string::npos ||
+                                (endsLike(values[i], number) && keyOf(values[i]) == key)));
             if (!same)
                 continue;
             printer.print(id, values);

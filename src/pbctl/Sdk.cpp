@@ -43,6 +43,10 @@ std::string explain(long code)
         return "written by a newer release";
     case ORVA_E_NUMBER:
         return "not a telephone number that this memory takes";
+    case ORVA_E_NO_SPACE:
+        return "the disk is full; the contacts are safe and can be read";
+    case ORVA_E_READ_ONLY:
+        return "the phonebook can only be read here";
     case ORVA_E_ARGUMENT:
         return "not possible for this memory";
     case ORVA_E_INTERNAL:

@@ -83,6 +83,11 @@ if [ -e "$build/lib/libsdk-modem.so" ]; then
     readelf -d "$build/lib/libsdk.so.1" >"$work/needed"
     ! grep -qE 'libsystemd|libudev' "$work/needed" || fail "the library needs what only its module may"
 fi
+if [ -e "$build/lib/libsdk-phone.so" ]; then
+    expect '^ *libphonenumber8( |$)' "$work/depends" "the dependencies"
+    readelf -d "$build/lib/libsdk.so.1" >"$work/needed"
+    ! grep -q libphonenumber "$work/needed" || fail "the library needs what only its module may"
+fi
 expect "^ *$translations\$" "$work/recommends" "the recommendations"
 doubled=$(tr -d ' ' <"$work/recommends" | sort | uniq -d)
 [ -z "$doubled" ] || fail "recommended twice: $doubled"

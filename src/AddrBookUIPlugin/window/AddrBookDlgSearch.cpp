@@ -64,6 +64,8 @@ void AddrBookDlg::showEmptyText()
     int iGroupId = 0;
     getGroupId(enMemory, iGroupId);
     const char* szId = iGroupId > 0 ? "IDS_EMPTY_GROUP" : "IDS_EMPTY_MEMORY";
+    if (m_pthreadRead != nullptr && m_pthreadRead->HasReadFailed())
+        szId = "IDS_READ_FAILED";
     if (m_bSearchBoxShown && !m_search.Text().isEmpty())
         szId = "IDS_EMPTY_SEARCH";
     m_ptableContacts->SetEmptyText(tr(QLatin1String(szId)));

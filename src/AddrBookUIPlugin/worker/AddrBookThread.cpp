@@ -14,6 +14,7 @@ AddrBookThread::AddrBookThread(QObject* pParent)
       m_ptable(nullptr),
       m_pitemTreeNode(nullptr),
       m_bStop(false),
+      m_bReadFailed(false),
       m_iColumnCount(0),
       m_iParentGroupId(0),
       m_bSlotFinished(false),

@@ -64,6 +64,9 @@ public:
     // thread.
     void DisconnectSignals();
 
+    // Whether the memory could not be read, or not to its end; after the end of the thread.
+    bool HasReadFailed() const { return m_bReadFailed; }
+
     // Appends the local records read; after the end of the thread.
     void GetLocalRecords(QList<AddrBookRecord>& lstRecords);
 
@@ -134,6 +137,7 @@ private:
     QTableWidget* m_ptable;
     QTreeWidgetItem* m_pitemTreeNode;
     std::atomic<bool> m_bStop;
+    std::atomic<bool> m_bReadFailed;
     int m_iColumnCount;
     QList<AddrBookGroup*> m_listGroups;
     QList<AddrBookRecord> m_listLocalRecords;

@@ -53,6 +53,7 @@ int AddrBookThread::GetRecordInGroup(QList<AddrBookRecord>& lstRecords, _ORVA_EN
         const SdkTransaction transaction(enMemory);
         SDK_CALL(lResult, ORVA_PBSrv_GetAddrRecList, (enMemory, &set.out()));
     }
+    m_bReadFailed = lResult != 0;
     if (lResult != 0 || set.isNull())
         return lResult == 0 ? ADDRBOOK_OK : ADDRBOOK_FAILED;
 
@@ -84,6 +85,7 @@ int AddrBookThread::getRecordsOfSameMemType(const QList<AddrBookField>& lstField
         AddrBookRecord record;
         if (!reader.readSetRecord(hAddrRecordSet, record)) {
             bError = true;
+            m_bReadFailed = true;
             return ADDRBOOK_FAILED;
         }
         lstRecords.append(record);
@@ -115,6 +117,7 @@ int AddrBookThread::getRecordInRoot(QList<AddrBookRecord>& lstRecords, _ORVA_EN_
     SdkGroupSet set;
     long lResult = 0;
     SDK_CALL(lResult, ORVA_PBSrv_GetGroupList, (enMemory, &set.out()));
+    m_bReadFailed = lResult != 0;
     if (set.isNull() || lResult != 0)
         return ADDRBOOK_FAILED;
 

@@ -226,6 +226,8 @@ int HostApplication::Run()
 
     showFrame();
     connect(m_pLossWatcher.data(), SIGNAL(lost(ProblemList)), this, SLOT(OnLost(ProblemList)));
+    connect(m_pLossWatcher.data(), SIGNAL(accessChanged(ProblemList)), this, SLOT(OnAccessChanged(ProblemList)));
+    connect(m_pLossWatcher.data(), SIGNAL(readableAgain()), this, SLOT(OnReadableAgain()));
     m_pWatcher->Start();
     m_pModem->Start();
     m_pLossWatcher->Start();
@@ -291,7 +293,33 @@ void HostApplication::OnReportProblems()
 void HostApplication::OnLost(const ProblemList& problems)
 {
     m_problems += problems;
-    m_pWindow->Status().SetProblems(m_problems);
+    showProblems();
+}
+
+void HostApplication::OnAccessChanged(const ProblemList& problems)
+{
+    m_access = problems;
+    showProblems();
+    m_pWindow->Status().ShowNotice(problems.isEmpty() ? HostText::Get("IDS_HOST_STORE_WRITABLE")
+                                                      : problems.first().Reason());
+}
+
+void HostApplication::OnReadableAgain()
+{
+    for (int i = m_problems.size() - 1; i >= 0; --i) {
+        if (m_problems.at(i).strReasonId == QLatin1String("IDS_HOST_PROBLEM_STORE")) {
+            m_problems.removeAt(i);
+        }
+    }
+    showProblems();
+    if (m_pLive) {
+        m_pLive->ReadAnew();
+    }
+}
+
+void HostApplication::showProblems()
+{
+    m_pWindow->Status().SetProblems(m_problems + m_access);
 }
 
 void HostApplication::OnWelcomeDismissed()
@@ -371,7 +399,7 @@ void HostApplication::fillWindow()
 {
     m_pWindow->BuildPages();
     m_pWindow->Retranslate();
-    m_pWindow->Status().SetProblems(m_problems);
+    showProblems();
     m_pWindow->Status().SetState(m_pWatcher->State());
     // Before the window reads: what others write from here on is news to it.
     m_pStoreWatch->Start();

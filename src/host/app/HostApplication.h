@@ -51,6 +51,8 @@ private slots:
     void OnScreenshotTaken(bool bWritten);
     void OnReportProblems();
     void OnLost(const ProblemList& problems);
+    void OnAccessChanged(const ProblemList& problems);
+    void OnReadableAgain();
     void OnWelcomeDismissed();
 
 private:
@@ -63,10 +65,12 @@ private:
     void fillWindow();
     void applyLanguage(const QString& strCode);
     void shutDown();
+    void showProblems();
 
     CommandLine m_line;
     Companion* m_pCompanion;
     ProblemList m_problems;
+    ProblemList m_access; // those of the phonebook that will pass
     Services m_services;
     HostSettings m_settings;
     LanguageCatalog m_languages;

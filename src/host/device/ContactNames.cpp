@@ -1,7 +1,10 @@
 #include "device/ContactNames.h"
 
 #include "linkhand/QtCompat.h"
-#include "orva/orva_sdk.h"
+#include "orva/orva_care.h"
+
+// Null where the SDK in use does not have it.
+#pragma weak ORVA_Care_NumberKey
 
 namespace
 {
@@ -14,6 +17,7 @@ const struct {
     {0, {"Number", nullptr}},                             // card
     {1, {"Number", nullptr}},                             // device
 };
+const int END = 6;      // numbers of one telephone end alike
 const int SHORTEST = 7; // two numbers that share so many digits at their end may be one
 
 QString digitsOf(const QString& strNumber)
@@ -39,6 +43,35 @@ bool isSame(const QString& strOne, const QString& strOther)
            (strShorter == strLonger || (strShorter.length() >= SHORTEST && strLonger.endsWith(strShorter)));
 }
 
+// What numbers of one telephone have in common; empty where the SDK does not know.
+QString keyOf(const QString& strNumber)
+{
+    unsigned short* pKey = nullptr;
+    if (&ORVA_Care_NumberKey == nullptr || ORVA_Care_NumberKey(strNumber.utf16(), &pKey) != ORVA_OK) {
+        return QString();
+    }
+    const QString strKey = QtCompat::fromUtf16(pKey);
+    delete[] pKey;
+    return strKey;
+}
+
+// A number with the forms in which it is compared.
+struct Wanted {
+    QString strDigits;
+    QString strKey;
+
+    bool IsSame(const QString& strNumber) const
+    {
+        const QString strOther = digitsOf(strNumber);
+        if (strOther.right(END) != strDigits.right(END)) {
+            return false;
+        }
+        const QString strOtherKey = keyOf(strNumber);
+        const bool bBothKnown = strKey.startsWith(QLatin1Char('+')) && strOtherKey.startsWith(QLatin1Char('+'));
+        return bBothKnown ? strKey == strOtherKey : isSame(strOther, strDigits);
+    }
+};
+
 QString valueOf(void* pSet, const char* pszKey)
 {
     unsigned short* pText = nullptr;
@@ -50,7 +83,7 @@ QString valueOf(void* pSet, const char* pszKey)
     return strText;
 }
 
-QString nameIn(int iMemory, const char* const* ppszKeys, const QString& strDigits)
+QString nameIn(int iMemory, const char* const* ppszKeys, const Wanted& wanted)
 {
     void* pSet = nullptr;
     int iCount = 0;
@@ -62,7 +95,7 @@ QString nameIn(int iMemory, const char* const* ppszKeys, const QString& strDigit
         ORVA_PBSrv_AddrRecordSet_MoveFirst(pSet) == ORVA_OK) {
         do {
             for (const char* const* ppszKey = ppszKeys; *ppszKey != nullptr; ++ppszKey) {
-                if (strName.isEmpty() && isSame(digitsOf(valueOf(pSet, *ppszKey)), strDigits)) {
+                if (strName.isEmpty() && wanted.IsSame(valueOf(pSet, *ppszKey))) {
                     strName = valueOf(pSet, "Name");
                 }
             }
@@ -76,11 +109,11 @@ QString nameIn(int iMemory, const char* const* ppszKeys, const QString& strDigit
 
 QString ContactNames::Of(const QString& strNumber)
 {
-    const QString strDigits = digitsOf(strNumber);
+    const Wanted wanted = {digitsOf(strNumber), keyOf(strNumber)};
     QString strName;
     for (const auto& memory : MEMORIES) {
-        if (strName.isEmpty() && !strDigits.isEmpty()) {
-            strName = nameIn(memory.iMemory, memory.apszNumbers, strDigits);
+        if (strName.isEmpty() && !wanted.strDigits.isEmpty()) {
+            strName = nameIn(memory.iMemory, memory.apszNumbers, wanted);
         }
     }
     return strName;

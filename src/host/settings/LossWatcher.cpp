@@ -8,13 +8,16 @@
 #include "orva/orva_store.h"
 #include "settings/DataFolder.h"
 
-// Null where the SDK in use does not have it.
+// Null where the SDK in use does not have them.
 #pragma weak ORVA_Store_TakeLoss
+#pragma weak ORVA_Store_GetAccess
 
 namespace
 {
 
 const QEvent::Type LOSS_EVENT = static_cast<QEvent::Type>(QEvent::User + 1);
+const QEvent::Type ACCESS_EVENT = static_cast<QEvent::Type>(QEvent::User + 2);
+const int LOOK_MS = 2000;
 
 // The SDK's callback has no argument of ours, so that the object is found here. The lock keeps it alive meanwhile.
 QMutex s_mutex;
@@ -33,7 +36,10 @@ void addLoss(int iMemory, const char* pszFile, ProblemList& problems)
 
 } // namespace
 
-LossWatcher::LossWatcher(QObject* pParent) : QObject(pParent), m_bStarted(false) {}
+LossWatcher::LossWatcher(QObject* pParent) : QObject(pParent), m_bStarted(false), m_lAccess(ORVA_OK), m_bReadable(true)
+{
+    connect(&m_timer, SIGNAL(timeout()), this, SLOT(OnCheckAccess()));
+}
 
 LossWatcher::~LossWatcher()
 {
@@ -51,6 +57,8 @@ void LossWatcher::Start()
     }
     m_bStarted = true;
     ORVA_PBSrv_RegisterPBCallback(&LossWatcher::onSdkEvent);
+    // Behind the start of the program, which opens the phonebook anyway.
+    QTimer::singleShot(0, this, SLOT(OnCheckAccess()));
 }
 
 void LossWatcher::Stop()
@@ -59,6 +67,7 @@ void LossWatcher::Stop()
         return;
     }
     m_bStarted = false;
+    m_timer.stop();
     ORVA_PBSrv_UnRegisterPBCallback(&LossWatcher::onSdkEvent);
     QMutexLocker locker(&s_mutex);
     s_pWatcher = nullptr;
@@ -66,9 +75,15 @@ void LossWatcher::Stop()
 
 void LossWatcher::customEvent(QEvent* pEvent)
 {
-    if (pEvent->type() != LOSS_EVENT || !m_bStarted) {
-        return;
+    if (m_bStarted && pEvent->type() == LOSS_EVENT) {
+        tellLosses();
+    } else if (pEvent->type() == ACCESS_EVENT) {
+        OnCheckAccess();
     }
+}
+
+void LossWatcher::tellLosses()
+{
     ProblemList problems;
     addLoss(ORVA_MEMORY_LOCAL, "/local.db", problems);
     addLoss(ORVA_MEMORY_CARD, "/card.db", problems);
@@ -78,15 +93,46 @@ void LossWatcher::customEvent(QEvent* pEvent)
     }
 }
 
+// Nobody tells that a disk has room again: asking tries, and is done while there is none alone.
+void LossWatcher::OnCheckAccess()
+{
+    if (!m_bStarted || &ORVA_Store_GetAccess == nullptr) {
+        return;
+    }
+    long lAccess = ORVA_OK;
+    const long lResult = ORVA_Store_GetAccess(ORVA_MEMORY_LOCAL, &lAccess);
+    const bool bWasReadable = m_bReadable;
+    m_bReadable = lResult == ORVA_OK;
+    if (!m_bReadable || lAccess != ORVA_OK) {
+        m_timer.start(LOOK_MS);
+    } else {
+        m_timer.stop();
+    }
+    if (m_bReadable && lAccess != m_lAccess) {
+        m_lAccess = lAccess;
+        ProblemList problems;
+        if (lAccess != ORVA_OK) {
+            const bool bFull = lAccess == ORVA_E_NO_SPACE;
+            problems.append(Problem(DataFolder::Path() + QLatin1String("/local.db"),
+                                    bFull ? "IDS_HOST_PROBLEM_NO_SPACE" : "IDS_HOST_PROBLEM_READ_ONLY"));
+        }
+        emit accessChanged(problems);
+    }
+    if (m_bReadable && !bWasReadable) {
+        emit readableAgain();
+    }
+}
+
 // On the SDK's event thread.
 int LossWatcher::onSdkEvent(int iEvent, void*)
 {
-    if (iEvent != ORVA_EVENT_STORE_LOSS) {
+    if (iEvent != ORVA_EVENT_STORE_LOSS && iEvent != ORVA_EVENT_STORE_ACCESS) {
         return 0;
     }
     QMutexLocker locker(&s_mutex);
     if (s_pWatcher != nullptr) {
-        QCoreApplication::postEvent(s_pWatcher, new QEvent(LOSS_EVENT));
+        QCoreApplication::postEvent(s_pWatcher,
+                                    new QEvent(iEvent == ORVA_EVENT_STORE_LOSS ? LOSS_EVENT : ACCESS_EVENT));
     }
     return 1;
 }

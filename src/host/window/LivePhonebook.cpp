@@ -52,6 +52,12 @@ LivePhonebook::LivePhonebook(StoreWatch& watch, PluginContainer& container, cons
     connect(&m_status, SIGNAL(showChangesRequested()), this, SLOT(OnShow()));
 }
 
+void LivePhonebook::ReadAnew()
+{
+    m_bPending = true;
+    OnLook();
+}
+
 void LivePhonebook::OnTouched()
 {
     if (!m_pause.isActive()) {

@@ -21,6 +21,9 @@ public:
     LivePhonebook(StoreWatch& watch, PluginContainer& container, const WorkerCount& workers, QWidget& page,
                   StatusArea& status);
 
+    // The same for contacts that could not be read before.
+    void ReadAnew();
+
 private slots:
     void OnTouched();
     void OnLook();

@@ -68,6 +68,16 @@ long ORVA_Store_GetForeignChanges(int memory, int* count)
     });
 }
 
+long ORVA_Store_GetAccess(int memory, long* code)
+{
+    return guarded(__func__, [&] {
+        require(code);
+        // What a modem does not take it says for each contact.
+        *code = modemMemory(memory) != nullptr ? ORVA_OK : anyStore(memory).access();
+        return ORVA_OK;
+    });
+}
+
 long ORVA_Store_Backup(int memory, const unsigned short* path)
 {
     return guarded(__func__, [&] {

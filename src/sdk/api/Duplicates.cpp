@@ -5,8 +5,10 @@
 #include "api/Boundary.h"
 #include "api/Handles.h"
 #include "api/Library.h"
+#include "base/DataFolder.h"
 #include "base/NumberText.h"
 #include "care/Matcher.h"
+#include "care/NumberKey.h"
 #include "orva/orva_care.h"
 
 using namespace orva;
@@ -16,7 +18,7 @@ namespace
 
 struct MatchHandle final : HandleObject {
     static constexpr HandleKind kind = HandleKind::Match;
-    MatchHandle(int m, const Profile& profile) : memory(m), matcher(profile) {}
+    MatchHandle(int m, const Profile& profile) : memory(m), matcher(profile, chosenRegion(dataFolder())) {}
     int memory;
     Matcher matcher;
 };
@@ -43,7 +45,7 @@ void takeAll(Memory& memory, Matcher& matcher)
 
 std::vector<DuplicateSet> duplicatesOf(Memory& memory)
 {
-    Matcher matcher(*memory.profile());
+    Matcher matcher(*memory.profile(), chosenRegion(dataFolder()));
     takeAll(memory, matcher);
     return matcher.duplicates();
 }

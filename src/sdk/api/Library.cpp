@@ -25,7 +25,7 @@ namespace
 struct Library {
     explicit Library(const std::string& folder) : simulated(folder, events), local(folder, simulated)
     {
-        tellLossesOf(local.store());
+        tellTroubleOf(local.store());
         const std::string choice = hardwareChoice(folder);
         if (choice != simulatedChoice) {
             modem = std::make_unique<ModemHardware>(folder, choice, events);
@@ -35,13 +35,14 @@ struct Library {
         }
         card = std::make_unique<SimMemory>(folder, simulated, ORVA_MEMORY_CARD);
         device = std::make_unique<SimMemory>(folder, simulated, ORVA_MEMORY_DEVICE);
-        tellLossesOf(card->store());
-        tellLossesOf(device->store());
+        tellTroubleOf(card->store());
+        tellTroubleOf(device->store());
     }
 
-    void tellLossesOf(Store& store)
+    void tellTroubleOf(Store& store)
     {
         store.onLoss([this] { events.post(ORVA_EVENT_STORE_LOSS); });
+        store.onAccess([this] { events.post(ORVA_EVENT_STORE_ACCESS); });
     }
 
     Hardware& hardware()
@@ -88,6 +89,7 @@ Library& library()
             folder = preparePrivateFolder(folder);
         } catch (const Failure&) {
             // Each use of a store tells; the hardware works without.
+            folder = resolvedFolder(folder);
         }
         made = new Library(folder);
         all.library.store(made, std::memory_order_release);

@@ -6,8 +6,10 @@
 #include "api/Boundary.h"
 #include "api/Handles.h"
 #include "api/Library.h"
+#include "base/DataFolder.h"
 #include "base/Text.h"
 #include "care/Merger.h"
+#include "care/NumberKey.h"
 #include "orva/orva_care.h"
 #include "orva/orva_store.h"
 #include "store/Store.h"
@@ -55,7 +57,7 @@ long ORVA_Care_PreviewMerge(int memory, const int* records, int count, void** re
         made->memory = memory;
         made->profile = memoryFor(memory).profile();
         made->id = ids.front();
-        Content merged = mergedBy(Merger(*made->profile), store.contents(ids));
+        Content merged = mergedBy(Merger(*made->profile, chosenRegion(dataFolder())), store.contents(ids));
         made->values = std::move(merged.values);
         made->kept = std::move(merged.kept);
         std::u16string text;
@@ -85,7 +87,7 @@ long ORVA_Care_Merge(int memory, const ORVA_DUPLICATE* entries, int count)
         requireSound(sets);
         if (sets.empty())
             return ORVA_OK;
-        const Merger merger(*memoryFor(memory).profile());
+        const Merger merger(*memoryFor(memory).profile(), chosenRegion(dataFolder()));
         store.keepBackup(ORVA_BACKUP_MERGE);
         store.merge(sets, [&merger](const std::vector<Content>& contents) { return mergedBy(merger, contents); });
         return ORVA_OK;

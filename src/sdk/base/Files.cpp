@@ -22,7 +22,10 @@ namespace
 [[noreturn]] void failFile(const char* doing, const std::string& path)
 {
     const int error = errno;
-    throw Failure(error == ENOMEM ? ORVA_E_NO_MEMORY : ORVA_E_STORE,
+    const bool full = error == ENOSPC || error == EDQUOT;
+    throw Failure(error == ENOMEM ? ORVA_E_NO_MEMORY
+                  : full          ? ORVA_E_NO_SPACE
+                                  : ORVA_E_STORE,
                   std::string(doing) + " " + path + ": " + std::strerror(error));
 }
 
@@ -200,6 +203,12 @@ std::string asideName(const std::string& path, const std::string& word)
     for (int number = 2; fileExists(name); ++number)
         name = base + "-" + std::to_string(number);
     return name;
+}
+
+std::string resolvedFolder(const std::string& path)
+{
+    const std::unique_ptr<char, decltype(&std::free)> resolved(::realpath(path.c_str(), nullptr), &std::free);
+    return resolved ? resolved.get() : path;
 }
 
 std::string resolveFolderOf(const std::string& path)

@@ -28,6 +28,9 @@ std::string timeStamp();
 // A name beside `path` that is not in use: path, the word and a time stamp.
 std::string asideName(const std::string& path, const std::string& word);
 
+// A folder's path without symbolic links; as it is if it is not there.
+std::string resolvedFolder(const std::string& path);
+
 // The path of a file with symbolic links in its folders resolved. Failure(ORVA_E_NOT_FOUND) if the folder is not there.
 std::string resolveFolderOf(const std::string& path);
 

@@ -4,10 +4,12 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <utility>
 
 #include "base/Failure.h"
 #include "base/NumberText.h"
 #include "base/Unicode.h"
+#include "care/NumberKey.h"
 
 namespace orva
 {
@@ -18,16 +20,6 @@ namespace
 constexpr char between = '\x1F'; // keeps "ab" + "c" apart from "a" + "bc"
 
 } // namespace
-
-// As it is dialled: "00" is the "+" of a country that has no key for it.
-std::string comparedNumber(std::u16string_view number)
-{
-    std::string digits;
-    appendUtf8(number, digits);
-    if (digits.size() > 2 && digits.compare(0, 2, "00") == 0)
-        digits.replace(0, 2, "+");
-    return digits;
-}
 
 std::string foldedText(std::u16string_view text)
 {
@@ -53,7 +45,7 @@ std::string foldedText(std::u16string_view text)
     return out;
 }
 
-Matcher::Matcher(const Profile& profile) : m_profile(profile) {}
+Matcher::Matcher(const Profile& profile, std::string region) : m_profile(profile), m_region(std::move(region)) {}
 
 Matcher::Keys Matcher::keysOf(const Values& values) const
 {
@@ -63,7 +55,7 @@ Matcher::Keys Matcher::keysOf(const Values& values) const
     bool anything = false;
     for (std::size_t i = 0; i < m_profile.fields().size() && i < values.size(); ++i) {
         const Field& field = m_profile.fields()[i];
-        std::string text = isNumberField(field) ? comparedNumber(values[i]) : foldedText(values[i]);
+        std::string text = isNumberField(field) ? numberKey(values[i], m_region) : foldedText(values[i]);
         anything = anything || !text.empty();
         keys.whole += text + between;
         if (text.empty())

@@ -25,7 +25,8 @@ struct DuplicateSet {
 class Matcher
 {
 public:
-    explicit Matcher(const Profile& profile);
+    // The region is a country's two letters for the comparison of numbers (NumberKey.h); empty for none.
+    explicit Matcher(const Profile& profile, std::string region = std::string());
 
     // Takes a contact in. Values stand in the order of the profile.
     void add(int id, const Values& values);
@@ -49,6 +50,7 @@ private:
     std::size_t rootOf(std::size_t contact);
 
     const Profile m_profile;
+    const std::string m_region;
     std::vector<int> m_ids;
     std::vector<std::size_t> m_parents; // of each contact, another of its person with a smaller index, or itself
     std::unordered_map<std::string, std::size_t> m_persons;
@@ -59,9 +61,6 @@ private:
 
 // A text as it is compared: without case, its letters composed (Unicode's normalisation form C).
 std::string foldedText(std::u16string_view text);
-
-// A number as it is compared.
-std::string comparedNumber(std::u16string_view number);
 
 } // namespace orva
 

@@ -1,11 +1,13 @@
 #include "care/Merger.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "base/Failure.h"
 #include "base/NumberText.h"
 #include "base/Text.h"
 #include "care/Matcher.h"
+#include "care/NumberKey.h"
 #include "vcard/CardText.h"
 #include "vcard/KeptUnion.h"
 
@@ -73,7 +75,7 @@ bool holdsLines(std::u16string_view note, std::u16string_view text)
 
 } // namespace
 
-Merger::Merger(const Profile& profile) : m_profile(profile)
+Merger::Merger(const Profile& profile, std::string region) : m_profile(profile), m_region(std::move(region))
 {
     const auto& fields = profile.fields();
     const auto note = std::find_if(fields.begin(), fields.end(), [](const Field& f) { return f.kind == "Remaik"; });
@@ -84,9 +86,9 @@ Merger::Merger(const Profile& profile) : m_profile(profile)
 
 bool Merger::hasNumber(const Values& values, std::u16string_view number) const
 {
-    const std::string compared = comparedNumber(number);
+    const std::string compared = numberKey(number, m_region);
     for (std::size_t i = 0; i < values.size(); ++i)
-        if (isNumberField(m_profile.fields()[i]) && comparedNumber(values[i]) == compared)
+        if (isNumberField(m_profile.fields()[i]) && numberKey(values[i], m_region) == compared)
             return true;
     return false;
 }

@@ -20,8 +20,9 @@ namespace orva
 class Merger
 {
 public:
-    // A profile with a field for notes.
-    explicit Merger(const Profile& profile);
+    // A profile with a field for notes. The region is a country's two letters for the comparison of numbers
+    // (NumberKey.h); empty for none.
+    explicit Merger(const Profile& profile, std::string region = std::string());
 
     // One contact or more, with as many values as the profile has fields.
     Content merged(const std::vector<Content>& contacts) const;
@@ -37,6 +38,7 @@ private:
     bool addNote(Values& values, std::u16string_view text) const;
 
     const Profile m_profile;
+    const std::string m_region;
     std::size_t m_note = 0;
 };
 

@@ -1,5 +1,6 @@
 #include "store/Database.h"
 
+#include <cerrno>
 #include <cstdint>
 
 namespace orva
@@ -11,9 +12,21 @@ namespace
 // How long an ordinary statement waits for another process, in milliseconds. Write transactions wait by themselves.
 constexpr int statementWait = 2000;
 
-long clientCode(int sqlCode)
+bool isLackOfSpace(int systemError)
+{
+    return systemError == ENOSPC || systemError == EDQUOT || systemError == EFBIG;
+}
+
+long clientCode(int sqlCode, int systemError)
 {
     switch (sqlCode & 0xff) {
+    case SQLITE_FULL:
+        return ORVA_E_NO_SPACE;
+    case SQLITE_READONLY:
+        return ORVA_E_READ_ONLY;
+    case SQLITE_IOERR:
+    case SQLITE_CANTOPEN:
+        return isLackOfSpace(systemError) ? ORVA_E_NO_SPACE : ORVA_E_STORE;
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
         return ORVA_E_BUSY;
@@ -24,9 +37,25 @@ long clientCode(int sqlCode)
     }
 }
 
+// The path as SQLite's URI, so that it can say that the file does not change.
+std::string uriOf(const std::string& path, Database::Mode mode)
+{
+    std::string uri = path[0] == '/' ? "file://" : "file:";
+    for (const char c : path) {
+        if (c == '%' || c == '?' || c == '#')
+            uri.append(c == '%' ? "%25" : c == '?' ? "%3f" : "%23");
+        else
+            uri.push_back(c);
+    }
+    return mode == Database::Mode::ReadUnchanging ? uri + "?immutable=1" : uri;
+}
+
 } // namespace
 
-SqlFailure::SqlFailure(int sqlCode, const std::string& text) : Failure(clientCode(sqlCode), text), m_sqlCode(sqlCode) {}
+SqlFailure::SqlFailure(int sqlCode, const std::string& text, int systemError)
+    : Failure(clientCode(sqlCode, systemError), text), m_sqlCode(sqlCode)
+{
+}
 
 bool SqlFailure::isDamage() const
 {
@@ -37,12 +66,15 @@ bool SqlFailure::isDamage() const
 Database::Database(const std::string& path, Mode mode)
 {
     const int access = mode == Mode::ReadWrite ? SQLITE_OPEN_READWRITE : SQLITE_OPEN_READONLY;
-    const int flags = access | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_NOFOLLOW | SQLITE_OPEN_EXRESCODE;
-    const int result = sqlite3_open_v2(path.c_str(), &m_db, flags, nullptr);
+    const int flags = access | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_NOFOLLOW | SQLITE_OPEN_EXRESCODE | SQLITE_OPEN_URI;
+    // Only a file layer without locks lets a file that may not be written be locked for one reader alone.
+    const char* const layer = mode == Mode::ReadAlone ? "unix-none" : nullptr;
+    const int result = sqlite3_open_v2(uriOf(path, mode).c_str(), &m_db, flags, layer);
     if (result != SQLITE_OK) {
         const std::string text = m_db != nullptr ? sqlite3_errmsg(m_db) : sqlite3_errstr(result);
+        const int systemError = m_db != nullptr ? sqlite3_system_errno(m_db) : 0;
         sqlite3_close(m_db);
-        throw SqlFailure(result, "opening the store: " + text);
+        throw SqlFailure(result, "opening the store: " + text, systemError);
     }
     sqlite3_busy_timeout(m_db, statementWait);
     // A hostile file must not run anything.
@@ -52,6 +84,11 @@ Database::Database(const std::string& path, Mode mode)
         sqlite3_db_config(m_db, SQLITE_DBCONFIG_WRITABLE_SCHEMA, 1, nullptr);
     else
         sqlite3_db_config(m_db, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+    if (mode == Mode::ReadAlone || mode == Mode::ReadUnchanging)
+        sqlite3_db_config(m_db, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+    if (mode == Mode::ReadAlone)
+        // The index of the log then lies in memory.
+        sqlite3_exec(m_db, "PRAGMA locking_mode = EXCLUSIVE", nullptr, nullptr, nullptr);
 }
 
 Database::~Database()
@@ -64,7 +101,10 @@ Database::~Database()
 void Database::fail(int sqlCode, const char* doing) const
 {
     // Messages name tables and columns, never values; the statement's text has placeholders for those.
-    throw SqlFailure(sqlCode, std::string(doing) + ": " + sqlite3_errmsg(m_db) + " (" + std::to_string(sqlCode) + ")");
+    // SQLite does not keep that of every failure.
+    const int systemError = sqlite3_system_errno(m_db) != 0 ? sqlite3_system_errno(m_db) : errno;
+    throw SqlFailure(sqlCode, std::string(doing) + ": " + sqlite3_errmsg(m_db) + " (" + std::to_string(sqlCode) + ")",
+                     systemError);
 }
 
 void Database::execute(const char* sql)

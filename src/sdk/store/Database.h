@@ -19,7 +19,8 @@ namespace orva
 class SqlFailure : public Failure
 {
 public:
-    SqlFailure(int sqlCode, const std::string& text);
+    // `systemError` is the errno behind it; 0 for none.
+    SqlFailure(int sqlCode, const std::string& text, int systemError = 0);
 
     int sqlCode() const { return m_sqlCode; }
 
@@ -34,8 +35,9 @@ private:
 class Database
 {
 public:
-    // Salvage reads what is left of a damaged file, also of one that has lost its end.
-    enum class Mode { ReadWrite, ReadOnly, Salvage };
+    // Salvage reads what is left of a damaged file, also of one that has lost its end. ReadAlone reads a file and its
+    // write-ahead log with no file beside them, and ReadUnchanging a file without a log; while nobody writes either.
+    enum class Mode { ReadWrite, ReadOnly, Salvage, ReadAlone, ReadUnchanging };
 
     // The path must hold no symbolic link; the file must exist.
     Database(const std::string& path, Mode mode);

@@ -43,6 +43,11 @@ const std::vector<MigrationStep>& migrationSteps()
     return steps;
 }
 
+int newestVersion()
+{
+    return static_cast<int>(migrationSteps().size()) + 1;
+}
+
 namespace
 {
 

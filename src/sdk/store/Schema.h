@@ -22,6 +22,9 @@ using MigrationStep = void (*)(Database& db);
 // The steps that this release knows; stores are at version 1 plus their number when done.
 const std::vector<MigrationStep>& migrationSteps();
 
+// The version that this release reads and writes.
+int newestVersion();
+
 enum class SchemaState { Empty, Ours, OlderVersion, NewerVersion, Foreign };
 
 // What an opened file holds.

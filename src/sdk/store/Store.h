@@ -20,6 +20,7 @@
 #include "store/Bin.h"
 #include "store/Damage.h"
 #include "store/Database.h"
+#include "store/ReadOnly.h"
 #include "store/Schema.h"
 
 namespace orva
@@ -50,7 +51,7 @@ struct Loss {
  * gathered: every write is committed by itself, and fails if that cannot be, until one goes through.
  *
  * The file is opened on first use. A damaged one is put aside with its journal, and what can be read of it goes into
- * the new one.
+ * the new one. One that cannot be written, such as on a full disk, is read as it is; each write tries anew.
  */
 class Store
 {
@@ -121,6 +122,12 @@ public:
     Loss takeLoss();
     void onLoss(std::function<void()> told) { m_tellLoss = std::move(told); }
 
+    // ORVA_OK if the store can be written, as far as is known: it is tried where it could not. Else ORVA_E_NO_SPACE,
+    // ORVA_E_READ_ONLY, or what the last write met. A Failure if it cannot be read. `told` runs after each change of
+    // that, like that of onLoss().
+    long access();
+    void onAccess(std::function<void()> told) { m_tellAccess = std::move(told); }
+
     // Commits what is open, closes the file and opens no further transaction. Whoever still comes, such as a thread
     // that outlasts the end of main, opens the file anew.
     void shutDown();
@@ -158,13 +165,19 @@ public:
 private:
     enum class Transaction { None, Open, Broken };
     enum class Turn { ToTake, Taken };
+    enum class Use { Reading, Writing };
 
     using Lock = std::unique_lock<std::mutex>;
     using Clock = std::chrono::steady_clock;
 
-    void connect();
+    void connect(Use use);
+    bool openReadOnly(const Failure& failure);
+    void requireWritable() const;
+    void noteWritten(long code);
+    void tellAccess();
     void openFile(Turn turn);
-    void prepareOpened();
+    void prepareOpened(Use use);
+    void replaceOrPutBack(const std::string& aside);
     void replaceDamaged();
     void noteDamage(const Failure& failure);
     SchemaState requireBackup(Database& source);
@@ -220,6 +233,14 @@ private:
     std::uint64_t m_inode = 0;
     bool m_suspect = false; // an operation met damage
 
+    // Of a store that is read because it cannot be written.
+    long m_refusal = ORVA_OK; // of a write; ORVA_OK for a store that is open for writing
+    bool m_live = false;
+    StoreState m_seen;
+    Clock::time_point m_nextLook;
+    long m_unwritten = ORVA_OK; // what the last write met that met the disk
+    std::function<void()> m_tellAccess;
+
     // Statements over the columns, one a number of fields.
     std::vector<std::string> m_selectRange;
     std::vector<std::string> m_selectOne;
@@ -258,7 +279,7 @@ template <typename Body>
 auto Store::reading(Body&& body) -> decltype(body())
 {
     const Lock lock(m_mutex);
-    connect();
+    connect(Use::Reading);
     try {
         return body();
     } catch (const SqlFailure& failure) {
@@ -267,7 +288,7 @@ auto Store::reading(Body&& body) -> decltype(body())
             throw;
     }
     // The file was damaged: once more on what could be saved of it.
-    connect();
+    connect(Use::Reading);
     return body();
 }
 
@@ -275,7 +296,7 @@ template <typename Body>
 auto Store::writing(Body&& body) -> decltype(body())
 {
     Lock lock(m_mutex);
-    connect();
+    connect(Use::Writing);
     try {
         startWriting(lock);
         m_groups.reset();
@@ -292,6 +313,8 @@ auto Store::writing(Body&& body) -> decltype(body())
             rollback();
         else if (m_db && !m_db->inTransaction() && gathers() && dynamic_cast<const SqlFailure*>(&failure) != nullptr)
             breakTransaction(failure);
+        if (failure.code() == ORVA_E_NO_SPACE || failure.code() == ORVA_E_READ_ONLY)
+            noteWritten(failure.code());
         noteDamage(failure);
         throw;
     }

@@ -35,7 +35,7 @@ std::string Store::backUpHere(int reason)
             throw;
     }
     // What is damaged is no backup: once more of what could be saved of it.
-    connect();
+    connect(Use::Writing);
     return m_backups.make(*m_db, reason);
 }
 

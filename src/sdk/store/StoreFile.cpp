@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <ctime>
 #include <mutex>
+#include <utility>
 
 #include "base/Log.h"
 #include "orva/orva_store.h"
@@ -18,11 +19,6 @@ namespace orva
 namespace
 {
 
-int currentVersion()
-{
-    return static_cast<int>(migrationSteps().size()) + 1;
-}
-
 std::uint64_t inodeOf(const std::string& path)
 {
     struct stat state = {};
@@ -31,40 +27,21 @@ std::uint64_t inodeOf(const std::string& path)
 
 } // namespace
 
-void Store::connect()
-{
-    if (m_db)
-        return;
-    if (!m_turn)
-        m_turn = std::make_unique<FileLock>(m_path.substr(0, m_path.size() - 3) + ".lock");
-    try {
-        openFile(Turn::ToTake);
-    } catch (const SqlFailure& failure) {
-        m_db.reset();
-        if (!failure.isDamage())
-            throw;
-        replaceDamaged();
-    } catch (...) {
-        m_db.reset();
-        throw;
-    }
-}
-
 void Store::openFile(Turn turn)
 {
     preparePrivateFolder(m_folder);
     preparePrivateFile(m_path);
     m_db = std::make_unique<Database>(m_path, Database::Mode::ReadWrite);
-    SchemaState state = inspectSchema(*m_db, currentVersion());
+    SchemaState state = inspectSchema(*m_db, newestVersion());
     std::unique_lock<FileLock> taken;
     if (turn == Turn::ToTake && (state == SchemaState::Empty || state == SchemaState::OlderVersion)) {
         // One process at a time makes or migrates a store. Another may have done it meanwhile.
         taken = std::unique_lock<FileLock>(*m_turn);
-        state = inspectSchema(*m_db, currentVersion());
+        state = inspectSchema(*m_db, newestVersion());
     }
     switch (state) {
     case SchemaState::Empty:
-        createSchema(*m_db, m_columns, currentVersion());
+        createSchema(*m_db, m_columns, newestVersion());
         syncFolder(m_folder);
         break;
     case SchemaState::Ours:
@@ -74,7 +51,7 @@ void Store::openFile(Turn turn)
         configureConnection(*m_db);
         migrate(*m_db, migrationSteps(), [&] { copy = m_backups.make(*m_db, ORVA_BACKUP_MIGRATION); });
         m_backups.rotate(m_db->queryInt("SELECT count(*) FROM records"), {copy});
-        logFormat("%s: migrated to version %d; the old store is %s", m_path.c_str(), currentVersion(), copy.c_str());
+        logFormat("%s: migrated to version %d; the old store is %s", m_path.c_str(), newestVersion(), copy.c_str());
         break;
     }
     case SchemaState::NewerVersion:
@@ -83,10 +60,14 @@ void Store::openFile(Turn turn)
         throw Failure(ORVA_E_STORE, m_path + " is not a phonebook");
     }
     configureConnection(*m_db);
-    prepareOpened();
+    prepareOpened(Use::Writing);
+    if (std::exchange(m_refusal, ORVA_OK) != ORVA_OK) {
+        logFormat("%s: can be written again", m_path.c_str());
+        tellAccess();
+    }
 }
 
-void Store::prepareOpened()
+void Store::prepareOpened(Use use)
 {
     // Before the first look at the content: what another process writes from here on is seen as a change.
     m_dataVersion = m_db->queryInt("PRAGMA data_version");
@@ -111,12 +92,27 @@ void Store::prepareOpened()
             throw SqlFailure(SQLITE_CORRUPT, "the integrity check failed: " + problems.front());
         m_suspect = false;
     }
-    if (m_bin == Bin::Filled)
+    if (m_bin == Bin::Filled && use == Use::Writing)
         fillBin(*m_db, m_columns);
     m_db->learnEncoding();
     m_inode = inodeOf(m_path);
     forgetContent();
     ++m_changes;
+}
+
+// Makes a new store; where there is no room for one, the damaged one has to be found again when there is.
+void Store::replaceOrPutBack(const std::string& aside)
+{
+    try {
+        openFile(Turn::Taken);
+    } catch (const Failure&) {
+        m_db.reset();
+        ::unlink((m_path + "-wal").c_str());
+        ::unlink((m_path + "-shm").c_str());
+        ::rename(aside.c_str(), m_path.c_str());
+        ::rename((aside + "-wal").c_str(), (m_path + "-wal").c_str());
+        throw;
+    }
 }
 
 void Store::replaceDamaged()
@@ -136,7 +132,7 @@ void Store::replaceDamaged()
             ::unlink((m_path + "-shm").c_str());
             if (::rename(m_path.c_str(), aside.c_str()) != 0)
                 throw Failure(ORVA_E_STORE, m_path + " is damaged and cannot be put aside");
-            openFile(Turn::Taken);
+            replaceOrPutBack(aside);
             Damage damage;
             damage.time = static_cast<long long>(std::time(nullptr));
             damage.file = aside;
@@ -182,7 +178,7 @@ void Store::reconnectIfReplaced()
     logFormat("%s: the file was replaced; opening it anew", m_path.c_str());
     ++m_foreignChanges;
     m_db.reset();
-    connect();
+    connect(Use::Reading);
 }
 
 void Store::refresh()
@@ -256,7 +252,8 @@ void Store::backup(const std::string& path)
 void Store::restore(const std::string& path)
 {
     Lock lock(m_mutex);
-    connect();
+    connect(Use::Writing);
+    requireWritable();
     if (m_db->inTransaction())
         commit();
     std::string aside;
@@ -287,7 +284,7 @@ void Store::restore(const std::string& path)
 
 SchemaState Store::requireBackup(Database& source)
 {
-    const SchemaState state = inspectSchema(source, currentVersion());
+    const SchemaState state = inspectSchema(source, newestVersion());
     if (state == SchemaState::NewerVersion)
         throw Failure(ORVA_E_VERSION, "the backup was written by a newer release");
     if (state != SchemaState::Ours && state != SchemaState::OlderVersion)

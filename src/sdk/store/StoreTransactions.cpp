@@ -88,6 +88,7 @@ void Store::startWriting(Lock& lock)
 {
     if (m_transaction == Transaction::Broken)
         throw Failure(m_lostCode, "the transaction has failed before");
+    requireWritable();
     if (m_db->inTransaction())
         return;
     const Clock::time_point giveUp = Clock::now() + waitForTurn;
@@ -115,7 +116,8 @@ void Store::startWriting(Lock& lock)
         lock.unlock();
         std::this_thread::sleep_for(betweenTries);
         lock.lock();
-        connect();
+        connect(Use::Writing);
+        requireWritable();
         if (m_transaction == Transaction::Broken)
             throw Failure(m_lostCode, "the transaction has failed before");
         if (m_db->inTransaction())
@@ -142,8 +144,10 @@ void Store::commit()
         m_db->execute("COMMIT");
         m_gathered.clear();
         // One that had nothing to write proves nothing.
-        if (wrote)
+        if (wrote) {
             m_refused = false;
+            noteWritten(ORVA_OK);
+        }
     } catch (const std::exception& failure) {
         const auto* known = dynamic_cast<const Failure*>(&failure);
         rollback();

@@ -122,6 +122,24 @@ private slots:
         QCOMPARE(f.table()->accessibleDescription(), QString("IDS_EMPTY_MEMORY"));
     }
 
+    void aMemoryThatCannotBeReadIsNotCalledEmpty()
+    {
+        WindowFixture f;
+        fill(4, 3);
+        FakeSdk::failAlways("GetAddrRecList");
+        f.build();
+        QVERIFY(f.waitRead());
+        QCOMPARE(f.table()->rowCount(), 0);
+        QCOMPARE(f.table()->accessibleDescription(), QString("IDS_READ_FAILED"));
+        FakeSdk::clearFailures();
+        // As the host has it read anew.
+        f.window()->OnAddrBookSimReady();
+        f.window()->SetLanguage();
+        QVERIFY(f.waitRead());
+        QCOMPARE(f.table()->rowCount(), 3);
+        QVERIFY(f.table()->accessibleDescription() != QString("IDS_READ_FAILED"));
+    }
+
     void reloadLooksAtEveryValue()
     {
         WindowFixture f;

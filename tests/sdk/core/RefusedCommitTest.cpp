@@ -65,7 +65,7 @@ void loseTransaction(int records, int memory = local)
     for (int i = 0; i < records; ++i)
         add(memory, {{"Name", u"lost"}});
     fillDisk();
-    CHECK_EQ(ORVA_PBSrv_EndTransaction(memory), ORVA_E_STORE);
+    CHECK_EQ(ORVA_PBSrv_EndTransaction(memory), ORVA_E_NO_SPACE);
 }
 
 } // namespace
@@ -76,17 +76,17 @@ TEST(nothingIsTakenWhileTheDiskRefuses)
     const int group = addGroup(u"group");
     loseTransaction(5);
     begin();
-    CHECK_EQ(tryAdd(local, {{"Name", u"refused"}}), -ORVA_E_STORE);
-    CHECK_EQ(update(local, first, {{"Name", u"refused"}}), ORVA_E_STORE);
-    CHECK_EQ(ORVA_PBSrv_DelAddrRec(first, local), ORVA_E_STORE);
-    CHECK_EQ(tryAddGroup(u"refused"), -ORVA_E_STORE);
-    CHECK_EQ(ORVA_PBSrv_AddAddrToGroup(group, first, local), ORVA_E_STORE);
+    CHECK_EQ(tryAdd(local, {{"Name", u"refused"}}), -ORVA_E_NO_SPACE);
+    CHECK_EQ(update(local, first, {{"Name", u"refused"}}), ORVA_E_NO_SPACE);
+    CHECK_EQ(ORVA_PBSrv_DelAddrRec(first, local), ORVA_E_NO_SPACE);
+    CHECK_EQ(tryAddGroup(u"refused"), -ORVA_E_NO_SPACE);
+    CHECK_EQ(ORVA_PBSrv_AddAddrToGroup(group, first, local), ORVA_E_NO_SPACE);
     // Nothing of it was taken, so nothing is lost with it.
     CHECK_EQ(ORVA_PBSrv_EndTransaction(local), ORVA_OK);
     faulty::disarm();
     CHECK_EQ(sizeOf(local), 1);
     CHECK_EQ(valueOf(local, first, "Name"), u"before");
-    checkLoss(local, ORVA_E_STORE, 5);
+    checkLoss(local, ORVA_E_NO_SPACE, 5);
 }
 
 TEST(writesAreTakenAgainWhenACommitGoesThrough)
@@ -94,17 +94,17 @@ TEST(writesAreTakenAgainWhenACommitGoesThrough)
     storeWithOneRecord();
     loseTransaction(3);
     begin();
-    CHECK_EQ(tryAdd(local, {{"Name", u"refused"}}), -ORVA_E_STORE);
+    CHECK_EQ(tryAdd(local, {{"Name", u"refused"}}), -ORVA_E_NO_SPACE);
     faulty::disarm();
     // The first one is committed by itself, the others are gathered again.
     const int alone = add(local, {{"Name", u"alone"}});
     const int gathered = add(local, {{"Name", u"gathered"}});
     fillDisk();
-    CHECK_EQ(ORVA_PBSrv_EndTransaction(local), ORVA_E_STORE);
+    CHECK_EQ(ORVA_PBSrv_EndTransaction(local), ORVA_E_NO_SPACE);
     faulty::disarm();
     CHECK_EQ(valueOf(local, alone, "Name"), u"alone");
     CHECK_EQ(valueOf(local, gathered, "Name"), u"(none)");
-    checkLoss(local, ORVA_E_STORE, 4);
+    checkLoss(local, ORVA_E_NO_SPACE, 4);
 }
 
 TEST(aWriteThatChangesNothingProvesNothing)
@@ -116,7 +116,7 @@ TEST(aWriteThatChangesNothingProvesNothing)
     begin();
     CHECK_EQ(ORVA_PBSrv_AddAddrToGroup(group, first, local), ORVA_OK);
     CHECK_EQ(ORVA_PBSrv_DelAddrRec(9999, local), ORVA_E_NOT_FOUND);
-    CHECK_EQ(tryAdd(local, {{"Name", u"refused"}}), -ORVA_E_STORE);
+    CHECK_EQ(tryAdd(local, {{"Name", u"refused"}}), -ORVA_E_NO_SPACE);
     CHECK_EQ(ORVA_PBSrv_EndTransaction(local), ORVA_OK);
     faulty::disarm();
 }
@@ -133,9 +133,9 @@ TEST(theLossIsCountedByRecordAndToldOnce)
     REQUIRE(ORVA_PBSrv_AddAddrToGroup(group, first, local) == ORVA_OK);
     addGroup(u"another");
     fillDisk();
-    CHECK_EQ(ORVA_PBSrv_EndTransaction(local), ORVA_E_STORE);
+    CHECK_EQ(ORVA_PBSrv_EndTransaction(local), ORVA_E_NO_SPACE);
     faulty::disarm();
-    checkLoss(local, ORVA_E_STORE, 2);
+    checkLoss(local, ORVA_E_NO_SPACE, 2);
     checkLoss(local, ORVA_OK, 0);
 }
 
@@ -145,16 +145,16 @@ TEST(aLossOfGroupsAloneIsOneToo)
     begin();
     addGroup(u"lost");
     fillDisk();
-    CHECK_EQ(ORVA_PBSrv_EndTransaction(local), ORVA_E_STORE);
+    CHECK_EQ(ORVA_PBSrv_EndTransaction(local), ORVA_E_NO_SPACE);
     faulty::disarm();
-    checkLoss(local, ORVA_E_STORE, 0);
+    checkLoss(local, ORVA_E_NO_SPACE, 0);
 }
 
 TEST(aWriteThatFailsByItselfIsNoLoss)
 {
     storeWithOneRecord();
     fillDisk();
-    CHECK_EQ(tryAdd(local, {{"Name", u"refused"}}), -ORVA_E_STORE);
+    CHECK_EQ(tryAdd(local, {{"Name", u"refused"}}), -ORVA_E_NO_SPACE);
     faulty::disarm();
     checkLoss(local, ORVA_OK, 0);
 }
@@ -167,7 +167,7 @@ TEST(eachMemoryHasItsOwnLossAlsoWhenItIsOut)
     REQUIRE(ORVA_Sim_SetDevice(0) == ORVA_OK);
     checkLoss(local, ORVA_OK, 0);
     checkLoss(card, ORVA_OK, 0);
-    checkLoss(device, ORVA_E_STORE, 2);
+    checkLoss(device, ORVA_E_NO_SPACE, 2);
     REQUIRE(ORVA_Sim_SetDevice(1) == ORVA_OK);
     Loss loss;
     CHECK_EQ(ORVA_Store_TakeLoss(2, &loss.code, &loss.records), ORVA_E_ARGUMENT);
@@ -189,10 +189,10 @@ TEST(anEventTellsOfALossWhoeverEndedTheTransaction)
     add(local, {{"Name", u"lost"}});
     fillDisk();
     CHECK(waitFor([] { return lossEvents == 2; }));
-    CHECK_EQ(tryAdd(local, {{"Name", u"refused"}}), -ORVA_E_STORE);
+    CHECK_EQ(tryAdd(local, {{"Name", u"refused"}}), -ORVA_E_NO_SPACE);
     faulty::disarm();
-    CHECK_EQ(ORVA_PBSrv_EndTransaction(local), ORVA_E_STORE);
-    checkLoss(local, ORVA_E_STORE, 2);
+    CHECK_EQ(ORVA_PBSrv_EndTransaction(local), ORVA_E_NO_SPACE);
+    checkLoss(local, ORVA_E_NO_SPACE, 2);
     CHECK_EQ(ORVA_PBSrv_UnRegisterPBCallback(onEvent), ORVA_OK);
     CHECK_EQ(lossEvents.load(), 2);
 }
@@ -204,11 +204,11 @@ TEST(aBackupThatCannotCommitIsToldByTheEndOfTheTransaction)
     const int lost = add(local, {{"Name", u"lost"}});
     const std::string copy = folder() + "/copy" + std::to_string(::getpid()) + ".db";
     fillDisk();
-    CHECK_EQ(ORVA_Store_Backup(local, api(Text(copy.begin(), copy.end()))), ORVA_E_STORE);
+    CHECK_EQ(ORVA_Store_Backup(local, api(Text(copy.begin(), copy.end()))), ORVA_E_NO_SPACE);
     faulty::disarm();
-    CHECK_EQ(ORVA_PBSrv_EndTransaction(local), ORVA_E_STORE);
+    CHECK_EQ(ORVA_PBSrv_EndTransaction(local), ORVA_E_NO_SPACE);
     CHECK_EQ(valueOf(local, lost, "Name"), u"(none)");
-    checkLoss(local, ORVA_E_STORE, 1);
+    checkLoss(local, ORVA_E_NO_SPACE, 1);
 }
 
 TEST(whatABatchCountsIsStoredOrToldAsLost)

@@ -188,7 +188,7 @@ TEST(aFolderThatCannotBeWrittenGivesACode)
     CHECK_EQ(::chmod(data.c_str(), 0500), 0);
     const int status = asOrdinaryUser([&] {
         ORVA_Sim_Reset(data.c_str());
-        if (tryAdd(local, {{"Name", u"Berta"}}) != -ORVA_E_STORE)
+        if (tryAdd(local, {{"Name", u"Berta"}}) != -ORVA_E_READ_ONLY)
             return 1;
         ORVA_Sim_Reset((base + "/none").c_str());
         ::chmod(base.c_str(), 0500);
@@ -233,7 +233,7 @@ TEST(aFileThatMayNotGrowGivesACodeAndLosesNothing)
             if (code < 0)
                 break;
         }
-        if (code != -ORVA_E_STORE)
+        if (code != -ORVA_E_NO_SPACE)
             return 2;
         const rlimit none{RLIM_INFINITY, RLIM_INFINITY};
         ::setrlimit(RLIMIT_FSIZE, &none);
