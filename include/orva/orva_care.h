@@ -81,7 +81,8 @@ ORVA_API long ORVA_Care_Match_Release(void* match);
  * Several records become one, the first of them, which keeps its identifier. Its values stay, and those of the others
  * go into the fields that it leaves empty. A value that has no room there, and is no other way of writing one that has,
  * goes into the note, as "Mobile: +441632960001"; what the note has no room for is kept beside the fields. Notes are
- * joined, and so are groups and what is kept. What the first said before and the others as they were are in the bin. */
+ * joined, and so are groups and what is kept. What the first said before and the others as they were are in the bin,
+ * and an automatic backup (orva_store.h) is made before. */
 
 /* Gives a handle to what would become of the records, which is read with ORVA_PBSrv_AddrRecord_GetValue and
  * ORVA_Care_GetKept and released with ORVA_PBSrv_AddrRecord_Release; and the groups it would be in, as
@@ -91,8 +92,8 @@ ORVA_API long ORVA_Care_Match_Release(void* match);
 ORVA_API long ORVA_Care_PreviewMerge(int memory, const int* records, int count, void** record, unsigned short** groups);
 
 /* Merges the records of each set, given as ORVA_Care_GetDuplicates gives them: the entries of a set stand one behind
- * the other. The kind is not looked at. All sets or, with a code as above, nothing. Durable when it returns 0 outside a
- * transaction; inside one it is one of its writes. Takes time in proportion to the records. */
+ * the other. The kind is not looked at. All sets or, with a code as above or ORVA_E_STORE, nothing. Durable when it
+ * returns 0 outside a transaction; inside one it is one of its writes. Takes time in proportion to the records. */
 ORVA_API long ORVA_Care_Merge(int memory, const ORVA_DUPLICATE* entries, int count);
 
 /* ---- The bin of the PC's phonebook (memory 4 only; others give ORVA_E_UNSUPPORTED) -------------------------------

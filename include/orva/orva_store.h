@@ -41,10 +41,51 @@ ORVA_API long ORVA_Store_GetForeignChanges(int memory, int* count);
  * there already or cannot be written. */
 ORVA_API long ORVA_Store_Backup(int memory, const unsigned short* path);
 
-/* Puts the content of a backup in place of the store of a memory. What was there before is put aside as a file in the
- * data folder. ORVA_E_FORMAT for a file that is no sound backup of such a store, ORVA_E_VERSION for one of a newer
+/* Puts the content of a backup in place of the store of a memory. What was there before goes into an automatic backup.
+ * ORVA_E_FORMAT for a file that is no sound backup of such a store, ORVA_E_VERSION for one of a newer
  * release; the store is unchanged then. */
 ORVA_API long ORVA_Store_Restore(int memory, const unsigned short* path);
+
+/* ---- Automatic backups --------------------------------------------------------------------------------------------
+ * Copies of a store that lie in the folder "backups" beside it, each of the user alone and looked through before it
+ * counts. One is made before a new release changes the store's form, before a restore and a merge, and before the first
+ * change after ORVA_PBSrv_ImportFromFile or ORVA_PBSrv_ImportFromOutlook have read more than ORVA_BACKUP_IMPORT_ABOVE
+ * records for the PC; a host has one made each day, and a client with imports of its own before those. The last
+ * ORVA_BACKUPS_KEPT stay, and beyond them the last one with more than twice the records that are there. What is damaged
+ * is mended first (ORVA_Store_GetDamage tells), and never copied. */
+
+#define ORVA_BACKUPS_KEPT 10
+#define ORVA_BACKUP_IMPORT_ABOVE 100
+
+#define ORVA_BACKUP_DAILY 1
+#define ORVA_BACKUP_MIGRATION 2
+#define ORVA_BACKUP_RESTORE 3
+#define ORVA_BACKUP_MERGE 4
+#define ORVA_BACKUP_IMPORT 5
+
+typedef struct ORVA_STORE_BACKUP {
+    long long time;          /* when it was made: seconds since the beginning of 1970, UTC */
+    int reason;              /* ORVA_BACKUP_...: what for, or before what */
+    int records;             /* in it; -1 for one that cannot be read */
+    unsigned short name[64]; /* zero-terminated */
+} ORVA_STORE_BACKUP;
+
+/* Gives the automatic backups of a memory's store, the newest first, as an array of *count entries; null for none. Free
+ * it with ORVA_Store_BackupsRelease, which sets the pointer to null. ORVA_E_UNSUPPORTED for a memory without a store.
+ */
+ORVA_API long ORVA_Store_GetBackups(int memory, ORVA_STORE_BACKUP** backups, int* count);
+ORVA_API long ORVA_Store_BackupsRelease(int memory, ORVA_STORE_BACKUP** backups);
+
+/* Restores one of them, as ORVA_Store_Restore does; ORVA_E_NOT_FOUND if there is none of that name. */
+ORVA_API long ORVA_Store_RestoreBackup(int memory, const unsigned short* name);
+
+/* Makes one of what is committed, for one of the reasons above. Takes as long as the disk does; other threads and
+ * processes read and write meanwhile. ORVA_E_STORE if it cannot be written; the store is as it was. */
+ORVA_API long ORVA_Store_KeepBackup(int memory, int reason);
+
+/* Makes today's, unless there is one already, there is nothing in the store or nothing has changed since the last
+ * backup: *made tells. For hosts while nobody uses them, and on a thread that may wait. */
+ORVA_API long ORVA_Store_KeepDailyBackup(int memory, int* made);
 
 /* Sent on the phonebook service when changes are lost that had returned 0; ORVA_Store_TakeLoss tells which. */
 #define ORVA_EVENT_STORE_LOSS 20390

@@ -18,6 +18,7 @@
 #include "base/Failure.h"
 #include "base/Files.h"
 #include "base/OldFile.h"
+#include "orva/orva_store.h"
 #include "vcard/CardContact.h"
 #include "vcard/CardReader.h"
 #include "vcard/CardText.h"
@@ -61,8 +62,10 @@ bool cut(std::u16string& text, std::size_t units)
 class CardImport
 {
 public:
-    explicit CardImport(const Arguments& arguments)
-        : m_arguments(arguments),
+    // Of a file with so many cards.
+    CardImport(const Arguments& arguments, int cards)
+        : m_backUp(cards > ORVA_BACKUP_IMPORT_ABOVE),
+          m_arguments(arguments),
           m_dry(arguments.has("dry-run")),
           m_fields(fieldsOf(memory)),
           m_existing(arguments, memory, m_fields),
@@ -190,6 +193,8 @@ private:
     {
         if (m_dry)
             return isNew && m_added >= m_room ? ORVA_E_FULL : ORVA_OK;
+        if (std::exchange(m_backUp, false))
+            ORVA_Store_KeepBackup(memory, ORVA_BACKUP_IMPORT); // the log says if it fails
         long failure = ORVA_OK;
         if (isNew)
             contact.id = addRecord(memory, m_fields, contact.values, &failure, contact.kept);
@@ -222,6 +227,7 @@ private:
         }
     }
 
+    bool m_backUp; // before the first change
     const Arguments& m_arguments;
     const bool m_dry;
     const std::vector<Field> m_fields;
@@ -236,6 +242,17 @@ private:
     std::map<std::string, int> m_left;
     std::map<std::string, int> m_kept;
 };
+
+// How many cards begin in a file, which is set back to its beginning.
+int countCards(std::ifstream& in)
+{
+    int cards = 0;
+    for (std::string line; std::getline(in, line);)
+        cards += strncasecmp(line.c_str(), "BEGIN:VCARD", 11) == 0 ? 1 : 0;
+    in.clear();
+    in.seekg(0);
+    return cards;
+}
 
 // What is kept with a contact; nothing for one that went meanwhile.
 std::string keptWith(int id)
@@ -268,7 +285,7 @@ int importCards(const Arguments& arguments, const std::string& file, const std::
     std::ifstream in(file, std::ios::binary);
     if (!in || in.peek() == std::ifstream::traits_type::eof())
         throw SdkError("reading " + name, in.is_open() ? ORVA_E_FORMAT : ORVA_E_NOT_FOUND);
-    CardImport import(arguments);
+    CardImport import(arguments, countCards(in));
     orva::CardReader reader(in, [&import](int line, const char* what) { import.sayLine(line, what); });
     orva::Card card;
     while (reader.next(card))

@@ -1,6 +1,7 @@
-// check, backup and restore.
+// check, backup, backups and restore.
 
 #include <cstdio>
+#include <vector>
 
 #include "Commands.h"
 #include "Sdk.h"
@@ -62,10 +63,38 @@ int runBackup(const Arguments& arguments)
     return done;
 }
 
+int runBackups(const Arguments& arguments)
+{
+    static const char* const reasons[] = {"daily", "before a migration", "before a restore", "before a merge",
+                                          "before an import"};
+    arguments.require(0, 0, {"memory"});
+    const int memory = arguments.memory();
+    ORVA_STORE_BACKUP* found = nullptr;
+    int count = 0;
+    check(ORVA_Store_GetBackups(memory, &found, &count), "looking for backups");
+    const std::vector<ORVA_STORE_BACKUP> backups(found, found + count);
+    ORVA_Store_BackupsRelease(memory, &found);
+    std::printf("Name\tWhen\tWhy\tContacts\n");
+    for (const ORVA_STORE_BACKUP& backup : backups) {
+        const std::u16string name(reinterpret_cast<const char16_t*>(backup.name));
+        const std::string records = backup.records < 0 ? "unreadable" : std::to_string(backup.records);
+        std::printf("%s\t%s\t%s\t%s\n", shown(toUtf8(name)).c_str(), shownTime(backup.time).c_str(),
+                    reasons[backup.reason - 1], records.c_str());
+    }
+    return done;
+}
+
 int runRestore(const Arguments& arguments)
 {
-    arguments.require(1, 1, {"memory"});
     const int memory = arguments.memory();
+    if (arguments.has("from")) {
+        arguments.require(0, 0, {"memory", "from"});
+        const std::string name = arguments.value("from");
+        check(ORVA_Store_RestoreBackup(memory, units(toSdk(name))), "restoring from " + name);
+        std::printf("the %s is as it was in %s\n", memoryName(memory).c_str(), name.c_str());
+        return done;
+    }
+    arguments.require(1, 1, {"memory"});
     const std::string file = arguments.words()[1];
     check(ORVA_Store_Restore(memory, units(toSdk(file))), "restoring from " + file);
     std::printf("the %s is as it was in %s\n", memoryName(memory).c_str(), file.c_str());

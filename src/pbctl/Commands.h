@@ -30,6 +30,7 @@ int runBin(const Arguments& arguments);
 int runUndelete(const Arguments& arguments);
 int runCheck(const Arguments& arguments);
 int runBackup(const Arguments& arguments);
+int runBackups(const Arguments& arguments);
 int runRestore(const Arguments& arguments);
 int runModem(const Arguments& arguments);
 

@@ -82,8 +82,11 @@ constexpr Command commands[] = {
     {"check", runCheck, "[--memory M]",
      "Looks for damage in the file of a memory, and says if a damaged one was replaced.\n"},
     {"backup", runBackup, "[--memory M] FILE", "Copies a memory to a file, whatever else is going on.\n"},
-    {"restore", runRestore, "[--memory M] FILE",
-     "Puts a backup in place of a memory; what was there before is put aside.\n"},
+    {"backups", runBackups, "[--memory M]",
+     "Prints the automatic backups, the newest first: their names, when and before what they were made.\n"},
+    {"restore", runRestore, "[--memory M] FILE | --from NAME",
+     "Puts a backup in place of a memory; what was there before goes into an automatic backup.\n"
+     "  --from NAME       an automatic backup, as \"backups\" names it\n"},
     {"modem", runModem, "[--use CHOICE | --unlock [--last-try]]",
      "Tells about the modem behind card and device, its storages, and what is in the way.\n"
      "  --use CHOICE      from now on: simulated, auto for the modem that is there, or the port of one, such as\n"

@@ -12,6 +12,7 @@
 
 #include "app/Companion.h"
 #include "app/FirstPaint.h"
+#include "app/IdleBackup.h"
 #include "app/Link.h"
 #include "app/ModemNotices.h"
 #include "app/Screenshot.h"
@@ -51,6 +52,9 @@ const int SHUTDOWN_LIMIT_MS = 1000;
 
 // How long the start waits for the window to be painted, which never happens on a workspace that is not shown.
 const int PAINT_LIMIT_MS = 200;
+
+// After so long without a key or click nobody is taken to be at the program.
+const int IDLE_MS = 5 * 60 * 1000;
 
 void print(FILE* pStream, const QString& strText)
 {
@@ -222,6 +226,8 @@ int HostApplication::Run()
     loadPlugins();
     checkInstallation();
     fillWindow();
+    IdleBackup idleBackup(IDLE_MS);
+    idleBackup.Start();
     QScopedPointer<Screenshot> pScreenshot;
     if (!m_line.strScreenshot.isEmpty()) {
         pScreenshot.reset(new Screenshot(m_pWindow.data(), m_services.Workers(), m_line.strScreenshot, nullptr));

@@ -2,6 +2,8 @@
 
 #include "orva/orva_store.h"
 
+#include <algorithm>
+#include <iterator>
 #include <memory>
 
 #include "api/Boundary.h"
@@ -87,6 +89,76 @@ long ORVA_Store_Restore(int memory, const unsigned short* path)
             behindModem->restore(file);
         else
             storeFor(memory).restore(file);
+        return ORVA_OK;
+    });
+}
+
+long ORVA_Store_GetBackups(int memory, ORVA_STORE_BACKUP** backups, int* count)
+{
+    return guarded(__func__, [&] {
+        require(backups);
+        require(count);
+        *backups = nullptr;
+        *count = 0;
+        const std::vector<BackupFile> files = anyStore(memory).backups();
+        if (files.empty())
+            return ORVA_OK;
+        std::unique_ptr<ORVA_STORE_BACKUP[]> made(new ORVA_STORE_BACKUP[files.size()]());
+        for (std::size_t i = 0; i < files.size(); ++i) {
+            const std::u16string name = fromUtf8(files[i].name);
+            made[i].time = files[i].time;
+            made[i].reason = files[i].reason;
+            made[i].records = files[i].records();
+            std::copy_n(name.begin(), std::min(name.size(), std::size(made[i].name) - 1), made[i].name);
+        }
+        *backups = made.release();
+        *count = static_cast<int>(files.size());
+        return ORVA_OK;
+    });
+}
+
+long ORVA_Store_BackupsRelease(int memory, ORVA_STORE_BACKUP** backups)
+{
+    return guarded(__func__, [&] {
+        anyStore(memory);
+        require(backups);
+        delete[] * backups;
+        *backups = nullptr;
+        return ORVA_OK;
+    });
+}
+
+long ORVA_Store_RestoreBackup(int memory, const unsigned short* name)
+{
+    return guarded(__func__, [&] {
+        require(name);
+        const std::string wanted = toUtf8(fromApi(name));
+        Store& store = storeFor(memory);
+        for (const BackupFile& file : store.backups()) {
+            if (file.name != wanted)
+                continue;
+            store.restore(file.path);
+            return ORVA_OK;
+        }
+        throw Failure(ORVA_E_NOT_FOUND, "no such backup");
+    });
+}
+
+long ORVA_Store_KeepBackup(int memory, int reason)
+{
+    return guarded(__func__, [&] {
+        if (reason < ORVA_BACKUP_DAILY || reason > ORVA_BACKUP_IMPORT)
+            throw Failure(ORVA_E_ARGUMENT, "no such reason");
+        storeFor(memory).keepBackup(reason);
+        return ORVA_OK;
+    });
+}
+
+long ORVA_Store_KeepDailyBackup(int memory, int* made)
+{
+    return guarded(__func__, [&] {
+        require(made);
+        *made = storeFor(memory).keepDailyBackup() ? 1 : 0;
         return ORVA_OK;
     });
 }

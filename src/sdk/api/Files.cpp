@@ -18,6 +18,8 @@
 #include "csv/RowReader.h"
 #include "csv/Titles.h"
 #include "csv/Writer.h"
+#include "memories/LocalMemory.h"
+#include "orva/orva_store.h"
 
 using namespace orva;
 
@@ -91,8 +93,11 @@ long importRows(const char* function, int* map, int memory, void** set, ReadRows
         require(map);
         const std::shared_ptr<const Profile> profile = memoryFor(memory).profile();
         RowLog log(function);
-        *set = newHandle(std::make_unique<RecordSetHandle>(
-            std::make_unique<RowsRecordSet>(profile, readRows(*profile, log.report()))));
+        auto rows = std::make_unique<RowsRecordSet>(profile, readRows(*profile, log.report()));
+        // The client stores them one by one, if it does.
+        if (memory == ORVA_MEMORY_LOCAL && rows->count() > ORVA_BACKUP_IMPORT_ABOVE)
+            localMemory().store().backUpBeforeChange(ORVA_BACKUP_IMPORT);
+        *set = newHandle(std::make_unique<RecordSetHandle>(std::move(rows)));
         return ORVA_OK;
     });
 }

@@ -9,6 +9,7 @@
 #include "base/Text.h"
 #include "care/Merger.h"
 #include "orva/orva_care.h"
+#include "orva/orva_store.h"
 #include "store/Store.h"
 
 using namespace orva;
@@ -85,6 +86,7 @@ long ORVA_Care_Merge(int memory, const ORVA_DUPLICATE* entries, int count)
         if (sets.empty())
             return ORVA_OK;
         const Merger merger(*memoryFor(memory).profile());
+        store.keepBackup(ORVA_BACKUP_MERGE);
         store.merge(sets, [&merger](const std::vector<Content>& contents) { return mergedBy(merger, contents); });
         return ORVA_OK;
     });

@@ -122,9 +122,9 @@ void createSchema(Database& db, const Columns& columns, int version)
     }
 }
 
-void migrate(Database& db, const std::vector<MigrationStep>& steps, const std::string& backupPath)
+void migrate(Database& db, const std::vector<MigrationStep>& steps, const std::function<void()>& backUp)
 {
-    backupDatabase(db, backupPath);
+    backUp();
     db.execute("BEGIN IMMEDIATE");
     try {
         const auto version = static_cast<std::size_t>(db.queryInt("PRAGMA user_version"));
@@ -152,17 +152,85 @@ void copyDatabase(Database& source, Database& target)
         target.fail(finished, "ending the copy of a database");
 }
 
+std::vector<std::string> problemsOf(Database& db)
+{
+    std::vector<std::string> problems;
+    Query integrity(db, "PRAGMA integrity_check");
+    while (integrity.step()) {
+        const std::string line = integrity.bytes(0);
+        if (line != "ok")
+            problems.push_back(line);
+    }
+    Query keys(db, "PRAGMA foreign_key_check");
+    while (keys.step())
+        problems.push_back("a row of " + keys.bytes(0) + " names a row of " + keys.bytes(2) + " that is not there");
+    return problems;
+}
+
+namespace
+{
+
+// Keeps a connection at one moment of its database.
+class OneMoment
+{
+public:
+    explicit OneMoment(Database& db) : m_db(db), m_began(!db.inTransaction())
+    {
+        if (!m_began)
+            return;
+        m_db.execute("BEGIN");
+        m_db.queryInt("SELECT count(*) FROM sqlite_master"); // the moment begins with the first read
+    }
+    ~OneMoment()
+    {
+        if (m_began)
+            sqlite3_exec(m_db.handle(), "ROLLBACK", nullptr, nullptr, nullptr);
+    }
+    OneMoment(const OneMoment&) = delete;
+    OneMoment& operator=(const OneMoment&) = delete;
+
+private:
+    Database& m_db;
+    const bool m_began;
+};
+
+void requireSameRows(Database& db, Database& copy)
+{
+    std::vector<std::string> tables;
+    Query names(copy, "SELECT name FROM sqlite_master WHERE type = 'table'");
+    while (names.step())
+        tables.push_back(names.bytes(0));
+    for (const std::string& table : tables) {
+        const std::string count = "SELECT count(*) FROM \"" + table + "\"";
+        if (db.queryInt(count.c_str()) != copy.queryInt(count.c_str()))
+            throw SqlFailure(SQLITE_CORRUPT, "the copy of a store has lost rows of " + table);
+    }
+}
+
+} // namespace
+
 void backupDatabase(Database& db, const std::string& path)
 {
     if (!preparePrivateFile(path))
         throw Failure(ORVA_E_STORE, path + " is there already");
+    fillBackup(db, path);
+}
+
+void fillBackup(Database& db, const std::string& path)
+{
     try {
         Database target(path, Database::Mode::ReadWrite);
+        const OneMoment moment(db);
         copyDatabase(db, target);
         // One file that can be carried away.
         target.execute("PRAGMA journal_mode = DELETE");
+        const std::vector<std::string> problems = problemsOf(target);
+        if (!problems.empty())
+            throw SqlFailure(SQLITE_CORRUPT, "a store is damaged: " + problems.front());
+        requireSameRows(db, target);
     } catch (...) {
-        ::unlink(path.c_str());
+        for (const char* part : {"", "-journal", "-wal", "-shm"})
+            ::unlink((path + part).c_str());
         throw;
     }
 }

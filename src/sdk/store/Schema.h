@@ -1,6 +1,7 @@
 #ifndef SDK_STORE_SCHEMA_H
 #define SDK_STORE_SCHEMA_H
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -29,12 +30,17 @@ SchemaState inspectSchema(Database& db, int currentVersion);
 // Lays out an empty file. In one transaction.
 void createSchema(Database& db, const Columns& columns, int version);
 
-// Takes an older store to the newest version, all steps in one transaction, after a copy of it has been put aside as
-// backupPath. A failing step leaves the store as it was.
-void migrate(Database& db, const std::vector<MigrationStep>& steps, const std::string& backupPath);
+// Takes an older store to the newest version, all steps in one transaction, after `backUp` has put a copy of it aside.
+// A failing step leaves the store as it was, and so does a failing backup.
+void migrate(Database& db, const std::vector<MigrationStep>& steps, const std::function<void()>& backUp);
 
-// Copies a whole database, as of one moment, into a new private file.
+// What is wrong with a database, a line each.
+std::vector<std::string> problemsOf(Database& db);
+
+// Copies a whole database, as of one moment, into a new private file, or into an empty one that is there. The copy is
+// sound and has as many rows in each table, or the file is gone: SqlFailure with SQLITE_CORRUPT for a damaged database.
 void backupDatabase(Database& db, const std::string& path);
+void fillBackup(Database& db, const std::string& path);
 
 // Copies all of one open database over another, in one transaction of the latter.
 void copyDatabase(Database& source, Database& target);

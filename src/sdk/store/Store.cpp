@@ -35,7 +35,11 @@ Failure notThere(const char* what)
 // ---- Frame
 
 Store::Store(std::string folder, std::string name, Columns columns, Bin bin)
-    : m_folder(std::move(folder)), m_path(m_folder + "/" + name + ".db"), m_columns(std::move(columns)), m_bin(bin)
+    : m_folder(std::move(folder)),
+      m_path(m_folder + "/" + name + ".db"),
+      m_columns(std::move(columns)),
+      m_bin(bin),
+      m_backups(m_folder, name)
 {
     makeStatements();
 }
@@ -131,6 +135,7 @@ Values Store::readOne(int id, int fields)
 
 int Store::add(const Values& values, int capacity, const std::string* kept)
 {
+    backUpIfAsked();
     return writing([&] {
         if (kept == nullptr || kept->empty())
             return insertRecord(values, capacity);
@@ -160,6 +165,7 @@ int Store::insertRecord(const Values& values, int capacity)
 
 void Store::update(int id, const Values& values, const std::string* kept)
 {
+    backUpIfAsked();
     writing([&] {
         if (kept == nullptr) {
             replaceRecord(id, values);

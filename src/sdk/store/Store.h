@@ -16,6 +16,7 @@
 #include "base/Files.h"
 #include "base/RowBlock.h"
 #include "base/Values.h"
+#include "store/Backups.h"
 #include "store/Bin.h"
 #include "store/Damage.h"
 #include "store/Database.h"
@@ -139,7 +140,19 @@ public:
     // Copies the store, as of one moment, into a new file.
     void backup(const std::string& path);
 
-    // Puts a backup's content in place of the store's, after a copy of the latter has been put aside.
+    // Makes an automatic backup of what is committed, and lets the oldest ones go; others read and write meanwhile.
+    void keepBackup(int reason);
+
+    // The same, unless one was made today or nothing has changed since the last one. Whether it was made.
+    bool keepDailyBackup();
+
+    // Has the next add or update make one first. If that fails they go on all the same, and the log says so.
+    void backUpBeforeChange(int reason) { m_backUpFirst = reason; }
+
+    // The automatic backups, the newest first.
+    std::vector<BackupFile> backups() { return m_backups.list(); }
+
+    // Puts a backup's content in place of the store's, after an automatic backup of the latter.
     void restore(const std::string& path);
 
 private:
@@ -154,6 +167,10 @@ private:
     void prepareOpened();
     void replaceDamaged();
     void noteDamage(const Failure& failure);
+    SchemaState requireBackup(Database& source);
+    std::string backUpHere(int reason);
+    void backUpIfAsked();
+    bool isUnchangedSince(long long time) const;
     void reconnectIfReplaced();
     void refresh();
     void forgetContent();
@@ -194,6 +211,8 @@ private:
     const std::string m_path;
     const Columns m_columns;
     const Bin m_bin;
+    Backups m_backups;
+    std::atomic<int> m_backUpFirst{0}; // the reason; 0 for none
 
     std::mutex m_mutex;
     std::unique_ptr<FileLock> m_turn; // who of several processes writes next

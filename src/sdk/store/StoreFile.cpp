@@ -8,6 +8,7 @@
 #include <mutex>
 
 #include "base/Log.h"
+#include "orva/orva_store.h"
 #include "store/Salvage.h"
 #include "store/Store.h"
 
@@ -26,21 +27,6 @@ std::uint64_t inodeOf(const std::string& path)
 {
     struct stat state = {};
     return ::lstat(path.c_str(), &state) == 0 ? state.st_ino : 0;
-}
-
-std::vector<std::string> problemsOf(Database& db)
-{
-    std::vector<std::string> problems;
-    Query integrity(db, "PRAGMA integrity_check");
-    while (integrity.step()) {
-        const std::string line = integrity.bytes(0);
-        if (line != "ok")
-            problems.push_back(line);
-    }
-    Query keys(db, "PRAGMA foreign_key_check");
-    while (keys.step())
-        problems.push_back("a row of " + keys.bytes(0) + " names a row of " + keys.bytes(2) + " that is not there");
-    return problems;
 }
 
 } // namespace
@@ -84,9 +70,10 @@ void Store::openFile(Turn turn)
     case SchemaState::Ours:
         break;
     case SchemaState::OlderVersion: {
-        const std::string copy = asideName(m_path, "before-migration");
+        std::string copy;
         configureConnection(*m_db);
-        migrate(*m_db, migrationSteps(), copy);
+        migrate(*m_db, migrationSteps(), [&] { copy = m_backups.make(*m_db, ORVA_BACKUP_MIGRATION); });
+        m_backups.rotate(m_db->queryInt("SELECT count(*) FROM records"), {copy});
         logFormat("%s: migrated to version %d; the old store is %s", m_path.c_str(), currentVersion(), copy.c_str());
         break;
     }
@@ -272,22 +259,14 @@ void Store::restore(const std::string& path)
     connect();
     if (m_db->inTransaction())
         commit();
+    std::string aside;
     try {
         Database source(path, Database::Mode::ReadOnly);
-        const SchemaState state = inspectSchema(source, currentVersion());
-        if (state == SchemaState::NewerVersion)
-            throw Failure(ORVA_E_VERSION, "the backup was written by a newer release");
-        if (state != SchemaState::Ours && state != SchemaState::OlderVersion)
-            throw Failure(ORVA_E_FORMAT, "the file is not a backup of a phonebook");
-        if (!problemsOf(source).empty())
-            throw Failure(ORVA_E_FORMAT, "the backup is damaged");
-        source.prepared(m_selectOne.back().c_str());
-
-        const std::string aside = asideName(m_path, "before-restore");
-        backupDatabase(*m_db, aside);
+        const SchemaState state = requireBackup(source);
+        aside = backUpHere(ORVA_BACKUP_RESTORE);
         copyDatabase(source, *m_db);
         if (state == SchemaState::OlderVersion)
-            migrate(*m_db, migrationSteps(), asideName(m_path, "before-migration"));
+            migrate(*m_db, migrationSteps(), [] {}); // the old form is in the file that it came from
         logFormat("%s: restored from a backup; what was there before is %s", m_path.c_str(), aside.c_str());
     } catch (const SqlFailure& failure) {
         if (failure.isDamage() || (failure.sqlCode() & 0xff) == SQLITE_ERROR)
@@ -303,6 +282,20 @@ void Store::restore(const std::string& path)
     startWriting(lock);
     m_countersChanged = true;
     commit();
+    m_backups.rotate(m_db->queryInt("SELECT count(*) FROM records"), {aside, path});
+}
+
+SchemaState Store::requireBackup(Database& source)
+{
+    const SchemaState state = inspectSchema(source, currentVersion());
+    if (state == SchemaState::NewerVersion)
+        throw Failure(ORVA_E_VERSION, "the backup was written by a newer release");
+    if (state != SchemaState::Ours && state != SchemaState::OlderVersion)
+        throw Failure(ORVA_E_FORMAT, "the file is not a backup of a phonebook");
+    if (!problemsOf(source).empty())
+        throw Failure(ORVA_E_FORMAT, "the backup is damaged");
+    source.prepared(m_selectOne.back().c_str());
+    return state;
 }
 
 } // namespace orva

@@ -264,8 +264,8 @@ TEST(aStoreOfAnEarlierReleaseGetsABinAfterABackup)
     CHECK_EQ(ORVA_PBSrv_DelAddrRec(anna, local), ORVA_OK);
     CHECK_EQ(bin().size(), 1U);
     bool kept = false;
-    for (const auto& entry : fs::directory_iterator(data))
-        kept = kept || entry.path().filename().string().find("before-migration") != std::string::npos;
+    for (const auto& entry : fs::directory_iterator(data + "/backups"))
+        kept = kept || entry.path().filename().string().find("-migration") != std::string::npos;
     CHECK(kept);
 }
 

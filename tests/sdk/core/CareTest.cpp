@@ -98,7 +98,7 @@ TEST(aBackupHoldsWhatWasThereAndRestoringBringsItBack)
     CHECK_EQ(ORVA_PBSrv_AddrRecordSet_MoveNext(set), ORVA_E_END);
     ORVA_PBSrv_AddrRecordSet_Release(set);
     // What was there before the restore is kept, and its identifiers are not used again.
-    CHECK_EQ(countAside(data, "before-restore"), 1);
+    CHECK_EQ(countAside(data + "/backups", "-restore"), 1);
     CHECK(add(local, {{"Name", u"new"}}) > late);
     CHECK_EQ(ORVA_Sim_Reset(data.c_str()), ORVA_OK);
     CHECK_EQ(sizeOf(local), 3);
@@ -135,7 +135,7 @@ TEST(whatIsNoBackupIsRefusedAndChangesNothing)
     fs::resize_file(file, fs::file_size(file) / 2);
     CHECK_EQ(restore(file), ORVA_E_FORMAT);
     CHECK_EQ(sizeOf(local), 1);
-    CHECK_EQ(countAside(data, "before-restore"), 0);
+    CHECK(!fs::exists(data + "/backups"));
     CHECK_EQ(RawStore(data).findings(), "");
 }
 

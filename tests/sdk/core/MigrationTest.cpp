@@ -42,6 +42,12 @@ void breaksDown(Database& db)
     db.execute("INSERT INTO nowhere VALUES (1)");
 }
 
+// What puts a copy aside.
+std::function<void()> backUp(Database& db, const std::string& path)
+{
+    return [&db, path] { backupDatabase(db, path); };
+}
+
 } // namespace
 
 TEST(allStepsAreTakenInOrderAfterABackup)
@@ -49,7 +55,7 @@ TEST(allStepsAreTakenInOrderAfterABackup)
     const std::string path = newStore();
     Database db(path, Database::Mode::ReadWrite);
     CHECK(inspectSchema(db, 3) == SchemaState::OlderVersion);
-    migrate(db, {addNick, nickFromName}, path + ".before");
+    migrate(db, {addNick, nickFromName}, backUp(db, path + ".before"));
     CHECK_EQ(db.queryInt("PRAGMA user_version"), 3);
     CHECK_EQ(db.queryInt("SELECT count(*) FROM records WHERE nick = 'anna'"), 1);
     CHECK(inspectSchema(db, 3) == SchemaState::Ours);
@@ -62,8 +68,8 @@ TEST(onlyTheStepsThatAreMissingAreTaken)
 {
     const std::string path = newStore();
     Database db(path, Database::Mode::ReadWrite);
-    migrate(db, {addNick}, path + ".first");
-    migrate(db, {addNick, nickFromName}, path + ".second");
+    migrate(db, {addNick}, backUp(db, path + ".first"));
+    migrate(db, {addNick, nickFromName}, backUp(db, path + ".second"));
     CHECK_EQ(db.queryInt("PRAGMA user_version"), 3);
     CHECK(fs::exists(path + ".second"));
 }
@@ -74,7 +80,7 @@ TEST(aFailingStepLeavesTheStoreAsItWas)
     Database db(path, Database::Mode::ReadWrite);
     long code = 0;
     try {
-        migrate(db, {addNick, breaksDown}, path + ".before");
+        migrate(db, {addNick, breaksDown}, backUp(db, path + ".before"));
     } catch (const Failure& failure) {
         code = failure.code();
     }
@@ -92,7 +98,7 @@ TEST(withoutItsBackupNoStepIsTaken)
     std::ofstream(path + ".before") << "in the way";
     long code = 0;
     try {
-        migrate(db, {addNick}, path + ".before");
+        migrate(db, {addNick}, backUp(db, path + ".before"));
     } catch (const Failure& failure) {
         code = failure.code();
     }

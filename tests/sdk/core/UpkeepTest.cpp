@@ -61,7 +61,7 @@ TEST(aBackupWithAMembershipOfNobodyIsRefused)
     }
     CHECK_EQ(ORVA_Store_Restore(local, api(path(file))), ORVA_E_FORMAT);
     CHECK(membersOf(group) == std::vector<int>{anna});
-    CHECK_EQ(countAside(data, "before-restore"), 0);
+    CHECK(!fs::exists(data + "/backups"));
 }
 
 TEST(identifiersGivenOutSinceTheBackupAreNotGivenOutByTheNextProcess)
@@ -89,7 +89,7 @@ TEST(restoringAgainAtOnceKeepsEachStoreThatWasThere)
     // Far more within a second than its names have seconds.
     for (int i = 0; i < 5; ++i)
         CHECK_EQ(ORVA_Store_Restore(local, api(path(file))), ORVA_OK);
-    CHECK_EQ(countAside(data, "before-restore"), 5);
+    CHECK_EQ(countAside(data + "/backups", "-restore"), 5);
     CHECK_EQ(sizeOf(local), 1);
 }
 
