@@ -1,4 +1,5 @@
 #include "FieldMapFixture.h"
+#include "QtReleases.h"
 
 namespace
 {
@@ -100,7 +101,6 @@ void FieldMapDragTest::aMoveWithoutTheLeftButtonDragsNothing()
     QVERIFY(!left()->findChild<QDrag*>());
 }
 
-// A drag from beside the edge leaves the list scrolling, which Qt 6 tells as movements with the button down.
 void FieldMapDragTest::aListThatScrollsAfterADragDragsNothing()
 {
     QStringList titles;
@@ -116,7 +116,8 @@ void FieldMapDragTest::aListThatScrollsAfterADragDragsNothing()
     mouse(left(), QEvent::MouseButtonPress, point, Qt::LeftButton, Qt::LeftButton);
     mouse(left(), QEvent::MouseMove, point + QPoint(1, 0), Qt::NoButton, Qt::LeftButton);
     QCOMPARE(drags.count, 1);
-    QTRY_VERIFY(bar->value() < 5);
+    if (QtReleases::listScrollsAfterADrag)
+        QTRY_VERIFY(bar->value() < 5);
     QCOMPARE(drags.count, 1);
 }
 
