@@ -25,17 +25,21 @@
 #include <QStandardPaths>
 #else
 #include <QDesktopServices>
+#include <QTextDocument>
 #include <cstdio>
 #include <cstdlib>
 #endif
 #include <QDrag>
 #include <QDropEvent>
+#include <QFont>
 #include <QFontMetrics>
 #include <QKeySequence>
 #include <QLibraryInfo>
+#include <QMouseEvent>
 #include <QObject>
 #include <QSettings>
 #include <QString>
+#include <QStringList>
 #include <QThread>
 #include <QtPlugin>
 
@@ -104,6 +108,18 @@ inline Qt::KeyboardModifiers dropModifiers(const QDropEvent& event)
 #endif
 }
 
+// Whether the mouse has moved. Where a view scrolls by itself, as at the end of a selection or a drag, Qt 6 makes up a
+// movement with the button down.
+inline bool isMouseMoved(const QMouseEvent& event)
+{
+#if QT_VERSION >= 0x060000
+    return event.spontaneous() || event.source() != Qt::MouseEventSynthesizedByQt;
+#else
+    Q_UNUSED(event)
+    return true;
+#endif
+}
+
 // The signal of a button group that tells the identifier of the button clicked.
 inline const char* idClicked()
 {
@@ -145,6 +161,16 @@ inline QRect availableGeometry(const QPoint& point)
 #endif
 }
 
+// Families for a font to look for a character in, the first one first. Qt 6 takes a name with commas for one family.
+inline void setFamilies(QFont& font, const QStringList& lstFamilies)
+{
+#if QT_VERSION >= 0x060000
+    font.setFamilies(lstFamilies);
+#else
+    font.setFamily(lstFamilies.join(QLatin1String(",")));
+#endif
+}
+
 // Ini files in UTF-8, as Qt 6 always has them.
 inline void useUtf8(QSettings& settings)
 {
@@ -182,6 +208,16 @@ inline QByteArray toAscii(const QString& strText)
     return strText.toLatin1();
 #else
     return strText.toAscii();
+#endif
+}
+
+// A plain text as rich text shows it: what would be a mark there is written out.
+inline QString htmlEscaped(const QString& strText)
+{
+#if QT_VERSION >= 0x050000
+    return strText.toHtmlEscaped();
+#else
+    return Qt::escape(strText);
 #endif
 }
 
