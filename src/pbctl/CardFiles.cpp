@@ -101,7 +101,7 @@ public:
             m_full = m_full || failure == ORVA_E_FULL;
             return;
         }
-        joinGroups(taken.id, contact.groups);
+        joinGroups(taken.id, groupsOf(contact, card.version));
         if (answer == Existing::Answer::Same)
             return;
         if (isNew)
@@ -203,6 +203,20 @@ private:
         return failure;
     }
 
+    // In 2.1, which tells no semicolon in a name from one between names, it is the latter.
+    static std::vector<std::string> groupsOf(const orva::CardContact& contact, orva::CardVersion version)
+    {
+        std::vector<std::string> names;
+        for (const std::string& category : contact.groups) {
+            const bool several = version == orva::CardVersion::V21;
+            for (const std::string& name :
+                 several ? splitGroups(category) : std::vector<std::string>{groupCalled(category)})
+                if (!name.empty())
+                    names.push_back(name);
+        }
+        return names;
+    }
+
     void joinGroups(int id, const std::vector<std::string>& names)
     {
         if (m_dry)
@@ -219,7 +233,7 @@ private:
     void joinNamed(int id, const std::string& name)
     {
         try {
-            join(m_groups, id, splitGroups(name));
+            join(m_groups, id, {name});
         } catch (const SdkError& error) {
             if (error.code() != ORVA_E_TOO_LONG)
                 throw;

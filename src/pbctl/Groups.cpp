@@ -151,15 +151,22 @@ std::vector<std::string> splitGroups(const std::string& column)
     for (std::size_t at = rest.find(" ::: "); at != std::string::npos; at = rest.find(" ::: "))
         rest.replace(at, 5, ";");
     while (!rest.empty()) {
-        std::string name = takeName(rest);
-        if (name.rfind("* ", 0) == 0)
-            name = trimmed(name.substr(2));
-        // "My contacts" holds everybody. No level may be without a name.
-        if (name != "myContacts" && !name.empty() && name.front() != '/' && name.back() != '/' &&
-            name.find("//") == std::string::npos)
+        const std::string name = groupCalled(takeName(rest));
+        if (!name.empty())
             groups.push_back(name);
     }
     return groups;
+}
+
+std::string groupCalled(const std::string& text)
+{
+    std::string name = trimmed(text);
+    if (name.rfind("* ", 0) == 0)
+        name = trimmed(name.substr(2));
+    // "My contacts" holds everybody. No level may be without a name.
+    const bool none = name == "myContacts" || name.empty() || name.front() == '/' || name.back() == '/' ||
+                      name.find("//") != std::string::npos;
+    return none ? std::string() : name;
 }
 
 std::string joinGroups(const std::vector<std::string>& paths)

@@ -64,4 +64,12 @@ has "$err" '--format takes vcf or csv, not "xml"'
 run 0 export plain.vcf --format csv
 has "$(head -c 30 plain.vcf)" "Name"
 
+# Older cards put semicolons between categories, newer ones have them in a name.
+printf 'BEGIN:VCARD\r\nVERSION:2.1\r\nFN:Old\r\nCATEGORIES:Boat;Crew\r\nEND:VCARD\r\n' >old.vcf
+printf 'BEGIN:VCARD\r\nVERSION:3.0\r\nFN:New\r\nCATEGORIES:Sail\\;Row\r\nEND:VCARD\r\n' >new.vcf
+run 0 import old.vcf
+run 0 import new.vcf
+run 0 groups
+for group in Boat Crew 'Sail;Row'; do has "$out" "$group"; done
+
 finish
