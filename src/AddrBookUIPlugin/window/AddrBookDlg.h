@@ -44,10 +44,8 @@ class PBTreeWidget;
 class UITableItem;
 
 // The phonebook window: tree on the left; tool bar, contact table and preview on the right. The host re-parents it into
-// its page. Everything runs on the user-interface thread; workers and SDK events reach it as queued signals, so that no
-// member needs a lock.
-//
-// One .cpp a concern; a section of this header stands for one of them.
+// its page. All runs on the user-interface thread; workers and SDK events reach it as queued signals. One .cpp a
+// concern; a section of this header stands for one of them.
 class AddrBookDlg : public QWidget
 {
     Q_OBJECT
@@ -84,7 +82,7 @@ public slots:
     void OnNetStatusChanged(bool bIsNetSrvConnected);
     void OnSplitterMoved(int pos, int index);
     void getUpdateDeviceAndSimNode();
-    void OnGroupsChanged(); // by another program, as the host says
+    void OnGroupsChanged(); // by another program
 
 signals:
     // Nothing in this plug-in emits it.
