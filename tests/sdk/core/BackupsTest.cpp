@@ -287,7 +287,7 @@ TEST(aBackupThatCannotBeWrittenLeavesNothingBehind)
         const long code = ORVA_Store_KeepBackup(local, ORVA_BACKUP_DAILY);
         faulty::disarm();
         if (faulty::plan().hits > 0)
-            CHECK_EQ(code, ORVA_E_STORE);
+            CHECK(code == ORVA_E_NO_SPACE || code == ORVA_E_STORE);
         if (code == ORVA_OK)
             ageNewest(data, 2);
         for (const auto& entry : fs::directory_iterator(data + "/backups"))

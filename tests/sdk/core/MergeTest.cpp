@@ -228,7 +228,7 @@ TEST(insideATransactionAMergeIsOneWriteOfIt)
     faulty::arm(faulty::Fault::Full, 0, true);
     const long ended = ORVA_PBSrv_EndTransaction(local);
     faulty::disarm();
-    CHECK_EQ(ended, ORVA_E_STORE);
+    CHECK_EQ(ended, ORVA_E_NO_SPACE);
     long code = 0;
     int records = 0;
     CHECK_EQ(ORVA_Store_TakeLoss(local, &code, &records), ORVA_OK);
