@@ -33,6 +33,7 @@
 #include <QFontMetrics>
 #include <QKeySequence>
 #include <QLibraryInfo>
+#include <QMouseEvent>
 #include <QObject>
 #include <QSettings>
 #include <QString>
@@ -101,6 +102,18 @@ inline Qt::KeyboardModifiers dropModifiers(const QDropEvent& event)
     return event.modifiers();
 #else
     return event.keyboardModifiers();
+#endif
+}
+
+// Whether the mouse has moved. Where a view scrolls by itself, as at the end of a selection or a drag, Qt 6 makes up a
+// movement with the button down.
+inline bool isMouseMoved(const QMouseEvent& event)
+{
+#if QT_VERSION >= 0x060000
+    return event.spontaneous() || event.source() != Qt::MouseEventSynthesizedByQt;
+#else
+    Q_UNUSED(event)
+    return true;
 #endif
 }
 

@@ -12,6 +12,9 @@ namespace QtReleases
 // as it ends and keeps the event to itself; one that is deleted on close goes with either.
 constexpr bool closeOfARejectedDialogIsSeen = QT_VERSION < 0x060000;
 
+// Whether a list scrolls by itself after a drag that began beside its edge. Qt 6 tells that as movements of the mouse.
+constexpr bool listScrollsAfterADrag = QT_VERSION >= 0x060000;
+
 } // namespace QtReleases
 
 #endif // LINKHAND_TESTS_QTRELEASES_H

@@ -13,6 +13,7 @@
 
 #include <new>
 
+#include "linkhand/QtCompat.h"
 #include "logic/Log.h"
 
 namespace
@@ -54,6 +55,9 @@ void FieldMapTable1Widget::mouseMoveEvent(QMouseEvent* pEvent)
         ADDRBOOK_LOG("not a left button");
         return;
     }
+    // Nobody may hold the button any more, and a drag that nobody can end would begin.
+    if (!QtCompat::isMouseMoved(*pEvent))
+        return;
     if (dragSelection())
         QAbstractItemView::mouseMoveEvent(pEvent);
 }
