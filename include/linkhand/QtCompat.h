@@ -25,11 +25,13 @@
 #include <QStandardPaths>
 #else
 #include <QDesktopServices>
+#include <QTextDocument>
 #include <cstdio>
 #include <cstdlib>
 #endif
 #include <QDrag>
 #include <QDropEvent>
+#include <QFont>
 #include <QFontMetrics>
 #include <QKeySequence>
 #include <QLibraryInfo>
@@ -37,6 +39,7 @@
 #include <QObject>
 #include <QSettings>
 #include <QString>
+#include <QStringList>
 #include <QThread>
 #include <QtPlugin>
 
@@ -158,6 +161,16 @@ inline QRect availableGeometry(const QPoint& point)
 #endif
 }
 
+// Families for a font to look for a character in, the first one first. Qt 6 takes a name with commas for one family.
+inline void setFamilies(QFont& font, const QStringList& lstFamilies)
+{
+#if QT_VERSION >= 0x060000
+    font.setFamilies(lstFamilies);
+#else
+    font.setFamily(lstFamilies.join(QLatin1String(",")));
+#endif
+}
+
 // Ini files in UTF-8, as Qt 6 always has them.
 inline void useUtf8(QSettings& settings)
 {
@@ -195,6 +208,16 @@ inline QByteArray toAscii(const QString& strText)
     return strText.toLatin1();
 #else
     return strText.toAscii();
+#endif
+}
+
+// A plain text as rich text shows it: what would be a mark there is written out.
+inline QString htmlEscaped(const QString& strText)
+{
+#if QT_VERSION >= 0x050000
+    return strText.toHtmlEscaped();
+#else
+    return Qt::escape(strText);
 #endif
 }
 

@@ -98,7 +98,9 @@ QFont fontFor(const QString& strCode)
     static const QFont s_desktop = QApplication::font();
     QFont font(s_desktop);
     if (strCode == QLatin1String("zh_CN")) {
-        font.setFamily(s_desktop.family() + QLatin1String(",Noto Sans CJK SC,Source Han Sans SC,WenQuanYi Micro Hei"));
+        QtCompat::setFamilies(font, QStringList()
+                                        << s_desktop.family() << QLatin1String("Noto Sans CJK SC")
+                                        << QLatin1String("Source Han Sans SC") << QLatin1String("WenQuanYi Micro Hei"));
     }
     return font;
 }

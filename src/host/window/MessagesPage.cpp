@@ -11,6 +11,7 @@
 #include <QVBoxLayout>
 
 #include "device/Modem.h"
+#include "linkhand/QtCompat.h"
 #include "linkhand/core/CommonUtils.h"
 #include "linkhand/plugin/Codes.h"
 #include "linkhand/plugin/IMMSUIPlugin.h"
@@ -43,12 +44,10 @@ QString shownTime(const QDateTime& time)
     return QLocale().toString(time, QLocale::ShortFormat);
 }
 
-QString escaped(QString strText)
+// A text with its line breaks.
+QString html(const QString& strText)
 {
-    strText.replace(QLatin1Char('&'), QLatin1String("&amp;"));
-    strText.replace(QLatin1Char('<'), QLatin1String("&lt;"));
-    strText.replace(QLatin1Char('>'), QLatin1String("&gt;"));
-    return strText.replace(QLatin1Char('\n'), QLatin1String("<br/>"));
+    return QtCompat::htmlEscaped(strText).replace(QLatin1Char('\n'), QLatin1String("<br/>"));
 }
 
 } // namespace
@@ -198,18 +197,17 @@ void MessagesPage::OnSelectionChanged()
         if (entry.iId == iId) {
             m_pSend->setEnabled(canSend(entry));
             const bool bReceived = entry.iState == MESSAGE_RECEIVED;
-            const QString strState =
-                isReal() || entry.iState != MESSAGE_SIMULATED
-                    ? QLatin1String("<p><i>") + escaped(stateText(entry)) + QLatin1String("</i></p>")
-                    : QString();
+            const QString strState = isReal() || entry.iState != MESSAGE_SIMULATED
+                                         ? QLatin1String("<p><i>") + html(stateText(entry)) + QLatin1String("</i></p>")
+                                         : QString();
             const QString strSubject =
                 entry.message.strSubject.isEmpty()
                     ? QString()
-                    : QLatin1String("<p><b>") + escaped(entry.message.strSubject) + QLatin1String("</b></p>");
+                    : QLatin1String("<p><b>") + html(entry.message.strSubject) + QLatin1String("</b></p>");
             m_pPreview->setHtml(
                 QLatin1String("<p>") + kindText(entry.message) + QLatin1String(bReceived ? " &larr; " : " &rarr; ") +
-                escaped(entry.message.lstNumbers.join(QLatin1String("; "))) + QLatin1String("</p>") + strState +
-                strSubject + QLatin1String("<p>") + escaped(entry.message.strText) + QLatin1String("</p>"));
+                html(entry.message.lstNumbers.join(QLatin1String("; "))) + QLatin1String("</p>") + strState +
+                strSubject + QLatin1String("<p>") + html(entry.message.strText) + QLatin1String("</p>"));
         }
     }
 }

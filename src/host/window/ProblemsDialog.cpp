@@ -6,17 +6,8 @@
 #include <QTextBrowser>
 #include <QVBoxLayout>
 
+#include "linkhand/QtCompat.h"
 #include "text/HostText.h"
-
-namespace
-{
-
-QString escaped(QString strText)
-{
-    return strText.replace(QLatin1Char('&'), QLatin1String("&amp;")).replace(QLatin1Char('<'), QLatin1String("&lt;"));
-}
-
-} // namespace
 
 ProblemsDialog::ProblemsDialog(const ProblemList& problems, QWidget* pParent)
     : ExtendDialog(pParent, Qt::Dialog | Qt::WindowCloseButtonHint, WIDGET_TYPE_DIALOG)
@@ -35,7 +26,8 @@ ProblemsDialog::ProblemsDialog(const ProblemList& problems, QWidget* pParent)
     const QString strSide = QLatin1String(isRightToLeft() ? "right" : "left");
     QString strHtml;
     foreach (const Problem& problem, problems) {
-        strHtml += strEntry.arg(strSide, escaped(problem.strName), escaped(problem.Reason()));
+        strHtml +=
+            strEntry.arg(strSide, QtCompat::htmlEscaped(problem.strName), QtCompat::htmlEscaped(problem.Reason()));
     }
     pList->setHtml(strHtml);
     QPushButton* pClose = new QPushButton(HostText::Get("IDS_HOST_CLOSE"), pContent);

@@ -2,12 +2,15 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QMenu>
+#include <QTextBrowser>
 #include <QTimer>
 #include <QToolButton>
 #include <QtTest>
 
 #include "WindowSetup.h"
+#include "linkhand/QtCompat.h"
 #include "orva/orva_sdk.h"
+#include "window/ProblemsDialog.h"
 #include "window/StatusArea.h"
 #include "window/StyleSheet.h"
 #include "window/WelcomeNote.h"
@@ -28,6 +31,8 @@ private slots:
     void withoutADeviceThereIsNeitherCardNorNetwork();
     void aPastNoticeKeepsItsOwnDirectionAndItsAmpersand();
     void aPhonebookThatCannotBeReadIsNotCalledEmpty();
+    void marksInAProblemAreText();
+    void aFontLooksInItsFamiliesInTurn();
     void columnsEndWhereTheTextEnds();
 };
 
@@ -178,6 +183,24 @@ void TestHostPages::aPhonebookThatCannotBeReadIsNotCalledEmpty()
     QVERIFY(ORVA_PBSrv_GetSize(ORVA_MEMORY_LOCAL, &iSize) != ORVA_OK);
     QTRY_VERIFY(!pNote->isVisible());
     QCOMPARE(ORVA_Sim_Reset(nullptr), long(ORVA_OK));
+}
+
+void TestHostPages::marksInAProblemAreText()
+{
+    const QString strName = "<b>a</b> &amp; \"b\".so";
+    const ProblemsDialog dialog(ProblemList() << Problem(strName, "IDS_HOST_PROBLEM_DAMAGED"), nullptr);
+    const QTextBrowser* pList = dialog.findChild<QTextBrowser*>("linkhand_Problems_list");
+    QVERIFY(pList != nullptr);
+    QCOMPARE(pList->toPlainText().section('\n', 0, 0), strName);
+}
+
+// One that is not there is passed over.
+void TestHostPages::aFontLooksInItsFamiliesInTurn()
+{
+    QFont font;
+    QtCompat::setFamilies(font, QStringList() << "No Such Family"
+                                              << "DejaVu Sans Mono");
+    QCOMPARE(QFontInfo(font).family(), QString("DejaVu Sans Mono"));
 }
 
 void TestHostPages::columnsEndWhereTheTextEnds()
