@@ -9,6 +9,49 @@ const char s_szError[] = "org.freedesktop.ModemManager1.Error.";
 enum State { DIALLING = 1, RINGING_OUT = 2, ACTIVE = 4, TERMINATED = 7 };
 enum Reason { NO_REASON = 0, OVER = 4, REFUSED = 5, BROKEN = 6 };
 
+// A modem, its calls and what it tells of them.
+struct CallFixture : ModemFixture {
+    // Dials, once the network is there, and waits until the modem has begun.
+    bool IsDialled()
+    {
+        return IsReady() && modem.Dial("123", HOST_CALL_VOICE) &&
+               QTest::qWaitFor([this] { return manager.Count("Start") == 1; });
+    }
+
+    // Somebody calls from outside. The call's path, once the host knows of it.
+    QString Rung()
+    {
+        const QString strPath = IsReady() ? manager.Ring("+4930") : QString();
+        return QTest::qWaitFor([this] { return incoming.count() == 1; }) ? strPath : QString();
+    }
+
+    // The path of the call that was dialled last.
+    QString Path() const
+    {
+        foreach (const QString& strPath, manager.Objects().keys()) {
+            if (strPath.contains("/Call/")) {
+                return strPath;
+            }
+        }
+        return QString();
+    }
+
+    // How far the calls went, step by step.
+    QList<int> Progress() const
+    {
+        QList<int> listProgress;
+        for (const QList<QVariant>& arguments : progress) {
+            listProgress << arguments.first().toInt();
+        }
+        return listProgress;
+    }
+
+    const QSignalSpy started{&modem, SIGNAL(callStarted(QString, int))};
+    const QSignalSpy progress{&modem, SIGNAL(callProgress(int))};
+    const QSignalSpy incoming{&modem, SIGNAL(incomingCall(QString))};
+    const QSignalSpy ended{&modem, SIGNAL(callEnded(QString, int))};
+};
+
 } // namespace
 
 // Voice calls by way of ModemManager, in both directions.
@@ -34,51 +77,25 @@ private slots:
     void theEndOfTheProgramHangsUp();
 
 private:
-    // The path of the call that was dialled last.
-    static QString callPath(const ModemFixture& f);
-    static QList<int> progress(const QSignalSpy& spy);
-
     QScopedPointer<TestBus> m_pBus;
 };
 
-QString TestModemCalls::callPath(const ModemFixture& f)
-{
-    foreach (const QString& strPath, f.manager.Objects().keys()) {
-        if (strPath.contains("/Call/")) {
-            return strPath;
-        }
-    }
-    return QString();
-}
-
-QList<int> TestModemCalls::progress(const QSignalSpy& spy)
-{
-    QList<int> listProgress;
-    for (const QList<QVariant>& arguments : spy) {
-        listProgress << arguments.first().toInt();
-    }
-    return listProgress;
-}
-
 void TestModemCalls::aCallGoesItsWay()
 {
-    ModemFixture f;
+    CallFixture f;
     QVERIFY(f.IsReady());
-    const QSignalSpy started(&f.modem, SIGNAL(callStarted(QString, int)));
-    const QSignalSpy way(&f.modem, SIGNAL(callProgress(int)));
-    const QSignalSpy ended(&f.modem, SIGNAL(callEnded(QString, int)));
     QVERIFY(f.modem.Dial("+49 (171) 123", HOST_CALL_VOICE));
-    QCOMPARE(started.value(0).value(0).toString(), QString("+49171123"));
+    QCOMPARE(f.started.value(0).value(0).toString(), QString("+49171123"));
     QTRY_COMPARE(f.manager.Count("Start"), 1);
     QVERIFY(f.manager.Calls().contains("CreateCall +49171123"));
-    const QString strPath = callPath(f);
+    const QString strPath = f.Path();
     f.manager.SetCall(strPath, RINGING_OUT, 1);
     f.manager.SetCall(strPath, ACTIVE, 3);
-    QTRY_COMPARE(progress(way), QList<int>({HOST_CALL_DIALLING, HOST_CALL_RINGING, HOST_CALL_ACTIVE}));
+    QTRY_COMPARE(f.Progress(), QList<int>({HOST_CALL_DIALLING, HOST_CALL_RINGING, HOST_CALL_ACTIVE}));
     QVERIFY(!f.modem.Dial("456", HOST_CALL_VOICE)); // one at a time
     f.manager.SetCall(strPath, TERMINATED, OVER);
-    QTRY_COMPARE(ended.count(), 1);
-    QCOMPARE(progress(way).last(), int(HOST_CALL_ENDED_BY_OTHER));
+    QTRY_COMPARE(f.ended.count(), 1);
+    QCOMPARE(f.Progress().last(), int(HOST_CALL_ENDED_BY_OTHER));
     QCOMPARE(f.store.Calls().size(), 1);
     QCOMPARE(f.store.Calls().first().strNumber, QString("+49171123"));
     QTRY_COMPARE(f.manager.Count("DeleteCall"), 1);
@@ -87,7 +104,7 @@ void TestModemCalls::aCallGoesItsWay()
 
 void TestModemCalls::whatCannotBeDialledIsRefused()
 {
-    ModemFixture f;
+    CallFixture f;
     QVERIFY(!f.modem.Dial("123", HOST_CALL_VOICE)); // nothing is known yet
     QVERIFY(f.IsReady());
     QVERIFY(!f.modem.Dial("Anna", HOST_CALL_VOICE));
@@ -120,15 +137,13 @@ void TestModemCalls::aCallThatCannotBeMadeSaysWhy()
     QFETCH(QString, error);
     QFETCH(int, end);
     QFETCH(bool, told);
-    ModemFixture f;
+    CallFixture f;
     QVERIFY(f.IsReady());
-    const QSignalSpy way(&f.modem, SIGNAL(callProgress(int)));
-    const QSignalSpy ended(&f.modem, SIGNAL(callEnded(QString, int)));
     const QSignalSpy failed(&f.modem, SIGNAL(callFailed(int, QString)));
     f.manager.Fail(method, error, "what it says");
     QVERIFY(f.modem.Dial("123", HOST_CALL_VOICE));
-    QTRY_COMPARE(ended.count(), 1);
-    QCOMPARE(progress(way).last(), end);
+    QTRY_COMPARE(f.ended.count(), 1);
+    QCOMPARE(f.Progress().last(), end);
     QCOMPARE(failed.count(), told ? 1 : 0);
     if (told) {
         QCOMPARE(failed.first().at(1).toString(), QString("what it says"));
@@ -152,130 +167,106 @@ void TestModemCalls::theEndHasItsReason()
     QFETCH(bool, active);
     QFETCH(int, reason);
     QFETCH(int, end);
-    ModemFixture f;
-    QVERIFY(f.IsReady());
-    const QSignalSpy way(&f.modem, SIGNAL(callProgress(int)));
-    const QSignalSpy ended(&f.modem, SIGNAL(callEnded(QString, int)));
-    QVERIFY(f.modem.Dial("123", HOST_CALL_VOICE));
-    QTRY_COMPARE(f.manager.Count("Start"), 1);
-    f.manager.SetCall(callPath(f), active ? ACTIVE : RINGING_OUT, 1);
-    f.manager.SetCall(callPath(f), TERMINATED, uint(reason));
-    QTRY_COMPARE(ended.count(), 1);
-    QCOMPARE(progress(way).last(), end);
+    CallFixture f;
+    QVERIFY(f.IsDialled());
+    f.manager.SetCall(f.Path(), active ? ACTIVE : RINGING_OUT, 1);
+    f.manager.SetCall(f.Path(), TERMINATED, uint(reason));
+    QTRY_COMPARE(f.ended.count(), 1);
+    QCOMPARE(f.Progress().last(), end);
 }
 
 void TestModemCalls::hangingUpEndsIt()
 {
-    ModemFixture f;
-    QVERIFY(f.IsReady());
-    const QSignalSpy way(&f.modem, SIGNAL(callProgress(int)));
-    const QSignalSpy ended(&f.modem, SIGNAL(callEnded(QString, int)));
-    QVERIFY(f.modem.Dial("123", HOST_CALL_VOICE));
-    QTRY_COMPARE(f.manager.Count("Start"), 1);
-    f.manager.SetCall(callPath(f), ACTIVE, 3);
-    QTRY_COMPARE(progress(way).last(), int(HOST_CALL_ACTIVE));
+    CallFixture f;
+    QVERIFY(f.IsDialled());
+    f.manager.SetCall(f.Path(), ACTIVE, 3);
+    QTRY_COMPARE(f.Progress().last(), int(HOST_CALL_ACTIVE));
     f.modem.HangUp();
     QTRY_COMPARE(f.manager.Count("Hangup"), 1);
-    QCOMPARE(ended.count(), 0); // the modem has the last word
-    f.manager.SetCall(callPath(f), TERMINATED, OVER);
-    QTRY_COMPARE(ended.count(), 1);
-    QCOMPARE(progress(way).last(), int(HOST_CALL_ENDED));
+    QCOMPARE(f.ended.count(), 0); // the modem has the last word
+    f.manager.SetCall(f.Path(), TERMINATED, OVER);
+    QTRY_COMPARE(f.ended.count(), 1);
+    QCOMPARE(f.Progress().last(), int(HOST_CALL_ENDED));
 }
 
 void TestModemCalls::hangingUpBeforeItIsDialledDialsNothing()
 {
-    ModemFixture f;
+    CallFixture f;
     QVERIFY(f.IsReady());
-    const QSignalSpy ended(&f.modem, SIGNAL(callEnded(QString, int)));
     f.manager.Hold("CreateCall");
     QVERIFY(f.modem.Dial("123", HOST_CALL_VOICE));
     QTRY_VERIFY(f.manager.IsHeld("CreateCall"));
     f.modem.HangUp();
     f.manager.Release("CreateCall");
-    QTRY_COMPARE(ended.count(), 1);
+    QTRY_COMPARE(f.ended.count(), 1);
     QTRY_COMPARE(f.manager.Count("DeleteCall"), 1);
     QCOMPARE(f.manager.Count("Start"), 0);
 }
 
 void TestModemCalls::aCallThatComesInIsTakenByAPress()
 {
-    ModemFixture f;
-    QVERIFY(f.IsReady());
-    const QSignalSpy way(&f.modem, SIGNAL(callProgress(int)));
-    const QSignalSpy incoming(&f.modem, SIGNAL(incomingCall(QString)));
-    const QString strPath = f.manager.Ring("+4930");
-    QTRY_COMPARE(progress(way), QList<int>({HOST_CALL_INCOMING}));
-    QCOMPARE(incoming.value(0).value(0).toString(), QString("+4930"));
+    CallFixture f;
+    const QString strPath = f.Rung();
+    QVERIFY(!strPath.isEmpty());
+    QCOMPARE(f.Progress(), QList<int>({HOST_CALL_INCOMING}));
+    QCOMPARE(f.incoming.value(0).value(0).toString(), QString("+4930"));
     QCOMPARE(f.manager.Count("Accept"), 0);
     f.modem.Answer();
     QTRY_COMPARE(f.manager.Count("Accept"), 1);
     f.manager.SetCall(strPath, ACTIVE, 3);
-    QTRY_COMPARE(progress(way).last(), int(HOST_CALL_ACTIVE));
+    QTRY_COMPARE(f.Progress().last(), int(HOST_CALL_ACTIVE));
 }
 
 void TestModemCalls::aCallThatNobodyTakesIsMissed()
 {
-    ModemFixture f;
-    QVERIFY(f.IsReady());
-    const QSignalSpy way(&f.modem, SIGNAL(callProgress(int)));
-    const QString strPath = f.manager.Ring("+4930");
-    QTRY_COMPARE(way.count(), 1);
+    CallFixture f;
+    const QString strPath = f.Rung();
+    QVERIFY(!strPath.isEmpty());
     f.manager.SetCall(strPath, TERMINATED, OVER);
-    QTRY_COMPARE(progress(way).last(), int(HOST_CALL_MISSED));
+    QTRY_COMPARE(f.Progress().last(), int(HOST_CALL_MISSED));
     QCOMPARE(f.store.Calls().size(), 1);
 }
 
 void TestModemCalls::aCallThatIsRefusedHereIsNotMissed()
 {
-    ModemFixture f;
-    QVERIFY(f.IsReady());
-    const QSignalSpy way(&f.modem, SIGNAL(callProgress(int)));
-    const QString strPath = f.manager.Ring("+4930");
-    QTRY_COMPARE(way.count(), 1);
+    CallFixture f;
+    const QString strPath = f.Rung();
+    QVERIFY(!strPath.isEmpty());
     f.modem.HangUp();
     QTRY_COMPARE(f.manager.Count("Hangup"), 1);
     f.manager.SetCall(strPath, TERMINATED, REFUSED);
-    QTRY_COMPARE(progress(way).last(), int(HOST_CALL_ENDED));
+    QTRY_COMPARE(f.Progress().last(), int(HOST_CALL_ENDED));
 }
 
 void TestModemCalls::aSecondCallThatComesInIsTold()
 {
-    ModemFixture f;
-    QVERIFY(f.IsReady());
-    const QSignalSpy incoming(&f.modem, SIGNAL(incomingCall(QString)));
-    const QSignalSpy started(&f.modem, SIGNAL(callStarted(QString, int)));
-    QVERIFY(f.modem.Dial("123", HOST_CALL_VOICE));
-    QTRY_COMPARE(f.manager.Count("Start"), 1);
+    CallFixture f;
+    QVERIFY(f.IsDialled());
     f.manager.Ring("+4930");
-    QTRY_COMPARE(incoming.count(), 1);
-    QCOMPARE(started.count(), 1);
+    QTRY_COMPARE(f.incoming.count(), 1);
+    QCOMPARE(f.started.count(), 1);
     QCOMPARE(f.store.Calls().size(), 1);
 }
 
 void TestModemCalls::aModemPulledEndsTheCall()
 {
-    ModemFixture f;
+    CallFixture f;
     QVERIFY(f.IsReady());
-    const QSignalSpy way(&f.modem, SIGNAL(callProgress(int)));
-    const QSignalSpy ended(&f.modem, SIGNAL(callEnded(QString, int)));
     f.manager.Hold("Start");
     QVERIFY(f.modem.Dial("123", HOST_CALL_VOICE));
     QTRY_VERIFY(f.manager.IsHeld("Start"));
     f.manager.Unplug();
-    QTRY_COMPARE(ended.count(), 1);
-    QCOMPARE(progress(way).last(), int(HOST_CALL_LOST));
+    QTRY_COMPARE(f.ended.count(), 1);
+    QCOMPARE(f.Progress().last(), int(HOST_CALL_LOST));
 }
 
 void TestModemCalls::theEndOfTheProgramHangsUp()
 {
-    ModemFixture f;
-    QVERIFY(f.IsReady());
-    const QSignalSpy ended(&f.modem, SIGNAL(callEnded(QString, int)));
-    QVERIFY(f.modem.Dial("123", HOST_CALL_VOICE));
-    QTRY_COMPARE(f.manager.Count("Start"), 1);
+    CallFixture f;
+    QVERIFY(f.IsDialled());
     f.manager.Hold("Hangup"); // and a daemon that hangs does not keep it
     f.modem.Finish();
-    QCOMPARE(ended.count(), 1);
+    QCOMPARE(f.ended.count(), 1);
     QTRY_COMPARE(f.manager.Count("Hangup"), 1);
 }
 
