@@ -84,7 +84,7 @@ if [ -e "$build/lib/libsdk-modem.so" ]; then
     ! grep -qE 'libsystemd|libudev' "$work/needed" || fail "the library needs what only its module may"
 fi
 if [ -e "$build/lib/libsdk-phone.so" ]; then
-    expect '^ *libphonenumber8( |$)' "$work/depends" "the dependencies"
+    expect '^ *libphonenumber8(-protobuf[0-9]+)?( |$)' "$work/depends" "the dependencies"
     readelf -d "$build/lib/libsdk.so.1" >"$work/needed"
     ! grep -q libphonenumber "$work/needed" || fail "the library needs what only its module may"
 fi

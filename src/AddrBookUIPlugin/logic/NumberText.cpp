@@ -4,12 +4,12 @@
 
 #include "logic/AddrBookTypes.h"
 #include "logic/SdkText.h"
-#include "orva/orva_care.h"
 
 bool cleanNumberText(const QString& strText, bool bPauses, bool bNote, NumberText& cleaned)
 {
     // Looked for by its name: an SDK need not have it.
-    typedef decltype(&ORVA_Care_CleanNumber) CleanNumber;
+    typedef long (*CleanNumber)(int memory, const unsigned short* text, unsigned short** number,
+                                unsigned short** extension);
     const CleanNumber cleanNumber = reinterpret_cast<CleanNumber>(dlsym(RTLD_DEFAULT, "ORVA_Care_CleanNumber"));
     if (cleanNumber == nullptr)
         return false;

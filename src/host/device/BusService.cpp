@@ -88,7 +88,7 @@ void BusService::OnWelcomed(QDBusPendingCallWatcher* pWatcher)
     }
     // Behind the wishes: whatever changes from now on is heard.
     Watch(ask("GetNameOwner", m_strName), this, SLOT(OnOwnerTold(QDBusPendingCallWatcher*)));
-    emit busChanged();
+    emit busChanged(); // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): the watcher is a child of this
 }
 
 void BusService::OnOwnerTold(QDBusPendingCallWatcher* pWatcher)

@@ -14,7 +14,7 @@ QString CleanNumber::Of(const QString& strText)
         ORVA_Care_CleanNumber(ORVA_MEMORY_LOCAL, strText.utf16(), &pNumber, &pExtension) != ORVA_OK) {
         return strText;
     }
-    const QString strNumber = QtCompat::fromUtf16(pNumber);
+    QString strNumber = QtCompat::fromUtf16(pNumber);
     delete[] pNumber;
     delete[] pExtension;
     return strNumber;

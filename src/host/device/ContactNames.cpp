@@ -50,7 +50,7 @@ QString keyOf(const QString& strNumber)
     if (&ORVA_Care_NumberKey == nullptr || ORVA_Care_NumberKey(strNumber.utf16(), &pKey) != ORVA_OK) {
         return QString();
     }
-    const QString strKey = QtCompat::fromUtf16(pKey);
+    QString strKey = QtCompat::fromUtf16(pKey);
     delete[] pKey;
     return strKey;
 }

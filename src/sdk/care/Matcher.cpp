@@ -72,10 +72,11 @@ Matcher::Keys Matcher::keysOf(const Values& values) const
         keys.whole.clear();
     if (name.empty())
         return keys;
+    name += between;
     for (const std::string& number : keys.numbers)
-        keys.person.push_back(name + between + number);
+        keys.person.push_back(name + number);
     if (!email.empty())
-        keys.person.push_back(name + between + between + email);
+        keys.person.push_back(name + between + email);
     return keys;
 }
 

@@ -231,11 +231,9 @@ private:
     std::unique_ptr<FileLock> m_turn; // who of several processes writes next
     std::unique_ptr<Database> m_db;
     std::uint64_t m_inode = 0;
-    bool m_suspect = false; // an operation met damage
 
     // Of a store that is read because it cannot be written.
     long m_refusal = ORVA_OK; // of a write; ORVA_OK for a store that is open for writing
-    bool m_live = false;
     StoreState m_seen;
     Clock::time_point m_nextLook;
     long m_unwritten = ORVA_OK; // what the last write met that met the disk
@@ -250,19 +248,21 @@ private:
     Clock::time_point m_purged; // the bin, by this process; the epoch for never
 
     // What the file holds, as far as this connection knows.
+    std::shared_ptr<const std::vector<StoredGroup>> m_groups; // null: to be read
     int m_dataVersion = 0;
     int m_foreignChanges = 0;
-    int m_count = -1;                                         // -1: to be counted
-    std::shared_ptr<const std::vector<StoredGroup>> m_groups; // null: to be read
+    int m_count = -1; // -1: to be counted
     int m_lastRecord = 0;
     int m_lastGroup = 0;
     bool m_countersChanged = false;
+    bool m_suspect = false; // an operation met damage
+    bool m_live = false;    // what is read for want of writing shows what others write
 
+    bool m_refused = false; // the last commit was
     Transaction m_transaction = Transaction::None;
     long m_lostCode = ORVA_OK;   // what the next end() has to report
     std::vector<int> m_gathered; // records that the open transaction changed; 0 stands for a group alone
     int m_touched = 0;           // the one of the write under way
-    bool m_refused = false;      // the last commit was
     int m_changesBefore = 0;     // of the connection, when the transaction on it began
     Loss m_loss;
     std::function<void()> m_tellLoss;

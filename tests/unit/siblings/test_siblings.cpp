@@ -285,7 +285,7 @@ void TestSiblings::aNumberIsSavedToThePhonebook()
     service<ISMSUIService>(LINKHAND_SMS_ID, LINKHAND_SMS_KIND)->SendMessage("+49 170", QString(), nullptr);
     QTest::mouseClick(in<QPushButton>(editor("SMSUIPlugin"), "SMSUIPlugin_buttonSaveNumber"), Qt::LeftButton);
     QCOMPARE(m_pContainer->GetPlugin(LINKHAND_ADDRBOOK_NAME, LINKHAND_ADDRBOOK_KIND)->property("saved").toStringList(),
-             QStringList("+49 170"));
+             QStringList("+49170"));
 }
 
 void TestSiblings::theUserChoosesWhichNumberToSave()
