@@ -98,7 +98,7 @@ std::vector<BackupFile> Backups::list() const
     for (const std::string& entry : namesIn(folder)) {
         BackupFile file;
         file.name = entry;
-        file.path = folder + "/" + entry;
+        file.path.append(folder).append("/").append(entry);
         if (!takeOffEnd(file.name, ending))
             continue;
         std::string rest = file.name;
@@ -122,7 +122,7 @@ std::string Backups::make(Database& db, int reason)
         if (file.name.find(stamp) != std::string::npos)
             number = std::max(number, file.number + 1);
     for (;; ++number) {
-        const std::string path = base + (number > 1 ? "-" + std::to_string(number) : std::string()) + ending;
+        std::string path = base + (number > 1 ? "-" + std::to_string(number) : std::string()) + ending;
         const std::string half = path + halfEnding;
         // Whoever makes the half has the name; another process may have come to its end with it meanwhile.
         if (fileExists(path) || !preparePrivateFile(half))
