@@ -22,6 +22,7 @@ std::vector<Content> Store::contents(const std::vector<int>& ids)
 {
     return reading([&] {
         std::vector<Content> all;
+        all.reserve(ids.size());
         for (const int id : ids)
             all.push_back(readContent(id));
         return all;
@@ -51,6 +52,7 @@ std::vector<std::u16string> Store::groupPaths(const std::vector<int>& ids)
 void Store::mergeSet(const std::vector<int>& ids, const MergedOf& mergedOf)
 {
     std::vector<Content> all;
+    all.reserve(ids.size());
     for (const int id : ids)
         all.push_back(readContent(id));
     const int first = ids.front();

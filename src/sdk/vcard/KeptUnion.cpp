@@ -57,7 +57,7 @@ bool KeptUnion::holds(const Properties& together) const
 std::string KeptUnion::freeGroup() const
 {
     for (int number = 1;; ++number) {
-        const std::string group = "item" + std::to_string(number);
+        std::string group = "item" + std::to_string(number);
         if (std::none_of(m_properties.begin(), m_properties.end(),
                          [&group](const CardProperty& other) { return sameCardName(other.group(), group); }))
             return group;
