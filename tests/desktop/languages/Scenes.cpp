@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QMenu>
@@ -144,14 +145,12 @@ Scene scene(
     return Scene{QString::fromLatin1(pszName), open, find, close};
 }
 
-void startImport(const std::function<void(QFileDialog*)>& step)
+// Until the step says that it is done.
+void startImport(const std::function<bool(QFileDialog*)>& step)
 {
     later([step] {
         QFileDialog* pDialog = qobject_cast<QFileDialog*>(modal("QFileDialog"));
-        if (pDialog != nullptr) {
-            step(pDialog);
-        }
-        return pDialog != nullptr;
+        return pDialog != nullptr && step(pDialog);
     });
     phonebook("OnClickImport");
 }
@@ -404,14 +403,19 @@ void addQuestions(QList<Scene>& listScenes)
 void addImport(QList<Scene>& listScenes)
 {
     listScenes << scene(
-        "open-file", [] { startImport([](QFileDialog*) {}); }, [] { return modal("QFileDialog"); },
+        "open-file", [] { startImport([](QFileDialog*) { return true; }); }, [] { return modal("QFileDialog"); },
         [] { modal("QFileDialog")->close(); });
     listScenes << scene(
         "field-map",
         [] {
             startImport([](QFileDialog* pDialog) {
+                // A name of a folder that is still being read is not taken while the input has the keyboard.
                 pDialog->selectFile(s_strCsvFile);
+                if (QFileInfo(pDialog->selectedFiles().value(0)).fileName() != QFileInfo(s_strCsvFile).fileName()) {
+                    return false;
+                }
                 QMetaObject::invokeMethod(pDialog, "accept");
+                return true;
             });
         },
         [] { return windowOf("AddrUIplugin_FieldMapokbtn"); }, [] { click("AddrUIplugin_FieldMapCancelbtn"); });

@@ -1,6 +1,7 @@
 #include <QAction>
 #include <QFile>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QLoggingCategory>
 #include <QMenu>
 #include <QPluginLoader>
@@ -151,8 +152,10 @@ private:
     {
         QTimer chooser;
         onDialog<QFileDialog>(chooser, [&strPath](QFileDialog* pDialog) {
+            // A name of a folder that is still being read is not taken while the input has the keyboard.
             pDialog->selectFile(strPath);
-            return QMetaObject::invokeMethod(pDialog, "accept");
+            return QFileInfo(pDialog->selectedFiles().value(0)).fileName() == QFileInfo(strPath).fileName() &&
+                   QMetaObject::invokeMethod(pDialog, "accept");
         });
         QTimer mapper;
         onDialog<QDialog>(mapper, [&](QDialog* pDialog) { return acceptMap(pDialog, lstTitles, lstMapped); });
