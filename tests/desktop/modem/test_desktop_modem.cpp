@@ -40,7 +40,7 @@ void TestDesktopModem::aLockedCardIsOpenedAndTheModemSwitchedOn()
     // The card itself lies behind a port that is not there: this is about ModemManager's side.
     host.SetEnvironment("LINKHAND_MODEM", "/nonexistent/" + QString::fromStdString(bench.node(0)));
     QVERIFY2(host.Start(profile.Path()), qPrintable(host.Log()));
-    QVERIFY(host.Text("linkhand_StatusArea_hardware").contains("no modem there"));
+    QVERIFY(host.WaitUntil([&] { return host.Text("linkhand_StatusArea_hardware").contains("no modem there"); }));
     bench.plug();
 
     QVERIFY(host.WaitFor("linkhand_PinForm_pin"));
