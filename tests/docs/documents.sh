@@ -49,7 +49,8 @@ doubled=$(awk -F'|' '{ print $3 }' <<<"$places" | sort | uniq -d)
 
 # --- Commands: lines that are set in by four blanks outside of lists ---
 presets=$(cmake --list-presets | sed -n 's/^ *"\([a-z0-9]*\)".*/\1/p')
-labels=$(cd "$build" && ctest --print-labels | sed -n 's/^  \([a-z]*\)$/\1/p')
+# Not from ctest, which would begin a log of its own in place of the one of the run that this is part of.
+labels=$(grep -rhoE --include=CTestTestfile.cmake 'LABELS "[a-z;]*"' "$build" | sed 's/^LABELS "//; s/"$//' | tr ';' '\n' | sort -u)
 known_option()
 {
     for word in $2; do

@@ -1,5 +1,6 @@
 #include "device/ContactNames.h"
 
+#include "device/RecordText.h"
 #include "linkhand/QtCompat.h"
 #include "orva/orva_care.h"
 
@@ -72,17 +73,6 @@ struct Wanted {
     }
 };
 
-QString valueOf(void* pSet, const char* pszKey)
-{
-    unsigned short* pText = nullptr;
-    QString strText;
-    if (ORVA_PBSrv_AddrRecordSet_GetValue(pSet, pszKey, &pText) == ORVA_OK && pText != nullptr) {
-        strText = QtCompat::fromUtf16(pText);
-    }
-    delete[] pText;
-    return strText;
-}
-
 QString nameIn(int iMemory, const char* const* ppszKeys, const Wanted& wanted)
 {
     void* pSet = nullptr;
@@ -95,8 +85,8 @@ QString nameIn(int iMemory, const char* const* ppszKeys, const Wanted& wanted)
         ORVA_PBSrv_AddrRecordSet_MoveFirst(pSet) == ORVA_OK) {
         do {
             for (const char* const* ppszKey = ppszKeys; *ppszKey != nullptr; ++ppszKey) {
-                if (strName.isEmpty() && wanted.IsSame(valueOf(pSet, *ppszKey))) {
-                    strName = valueOf(pSet, "Name");
+                if (strName.isEmpty() && wanted.IsSame(RecordText::Of(pSet, *ppszKey))) {
+                    strName = RecordText::Of(pSet, "Name");
                 }
             }
         } while (strName.isEmpty() && ORVA_PBSrv_AddrRecordSet_MoveNext(pSet) == ORVA_OK);

@@ -5,6 +5,7 @@
 #include <QSet>
 #include <QString>
 
+#include "device/RecordText.h"
 #include "linkhand/QtCompat.h"
 #include "orva/orva_sdk.h"
 
@@ -12,17 +13,6 @@ namespace
 {
 
 typedef QPair<QString, QString> Contact; // name and number
-
-QString valueOf(void* pSet, const char* pszKey)
-{
-    unsigned short* pusText = nullptr;
-    QString strText;
-    if (ORVA_PBSrv_AddrRecordSet_GetValue(pSet, pszKey, &pusText) == ORVA_OK && pusText != nullptr) {
-        strText = QtCompat::fromUtf16(pusText);
-    }
-    delete[] pusText;
-    return strText;
-}
 
 QList<Contact> contactsOf(int iMemory, const char* pszNumberKey)
 {
@@ -35,7 +25,7 @@ QList<Contact> contactsOf(int iMemory, const char* pszNumberKey)
     if (ORVA_PBSrv_AddrRecordSet_GetAddrRecordCount(pSet, &iCount) == ORVA_OK && iCount > 0 &&
         ORVA_PBSrv_AddrRecordSet_MoveFirst(pSet) == ORVA_OK) {
         do {
-            listContacts.append(Contact(valueOf(pSet, "Name"), valueOf(pSet, pszNumberKey)));
+            listContacts.append(Contact(RecordText::Of(pSet, "Name"), RecordText::Of(pSet, pszNumberKey)));
         } while (ORVA_PBSrv_AddrRecordSet_MoveNext(pSet) == ORVA_OK);
     }
     ORVA_PBSrv_AddrRecordSet_Release(pSet);
