@@ -1,7 +1,6 @@
 #include "device/DeviceWatcher.h"
 
-#include <QCoreApplication>
-#include <QEvent>
+#include <QMetaObject>
 #include <QMutex>
 #include <QMutexLocker>
 
@@ -10,15 +9,6 @@
 
 namespace
 {
-
-const QEvent::Type SDK_EVENT = static_cast<QEvent::Type>(QEvent::User + 1);
-
-class SdkEventCarrier : public QEvent
-{
-public:
-    explicit SdkEventCarrier(int event) : QEvent(SDK_EVENT), iEvent(event) {}
-    const int iEvent;
-};
 
 // The SDK's callback has no argument of ours, so that the object is found here. The lock keeps it alive meanwhile.
 QMutex s_mutex;
@@ -74,10 +64,10 @@ void DeviceWatcher::AnnounceSystemMode()
     emit notifyCode(HOST_NOTIFY_SYSTEM_MODE, 0);
 }
 
-void DeviceWatcher::customEvent(QEvent* pEvent)
+void DeviceWatcher::OnSdkEvent(int iEvent)
 {
-    if (pEvent->type() == SDK_EVENT && m_bStarted) {
-        handle(static_cast<SdkEventCarrier*>(pEvent)->iEvent);
+    if (m_bStarted) {
+        handle(iEvent);
     }
 }
 
@@ -86,7 +76,7 @@ int DeviceWatcher::onSdkEvent(int iEvent, void*)
 {
     QMutexLocker locker(&s_mutex);
     if (s_pWatcher != nullptr) {
-        QCoreApplication::postEvent(s_pWatcher, new SdkEventCarrier(iEvent));
+        QMetaObject::invokeMethod(s_pWatcher, "OnSdkEvent", Qt::QueuedConnection, Q_ARG(int, iEvent));
     }
     return 0;
 }

@@ -39,8 +39,8 @@ signals:
     // The state is another one than before.
     void changed();
 
-protected:
-    void customEvent(QEvent* pEvent) override;
+private slots:
+    void OnSdkEvent(int iEvent);
 
 private:
     static int onSdkEvent(int iEvent, void* pData);

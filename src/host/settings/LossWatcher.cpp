@@ -1,7 +1,6 @@
 #include "settings/LossWatcher.h"
 
-#include <QCoreApplication>
-#include <QEvent>
+#include <QMetaObject>
 #include <QMutex>
 #include <QMutexLocker>
 
@@ -15,8 +14,6 @@
 namespace
 {
 
-const QEvent::Type LOSS_EVENT = static_cast<QEvent::Type>(QEvent::User + 1);
-const QEvent::Type ACCESS_EVENT = static_cast<QEvent::Type>(QEvent::User + 2);
 const int LOOK_MS = 2000;
 
 // The SDK's callback has no argument of ours, so that the object is found here. The lock keeps it alive meanwhile.
@@ -73,17 +70,11 @@ void LossWatcher::Stop()
     s_pWatcher = nullptr;
 }
 
-void LossWatcher::customEvent(QEvent* pEvent)
+void LossWatcher::OnLoss()
 {
-    if (m_bStarted && pEvent->type() == LOSS_EVENT) {
-        tellLosses();
-    } else if (pEvent->type() == ACCESS_EVENT) {
-        OnCheckAccess();
+    if (!m_bStarted) {
+        return;
     }
-}
-
-void LossWatcher::tellLosses()
-{
     ProblemList problems;
     addLoss(ORVA_MEMORY_LOCAL, "/local.db", problems);
     addLoss(ORVA_MEMORY_CARD, "/card.db", problems);
@@ -131,8 +122,8 @@ int LossWatcher::onSdkEvent(int iEvent, void*)
     }
     QMutexLocker locker(&s_mutex);
     if (s_pWatcher != nullptr) {
-        QCoreApplication::postEvent(s_pWatcher,
-                                    new QEvent(iEvent == ORVA_EVENT_STORE_LOSS ? LOSS_EVENT : ACCESS_EVENT));
+        QMetaObject::invokeMethod(s_pWatcher, iEvent == ORVA_EVENT_STORE_LOSS ? "OnLoss" : "OnCheckAccess",
+                                  Qt::QueuedConnection);
     }
     return 1;
 }

@@ -34,15 +34,12 @@ signals:
     // The phonebook could not be read, and can be.
     void readableAgain();
 
-protected:
-    void customEvent(QEvent* pEvent) override;
-
 private slots:
+    void OnLoss();
     void OnCheckAccess();
 
 private:
     static int onSdkEvent(int iEvent, void* pData);
-    void tellLosses();
 
     bool m_bStarted;
     QTimer m_timer; // runs while the phonebook cannot be written

@@ -269,8 +269,11 @@ bool AtDialog::recover(int attempts)
         // That may have been the late end of another command. A question whose answer has a name tells.
         send("AT+CSCS?");
         Reply named = collect("AT+CSCS?", "+CSCS", m_patience.life);
-        while (!named.silent() && named.lines.empty())
+        while (named.ok() && named.lines.empty())
             named = collect("AT+CSCS?", "+CSCS", m_patience.quiet);
+        // Neither a name nor a refusal: a slow modem may still be at what was given up.
+        if (named.silent() && named.lines.empty() && attempt + 1 < attempts)
+            continue;
         // Behind an answer with a name nothing late is left.
         if (named.lines.empty())
             drain();

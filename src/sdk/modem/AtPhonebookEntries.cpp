@@ -40,6 +40,14 @@ int nextStep(int step)
     return step > smallerStep ? smallerStep : step > smallStep ? smallStep : 1;
 }
 
+bool tellsOf(const Reply& reply, int location)
+{
+    return std::any_of(reply.lines.begin(), reply.lines.end(), [location](const std::string& line) {
+        const std::optional<EntryLine> entry = readEntryLine(line);
+        return entry && entry->location == location;
+    });
+}
+
 // Whether `part` is what is left of `whole` when its end is cut off.
 template <typename Text>
 bool cutOff(const Text& part, const Text& whole)
@@ -119,7 +127,7 @@ bool AtPhonebook::readStep(Reading& reading, int from, int to)
         command += "," + std::to_string(to);
     Reply reply = askStorage(reading.storage.name, command, "+CPBR", m_dialog.patience().read);
     // A location whose line has come is read, whatever became of the end.
-    while (reply.silent() && !(from == to && !reply.lines.empty())) {
+    while (reply.silent() && !(from == to && tellsOf(reply, from))) {
         requireCard(reply);
         takeLines(reading, reply, from, to);
         ++reading.stalls;
@@ -212,6 +220,8 @@ std::vector<PhonebookEntry> AtPhonebook::readAll(const PhonebookStorage& storage
     const bool fewer = storage.used >= 0 && !reading.complete();
     if (fewer && reading.failed)
         throw Failure(ORVA_E_STORE, "the modem fails at one of its entries");
+    if (fewer && reading.stalls > 0)
+        throw Failure(ORVA_E_BUSY, "the modem has fallen silent and gives fewer entries than it counts");
     if (fewer)
         logFormat("the modem counts %d entries in %s and gives %d", storage.used, storage.name.c_str(),
                   static_cast<int>(reading.found.size()));

@@ -158,6 +158,21 @@ TEST(aLateEndIsNotTakenForThatOfTheNextCommand)
     CHECK(reply.lines == std::vector<std::string>{"+NEXT: 1"});
 }
 
+TEST(aModemThatIsStillAtWhatWasGivenUpIsAskedForLifeAgain)
+{
+    Talk talk;
+    talk.channel.answers["AT+SLOW"] = {"<silence>"};
+    // The first OK is the late one, the second one that of the first AT; only the name tells that all of it is through.
+    talk.channel.answers["AT"] = {"\r\nOK\r\n", "\r\nOK\r\n\r\nOK\r\n"};
+    talk.channel.answers["AT+CSCS?"] = {"<silence>", lines({"+CSCS: \"IRA\""}) + lines({"+CSCS: \"IRA\""})};
+    talk.channel.answers["AT+NEXT"] = {lines({"+NEXT: 1"})};
+    CHECK(talk.dialog.ask("AT+SLOW", "+SLOW").silent());
+    const Reply reply = talk.dialog.ask("AT+NEXT", "+NEXT");
+    CHECK(reply.ok());
+    CHECK(reply.lines == std::vector<std::string>{"+NEXT: 1"});
+    CHECK_EQ(talk.channel.count("AT"), 2u);
+}
+
 TEST(anyAnswerToAtIsLife)
 {
     Talk talk;

@@ -3,8 +3,10 @@
 #include <fstream>
 #include <iterator>
 
+#include "modem/AtPhonebook.h"
 #include "modem/PhonebookBackup.h"
 #include "sdk/modem/ModemFixture.h"
+#include "sdk/modem/ScriptedChannel.h"
 #include "support/Check.h"
 
 using namespace fixture;
@@ -33,7 +35,50 @@ std::size_t filesIn(const std::string& folder)
     return static_cast<std::size_t>(std::distance(begin(all), end(all)));
 }
 
+// Three locations; a range falls silent, so that each is asked for by itself.
+struct ScriptedBook {
+    scripted::Channel channel;
+    AtDialog dialog{channel};
+    AtPhonebook book{dialog};
+    PhonebookStorage storage;
+
+    explicit ScriptedBook(int used)
+    {
+        storage.name = "SM";
+        storage.first = 1;
+        storage.last = storage.capacity = 3;
+        storage.used = used;
+        channel.answers["AT+CSCS?"] = {scripted::lines({"+CSCS: \"IRA\""})};
+        channel.answers[question("1,3")] = {"<silence>"};
+        for (const char* const location : {"1", "2", "3"})
+            channel.answers[question(location)] = {scripted::lines({line(location)})};
+    }
+
+    static std::string question(const std::string& range) { return "AT+CPBS=\"SM\";+CPBR=" + range; }
+    static std::string line(const std::string& location)
+    {
+        return "+CPBR: " + location + ",\"10" + location + "\",129,\"x\"";
+    }
+};
+
 } // namespace
+
+TEST(aLocationIsNotTakenAsReadForTheLateLineOfAnother)
+{
+    ScriptedBook scripted(-1);
+    scripted.channel.answers[ScriptedBook::question("2")] = {"\r\n" + ScriptedBook::line("1") + "\r\n",
+                                                             scripted::lines({ScriptedBook::line("2")})};
+    const std::vector<PhonebookEntry> entries = scripted.book.readAll(scripted.storage, {});
+    REQUIRE(entries.size() == 3);
+    CHECK_EQ(entries[1].number, "102");
+}
+
+TEST(behindASilenceFewerEntriesThanCountedAreNoListing)
+{
+    ScriptedBook scripted(3);
+    scripted.channel.answers[ScriptedBook::question("2")] = {scripted::ok()};
+    CHECK_EQ(codeOf([&] { scripted.book.readAll(scripted.storage, {}); }), ORVA_E_BUSY);
+}
 
 TEST(aListingThatStallsOnceIsAskedForAgain)
 {
