@@ -21,6 +21,7 @@ void unlock(State& state)
 {
     Card& card = *state.card;
     card.pinVerified = true;
+    ++card.unlocks;
     card.pinTries = card.plan.pinTries;
     state.startBusy(state.quirks.number("simbusy", 0));
 }

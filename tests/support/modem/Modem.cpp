@@ -103,6 +103,11 @@ bool Modem::locked() const
     return m_loop->ask<bool>([&] { return m_loop->state.locked(); });
 }
 
+int Modem::unlocks() const
+{
+    return m_loop->ask<int>([&] { return m_loop->state.card->unlocks; });
+}
+
 int Modem::pinTries() const
 {
     return m_loop->ask<int>([&] { return m_loop->state.card->pinTries; });

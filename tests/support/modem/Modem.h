@@ -75,6 +75,7 @@ public:
     void insertCard(const CardPlan& card); // another one
     bool locked() const;                   // a PIN or PUK is needed
     int pinTries() const;
+    int unlocks() const; // how often this card has taken a PIN or PUK; a card that loses power is locked again
     // The card answers "busy" for so long from now on, as it does after a PIN.
     void setBusy(std::chrono::milliseconds time);
     // No answer to anything, on every port, until it is set to false; what came meanwhile is lost.

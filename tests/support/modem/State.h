@@ -19,6 +19,7 @@ struct Card {
     std::vector<Storage> storages;
     bool pinVerified;
     bool pin2Verified = false;
+    int unlocks = 0;
     int pinTries;
     int pukTries;
 };
