@@ -317,7 +317,7 @@ TEST(aListingThatFailsIsAskedForLessAndLessOftenUntilTheCardChanges)
     plan.quirks.set("stall_at=7");
     Modem modem(plan);
     ModemTimings timings = quickTimings();
-    timings.patience.read = timings.patience.life = Milliseconds(30);
+    timings.patience.read = Milliseconds(150);
     timings.reread = timings.longest = Milliseconds(3600 * 1000);
     Library library(place, timings);
     library.hardware.status();

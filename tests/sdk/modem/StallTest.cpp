@@ -110,7 +110,7 @@ TEST(aMemoryThatCannotBeReadToItsEndIsNotShown)
             plan.quirks.set(manner);
         Modem modem(plan);
         ModemTimings timings = quickTimings();
-        timings.patience.read = timings.patience.life = Milliseconds(150);
+        timings.patience.read = Milliseconds(150);
         Library library(place, timings);
         CHECK(
             eventually([&] { return library.hardware.state().problem().find("cannot be read") != std::string::npos; }));
@@ -131,7 +131,7 @@ TEST(aCardThatStallsBeforeTheFirstWriteIsNeitherPutAsideNorWrittenTo)
     const Place place;
     Modem modem(place.plan());
     ModemTimings timings = quickTimings();
-    timings.patience.read = timings.patience.life = Milliseconds(150);
+    timings.patience.read = Milliseconds(150);
     Library library(place, timings);
     REQUIRE(library.ready());
     const std::string before = told(modem);
