@@ -1,6 +1,7 @@
 #include <QObject>
 
 #include "ContactsSupport.h"
+#include "MessageLog.h"
 #include "linkhand/QtCompat.h"
 
 // The log tells what the program does, and of whom nothing but the number in a notification's line, which is a debug

@@ -8,6 +8,7 @@
 #include <unistd.h>
 
 #include "ContactsSupport.h"
+#include "MessageLog.h"
 #include "linkhand/QtCompat.h"
 
 namespace

@@ -3,6 +3,8 @@
 #include <QClipboard>
 #include <QRegExp>
 
+#include "MessageLog.h"
+
 // Rules of the form that hold in every input and in every flow.
 class EditRulesTest : public EditTestBase
 {
@@ -13,13 +15,6 @@ class EditRulesTest : public EditTestBase
         QApplication::clipboard()->setText(text);
         QTest::keyClick(edit, Qt::Key_V, Qt::ControlModifier);
     }
-
-    static QStringList& lines()
-    {
-        static QStringList list;
-        return list;
-    }
-    static void collect(QtMsgType, const QMessageLogContext&, const QString& text) { lines() << text; }
 
 private slots:
     void init() { begin(); }
@@ -104,11 +99,9 @@ private slots:
     void aMissingOkButtonIsLoggedByFileAndPlace()
     {
         AddrBookEditDlg dialog;
-        lines().clear();
-        const QtMessageHandler before = qInstallMessageHandler(collect);
+        const MessageLog log;
         dialog.SetOKButtonTrue();
-        qInstallMessageHandler(before);
-        const QStringList found = lines().filter("Arg is NULL");
+        const QStringList found = MessageLog::lines().filter("Arg is NULL");
         QCOMPARE(found.size(), 1);
         const QRegExp rule("Arg is NULL: [0-9:]+: AddrBookEditDlgInput\\.cpp: SetOKButtonTrue [0-9]+");
         QVERIFY2(rule.exactMatch(found.first()), qPrintable(found.first()));

@@ -1,22 +1,12 @@
 #include <QLoggingCategory>
 
 #include "FilesFixture.h"
+#include "MessageLog.h"
 
 // The two questions about a file's titles: for their length, and for their text.
 class FileTitlesTest : public QObject
 {
     Q_OBJECT
-
-    static QStringList& warnings()
-    {
-        static QStringList list;
-        return list;
-    }
-    static void collect(QtMsgType type, const QMessageLogContext&, const QString& text)
-    {
-        if (type == QtWarningMsg)
-            warnings() << text;
-    }
 
 private slots:
     void cleanup() { QCOMPARE(FakeSdk::leaks(), QString()); }
@@ -43,13 +33,11 @@ private slots:
         FakeSdk::setTitleLengthCode(code);
         FakeSdk::clearCalls();
         QList<QString> found{"before"};
-        FileTitlesTest::warnings().clear();
         QLoggingCategory::setFilterRules("default.debug=false\ndefault.warning=true");
-        const QtMessageHandler before = qInstallMessageHandler(collect);
+        const MessageLog log;
         f.window()->getFileFieldDescription("file", found);
-        qInstallMessageHandler(before);
         QLoggingCategory::setFilterRules("default.debug=false\ndefault.warning=false");
-        QCOMPARE(FileTitlesTest::warnings().filter("GetFileFieldDescription returned").size(), warnings);
+        QCOMPARE(MessageLog::warnings().filter("GetFileFieldDescription returned").size(), warnings);
         QCOMPARE(QStringList(found), titles);
         QCOMPARE(FakeSdk::count("GetFileFieldDescription"), code == 2 ? 2 : 1);
     }

@@ -4,21 +4,12 @@
 
 #include <memory>
 
+#include "MessageLog.h"
 #include "fakecore/FakeCore.h"
 #include "fakesdk/FakeSdk.h"
 #include "frame/AddrBookUIPlugin.h"
 #include "frame/AddrBookUIService.h"
 #include "window/AddrBookDlg.h"
-
-namespace
-{
-QStringList s_lines;
-
-void keepLine(QtMsgType, const QMessageLogContext&, const QString& line)
-{
-    s_lines.append(line);
-}
-} // namespace
 
 // What still comes once the host has let go of the plug-in.
 class AfterTheEndTest : public QObject
@@ -40,7 +31,7 @@ private:
     static int linesOfService(const QString& operation)
     {
         int count = 0;
-        for (const QString& line : s_lines)
+        for (const QString& line : MessageLog::lines())
             count += line.contains("AddrBookUIService.cpp: " + operation + " called") ? 1 : 0;
         return count;
     }
@@ -86,10 +77,8 @@ private slots:
         m_plugin->OnDestroy();
         FakeSdk::clearCalls();
         for (const unsigned code : {320U, 515U, 576U, 577U, 578U, 579U, 4101U, 1U}) {
-            s_lines.clear();
-            const QtMessageHandler before = qInstallMessageHandler(keepLine);
+            const MessageLog log;
             const int answer = m_plugin->Notify(code, 1, 0);
-            qInstallMessageHandler(before);
             QCOMPARE(answer, 0);
             QCOMPARE(linesOfService("Notify"), 1);
             QCOMPARE(windows(), 0);

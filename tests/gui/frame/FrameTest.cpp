@@ -14,6 +14,7 @@
 #include <memory>
 
 #include "FailingNew.h"
+#include "MessageLog.h"
 #include "fakecore/FakeCore.h"
 #include "fakesdk/FakeSdk.h"
 #include "frame/AddrBookUIPlugin.h"
@@ -342,14 +343,11 @@ private slots:
 
     void linesNameTheFileWithoutItsFolder()
     {
-        static QStringList lines;
-        lines.clear();
-        const QtMessageHandler before =
-            qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString& text) { lines << text; });
+        const MessageLog log;
         QRect rect(0, 0, 100, 100);
         m_plugin->ShowWindow(m_page.get(), rect);
         m_plugin->Hide();
-        qInstallMessageHandler(before);
+        const QStringList lines = MessageLog::lines();
         const QStringList own =
             lines.filter(QRegularExpression("^AddrBookUI(Plugin|Service)\\.cpp: \\w+ (called|exit)$"));
         QVERIFY(!own.isEmpty());

@@ -2,6 +2,7 @@
 #include <QRegExp>
 #include <QRegularExpression>
 
+#include "MessageLog.h"
 #include "WindowFixture.h"
 
 // What the window makes of a set of groups that cannot be read to its end, and how its sources log.

@@ -3,6 +3,7 @@
 #include <QSplitter>
 #include <QVBoxLayout>
 
+#include "MessageLog.h"
 #include "WindowFixture.h"
 #include "dialogs/AddrBookWaitingDlg.h"
 #include "worker/AddrBookThread.h"

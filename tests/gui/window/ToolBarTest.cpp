@@ -2,6 +2,7 @@
 #include <QObject>
 #include <QToolButton>
 
+#include "MessageLog.h"
 #include "WindowFixture.h"
 #include "worker/AddrBookThread.h"
 

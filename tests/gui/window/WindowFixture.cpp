@@ -6,8 +6,6 @@
 #include <QPainter>
 #include <QTreeWidgetItemIterator>
 
-#include <mutex>
-
 #include "linkhand/QtCompat.h"
 
 namespace
@@ -52,15 +50,6 @@ const char* const s_szConfig = R"(<?xml version="1.0" encoding="UTF-8"?>
   </menu>
 </config>
 )";
-
-std::mutex s_mutexLines;
-QStringList s_lines;
-
-void collect(QtMsgType, const QMessageLogContext&, const QString& text)
-{
-    const std::lock_guard<std::mutex> lock(s_mutexLines);
-    s_lines << text;
-}
 
 void writeStrip(const QString& path)
 {
@@ -213,21 +202,4 @@ QAction* WindowFixture::treeAction(const QString& id) const
 QString WindowFixture::previewText() const
 {
     return in().preview()->toPlainText();
-}
-
-MessageLog::MessageLog() : m_before(qInstallMessageHandler(collect))
-{
-    const std::lock_guard<std::mutex> lock(s_mutexLines);
-    s_lines.clear();
-}
-
-MessageLog::~MessageLog()
-{
-    qInstallMessageHandler(m_before);
-}
-
-QStringList MessageLog::lines()
-{
-    const std::lock_guard<std::mutex> lock(s_mutexLines);
-    return s_lines;
 }

@@ -131,16 +131,4 @@ private:
     std::unique_ptr<AddrBookDlg> m_window;
 };
 
-// Collects Qt's messages while it lives.
-class MessageLog
-{
-public:
-    MessageLog();
-    ~MessageLog();
-    static QStringList lines();
-
-private:
-    QtMessageHandler m_before;
-};
-
 #endif // TESTS_GUI_WINDOW_WINDOWFIXTURE_H

@@ -1,26 +1,14 @@
+#include <memory>
+
 #include "LogicTest.h"
+#include "MessageLog.h"
 
 // What the lines about SDK calls say, and which of them are warnings.
 class TestLogLines : public LogicTest
 {
     Q_OBJECT
 
-    static QStringList& lines()
-    {
-        static QStringList list;
-        return list;
-    }
-    static QStringList& warnings()
-    {
-        static QStringList list;
-        return list;
-    }
-    static void collect(QtMsgType type, const QMessageLogContext&, const QString& text)
-    {
-        (type == QtWarningMsg ? warnings() : lines()) << text;
-    }
-
-    QtMessageHandler m_before = nullptr;
+    std::unique_ptr<MessageLog> m_log;
 
 private slots:
     void initTestCase() { QLoggingCategory::setFilterRules("default.debug=true"); }
@@ -29,13 +17,11 @@ private slots:
         FakeSdk::reset();
         FakeCore::reset();
         logic();
-        lines().clear();
-        warnings().clear();
-        m_before = qInstallMessageHandler(collect);
+        m_log = std::make_unique<MessageLog>();
     }
     void cleanup()
     {
-        qInstallMessageHandler(m_before);
+        m_log.reset();
         AddrBookLogic::Destroy();
         QCOMPARE(FakeSdk::leaks(), QString());
     }
@@ -45,8 +31,8 @@ private slots:
         QList<AddrBookGroup*> groups;
         QCOMPARE(logic()->GetGroups(groups, PB_MEM_LOCAL), 1);
         QCOMPARE(logic()->IsGroupAlreadyExists(PB_MEM_LOCAL, "A", 0), 0);
-        QCOMPARE(warnings(), QStringList());
-        QCOMPARE(lines().filter("ORVA_PBSrv_AddrGroupSet_MoveFirst returned -1").size(), 2);
+        QCOMPARE(MessageLog::warnings(), QStringList());
+        QCOMPARE(MessageLog::lines().filter("ORVA_PBSrv_AddrGroupSet_MoveFirst returned -1").size(), 2);
     }
 
     void aSetThatDoesNotMoveIsWarnedAbout()
@@ -56,7 +42,7 @@ private slots:
         QList<AddrBookGroup*> groups;
         QCOMPARE(logic()->GetGroups(groups, PB_MEM_LOCAL), 1);
         QCOMPARE(logic()->IsGroupAlreadyExists(PB_MEM_LOCAL, "B", 0), 0); // goes on to the walk
-        const QStringList found = warnings().filter("ORVA_PBSrv_AddrGroupSet_MoveFirst returned 7");
+        const QStringList found = MessageLog::warnings().filter("ORVA_PBSrv_AddrGroupSet_MoveFirst returned 7");
         QCOMPARE(found.size(), 2);
         QVERIFY2(found.at(0).contains("AddrBookLogicGroups.cpp: GetGroups: "), qPrintable(found.at(0)));
         QVERIFY2(found.at(1).contains("AddrBookLogicGroups.cpp: IsGroupAlreadyExists: "), qPrintable(found.at(1)));
@@ -71,7 +57,7 @@ private slots:
         QList<AddrBookGroup*> groups;
         QCOMPARE(logic()->GetGroups(groups, PB_MEM_LOCAL), 0);
         qDeleteAll(groups);
-        QCOMPARE(warnings(), QStringList());
+        QCOMPARE(MessageLog::warnings(), QStringList());
     }
 
     void transactionsReleasesAndWalksNameTheirCaller()
@@ -87,7 +73,7 @@ private slots:
         int id = 0;
         QCOMPARE(logic()->AddGroup(PB_MEM_LOCAL, "B", 0, id), 0);
         QCOMPARE(logic()->AddRecord(PB_MEM_LOCAL, contact("Bruno"), id), 0);
-        const QStringList found = lines().filter("ORVA_");
+        const QStringList found = MessageLog::lines().filter("ORVA_");
         QVERIFY(found.size() > 100);
         for (const QString& line : found) {
             QVERIFY2(!line.contains(".h: "), qPrintable(line));
@@ -107,8 +93,9 @@ private slots:
         FakeSdk::addRecord(PB_MEM_LOCAL, contact("Anna"));
         QList<AddrBookRecord> records;
         QCOMPARE(logic()->GetRecordInGroup(records, PB_MEM_LOCAL, 0), 0);
-        QVERIFY(!warnings().filter("GetRecordInGroup: ORVA_PBSrv_EndTransaction returned 9").isEmpty());
-        QVERIFY(!warnings().filter("GetRecordInGroup: ORVA_PBSrv_AddrRecordSet_Release returned 8").isEmpty());
+        QVERIFY(!MessageLog::warnings().filter("GetRecordInGroup: ORVA_PBSrv_EndTransaction returned 9").isEmpty());
+        QVERIFY(
+            !MessageLog::warnings().filter("GetRecordInGroup: ORVA_PBSrv_AddrRecordSet_Release returned 8").isEmpty());
     }
 };
 

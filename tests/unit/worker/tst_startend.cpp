@@ -2,19 +2,13 @@
 
 #include <thread>
 
+#include "MessageLog.h"
 #include "WorkerTest.h"
 
 // How an operation begins and ends: locks, stop requests, a thread that cannot be had, commits that fail.
 class TestStartEnd : public WorkerTest
 {
     Q_OBJECT
-
-    static QStringList s_warnings;
-    static void collect(QtMsgType type, const QMessageLogContext&, const QString& text)
-    {
-        if (type == QtWarningMsg)
-            s_warnings << text;
-    }
 
 private slots:
     // ---- Locks -----------------------------------------------------------------------------------------------------
@@ -184,23 +178,19 @@ private slots:
         AddrBookThread worker;
         const Receiver receiver(&worker);
         worker.SetOperation(ADDRBOOK_OP_DELETE, PB_MEM_SIM, WorkerTest::records(205), 0);
-        s_warnings.clear();
         QLoggingCategory::setFilterRules("default.debug=false");
-        const QtMessageHandler before = qInstallMessageHandler(collect);
+        const MessageLog log;
         const bool ended = runToEnd(worker);
-        qInstallMessageHandler(before);
         QLoggingCategory::setFilterRules("default.debug=false\ndefault.warning=false");
         QVERIFY(ended);
         QCOMPARE(receiver.results.size(), 205);
-        const QStringList lost = s_warnings.filter("may be lost");
+        const QStringList lost = MessageLog::warnings().filter("may be lost");
         QCOMPARE(lost.size(), records > 0 ? 1 : 0);
         if (records > 0)
             QVERIFY2(lost.first().contains(QString("the last %1 record(s) of memory 0").arg(records)),
                      qPrintable(lost.first()));
     }
 };
-
-QStringList TestStartEnd::s_warnings;
 
 QTEST_GUILESS_MAIN(TestStartEnd)
 #include "tst_startend.moc"
