@@ -4,6 +4,8 @@
 #include <QTextCodec>
 #include <QVariant>
 
+#include "logic/CaselessText.h"
+
 namespace
 {
 // Asked for once: a lookup takes a lock and walks all codecs, and a sort of 50,000 rows compares nearly a million
@@ -130,6 +132,16 @@ bool UITableItem::operator<(const QTableWidgetItem& other) const
         }
     }
     return lessThan(displayText(), other.data(Qt::DisplayRole).toString(), systemCodec());
+}
+
+bool UITableItem::Holds(const QTableWidgetItem* pitem, const CaselessText& text)
+{
+    if (pitem->type() == s_iType) {
+        const UITableItem* pcell = static_cast<const UITableItem*>(pitem);
+        if (pcell->m_bOwnValues)
+            return text.IsIn(pcell->m_strText);
+    }
+    return text.IsIn(pitem->text());
 }
 
 bool UITableItem::lessThan(const QString& strA, const QString& strB, const QTextCodec* pcodec)

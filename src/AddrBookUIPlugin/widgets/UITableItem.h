@@ -4,6 +4,7 @@
 #include <QString>
 #include <QTableWidgetItem>
 
+class CaselessText;
 class QTextCodec;
 
 // A cell or a header item of the contact table: a plain item with the sort rule of the phonebook. A cell's own values
@@ -21,6 +22,9 @@ public:
     bool operator<(const QTableWidgetItem& other) const override;
     QVariant data(int iRole) const override;
     void setData(int iRole, const QVariant& value) override;
+
+    // Whether the item's text holds another; for any item, and quick for a cell.
+    static bool Holds(const QTableWidgetItem* pitem, const CaselessText& text);
 
     // The rule itself. Case counts only between texts that are otherwise the same. With a codec, texts are compared as
     // the bytes it gives, without one (null) as Unicode.

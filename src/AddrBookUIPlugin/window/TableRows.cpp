@@ -1,5 +1,6 @@
 #include "window/TableRows.h"
 
+#include <QBitArray>
 #include <QHeaderView>
 #include <QStandardItemModel>
 #include <QTableWidget>
@@ -11,6 +12,7 @@
 #include <utility>
 
 #include "linkhand/core/CommonUtils.h"
+#include "logic/CaselessText.h"
 #include "logic/ItemData.h"
 #include "widgets/QuietModel.h"
 #include "widgets/UITableItem.h"
@@ -40,12 +42,12 @@ private:
     QStandardItemModel m_empty;
 };
 
-bool holds(const QTableWidget* ptable, int iRow, const QString& strText)
+bool holds(const QTableWidget* ptable, int iRow, const CaselessText& text)
 {
     const int iColumns = ptable->columnCount();
     for (int iColumn = 0; iColumn < iColumns; ++iColumn) {
         const QTableWidgetItem* pitem = ptable->item(iRow, iColumn);
-        if (pitem != nullptr && pitem->text().contains(strText, Qt::CaseInsensitive))
+        if (pitem != nullptr && UITableItem::Holds(pitem, text))
             return true;
     }
     return false;
@@ -72,8 +74,9 @@ void remove(QTableWidget* ptable, int iFirst, int iLast)
     ptable->model()->removeRows(iFirst, iLast - iFirst + 1);
 }
 
-// The rows in the order in which their cells lie in memory. Freed in that order, the blocks of a large table join up
-// again; in the order of a sorted table the allocator spends longer on it than the whole fill took.
+// The rows in the order in which their cells lie in memory. Looked at in that order, those of a large table are there
+// before they are asked for; freed in that order, their blocks join up again. In the order of a sorted table either
+// takes longer than the whole fill took.
 QVector<int> rowsByAge(const QTableWidget* ptable)
 {
     QVector<std::pair<const QTableWidgetItem*, int>> lstFirst;
@@ -86,6 +89,24 @@ QVector<int> rowsByAge(const QTableWidget* ptable)
     for (int i = 0; i < lstFirst.size(); ++i)
         lstRows.append(lstFirst.at(i).second);
     return lstRows;
+}
+
+// The rows without a cell that holds the text. Where nothing is selected, so that nobody looks at a row on the way,
+// they are emptied at once.
+QBitArray rowsWithout(QTableWidget* ptable, const QString& strText)
+{
+    const bool bAtOnce = !ptable->selectionModel()->hasSelection();
+    const QuietModel quiet(ptable);
+    QBitArray goes(ptable->rowCount());
+    const CaselessText text(strText);
+    foreach (int iRow, rowsByAge(ptable)) {
+        if (holds(ptable, iRow, text))
+            continue;
+        goes.setBit(iRow);
+        if (bAtOnce)
+            empty(ptable, iRow);
+    }
+    return goes;
 }
 } // namespace
 
@@ -168,18 +189,16 @@ void TableRows::narrow(QTableWidget* ptable, const QString& strText)
 {
     if (ptable == nullptr)
         return;
+    const QBitArray goes = rowsWithout(ptable, strText);
     const DetachedHeader detached(ptable);
-    int iLast = ptable->rowCount() - 1;
-    while (iLast >= 0) {
-        if (holds(ptable, iLast, strText)) {
-            --iLast;
+    for (int iLast = goes.size() - 1; iLast >= 0; --iLast) {
+        if (!goes.testBit(iLast))
             continue;
-        }
         int iFirst = iLast;
-        while (iFirst > 0 && !holds(ptable, iFirst - 1, strText))
+        while (iFirst > 0 && goes.testBit(iFirst - 1))
             --iFirst;
         remove(ptable, iFirst, iLast);
-        iLast = iFirst - 1;
+        iLast = iFirst;
     }
 }
 
