@@ -38,7 +38,6 @@ class AddrBookSelectContactsDlg;
 class AddrBookTableWidget;
 class AddrBookWaitingDlg;
 class ChoosePhoneNumber;
-struct ExportChoice;
 class GridDelegate;
 class PBTreeWidget;
 class UITableItem;
@@ -100,8 +99,10 @@ private:
     void readRadio();
     void retranslateHeader();
     void retranslateToolBar();
-    void removeSimNode(const char* szLog);
-    void removeDeviceNode(const char* szLog, unsigned int uiMsg);
+    void removeMemoryNode(QTreeWidgetItem*& pitem, _ORVA_EN_PHONEBOOK_MEMORY enType, const char* szLog,
+                          unsigned int uiMsg);
+    void removeSimNode();
+    void showReadyMemory(QTreeWidgetItem*& pitem, _ORVA_EN_PHONEBOOK_MEMORY enType);
     bool isOnline() const { return m_bNetConnected && !m_bRFOff; }
 
     // ---- Tree and groups (AddrBookDlgTree.cpp, ...TreeWidth.cpp, ...Groups.cpp) -------------------------------------
@@ -198,7 +199,6 @@ private:
     bool tableHoldsFocus() const;
     void clearTable(AddrBookTableWidget* pTable);
     void showNoRecord();
-    QString noRecordText() const;
     void enableForPreview();
     void disableSelectionItems();
 
@@ -334,7 +334,6 @@ private:
     bool stopAtFullMemory();
     AddrBookWaitingDlg* openWaitingDialog(const char* pTextId, int iSteps, bool bReading);
     void dropWaitingDialog();
-    ExportChoice exportChoice(_ADDRBOOK_OPERATION_TYPE enOperation) const;
     void finishReading(int iResult, _ORVA_EN_PHONEBOOK_MEMORY enMemory, const QList<AddrBookRecord>& lstRecords,
                        int iGroupId);
     void importFromApplication(const char* pActionId, const char* pSource, bool& bUsable);
