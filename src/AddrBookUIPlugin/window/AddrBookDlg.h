@@ -1,8 +1,6 @@
 #ifndef ADDRBOOKUIPLUGIN_ADDRBOOKDLG_H
 #define ADDRBOOKUIPLUGIN_ADDRBOOKDLG_H
 
-#include <QIcon>
-#include <QKeySequence>
 #include <QList>
 #include <QPointer>
 #include <QString>
@@ -11,36 +9,15 @@
 #include "linkhand/core/QBuildMenu.h"
 #include "linkhand/core/ToolBarLogic.h"
 #include "linkhand/plugin/IAddrBookUIPlugin.h"
-#include "linkhand/plugin/IDeviceMgr.h"
-#include "linkhand/plugin/IPluginContainer.h"
 #include "logic/AddrBookTypes.h"
 #include "window/AddrBookBatch.h"
+#include "window/AddrBookDlgFwd.h"
 #include "window/Capacity.h"
 #include "window/MenuEntries.h"
 #include "window/SavedRecords.h"
 #include "window/TableSearch.h"
 #include "window/UsageFile.h"
 #include "worker/AddrBookThread.h"
-
-class QAction;
-class QMenu;
-class QShortcut;
-class QSplitter;
-class QTableWidget;
-class QTableWidgetItem;
-class QTextBrowser;
-class QTreeWidgetItem;
-class QVBoxLayout;
-
-class AddrBookEditDlg;
-class AddrBookLogic;
-class AddrBookSelectContactsDlg;
-class AddrBookTableWidget;
-class AddrBookWaitingDlg;
-class ChoosePhoneNumber;
-class GridDelegate;
-class PBTreeWidget;
-class UITableItem;
 
 // The phonebook window: tree on the left; tool bar, contact table and preview on the right. The host re-parents it into
 // its page. All runs on the user-interface thread; workers and SDK events reach it as queued signals. One .cpp a
