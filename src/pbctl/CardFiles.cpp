@@ -18,6 +18,7 @@
 #include "base/Failure.h"
 #include "base/Files.h"
 #include "base/OldFile.h"
+#include "base/Unicode.h"
 #include "orva/orva_store.h"
 #include "vcard/CardContact.h"
 #include "vcard/CardReader.h"
@@ -45,17 +46,6 @@ std::string* placeOf(const std::string& key, orva::CardContact& contact)
         if (key == place.first)
             return place.second;
     return nullptr;
-}
-
-// Cuts a text to a number of units, or to one less where that would split a pair of surrogates. False if it fits.
-bool cut(std::u16string& text, std::size_t units)
-{
-    if (text.size() <= units)
-        return false;
-    text.resize(units);
-    if (!text.empty() && (text.back() & 0xFC00) == 0xD800)
-        text.pop_back();
-    return true;
 }
 
 // Takes cards into the phonebook and keeps count.
@@ -164,8 +154,10 @@ private:
                 keepNumber(m_fields[i].key, values[i], contact);
             else if (m_fields[i].kind == "Email" && !orva::isEmailText(values[i]))
                 keep("EMAIL", {}, values[i], contact);
-            else if (!number && cut(values[i], room))
+            else if (!number && values[i].size() > room) {
+                values[i].resize(orva::cutLength(values[i], room));
                 lost.push_back("end of " + m_fields[i].key);
+            }
         }
         return values;
     }

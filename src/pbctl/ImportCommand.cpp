@@ -15,6 +15,7 @@
 #include "Sdk.h"
 #include "Spool.h"
 #include "base/Failure.h"
+#include "base/Unicode.h"
 #include "csv/MadeUpColumns.h"
 #include "csv/RowReader.h"
 #include "csv/Titles.h"
@@ -74,15 +75,6 @@ std::vector<int> mapFor(const Arguments& arguments, const std::vector<Field>& fi
     return map;
 }
 
-// Cuts a text to a number of units, or to one less where that would split a pair of surrogates.
-void cut(std::u16string& text, std::size_t units)
-{
-    if (units >= text.size())
-        return;
-    const bool splitsPair = units > 0 && (text[units - 1] & 0xFC00) == 0xD800 && (text[units] & 0xFC00) == 0xDC00;
-    text.resize(splitsPair ? units - 1 : units);
-}
-
 // Cuts a name so that the memory takes it. The fields that were cut.
 std::vector<std::size_t> fitName(int memory, const std::vector<Field>& fields, std::vector<std::u16string>& values)
 {
@@ -90,16 +82,17 @@ std::vector<std::size_t> fitName(int memory, const std::vector<Field>& fields, s
     for (std::size_t i = 0; i < fields.size(); ++i) {
         if (fields[i].kind != "Name")
             continue;
-        const std::size_t whole = values[i].size();
+        std::u16string& name = values[i];
+        const std::size_t whole = name.size();
         // No text counts less than its units.
-        cut(values[i], static_cast<std::size_t>(std::max(fields[i].maxLength, 0)));
+        name.resize(orva::cutLength(name, static_cast<std::size_t>(std::max(fields[i].maxLength, 0))));
         short length = 0;
-        while (memory == ORVA_MEMORY_CARD && !values[i].empty() &&
-               ORVA_PBSrv_PBContentCodingJudge(units(values[i]), static_cast<short>(values[i].size()), true, false,
-                                               &length) == ORVA_OK &&
+        while (memory == ORVA_MEMORY_CARD && !name.empty() &&
+               ORVA_PBSrv_PBContentCodingJudge(units(name), static_cast<short>(name.size()), true, false, &length) ==
+                   ORVA_OK &&
                length > fields[i].maxLength)
-            cut(values[i], values[i].size() - 1);
-        if (values[i].size() < whole)
+            name.resize(orva::cutLength(name, name.size() - 1));
+        if (name.size() < whole)
             found.push_back(i);
     }
     return found;

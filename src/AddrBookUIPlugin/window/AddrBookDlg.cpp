@@ -258,8 +258,8 @@ void AddrBookDlg::SetLanguage()
     ToolBarLogic::ChangeToolBarIconDirection(addrBookPluginName(), m_listToolItems, m_bRightToLeft, &m_plabelToolBar);
     supportShortcutsKeys();
     setMenuShortCuts();
-    if (m_plabelPreview != nullptr && m_bPreviewEmpty)
-        m_plabelPreview->setText(noRecordText());
+    if (m_bPreviewEmpty)
+        showNoRecord();
     const QPointer<AddrBookDlg> pSelf(this);
     CloseEditor();
     // Its box about a name may have outlived the window.

@@ -1,8 +1,6 @@
 #ifndef ADDRBOOKUIPLUGIN_ADDRBOOKDLG_H
 #define ADDRBOOKUIPLUGIN_ADDRBOOKDLG_H
 
-#include <QIcon>
-#include <QKeySequence>
 #include <QList>
 #include <QPointer>
 #include <QString>
@@ -11,37 +9,15 @@
 #include "linkhand/core/QBuildMenu.h"
 #include "linkhand/core/ToolBarLogic.h"
 #include "linkhand/plugin/IAddrBookUIPlugin.h"
-#include "linkhand/plugin/IDeviceMgr.h"
-#include "linkhand/plugin/IPluginContainer.h"
 #include "logic/AddrBookTypes.h"
 #include "window/AddrBookBatch.h"
+#include "window/AddrBookDlgFwd.h"
 #include "window/Capacity.h"
 #include "window/MenuEntries.h"
 #include "window/SavedRecords.h"
 #include "window/TableSearch.h"
 #include "window/UsageFile.h"
 #include "worker/AddrBookThread.h"
-
-class QAction;
-class QMenu;
-class QShortcut;
-class QSplitter;
-class QTableWidget;
-class QTableWidgetItem;
-class QTextBrowser;
-class QTreeWidgetItem;
-class QVBoxLayout;
-
-class AddrBookEditDlg;
-class AddrBookLogic;
-class AddrBookSelectContactsDlg;
-class AddrBookTableWidget;
-class AddrBookWaitingDlg;
-class ChoosePhoneNumber;
-struct ExportChoice;
-class GridDelegate;
-class PBTreeWidget;
-class UITableItem;
 
 // The phonebook window: tree on the left; tool bar, contact table and preview on the right. The host re-parents it into
 // its page. All runs on the user-interface thread; workers and SDK events reach it as queued signals. One .cpp a
@@ -100,8 +76,10 @@ private:
     void readRadio();
     void retranslateHeader();
     void retranslateToolBar();
-    void removeSimNode(const char* szLog);
-    void removeDeviceNode(const char* szLog, unsigned int uiMsg);
+    void removeMemoryNode(QTreeWidgetItem*& pitem, _ORVA_EN_PHONEBOOK_MEMORY enType, const char* szLog,
+                          unsigned int uiMsg);
+    void removeSimNode();
+    void showReadyMemory(QTreeWidgetItem*& pitem, _ORVA_EN_PHONEBOOK_MEMORY enType);
     bool isOnline() const { return m_bNetConnected && !m_bRFOff; }
 
     // ---- Tree and groups (AddrBookDlgTree.cpp, ...TreeWidth.cpp, ...Groups.cpp) -------------------------------------
@@ -198,7 +176,6 @@ private:
     bool tableHoldsFocus() const;
     void clearTable(AddrBookTableWidget* pTable);
     void showNoRecord();
-    QString noRecordText() const;
     void enableForPreview();
     void disableSelectionItems();
 
@@ -334,7 +311,6 @@ private:
     bool stopAtFullMemory();
     AddrBookWaitingDlg* openWaitingDialog(const char* pTextId, int iSteps, bool bReading);
     void dropWaitingDialog();
-    ExportChoice exportChoice(_ADDRBOOK_OPERATION_TYPE enOperation) const;
     void finishReading(int iResult, _ORVA_EN_PHONEBOOK_MEMORY enMemory, const QList<AddrBookRecord>& lstRecords,
                        int iGroupId);
     void importFromApplication(const char* pActionId, const char* pSource, bool& bUsable);

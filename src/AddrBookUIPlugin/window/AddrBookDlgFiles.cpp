@@ -22,6 +22,14 @@ namespace
 const char* const OUTLOOK = "Outlook";
 const char* const OUTLOOK_EXPRESS = "Outlook Express";
 
+ExportChoice exportChoice(const AddrBookDlg& dlg, AddrBookTableWidget* ptable, _ADDRBOOK_OPERATION_TYPE enOperation)
+{
+    _ORVA_EN_PHONEBOOK_MEMORY enMemory = PB_MEM_LOCAL;
+    int iGroupId = 0;
+    dlg.getGroupId(enMemory, iGroupId);
+    return ExportChoice::of(ptable, enOperation, enMemory, iGroupId);
+}
+
 } // namespace
 
 void AddrBookDlg::OnClickImport()
@@ -176,14 +184,14 @@ void AddrBookDlg::OnClickExportAllContacts()
 void AddrBookDlg::showFileDialog()
 {
     const QPointer<AddrBookDlg> pSelf(this);
-    const ExportChoice choice = exportChoice(m_enOperation);
+    const ExportChoice choice = exportChoice(*this, m_ptableContacts, m_enOperation);
     const QString strFile =
         FileDialogs::save(this, tr(QLatin1String("Save As")), ContactFile::startPath(), ContactFile::filter());
     if (pSelf.isNull() || strFile.isNull())
         return;
     // The end of a batch has taken it back while the dialog was open.
     m_enOperation = choice.enOperation;
-    choice.followedBy(exportChoice(choice.enOperation))
+    choice.followedBy(exportChoice(*this, m_ptableContacts, choice.enOperation))
         .writeTo(ContactFile::withExtension(strFile), m_pAddrBookLogic, this);
 }
 
@@ -194,14 +202,6 @@ void AddrBookDlg::OnFileSelected(QString strFile)
 
 bool AddrBookDlg::saveToFile(QString strFile)
 {
-    exportChoice(m_enOperation).writeTo(strFile, m_pAddrBookLogic, this);
+    exportChoice(*this, m_ptableContacts, m_enOperation).writeTo(strFile, m_pAddrBookLogic, this);
     return true;
-}
-
-ExportChoice AddrBookDlg::exportChoice(_ADDRBOOK_OPERATION_TYPE enOperation) const
-{
-    _ORVA_EN_PHONEBOOK_MEMORY enMemory = PB_MEM_LOCAL;
-    int iGroupId = 0;
-    getGroupId(enMemory, iGroupId);
-    return ExportChoice::of(m_ptableContacts, enOperation, enMemory, iGroupId);
 }

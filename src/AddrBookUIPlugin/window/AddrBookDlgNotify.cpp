@@ -3,6 +3,7 @@
 #include "dialogs/AddrBookSelectContactsDlg.h"
 #include "linkhand/core/Startup.h"
 #include "linkhand/plugin/Codes.h"
+#include "linkhand/plugin/IDeviceMgr.h"
 #include "logic/AddrBookLogic.h"
 #include "logic/Log.h"
 #include "window/AddrBookDlg.h"

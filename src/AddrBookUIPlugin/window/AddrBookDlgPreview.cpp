@@ -8,16 +8,19 @@
 #include "window/AddrBookDlg.h"
 #include "window/ToolItemIds.h"
 
-QString AddrBookDlg::noRecordText() const
+namespace
 {
-    return QLatin1String("<HTML>") + tr(QLatin1String("IDS_NORECORDSELECT")) + QLatin1String("<HTML/>");
+QString noRecordText(const AddrBookDlg& dlg)
+{
+    return QLatin1String("<HTML>") + dlg.tr(QLatin1String("IDS_NORECORDSELECT")) + QLatin1String("<HTML/>");
 }
+} // namespace
 
 void AddrBookDlg::showNoRecord()
 {
     m_bPreviewEmpty = true;
     if (m_plabelPreview != nullptr)
-        m_plabelPreview->setText(noRecordText());
+        m_plabelPreview->setText(noRecordText(*this));
 }
 
 // What needs a selection, with none.
@@ -46,7 +49,7 @@ void AddrBookDlg::OnTableClicked(int iRow, int iColumn)
         constructPreview(iRow, iCount, strText, pData);
     } else {
         m_bPreviewEmpty = true;
-        strText = noRecordText();
+        strText = noRecordText(*this);
         if (tableSelectionStatus() == ADDRBOOK_ENABLE_TABLE_NONE)
             disableSelectionItems();
     }
@@ -62,7 +65,7 @@ void AddrBookDlg::constructPreview(int iRow, int iColumnCount, QString& strText,
         return;
     m_bPreviewEmpty = false;
     if (iRow < 0 || pData == nullptr) {
-        strText += noRecordText();
+        strText += noRecordText(*this);
         return;
     }
     QList<QString> lstValues;

@@ -4,6 +4,7 @@
 #include "linkhand/core/Startup.h"
 #include "linkhand/plugin/Codes.h"
 #include "linkhand/plugin/IMMSUIPlugin.h"
+#include "linkhand/plugin/IPluginContainer.h"
 #include "linkhand/plugin/ISMSUIService.h"
 #include "logic/AddrBookLogic.h"
 #include "logic/Log.h"

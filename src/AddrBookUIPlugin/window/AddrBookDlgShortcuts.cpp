@@ -1,6 +1,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QKeyEvent>
+#include <QKeySequence>
 #include <QShortcut>
 
 #include "linkhand/plugin/Codes.h"

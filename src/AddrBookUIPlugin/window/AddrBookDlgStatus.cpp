@@ -20,26 +20,21 @@ void AddrBookDlg::getUpdateDeviceAndSimNode()
     updateDeviceAndSimNode(true);
 }
 
-void AddrBookDlg::removeSimNode(const char* szLog)
+void AddrBookDlg::removeMemoryNode(QTreeWidgetItem*& pitem, _ORVA_EN_PHONEBOOK_MEMORY enType, const char* szLog,
+                                   unsigned int uiMsg)
 {
-    if (m_pitemSimTreeWidgetItem == nullptr || m_ptreePhonebook == nullptr)
+    if (pitem == nullptr || m_ptreePhonebook == nullptr)
         return;
     ADDRBOOK_LOG("%s", szLog);
-    removeTreeItem(m_ptreePhonebook->invisibleRootItem(), m_pitemSimTreeWidgetItem);
-    broadcastMsg(PHONEBOOK_CARD_NODE, 0, 0);
-    m_pitemSimTreeWidgetItem = nullptr;
-    m_batch.cancelOn(PB_MEM_SIM);
+    removeTreeItem(m_ptreePhonebook->invisibleRootItem(), pitem);
+    broadcastMsg(uiMsg, 0, 0);
+    pitem = nullptr;
+    m_batch.cancelOn(enType);
 }
 
-void AddrBookDlg::removeDeviceNode(const char* szLog, unsigned int uiMsg)
+void AddrBookDlg::removeSimNode()
 {
-    if (m_pitemDeviceTreeWidgetItem == nullptr || m_ptreePhonebook == nullptr)
-        return;
-    ADDRBOOK_LOG("%s", szLog);
-    removeTreeItem(m_ptreePhonebook->invisibleRootItem(), m_pitemDeviceTreeWidgetItem);
-    broadcastMsg(uiMsg, 0, 0);
-    m_pitemDeviceTreeWidgetItem = nullptr;
-    m_batch.cancelOn(PB_MEM_ME);
+    removeMemoryNode(m_pitemSimTreeWidgetItem, PB_MEM_SIM, "Sim Node removed", PHONEBOOK_CARD_NODE);
 }
 
 void AddrBookDlg::OnDeviceStatusChanged(bool isDeviceConnected)
@@ -57,8 +52,8 @@ void AddrBookDlg::OnDeviceStatusChanged(bool isDeviceConnected)
     QTreeWidgetItem* pCurrent = m_ptreePhonebook != nullptr ? m_ptreePhonebook->currentItem() : nullptr;
     if (pCurrent != nullptr && (pCurrent == m_pitemSimTreeWidgetItem || pCurrent == m_pitemDeviceTreeWidgetItem))
         OnTreeClicked(m_pitemLocalTreeWidgetItem);
-    removeSimNode("Sim Node removed");
-    removeDeviceNode("Device Node removed", PHONEBOOK_DEVICE_NODE);
+    removeSimNode();
+    removeMemoryNode(m_pitemDeviceTreeWidgetItem, PB_MEM_ME, "Device Node removed", PHONEBOOK_DEVICE_NODE);
     m_pitemCurrentTreeWidgetItem = nullptr;
     tell(m_pdlgSelectContacts, isDeviceConnected);
 }
@@ -96,38 +91,37 @@ void AddrBookDlg::OnSimDisabled(bool bIsSimDisabled)
     if (m_ptreePhonebook != nullptr && m_pitemSimTreeWidgetItem != nullptr &&
         m_ptreePhonebook->currentItem() == m_pitemSimTreeWidgetItem)
         OnTreeClicked(m_pitemLocalTreeWidgetItem);
-    removeSimNode("Sim Node removed");
+    removeSimNode();
 }
 
 void AddrBookDlg::OnSysmodeChanged()
 {
     if (m_ptreePhonebook != nullptr && m_ptreePhonebook->currentItem() != m_pitemLocalTreeWidgetItem)
         OnTreeClicked(m_pitemLocalTreeWidgetItem);
-    removeSimNode("Sim Node removed");
+    removeSimNode();
     // Receivers know the change of system mode by the card's code coming twice.
-    removeDeviceNode("NV Node removed", PHONEBOOK_CARD_NODE);
+    removeMemoryNode(m_pitemDeviceTreeWidgetItem, PB_MEM_ME, "NV Node removed", PHONEBOOK_CARD_NODE);
 }
 
 void AddrBookDlg::OnAddrBookSimReady()
 {
-    if (m_pitemSimTreeWidgetItem == nullptr)
-        updateDeviceAndSimNode(true);
-    setNodeText(m_pitemSimTreeWidgetItem, PB_MEM_SIM, true);
-    m_pitemCurrentTreeWidgetItem = nullptr;
-    if (m_ptreePhonebook != nullptr && m_pitemSimTreeWidgetItem != nullptr &&
-        m_ptreePhonebook->currentItem() == m_pitemSimTreeWidgetItem)
-        OnTreeClicked(m_pitemSimTreeWidgetItem);
+    showReadyMemory(m_pitemSimTreeWidgetItem, PB_MEM_SIM);
 }
 
 void AddrBookDlg::OnAddrBookDeviceReady()
 {
-    if (m_pitemDeviceTreeWidgetItem == nullptr)
+    showReadyMemory(m_pitemDeviceTreeWidgetItem, PB_MEM_ME);
+}
+
+// The node comes with the first look at the memory if it was not there.
+void AddrBookDlg::showReadyMemory(QTreeWidgetItem*& pitem, _ORVA_EN_PHONEBOOK_MEMORY enType)
+{
+    if (pitem == nullptr)
         updateDeviceAndSimNode(true);
-    setNodeText(m_pitemDeviceTreeWidgetItem, PB_MEM_ME, true);
+    setNodeText(pitem, enType, true);
     m_pitemCurrentTreeWidgetItem = nullptr;
-    if (m_ptreePhonebook != nullptr && m_pitemDeviceTreeWidgetItem != nullptr &&
-        m_ptreePhonebook->currentItem() == m_pitemDeviceTreeWidgetItem)
-        OnTreeClicked(m_pitemDeviceTreeWidgetItem);
+    if (m_ptreePhonebook != nullptr && pitem != nullptr && m_ptreePhonebook->currentItem() == pitem)
+        OnTreeClicked(pitem);
 }
 
 void AddrBookDlg::OnAddrBookReady() {}

@@ -1,6 +1,7 @@
 #include <QButtonGroup>
 #include <QFile>
 #include <QHBoxLayout>
+#include <QKeySequence>
 #include <QMenu>
 #include <QToolButton>
 #include <QXmlStreamReader>

@@ -1,4 +1,5 @@
 #include <QHeaderView>
+#include <QIcon>
 #include <QSplitter>
 #include <QTreeWidgetItemIterator>
 

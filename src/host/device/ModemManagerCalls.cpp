@@ -67,15 +67,7 @@ bool ModemManagerCalls::Dial(const QString& strNumber)
     if (strDialled.isEmpty() || m_bInCall || !m_link.Status().bCalls || !m_link.Status().bRegistered) {
         return false;
     }
-    ++m_iCall;
-    m_bInCall = true;
-    m_bIncoming = false;
-    m_bHangingUp = false;
-    m_strNumber = strDialled;
-    m_begun = QDateTime::currentDateTime();
-    m_active.invalidate();
-    emit callStarted(m_strNumber, HOST_CALL_VOICE);
-    progress(HOST_CALL_DIALLING);
+    begin(strDialled, HOST_CALL_DIALLING);
     QVariantMap properties;
     properties.insert(QLatin1String("number"), m_strNumber);
     watch(m_link.Call(m_link.ModemPath(), "Modem.Voice", "CreateCall", QVariantList() << properties),
@@ -222,16 +214,8 @@ void ModemManagerCalls::OnRead(QDBusPendingCallWatcher* pWatcher)
     }
     const QString strNumber = reply.value().value(QLatin1String("Number")).toString();
     if (!m_bInCall) {
-        ++m_iCall;
-        m_bInCall = true;
-        m_bIncoming = true;
-        m_bHangingUp = false;
-        m_strNumber = strNumber;
         m_strPath = strPath;
-        m_begun = QDateTime::currentDateTime();
-        m_active.invalidate();
-        emit callStarted(m_strNumber, HOST_CALL_VOICE);
-        progress(HOST_CALL_INCOMING);
+        begin(strNumber, HOST_CALL_INCOMING);
     } else {
         m_store.AddCall(strNumber, HOST_CALL_VOICE, QDateTime::currentDateTime(), 0);
     }
@@ -268,6 +252,19 @@ void ModemManagerCalls::OnStateChanged(const QString& strPath, int iState, int i
     default:
         break;
     }
+}
+
+void ModemManagerCalls::begin(const QString& strNumber, int iProgress)
+{
+    ++m_iCall;
+    m_bInCall = true;
+    m_bIncoming = iProgress == HOST_CALL_INCOMING;
+    m_bHangingUp = false;
+    m_strNumber = strNumber;
+    m_begun = QDateTime::currentDateTime();
+    m_active.invalidate();
+    emit callStarted(m_strNumber, HOST_CALL_VOICE);
+    progress(iProgress);
 }
 
 void ModemManagerCalls::progress(int iProgress)

@@ -55,6 +55,7 @@ private slots:
     void OnStateChanged(const QString& strPath, int iState, int iReason);
 
 private:
+    void begin(const QString& strNumber, int iProgress);
     void progress(int iProgress);
     void end(int iProgress, const QString& strDetail = QString());
     int endOf(int iReason) const;

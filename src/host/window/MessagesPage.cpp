@@ -77,10 +77,7 @@ MessagesPage::MessagesPage(MessageStore& outbox, IPluginContainer& container, Mo
     m_pPreview->setObjectName(QLatin1String("linkhand_Messages_preview"));
 
     m_pHint->setWordWrap(true);
-    m_pList->setColumnCount(COLUMN_COUNT);
-    m_pList->setRootIsDecorated(false);
-    m_pList->setUniformRowHeights(true);
-    m_pList->setAlternatingRowColors(true);
+    prepareList();
 
     QHBoxLayout* pBar = new QHBoxLayout;
     pBar->addWidget(m_pTitle, 1);
@@ -112,6 +109,14 @@ MessagesPage::MessagesPage(MessageStore& outbox, IPluginContainer& container, Mo
         connect(m_pModem, SIGNAL(statusChanged()), this, SLOT(OnSelectionChanged()));
         connect(m_pModem, SIGNAL(messageFinished(int)), this, SLOT(OnOutboxChanged()));
     }
+}
+
+void MessagesPage::prepareList()
+{
+    m_pList->setColumnCount(COLUMN_COUNT);
+    m_pList->setRootIsDecorated(false);
+    m_pList->setUniformRowHeights(true);
+    m_pList->setAlternatingRowColors(true);
     m_pList->setItemDelegateForColumn(COLUMN_TO, new NumberDelegate(m_pList));
     m_pList->setColumnWidth(COLUMN_KIND, 70);
     m_pList->setColumnWidth(COLUMN_TO, isReal() ? 160 : 220); // one number each, or all of a message

@@ -45,6 +45,7 @@ private:
     int currentId() const;
     bool isReal() const;
     bool canSend(const StoredMessage& stored) const;
+    void prepareList();
     void sizeColumns();
     QString stateText(const StoredMessage& stored) const;
     void report(const char* pszId);

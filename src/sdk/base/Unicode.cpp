@@ -162,6 +162,14 @@ bool appendUtf16(std::string_view text, std::u16string& out)
     return length != std::string_view::npos;
 }
 
+std::size_t cutLength(std::u16string_view text, std::size_t units)
+{
+    if (text.size() <= units)
+        return text.size();
+    const bool splitsPair = units > 0 && (text[units - 1] & 0xFC00) == 0xD800 && (text[units] & 0xFC00) == 0xDC00;
+    return splitsPair ? units - 1 : units;
+}
+
 std::size_t utf8Piece(std::string_view text, bool* cut)
 {
     // A run of ASCII counts as one piece: nearly all of nearly every file.

@@ -21,6 +21,10 @@ std::size_t toUtf16(std::string_view text, char16_t* out);
 // Appends UTF-8 as UTF-16. False, and `out` as it was, for text that is not well-formed or holds a zero.
 bool appendUtf16(std::string_view text, std::u16string& out);
 
+// The length of UTF-16 that is cut to a number of units: one less where that would split a pair of surrogates, all of
+// it where it is not longer.
+std::size_t cutLength(std::u16string_view text, std::size_t units);
+
 // Length of the well-formed UTF-8 that `text` begins with, one sequence or a run of ASCII; 0 if it begins with none.
 // For a sequence that the end of the text cuts off, 0 and *cut set.
 std::size_t utf8Piece(std::string_view text, bool* cut = nullptr);

@@ -2,11 +2,13 @@
 
 #include <cstring>
 #include <fstream>
+#include <iterator>
 #include <strings.h>
 #include <sys/stat.h>
 
 #include "base/Failure.h"
 #include "csv/ContactRows.h"
+#include "csv/MadeUpColumns.h"
 #include "vcard/CardContact.h"
 #include "vcard/CardReader.h"
 #include "vcard/CardText.h"
@@ -65,6 +67,7 @@ std::string takeFurther(const Card& card, CardContact& contact)
     return left;
 }
 
+// In the order of fieldKeys.
 void fill(Row& row, const CardContact& contact)
 {
     const std::string& best = !contact.mobile.empty() ? contact.mobile
@@ -89,7 +92,7 @@ std::vector<std::string> cardFileTitles(const std::string& path)
     Card card;
     if (!reader.next(card))
         throw Failure(ORVA_E_FORMAT, "no card");
-    return {"Name", "Mobile", "officePhone", "homePhone", "email", "remark", "Number"};
+    return {std::begin(fieldKeys), std::end(fieldKeys)};
 }
 
 RowBlock readCardFile(const std::string& path, const Profile& profile, const int* map, const RowReader::Report& report)

@@ -27,7 +27,7 @@ std::vector<std::string> booksOf(std::string_view name)
     return {};
 }
 
-const std::string& valueFor(const AppContact& contact, const std::string& labelId, bool oneNumber)
+const std::string& valueFor(const ContactFields& contact, const std::string& labelId, bool oneNumber)
 {
     static const std::string none;
     if (labelId == "ID_STR_NAME")
@@ -68,7 +68,7 @@ RowBlock readContactApp(std::string_view name, const Profile& profile, const int
     int number = 0;
     for (const std::string& book : books) {
         const bool evolution = name == evolutionName;
-        for (const AppContact& contact : evolution ? readEvolutionBook(book) : readThunderbirdBook(book)) {
+        for (const ContactFields& contact : evolution ? readEvolutionBook(book) : readThunderbirdBook(book)) {
             row.clear(++number);
             for (const Field& field : profile.fields())
                 row.add(valueFor(contact, field.labelId, numbers == 1));

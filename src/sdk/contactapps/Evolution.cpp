@@ -54,18 +54,18 @@ std::vector<std::string> evolutionBooks()
 }
 
 // The table's name is the folder's, so it is told by its column.
-std::vector<AppContact> readEvolutionBook(const std::string& path)
+std::vector<ContactFields> readEvolutionBook(const std::string& path)
 {
     const DatabaseCopy database(path);
     std::vector<std::string> tables;
     database.forEach("SELECT replace(m.name, '\"', '\"\"') FROM sqlite_master AS m, pragma_table_info(m.name) AS c "
                      "WHERE m.type = 'table' AND lower(c.name) = 'vcard' ORDER BY m.name",
                      [&tables](const DatabaseCopy::Columns& column) { tables.emplace_back(column(0)); });
-    std::vector<AppContact> contacts;
+    std::vector<ContactFields> contacts;
     for (const std::string& table : tables) {
         database.forEach("SELECT vcard FROM \"" + table + "\" WHERE vcard IS NOT NULL ORDER BY rowid",
                          [&contacts](const DatabaseCopy::Columns& column) {
-                             AppContact contact = readVCard(column(0));
+                             ContactFields contact = readVCard(column(0));
                              if (!contact.empty())
                                  contacts.push_back(std::move(contact));
                          });

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "contactapps/AppContact.h"
+#include "base/ContactFields.h"
 
 namespace orva
 {
@@ -13,7 +13,7 @@ namespace orva
 std::vector<std::string> evolutionBooks();
 
 // The contacts of one, in the order in which it keeps them.
-std::vector<AppContact> readEvolutionBook(const std::string& path);
+std::vector<ContactFields> readEvolutionBook(const std::string& path);
 
 } // namespace orva
 

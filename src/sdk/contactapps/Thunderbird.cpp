@@ -69,7 +69,7 @@ std::vector<std::string> profileFolders(const std::string& programFolder)
     return folders;
 }
 
-void setProperty(AppContact& contact, std::string_view name, std::string_view value)
+void setProperty(ContactFields& contact, std::string_view name, std::string_view value)
 {
     const std::array<std::pair<const char*, std::string*>, 6> places = {{{"DisplayName", &contact.name},
                                                                          {"CellularNumber", &contact.mobile},
@@ -86,14 +86,14 @@ void setProperty(AppContact& contact, std::string_view name, std::string_view va
 // alone.
 struct Card {
     std::string id;
-    AppContact fields;
+    ContactFields fields;
     std::string firstName;
     std::string lastName;
     std::string vCard;
 
-    AppContact contact() const
+    ContactFields contact() const
     {
-        AppContact made = readVCard(vCard);
+        ContactFields made = readVCard(vCard);
         setProperty(made, "DisplayName", fields.name);
         setProperty(made, "CellularNumber", fields.mobile);
         setProperty(made, "WorkPhone", fields.office);
@@ -124,13 +124,13 @@ std::string thunderbirdBook()
     return {};
 }
 
-std::vector<AppContact> readThunderbirdBook(const std::string& path)
+std::vector<ContactFields> readThunderbirdBook(const std::string& path)
 {
     const DatabaseCopy database(path);
-    std::vector<AppContact> contacts;
+    std::vector<ContactFields> contacts;
     Card card;
     const auto finish = [&contacts, &card] {
-        AppContact contact = card.contact();
+        ContactFields contact = card.contact();
         if (!contact.empty())
             contacts.push_back(std::move(contact));
     };

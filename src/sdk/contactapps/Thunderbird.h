@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "contactapps/AppContact.h"
+#include "base/ContactFields.h"
 
 namespace orva
 {
@@ -14,7 +14,7 @@ namespace orva
 std::string thunderbirdBook();
 
 // Its contacts, in the order in which it keeps them.
-std::vector<AppContact> readThunderbirdBook(const std::string& path);
+std::vector<ContactFields> readThunderbirdBook(const std::string& path);
 
 } // namespace orva
 

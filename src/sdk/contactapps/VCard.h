@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-#include "contactapps/AppContact.h"
+#include "base/ContactFields.h"
 
 namespace orva
 {
@@ -11,7 +11,7 @@ namespace orva
 // Reads one vCard (2.1, 3.0 of RFC 2426 or 4.0 of RFC 6350). Anything may be missing or malformed; what cannot be read
 // is left out. The first number of a kind counts; a number without a kind takes the first place that is free. A list
 // of contacts gives an empty one.
-AppContact readVCard(std::string_view card);
+ContactFields readVCard(std::string_view card);
 
 } // namespace orva
 

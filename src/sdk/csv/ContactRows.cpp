@@ -170,8 +170,7 @@ bool FieldMap::cutNote(std::size_t units)
 {
     if (units == 0 || m_length <= units)
         return false;
-    const bool splitsPair = (m_value[units - 1] & 0xFC00) == 0xD800;
-    m_length = splitsPair ? units - 1 : units;
+    m_length = cutLength({m_value.data(), m_length}, units);
     return true;
 }
 

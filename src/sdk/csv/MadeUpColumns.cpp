@@ -55,13 +55,11 @@ std::string joinedName(std::string_view first, std::string_view middle, std::str
     return name;
 }
 
-constexpr std::string_view keys[] = {"Name", "Mobile", "officePhone", "homePhone", "email", "remark", "Number"};
-
 } // namespace
 
 MadeUpColumns::MadeUpColumns(const std::vector<std::string>& titles) : m_guess(titles), m_fileTitles(titles)
 {
-    for (const std::string_view key : keys) {
+    for (const std::string_view key : fieldKeys) {
         m_places.push_back({key});
         for (std::size_t i = 0; i < titles.size(); ++i)
             if (sameKey(titles[i], key))
@@ -87,7 +85,7 @@ MadeUpColumns::MadeUpColumns(const std::vector<std::string>& titles) : m_guess(t
 bool MadeUpColumns::isOurs() const
 {
     return std::all_of(m_fileTitles.begin(), m_fileTitles.end(), [](const std::string& title) {
-        return sameKey(title, "Groups") || std::any_of(std::begin(keys), std::end(keys),
+        return sameKey(title, "Groups") || std::any_of(std::begin(fieldKeys), std::end(fieldKeys),
                                                        [&title](std::string_view key) { return sameKey(title, key); });
     });
 }

@@ -11,6 +11,10 @@
 namespace orva
 {
 
+// The keys of the fields that columns are made for: those of the PC's phonebook, then the number of a card.
+inline constexpr std::string_view fieldKeys[] = {"Name",  "Mobile", "officePhone", "homePhone",
+                                                 "email", "remark", "Number"};
+
 /*
  * Columns that a file does not have, made of those it has: one for each field that no single column of the file feeds
  * under the field's own key. They stand behind the file's columns, under the keys of the fields.

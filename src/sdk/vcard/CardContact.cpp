@@ -121,11 +121,6 @@ void addText(Card& card, const char* name, const char* type, const std::string& 
 
 } // namespace
 
-bool CardContact::empty() const
-{
-    return name.empty() && mobile.empty() && office.empty() && home.empty() && email.empty() && note.empty();
-}
-
 CardContact contactOf(const Card& card)
 {
     CardContact contact;

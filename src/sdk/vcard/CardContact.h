@@ -4,19 +4,14 @@
 #include <string>
 #include <vector>
 
+#include "base/ContactFields.h"
 #include "vcard/Card.h"
 
 namespace orva
 {
 
-// What a card says of somebody, as far as our memories have fields for it. UTF-8.
-struct CardContact {
-    std::string name;
-    std::string mobile;
-    std::string office;
-    std::string home;
-    std::string email;
-    std::string note;
+// What a card says of somebody. UTF-8.
+struct CardContact : ContactFields {
     std::vector<std::string> groups;
 
     // The names of properties, in upper case and one for each, that say more than that.
@@ -24,9 +19,6 @@ struct CardContact {
 
     // Those properties, in the same order.
     std::vector<CardProperty> kept;
-
-    // Whether no field has anything; groups do not count.
-    bool empty() const;
 };
 
 // Takes the fields out of a card: the name from FN, else N, ORG or the e-mail address; numbers by the types of TEL

@@ -79,7 +79,6 @@ struct AddrBookDlgAccess {
     void setCorrectTreeWidth() const { d->setCorrectTreeWidth(); }
     void icon(const QString& path, int frame, QIcon& into) const { d->getImageIconFromFile(path, frame, into); }
     void updateTable(const QString& text) const { d->updateTable(text); }
-    QString noRecordText() const { return d->noRecordText(); }
     QMenu* makeSendMenu() const { return d->getSendMenu(); }
 };
 

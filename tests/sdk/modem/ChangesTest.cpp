@@ -33,17 +33,6 @@ std::string contentOf(const std::string& path)
     return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
 }
 
-int idOf(Library& library, const char* name)
-{
-    RowBlock block;
-    library.card.read(1, library.card.extent().last, 10000, block);
-    for (std::size_t i = 0; i < block.rows(); ++i) {
-        if (toUtf8(block.value(i, 0)) == name)
-            return block.id(i);
-    }
-    return 0;
-}
-
 } // namespace
 
 TEST(addedChangedAndDeletedIsOnTheCard)

@@ -24,17 +24,6 @@ struct Flow {
     bool whole; // one change: there is nothing between before and after
 };
 
-int idOf(Library& library, const char* name)
-{
-    RowBlock block;
-    library.card.read(1, library.card.extent().last, 10000, block);
-    for (std::size_t i = 0; i < block.rows(); ++i) {
-        if (toUtf8(block.value(i, 0)) == name)
-            return block.id(i);
-    }
-    return 0;
-}
-
 const Flow flows[] = {
     {"update",
      [](Library& library, const std::string&) {

@@ -154,6 +154,18 @@ struct Library {
     ModemMemory device;
 };
 
+// Of the first of that name on the card; 0 if there is none.
+inline int idOf(Library& library, const char* name)
+{
+    RowBlock block;
+    library.card.read(1, library.card.extent().last, 10000, block);
+    for (std::size_t i = 0; i < block.rows(); ++i) {
+        if (toUtf8(block.value(i, 0)) == name)
+            return block.id(i);
+    }
+    return 0;
+}
+
 inline Values values(const char* name, const char* number)
 {
     return {fromUtf8(name), fromUtf8(number)};

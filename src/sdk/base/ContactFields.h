@@ -1,13 +1,13 @@
-#ifndef SDK_CONTACTAPPS_APPCONTACT_H
-#define SDK_CONTACTAPPS_APPCONTACT_H
+#ifndef SDK_BASE_CONTACTFIELDS_H
+#define SDK_BASE_CONTACTFIELDS_H
 
 #include <string>
 
 namespace orva
 {
 
-// What a contacts application knows of somebody, as far as our memories have fields for it. UTF-8.
-struct AppContact {
+// What is known of somebody, as far as our memories have fields for it. UTF-8.
+struct ContactFields {
     std::string name;
     std::string mobile;
     std::string office;
@@ -23,4 +23,4 @@ struct AppContact {
 
 } // namespace orva
 
-#endif // SDK_CONTACTAPPS_APPCONTACT_H
+#endif // SDK_BASE_CONTACTFIELDS_H
