@@ -17,6 +17,7 @@
 #include "base/EmailText.h"
 #include "base/Failure.h"
 #include "base/Files.h"
+#include "base/Finding.h"
 #include "base/OldFile.h"
 #include "orva/orva_store.h"
 #include "vcard/CardContact.h"
@@ -300,7 +301,9 @@ int importCards(const Arguments& arguments, const std::string& file, const std::
     if (!in || in.peek() == std::ifstream::traits_type::eof())
         throw SdkError("reading " + name, in.is_open() ? ORVA_E_FORMAT : ORVA_E_NOT_FOUND);
     CardImport import(arguments, countCards(in));
-    orva::CardReader reader(in, [&import](int line, const char* what) { import.sayLine(line, what); });
+    orva::CardReader reader(in, [&import](const orva::Finding& finding) {
+        import.sayLine(finding.line, orva::findingText(finding.reason));
+    });
     orva::Card card;
     while (reader.next(card))
         import.take(card);

@@ -270,6 +270,19 @@ int store(const Arguments& arguments, const std::vector<Field>& fields, void* se
     return all && counts.joined && !source.findings.any() ? done : partlyDone;
 }
 
+// The names of groups in a column, by the lines of their rows.
+std::map<int, std::string> groupsIn(const std::string& file, int column)
+{
+    std::map<int, std::string> groups;
+    orva::RowReader reader(file, orva::RowReader::Report());
+    orva::Row row;
+    reader.next(row); // the titles
+    while (reader.next(row))
+        if (!row.column(column).empty())
+            groups.emplace(row.line(), row.column(column));
+    return groups;
+}
+
 // The titles of the columns that the fields are taken from.
 std::vector<std::string> columnsOf(const std::vector<Field>& fields, const std::vector<int>& map,
                                    const std::vector<std::string>& titles)
@@ -302,6 +315,7 @@ int importApplication(const Arguments& arguments, const std::vector<Field>& fiel
     Handle set(ORVA_PBSrv_AddrRecordSet_Release);
     check(ORVA_PBSrv_ImportFromOutlook(units(toSdk(application)), map.data(), arguments.memory(), set.out()),
           "importing from " + source.name);
+    source.findings.sayLast("contact", -1);
     return store(arguments, fields, set.get(), source);
 }
 
@@ -326,21 +340,21 @@ int runImport(const Arguments& arguments)
         orva::RowReader reader(file, orva::RowReader::Report());
         return orva::readTitles(reader);
     });
-    orva::MadeUpColumns columns(titles);
+    const orva::MadeUpColumns columns(titles);
     std::vector<int> map = mapFor(arguments, fields, titles, columns);
     Source source;
     source.name = spool.name();
     source.lines = true;
     source.columns = columnsOf(fields, map, titles);
-    CsvWalk walk{file, fields, map, titles, columns, memory == ORVA_MEMORY_LOCAL};
-    reading(spool.name(), [&] { return walk.run(source.findings); });
-    if (!arguments.has("no-groups"))
-        source.groups = std::move(walk.groups);
+    const int groupsColumn = memory == ORVA_MEMORY_LOCAL ? columns.groups() : -1;
     Handle set(ORVA_PBSrv_AddrRecordSet_Release);
     const long code = ORVA_PBSrv_ImportFromFile(units(toSdk(file)), map.data(), memory, set.out());
+    source.findings.sayLast("line", groupsColumn);
     if (code != ORVA_OK)
         source.findings.finish();
     check(code, "reading " + spool.name());
+    if (groupsColumn >= 0 && !arguments.has("no-groups"))
+        source.groups = reading(spool.name(), [&] { return groupsIn(file, groupsColumn); });
     return store(arguments, fields, set.get(), source);
 }
 

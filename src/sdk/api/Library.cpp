@@ -5,6 +5,7 @@
 #include <mutex>
 
 #include "api/Handles.h"
+#include "api/ImportFindings.h"
 #include "base/DataFolder.h"
 #include "base/Files.h"
 #include "devices/SimulatedHardware.h"
@@ -53,6 +54,7 @@ struct Library {
     }
 
     EventHub events;
+    LastImport lastImport;
     SimulatedHardware simulated; // also knows the PC's capacity
     std::unique_ptr<ModemHardware>
         modem; // null while the hardware is simulated; else the card and device below are its
@@ -197,6 +199,11 @@ ModemMemory* modemMemory(int memory)
 EventHub& events()
 {
     return library().events;
+}
+
+LastImport& lastImport()
+{
+    return library().lastImport;
 }
 
 void resetLibrary(const char* folder)

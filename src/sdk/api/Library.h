@@ -10,6 +10,7 @@ namespace orva
 
 class EventHub;
 class Hardware;
+class LastImport;
 class LocalMemory;
 class ModemHardware;
 class ModemMemory;
@@ -43,6 +44,7 @@ ModemHardware* modemHardware();
 ModemMemory* modemMemory(int memory);
 
 EventHub& events();
+LastImport& lastImport();
 
 // Commits and closes everything and forgets all handles. A null folder stands for what the environment says.
 void resetLibrary(const char* folder);

@@ -2,6 +2,7 @@
 #define SDK_CONTACTAPPS_APPCONTACT_H
 
 #include <string>
+#include <vector>
 
 namespace orva
 {
@@ -14,6 +15,9 @@ struct AppContact {
     std::string home;
     std::string email;
     std::string note;
+
+    // The names of properties that say more than that.
+    std::vector<std::string> left;
 
     bool empty() const
     {

@@ -22,6 +22,9 @@ AppContact readVCard(std::string_view text)
     contact.home = std::move(read.home);
     contact.email = std::move(read.email);
     contact.note = std::move(read.note);
+    for (std::string& name : read.left)
+        if (!sameCardName(std::string_view(name).substr(0, 12), "X-EVOLUTION-")) // its own bookkeeping
+            contact.left.push_back(std::move(name));
     return contact;
 }
 
