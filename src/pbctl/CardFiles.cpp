@@ -73,6 +73,8 @@ public:
           m_transaction(memory),
           m_room(roomIn(memory))
     {
+        if (m_dry)
+            requireWritable(memory);
     }
 
     void take(const orva::Card& card)
@@ -220,10 +222,10 @@ private:
 
     void joinGroups(int id, const std::vector<std::string>& names)
     {
-        if (m_dry)
-            return;
-        m_transaction.wrote();
-        join(m_groups, id, m_arguments.values("group"));
+        if (!m_dry) {
+            m_transaction.wrote();
+            join(m_groups, id, m_arguments.values("group"));
+        }
         if (m_arguments.has("no-groups"))
             return;
         for (const std::string& name : names)
@@ -234,7 +236,9 @@ private:
     void joinNamed(int id, const std::string& name)
     {
         try {
-            join(m_groups, id, {name});
+            requireGroupPath(name);
+            if (!m_dry)
+                join(m_groups, id, {name});
         } catch (const SdkError& error) {
             if (error.code() != ORVA_E_TOO_LONG)
                 throw;

@@ -144,7 +144,8 @@ void sayRefused(Source& source, int line, long code, const std::vector<std::size
     source.findings.say(source.place(line) + ": not taken: " + explain(code) + columns);
 }
 
-// Puts a contact into the groups that its row names. False, and said why, if a name of them is none.
+// Puts a contact into the groups that its row names, or without an identifier looks whether that would go. False, and
+// said why, if a name of them is none.
 bool joinNamed(Groups& groups, int id, Source& source, int line)
 {
     const auto names = source.groups.find(line);
@@ -154,7 +155,9 @@ bool joinNamed(Groups& groups, int id, Source& source, int line)
     for (const std::string& name : splitGroups(names->second)) {
         std::string why;
         try {
-            join(groups, id, {name});
+            requireGroupPath(name);
+            if (id != 0)
+                join(groups, id, {name});
             continue;
         } catch (const UsageError& error) {
             why = error.what();
@@ -180,6 +183,8 @@ struct Import {
           existing(given, memory, known)
     {
         counts.room = roomIn(memory);
+        if (dry)
+            requireWritable(memory);
     }
 
     const Arguments& arguments;
@@ -206,44 +211,46 @@ long storeOne(const Import& import, Contact& contact, bool isNew)
     return failure;
 }
 
-// Makes a contact fit for its memory and stores it; its identifier, or 0 for one that is only counted, not taken or
-// left as it is.
-int take(Import& import, int line, const std::vector<std::u16string>& values)
+// Makes a contact fit for its memory and stores it, unless that is only tried; false for one that is not taken.
+bool take(Import& import, int line, const std::vector<std::u16string>& values, int& id)
 {
     Source& source = import.source;
     Counts& counts = import.counts;
     ++counts.total;
     if (counts.full && !import.existing.looks())
-        return 0;
+        return false;
     Contact contact;
     contact.values = values;
     const std::vector<std::size_t> refused = cleanNumbers(import.memory, import.fields, contact.values);
     if (!refused.empty()) {
         sayRefused(source, line, ORVA_E_NUMBER, refused);
-        return 0;
+        return false;
     }
     const std::vector<std::size_t> shortened = fitName(import.memory, import.fields, contact.values);
     const Existing::Answer answer = import.existing.settle(contact);
     const bool isNew = answer == Existing::Answer::New;
     if (answer == Existing::Answer::Skipped || (isNew && counts.full))
-        return 0;
+        return false;
     for (const std::size_t field : shortened)
         source.findings.say(source.place(line) + ": column \"" + source.columns[field] + "\": cut to what the " +
                             memoryName(import.memory) + " holds");
-    if (answer == Existing::Answer::Same)
-        return contact.id;
+    if (answer == Existing::Answer::Same) {
+        id = contact.id;
+        return true;
+    }
     const long failure = storeOne(import, contact, isNew);
     if (failure != ORVA_OK) {
         sayRefused(source, line, failure,
                    failure == ORVA_E_TOO_LONG ? tooLong(import.fields, contact.values) : std::vector<std::size_t>());
         counts.full = counts.full || failure == ORVA_E_FULL;
-        return 0;
+        return false;
     }
     if (isNew)
         ++counts.added;
     else
         import.existing.changed();
-    return contact.id;
+    id = contact.id;
+    return true;
 }
 
 // Stores the records of a set one by one and says what became of them.
@@ -254,11 +261,13 @@ int store(const Arguments& arguments, const std::vector<Field>& fields, void* se
     Groups groups;
     Transaction transaction(import.memory);
     forEachRecord(set, fields, [&](int line, const std::vector<std::u16string>& values) {
-        const int id = take(import, line, values);
-        if (id == 0 || import.dry)
+        int id = 0;
+        if (!take(import, line, values, id))
+            return;
+        counts.joined = joinNamed(groups, import.dry ? 0 : id, source, line) && counts.joined;
+        if (import.dry)
             return;
         transaction.wrote();
-        counts.joined = joinNamed(groups, id, source, line) && counts.joined;
         join(groups, id, arguments.values("group"));
     });
     transaction.commit();
@@ -326,6 +335,8 @@ int runImport(const Arguments& arguments)
     const int memory = arguments.memory();
     if (arguments.has("group") && memory != ORVA_MEMORY_LOCAL)
         throw UsageError("only the PC's phonebook has groups");
+    for (const std::string& path : arguments.values("group"))
+        requireGroupPath(path);
     const std::vector<Field> fields = fieldsOf(memory);
     if (arguments.has("from"))
         return importApplication(arguments, fields);
