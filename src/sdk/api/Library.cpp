@@ -6,6 +6,7 @@
 
 #include "api/Handles.h"
 #include "api/ImportFindings.h"
+#include "api/OwnDeletes.h"
 #include "base/DataFolder.h"
 #include "base/Files.h"
 #include "devices/SimulatedHardware.h"
@@ -55,6 +56,7 @@ struct Library {
 
     EventHub events;
     LastImport lastImport;
+    OwnDeletes ownDeletes;
     SimulatedHardware simulated; // also knows the PC's capacity
     std::unique_ptr<ModemHardware>
         modem; // null while the hardware is simulated; else the card and device below are its
@@ -204,6 +206,11 @@ EventHub& events()
 LastImport& lastImport()
 {
     return library().lastImport;
+}
+
+OwnDeletes& ownDeletes()
+{
+    return library().ownDeletes;
 }
 
 void resetLibrary(const char* folder)

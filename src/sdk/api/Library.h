@@ -14,6 +14,7 @@ class LastImport;
 class LocalMemory;
 class ModemHardware;
 class ModemMemory;
+class OwnDeletes;
 class SimulatedHardware;
 class Store;
 
@@ -45,6 +46,7 @@ ModemMemory* modemMemory(int memory);
 
 EventHub& events();
 LastImport& lastImport();
+OwnDeletes& ownDeletes();
 
 // Commits and closes everything and forgets all handles. A null folder stands for what the environment says.
 void resetLibrary(const char* folder);
