@@ -356,6 +356,10 @@
         <translation>تغيّر في مكان آخر: إظهار</translation>
     </message>
     <message>
+        <source>IDS_HOST_CONTACT_GONE</source>
+        <translation>جهة الاتصال هذه لم تعد موجودة: حذفها برنامج آخر</translation>
+    </message>
+    <message>
         <source>IDS_HOST_PROBLEMS_COUNT</source>
         <translation>المشكلات: %1</translation>
     </message>

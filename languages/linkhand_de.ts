@@ -356,6 +356,10 @@
         <translation>Anderswo geändert: anzeigen</translation>
     </message>
     <message>
+        <source>IDS_HOST_CONTACT_GONE</source>
+        <translation>Diesen Kontakt gibt es nicht mehr: ein anderes Programm hat ihn gelöscht</translation>
+    </message>
+    <message>
         <source>IDS_HOST_PROBLEMS_COUNT</source>
         <translation>Probleme: %1</translation>
     </message>

@@ -356,6 +356,10 @@
         <translation>Changed elsewhere: show</translation>
     </message>
     <message>
+        <source>IDS_HOST_CONTACT_GONE</source>
+        <translation>This contact is no longer there: another program has deleted it</translation>
+    </message>
+    <message>
         <source>IDS_HOST_PROBLEMS_COUNT</source>
         <translation>Problems: %1</translation>
     </message>

@@ -356,6 +356,10 @@
         <translation>已在别处更改：显示</translation>
     </message>
     <message>
+        <source>IDS_HOST_CONTACT_GONE</source>
+        <translation>该联系人已不存在：已被其他程序删除</translation>
+    </message>
+    <message>
         <source>IDS_HOST_PROBLEMS_COUNT</source>
         <translation>%1 个问题</translation>
     </message>

@@ -230,6 +230,7 @@ int HostApplication::Run()
     connect(m_pLossWatcher.data(), SIGNAL(lost(ProblemList)), this, SLOT(OnLost(ProblemList)));
     connect(m_pLossWatcher.data(), SIGNAL(accessChanged(ProblemList)), this, SLOT(OnAccessChanged(ProblemList)));
     connect(m_pLossWatcher.data(), SIGNAL(readableAgain()), this, SLOT(OnReadableAgain()));
+    connect(m_pLossWatcher.data(), SIGNAL(contactGone()), this, SLOT(OnContactGone()));
     m_pWatcher->Start();
     m_pModem->Start();
     m_pLossWatcher->Start();
@@ -317,6 +318,11 @@ void HostApplication::OnReadableAgain()
     if (m_pLive) {
         m_pLive->ReadAnew();
     }
+}
+
+void HostApplication::OnContactGone()
+{
+    m_pWindow->Status().ShowNotice(HostText::Get("IDS_HOST_CONTACT_GONE"));
 }
 
 void HostApplication::showProblems()
