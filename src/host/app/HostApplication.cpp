@@ -23,6 +23,7 @@
 #include "device/SimulatedContacts.h"
 #include "device/SimulatedHardware.h"
 #include "device/SimulatedModem.h"
+#include "findings/FindingsNotice.h"
 #include "linkhand/QtCompat.h"
 #include "linkhand/core/CommonUtils.h"
 #include "linkhand/plugin/Codes.h"
@@ -209,6 +210,7 @@ void HostApplication::build()
     m_pLink.reset(new Link(*m_pModem, m_pWindow.data(), SdkFolders::LogFolder()));
     m_pLink->Publish();
     m_pNotices.reset(new ModemNotices(*m_pModem, *m_pMessages, *m_pWindow));
+    m_pFindings.reset(new FindingsNotice(m_services.Workers(), m_pWindow->Status()));
 }
 
 int HostApplication::Run()
@@ -234,6 +236,7 @@ int HostApplication::Run()
     m_pWatcher->Start();
     m_pModem->Start();
     m_pLossWatcher->Start();
+    m_pFindings->Start();
     loadPlugins();
     checkInstallation();
     fillWindow();
@@ -450,6 +453,7 @@ void HostApplication::shutDown()
     m_pModem->Finish();
     m_pWatcher->Stop();
     m_pLossWatcher->Stop();
+    m_pFindings->Stop();
     m_pStoreWatch->Stop();
     m_pLifecycle->ShutDown(SHUTDOWN_LIMIT_MS);
 }
