@@ -356,6 +356,234 @@
         <translation>تغيّر في مكان آخر: إظهار</translation>
     </message>
     <message>
+        <source>IDS_HOST_FIELD_NAME</source>
+        <translation>الاسم</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FIELD_MOBILE</source>
+        <translation>الجوال</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FIELD_OFFICE</source>
+        <translation>العمل</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FIELD_HOME</source>
+        <translation>المنزل</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FIELD_EMAIL</source>
+        <translation>البريد الإلكتروني</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FIELD_NOTES</source>
+        <translation>ملاحظات</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDINGS</source>
+        <translation>ما لم يأخذه الاستيراد</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDINGS_COUNT</source>
+        <translation>متبقٍّ من الاستيراد: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDINGS_TIP</source>
+        <translation>يعرض ما لم يأخذه آخر استيراد كما هو</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDINGS_HEAD</source>
+        <translation>لم يؤخذ من %1، أو لم يؤخذ كما هو:</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDINGS_MORE</source>
+        <translation>و%1 غيرها.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDINGS_ROW</source>
+        <translation>السطر</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDINGS_COLUMN</source>
+        <translation>العمود</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDINGS_REASON</source>
+        <translation>السبب</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDINGS_VALUE</source>
+        <translation>النص</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDINGS_COPY</source>
+        <translation>نسخ</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDINGS_SAVE</source>
+        <translation>حفظ كنص…</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDINGS_NOT_SAVED</source>
+        <translation>تعذّرت كتابة %1.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_NUMBERED</source>
+        <translation>العمود %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_QUOTE</source>
+        <translation>تم تخطي السطر: علامة اقتباس لم تُغلق</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_ROW_LENGTH</source>
+        <translation>تم تخطي الصف: طويل جدًا</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_ROW_COLUMNS</source>
+        <translation>تم تخطي الصف: أعمدة كثيرة جدًا</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_ZERO</source>
+        <translation>تم تخطي الصف: بايت صفري</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_NOT_TEXT</source>
+        <translation>تم تخطي الصف: ليس نصًا</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_VALUE_LENGTH</source>
+        <translation>تم تخطي الصف: القيمة طويلة جدًا</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_EMPTY</source>
+        <translation>لم يؤخذ: لا شيء له حقل</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_COLUMN</source>
+        <translation>لا حقل له؛ عدد القيم: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_PROPERTY</source>
+        <translation>لا حقل له</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_FURTHER</source>
+        <translation>قيمة إضافية لا حقل لها</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_SEVERAL</source>
+        <translation>أُخذ الأول فقط من عدة قيم</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_EMAIL</source>
+        <translation>وُضع في الملاحظات: ليس عنوان بريد</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_NOTE_CUT</source>
+        <translation>قُصّرت الملاحظات إلى ما يتسع</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_NAME_CUT</source>
+        <translation>قُصّر الاسم إلى ما يتسع</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_NUMBER</source>
+        <translation>لم تؤخذ جهة الاتصال: ليس رقم هاتف</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_TOO_LONG</source>
+        <translation>لم تؤخذ جهة الاتصال: أطول من حقلها</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_FULL</source>
+        <translation>لا مكان من هنا فصاعدًا؛ جهات الاتصال: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_CARD_END</source>
+        <translation>تُركت البطاقة: بلا نهاية</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_CARD_LENGTH</source>
+        <translation>تُركت البطاقة: طويلة جدًا</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_CARD_LINES</source>
+        <translation>تُركت البطاقة: أسطر كثيرة جدًا</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_CARD_OUTSIDE</source>
+        <translation>تم تخطي نص خارج البطاقة</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_CARD_VERSION</source>
+        <translation>إصدار غير معروف، قُرئ كإصدار 3.0</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_CARD_LINE</source>
+        <translation>السطر ليس جزءًا من بطاقة</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_CARD_ENCODING</source>
+        <translation>الملف بترميز UTF-16 ولا تُكتب به بطاقة</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_CARD_NONE</source>
+        <translation>لا يحتوي الملف على بطاقة</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_PHOTO</source>
+        <translation>الصورة</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_BIRTHDAY</source>
+        <translation>تاريخ الميلاد</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_ADDRESS</source>
+        <translation>العنوان</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_COMPANY</source>
+        <translation>الشركة</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_JOB</source>
+        <translation>المسمى الوظيفي</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_PAGE</source>
+        <translation>صفحة الويب</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_GROUP</source>
+        <translation>المجموعة</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_NICKNAME</source>
+        <translation>اللقب</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_PHONE</source>
+        <translation>رقم إضافي</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_MAIL</source>
+        <translation>عنوان بريد إضافي</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_NOTE</source>
+        <translation>ملاحظة إضافية</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_NAME</source>
+        <translation>اسم إضافي</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CONTACT_GONE</source>
+        <translation>جهة الاتصال هذه لم تعد موجودة: حذفها برنامج آخر</translation>
+    </message>
+    <message>
         <source>IDS_HOST_PROBLEMS_COUNT</source>
         <translation>المشكلات: %1</translation>
     </message>

@@ -356,6 +356,234 @@
         <translation>Anderswo geändert: anzeigen</translation>
     </message>
     <message>
+        <source>IDS_HOST_FIELD_NAME</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FIELD_MOBILE</source>
+        <translation>Mobil</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FIELD_OFFICE</source>
+        <translation>Büro</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FIELD_HOME</source>
+        <translation>Privat</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FIELD_EMAIL</source>
+        <translation>E-Mail</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FIELD_NOTES</source>
+        <translation>Notizen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDINGS</source>
+        <translation>Vom Import nicht übernommen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDINGS_COUNT</source>
+        <translation>Beim Import übrig: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDINGS_TIP</source>
+        <translation>Zeigt, was der letzte Import nicht unverändert übernommen hat</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDINGS_HEAD</source>
+        <translation>Aus %1 nicht oder nicht unverändert übernommen:</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDINGS_MORE</source>
+        <translation>Und %1 weitere.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDINGS_ROW</source>
+        <translation>Zeile</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDINGS_COLUMN</source>
+        <translation>Spalte</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDINGS_REASON</source>
+        <translation>Grund</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDINGS_VALUE</source>
+        <translation>Text</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDINGS_COPY</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDINGS_SAVE</source>
+        <translation>Als Text speichern…</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDINGS_NOT_SAVED</source>
+        <translation>%1 konnte nicht geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_NUMBERED</source>
+        <translation>Spalte %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_QUOTE</source>
+        <translation>Zeile übergangen: ein Anführungszeichen ohne Ende</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_ROW_LENGTH</source>
+        <translation>Zeile übergangen: zu lang</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_ROW_COLUMNS</source>
+        <translation>Zeile übergangen: zu viele Spalten</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_ZERO</source>
+        <translation>Zeile übergangen: ein Null-Byte</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_NOT_TEXT</source>
+        <translation>Zeile übergangen: kein Text</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_VALUE_LENGTH</source>
+        <translation>Zeile übergangen: Wert zu lang</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_EMPTY</source>
+        <translation>Nicht übernommen: nichts, wofür es ein Feld gibt</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_COLUMN</source>
+        <translation>Kein Feld dafür; Werte: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_PROPERTY</source>
+        <translation>Kein Feld dafür</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_FURTHER</source>
+        <translation>Ein weiterer Wert ohne eigenes Feld</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_SEVERAL</source>
+        <translation>Von mehreren nur der erste übernommen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_EMAIL</source>
+        <translation>In die Notizen gesetzt: keine E-Mail-Adresse</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_NOTE_CUT</source>
+        <translation>Notizen gekürzt</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_NAME_CUT</source>
+        <translation>Name gekürzt</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_NUMBER</source>
+        <translation>Kontakt nicht übernommen: keine Telefonnummer</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_TOO_LONG</source>
+        <translation>Kontakt nicht übernommen: länger als sein Feld</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_FULL</source>
+        <translation>Ab hier kein Platz mehr; Kontakte: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_CARD_END</source>
+        <translation>Karte ausgelassen: ohne Ende</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_CARD_LENGTH</source>
+        <translation>Karte ausgelassen: zu lang</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_CARD_LINES</source>
+        <translation>Karte ausgelassen: zu viele Zeilen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_CARD_OUTSIDE</source>
+        <translation>Text außerhalb einer Karte übergangen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_CARD_VERSION</source>
+        <translation>Unbekannte Version, als 3.0 gelesen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_CARD_LINE</source>
+        <translation>Zeile ist kein Teil einer Karte</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_CARD_ENCODING</source>
+        <translation>Datei in UTF-16, worin keine Karte geschrieben wird</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_CARD_NONE</source>
+        <translation>Datei enthält keine Karte</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_PHOTO</source>
+        <translation>Foto</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_BIRTHDAY</source>
+        <translation>Geburtstag</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_ADDRESS</source>
+        <translation>Anschrift</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_COMPANY</source>
+        <translation>Firma</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_JOB</source>
+        <translation>Berufsbezeichnung</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_PAGE</source>
+        <translation>Webseite</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_GROUP</source>
+        <translation>Gruppe</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_NICKNAME</source>
+        <translation>Spitzname</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_PHONE</source>
+        <translation>Weitere Nummer</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_MAIL</source>
+        <translation>Weitere E-Mail-Adresse</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_NOTE</source>
+        <translation>Weitere Notiz</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_NAME</source>
+        <translation>Weiterer Name</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CONTACT_GONE</source>
+        <translation>Diesen Kontakt gibt es nicht mehr: ein anderes Programm hat ihn gelöscht</translation>
+    </message>
+    <message>
         <source>IDS_HOST_PROBLEMS_COUNT</source>
         <translation>Probleme: %1</translation>
     </message>

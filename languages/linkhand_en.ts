@@ -356,6 +356,234 @@
         <translation>Changed elsewhere: show</translation>
     </message>
     <message>
+        <source>IDS_HOST_FIELD_NAME</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FIELD_MOBILE</source>
+        <translation>Mobile</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FIELD_OFFICE</source>
+        <translation>Office</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FIELD_HOME</source>
+        <translation>Home</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FIELD_EMAIL</source>
+        <translation>E-mail</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FIELD_NOTES</source>
+        <translation>Notes</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDINGS</source>
+        <translation>Left by the import</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDINGS_COUNT</source>
+        <translation>Left by the import: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDINGS_TIP</source>
+        <translation>Shows what the last import did not take as it is</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDINGS_HEAD</source>
+        <translation>Not taken from %1, or not as it stands there:</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDINGS_MORE</source>
+        <translation>And %1 more.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDINGS_ROW</source>
+        <translation>Line</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDINGS_COLUMN</source>
+        <translation>Column</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDINGS_REASON</source>
+        <translation>Reason</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDINGS_VALUE</source>
+        <translation>Text</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDINGS_COPY</source>
+        <translation>Copy</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDINGS_SAVE</source>
+        <translation>Save as text…</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDINGS_NOT_SAVED</source>
+        <translation>%1 could not be written.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_NUMBERED</source>
+        <translation>Column %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_QUOTE</source>
+        <translation>Line passed over: a quotation mark that nothing closes</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_ROW_LENGTH</source>
+        <translation>Row passed over: too long</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_ROW_COLUMNS</source>
+        <translation>Row passed over: too many columns</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_ZERO</source>
+        <translation>Row passed over: a zero byte</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_NOT_TEXT</source>
+        <translation>Row passed over: not text</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_VALUE_LENGTH</source>
+        <translation>Row passed over: value too long</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_EMPTY</source>
+        <translation>Not taken: nothing that has a field</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_COLUMN</source>
+        <translation>No field is for it; values: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_PROPERTY</source>
+        <translation>No field is for it</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_FURTHER</source>
+        <translation>A further one, for which there is no field</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_SEVERAL</source>
+        <translation>Only the first of several was taken</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_EMAIL</source>
+        <translation>Put into the notes: no e-mail address</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_NOTE_CUT</source>
+        <translation>Notes cut to what fits</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_NAME_CUT</source>
+        <translation>Name cut to what fits</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_NUMBER</source>
+        <translation>Contact not taken: no telephone number</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_TOO_LONG</source>
+        <translation>Contact not taken: longer than its field</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_FULL</source>
+        <translation>No room from here on; contacts: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_CARD_END</source>
+        <translation>Card left out: it has no end</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_CARD_LENGTH</source>
+        <translation>Card left out: too long</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_CARD_LINES</source>
+        <translation>Card left out: too many lines</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_CARD_OUTSIDE</source>
+        <translation>Text outside of a card was passed over</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_CARD_VERSION</source>
+        <translation>Unknown version, read as 3.0</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_CARD_LINE</source>
+        <translation>Line is no part of a card</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_CARD_ENCODING</source>
+        <translation>File is in UTF-16, in which no card is written</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_CARD_NONE</source>
+        <translation>File holds no card</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_PHOTO</source>
+        <translation>Photo</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_BIRTHDAY</source>
+        <translation>Birthday</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_ADDRESS</source>
+        <translation>Address</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_COMPANY</source>
+        <translation>Company</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_JOB</source>
+        <translation>Job title</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_PAGE</source>
+        <translation>Web page</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_GROUP</source>
+        <translation>Group</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_NICKNAME</source>
+        <translation>Nickname</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_PHONE</source>
+        <translation>Further number</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_MAIL</source>
+        <translation>Further e-mail address</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_NOTE</source>
+        <translation>Further note</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_NAME</source>
+        <translation>Further name</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CONTACT_GONE</source>
+        <translation>This contact is no longer there: another program has deleted it</translation>
+    </message>
+    <message>
         <source>IDS_HOST_PROBLEMS_COUNT</source>
         <translation>Problems: %1</translation>
     </message>

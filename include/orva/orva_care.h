@@ -61,6 +61,65 @@ ORVA_API long ORVA_Care_SetKept(void* record, const char* lines, int octets);
  * in a new buffer of *octets octets and a zero, which the caller frees. Length 0 for nothing. */
 ORVA_API long ORVA_Care_GetKept(void* record, char** lines, int* octets);
 
+/* ---- What an import left ----------------------------------------------------------------------------------------
+ * ORVA_PBSrv_ImportFromFile and ORVA_PBSrv_ImportFromOutlook remember what of their source does not come out of it as
+ * it stands there, until the next of them is called in this process, whichever memory it is for. Failed ones do, too.
+ */
+
+/* A row, or a line, that was passed over */
+#define ORVA_FINDING_QUOTE 1        /* a quotation mark that nothing closes */
+#define ORVA_FINDING_ROW_LENGTH 2   /* too long */
+#define ORVA_FINDING_ROW_COLUMNS 3  /* too many columns */
+#define ORVA_FINDING_ZERO 4         /* a zero byte */
+#define ORVA_FINDING_NOT_TEXT 5     /* octets that are no text */
+#define ORVA_FINDING_VALUE_LENGTH 6 /* a value of more than 65,535 units */
+#define ORVA_FINDING_EMPTY 7        /* nothing in the columns that have a field */
+/* What of others was not taken, or not as it is */
+#define ORVA_FINDING_COLUMN 8    /* a column that no field is for; count is that of its values */
+#define ORVA_FINDING_PROPERTY 9  /* the same of one card; name is that of the property, such as PHOTO */
+#define ORVA_FINDING_FURTHER 10  /* a further number or address, in a memory that has no field for it */
+#define ORVA_FINDING_SEVERAL 11  /* of several values in a cell the first was taken */
+#define ORVA_FINDING_EMAIL 12    /* no e-mail address, and put into the note */
+#define ORVA_FINDING_NOTE_CUT 13 /* cut to what the field holds */
+/* What the memory will refuse, or the client has to cut, when the records are stored as they are handed out */
+#define ORVA_FINDING_NAME_CUT 14 /* a name longer than a card or device holds */
+#define ORVA_FINDING_NUMBER 15   /* no telephone number */
+#define ORVA_FINDING_TOO_LONG 16 /* longer than the field */
+#define ORVA_FINDING_FULL 17     /* no room for the records from this one on; count is their number */
+/* Files of vCards */
+#define ORVA_FINDING_CARD_END 18      /* a card without an end, passed over */
+#define ORVA_FINDING_CARD_LENGTH 19   /* a card that is too long, passed over */
+#define ORVA_FINDING_CARD_LINES 20    /* a card of too many lines, passed over */
+#define ORVA_FINDING_CARD_OUTSIDE 21  /* text between cards, passed over */
+#define ORVA_FINDING_CARD_VERSION 22  /* an unknown version, read as 3.0 */
+#define ORVA_FINDING_CARD_LINE 23     /* a line that is no property */
+#define ORVA_FINDING_CARD_ENCODING 24 /* a file in UTF-16, in which no vCard is written */
+#define ORVA_FINDING_CARD_NONE 25     /* a file without a card */
+
+/* The most findings that are remembered one by one; those behind are only counted. */
+#define ORVA_FINDINGS_KEPT 10000
+
+typedef struct ORVA_FINDING {
+    int line;   /* of the file, counted from 1, that the row or card begins in; of an application's contacts,
+                   their number; 0 for a whole column */
+    int reason; /* ORVA_FINDING_... */
+    int count;  /* of values or records; 1 unless said otherwise */
+    int column; /* in the file, counted from 0; -1 for none */
+    unsigned short name[64];  /* the column's title or the field's key or the property, cut and zero-terminated; empty
+                                 for none, and for a column without a title */
+    unsigned short value[96]; /* what stands there, cut and zero-terminated; empty for what is no text */
+} ORVA_FINDING;
+
+/* Gives the findings of the last import, by their lines and those of whole columns last, as an array of *count entries;
+ * null for none. `total` is the number of all, `source` the file or application in a new buffer that the caller frees;
+ * both may be null. Free the array with ORVA_Care_FindingsRelease, which sets the pointer to null. Values are the
+ * user's own: show them, and log none. */
+ORVA_API long ORVA_Care_GetFindings(ORVA_FINDING** findings, int* count, int* total, unsigned short** source);
+ORVA_API long ORVA_Care_FindingsRelease(ORVA_FINDING** findings);
+
+/* Sent on the phonebook service by an import with findings, and by one without if the one before had some. */
+#define ORVA_EVENT_IMPORT_FINDINGS 20392
+
 /* ---- The same person twice ------------------------------------------------------------------------------------- */
 
 #define ORVA_DUPLICATE_SAME 1   /* the same person */

@@ -37,6 +37,10 @@ ORVA_API long ORVA_Store_GetDamage(int memory, int once, ORVA_STORE_DAMAGE* dama
  * but waits for a transaction of this process. 0 for a memory behind a modem. */
 ORVA_API long ORVA_Store_GetForeignChanges(int memory, int* count);
 
+/* Sent on the phonebook service when a record of the PC's phonebook is asked for, changed or deleted that is there no
+ * longer, since another process has deleted it. Whoever shows contacts shows one that went. */
+#define ORVA_EVENT_RECORD_GONE 20393
+
 /* Tells whether the store of a memory can be written: *code is 0, or ORVA_E_NO_SPACE, ORVA_E_READ_ONLY or what else the
  * last write met. Where it could not, this tries anew, and so does each write; reading goes on meanwhile, with all that
  * was ever stored. The result is a code, and *code is not written, if the store cannot be read either. */

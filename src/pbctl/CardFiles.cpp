@@ -17,6 +17,7 @@
 #include "base/EmailText.h"
 #include "base/Failure.h"
 #include "base/Files.h"
+#include "base/Finding.h"
 #include "base/OldFile.h"
 #include "base/Unicode.h"
 #include "orva/orva_store.h"
@@ -62,6 +63,8 @@ public:
           m_transaction(memory),
           m_room(roomIn(memory))
     {
+        if (m_dry)
+            requireWritable(memory);
     }
 
     void take(const orva::Card& card)
@@ -211,10 +214,10 @@ private:
 
     void joinGroups(int id, const std::vector<std::string>& names)
     {
-        if (m_dry)
-            return;
-        m_transaction.wrote();
-        join(m_groups, id, m_arguments.values("group"));
+        if (!m_dry) {
+            m_transaction.wrote();
+            join(m_groups, id, m_arguments.values("group"));
+        }
         if (m_arguments.has("no-groups"))
             return;
         for (const std::string& name : names)
@@ -225,7 +228,9 @@ private:
     void joinNamed(int id, const std::string& name)
     {
         try {
-            join(m_groups, id, {name});
+            requireGroupPath(name);
+            if (!m_dry)
+                join(m_groups, id, {name});
         } catch (const SdkError& error) {
             if (error.code() != ORVA_E_TOO_LONG)
                 throw;
@@ -292,7 +297,9 @@ int importCards(const Arguments& arguments, const std::string& file, const std::
     if (!in || in.peek() == std::ifstream::traits_type::eof())
         throw SdkError("reading " + name, in.is_open() ? ORVA_E_FORMAT : ORVA_E_NOT_FOUND);
     CardImport import(arguments, countCards(in));
-    orva::CardReader reader(in, [&import](int line, const char* what) { import.sayLine(line, what); });
+    orva::CardReader reader(in, [&import](const orva::Finding& finding) {
+        import.sayLine(finding.line, orva::findingText(finding.reason));
+    });
     orva::Card card;
     while (reader.next(card))
         import.take(card);

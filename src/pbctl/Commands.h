@@ -32,6 +32,7 @@ int runCheck(const Arguments& arguments);
 int runBackup(const Arguments& arguments);
 int runBackups(const Arguments& arguments);
 int runRestore(const Arguments& arguments);
+int runRegion(const Arguments& arguments);
 int runModem(const Arguments& arguments);
 
 // Lets a modem read a card or device first. SdkError if that takes too long; what else is in the way tells the command.

@@ -13,6 +13,7 @@ namespace
 
 constexpr int memory = ORVA_MEMORY_LOCAL;
 constexpr long noGroups = -1; // of AddrGroupSet_MoveFirst
+constexpr std::size_t longestName = 1024;
 
 std::string trimmed(const std::string& text)
 {
@@ -104,6 +105,8 @@ void requireGroupPath(const std::string& path)
         const std::size_t end = std::min(path.find('/', begin), path.size());
         if (trimmed(path.substr(begin, end - begin)).empty())
             throw UsageError("\"" + path + "\" is no group: a level has no name");
+        if (toSdk(path.substr(begin, end - begin)).size() > longestName)
+            throw SdkError("making the group " + path, ORVA_E_TOO_LONG);
         if (end == path.size())
             return;
         begin = end + 1;

@@ -41,7 +41,7 @@ private:
     std::vector<int> m_made;
 };
 
-// UsageError for a path with a level that has no name.
+// UsageError for a path with a level that has no name, SdkError(ORVA_E_TOO_LONG) for one that no group can have.
 void requireGroupPath(const std::string& path);
 
 // Puts a contact into groups, which are made if needed.

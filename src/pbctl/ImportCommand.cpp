@@ -137,7 +137,8 @@ void sayRefused(Source& source, int line, long code, const std::vector<std::size
     source.findings.say(source.place(line) + ": not taken: " + explain(code) + columns);
 }
 
-// Puts a contact into the groups that its row names. False, and said why, if a name of them is none.
+// Puts a contact into the groups that its row names, or without an identifier looks whether that would go. False, and
+// said why, if a name of them is none.
 bool joinNamed(Groups& groups, int id, Source& source, int line)
 {
     const auto names = source.groups.find(line);
@@ -147,7 +148,9 @@ bool joinNamed(Groups& groups, int id, Source& source, int line)
     for (const std::string& name : splitGroups(names->second)) {
         std::string why;
         try {
-            join(groups, id, {name});
+            requireGroupPath(name);
+            if (id != 0)
+                join(groups, id, {name});
             continue;
         } catch (const UsageError& error) {
             why = error.what();
@@ -173,6 +176,8 @@ struct Import {
           existing(given, memory, known)
     {
         counts.room = roomIn(memory);
+        if (dry)
+            requireWritable(memory);
     }
 
     const Arguments& arguments;
@@ -199,44 +204,46 @@ long storeOne(const Import& import, Contact& contact, bool isNew)
     return failure;
 }
 
-// Makes a contact fit for its memory and stores it; its identifier, or 0 for one that is only counted, not taken or
-// left as it is.
-int take(Import& import, int line, const std::vector<std::u16string>& values)
+// Makes a contact fit for its memory and stores it, unless that is only tried; false for one that is not taken.
+bool take(Import& import, int line, const std::vector<std::u16string>& values, int& id)
 {
     Source& source = import.source;
     Counts& counts = import.counts;
     ++counts.total;
     if (counts.full && !import.existing.looks())
-        return 0;
+        return false;
     Contact contact;
     contact.values = values;
     const std::vector<std::size_t> refused = cleanNumbers(import.memory, import.fields, contact.values);
     if (!refused.empty()) {
         sayRefused(source, line, ORVA_E_NUMBER, refused);
-        return 0;
+        return false;
     }
     const std::vector<std::size_t> shortened = fitName(import.memory, import.fields, contact.values);
     const Existing::Answer answer = import.existing.settle(contact);
     const bool isNew = answer == Existing::Answer::New;
     if (answer == Existing::Answer::Skipped || (isNew && counts.full))
-        return 0;
+        return false;
     for (const std::size_t field : shortened)
         source.findings.say(source.place(line) + ": column \"" + source.columns[field] + "\": cut to what the " +
                             memoryName(import.memory) + " holds");
-    if (answer == Existing::Answer::Same)
-        return contact.id;
+    if (answer == Existing::Answer::Same) {
+        id = contact.id;
+        return true;
+    }
     const long failure = storeOne(import, contact, isNew);
     if (failure != ORVA_OK) {
         sayRefused(source, line, failure,
                    failure == ORVA_E_TOO_LONG ? tooLong(import.fields, contact.values) : std::vector<std::size_t>());
         counts.full = counts.full || failure == ORVA_E_FULL;
-        return 0;
+        return false;
     }
     if (isNew)
         ++counts.added;
     else
         import.existing.changed();
-    return contact.id;
+    id = contact.id;
+    return true;
 }
 
 // Stores the records of a set one by one and says what became of them.
@@ -247,11 +254,13 @@ int store(const Arguments& arguments, const std::vector<Field>& fields, void* se
     Groups groups;
     Transaction transaction(import.memory);
     forEachRecord(set, fields, [&](int line, const std::vector<std::u16string>& values) {
-        const int id = take(import, line, values);
-        if (id == 0 || import.dry)
+        int id = 0;
+        if (!take(import, line, values, id))
+            return;
+        counts.joined = joinNamed(groups, import.dry ? 0 : id, source, line) && counts.joined;
+        if (import.dry)
             return;
         transaction.wrote();
-        counts.joined = joinNamed(groups, id, source, line) && counts.joined;
         join(groups, id, arguments.values("group"));
     });
     transaction.commit();
@@ -261,6 +270,19 @@ int store(const Arguments& arguments, const std::vector<Field>& fields, void* se
     source.findings.finish();
     const bool all = counts.added + import.existing.count() == counts.total;
     return all && counts.joined && !source.findings.any() ? done : partlyDone;
+}
+
+// The names of groups in a column, by the lines of their rows.
+std::map<int, std::string> groupsIn(const std::string& file, int column)
+{
+    std::map<int, std::string> groups;
+    orva::RowReader reader(file, orva::RowReader::Report());
+    orva::Row row;
+    reader.next(row); // the titles
+    while (reader.next(row))
+        if (!row.column(column).empty())
+            groups.emplace(row.line(), row.column(column));
+    return groups;
 }
 
 // The titles of the columns that the fields are taken from.
@@ -295,6 +317,7 @@ int importApplication(const Arguments& arguments, const std::vector<Field>& fiel
     Handle set(ORVA_PBSrv_AddrRecordSet_Release);
     check(ORVA_PBSrv_ImportFromOutlook(units(toSdk(application)), map.data(), arguments.memory(), set.out()),
           "importing from " + source.name);
+    source.findings.sayLast("contact", -1);
     return store(arguments, fields, set.get(), source);
 }
 
@@ -305,6 +328,8 @@ int runImport(const Arguments& arguments)
     const int memory = arguments.memory();
     if (arguments.has("group") && memory != ORVA_MEMORY_LOCAL)
         throw UsageError("only the PC's phonebook has groups");
+    for (const std::string& path : arguments.values("group"))
+        requireGroupPath(path);
     const std::vector<Field> fields = fieldsOf(memory);
     if (arguments.has("from"))
         return importApplication(arguments, fields);
@@ -319,21 +344,21 @@ int runImport(const Arguments& arguments)
         orva::RowReader reader(file, orva::RowReader::Report());
         return orva::readTitles(reader);
     });
-    orva::MadeUpColumns columns(titles);
+    const orva::MadeUpColumns columns(titles);
     std::vector<int> map = mapFor(arguments, fields, titles, columns);
     Source source;
     source.name = spool.name();
     source.lines = true;
     source.columns = columnsOf(fields, map, titles);
-    CsvWalk walk{file, fields, map, titles, columns, memory == ORVA_MEMORY_LOCAL};
-    reading(spool.name(), [&] { return walk.run(source.findings); });
-    if (!arguments.has("no-groups"))
-        source.groups = std::move(walk.groups);
+    const int groupsColumn = memory == ORVA_MEMORY_LOCAL ? columns.groups() : -1;
     Handle set(ORVA_PBSrv_AddrRecordSet_Release);
     const long code = ORVA_PBSrv_ImportFromFile(units(toSdk(file)), map.data(), memory, set.out());
+    source.findings.sayLast("line", groupsColumn);
     if (code != ORVA_OK)
         source.findings.finish();
     check(code, "reading " + spool.name());
+    if (groupsColumn >= 0 && !arguments.has("no-groups"))
+        source.groups = reading(spool.name(), [&] { return groupsIn(file, groupsColumn); });
     return store(arguments, fields, set.get(), source);
 }
 

@@ -1,12 +1,10 @@
 #include "ImportFindings.h"
 
-#include <algorithm>
 #include <cstdio>
-#include <cstring>
 
+#include "Sdk.h"
 #include "Shown.h"
-#include "csv/ContactRows.h"
-#include "csv/RowReader.h"
+#include "base/Finding.h"
 
 namespace pbctl
 {
@@ -16,22 +14,26 @@ namespace
 
 constexpr int findingsShown = 20;
 
-orva::Profile profileOf(const std::vector<Field>& fields)
+std::string textOf(const unsigned short* text)
 {
-    std::vector<orva::Field> known;
-    for (const Field& field : fields) {
-        known.emplace_back();
-        known.back().key = field.key;
-        known.back().kind = field.kind;
-        known.back().labelId = field.labelId;
-        known.back().maxLength = field.maxLength;
-    }
-    return orva::Profile(std::move(known));
+    return toUtf8(std::u16string(reinterpret_cast<const char16_t*>(text)));
 }
 
-bool hasText(std::string_view column)
+// The column or property that a finding is about; empty for none.
+std::string placeIn(const ORVA_FINDING& finding)
 {
-    return column.find_first_not_of(" \t\r\n") != std::string_view::npos;
+    const std::string name = shown(textOf(finding.name));
+    if (finding.reason == ORVA_FINDING_PROPERTY)
+        return name;
+    if (!name.empty())
+        return "column \"" + name + "\"";
+    return finding.column >= 0 ? "column " + std::to_string(finding.column + 1) : std::string();
+}
+
+bool isExpected(int reason)
+{
+    return reason == ORVA_FINDING_NAME_CUT || reason == ORVA_FINDING_NUMBER || reason == ORVA_FINDING_TOO_LONG ||
+           reason == ORVA_FINDING_FULL;
 }
 
 } // namespace
@@ -42,9 +44,31 @@ void ImportFindings::say(const std::string& text)
         std::fprintf(stderr, "pbctl: %s\n", text.c_str());
 }
 
-void ImportFindings::leftColumn(const std::string& name, int values)
+void ImportFindings::take(const ORVA_FINDING& finding, const std::string& row)
 {
-    m_columns.push_back(name + " (" + std::to_string(values) + (values == 1 ? " value)" : " values)"));
+    const std::string place = placeIn(finding);
+    const std::string why = orva::findingText(finding.reason);
+    if (finding.line != 0)
+        say(row + " " + std::to_string(finding.line) + ": " + place + (place.empty() ? "" : ": ") + why);
+    else
+        m_columns.push_back(place + " (" + std::to_string(finding.count) +
+                            (finding.count == 1 ? " value): " : " values): ") + why);
+}
+
+void ImportFindings::sayLast(const std::string& row, int groupsColumn)
+{
+    ORVA_FINDING* findings = nullptr;
+    int count = 0;
+    int total = 0;
+    check(ORVA_Care_GetFindings(&findings, &count, &total, nullptr), "asking what was left");
+    for (int i = 0; i < count; ++i) {
+        const ORVA_FINDING& finding = findings[i];
+        const bool groups = finding.reason == ORVA_FINDING_COLUMN && finding.column == groupsColumn;
+        if (!groups && !isExpected(finding.reason))
+            take(finding, row);
+    }
+    m_said += total - count;
+    ORVA_Care_FindingsRelease(&findings);
 }
 
 void ImportFindings::finish() const
@@ -52,67 +76,7 @@ void ImportFindings::finish() const
     if (m_said > findingsShown)
         std::fprintf(stderr, "pbctl: and %d findings more\n", m_said - findingsShown);
     for (const std::string& column : m_columns)
-        std::fprintf(stderr, "pbctl: %s: not taken: no field is for it\n", column.c_str());
-}
-
-// The column of the file behind one that may be made up: one that is no text, or else the first that has something.
-int CsvWalk::sourceIn(const orva::Row& row, int column) const
-{
-    const std::vector<int> sources = columns.sourcesOf(column);
-    const auto find = [&](auto&& wanted) {
-        return std::find_if(sources.begin(), sources.end(), [&](int source) { return wanted(row.column(source)); });
-    };
-    auto found = find([](std::string_view text) { return text.find('\0') != std::string_view::npos; });
-    if (found == sources.end())
-        found = find(hasText);
-    return found == sources.end() ? column : *found;
-}
-
-void CsvWalk::run(ImportFindings& findings)
-{
-    const int groupsColumn = withGroups ? columns.groups() : -1;
-    const auto column = [this](int index) {
-        const auto at = static_cast<std::size_t>(index);
-        const bool titled = index >= 0 && at < titles.size() && !titles[at].empty();
-        return titled ? "column \"" + shown(titles[at]) + "\"" : "column " + std::to_string(index + 1);
-    };
-    orva::RowReader reader(
-        file, [&findings](int line, const char* what) { findings.say("line " + std::to_string(line) + ": " + what); });
-    orva::FieldMap taking(profileOf(fields), map.data());
-    bool told = false;
-    orva::Row row;
-    const orva::RowReader::Report report = [&](int line, const char* what) {
-        told = true;
-        // That a number is none is said with the contact, which is refused for it.
-        if (std::strcmp(what, orva::notANumber) != 0)
-            findings.say("line " + std::to_string(line) + ": " + column(sourceIn(row, taking.reportedColumn())) + ": " +
-                         what);
-    };
-    std::vector<int> values; // by column
-    orva::RowBlock block;
-    reader.next(row); // the titles
-    while (reader.next(row)) {
-        values.resize(std::max(values.size(), static_cast<std::size_t>(row.columns())));
-        for (int i = 0; i < row.columns(); ++i)
-            values[static_cast<std::size_t>(i)] += hasText(row.column(i)) ? 1 : 0;
-        if (groupsColumn >= 0 && !row.column(groupsColumn).empty())
-            groups.emplace(row.line(), row.column(groupsColumn));
-        columns.appendTo(row);
-        block.clear(taking.fields());
-        told = false;
-        if (!taking.add(row, block, report) && !told)
-            findings.say("line " + std::to_string(row.line()) +
-                         ": not taken: nothing in the columns that have a field");
-    }
-    if (groupsColumn >= 0 && static_cast<std::size_t>(groupsColumn) < values.size())
-        values[static_cast<std::size_t>(groupsColumn)] = 0;
-    for (const int entry : map)
-        for (const int used : columns.sourcesOf(entry))
-            if (used >= 0 && static_cast<std::size_t>(used) < values.size())
-                values[static_cast<std::size_t>(used)] = 0;
-    for (std::size_t i = 0; i < values.size(); ++i)
-        if (values[i] > 0)
-            findings.leftColumn(column(static_cast<int>(i)), values[i]);
+        std::fprintf(stderr, "pbctl: %s\n", column.c_str());
 }
 
 } // namespace pbctl

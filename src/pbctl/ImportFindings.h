@@ -1,12 +1,10 @@
 #ifndef PBCTL_IMPORTFINDINGS_H
 #define PBCTL_IMPORTFINDINGS_H
 
-#include <map>
 #include <string>
 #include <vector>
 
-#include "Sdk.h"
-#include "csv/MadeUpColumns.h"
+#include "orva/orva_care.h"
 
 namespace pbctl
 {
@@ -19,8 +17,9 @@ public:
     // One place, such as "line 3: column "Notes": why".
     void say(const std::string& text);
 
-    // A column from which nothing is taken, and how many values it has.
-    void leftColumn(const std::string& name, int values);
+    // What the library has found in its last import, other than what it expects of storing the contacts: that shows.
+    // `row` is what a line is called; nothing is said of the column of groups.
+    void sayLast(const std::string& row, int groupsColumn);
 
     bool any() const { return m_said > 0 || !m_columns.empty(); }
 
@@ -28,26 +27,10 @@ public:
     void finish() const;
 
 private:
+    void take(const ORVA_FINDING& finding, const std::string& row);
+
     int m_said = 0;
     std::vector<std::string> m_columns;
-};
-
-// A walk through a file of contacts beside the library's own, for what that has no place to tell.
-struct CsvWalk {
-    const std::string& file;
-    const std::vector<Field>& fields;
-    const std::vector<int>& map; // by field
-    const std::vector<std::string>& titles;
-    orva::MadeUpColumns& columns; // beside those titles
-    bool withGroups;              // whether the column of groups is read
-
-    std::map<int, std::string> groups = {}; // the names in that column, by line
-
-    // Tells of rows and columns that are not taken, or not in whole. Throws orva::Failure.
-    void run(ImportFindings& findings);
-
-private:
-    int sourceIn(const orva::Row& row, int column) const;
 };
 
 } // namespace pbctl

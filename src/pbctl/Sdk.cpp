@@ -3,6 +3,7 @@
 #include "Arguments.h"
 #include "base/Unicode.h"
 #include "orva/orva_care.h"
+#include "orva/orva_store.h"
 
 namespace pbctl
 {
@@ -255,6 +256,13 @@ int roomIn(int memory)
     check(ORVA_PBSrv_GetSize(memory, &size), "asking how full the " + memoryName(memory) + " is");
     check(ORVA_PBSrv_GetCapacity(memory, &capacity), "asking how full the " + memoryName(memory) + " is");
     return capacity - size;
+}
+
+void requireWritable(int memory)
+{
+    long access = ORVA_OK;
+    check(ORVA_Store_GetAccess(memory, &access), "asking for the " + memoryName(memory));
+    check(access, "writing to the " + memoryName(memory));
 }
 
 std::string memoryName(int memory)

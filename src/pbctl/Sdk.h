@@ -128,6 +128,9 @@ std::string keptOf(void* record);
 // How many more contacts fit.
 int roomIn(int memory);
 
+// SdkError for a memory that cannot be written now.
+void requireWritable(int memory);
+
 std::string memoryName(int memory);
 
 } // namespace pbctl

@@ -87,6 +87,10 @@ constexpr Command commands[] = {
     {"restore", runRestore, "[--memory M] FILE | --from NAME",
      "Puts a backup in place of a memory; what was there before goes into an automatic backup.\n"
      "  --from NAME       an automatic backup, as \"backups\" names it\n"},
+    {"region", runRegion, "[REGION]",
+     "Prints the country whose numbers are written without its code, by which numbers are told to be the same; or "
+     "sets\n"
+     "it for all programs: two letters such as DE, \"none\", or \"locale\" for that of the locale again.\n"},
     {"modem", runModem, "[--use CHOICE | --unlock [--last-try]]",
      "Tells about the modem behind card and device, its storages, and what is in the way.\n"
      "  --use CHOICE      from now on: simulated, auto for the modem that is there, or the port of one, such as\n"

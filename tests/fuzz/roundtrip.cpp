@@ -56,7 +56,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
         }
         writer.commit();
     }
-    RowReader reader(path, [](int, const char*) { MUST(false); });
+    RowReader reader(path, [](const Finding&) { MUST(false); });
     Row row;
     for (const auto& expected : rows) {
         MUST(reader.next(row));

@@ -77,7 +77,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     }
     std::istringstream in(std::string(reinterpret_cast<const char*>(data), size - 1));
     CardReader reader(
-        in, [](int line, const char* what) { MUST(line > 0 && what != nullptr); }, limits);
+        in, [](const Finding& finding) { MUST(finding.line > 0 && finding.reason > 0); }, limits);
     Card card;
     int line = 0;
     bool any = false;

@@ -23,6 +23,7 @@
 #include "device/SimulatedContacts.h"
 #include "device/SimulatedHardware.h"
 #include "device/SimulatedModem.h"
+#include "findings/FindingsNotice.h"
 #include "linkhand/QtCompat.h"
 #include "linkhand/core/CommonUtils.h"
 #include "linkhand/plugin/Codes.h"
@@ -209,6 +210,7 @@ void HostApplication::build()
     m_pLink.reset(new Link(*m_pModem, m_pWindow.data(), SdkFolders::LogFolder()));
     m_pLink->Publish();
     m_pNotices.reset(new ModemNotices(*m_pModem, *m_pMessages, *m_pWindow));
+    m_pFindings.reset(new FindingsNotice(m_services.Workers(), m_pWindow->Status()));
 }
 
 int HostApplication::Run()
@@ -230,9 +232,11 @@ int HostApplication::Run()
     connect(m_pLossWatcher.data(), SIGNAL(lost(ProblemList)), this, SLOT(OnLost(ProblemList)));
     connect(m_pLossWatcher.data(), SIGNAL(accessChanged(ProblemList)), this, SLOT(OnAccessChanged(ProblemList)));
     connect(m_pLossWatcher.data(), SIGNAL(readableAgain()), this, SLOT(OnReadableAgain()));
+    connect(m_pLossWatcher.data(), SIGNAL(contactGone()), this, SLOT(OnContactGone()));
     m_pWatcher->Start();
     m_pModem->Start();
     m_pLossWatcher->Start();
+    m_pFindings->Start();
     loadPlugins();
     checkInstallation();
     fillWindow();
@@ -317,6 +321,11 @@ void HostApplication::OnReadableAgain()
     if (m_pLive) {
         m_pLive->ReadAnew();
     }
+}
+
+void HostApplication::OnContactGone()
+{
+    m_pWindow->Status().ShowNotice(HostText::Get("IDS_HOST_CONTACT_GONE"));
 }
 
 void HostApplication::showProblems()
@@ -444,6 +453,7 @@ void HostApplication::shutDown()
     m_pModem->Finish();
     m_pWatcher->Stop();
     m_pLossWatcher->Stop();
+    m_pFindings->Stop();
     m_pStoreWatch->Stop();
     m_pLifecycle->ShutDown(SHUTDOWN_LIMIT_MS);
 }

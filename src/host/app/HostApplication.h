@@ -13,6 +13,7 @@
 
 class Companion;
 class DeviceWatcher;
+class FindingsNotice;
 class LivePhonebook;
 class LossWatcher;
 class Modem;
@@ -53,6 +54,7 @@ private slots:
     void OnLost(const ProblemList& problems);
     void OnAccessChanged(const ProblemList& problems);
     void OnReadableAgain();
+    void OnContactGone();
     void OnWelcomeDismissed();
 
 private:
@@ -86,6 +88,7 @@ private:
     QScopedPointer<Link> m_pLink;
     QScopedPointer<ModemNotices> m_pNotices;
     QScopedPointer<LivePhonebook> m_pLive;
+    QScopedPointer<FindingsNotice> m_pFindings;
     int m_iExitCode;
     bool m_bClosing; // quit before or while the event loop runs
 };

@@ -20,6 +20,15 @@ const int LOOK_MS = 2000;
 QMutex s_mutex;
 LossWatcher* s_pWatcher = nullptr;
 
+// What is called for an event; null for one that is nothing to this.
+const char* slotFor(int iEvent)
+{
+    return iEvent == ORVA_EVENT_STORE_LOSS     ? "OnLoss"
+           : iEvent == ORVA_EVENT_STORE_ACCESS ? "OnCheckAccess"
+           : iEvent == ORVA_EVENT_RECORD_GONE  ? "OnGone"
+                                               : nullptr;
+}
+
 void addLoss(int iMemory, const char* pszFile, ProblemList& problems)
 {
     long lCode = ORVA_OK;
@@ -84,6 +93,13 @@ void LossWatcher::OnLoss()
     }
 }
 
+void LossWatcher::OnGone()
+{
+    if (m_bStarted) {
+        emit contactGone();
+    }
+}
+
 // Nobody tells that a disk has room again: asking tries, and is done while there is none alone.
 void LossWatcher::OnCheckAccess()
 {
@@ -117,13 +133,13 @@ void LossWatcher::OnCheckAccess()
 // On the SDK's event thread.
 int LossWatcher::onSdkEvent(int iEvent, void*)
 {
-    if (iEvent != ORVA_EVENT_STORE_LOSS && iEvent != ORVA_EVENT_STORE_ACCESS) {
+    const char* const pszSlot = slotFor(iEvent);
+    if (pszSlot == nullptr) {
         return 0;
     }
     QMutexLocker locker(&s_mutex);
     if (s_pWatcher != nullptr) {
-        QMetaObject::invokeMethod(s_pWatcher, iEvent == ORVA_EVENT_STORE_LOSS ? "OnLoss" : "OnCheckAccess",
-                                  Qt::QueuedConnection);
+        QMetaObject::invokeMethod(s_pWatcher, pszSlot, Qt::QueuedConnection);
     }
     return 1;
 }

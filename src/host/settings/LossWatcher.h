@@ -34,8 +34,12 @@ signals:
     // The phonebook could not be read, and can be.
     void readableAgain();
 
+    // A contact that the user is at was deleted by another program.
+    void contactGone();
+
 private slots:
     void OnLoss();
+    void OnGone();
     void OnCheckAccess();
 
 private:

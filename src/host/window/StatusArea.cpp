@@ -42,7 +42,9 @@ StatusArea::StatusArea(QWidget* pParent)
       m_pUnlock(new QToolButton(this)),
       m_pNetwork(newChip("linkhand_StatusArea_network", this)),
       m_pProblems(new QToolButton(this)),
-      m_pChanged(new QToolButton(this))
+      m_pChanged(new QToolButton(this)),
+      m_pFindings(new QToolButton(this)),
+      m_iFindings(0)
 {
     setObjectName(QLatin1String("linkhand_StatusArea"));
     m_pNotice->setObjectName(QLatin1String("linkhand_StatusArea_notice"));
@@ -57,6 +59,9 @@ StatusArea::StatusArea(QWidget* pParent)
     m_pChanged->setObjectName(QLatin1String("linkhand_StatusArea_changed"));
     m_pChanged->setToolButtonStyle(Qt::ToolButtonTextOnly);
     m_pChanged->hide();
+    m_pFindings->setObjectName(QLatin1String("linkhand_StatusArea_findings"));
+    m_pFindings->setToolButtonStyle(Qt::ToolButtonTextOnly);
+    m_pFindings->hide();
     m_pUnlock->setObjectName(QLatin1String("linkhand_StatusArea_unlock"));
     m_pUnlock->setToolButtonStyle(Qt::ToolButtonTextOnly);
     m_pUnlock->hide();
@@ -66,6 +71,7 @@ StatusArea::StatusArea(QWidget* pParent)
     pLayout->setSpacing(16);
     pLayout->addWidget(m_pNotice);
     pLayout->addStretch(1);
+    pLayout->addWidget(m_pFindings);
     pLayout->addWidget(m_pChanged);
     pLayout->addWidget(m_pProblems);
     pLayout->addWidget(m_pHardware);
@@ -76,6 +82,7 @@ StatusArea::StatusArea(QWidget* pParent)
     connect(m_pNotice, SIGNAL(clicked()), this, SLOT(OnHistory()));
     connect(m_pProblems, SIGNAL(clicked()), this, SLOT(OnProblems()));
     connect(m_pChanged, SIGNAL(clicked()), this, SIGNAL(showChangesRequested()));
+    connect(m_pFindings, SIGNAL(clicked()), this, SIGNAL(showFindingsRequested()));
     connect(m_pUnlock, SIGNAL(clicked()), this, SIGNAL(unlockRequested()));
 }
 
@@ -176,8 +183,17 @@ void StatusArea::SetChangedElsewhere(bool bChanged)
     m_pChanged->setVisible(bChanged);
 }
 
+void StatusArea::SetFindings(int iCount)
+{
+    m_iFindings = iCount;
+    m_pFindings->setText(HostText::Get("IDS_HOST_FINDINGS_COUNT").arg(iCount));
+    m_pFindings->setToolTip(HostText::Get("IDS_HOST_FINDINGS_TIP"));
+    m_pFindings->setVisible(iCount > 0);
+}
+
 void StatusArea::Retranslate()
 {
+    SetFindings(m_iFindings);
     m_pChanged->setText(HostText::Get("IDS_HOST_STATUS_CHANGED"));
     SetState(m_state);
     SetProblems(m_problems);

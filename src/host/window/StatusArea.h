@@ -36,6 +36,9 @@ public:
 
     // Whether another program has changed contacts that are not shown yet.
     void SetChangedElsewhere(bool bChanged);
+
+    // How much the last import left, once that is of interest; 0 for nothing.
+    void SetFindings(int iCount);
     void Retranslate();
 
 signals:
@@ -44,6 +47,9 @@ signals:
 
     // The user wants to see what was changed elsewhere.
     void showChangesRequested();
+
+    // The user wants to see what the last import left.
+    void showFindingsRequested();
 
 private slots:
     void OnHistory();
@@ -67,6 +73,8 @@ private:
     QLabel* m_pNetwork;
     QToolButton* m_pProblems;
     QToolButton* m_pChanged;
+    QToolButton* m_pFindings;
+    int m_iFindings;
 };
 
 #endif // LINKHAND_HOST_STATUSAREA_H

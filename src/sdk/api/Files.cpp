@@ -7,8 +7,8 @@
 
 #include "api/Boundary.h"
 #include "api/Handles.h"
+#include "api/ImportFindings.h"
 #include "api/Library.h"
-#include "base/Log.h"
 #include "base/Text.h"
 #include "contactapps/CardFile.h"
 #include "contactapps/ContactApps.h"
@@ -19,6 +19,7 @@
 #include "csv/Titles.h"
 #include "csv/Writer.h"
 #include "memories/LocalMemory.h"
+#include "orva/orva_care.h"
 #include "orva/orva_store.h"
 
 using namespace orva;
@@ -26,7 +27,6 @@ using namespace orva;
 namespace
 {
 
-constexpr int rowsLoggedAtMost = 1000; // a file of nothing but bad rows must not push everything else out of the log
 constexpr std::size_t recordsRead = 256;
 
 std::string pathFrom(const unsigned short* path)
@@ -58,42 +58,41 @@ std::string describeFile(const std::string& file)
     return toLocal(joined);
 }
 
-// Logs what became of rows that could not be taken as they are.
-class RowLog
+// Reads the rows of a source, and remembers what of it is left.
+template <typename ReadRows>
+std::unique_ptr<RowsRecordSet> readRowsOf(ImportFindings& findings, Memory& memory, ReadRows&& readRows)
 {
-public:
-    explicit RowLog(const char* what) : m_what(what) {}
-    ~RowLog()
-    {
-        if (m_count > rowsLoggedAtMost)
-            logFormat("%s: %d more lines with such findings", m_what, m_count - rowsLoggedAtMost);
-    }
-    RowLog(const RowLog&) = delete;
-    RowLog& operator=(const RowLog&) = delete;
+    const std::shared_ptr<const Profile> profile = memory.profile();
+    RowBlock rows = readRows(*profile, [&findings](const Finding& finding) { findings.add(finding); });
+    findings.judge(rows, *profile, memory);
+    return std::make_unique<RowsRecordSet>(profile, std::move(rows));
+}
 
-    RowReader::Report report()
-    {
-        return [this](int line, const char* what) {
-            if (++m_count <= rowsLoggedAtMost)
-                logFormat("%s: line %d: %s", m_what, line, what);
-        };
-    }
-
-private:
-    const char* m_what;
-    int m_count = 0;
-};
+void publish(std::shared_ptr<ImportFindings> findings)
+{
+    findings->close();
+    if (lastImport().set(std::move(findings)))
+        events().post(ORVA_EVENT_IMPORT_FINDINGS);
+}
 
 template <typename ReadRows>
-long importRows(const char* function, int* map, int memory, void** set, ReadRows&& readRows)
+long importRows(const char* function, const unsigned short* source, int* map, int memory, void** set,
+                ReadRows&& readRows)
 {
     return guarded(function, [&] {
         require(set);
         *set = nullptr;
         require(map);
-        const std::shared_ptr<const Profile> profile = memoryFor(memory).profile();
-        RowLog log(function);
-        auto rows = std::make_unique<RowsRecordSet>(profile, readRows(*profile, log.report()));
+        require(source);
+        const auto findings = std::make_shared<ImportFindings>(function, toUtf8(fromApi(source)));
+        std::unique_ptr<RowsRecordSet> rows;
+        try {
+            rows = readRowsOf(*findings, memoryFor(memory), readRows);
+        } catch (...) {
+            publish(findings);
+            throw;
+        }
+        publish(findings);
         // The client stores them one by one, if it does.
         if (memory == ORVA_MEMORY_LOCAL && rows->count() > ORVA_BACKUP_IMPORT_ABOVE)
             localMemory().store().backUpBeforeChange(ORVA_BACKUP_IMPORT);
@@ -150,7 +149,7 @@ long ORVA_PBSrv_GetFileFieldDescription(const unsigned short* path, char* buffer
 
 long ORVA_PBSrv_ImportFromFile(const unsigned short* path, int* map, int memory, void** set)
 {
-    return importRows(__func__, map, memory, set, [&](const Profile& profile, const RowReader::Report& report) {
+    return importRows(__func__, path, map, memory, set, [&](const Profile& profile, const RowReader::Report& report) {
         const std::string file = pathFrom(path);
         return isCardFile(file) ? readCardFile(file, profile, map, report) : readContacts(file, profile, map, report);
     });
@@ -158,8 +157,7 @@ long ORVA_PBSrv_ImportFromFile(const unsigned short* path, int* map, int memory,
 
 long ORVA_PBSrv_ImportFromOutlook(const unsigned short* name, int* map, int memory, void** set)
 {
-    return importRows(__func__, map, memory, set, [&](const Profile& profile, const RowReader::Report& report) {
-        require(name);
+    return importRows(__func__, name, map, memory, set, [&](const Profile& profile, const RowReader::Report& report) {
         return readContactApp(toUtf8(fromApi(name)), profile, map, report);
     });
 }
@@ -170,6 +168,39 @@ long ORVA_PBSrv_ExportToFile(const unsigned short* path, int* ids, int count, in
         if (count < 0 || (ids == nullptr && count > 0))
             throw Failure(ORVA_E_ARGUMENT, "no identifiers");
         exportRecords(pathFrom(path), ids, static_cast<std::size_t>(count), memoryFor(memory));
+        return ORVA_OK;
+    });
+}
+
+long ORVA_Care_GetFindings(ORVA_FINDING** findings, int* count, int* total, unsigned short** source)
+{
+    return guarded(__func__, [&] {
+        require(findings);
+        require(count);
+        *findings = nullptr;
+        *count = 0;
+        const std::shared_ptr<const ImportFindings> last = lastImport().get();
+        std::unique_ptr<ORVA_FINDING[]> copies;
+        if (last && !last->kept().empty()) {
+            copies.reset(new ORVA_FINDING[last->kept().size()]);
+            std::copy(last->kept().begin(), last->kept().end(), copies.get());
+        }
+        if (source != nullptr)
+            *source = toApi(fromUtf8(last ? last->source() : std::string()));
+        if (total != nullptr)
+            *total = last ? last->total() : 0;
+        *count = last ? static_cast<int>(last->kept().size()) : 0;
+        *findings = copies.release();
+        return ORVA_OK;
+    });
+}
+
+long ORVA_Care_FindingsRelease(ORVA_FINDING** findings)
+{
+    return guarded(__func__, [&] {
+        require(findings);
+        delete[] * findings;
+        *findings = nullptr;
         return ORVA_OK;
     });
 }

@@ -5,6 +5,8 @@
 #include <mutex>
 
 #include "api/Handles.h"
+#include "api/ImportFindings.h"
+#include "api/OwnDeletes.h"
 #include "base/DataFolder.h"
 #include "base/Files.h"
 #include "devices/SimulatedHardware.h"
@@ -53,6 +55,8 @@ struct Library {
     }
 
     EventHub events;
+    LastImport lastImport;
+    OwnDeletes ownDeletes;
     SimulatedHardware simulated; // also knows the PC's capacity
     std::unique_ptr<ModemHardware>
         modem; // null while the hardware is simulated; else the card and device below are its
@@ -197,6 +201,16 @@ ModemMemory* modemMemory(int memory)
 EventHub& events()
 {
     return library().events;
+}
+
+LastImport& lastImport()
+{
+    return library().lastImport;
+}
+
+OwnDeletes& ownDeletes()
+{
+    return library().ownDeletes;
 }
 
 void resetLibrary(const char* folder)

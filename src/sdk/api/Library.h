@@ -10,9 +10,11 @@ namespace orva
 
 class EventHub;
 class Hardware;
+class LastImport;
 class LocalMemory;
 class ModemHardware;
 class ModemMemory;
+class OwnDeletes;
 class SimulatedHardware;
 class Store;
 
@@ -43,6 +45,8 @@ ModemHardware* modemHardware();
 ModemMemory* modemMemory(int memory);
 
 EventHub& events();
+LastImport& lastImport();
+OwnDeletes& ownDeletes();
 
 // Commits and closes everything and forgets all handles. A null folder stands for what the environment says.
 void resetLibrary(const char* folder);

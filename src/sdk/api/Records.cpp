@@ -3,9 +3,12 @@
 #include "api/Boundary.h"
 #include "api/Handles.h"
 #include "api/Library.h"
+#include "api/OwnDeletes.h"
 #include "base/NumberText.h"
 #include "base/Text.h"
+#include "events/EventHub.h"
 #include "memories/LocalMemory.h"
+#include "orva/orva_store.h"
 
 using namespace orva;
 
@@ -42,6 +45,29 @@ void cleanNumbers(RecordHandle& record)
         if (!read || !read->extension.empty())
             throw Failure(ORVA_E_NUMBER, "a value of the field " + fields[i].key + " is no telephone number");
         value = std::move(read->number);
+    }
+}
+
+bool wentElsewhere(int id, int memory) noexcept
+{
+    try {
+        return memory == ORVA_MEMORY_LOCAL && id >= 1 && !ownDeletes().has(id) &&
+               localMemory().store().foreignChanges() > 0;
+    } catch (...) {
+        return false; // what is the matter with the store, others tell
+    }
+}
+
+// Runs what needs a record; tells everybody if that went by the hand of another process.
+template <typename Body>
+void onRecord(int id, int memory, Body&& body)
+{
+    try {
+        body(memoryFor(memory));
+    } catch (const Failure& failure) {
+        if (failure.code() == ORVA_E_NOT_FOUND && wentElsewhere(id, memory))
+            events().post(ORVA_EVENT_RECORD_GONE);
+        throw;
     }
 }
 
@@ -103,10 +129,12 @@ long ORVA_PBSrv_UpdateAddrRec(void* record, int id)
     return guarded(__func__, [&] {
         auto& held = fromHandle<RecordHandle>(record);
         cleanNumbers(held);
-        if (held.kept)
-            localMemory().update(id, held.values, &*held.kept);
-        else
-            memoryFor(held.memory).update(id, held.values);
+        onRecord(id, held.memory, [&](Memory& memory) {
+            if (held.kept)
+                localMemory().update(id, held.values, &*held.kept);
+            else
+                memory.update(id, held.values);
+        });
         return ORVA_OK;
     });
 }
@@ -114,7 +142,9 @@ long ORVA_PBSrv_UpdateAddrRec(void* record, int id)
 long ORVA_PBSrv_DelAddrRec(int id, int memory)
 {
     return guarded(__func__, [&] {
-        memoryFor(memory).erase(id);
+        onRecord(id, memory, [id](Memory& from) { from.erase(id); });
+        if (memory == ORVA_MEMORY_LOCAL)
+            ownDeletes().add(id);
         return ORVA_OK;
     });
 }
@@ -125,7 +155,7 @@ long ORVA_PBSrv_GetAddrRecord(int id, int memory, void** record)
         require(record);
         *record = nullptr;
         auto made = makeRecord(memory);
-        made->values = memoryFor(memory).readOne(id);
+        onRecord(id, memory, [&](Memory& from) { made->values = from.readOne(id); });
         made->id = id;
         made->values.resize(made->profile->fields().size());
         *record = newHandle(std::move(made));

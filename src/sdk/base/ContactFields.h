@@ -2,6 +2,7 @@
 #define SDK_BASE_CONTACTFIELDS_H
 
 #include <string>
+#include <vector>
 
 namespace orva
 {
@@ -14,6 +15,9 @@ struct ContactFields {
     std::string home;
     std::string email;
     std::string note;
+
+    // The names of properties, in upper case and one for each, that say more than that.
+    std::vector<std::string> left;
 
     bool empty() const
     {

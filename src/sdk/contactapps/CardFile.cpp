@@ -1,5 +1,6 @@
 #include "contactapps/CardFile.h"
 
+#include <algorithm>
 #include <cstring>
 #include <fstream>
 #include <iterator>
@@ -50,33 +51,111 @@ std::string kindOf(const CardProperty& property)
     return {};
 }
 
-// Puts further numbers and addresses into the note. The names of the properties that stay behind.
-std::string takeFurther(const Card& card, CardContact& contact)
+// Further numbers and addresses go into the note.
+bool isFurther(const CardProperty& property)
 {
-    std::string left;
-    for (std::size_t i = 0; i < contact.kept.size(); ++i) {
-        const CardProperty& property = contact.kept[i];
-        if (!property.is("TEL") && !property.is("EMAIL")) {
-            left += (left.empty() ? "" : ", ") + contact.left[i];
+    return property.is("TEL") || property.is("EMAIL");
+}
+
+void takeFurther(const Card& card, CardContact& contact)
+{
+    for (const CardProperty& property : contact.kept) {
+        if (!isFurther(property))
             continue;
-        }
         const std::string kind = property.is("TEL") ? kindOf(property) : std::string();
         contact.note += contact.note.empty() ? "" : "\n";
         contact.note += (kind.empty() ? "" : kind + ": ") + cardText(property, card.version);
     }
-    return left;
 }
+
+// What a property says, if people can read it.
+std::string shownText(const CardProperty& property, CardVersion version)
+{
+    for (const char* octets : {"PHOTO", "LOGO", "SOUND", "KEY"})
+        if (property.is(octets))
+            return {};
+    return cardText(property, version);
+}
+
+const std::string& bestNumber(const CardContact& contact)
+{
+    return !contact.mobile.empty() ? contact.mobile : !contact.home.empty() ? contact.home : contact.office;
+}
+
+// Where the columns of numbers lie among fieldKeys.
+constexpr int firstNumber = 1;
+constexpr int lastNumber = 3;
+constexpr int noteColumn = 5;
+constexpr int numberColumn = 6;
 
 // In the order of fieldKeys.
 void fill(Row& row, const CardContact& contact)
 {
-    const std::string& best = !contact.mobile.empty() ? contact.mobile
-                              : !contact.home.empty() ? contact.home
-                                                      : contact.office;
+    const std::string& best = bestNumber(contact);
     for (const std::string* value :
          {&contact.name, &contact.mobile, &contact.office, &contact.home, &contact.email, &contact.note, &best})
         row.add(*value);
 }
+
+// Tells what of the cards no column of the map has.
+class LeftOfCards
+{
+public:
+    LeftOfCards(const int* map, int fields, const RowReader::Report& report)
+        : m_map(map, map + fields), m_report(report), m_left(std::size(fieldKeys))
+    {
+        if (report)
+            m_named = [this](const Finding& finding) { m_report(named(finding)); };
+    }
+    LeftOfCards(const LeftOfCards&) = delete;
+    LeftOfCards& operator=(const LeftOfCards&) = delete;
+
+    bool isMapped(int column) const { return std::find(m_map.begin(), m_map.end(), column) != m_map.end(); }
+
+    // Puts the columns' names to what is found in them.
+    const RowReader::Report& report() const { return m_named; }
+
+    void tell(const Card& card, const CardContact& contact, const Row& row)
+    {
+        for (std::size_t i = 0; i < contact.kept.size(); ++i)
+            if (!isMapped(noteColumn) || !isFurther(contact.kept[i]))
+                m_report({card.line, ORVA_FINDING_PROPERTY, 1, -1, contact.left[i],
+                          shownText(contact.kept[i], card.version)});
+        for (const std::string& group : contact.groups)
+            m_report({card.line, ORVA_FINDING_PROPERTY, 1, -1, "CATEGORIES", group});
+        const bool best = isMapped(numberColumn);
+        for (int i = 0; i < numberColumn; ++i) {
+            const bool number = i >= firstNumber && i <= lastNumber;
+            if (row.column(i).empty() || isMapped(i) || (best && number && row.column(i) == bestNumber(contact)))
+                continue;
+            if (best && number)
+                m_report(named({card.line, ORVA_FINDING_FURTHER, 1, i, {}, row.column(i)}));
+            else
+                ++m_left[static_cast<std::size_t>(i)];
+        }
+    }
+
+    void finish() const
+    {
+        for (std::size_t i = 0; m_report && i < m_left.size(); ++i)
+            if (m_left[i] > 0)
+                m_report(named({0, ORVA_FINDING_COLUMN, m_left[i], static_cast<int>(i)}));
+    }
+
+private:
+    static Finding named(Finding finding)
+    {
+        if (finding.column >= 0 && static_cast<std::size_t>(finding.column) < std::size(fieldKeys))
+            finding.name = fieldKeys[static_cast<std::size_t>(finding.column)];
+        finding.column = -1; // which is none of the file
+        return finding;
+    }
+
+    const std::vector<int> m_map;
+    const RowReader::Report& m_report;
+    RowReader::Report m_named;
+    std::vector<int> m_left; // values, by column
+};
 
 } // namespace
 
@@ -101,20 +180,23 @@ RowBlock readCardFile(const std::string& path, const Profile& profile, const int
     CardReader reader(in, report);
     FieldMap fields(profile, map);
     RowBlock rows(fields.fields());
+    LeftOfCards left(map, fields.fields(), report);
     Card card;
     Row row;
     while (reader.next(card)) {
         CardContact contact = contactOf(card);
-        const std::string left = takeFurther(card, contact);
+        if (left.isMapped(noteColumn))
+            takeFurther(card, contact);
         row.clear(card.line);
         fill(row, contact);
-        if (fields.add(row, rows, report) && !left.empty() && report)
-            report(card.line, ("no field is for " + left).c_str());
+        if (fields.add(row, rows, left.report()) && report)
+            left.tell(card, contact, row);
         if (rows.rows() > cardsAtMost || rows.bytes() > octetsAtMost)
             throw Failure(ORVA_E_TOO_LONG, "too many contacts");
     }
     if (in.bad())
         throw Failure(ORVA_E_STORE, "cannot read");
+    left.finish();
     if (rows.empty())
         throw Failure(ORVA_E_FORMAT, "no usable card");
     return rows;

@@ -66,13 +66,22 @@ RowBlock readContactApp(std::string_view name, const Profile& profile, const int
     RowBlock rows(fields.fields());
     Row row;
     int number = 0;
+    const RowReader::Report named = [&](Finding finding) {
+        if (finding.column >= 0 && finding.column < profile.size())
+            finding.name = profile.fields()[static_cast<std::size_t>(finding.column)].key;
+        finding.column = -1; // which is none of a file
+        report(finding);
+    };
     for (const std::string& book : books) {
         const bool evolution = name == evolutionName;
         for (const ContactFields& contact : evolution ? readEvolutionBook(book) : readThunderbirdBook(book)) {
             row.clear(++number);
             for (const Field& field : profile.fields())
                 row.add(valueFor(contact, field.labelId, numbers == 1));
-            fields.add(row, rows, report);
+            if (!fields.add(row, rows, report ? named : report) || !report)
+                continue;
+            for (const std::string& property : contact.left)
+                report({number, ORVA_FINDING_PROPERTY, 1, -1, property});
         }
     }
     if (rows.empty())

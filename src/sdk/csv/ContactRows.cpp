@@ -5,6 +5,7 @@
 #include "base/EmailText.h"
 #include "base/Failure.h"
 #include "base/Unicode.h"
+#include "csv/LeftBehind.h"
 #include "csv/MadeUpColumns.h"
 #include "csv/Titles.h"
 
@@ -101,13 +102,19 @@ bool FieldMap::takeFirst()
 }
 
 // Of a value that cannot be read: why, and its column in m_reportedColumn.
-const char* FieldMap::whyNotText(const Row& row, const Source& source)
+int FieldMap::whyNotText(const Row& row, const Source& source)
 {
     std::u16string units;
     if (source.second >= 0 && appendUtf16(row.column(source.first), units))
         m_reportedColumn = source.second;
     const bool zero = row.column(m_reportedColumn).find('\0') != std::string_view::npos;
-    return zero ? "row passed over: a zero byte" : "row passed over: not text";
+    return zero ? ORVA_FINDING_ZERO : ORVA_FINDING_NOT_TEXT;
+}
+
+void FieldMap::tell(const Row& row, int reason, const RowReader::Report& report) const
+{
+    if (report)
+        report({row.line(), reason, 1, m_reportedColumn, {}, row.column(m_reportedColumn)});
 }
 
 // Cleans the number in m_value. False, and only its ends trimmed, for a text that is none, or has an extension that no
@@ -174,35 +181,42 @@ bool FieldMap::cutNote(std::size_t units)
     return true;
 }
 
-bool FieldMap::add(const Row& row, RowBlock& into, const RowReader::Report& report)
+bool FieldMap::readSources(const Row& row, RowBlock& into, const RowReader::Report& report)
 {
-    bool anything = false;
-    m_noted.clear();
-    into.beginRow(row.line());
     for (const Source& source : m_sources) {
         const bool text = readValue(row, source);
-        if (text && source.number && !readNumberValue(source) && report)
-            report(row.line(), notANumber);
-        if (text && m_several && report)
-            report(row.line(), "only the first of several values is taken");
-        if (text && source.email && moveEmail() && report)
-            report(row.line(), "put into the note: not an e-mail address that the form takes");
+        if (text && source.number && !readNumberValue(source))
+            tell(row, ORVA_FINDING_NUMBER, report);
+        if (text && m_several)
+            tell(row, ORVA_FINDING_SEVERAL, report);
+        if (text && source.email && moveEmail())
+            tell(row, ORVA_FINDING_EMAIL, report);
         if (text && source.noteUnits != 0)
             appendNoted();
-        if (text && cutNote(source.noteUnits) && report)
-            report(row.line(), "note cut to what its field holds");
+        if (text && cutNote(source.noteUnits))
+            tell(row, ORVA_FINDING_NOTE_CUT, report);
         if (!text || m_length > valueUnitsAtMost) {
-            if (report)
-                report(row.line(), text ? "row passed over: value too long" : whyNotText(row, source));
-            into.dropRow();
+            tell(row, text ? ORVA_FINDING_VALUE_LENGTH : whyNotText(row, source), report);
             return false;
         }
-        anything = anything || std::u16string_view(m_value.data(), m_length).find_first_not_of(blanks) != npos;
+        m_anything = m_anything || std::u16string_view(m_value.data(), m_length).find_first_not_of(blanks) != npos;
         into.addValue({m_value.data(), m_length});
     }
-    if (!anything)
+    return true;
+}
+
+bool FieldMap::add(const Row& row, RowBlock& into, const RowReader::Report& report)
+{
+    m_anything = false;
+    m_noted.clear();
+    into.beginRow(row.line());
+    const bool read = readSources(row, into, report);
+    m_reportedColumn = -1;
+    if (read && !m_anything)
+        tell(row, ORVA_FINDING_EMPTY, report);
+    if (!read || !m_anything)
         into.dropRow();
-    return anything;
+    return read && m_anything;
 }
 
 RowBlock readContacts(const std::string& path, const Profile& profile, const int* map, const RowReader::Report& report,
@@ -214,18 +228,18 @@ RowBlock readContacts(const std::string& path, const Profile& profile, const int
         throw Failure(ORVA_E_FORMAT, "empty file");
     MadeUpColumns madeUp(titlesOf(row));
     FieldMap fields(profile, map);
-    const bool making = madeUp.usedBy(map, fields.fields());
+    LeftBehind left(madeUp, titlesOf(row), map, fields.fields(), report);
     RowBlock rows(fields.fields());
     // Room that is not needed in the end costs nothing but addresses.
     const auto units = static_cast<std::size_t>(std::min<std::uint64_t>(reader.octets(), unitsReservedAtMost));
     rows.reserve(units / octetsOfARow, units);
     while (reader.next(row)) {
-        if (making)
-            madeUp.appendTo(row);
-        fields.add(row, rows, report);
+        left.makeUp(row);
+        fields.add(row, rows, left.report());
         if (rows.rows() > rowsAtMost || rows.bytes() > octetsAtMost)
             throw Failure(ORVA_E_TOO_LONG, "too many contacts");
     }
+    left.finish();
     if (rows.empty())
         throw Failure(ORVA_E_FORMAT, "no usable row");
     return rows;

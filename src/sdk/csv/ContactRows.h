@@ -24,11 +24,8 @@ public:
     // Adds a row to `into` by the number of its line. False, and nothing added, if none of its fields has a value other
     // than blanks, or a column that is needed is no text. A note is cut to what its field holds, what is no telephone
     // number stays as it is, what is no e-mail address goes into the note, of several values in a column the first is
-    // taken. Each is reported.
+    // taken. Each is reported with its column and what stands there.
     bool add(const Row& row, RowBlock& into, const RowReader::Report& report);
-
-    // While a report of add() runs: the column that it is about.
-    int reportedColumn() const { return m_reportedColumn; }
 
 private:
     struct Source {
@@ -41,7 +38,9 @@ private:
     };
 
     bool readValue(const Row& row, const Source& source);
-    const char* whyNotText(const Row& row, const Source& source);
+    int whyNotText(const Row& row, const Source& source);
+    bool readSources(const Row& row, RowBlock& into, const RowReader::Report& report);
+    void tell(const Row& row, int reason, const RowReader::Report& report) const;
     bool takeFirst();
     bool appendColumn(std::string_view column);
     bool readNumberValue(const Source& source);
@@ -57,18 +56,16 @@ private:
     std::u16string m_noted;        // what the row's numbers and addresses leave for its note
     bool m_hasNote = false;        // behind all of those
     bool m_several = false;        // values in the column that was read
-    int m_reportedColumn = -1;
+    bool m_anything = false;       // in the row's fields
+    int m_reportedColumn = -1;     // which a report is about
 };
-
-// What add() reports of a number that is none.
-inline constexpr char notANumber[] = "not a telephone number";
 
 // A map entry that joins two columns by a blank, such as first and last name.
 int joinedColumns(int first, int second);
 
-// Reads the records of a file: its rows but the first. Rows that cannot be read are reported and passed over, and so,
-// without a report, are rows that have nothing in the mapped columns. Failure(ORVA_E_FORMAT) if no row is left,
-// ORVA_E_TOO_LONG for more than a million rows or 256 MB of text.
+// Reads the records of a file: its rows but the first. Rows that cannot be read or have nothing in the mapped columns
+// are reported and passed over; so are columns that are not taken. What is reported of a column has its title.
+// Failure(ORVA_E_FORMAT) if no row is left, ORVA_E_TOO_LONG for more than a million rows or 256 MB of text.
 RowBlock readContacts(const std::string& path, const Profile& profile, const int* map, const RowReader::Report& report,
                       const ReaderLimits& limits = ReaderLimits());
 

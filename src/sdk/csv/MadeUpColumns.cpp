@@ -192,8 +192,8 @@ void MadeUpColumns::addToNote(const std::string& label, std::string_view text)
     m_note.append(m_note.empty() ? "" : "\n").append(label).append(label.empty() ? "" : ": ").append(text);
 }
 
-// A second number of a kind, or one that nobody answers, goes to the note.
-void MadeUpColumns::takeNumber(std::string_view number, const std::string& label, Kind kind)
+// A second number of a kind, or one that nobody answers, goes to the note. The text that holds it.
+const std::string* MadeUpColumns::takeNumber(std::string_view number, const std::string& label, Kind kind)
 {
     std::string* place = kind == Kind::Mobile   ? &m_mobile
                          : kind == Kind::Office ? &m_office
@@ -202,10 +202,12 @@ void MadeUpColumns::takeNumber(std::string_view number, const std::string& label
     if (kind == Kind::Any)
         for (std::string* free : {&m_office, &m_home, &m_mobile})
             place = free->empty() ? free : place;
-    if (place != nullptr && place->empty())
+    if (place != nullptr && place->empty()) {
         *place = number;
-    else
-        addToNote(label, number);
+        return place;
+    }
+    addToNote(label, number);
+    return &m_note;
 }
 
 // The numbers of a row that have a kind, or those that have none.
@@ -225,19 +227,30 @@ void MadeUpColumns::takeNumbers(const Row& row, bool ofAKind)
         }
         const Kind kind = phone.label >= 0 ? ColumnGuess::kindOf(label) : phone.kind;
         if ((kind != Kind::Any) == ofAKind)
-            eachValue(cell, [&](std::string_view number) { takeNumber(number, label, kind); });
+            eachValue(cell, [&](std::string_view number) {
+                addPiece(phone.column, cell, number, takeNumber(number, label, kind));
+            });
     }
 }
 
 void MadeUpColumns::takeEmails(const Row& row)
 {
-    for (const int column : m_guess.emails)
-        eachValue(row.column(column), [&](std::string_view email) {
-            if (m_email.empty())
+    for (const int column : m_guess.emails) {
+        const std::string_view cell = row.column(column);
+        eachValue(cell, [&](std::string_view email) {
+            const bool first = m_email.empty() || email == m_email;
+            if (first)
                 m_email = email;
-            else if (email != m_email)
+            else
                 addToNote(std::string(), email);
+            addPiece(column, cell, email, first ? &m_email : &m_note);
         });
+    }
+}
+
+void MadeUpColumns::addPiece(int column, std::string_view cell, std::string_view value, const std::string* in)
+{
+    m_pieces.push_back({column, in, static_cast<std::size_t>(value.data() - cell.data()), value.size()});
 }
 
 std::string MadeUpColumns::nameOf(const Row& row) const
@@ -269,6 +282,23 @@ const std::string& MadeUpColumns::valueOf(std::string_view key) const
     return m_home.empty() ? m_office : m_home; // the best there is
 }
 
+std::vector<MadeUpColumns::Unused> MadeUpColumns::unusedBy(const Row& row, const int* map, int fields) const
+{
+    std::vector<const std::string*> used;
+    for (const Place& place : m_places)
+        if (place.column >= 0 && std::find(map, map + fields, place.column) != map + fields)
+            used.push_back(&valueOf(place.key));
+    const auto isMapped = [&](int column) { return std::find(map, map + fields, column) != map + fields; };
+    std::vector<Unused> unused;
+    for (const Piece& piece : m_pieces)
+        if (std::find(used.begin(), used.end(), piece.in) == used.end() && !isMapped(piece.column))
+            unused.push_back({piece.column, std::string(row.column(piece.column).substr(piece.begin, piece.length))});
+    const std::string_view company = trimmed(row.column(m_guess.company));
+    if (company != m_name && !company.empty() && !isMapped(m_guess.company))
+        unused.push_back({m_guess.company, std::string(company)});
+    return unused;
+}
+
 void MadeUpColumns::appendTo(Row& row)
 {
     m_mobile.clear();
@@ -276,6 +306,7 @@ void MadeUpColumns::appendTo(Row& row)
     m_home.clear();
     m_email.clear();
     m_note = row.column(m_guess.note);
+    m_pieces.clear();
     takeNumbers(row, true);
     takeNumbers(row, false);
     takeEmails(row);

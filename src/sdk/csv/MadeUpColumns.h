@@ -48,6 +48,17 @@ public:
     // Puts the values behind a row of the file. What the row has beyond the file's titles goes.
     void appendTo(Row& row);
 
+    // A value of the file that a field map takes from none of these.
+    struct Unused {
+        int column;
+        std::string value;
+    };
+
+    // Those among the numbers and addresses of the row that this was done for last, and its company where the name is
+    // another.
+    std::vector<Unused> unusedBy(const Row& row, const int* map, int fields) const;
+    int company() const { return m_guess.company; }
+
 private:
     struct Place {
         std::string_view key;
@@ -61,9 +72,10 @@ private:
     bool mayHold(ColumnGuess::Kind kind, std::ptrdiff_t place) const;
     static bool mayStandUnder(std::string_view key, const ColumnGuess::Phone& phone);
     void takeNumbers(const Row& row, bool ofAKind);
-    void takeNumber(std::string_view number, const std::string& label, ColumnGuess::Kind kind);
+    const std::string* takeNumber(std::string_view number, const std::string& label, ColumnGuess::Kind kind);
     void takeEmails(const Row& row);
     void addToNote(const std::string& label, std::string_view text);
+    void addPiece(int column, std::string_view cell, std::string_view value, const std::string* in);
     std::string nameOf(const Row& row) const;
     const std::string& valueOf(std::string_view key) const;
 
@@ -72,8 +84,17 @@ private:
     std::vector<std::string> m_titles;
     std::vector<Place> m_places; // by the keys, in their order
 
+    // A value of the row at hand, and which of the texts below holds it.
+    struct Piece {
+        int column;
+        const std::string* in;
+        std::size_t begin; // in the column
+        std::size_t length;
+    };
+
     // Of the row at hand.
     std::string m_name, m_mobile, m_office, m_home, m_email, m_note;
+    std::vector<Piece> m_pieces;
 };
 
 } // namespace orva

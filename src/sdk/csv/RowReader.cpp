@@ -34,9 +34,9 @@ int neverBlank(unsigned char /*c*/)
     return 0;
 }
 
-constexpr const char* whyTooLong = "row passed over: too long";
-constexpr const char* whyColumns = "row passed over: too many columns";
-constexpr const char* whyQuote = "line passed over: a quotation mark that nothing closes";
+// What readRow() gives instead of a reason.
+constexpr int readWell = 0;
+constexpr int blankLine = -1;
 
 } // namespace
 
@@ -303,10 +303,10 @@ bool RowReader::isBlank(std::string_view line) const
 }
 
 // Passes over the current row; or over its first line alone if a quotation mark in it may have drawn in the others.
-void RowReader::giveUpRow(const char* why)
+void RowReader::giveUpRow(int reason)
 {
     if (m_report)
-        m_report(m_rowLine, why);
+        m_report({m_rowLine, reason});
     m_parser->restart();
     const bool lineEnds = m_at > 0 && (m_text[m_at - 1] == '\n' || m_text[m_at - 1] == '\r');
     const bool lines = m_line > m_rowLine;
@@ -323,33 +323,33 @@ void RowReader::giveUpRow(const char* why)
 bool RowReader::next(Row& row)
 {
     for (beginRow(row);; beginRow(row)) {
-        const char* why = readRow(row);
-        if (why == nullptr)
+        const int reason = readRow(row);
+        if (reason == readWell)
             return true;
         if (m_at == m_rowAt)
             return false;
-        if (*why != 0)
-            giveUpRow(why);
+        if (reason != blankLine)
+            giveUpRow(reason);
     }
 }
 
-// Reads lines up to the end of the row. Gives why it cannot, empty for a blank line; null if it can.
-const char* RowReader::readRow(Row& row)
+// Reads lines up to the end of the row. Gives why it cannot, if so.
+int RowReader::readRow(Row& row)
 {
     for (;;) {
         std::string_view line;
         if (!nextLine(line))
-            return whyTooLong;
+            return ORVA_FINDING_ROW_LENGTH;
         if (line.empty())
-            return whyQuote;
+            return ORVA_FINDING_QUOTE;
         if (line.size() == m_at - m_rowAt && isBlank(line))
-            return "";
+            return blankLine;
         m_parser->take(line, row);
         if (!m_parser->ended && m_fileEnded && m_at == m_text.size())
             m_parser->take("\n", row);
         if (m_parser->ended) {
             m_parser->ended = false;
-            return row.columns() <= m_limits.columns ? nullptr : whyColumns;
+            return row.columns() <= m_limits.columns ? readWell : ORVA_FINDING_ROW_COLUMNS;
         }
     }
 }

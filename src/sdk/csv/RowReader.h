@@ -3,12 +3,12 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "base/Finding.h"
 #include "csv/Encoding.h"
 
 namespace orva
@@ -64,8 +64,8 @@ struct ReaderLimits {
 class RowReader
 {
 public:
-    // A row that could not be read, or not quite: its line and what became of it.
-    using Report = std::function<void(int line, const char* what)>;
+    // Told of a row that could not be read.
+    using Report = FindingReport;
 
     // Opens a file. Failure(ORVA_E_NOT_FOUND) if there is none, ORVA_E_STORE if it may not be read, ORVA_E_FORMAT if
     // it is no regular file, ORVA_E_TOO_LONG if it is longer than the limit.
@@ -95,9 +95,9 @@ private:
     std::size_t lineEnd();
     void discardLine();
     void beginRow(Row& row);
-    const char* readRow(Row& row);
+    int readRow(Row& row);
     bool isBlank(std::string_view line) const;
-    void giveUpRow(const char* why);
+    void giveUpRow(int reason);
 
     ReaderLimits m_limits;
     Report m_report;

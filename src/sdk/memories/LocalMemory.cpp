@@ -37,6 +37,11 @@ Values LocalMemory::readOne(int id)
     return m_store.readOne(id, m_profile->size());
 }
 
+int LocalMemory::lengthOf(const Field& field, std::u16string_view value)
+{
+    return plainLength(field, value);
+}
+
 int LocalMemory::add(const Values& values, const std::string* kept)
 {
     requireFit(*m_profile, values, plainLength);

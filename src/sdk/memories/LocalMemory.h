@@ -24,6 +24,8 @@ public:
     void read(int first, int last, std::size_t maxRows, RowBlock& rows) override;
     void readSome(const int* ids, std::size_t count, RowBlock& rows) override;
     Values readOne(int id) override;
+    int lengthOf(const Field& field, std::u16string_view value) override;
+    bool hasShortNames() const override { return false; }
     int add(const Values& values) override { return add(values, nullptr); }
     void update(int id, const Values& values) override { update(id, values, nullptr); }
 

@@ -48,6 +48,12 @@ public:
     // One record; ORVA_E_NOT_FOUND.
     virtual Values readOne(int id) = 0;
 
+    // How much room a value of a field takes, in the units of its maxLength.
+    virtual int lengthOf(const Field& field, std::u16string_view value) = 0;
+
+    // Whether clients cut names to what fits.
+    virtual bool hasShortNames() const { return true; }
+
     // Stores a record and gives its identifier. ORVA_E_FULL, ORVA_E_TOO_LONG.
     virtual int add(const Values& values) = 0;
 

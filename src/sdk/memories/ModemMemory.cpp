@@ -76,16 +76,25 @@ Values ModemMemory::readOne(int id)
     });
 }
 
+LengthOf ModemMemory::lengthRule() const
+{
+    return m_memory == ORVA_MEMORY_CARD && !m_countsUnits ? cardLength : plainLength;
+}
+
+int ModemMemory::lengthOf(const Field& field, std::u16string_view value)
+{
+    return lengthRule()(field, value);
+}
+
 PhonebookEntry ModemMemory::entryFor(const Values& values)
 {
     m_hardware.requireOpen(m_memory);
     if (capacity() == 0)
         throw Failure(ORVA_E_BUSY, "the memory is not ready");
-    const bool encoded = m_memory == ORVA_MEMORY_CARD && !m_countsUnits;
     if (values.size() != 2)
         throw Failure(ORVA_E_ARGUMENT, "the record was made for other fields");
     const std::string number = toUtf8(values[1]);
-    requireFit(*profile(), values, encoded ? cardLength : plainLength);
+    requireFit(*profile(), values, lengthRule());
     PhonebookEntry entry;
     entry.alpha = values[0];
     entry.number = cleanNumber(number);

@@ -4,6 +4,7 @@
 #include <atomic>
 #include <string>
 
+#include "memories/Limits.h"
 #include "memories/Memory.h"
 #include "modem/ModemHardware.h"
 
@@ -29,6 +30,7 @@ public:
     void read(int first, int last, std::size_t maxRows, RowBlock& rows) override;
     void readSome(const int* ids, std::size_t count, RowBlock& rows) override;
     Values readOne(int id) override;
+    int lengthOf(const Field& field, std::u16string_view value) override;
     int add(const Values& values) override;
     void update(int id, const Values& values) override;
     void erase(int id) override;
@@ -44,6 +46,7 @@ public:
     void restore(const std::string& path);
 
 private:
+    LengthOf lengthRule() const;
     PhonebookEntry entryFor(const Values& values);
 
     ModemHardware& m_hardware;

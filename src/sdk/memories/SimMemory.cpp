@@ -69,11 +69,20 @@ Values SimMemory::readOne(int id)
     return m_store.readOne(id, profile()->size());
 }
 
+LengthOf SimMemory::lengthRule() const
+{
+    return m_memory == ORVA_MEMORY_CARD && !m_hardware.countsUnits() ? cardLength : plainLength;
+}
+
+int SimMemory::lengthOf(const Field& field, std::u16string_view value)
+{
+    return lengthRule()(field, value);
+}
+
 void SimMemory::requireWritable(const Values& values)
 {
     m_hardware.requireOpen(m_memory);
-    const bool encoded = m_memory == ORVA_MEMORY_CARD && !m_hardware.countsUnits();
-    requireFit(*profile(), values, encoded ? cardLength : plainLength);
+    requireFit(*profile(), values, lengthRule());
     m_hardware.spendWriting(m_memory);
 }
 

@@ -27,6 +27,7 @@ public:
     void read(int first, int last, std::size_t maxRows, RowBlock& rows) override;
     void readSome(const int* ids, std::size_t count, RowBlock& rows) override;
     Values readOne(int id) override;
+    int lengthOf(const Field& field, std::u16string_view value) override;
     int add(const Values& values) override;
     void update(int id, const Values& values) override;
     void erase(int id) override;
@@ -35,6 +36,7 @@ public:
     std::uint64_t changes() const override;
 
 private:
+    LengthOf lengthRule() const;
     void requireWritable(const Values& values);
 
     SimulatedHardware& m_hardware;

@@ -14,10 +14,7 @@ namespace orva
 struct CardContact : ContactFields {
     std::vector<std::string> groups;
 
-    // The names of properties, in upper case and one for each, that say more than that.
-    std::vector<std::string> left;
-
-    // Those properties, in the same order.
+    // The properties named in `left`, in the same order.
     std::vector<CardProperty> kept;
 };
 

@@ -217,10 +217,10 @@ private:
     bool m_found = false;
 };
 
-void say(const CardReport& report, int line, const char* what)
+void say(const CardReport& report, int line, int reason)
 {
     if (report)
-        report(line, what);
+        report({line, reason});
 }
 
 CardVersion versionOf(std::string_view text, int line, const CardReport& report)
@@ -235,7 +235,7 @@ CardVersion versionOf(std::string_view text, int line, const CardReport& report)
         if (version == "4.0")
             return CardVersion::V40;
         if (version != "3.0")
-            say(report, walk.number(), "version of vCard is not known and is read as 3.0");
+            say(report, walk.number(), ORVA_FINDING_CARD_VERSION);
         break;
     }
     return CardVersion::V30;
@@ -269,7 +269,7 @@ CardProperty readProperty(LineWalk& walk, CardVersion version, const CardReport&
             property.setValue(std::move(inner));
     }
     if (!property.readable())
-        say(report, line, "line is no property of a vCard and is kept as it is");
+        say(report, line, ORVA_FINDING_CARD_LINE);
     property.setOctets(walk.octetsFrom(begin));
     property.setLine(line);
     return property;

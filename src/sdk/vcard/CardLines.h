@@ -2,17 +2,17 @@
 #define SDK_VCARD_CARDLINES_H
 
 #include <cstddef>
-#include <functional>
 #include <string>
 #include <string_view>
 
+#include "base/Finding.h"
 #include "vcard/Card.h"
 
 namespace orva
 {
 
-// Something in a card or file that could not be read: its line, counted from 1, and what became of it.
-using CardReport = std::function<void(int line, const char* what)>;
+// Told of something in a card or file that could not be read.
+using CardReport = FindingReport;
 
 // What one card may hold; tests make it smaller.
 struct CardLimits {

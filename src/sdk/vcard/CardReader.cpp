@@ -24,10 +24,10 @@ CardReader::CardReader(std::istream& in, CardReport report, const CardLimits& li
 {
 }
 
-void CardReader::say(int line, const char* what) const
+void CardReader::say(int line, int reason) const
 {
     if (m_report)
-        m_report(line, what);
+        m_report({line, reason});
 }
 
 void CardReader::checkMark()
@@ -36,7 +36,7 @@ void CardReader::checkMark()
     if (text.substr(0, 3) == "\xEF\xBB\xBF") {
         m_text.erase(0, 3);
     } else if (text.substr(0, 2) == "\xFE\xFF" || text.substr(0, 2) == "\xFF\xFE") {
-        say(1, "file is in UTF-16, in which no vCard is written");
+        say(1, ORVA_FINDING_CARD_ENCODING);
         m_text.clear();
         m_ended = true;
         m_anyCard = true;
@@ -103,7 +103,7 @@ bool CardReader::skipToBegin()
         if (isCardBegin(line))
             return true;
         if (!said && !isBlank(line)) {
-            say(m_line, "text outside of a card was passed over, up to the next card");
+            say(m_line, ORVA_FINDING_CARD_OUTSIDE);
             said = true;
         }
     }
@@ -123,7 +123,7 @@ CardReader::Found CardReader::findEnd()
                 return Found::Card;
         } else if (isCardBegin(line)) {
             if (inner || !agent) {
-                say(m_cardLine, "card has no END:VCARD and was left out");
+                say(m_cardLine, ORVA_FINDING_CARD_END);
                 resumeAt(innerLine != 0 ? m_cardAt + innerAt : m_lineAt, innerLine != 0 ? innerLine : m_line);
                 return Found::Damaged;
             }
@@ -134,7 +134,7 @@ CardReader::Found CardReader::findEnd()
         }
         agent = isAgentLine(line);
     }
-    say(m_cardLine, m_tooLong ? "card is larger than 5 MB and was left out" : "card has no END:VCARD and was left out");
+    say(m_cardLine, m_tooLong ? ORVA_FINDING_CARD_LENGTH : ORVA_FINDING_CARD_END);
     const bool tooLong = std::exchange(m_tooLong, false);
     if (inner || (innerLine != 0 && !tooLong)) {
         resumeAt(m_cardAt + innerAt, innerLine);
@@ -163,10 +163,10 @@ bool CardReader::next(Card& card)
         card = parseCard(std::string_view(m_text).substr(m_cardAt, m_at - m_cardAt), m_cardLine, m_report, m_limits);
         if (!card.end.empty())
             return true;
-        say(m_cardLine, "card has too many lines and was left out");
+        say(m_cardLine, ORVA_FINDING_CARD_LINES);
     }
     if (!std::exchange(m_anyCard, true))
-        say(std::max(m_line, 1), "file holds no vCard");
+        say(std::max(m_line, 1), ORVA_FINDING_CARD_NONE);
     return false;
 }
 

@@ -37,7 +37,7 @@ private:
     bool skipToBegin();
     Found findEnd();
     void resumeAt(std::size_t offset, int line);
-    void say(int line, const char* what) const;
+    void say(int line, int reason) const;
     void checkMark();
 
     std::istream& m_in;

@@ -20,6 +20,8 @@ const char* const MAP_OK = "AddrUIplugin_FieldMapokbtn";
 const char* const MAP_CANCEL = "AddrUIplugin_FieldMapCancelbtn";
 const char* const BOX = "linkhand_MessageBox";
 const char* const WAITING = "ABWaitingDlg";
+const char* const LEFT = "linkhand_StatusArea_findings";
+const char* const LEFT_LIST = "linkhand_Findings_list";
 
 // Contacts that are hard to write down: separators, quotes, line breaks, blanks at the ends, what a spreadsheet would
 // take for a formula or a number, and scripts of all kinds.
@@ -53,6 +55,7 @@ private slots:
     void aFileThatLosesColumnsUnderTheFieldMapLeavesTheFieldsEmpty();
     void aFileThatVanishesUnderTheFieldMapIsSaid();
     void aFileOfTitlesAloneIsSaid();
+    void whatACardLeavesIsListedBehindTheFinalBox();
 
 private:
     bool start();
@@ -470,6 +473,26 @@ void TestDesktopFiles::aFileOfTitlesAloneIsSaid()
     QVERIFY(box("The contacts could not be read."));
     QVERIFY(!m_pHost->Exists("modal"));
     QCOMPARE(m_pStore->Used("local"), 0);
+}
+
+// A file of vCards, whose name is typed: it comes in with its six fields, and the status bar has the list of the rest.
+void TestDesktopFiles::whatACardLeavesIsListedBehindTheFinalBox()
+{
+    const QString strFile = write("friends.vcf", "BEGIN:VCARD\r\nVERSION:3.0\r\nFN:Ada\r\nTEL;TYPE=CELL:0170\r\n"
+                                                 "BDAY:1815-12-10\r\nPHOTO;ENCODING=b:AAAA\r\nEND:VCARD\r\n");
+    QVERIFY2(start(), qPrintable(m_pHost->Log()));
+    QVERIFY(chooseAction(QString::fromUtf8("Import contacts…")));
+    QTRY_VERIFY(m_pHost->Widget(FILE_NAME).bFocused);
+    m_pHost->Type(strFile);
+    QTRY_COMPARE(m_pHost->Text(FILE_NAME), strFile);
+    m_pHost->Key("Return");
+    QVERIFY(m_pHost->WaitFor(FIELDS) && m_pHost->WaitForModal() && m_pHost->Click(MAP_OK));
+    QVERIFY(m_pHost->WaitFor(BOX) && !m_pHost->Exists(LEFT) && box("Contacts found: 1, imported: 1"));
+    QTRY_COMPARE(m_pHost->Text(LEFT), QStringLiteral("Left by the import: 2"));
+    QVERIFY(m_pHost->Click(LEFT) && m_pHost->WaitFor(LEFT_LIST) && m_pHost->WaitForModal());
+    QVERIFY(m_pHost->Cell(LEFT_LIST, "Birthday").iColumn > 0 && m_pHost->Cell(LEFT_LIST, "Photo").iColumn > 0);
+    m_pHost->Key("Escape");
+    QVERIFY(m_pHost->WaitGone(LEFT_LIST));
 }
 
 QTEST_GUILESS_MAIN(TestDesktopFiles)

@@ -35,9 +35,9 @@ Result readFile(const std::string& path, const ReaderLimits& limits = ReaderLimi
     Result result;
     RowReader reader(
         path,
-        [&result](int line, const char* what) {
-            result.reported.push_back(line);
-            result.reasons += std::string(what) + ";";
+        [&result](const Finding& finding) {
+            result.reported.push_back(finding.line);
+            result.reasons += std::string(findingText(finding.reason)) + ";";
         },
         limits);
     Row row;

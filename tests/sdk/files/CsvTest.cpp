@@ -60,8 +60,8 @@ Imported importText(std::string_view content, std::vector<int> map)
     Imported result;
     try {
         const RowBlock rows =
-            readContacts(files::write("some.csv", content), threeFields(), map.data(), [&](int line, const char* what) {
-                result.reports.push_back(std::to_string(line) + ": " + what);
+            readContacts(files::write("some.csv", content), threeFields(), map.data(), [&](const Finding& finding) {
+                result.reports.push_back(std::to_string(finding.line) + ": " + findingText(finding.reason));
             });
         for (std::size_t i = 0; i < rows.rows(); ++i) {
             std::string text = std::to_string(rows.id(i));

@@ -107,7 +107,7 @@ TEST(rowsThatCannotBeReadAreInTheLog)
     const FreshStore store;
     const std::string path = files::write("i.csv", "\xEF\xBB\xBFName,Mobile\nAnna,1\nB\xFF,2\nCarl,3\n");
     CHECK_EQ(import(path, {0, 1, -1, -1, -1, -1}, local).size(), 2U);
-    CHECK(log().find("line 3: row passed over: not text") != std::string::npos);
+    CHECK(log().find("line 3: column 1: row passed over: not text") != std::string::npos);
     CHECK(log().find("Anna") == std::string::npos);
 }
 

@@ -53,6 +53,22 @@ has "$err" 'column "Shoe" (2 values): not taken'
 run 3 import columns.csv --map remark=Shoe
 lacks "$err" "Shoe"
 
+# A company beside a name; without one it is the name.
+printf 'First Name,Last Name,Mobile Phone,Company\nAda,Byron,1,Engines\n,,2,Acme\n' >company.csv
+run 3 import company.csv
+has "$out" "2 of 2"
+has "$err" 'column "Company" (1 value): not taken: no field is for it'
+run 0 find Acme
+printf 'First Name,Last Name,Mobile Phone,Company\nAda,Byron,1,Engines\n' >taken.csv
+run 0 import taken.csv --map remark=Company
+
+# Further numbers on a card, which has room for one.
+printf 'Name,Mobile Phone,Business Phone\nAda,1,2\nBo,,3\n' >further.csv
+run 3 import --memory card further.csv
+has "$out" "2 of 2"
+has "$err" 'line 2: column "Business Phone": not taken: a further value, for which there is no field'
+lacks "$err" "line 3"
+
 # A row with nothing for a field; a blank line is no row.
 printf 'Name,Mobile,Shoe\nAda,1,\n,,7\n,,\n\nBo,2,\n' >empty.csv
 run 3 import empty.csv

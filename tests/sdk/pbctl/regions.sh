@@ -21,6 +21,36 @@ LINKHAND_REGION=none
 export LINKHAND_REGION
 run 1 find "0171 5551234"
 
+# Set for all programs with this data folder, until the locale's is wanted again.
+unset LINKHAND_REGION
+LC_TELEPHONE=C
+run 0 region
+equal "no region" "$out" none
+run 0 region de
+run 0 region
+equal "the region that was set" "$out" DE
+run 0 find "0171 5551234"
+has "$out" "Anna"
+run 0 region none
+run 1 find "0171 5551234"
+LC_TELEPHONE=de_DE.UTF-8
+run 1 find "0171 5551234"
+run 0 region locale
+run 0 find "0171 5551234"
+run 0 region
+equal "the region of the locale" "$out" DE
+LINKHAND_REGION=IT
+export LINKHAND_REGION
+run 0 region AT
+has "$err" "LINKHAND_REGION, which is IT here, goes before it"
+run 0 region
+equal "the region of the environment" "$out" IT
+for wrong in "" D DEU 4D nowhere; do
+    run 2 region "$wrong"
+    has "$err" "is no region"
+done
+run 2 region DE AT
+
 # Without the module a number is compared as it is written.
 mkdir -p "$HOME/plain/lib"
 cp "$pbctl" "$HOME/plain/pbctl"

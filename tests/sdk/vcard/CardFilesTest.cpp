@@ -29,8 +29,9 @@ TEST(cardsOfTelephonesAndProgramsReadAsTheirReferences)
     REQUIRE(files().size() >= 8);
     for (std::filesystem::path path : files()) {
         std::ifstream in(path, std::ios::binary);
-        const std::string read = dump::cards(
-            in, [&path](int line, const char* what) { check::report(path.filename().c_str(), line, what); });
+        const std::string read = dump::cards(in, [&path](const Finding& finding) {
+            check::report(path.filename().c_str(), finding.line, findingText(finding.reason));
+        });
         const std::string expected = dump::contentOf(path.replace_extension(".txt"));
         CHECK(!expected.empty());
         CHECK_EQ(read, expected);

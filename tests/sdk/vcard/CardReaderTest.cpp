@@ -18,10 +18,10 @@ std::string readAll(const std::string& text, const CardLimits& limits = CardLimi
     std::string out;
     CardReader reader(
         in,
-        [&out, why](int line, const char* what) {
-            out += "!" + std::to_string(line) + " ";
+        [&out, why](const Finding& finding) {
+            out += "!" + std::to_string(finding.line) + " ";
             if (why != nullptr)
-                *why = what;
+                *why = findingText(finding.reason);
         },
         limits);
     Card card;

@@ -100,7 +100,8 @@ TEST(linesThatAreNoPropertyAreToldAndKept)
 {
     const std::string text = "BEGIN:VCARD\nFN:a\nno colon\n:\nX Y:1\nA=B;\"x:1\nTEL:2\nEND:VCARD\n";
     std::string told;
-    const Card card = parseCard(text, 11, [&told](int line, const char*) { told += std::to_string(line) + " "; });
+    const Card card =
+        parseCard(text, 11, [&told](const Finding& finding) { told += std::to_string(finding.line) + " "; });
     CHECK_EQ(told, "13 14 15 16 ");
     CHECK_EQ(card.properties.size(), 6U);
     CHECK(!card.properties[1].readable());

@@ -15,9 +15,9 @@ int main(int argc, char** argv)
         std::ifstream in(argv[1], std::ios::binary);
         bool good = static_cast<bool>(in);
         std::fputs(dump::cards(in,
-                               [&good](int line, const char* what) {
+                               [&good](const Finding& finding) {
                                    good = false;
-                                   std::fprintf(stderr, "%d: %s\n", line, what);
+                                   std::fprintf(stderr, "%d: %s\n", finding.line, findingText(finding.reason));
                                })
                        .c_str(),
                    stdout);
