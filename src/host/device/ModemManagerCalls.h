@@ -57,6 +57,7 @@ private slots:
 private:
     void progress(int iProgress);
     void end(int iProgress, const QString& strDetail = QString());
+    void keep(const QString& strNumber, bool bIncoming, const QDateTime& begun, int iSeconds, int iProgress);
     int endOf(int iReason) const;
     QDBusPendingCallWatcher* watch(const QDBusPendingCall& call, const char* pszSlot);
     bool isStale(QDBusPendingCallWatcher* pWatcher) const;
