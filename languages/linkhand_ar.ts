@@ -1431,6 +1431,10 @@
         <translation>تعذّر بدء المكالمة. تأكد من أن الجهاز متصل بالشبكة ومن عدم وجود مكالمة أخرى جارية.</translation>
     </message>
     <message>
+        <source>IDS_CALL_FROM_OUTSIDE</source>
+        <translation>واردة</translation>
+    </message>
+    <message>
         <source>IDS_CALL_HELD</source>
         <translation>قيد الانتظار</translation>
     </message>
@@ -1440,7 +1444,7 @@
     </message>
     <message>
         <source>IDS_CALL_LOST</source>
-        <translation>اختفى المودم</translation>
+        <translation>انقطع الاتصال</translation>
     </message>
     <message>
         <source>IDS_CALL_MISSED</source>
@@ -1455,6 +1459,18 @@
         <translation>لم تُمرَّر</translation>
     </message>
     <message>
+        <source>IDS_CALL_NOT_KEPT</source>
+        <translation>تعذّر حفظها</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_NUMBER</source>
+        <translation>الاتصال بهذا الرقم</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_OUTGOING</source>
+        <translation>صادرة</translation>
+    </message>
+    <message>
         <source>IDS_CALL_REFUSED</source>
         <translation>رُفضت أو الخط مشغول</translation>
     </message>
@@ -1463,20 +1479,52 @@
         <translation>يرنّ…</translation>
     </message>
     <message>
+        <source>IDS_CALL_SIMULATED</source>
+        <translation>محاكاة</translation>
+    </message>
+    <message>
         <source>IDS_CALL_STATE</source>
         <translation>مكالمة جارية، مُحاكاة</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_UNMARKED</source>
+        <translation>لا يُعرف إن كانت محاكاة</translation>
     </message>
     <message>
         <source>IDS_COLUMN_DURATION</source>
         <translation>المدة</translation>
     </message>
     <message>
+        <source>IDS_COLUMN_KIND</source>
+        <translation>النوع</translation>
+    </message>
+    <message>
+        <source>IDS_COLUMN_NAME</source>
+        <translation>الاسم</translation>
+    </message>
+    <message>
         <source>IDS_COLUMN_NUMBER</source>
         <translation>الرقم</translation>
     </message>
     <message>
+        <source>IDS_COLUMN_RESULT</source>
+        <translation>الحالة</translation>
+    </message>
+    <message>
         <source>IDS_COLUMN_TIME</source>
         <translation>وقت البدء</translation>
+    </message>
+    <message>
+        <source>IDS_DELETE</source>
+        <translation>حذف</translation>
+    </message>
+    <message>
+        <source>IDS_DELETE_FAILED</source>
+        <translation>تعذّر حذف المكالمة.</translation>
+    </message>
+    <message>
+        <source>IDS_DELETE_QUESTION</source>
+        <translation>هل تريد حذف المكالمة المحددة من القائمة؟</translation>
     </message>
     <message>
         <source>IDS_HANG_UP</source>
@@ -1491,8 +1539,20 @@
         <translation>تمر المكالمات عبر المودم لديك. سماعك لشيء يعتمد على المودم.</translation>
     </message>
     <message>
+        <source>IDS_MESSAGE</source>
+        <translation>رسالة نصية…</translation>
+    </message>
+    <message>
+        <source>IDS_SAVE_NUMBER</source>
+        <translation>حفظ الرقم…</translation>
+    </message>
+    <message>
         <source>IDS_TITLE</source>
         <translation>المكالمات</translation>
+    </message>
+    <message>
+        <source>IDS_UNKNOWN_NUMBER</source>
+        <translation>رقم مجهول</translation>
     </message>
     <message>
         <source>IDS_VIDEO_CALL</source>

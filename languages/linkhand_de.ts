@@ -1431,6 +1431,10 @@ Das heißt nicht, dass sie weg sind.</translation>
         <translation>Der Anruf konnte nicht begonnen werden. Prüfen Sie, ob das Gerät online ist und kein anderes Gespräch läuft.</translation>
     </message>
     <message>
+        <source>IDS_CALL_FROM_OUTSIDE</source>
+        <translation>Eingehend</translation>
+    </message>
+    <message>
         <source>IDS_CALL_HELD</source>
         <translation>Wird gehalten</translation>
     </message>
@@ -1440,7 +1444,7 @@ Das heißt nicht, dass sie weg sind.</translation>
     </message>
     <message>
         <source>IDS_CALL_LOST</source>
-        <translation>Das Modem ist weg</translation>
+        <translation>Verbindung verloren</translation>
     </message>
     <message>
         <source>IDS_CALL_MISSED</source>
@@ -1455,6 +1459,18 @@ Das heißt nicht, dass sie weg sind.</translation>
         <translation>Nicht verbunden</translation>
     </message>
     <message>
+        <source>IDS_CALL_NOT_KEPT</source>
+        <translation>Konnte nicht gespeichert werden</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_NUMBER</source>
+        <translation>Diese Nummer anrufen</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_OUTGOING</source>
+        <translation>Ausgehend</translation>
+    </message>
+    <message>
         <source>IDS_CALL_REFUSED</source>
         <translation>Abgelehnt oder besetzt</translation>
     </message>
@@ -1463,20 +1479,52 @@ Das heißt nicht, dass sie weg sind.</translation>
         <translation>Es läutet …</translation>
     </message>
     <message>
+        <source>IDS_CALL_SIMULATED</source>
+        <translation>Simuliert</translation>
+    </message>
+    <message>
         <source>IDS_CALL_STATE</source>
         <translation>Anruf läuft, simuliert</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_UNMARKED</source>
+        <translation>Unbekannt, ob simuliert</translation>
     </message>
     <message>
         <source>IDS_COLUMN_DURATION</source>
         <translation>Dauer</translation>
     </message>
     <message>
+        <source>IDS_COLUMN_KIND</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>IDS_COLUMN_NAME</source>
+        <translation>Name</translation>
+    </message>
+    <message>
         <source>IDS_COLUMN_NUMBER</source>
         <translation>Nummer</translation>
     </message>
     <message>
+        <source>IDS_COLUMN_RESULT</source>
+        <translation>Zustand</translation>
+    </message>
+    <message>
         <source>IDS_COLUMN_TIME</source>
         <translation>Beginn</translation>
+    </message>
+    <message>
+        <source>IDS_DELETE</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>IDS_DELETE_FAILED</source>
+        <translation>Der Anruf konnte nicht gelöscht werden.</translation>
+    </message>
+    <message>
+        <source>IDS_DELETE_QUESTION</source>
+        <translation>Möchten Sie den ausgewählten Anruf aus der Liste löschen?</translation>
     </message>
     <message>
         <source>IDS_HANG_UP</source>
@@ -1491,8 +1539,20 @@ Das heißt nicht, dass sie weg sind.</translation>
         <translation>Anrufe gehen über Ihr Modem. Ob Sie etwas hören, hängt vom Modem ab.</translation>
     </message>
     <message>
+        <source>IDS_MESSAGE</source>
+        <translation>Textnachricht …</translation>
+    </message>
+    <message>
+        <source>IDS_SAVE_NUMBER</source>
+        <translation>Nummer speichern …</translation>
+    </message>
+    <message>
         <source>IDS_TITLE</source>
         <translation>Anrufe</translation>
+    </message>
+    <message>
+        <source>IDS_UNKNOWN_NUMBER</source>
+        <translation>Unbekannte Nummer</translation>
     </message>
     <message>
         <source>IDS_VIDEO_CALL</source>

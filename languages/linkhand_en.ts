@@ -1431,6 +1431,10 @@ That does not mean that they are gone.</translation>
         <translation>The call could not be started. Check that the device is online and no other call is in progress.</translation>
     </message>
     <message>
+        <source>IDS_CALL_FROM_OUTSIDE</source>
+        <translation>Incoming</translation>
+    </message>
+    <message>
         <source>IDS_CALL_HELD</source>
         <translation>On hold</translation>
     </message>
@@ -1440,7 +1444,7 @@ That does not mean that they are gone.</translation>
     </message>
     <message>
         <source>IDS_CALL_LOST</source>
-        <translation>The modem has gone</translation>
+        <translation>Connection lost</translation>
     </message>
     <message>
         <source>IDS_CALL_MISSED</source>
@@ -1455,6 +1459,18 @@ That does not mean that they are gone.</translation>
         <translation>Not put through</translation>
     </message>
     <message>
+        <source>IDS_CALL_NOT_KEPT</source>
+        <translation>Could not be kept</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_NUMBER</source>
+        <translation>Call this number</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_OUTGOING</source>
+        <translation>Outgoing</translation>
+    </message>
+    <message>
         <source>IDS_CALL_REFUSED</source>
         <translation>Refused or busy</translation>
     </message>
@@ -1463,20 +1479,52 @@ That does not mean that they are gone.</translation>
         <translation>Ringing …</translation>
     </message>
     <message>
+        <source>IDS_CALL_SIMULATED</source>
+        <translation>Simulated</translation>
+    </message>
+    <message>
         <source>IDS_CALL_STATE</source>
         <translation>Call in progress, simulated</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_UNMARKED</source>
+        <translation>Not known whether simulated</translation>
     </message>
     <message>
         <source>IDS_COLUMN_DURATION</source>
         <translation>Duration</translation>
     </message>
     <message>
+        <source>IDS_COLUMN_KIND</source>
+        <translation>Kind</translation>
+    </message>
+    <message>
+        <source>IDS_COLUMN_NAME</source>
+        <translation>Name</translation>
+    </message>
+    <message>
         <source>IDS_COLUMN_NUMBER</source>
         <translation>Number</translation>
     </message>
     <message>
+        <source>IDS_COLUMN_RESULT</source>
+        <translation>State</translation>
+    </message>
+    <message>
         <source>IDS_COLUMN_TIME</source>
         <translation>Started</translation>
+    </message>
+    <message>
+        <source>IDS_DELETE</source>
+        <translation>Delete</translation>
+    </message>
+    <message>
+        <source>IDS_DELETE_FAILED</source>
+        <translation>The call could not be deleted.</translation>
+    </message>
+    <message>
+        <source>IDS_DELETE_QUESTION</source>
+        <translation>Delete the selected call from the list?</translation>
     </message>
     <message>
         <source>IDS_HANG_UP</source>
@@ -1491,8 +1539,20 @@ That does not mean that they are gone.</translation>
         <translation>Calls go through your modem. Whether you hear anything depends on the modem.</translation>
     </message>
     <message>
+        <source>IDS_MESSAGE</source>
+        <translation>Text message…</translation>
+    </message>
+    <message>
+        <source>IDS_SAVE_NUMBER</source>
+        <translation>Save number…</translation>
+    </message>
+    <message>
         <source>IDS_TITLE</source>
         <translation>Calls</translation>
+    </message>
+    <message>
+        <source>IDS_UNKNOWN_NUMBER</source>
+        <translation>Unknown number</translation>
     </message>
     <message>
         <source>IDS_VIDEO_CALL</source>

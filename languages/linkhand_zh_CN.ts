@@ -1431,6 +1431,10 @@
         <translation>无法发起通话。请确认设备在线且没有其他通话正在进行。</translation>
     </message>
     <message>
+        <source>IDS_CALL_FROM_OUTSIDE</source>
+        <translation>来电</translation>
+    </message>
+    <message>
         <source>IDS_CALL_HELD</source>
         <translation>通话保持</translation>
     </message>
@@ -1440,7 +1444,7 @@
     </message>
     <message>
         <source>IDS_CALL_LOST</source>
-        <translation>调制解调器已断开</translation>
+        <translation>连接中断</translation>
     </message>
     <message>
         <source>IDS_CALL_MISSED</source>
@@ -1455,6 +1459,18 @@
         <translation>未接通</translation>
     </message>
     <message>
+        <source>IDS_CALL_NOT_KEPT</source>
+        <translation>未能保存</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_NUMBER</source>
+        <translation>呼叫此号码</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_OUTGOING</source>
+        <translation>去电</translation>
+    </message>
+    <message>
         <source>IDS_CALL_REFUSED</source>
         <translation>被拒或占线</translation>
     </message>
@@ -1463,20 +1479,52 @@
         <translation>正在响铃…</translation>
     </message>
     <message>
+        <source>IDS_CALL_SIMULATED</source>
+        <translation>模拟</translation>
+    </message>
+    <message>
         <source>IDS_CALL_STATE</source>
         <translation>通话进行中（模拟）</translation>
+    </message>
+    <message>
+        <source>IDS_CALL_UNMARKED</source>
+        <translation>不清楚是否为模拟</translation>
     </message>
     <message>
         <source>IDS_COLUMN_DURATION</source>
         <translation>时长</translation>
     </message>
     <message>
+        <source>IDS_COLUMN_KIND</source>
+        <translation>类型</translation>
+    </message>
+    <message>
+        <source>IDS_COLUMN_NAME</source>
+        <translation>姓名</translation>
+    </message>
+    <message>
         <source>IDS_COLUMN_NUMBER</source>
         <translation>号码</translation>
     </message>
     <message>
+        <source>IDS_COLUMN_RESULT</source>
+        <translation>状态</translation>
+    </message>
+    <message>
         <source>IDS_COLUMN_TIME</source>
         <translation>开始时间</translation>
+    </message>
+    <message>
+        <source>IDS_DELETE</source>
+        <translation>删除</translation>
+    </message>
+    <message>
+        <source>IDS_DELETE_FAILED</source>
+        <translation>无法删除此通话。</translation>
+    </message>
+    <message>
+        <source>IDS_DELETE_QUESTION</source>
+        <translation>要从列表中删除所选通话吗？</translation>
     </message>
     <message>
         <source>IDS_HANG_UP</source>
@@ -1491,8 +1539,20 @@
         <translation>通话通过您的调制解调器进行。能否听到声音取决于调制解调器。</translation>
     </message>
     <message>
+        <source>IDS_MESSAGE</source>
+        <translation>短信…</translation>
+    </message>
+    <message>
+        <source>IDS_SAVE_NUMBER</source>
+        <translation>保存号码…</translation>
+    </message>
+    <message>
         <source>IDS_TITLE</source>
         <translation>通话</translation>
+    </message>
+    <message>
+        <source>IDS_UNKNOWN_NUMBER</source>
+        <translation>未知号码</translation>
     </message>
     <message>
         <source>IDS_VIDEO_CALL</source>

@@ -17,8 +17,8 @@
  * - A record that somebody else has changed meanwhile gives ORVA_E_NOT_FOUND; it is there under another identifier.
  * - ORVA_E_TOO_LONG and ORVA_E_ARGUMENT may also come from the modem, which stores less or something else than it was
  *   told; what it stored is undone then.
- * - ORVA_E_ABSENT in the middle of a write: the modem or the card has gone, and only looking at the card tells whether
- *   it was still stored.
+ * - ORVA_E_ABSENT in the middle of a write: the modem or the card has gone or fails for longer than five seconds, and
+ *   only looking at the card tells whether it was still stored.
  * - Before a process's first write to a card all of it is put aside, in backups/ of the data folder; ORVA_E_STORE, and
  *   nothing is written, where that fails. ORVA_Store_Backup and ORVA_Store_Restore do the same by hand.
  * - The switches of orva_sim.h give ORVA_E_UNSUPPORTED, except for events, ORVA_Sim_SetNameUnits and ORVA_Sim_Reset.

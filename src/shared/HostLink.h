@@ -2,6 +2,8 @@
 #define LINKHAND_SHARED_HOSTLINK_H
 
 #include <QCoreApplication>
+#include <QDateTime>
+#include <QList>
 #include <QObject>
 #include <QString>
 #include <QStringList>
@@ -29,7 +31,22 @@ enum HostCallProgress {
     HOST_CALL_NOT_CONNECTED = 14, // the network did not put it through, as without credit
     HOST_CALL_FAILED = 15,        // the modem could not do it
     HOST_CALL_MISSED = 16,        // it came in, and nobody answered here
-    HOST_CALL_LOST = 17           // the modem has gone
+    HOST_CALL_LOST = 17           // the modem or its radio has gone
+};
+
+enum HostCallDirection { HOST_CALL_OUTGOING = 0, HOST_CALL_FROM_OUTSIDE = 1, HOST_CALL_DIRECTION_UNKNOWN = 2 };
+
+// A call that is over.
+struct HostCall {
+    int iId = 0;
+    QString strNumber; // empty where the other side keeps it back
+    QString strName;   // of the contact who has it now
+    int iType = HOST_CALL_VOICE;
+    QDateTime time; // at which it began
+    int iSeconds = 0;
+    int iDirection = HOST_CALL_DIRECTION_UNKNOWN;
+    int iEnd = -1;       // how it ended, a HostCallProgress; -1: nobody knows
+    int iSimulated = -1; // 0 or 1; -1: nobody knows, as of one that an earlier release has kept
 };
 
 class HostLink
@@ -55,6 +72,13 @@ public:
     // The object that signals callStarted(QString strNumber, int iType), then callProgress(int enProgress) as often as
     // it is known, and callEnded(QString strNumber, int iType).
     virtual QObject* CallEvents() = 0;
+
+    // The calls that are kept, of this run and of earlier ones, the latest first: iAtMost of them behind the first
+    // iSkipped.
+    virtual QList<HostCall> Calls(int iSkipped, int iAtMost) = 0;
+
+    // Forgets one of them. False if it could not be.
+    virtual bool RemoveCall(int iId) = 0;
 
     // The contact with this number, empty if there is none.
     virtual QString ContactName(const QString& strNumber) = 0;

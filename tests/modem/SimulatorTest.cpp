@@ -276,6 +276,13 @@ TEST(faultsMeetTheChosenCommand)
     modem.failAt("AT+CPBR", 2, Fault::Error, 13);
     CHECK_EQ(dialog.heard("AT+CPBR=3"), "OK");
     CHECK_EQ(dialog.heard("AT+CPBR=3"), "+CME ERROR: 13");
+    modem.failAt("AT+CPBR", 1, Fault::Error, 13, 2);
+    for (const char* const answer : {"+CME ERROR: 13", "+CME ERROR: 13", "OK"})
+        CHECK_EQ(dialog.heard("AT+CPBR=3"), answer);
+    modem.failAt("AT+CPBW", 1, Fault::ErrorAfter, 13);
+    CHECK_EQ(dialog.heard("AT+CPBW=3,\"1\",129,\"x\""), "+CME ERROR: 13");
+    CHECK_EQ(modem.entries("SM").size(), 6U);
+    CHECK_EQ(dialog.heard("AT+CPBW=3"), "OK");
     modem.failAt("AT+CPBW", 1, Fault::SilentAfter);
     CHECK_EQ(dialog.heard("AT+CPBW=1", std::chrono::milliseconds(50)), "");
     CHECK_EQ(modem.entries("SM").size(), 4U);

@@ -207,7 +207,7 @@ void HostApplication::build()
     SimulatedHardware::SetNameUnits(strCount.trimmed() == QLatin1String("all"));
     m_pWindow.reset(new MainWindow(*m_pContainer, *m_pMessages, *m_pWatcher, m_pModem.data()));
     m_services.SetMainWindow(m_pWindow.data());
-    m_pLink.reset(new Link(*m_pModem, m_pWindow.data(), SdkFolders::LogFolder()));
+    m_pLink.reset(new Link(*m_pModem, *m_pMessages, m_pWindow.data(), SdkFolders::LogFolder()));
     m_pLink->Publish();
     m_pNotices.reset(new ModemNotices(*m_pModem, *m_pMessages, *m_pWindow));
     m_pFindings.reset(new FindingsNotice(m_services.Workers(), m_pWindow->Status()));
@@ -222,6 +222,7 @@ int HostApplication::Run()
     connect(m_pWindow.data(), SIGNAL(closing()), this, SLOT(OnClosing()));
     connect(&m_pWindow->Welcome(), SIGNAL(dismissed()), this, SLOT(OnWelcomeDismissed()));
     connect(m_pWatcher.data(), SIGNAL(notifyCode(int, int)), m_pLifecycle.data(), SLOT(NotifyAll(int, int)));
+    connect(m_pWatcher.data(), SIGNAL(changed()), m_pModem.data(), SLOT(OnDeviceChanged()));
     const KeyboardWitness keyboardWitness;
     UnixSignals unixSignals;
     connect(&unixSignals, SIGNAL(received()), this, SLOT(OnClosing()));

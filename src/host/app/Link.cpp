@@ -6,11 +6,12 @@
 #include "device/CleanNumber.h"
 #include "device/ContactNames.h"
 #include "device/Modem.h"
+#include "messages/MessageStore.h"
 #include "window/MainWindow.h"
 #include "window/StatusArea.h"
 
-Link::Link(Modem& modem, MainWindow* pWindow, const QString& strLogFolder)
-    : m_modem(modem), m_pWindow(pWindow), m_strLogFolder(strLogFolder)
+Link::Link(Modem& modem, MessageStore& store, MainWindow* pWindow, const QString& strLogFolder)
+    : m_modem(modem), m_store(store), m_pWindow(pWindow), m_strLogFolder(strLogFolder)
 {
 }
 
@@ -70,6 +71,36 @@ QString Link::CleanNumber(const QString& strNumber)
 QObject* Link::CallEvents()
 {
     return &m_modem;
+}
+
+QList<HostCall> Link::Calls(int iSkipped, int iAtMost)
+{
+    const QList<StoredCall> listStored = m_store.Calls(iSkipped, iAtMost);
+    QStringList lstNumbers;
+    foreach (const StoredCall& stored, listStored) {
+        lstNumbers.append(stored.strNumber);
+    }
+    const QHash<QString, QString> names = ContactNames::Of(lstNumbers);
+    QList<HostCall> listCalls;
+    foreach (const StoredCall& stored, listStored) {
+        HostCall call;
+        call.iId = stored.iId;
+        call.strNumber = stored.strNumber;
+        call.strName = names.value(stored.strNumber);
+        call.iType = stored.iType;
+        call.time = stored.time;
+        call.iSeconds = stored.iSeconds;
+        call.iDirection = stored.iDirection;
+        call.iEnd = stored.iEnd;
+        call.iSimulated = stored.iSimulated;
+        listCalls.append(call);
+    }
+    return listCalls;
+}
+
+bool Link::RemoveCall(int iId)
+{
+    return m_store.RemoveCall(iId);
 }
 
 void Link::ShowPage(const QString& strPlugin)

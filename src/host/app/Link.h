@@ -6,14 +6,15 @@
 #include "shared/HostLink.h"
 
 class MainWindow;
+class MessageStore;
 class Modem;
 
 // What the host gives its own siblings, joined to the modem and the main window.
 class Link : public HostLink
 {
 public:
-    // The modem outlives the link; the window may go before it.
-    Link(Modem& modem, MainWindow* pWindow, const QString& strLogFolder);
+    // Modem and store outlive the link; the window may go before it.
+    Link(Modem& modem, MessageStore& store, MainWindow* pWindow, const QString& strLogFolder);
 
     void Publish();
     void Withdraw();
@@ -25,6 +26,8 @@ public:
     void Answer() override;
     bool IsSimulated() override;
     QObject* CallEvents() override;
+    QList<HostCall> Calls(int iSkipped, int iAtMost) override;
+    bool RemoveCall(int iId) override;
     QString ContactName(const QString& strNumber) override;
     QString CleanNumber(const QString& strNumber) override;
     void ShowPage(const QString& strPlugin) override;
@@ -33,6 +36,7 @@ public:
 
 private:
     Modem& m_modem;
+    MessageStore& m_store;
     QPointer<MainWindow> m_pWindow;
     QString m_strLogFolder;
 };

@@ -23,7 +23,15 @@ ModemNotices::ModemNotices(Modem& modem, MessageStore& store, MainWindow& window
     connect(&m_modem, SIGNAL(enableFailed(QString)), this, SLOT(OnEnableFailed(QString)));
     connect(&m_modem, SIGNAL(messageStoreFull()), this, SLOT(OnStoreFull()));
     connect(&m_window.Status(), SIGNAL(unlockRequested()), this, SLOT(ShowPinForm()));
+    connect(&m_window, SIGNAL(retranslated()), this, SLOT(OnRetranslated()));
     OnStatusChanged();
+}
+
+void ModemNotices::OnRetranslated()
+{
+    if (m_pForm) {
+        m_pForm->Retranslate();
+    }
 }
 
 void ModemNotices::ShowPinForm()

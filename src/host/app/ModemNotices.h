@@ -25,6 +25,7 @@ public slots:
     void ShowPinForm();
 
 private slots:
+    void OnRetranslated();
     void OnStatusChanged();
     void OnMessageFinished(int iId);
     void OnMessageReceived(const QString& strNumber, const QString& strText);

@@ -1,5 +1,7 @@
 #include "device/ContactNames.h"
 
+#include <QMultiHash>
+
 #include "device/RecordText.h"
 #include "linkhand/QtCompat.h"
 #include "orva/orva_care.h"
@@ -58,55 +60,90 @@ QString keyOf(const QString& strNumber)
 
 // A number with the forms in which it is compared.
 struct Wanted {
+    QString strNumber; // as it was given
     QString strDigits;
     QString strKey;
 
-    bool IsSame(const QString& strNumber) const
+    bool IsSame(const QString& strOtherNumber) const
     {
-        const QString strOther = digitsOf(strNumber);
+        const QString strOther = digitsOf(strOtherNumber);
         if (strOther.right(END) != strDigits.right(END)) {
             return false;
         }
-        const QString strOtherKey = keyOf(strNumber);
+        const QString strOtherKey = keyOf(strOtherNumber);
         const bool bBothKnown = strKey.startsWith(QLatin1Char('+')) && strOtherKey.startsWith(QLatin1Char('+'));
         return bBothKnown ? strKey == strOtherKey : isSame(strOther, strDigits);
     }
 };
 
-QString nameIn(int iMemory, const char* const* ppszKeys, const Wanted& wanted)
+// By the end of its digits, which tells most numbers apart at once.
+typedef QMultiHash<QString, Wanted> WantedNumbers;
+
+// Takes a contact's name for those of the numbers that are its own.
+void takeName(void* pSet, const char* const* ppszKeys, WantedNumbers& wanted, QHash<QString, QString>& names)
+{
+    for (const char* const* ppszKey = ppszKeys; *ppszKey != nullptr; ++ppszKey) {
+        const QString strNumber = RecordText::Of(pSet, *ppszKey);
+        WantedNumbers::iterator it = wanted.find(digitsOf(strNumber).right(END));
+        const QString strEnd = it == wanted.end() ? QString() : it.key();
+        while (it != wanted.end() && it.key() == strEnd) {
+            if (!it->IsSame(strNumber)) {
+                ++it;
+                continue;
+            }
+            const QString strName = RecordText::Of(pSet, "Name");
+            if (strName.isEmpty()) {
+                ++it; // another contact may have one
+                continue;
+            }
+            names.insert(it->strNumber, strName);
+            it = wanted.erase(it);
+        }
+    }
+}
+
+void namesIn(int iMemory, const char* const* ppszKeys, WantedNumbers& wanted, QHash<QString, QString>& names)
 {
     void* pSet = nullptr;
     int iCount = 0;
-    QString strName;
     if (ORVA_PBSrv_GetAddrRecList(iMemory, &pSet) != ORVA_OK || pSet == nullptr) {
-        return strName;
+        return;
     }
     if (ORVA_PBSrv_AddrRecordSet_GetAddrRecordCount(pSet, &iCount) == ORVA_OK && iCount > 0 &&
         ORVA_PBSrv_AddrRecordSet_MoveFirst(pSet) == ORVA_OK) {
         do {
-            for (const char* const* ppszKey = ppszKeys; *ppszKey != nullptr; ++ppszKey) {
-                if (strName.isEmpty() && wanted.IsSame(RecordText::Of(pSet, *ppszKey))) {
-                    strName = RecordText::Of(pSet, "Name");
-                }
-            }
-        } while (strName.isEmpty() && ORVA_PBSrv_AddrRecordSet_MoveNext(pSet) == ORVA_OK);
+            takeName(pSet, ppszKeys, wanted, names);
+        } while (!wanted.isEmpty() && ORVA_PBSrv_AddrRecordSet_MoveNext(pSet) == ORVA_OK);
     }
     ORVA_PBSrv_AddrRecordSet_Release(pSet);
-    return strName;
 }
 
 } // namespace
 
-QString ContactNames::Of(const QString& strNumber)
+QHash<QString, QString> ContactNames::Of(const QStringList& lstNumbers)
 {
-    const Wanted wanted = {digitsOf(strNumber), keyOf(strNumber)};
-    QString strName;
-    for (const auto& memory : MEMORIES) {
-        if (strName.isEmpty() && !wanted.strDigits.isEmpty()) {
-            strName = nameIn(memory.iMemory, memory.apszNumbers, wanted);
+    WantedNumbers wanted;
+    QStringList lstDistinct(lstNumbers);
+    lstDistinct.removeDuplicates();
+    foreach (const QString& strNumber, lstDistinct) {
+        const QString strDigits = digitsOf(strNumber);
+        if (!strDigits.isEmpty()) {
+            const Wanted one = {strNumber, strDigits, keyOf(strNumber)};
+            wanted.insert(strDigits.right(END), one);
         }
     }
-    return strName;
+    QHash<QString, QString> names;
+    for (const auto& memory : MEMORIES) {
+        if (!wanted.isEmpty()) {
+            namesIn(memory.iMemory, memory.apszNumbers, wanted, names);
+        }
+    }
+    return names;
+}
+
+QString ContactNames::Of(const QString& strNumber)
+{
+    return Of(QStringList(strNumber)).value(strNumber);
 }
 
 QString ContactNames::WithNumber(const QString& strNumber)

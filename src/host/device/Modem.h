@@ -55,6 +55,10 @@ public:
     // The program ends: a call is ended, what is being sent stays as it is.
     virtual void Finish() { HangUp(); }
 
+public slots:
+    // The state of the device, as the SDK tells it, is another one.
+    virtual void OnDeviceChanged() {}
+
 signals:
     void callStarted(const QString& strNumber, int iType);
     void callProgress(int iProgress); // HostCallProgress

@@ -116,6 +116,10 @@ void ModemManagerCalls::OnModemChanged()
 
 void ModemManagerCalls::OnStatusChanged()
 {
+    // A modem whose radio is switched off may say nothing more of its call.
+    if (m_bInCall && !m_link.Status().bEnabled) {
+        end(HOST_CALL_LOST);
+    }
     if (!m_bListed && m_link.Status().bCalls && m_link.Status().bEnabled) {
         m_bListed = true;
         watch(m_link.Call(m_link.ModemPath(), "Modem.Voice", "ListCalls"), SLOT(OnListed(QDBusPendingCallWatcher*)));
@@ -217,7 +221,7 @@ void ModemManagerCalls::OnRead(QDBusPendingCallWatcher* pWatcher)
         m_strPath = strPath;
         begin(strNumber, HOST_CALL_INCOMING);
     } else {
-        m_store.AddCall(strNumber, HOST_CALL_VOICE, QDateTime::currentDateTime(), 0);
+        keep(strNumber, true, QDateTime::currentDateTime(), 0, HOST_CALL_MISSED);
     }
     emit incoming(strNumber);
 }
@@ -279,7 +283,7 @@ void ModemManagerCalls::end(int iProgress, const QString& strDetail)
 {
     const QString strNumber = m_strNumber;
     const bool bFailed = iProgress == HOST_CALL_NOT_CONNECTED || iProgress == HOST_CALL_FAILED;
-    m_store.AddCall(strNumber, HOST_CALL_VOICE, m_begun, m_active.isValid() ? int(m_active.elapsed() / 1000) : 0);
+    keep(strNumber, m_bIncoming, m_begun, m_active.isValid() ? int(m_active.elapsed() / 1000) : 0, iProgress);
     if (!m_strPath.isEmpty() && iProgress != HOST_CALL_LOST) {
         m_link.Call(m_link.ModemPath(), "Modem.Voice", "DeleteCall",
                     QVariantList() << QVariant::fromValue(QDBusObjectPath(m_strPath)));
@@ -294,6 +298,20 @@ void ModemManagerCalls::end(int iProgress, const QString& strDetail)
     if (bFailed) {
         emit failed(iProgress, strDetail);
     }
+}
+
+void ModemManagerCalls::keep(const QString& strNumber, bool bIncoming, const QDateTime& begun, int iSeconds,
+                             int iProgress)
+{
+    StoredCall call;
+    call.strNumber = strNumber;
+    call.iType = HOST_CALL_VOICE;
+    call.time = begun;
+    call.iSeconds = iSeconds;
+    call.iDirection = bIncoming ? HOST_CALL_FROM_OUTSIDE : HOST_CALL_OUTGOING;
+    call.iEnd = iProgress;
+    call.iSimulated = 0;
+    m_store.AddCall(call);
 }
 
 int ModemManagerCalls::endOf(int iReason) const

@@ -58,6 +58,7 @@ private:
     void begin(const QString& strNumber, int iProgress);
     void progress(int iProgress);
     void end(int iProgress, const QString& strDetail = QString());
+    void keep(const QString& strNumber, bool bIncoming, const QDateTime& begun, int iSeconds, int iProgress);
     int endOf(int iReason) const;
     QDBusPendingCallWatcher* watch(const QDBusPendingCall& call, const char* pszSlot);
     bool isStale(QDBusPendingCallWatcher* pWatcher) const;

@@ -3,6 +3,7 @@
 #include "device/DeviceState.h"
 #include "device/DialString.h"
 #include "messages/MessageStore.h"
+#include "shared/HostLink.h"
 
 SimulatedModem::SimulatedModem(MessageStore& store, QObject* pParent) : Modem(pParent), m_store(store), m_iType(0) {}
 
@@ -22,12 +23,33 @@ bool SimulatedModem::Dial(const QString& strNumber, int iType)
 
 void SimulatedModem::HangUp()
 {
-    if (!m_strNumber.isEmpty()) {
-        const QString strNumber = m_strNumber;
-        m_strNumber.clear();
-        m_store.AddCall(strNumber, m_iType, m_started, int(m_elapsed.elapsed() / 1000));
-        emit callEnded(strNumber, m_iType);
+    end(HOST_CALL_ENDED);
+}
+
+void SimulatedModem::OnDeviceChanged()
+{
+    if (!m_strNumber.isEmpty() && !DeviceState::Read().Online()) {
+        end(HOST_CALL_LOST);
     }
+}
+
+void SimulatedModem::end(int iProgress)
+{
+    if (m_strNumber.isEmpty()) {
+        return;
+    }
+    StoredCall call;
+    call.strNumber = m_strNumber;
+    call.iType = m_iType;
+    call.time = m_started;
+    call.iSeconds = int(m_elapsed.elapsed() / 1000);
+    call.iDirection = HOST_CALL_OUTGOING;
+    call.iEnd = iProgress;
+    call.iSimulated = 1;
+    m_strNumber.clear();
+    m_store.AddCall(call);
+    emit callProgress(iProgress);
+    emit callEnded(call.strNumber, m_iType);
 }
 
 bool SimulatedModem::Send(const OutgoingMessage& message)

@@ -8,8 +8,8 @@
 
 class MessageStore;
 
-// The modem of a computer without one: a call is in progress until somebody hangs up, and nobody hears it; a message
-// goes to the store and stays there, and so does the call when it is over.
+// The modem of a computer without one: a call is in progress until somebody hangs up or the network goes, and nobody
+// hears it; a message goes to the store and stays there, and so does the call when it is over.
 class SimulatedModem : public Modem
 {
     Q_OBJECT
@@ -23,8 +23,11 @@ public:
     void HangUp() override;
     bool Send(const OutgoingMessage& message) override;
     bool Remove(int iId) override;
+    void OnDeviceChanged() override;
 
 private:
+    void end(int iProgress);
+
     MessageStore& m_store;
     QString m_strNumber; // of the call in progress, else empty
     int m_iType;

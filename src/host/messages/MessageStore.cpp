@@ -15,7 +15,7 @@
 namespace
 {
 
-const int SCHEMA_VERSION = 2;
+const int SCHEMA_VERSION = 3;
 const char* const SCHEMA = "CREATE TABLE messages("
                            "  id INTEGER PRIMARY KEY AUTOINCREMENT,"
                            "  kind INTEGER NOT NULL,"
@@ -37,9 +37,16 @@ const char* const MENDED = ".mended"; // behind the file's name
 const char* const SCHEMA_STATES = "ALTER TABLE messages ADD COLUMN state INTEGER NOT NULL DEFAULT 0;" // MessageState
                                   "ALTER TABLE messages ADD COLUMN detail TEXT NOT NULL DEFAULT '';"
                                   "PRAGMA user_version=2;";
+// Of a call it was not kept from whom it came, how it ended and whether a modem was behind it.
+const char* const SCHEMA_CALLS = "ALTER TABLE calls ADD COLUMN direction INTEGER NOT NULL DEFAULT 2;"
+                                 "ALTER TABLE calls ADD COLUMN ending INTEGER NOT NULL DEFAULT -1;"
+                                 "ALTER TABLE calls ADD COLUMN simulated INTEGER NOT NULL DEFAULT -1;"
+                                 "CREATE INDEX calls_by_time ON calls(time);"
+                                 "PRAGMA user_version=3;";
+// The first release had no real modem, and no modem makes video calls.
+const char* const MARK_CALLS = "UPDATE calls SET direction = 0, simulated = 1 WHERE ? < 2 OR type = 1";
 const char* const INSERT_MESSAGE =
     "INSERT INTO messages(kind, time, numbers, subject, text, state, detail) VALUES(?, ?, ?, ?, ?, ?, ?)";
-const char* const INSERT_CALL = "INSERT INTO calls(number, type, time, seconds) VALUES(?, ?, ?, ?)";
 
 // Holds other programs off: all of them while a file is made, mended or taken over (LOCK_EX), and those that would put
 // the file aside while something is written into it (LOCK_SH).
@@ -145,30 +152,6 @@ bool MessageStore::Remove(int iId)
     read();
     emit changed();
     return iRemoved == 1;
-}
-
-QList<StoredCall> MessageStore::Calls()
-{
-    if (m_database.HasMoved()) {
-        Refresh();
-    }
-    QList<StoredCall> listCalls;
-    Database::Query query(m_database, "SELECT id, number, type, time, seconds FROM calls ORDER BY id");
-    while (query.Next()) {
-        StoredCall call;
-        call.iId = int(query.Number(0));
-        call.strNumber = query.Text(1);
-        call.iType = int(query.Number(2));
-        call.time = timeOf(query.Number(3));
-        call.iSeconds = int(query.Number(4));
-        listCalls.append(call);
-    }
-    return listCalls;
-}
-
-bool MessageStore::AddCall(const QString& strNumber, int iType, const QDateTime& time, int iSeconds)
-{
-    return change(INSERT_CALL, QVariantList() << strNumber << iType << time.toMSecsSinceEpoch() << iSeconds) >= 0;
 }
 
 // The number of rows that a statement has written, -1 if it failed. Into the file that has the name when it is done:
@@ -289,6 +272,7 @@ bool MessageStore::migrate(Database& database)
         return false;
     }
     return (iVersion >= 1 || database.Run(SCHEMA)) && (iVersion >= 2 || database.Run(SCHEMA_STATES)) &&
+           (iVersion >= 3 || (database.Run(SCHEMA_CALLS) && database.Run(MARK_CALLS, QVariantList() << iVersion))) &&
            transaction.Commit();
 }
 
@@ -305,14 +289,7 @@ void MessageStore::takeOver(Database& source, Database& target, const char* pszD
                    QVariantList() << message.Number(0) << message.Number(1) << message.Number(2) << message.Text(3)
                                   << message.Text(4) << message.Text(5) << message.Number(6) << message.Text(7));
     }
-    const QByteArray calls =
-        QByteArray("SELECT id, number, type, time, seconds FROM calls ORDER BY id ") + pszDirection;
-    Database::Query call(source, calls.constData());
-    while (call.Next()) {
-        target.Run("INSERT OR IGNORE INTO calls VALUES(?, ?, ?, ?, ?)",
-                   QVariantList() << call.Number(0) << call.Text(1) << call.Number(2) << call.Number(3)
-                                  << call.Number(4));
-    }
+    takeOverCalls(source, target, pszDirection);
     Database::Query taken(source, "SELECT hash FROM taken");
     while (taken.Next()) {
         target.Run("INSERT OR IGNORE INTO taken VALUES(?)", QVariantList() << taken.Text(0));

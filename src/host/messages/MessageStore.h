@@ -30,13 +30,16 @@ struct StoredMessage {
     QString strDetail; // why it was not sent, in a modem's words; of a received one, the network's time stamp
 };
 
-// A call that is over.
+// A call that is over. The numbers stand in the file; what earlier releases did not keep is unknown.
 struct StoredCall {
-    int iId = 0;
+    int iId = 0; // 1 and up, never used again
     QString strNumber;
-    int iType = 0; // HostCallType
-    QDateTime time;
-    int iSeconds = 0;
+    int iType = 0;       // HostCallType
+    QDateTime time;      // at which it began
+    int iSeconds = 0;    // for which it was active
+    int iDirection = 2;  // HostCallDirection
+    int iEnd = -1;       // how it ended, a HostCallProgress; -1: nobody knows
+    int iSimulated = -1; // 0 or 1; -1: nobody knows
 };
 
 // The user's messages and calls, in "messages.db" of the data folder. Several programs may use it at once. A change is
@@ -74,9 +77,14 @@ public:
     // False also where there is no such message, such as one that another program has removed.
     bool Remove(int iId);
 
-    // The latest last.
-    QList<StoredCall> Calls();
-    bool AddCall(const QString& strNumber, int iType, const QDateTime& time, int iSeconds);
+    // By the time at which they began, the latest first: iAtMost of them, or all with -1, behind the first iSkipped.
+    QList<StoredCall> Calls(int iSkipped = 0, int iAtMost = -1);
+
+    // The call's identifier counts for nothing.
+    bool AddCall(const StoredCall& call);
+
+    // False also where there is no such call.
+    bool RemoveCall(int iId);
 
 public slots:
     // Reads again if another program has changed something.
@@ -95,6 +103,7 @@ private:
     bool placeMended();
     static bool migrate(Database& database);
     static void takeOver(Database& source, Database& target, const char* pszDirection);
+    static void takeOverCalls(Database& source, Database& target, const char* pszDirection);
     bool takeOverOutbox();
     int change(const char* pszSql, const QVariantList& listValues);
     QString putAside(const QString& strFile);

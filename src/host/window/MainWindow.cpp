@@ -151,6 +151,7 @@ void MainWindow::Retranslate()
     m_pMessages->Retranslate();
     m_pDevicePanel->Retranslate();
     m_pStatus->Retranslate();
+    emit retranslated();
 }
 
 void MainWindow::closeEvent(QCloseEvent* pEvent)

@@ -50,6 +50,9 @@ public:
 signals:
     void languageChosen(const QString& strCode);
 
+    // The window's texts are those of another language; windows beside it follow.
+    void retranslated();
+
     // The user closes the window.
     void closing();
 

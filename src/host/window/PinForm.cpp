@@ -21,18 +21,18 @@ const int LONGEST_PIN = 8;
 PinForm::PinForm(Modem& modem, QWidget* pParent)
     : QDialog(pParent),
       m_modem(modem),
-      m_pHint(new QLabel(HostText::Get("IDS_HOST_PIN_HINT"), this)),
+      m_pHint(new QLabel(this)),
       m_pTries(new QLabel(this)),
       m_pPin(new QLineEdit(this)),
       m_pResult(new QLabel(this)),
-      m_pWarning(new QLabel(HostText::Get("IDS_HOST_PIN_WARNING"), this)),
-      m_pSure(new QCheckBox(HostText::Get("IDS_HOST_PIN_SURE"), this)),
-      m_pUnlock(new QPushButton(HostText::Get("IDS_HOST_PIN_UNLOCK"), this)),
-      m_pClose(new QPushButton(HostText::Get("IDS_HOST_CLOSE"), this)),
+      m_pWarning(new QLabel(this)),
+      m_pSure(new QCheckBox(this)),
+      m_pUnlock(new QPushButton(this)),
+      m_pClose(new QPushButton(this)),
+      m_pszResult(nullptr),
       m_bAsked(false)
 {
     setObjectName(QLatin1String("linkhand_PinForm"));
-    setWindowTitle(HostText::Get("IDS_HOST_PIN_TITLE"));
     m_pTries->setObjectName(QLatin1String("linkhand_PinForm_tries"));
     m_pPin->setObjectName(QLatin1String("linkhand_PinForm_pin"));
     m_pResult->setObjectName(QLatin1String("linkhand_PinForm_result"));
@@ -42,7 +42,6 @@ PinForm::PinForm(Modem& modem, QWidget* pParent)
     m_pClose->setObjectName(QLatin1String("linkhand_PinForm_close"));
     m_pPin->setEchoMode(QLineEdit::Password);
     m_pPin->setMaxLength(LONGEST_PIN);
-    m_pPin->setAccessibleName(HostText::Get("IDS_HOST_PIN_TITLE"));
     m_pPin->setInputMethodHints(Qt::ImhHiddenText | Qt::ImhNoPredictiveText | Qt::ImhDigitsOnly);
     m_pUnlock->setDefault(true);
     m_pClose->setAutoDefault(false);
@@ -73,12 +72,25 @@ PinForm::PinForm(Modem& modem, QWidget* pParent)
     connect(&m_modem, SIGNAL(statusChanged()), this, SLOT(OnStatusChanged()));
     connect(&m_modem, SIGNAL(pinAnswered(bool, bool, QString)), this, SLOT(OnAnswered(bool, bool, QString)));
     m_pResult->hide();
-    OnStatusChanged();
+    Retranslate();
 }
 
 PinForm::~PinForm()
 {
     m_pPin->clear();
+}
+
+void PinForm::Retranslate()
+{
+    setWindowTitle(HostText::Get("IDS_HOST_PIN_TITLE"));
+    m_pPin->setAccessibleName(HostText::Get("IDS_HOST_PIN_TITLE"));
+    m_pHint->setText(HostText::Get("IDS_HOST_PIN_HINT"));
+    m_pWarning->setText(HostText::Get("IDS_HOST_PIN_WARNING"));
+    m_pSure->setText(HostText::Get("IDS_HOST_PIN_SURE"));
+    m_pUnlock->setText(HostText::Get("IDS_HOST_PIN_UNLOCK"));
+    m_pClose->setText(HostText::Get("IDS_HOST_CLOSE"));
+    showResult(m_pszResult, m_strDetail);
+    OnStatusChanged();
 }
 
 void PinForm::OnStatusChanged()
@@ -116,8 +128,7 @@ void PinForm::OnUnlock()
     const QString strPin = m_pPin->text();
     m_pPin->clear();
     m_pSure->setChecked(false);
-    m_pResult->setText(HostText::Get("IDS_HOST_PIN_ASKED"));
-    m_pResult->show();
+    showResult("IDS_HOST_PIN_ASKED", QString());
     OnEdited();
     fit();
     m_modem.SendPin(strPin);
@@ -130,11 +141,20 @@ void PinForm::OnAnswered(bool bDone, bool bWrong, const QString& strDetail)
         close();
         return;
     }
-    m_pResult->setText(bWrong ? HostText::Get("IDS_HOST_PIN_WRONG")
-                              : HostText::Get("IDS_HOST_PIN_FAILED").arg(strDetail));
+    showResult(bWrong ? "IDS_HOST_PIN_WRONG" : "IDS_HOST_PIN_FAILED", strDetail);
     OnStatusChanged();
     fit();
     m_pPin->setFocus();
+}
+
+// What has become of the PIN; nothing with no id.
+void PinForm::showResult(const char* pszId, const QString& strDetail)
+{
+    m_pszResult = pszId;
+    m_strDetail = strDetail;
+    const QString strText = pszId == nullptr ? QString() : HostText::Get(pszId);
+    m_pResult->setText(strText.contains(QLatin1String("%1")) ? strText.arg(strDetail) : strText);
+    m_pResult->setVisible(pszId != nullptr);
 }
 
 // A window asks its layout for room once, when it is shown; texts that come later and wrap want more.

@@ -21,6 +21,9 @@ public:
     PinForm(Modem& modem, QWidget* pParent);
     ~PinForm() override;
 
+    // In the language that is now chosen; what was typed stays.
+    void Retranslate();
+
 private slots:
     void OnStatusChanged();
     void OnEdited();
@@ -28,6 +31,7 @@ private slots:
     void OnAnswered(bool bDone, bool bWrong, const QString& strDetail);
 
 private:
+    void showResult(const char* pszId, const QString& strDetail);
     void fit();
     bool isLast() const;
 
@@ -40,7 +44,9 @@ private:
     QCheckBox* m_pSure;
     QPushButton* m_pUnlock;
     QPushButton* m_pClose;
-    bool m_bAsked; // the modem has not answered yet
+    const char* m_pszResult; // the id of what is shown there, or null
+    QString m_strDetail;     // and the modem's words in it
+    bool m_bAsked;           // the modem has not answered yet
 };
 
 #endif // LINKHAND_HOST_PINFORM_H

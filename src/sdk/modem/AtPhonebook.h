@@ -15,6 +15,13 @@
 namespace orva
 {
 
+// A write has been ordered, and what it has done could not be read back: it may have been stored or not.
+class WriteUndecided final : public Failure
+{
+public:
+    explicit WriteUndecided(const Failure& why) : Failure(why) {}
+};
+
 enum class CardState { Ready, PinNeeded, PukNeeded, Absent, Busy, Failed, Silent };
 
 // An entry of a phonebook storage (3GPP TS 27.007, 8.11 to 8.14).
@@ -87,12 +94,16 @@ public:
     std::optional<PhonebookEntry> read(const PhonebookStorage& storage, int location);
 
     // Stores an entry at its location, where `before` was (nothing for an empty one), reads it back and compares. If
-    // the modem stored something else, `before` is put back and the failure says why.
+    // the modem stored something else, `before` is put back and the failure says why. WriteUndecided if that could not
+    // be seen; then proveWrite() on the same card does what was left.
     void write(const PhonebookStorage& storage, const PhonebookEntry& entry,
                const std::optional<PhonebookEntry>& before);
+    void proveWrite(const PhonebookStorage& storage, const PhonebookEntry& entry,
+                    const std::optional<PhonebookEntry>& before);
 
-    // Empties a location, and makes sure that it is empty.
+    // Empties a location, and makes sure that it is empty; likewise.
     void erase(const PhonebookStorage& storage, int location);
+    void proveErased(const PhonebookStorage& storage, int location);
 
     // Puts the modem's own character set back. The next command that needs ours sets it again.
     void finish();
@@ -124,6 +135,11 @@ private:
 
     std::optional<std::string> writeCommand(const PhonebookStorage& storage, const PhonebookEntry& entry) const;
     Reply store(const PhonebookStorage& storage, const PhonebookEntry& entry);
+    void requireWritable(const Reply& reply);
+    std::optional<PhonebookEntry> readBack(const PhonebookStorage& storage, int location);
+    void compare(const PhonebookStorage& storage, const PhonebookEntry& entry,
+                 const std::optional<PhonebookEntry>& before, const Reply& reply);
+    void compareErased(const PhonebookStorage& storage, int location, const Reply& reply);
     [[noreturn]] void undo(const PhonebookStorage& storage, const PhonebookEntry& asked,
                            const std::optional<PhonebookEntry>& stored, const std::optional<PhonebookEntry>& before);
 

@@ -287,14 +287,44 @@ Reply AtPhonebook::store(const PhonebookStorage& storage, const PhonebookEntry& 
     return reply;
 }
 
+// A card that has failed at a write may have stored it all the same; any other trouble has kept the write from it.
+void AtPhonebook::requireWritable(const Reply& reply)
+{
+    if (reply.end == Reply::End::Error && reply.error != cme::cardFailure)
+        requireCard(reply);
+}
+
+// Behind a write, where a failure tells nothing of what has been done.
+std::optional<PhonebookEntry> AtPhonebook::readBack(const PhonebookStorage& storage, int location)
+{
+    try {
+        return read(storage, location);
+    } catch (const PortGone&) {
+        throw;
+    } catch (const Failure& failure) {
+        throw WriteUndecided(failure);
+    }
+}
+
 void AtPhonebook::write(const PhonebookStorage& storage, const PhonebookEntry& entry,
                         const std::optional<PhonebookEntry>& before)
 {
     const Reply reply = store(storage, entry);
-    if (reply.end == Reply::End::Error)
-        requireCard(reply);
-    // After a silence nobody knows what has happened; what stands there decides.
-    const std::optional<PhonebookEntry> stored = read(storage, entry.location);
+    requireWritable(reply);
+    compare(storage, entry, before, reply);
+}
+
+void AtPhonebook::proveWrite(const PhonebookStorage& storage, const PhonebookEntry& entry,
+                             const std::optional<PhonebookEntry>& before)
+{
+    compare(storage, entry, before, Reply());
+}
+
+// What stands there decides, whatever the modem has said of the write.
+void AtPhonebook::compare(const PhonebookStorage& storage, const PhonebookEntry& entry,
+                          const std::optional<PhonebookEntry>& before, const Reply& reply)
+{
+    const std::optional<PhonebookEntry> stored = readBack(storage, entry.location);
     if (stored && stored->sameContent(entry))
         return;
     const bool unchanged = before ? stored && stored->sameContent(*before) : !stored;
@@ -315,7 +345,7 @@ void AtPhonebook::undo(const PhonebookStorage& storage, const PhonebookEntry& as
     } else {
         askStorage(storage.name, "+CPBW=" + std::to_string(asked.location), "+CPBW", m_dialog.patience().write);
     }
-    const std::optional<PhonebookEntry> now = read(storage, asked.location);
+    const std::optional<PhonebookEntry> now = readBack(storage, asked.location);
     if (before ? !now || !now->sameContent(*before) : now.has_value())
         logFormat("%s, location %d: what the modem stored instead could not be undone", storage.name.c_str(),
                   asked.location);
@@ -328,9 +358,18 @@ void AtPhonebook::erase(const PhonebookStorage& storage, int location)
 {
     const Reply reply =
         askStorage(storage.name, "+CPBW=" + std::to_string(location), "+CPBW", m_dialog.patience().write);
-    if (reply.end == Reply::End::Error)
-        requireCard(reply);
-    if (!read(storage, location))
+    requireWritable(reply);
+    compareErased(storage, location, reply);
+}
+
+void AtPhonebook::proveErased(const PhonebookStorage& storage, int location)
+{
+    compareErased(storage, location, Reply());
+}
+
+void AtPhonebook::compareErased(const PhonebookStorage& storage, int location, const Reply& reply)
+{
+    if (!readBack(storage, location))
         return;
     if (reply.end == Reply::End::Error)
         throw failureFor(reply.error, "erasing an entry");

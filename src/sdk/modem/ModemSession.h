@@ -3,6 +3,7 @@
 
 #include <array>
 #include <chrono>
+#include <functional>
 #include <string>
 
 #include "modem/AtPhonebook.h"
@@ -21,6 +22,7 @@ struct ModemTimings {
     Milliseconds fresh{1000};    // what was asked so short ago need not be asked before a write
     Milliseconds stale{60000};   // after which a list that is opened is read again
     Milliseconds job{15000};     // that a call waits for its turn
+    Milliseconds decide{5000};   // that a write which could not be read back is looked for
 };
 
 /*
@@ -86,6 +88,9 @@ private:
     void confirm(int memory, const PhonebookEntry& thought);
     void write(int memory, const PhonebookEntry& entry, const std::optional<PhonebookEntry>& before);
     void eraseAt(int memory, int location);
+    void decide(int memory, const Failure& undecided, const std::function<void()>& prove);
+    bool isSameCard(int memory, const Failure& undecided);
+    [[noreturn]] void loseCard();
     void proveLocations(int memory, const PhonebookEntry& written);
     bool lookForStrays(int memory, int asked, const PhonebookEntry* entry);
     PhonebookStorage storageOf(int memory);

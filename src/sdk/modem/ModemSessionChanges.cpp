@@ -15,6 +15,10 @@ namespace orva
 namespace
 {
 
+// Between two looks at a card that fails.
+constexpr Milliseconds firstPause(50);
+constexpr Milliseconds longestPause(1000);
+
 constexpr std::size_t backupLimit = 4 * 1024 * 1024;
 constexpr char straysText[] = "the modem stores at other locations than it is told; nothing is written to it";
 
@@ -65,12 +69,8 @@ void ModemSession::prepare(int memory)
     if (std::chrono::steady_clock::now() - m_looked > m_timings.fresh) {
         lookAtCard();
         m_state.requireOpen(memory);
-        if (memory == ORVA_MEMORY_CARD && !m_card.empty() && m_book.cardIdentity() != m_card) {
-            m_card.clear();
-            m_state.replaceCard();
-            own(memory).due = true;
-            throw Failure(ORVA_E_ABSENT, "another card is in");
-        }
+        if (memory == ORVA_MEMORY_CARD && !m_card.empty() && m_book.cardIdentity() != m_card)
+            loseCard();
     }
     Book& book = own(memory);
     if (!book.counted || std::chrono::steady_clock::now() - book.countedAt > m_timings.fresh) {
@@ -136,8 +136,13 @@ void ModemSession::confirm(int memory, const PhonebookEntry& thought)
 
 void ModemSession::write(int memory, const PhonebookEntry& entry, const std::optional<PhonebookEntry>& before)
 {
+    const PhonebookStorage storage = storageOf(memory);
     try {
-        m_book.write(storageOf(memory), entry, before);
+        try {
+            m_book.write(storage, entry, before);
+        } catch (const WriteUndecided& undecided) {
+            decide(memory, undecided, [&] { m_book.proveWrite(storage, entry, before); });
+        }
     } catch (const PortGone&) {
         throw;
     } catch (const Failure& failure) {
@@ -154,8 +159,13 @@ void ModemSession::write(int memory, const PhonebookEntry& entry, const std::opt
 
 void ModemSession::eraseAt(int memory, int location)
 {
+    const PhonebookStorage storage = storageOf(memory);
     try {
-        m_book.erase(storageOf(memory), location);
+        try {
+            m_book.erase(storage, location);
+        } catch (const WriteUndecided& undecided) {
+            decide(memory, undecided, [&] { m_book.proveErased(storage, location); });
+        }
     } catch (const PortGone&) {
         throw;
     } catch (const Failure& failure) {
@@ -167,6 +177,56 @@ void ModemSession::eraseAt(int memory, int location)
         }
     }
     m_used = std::chrono::steady_clock::now();
+}
+
+// A card that fails behind a write often answers a moment later, and then what stands there decides. While nobody
+// knows, what is shown may be wrong, and is read anew.
+void ModemSession::decide(int memory, const Failure& undecided, const std::function<void()>& prove)
+{
+    own(memory).due = true;
+    m_lookAt = Time();
+    const auto until = std::chrono::steady_clock::now() + m_timings.decide;
+    Milliseconds pause = firstPause;
+    for (;;) {
+        m_dialog.pause(pause);
+        pause = std::min(pause * 2, longestPause);
+        const bool last = std::chrono::steady_clock::now() > until;
+        try {
+            if (isSameCard(memory, undecided)) {
+                prove();
+                return;
+            }
+        } catch (const WriteUndecided& again) {
+            if (!last)
+                continue;
+            logFormat("%s: nobody knows whether it was stored: %s", storageOf(memory).name.c_str(), again.what());
+            throw;
+        }
+        if (last)
+            throw WriteUndecided(undecided);
+    }
+}
+
+// Nothing of one card is looked for on another, and least of all put back there. False while the card does not tell.
+bool ModemSession::isSameCard(int memory, const Failure& undecided)
+{
+    const CardState card = m_book.cardState();
+    if (memory != ORVA_MEMORY_CARD)
+        return true;
+    if (card == CardState::Absent || card == CardState::PinNeeded || card == CardState::PukNeeded)
+        throw Failure(undecided);
+    const std::string number = m_card.empty() ? std::string() : m_book.cardIdentity();
+    if (!number.empty() && number != m_card)
+        loseCard();
+    return number == m_card;
+}
+
+void ModemSession::loseCard()
+{
+    m_card.clear();
+    m_state.replaceCard();
+    own(ORVA_MEMORY_CARD).due = true;
+    throw Failure(ORVA_E_ABSENT, "another card is in");
 }
 
 // What stands at the location says nothing of the others: behind the first write all of them are looked at.

@@ -1,32 +1,33 @@
 #include "voicecall/CallPage.h"
 
+#include <QAction>
 #include <QHBoxLayout>
+#include <QKeySequence>
 #include <QLabel>
 #include <QLineEdit>
-#include <QLocale>
 #include <QPushButton>
-#include <QTime>
-#include <QTreeWidget>
 #include <QVBoxLayout>
 
 #include "common/CallBox.h"
+#include "common/Phonebook.h"
 #include "common/Recipients.h"
 #include "linkhand/core/Change.h"
 #include "linkhand/core/CommonUtils.h"
 #include "linkhand/core/Startup.h"
 #include "linkhand/plugin/Codes.h"
+#include "linkhand/plugin/ISMSUIService.h"
 #include "shared/HostLink.h"
-#include "shared/NumberDelegate.h"
+#include "voicecall/CallList.h"
 
 namespace
 {
 
-enum Column { COLUMN_NUMBER, COLUMN_TIME, COLUMN_DURATION, COLUMN_COUNT };
-const int ROLE_TIME = Qt::UserRole;
-
-void showTime(QTreeWidgetItem* pItem)
+ISMSUIService* messages()
 {
-    pItem->setText(COLUMN_TIME, QLocale().toString(pItem->data(COLUMN_TIME, ROLE_TIME).toTime(), QLocale::ShortFormat));
+    IPluginContainer* pContainer = Startup::GetPluginContainer();
+    return pContainer == nullptr
+               ? nullptr
+               : qobject_cast<ISMSUIService*>(pContainer->GetPlugin(QLatin1String(LINKHAND_SMS_ID), LINKHAND_SMS_KIND));
 }
 
 } // namespace
@@ -40,8 +41,7 @@ CallPage::CallPage(const QString& strPlugin)
       m_pVideoCall(new QPushButton(this)),
       m_pBox(new CallBox(strPlugin, this)),
       m_bInCall(false),
-      m_iEnd(-1),
-      m_pCalls(new QTreeWidget(this))
+      m_pCalls(new CallList(strPlugin, this))
 {
     setObjectName(m_strPlugin + QLatin1String("_MainWidget"));
     m_pTitle->setObjectName(QLatin1String("linkhand_Calls_title"));
@@ -52,40 +52,28 @@ CallPage::CallPage(const QString& strPlugin)
     m_pCalls->setObjectName(m_strPlugin + QLatin1String("_treeCalls"));
     m_pHint->setWordWrap(true);
     m_pBox->hide();
-    m_pCalls->setColumnCount(COLUMN_COUNT);
-    m_pCalls->setRootIsDecorated(false);
-    m_pCalls->setAlternatingRowColors(true);
-    m_pCalls->setColumnWidth(COLUMN_NUMBER, 260);
-    m_pCalls->setItemDelegateForColumn(COLUMN_NUMBER, new NumberDelegate(m_pCalls));
-
-    QHBoxLayout* pDial = new QHBoxLayout;
-    pDial->addWidget(m_pNumber, 1);
-    pDial->addWidget(m_pCall);
-    pDial->addWidget(m_pVideoCall);
-    QVBoxLayout* pLayout = new QVBoxLayout(this);
-    pLayout->setContentsMargins(12, 10, 12, 10);
-    pLayout->addWidget(m_pTitle);
-    pLayout->addWidget(m_pHint);
-    pLayout->addLayout(pDial);
-    pLayout->addWidget(m_pBox);
-    pLayout->addWidget(m_pCalls, 1);
+    m_callNumber = makeDeed("CallNumber", SLOT(OnCallNumber()));
+    m_message = makeDeed("Message", SLOT(OnMessage()));
+    m_saveNumber = makeDeed("SaveNumber", SLOT(OnSaveNumber()));
+    m_delete = makeDeed("Delete", SLOT(OnDelete()));
+    m_delete.pAction->setShortcut(QKeySequence(QKeySequence::Delete));
+    m_delete.pAction->setShortcutContext(Qt::WidgetShortcut);
+    m_pCalls->setContextMenuPolicy(Qt::ActionsContextMenu);
+    makeLayout();
     connect(m_pNumber, SIGNAL(textChanged(QString)), this, SLOT(OnEdited()));
     connect(m_pNumber, SIGNAL(returnPressed()), this, SLOT(OnCall()));
     connect(m_pCall, SIGNAL(clicked()), this, SLOT(OnCall()));
     connect(m_pVideoCall, SIGNAL(clicked()), this, SLOT(OnVideoCall()));
+    connect(m_pCalls, SIGNAL(itemSelectionChanged()), this, SLOT(OnSelectionChanged()));
+    connect(m_pCalls, SIGNAL(itemActivated(QTreeWidgetItem*, int)), this, SLOT(OnActivated()));
     Retranslate();
 }
 
 void CallPage::Start(const QString& strNumber, int iType)
 {
-    QTreeWidgetItem* pItem = new QTreeWidgetItem;
-    pItem->setText(COLUMN_NUMBER, strNumber);
-    pItem->setData(COLUMN_TIME, ROLE_TIME, QTime::currentTime());
-    showTime(pItem);
-    m_pCalls->insertTopLevelItem(0, pItem); // the latest first
     // A video call has its own window, but one call at a time counts for both.
     m_bInCall = true;
-    m_iEnd = -1;
+    m_pCalls->Begin(strNumber, iType);
     m_pBox->Start(strNumber);
     m_pBox->setVisible(iType == HOST_CALL_VOICE);
     OnEdited();
@@ -93,14 +81,8 @@ void CallPage::Start(const QString& strNumber, int iType)
 
 void CallPage::Stop()
 {
-    if (m_pCalls->topLevelItem(0) != nullptr) {
-        const QString strDuration = CallBox::DurationText(m_pBox->Seconds());
-        // One that never was active says why instead.
-        m_pCalls->topLevelItem(0)->setText(COLUMN_DURATION, m_iEnd < 0 || m_pBox->Seconds() > 0
-                                                                ? strDuration
-                                                                : CallBox::ProgressText(m_iEnd, m_strPlugin));
-    }
     m_bInCall = false;
+    m_pCalls->End(m_pBox->Seconds());
     m_pBox->Stop();
     m_pBox->hide();
     OnEdited();
@@ -108,10 +90,9 @@ void CallPage::Stop()
 
 void CallPage::SetProgress(int iProgress)
 {
+    m_pCalls->SetProgress(iProgress);
     if (iProgress < HOST_CALL_ENDED) {
         m_pBox->SetProgress(iProgress);
-    } else {
-        m_iEnd = iProgress;
     }
 }
 
@@ -121,20 +102,156 @@ void CallPage::Retranslate()
     HostLink* pLink = HostLink::Instance();
     m_pHint->setText(text(pLink == nullptr || pLink->IsSimulated() ? "IDS_HINT" : "IDS_HINT_REAL"));
     m_pNumber->setAccessibleName(text("IDS_COLUMN_NUMBER"));
-    m_pCalls->setAccessibleName(text("IDS_TITLE"));
     m_pCall->setText(text("IDS_CALL"));
     m_pVideoCall->setText(text("IDS_VIDEO_CALL"));
-    QStringList lstHeaders;
-    lstHeaders << text("IDS_COLUMN_NUMBER") << text("IDS_COLUMN_TIME") << text("IDS_COLUMN_DURATION");
-    m_pCalls->setHeaderLabels(lstHeaders);
-    for (int i = 0; i < m_pCalls->topLevelItemCount(); ++i) {
-        showTime(m_pCalls->topLevelItem(i));
-    }
+    setText(m_callNumber, "IDS_CALL_NUMBER");
+    setText(m_message, "IDS_MESSAGE");
+    setText(m_saveNumber, "IDS_SAVE_NUMBER");
+    setText(m_delete, "IDS_DELETE");
+    m_pCalls->Retranslate();
     m_pBox->Retranslate();
-    Enter();
+    lookAround();
 }
 
 void CallPage::Enter()
+{
+    lookAround();
+    m_pCalls->Refresh();
+}
+
+void CallPage::OnEdited()
+{
+    const bool bDialable = Recipients::IsNumber(m_pNumber->text().trimmed()) && !m_bInCall;
+    m_pCall->setEnabled(bDialable);
+    m_pVideoCall->setEnabled(bDialable);
+    OnSelectionChanged();
+}
+
+void CallPage::OnCall()
+{
+    if (m_pCall->isEnabled()) {
+        dial(m_pNumber->text().trimmed(), HOST_CALL_VOICE);
+    }
+}
+
+void CallPage::OnVideoCall()
+{
+    dial(m_pNumber->text().trimmed(), HOST_CALL_VIDEO);
+}
+
+void CallPage::OnSelectionChanged()
+{
+    const HostCall call = m_pCalls->Current();
+    const bool bNumber = Recipients::IsNumber(call.strNumber);
+    setEnabled(m_callNumber, bNumber && !m_bInCall);
+    setEnabled(m_message, bNumber && messages() != nullptr);
+    setEnabled(m_saveNumber, bNumber && Phonebook::Available());
+    setEnabled(m_delete, call.iId != 0);
+}
+
+// Nothing is dialled by a press on a row: its number goes where it can be.
+void CallPage::OnActivated()
+{
+    if (Recipients::IsNumber(m_pCalls->Current().strNumber)) {
+        m_pNumber->setText(m_pCalls->Current().strNumber);
+        m_pNumber->setFocus();
+        m_pNumber->selectAll();
+    }
+}
+
+void CallPage::OnCallNumber()
+{
+    dial(m_pCalls->Current().strNumber, HOST_CALL_VOICE);
+}
+
+void CallPage::OnMessage()
+{
+    ISMSUIService* pMessages = messages();
+    if (pMessages != nullptr) {
+        pMessages->SendMessage(m_pCalls->Current().strNumber, QString(), window());
+    }
+}
+
+void CallPage::OnSaveNumber()
+{
+    Phonebook::SaveNumber(m_pCalls->Current().strNumber, window());
+    m_pCalls->Refresh(); // it may have a name now
+}
+
+void CallPage::OnDelete()
+{
+    HostLink* pLink = HostLink::Instance();
+    const HostCall call = m_pCalls->Current();
+    if (pLink == nullptr || call.iId == 0) {
+        return;
+    }
+    const int iAnswer = CommonUtils::ShowMessage(
+        QMessageBox::Question, window(), text("IDS_TITLE"), text("IDS_DELETE_QUESTION"), QLatin1String("IDS_OK"),
+        QLatin1String("IDS_CANCEL"), QString(), false, Qt::WindowCloseButtonHint, nullptr, QString(), true);
+    if (iAnswer != QMessageBox::Ok) {
+        return;
+    }
+    const bool bRemoved = pLink->RemoveCall(call.iId);
+    m_pCalls->Refresh();
+    // Another program may have been quicker.
+    if (!bRemoved && m_pCalls->Holds(call.iId)) {
+        report("IDS_DELETE_FAILED");
+    }
+}
+
+QString CallPage::text(const char* pszId) const
+{
+    return Change::tr(QLatin1String(pszId), m_strPlugin);
+}
+
+CallPage::Deed CallPage::makeDeed(const char* pszName, const char* pszSlot)
+{
+    Deed deed;
+    deed.pButton = new QPushButton(this);
+    deed.pButton->setObjectName(m_strPlugin + QLatin1String("_button") + QLatin1String(pszName));
+    deed.pAction = new QAction(this);
+    deed.pAction->setObjectName(m_strPlugin + QLatin1String("_action") + QLatin1String(pszName));
+    m_pCalls->addAction(deed.pAction);
+    connect(deed.pButton, SIGNAL(clicked()), this, pszSlot);
+    connect(deed.pAction, SIGNAL(triggered()), this, pszSlot);
+    return deed;
+}
+
+void CallPage::setEnabled(const Deed& deed, bool bEnabled)
+{
+    deed.pButton->setEnabled(bEnabled);
+    deed.pAction->setEnabled(bEnabled);
+}
+
+void CallPage::setText(const Deed& deed, const char* pszId)
+{
+    deed.pButton->setText(text(pszId));
+    deed.pAction->setText(text(pszId));
+}
+
+void CallPage::makeLayout()
+{
+    QHBoxLayout* pDial = new QHBoxLayout;
+    pDial->addWidget(m_pNumber, 1);
+    pDial->addWidget(m_pCall);
+    pDial->addWidget(m_pVideoCall);
+    QHBoxLayout* pDeeds = new QHBoxLayout;
+    pDeeds->addWidget(m_callNumber.pButton);
+    pDeeds->addWidget(m_message.pButton);
+    pDeeds->addWidget(m_saveNumber.pButton);
+    pDeeds->addStretch(1);
+    pDeeds->addWidget(m_delete.pButton);
+    QVBoxLayout* pLayout = new QVBoxLayout(this);
+    pLayout->setContentsMargins(12, 10, 12, 10);
+    pLayout->addWidget(m_pTitle);
+    pLayout->addWidget(m_pHint);
+    pLayout->addLayout(pDial);
+    pLayout->addWidget(m_pBox);
+    pLayout->addWidget(m_pCalls, 1);
+    pLayout->addLayout(pDeeds);
+}
+
+void CallPage::lookAround()
 {
     IPluginContainer* pContainer = Startup::GetPluginContainer();
     HostLink* pLink = HostLink::Instance();
@@ -144,36 +261,16 @@ void CallPage::Enter()
     OnEdited();
 }
 
-void CallPage::OnEdited()
-{
-    const bool bDialable = Recipients::IsNumber(m_pNumber->text().trimmed()) && !m_bInCall;
-    m_pCall->setEnabled(bDialable);
-    m_pVideoCall->setEnabled(bDialable);
-}
-
-void CallPage::OnCall()
-{
-    if (m_pCall->isEnabled()) {
-        dial(HOST_CALL_VOICE);
-    }
-}
-
-void CallPage::OnVideoCall()
-{
-    dial(HOST_CALL_VIDEO);
-}
-
-QString CallPage::text(const char* pszId) const
-{
-    return Change::tr(QLatin1String(pszId), m_strPlugin);
-}
-
-void CallPage::dial(int iType)
+void CallPage::dial(const QString& strNumber, int iType)
 {
     HostLink* pLink = HostLink::Instance();
-    if (pLink == nullptr || !pLink->Dial(m_pNumber->text().trimmed(), static_cast<HostCallType>(iType))) {
-        CommonUtils::ShowMessage(QMessageBox::Critical, window(), text("IDS_TITLE"), text("IDS_CALL_FAILED"),
-                                 QLatin1String("IDS_OK"), QString(), QString(), true, Qt::WindowCloseButtonHint,
-                                 nullptr, QString(), true);
+    if (pLink == nullptr || !pLink->Dial(strNumber, static_cast<HostCallType>(iType))) {
+        report("IDS_CALL_FAILED");
     }
+}
+
+void CallPage::report(const char* pszId)
+{
+    CommonUtils::ShowMessage(QMessageBox::Critical, window(), text("IDS_TITLE"), text(pszId), QLatin1String("IDS_OK"),
+                             QString(), QString(), true, Qt::WindowCloseButtonHint, nullptr, QString(), true);
 }

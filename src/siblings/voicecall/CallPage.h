@@ -4,12 +4,14 @@
 #include <QWidget>
 
 class CallBox;
+class CallList;
+class QAction;
 class QLabel;
 class QLineEdit;
 class QPushButton;
-class QTreeWidget;
 
-// Dials, shows the call in progress, of whatever direction, and lists the calls of this run.
+// Dials, shows the call in progress, of whatever direction, and lists the calls; the one selected there can be called,
+// written to, saved and forgotten.
 class CallPage : public QWidget
 {
     Q_OBJECT
@@ -24,17 +26,35 @@ public:
     void SetProgress(int iProgress);
     void Retranslate();
 
-    // Reads anew whether there is a video call plug-in.
+    // Reads anew which plug-ins are there, and the calls.
     void Enter();
 
 private slots:
     void OnEdited();
     void OnCall();
     void OnVideoCall();
+    void OnSelectionChanged();
+    void OnActivated();
+    void OnCallNumber();
+    void OnMessage();
+    void OnSaveNumber();
+    void OnDelete();
 
 private:
+    // A button beneath the list, and the same in its menu.
+    struct Deed {
+        QPushButton* pButton = nullptr;
+        QAction* pAction = nullptr;
+    };
+
     QString text(const char* pszId) const;
-    void dial(int iType);
+    Deed makeDeed(const char* pszName, const char* pszSlot);
+    static void setEnabled(const Deed& deed, bool bEnabled);
+    void setText(const Deed& deed, const char* pszId);
+    void makeLayout();
+    void lookAround();
+    void dial(const QString& strNumber, int iType);
+    void report(const char* pszId);
 
     const QString m_strPlugin;
     QLabel* m_pTitle;
@@ -44,8 +64,11 @@ private:
     QPushButton* m_pVideoCall;
     CallBox* m_pBox;
     bool m_bInCall; // of either type
-    int m_iEnd;     // how the call ended, a HostCallProgress; -1: a simulated one
-    QTreeWidget* m_pCalls;
+    CallList* m_pCalls;
+    Deed m_callNumber;
+    Deed m_message;
+    Deed m_saveNumber;
+    Deed m_delete;
 };
 
 #endif // LINKHAND_SIBLINGS_CALLPAGE_H

@@ -242,6 +242,9 @@ void addCalls(QList<Scene>& listScenes)
         [] { return mainWindowIf(seen("VoiceCallPlugin_callBox") != nullptr); },
         [] { click("VoiceCallPlugin_buttonHangUp"); });
     listScenes << scene(
+        "calls", [] {},
+        [] { return mainWindowIf(Child<QTreeWidget>("VoiceCallPlugin_treeCalls")->topLevelItemCount() > 0); });
+    listScenes << scene(
         "video-call", [] { click("VoiceCallPlugin_buttonVideoCall"); },
         [] { return windowOf("VideoCallPlugin_window"); },
         [] {

@@ -299,8 +299,9 @@ TEST(whatFailsHasChangedNothing)
 
 TEST(eachCommandOfAWriteMayFailOrBeTheLast)
 {
-    for (const Fault fault : {Fault::SilentBefore, Fault::SilentAfter, Fault::UnplugBefore, Fault::UnplugAfter,
-                              Fault::UnplugInside, Fault::StallInside, Fault::PullCard, Fault::Error}) {
+    for (const Fault fault :
+         {Fault::SilentBefore, Fault::SilentAfter, Fault::UnplugBefore, Fault::UnplugAfter, Fault::UnplugInside,
+          Fault::StallInside, Fault::PullCard, Fault::Error, Fault::ErrorAfter}) {
         for (int nth = 1; nth < 40; ++nth) {
             const Place place;
             Modem modem(place.plan());

@@ -45,9 +45,9 @@ const Flow flows[] = {
 std::vector<Fault> faults()
 {
     if (std::getenv("LINKHAND_FULL") == nullptr)
-        return {Fault::SilentAfter, Fault::UnplugAfter, Fault::Error};
-    return {Fault::SilentBefore, Fault::SilentAfter, Fault::UnplugBefore, Fault::UnplugAfter,
-            Fault::UnplugInside, Fault::StallInside, Fault::PullCard,     Fault::Error};
+        return {Fault::SilentAfter, Fault::UnplugAfter, Fault::Error, Fault::ErrorAfter};
+    return {Fault::SilentBefore, Fault::SilentAfter, Fault::UnplugBefore, Fault::UnplugAfter, Fault::UnplugInside,
+            Fault::StallInside,  Fault::PullCard,    Fault::Error,        Fault::ErrorAfter};
 }
 
 // By location, as told() has it.
@@ -117,8 +117,9 @@ std::string tryCut(const Flow& flow, Fault fault, int nth, const std::string& go
     const std::string after = told(setting.modem);
     if (code == ORVA_OK && after != goal)
         return where + "reported as done, and is not";
-    // Nobody could look any more; an error of the card's own is its end as well.
-    const bool gone = fault != Fault::SilentBefore && fault != Fault::SilentAfter && fault != Fault::StallInside;
+    // Nobody could look any more.
+    const bool gone = fault == Fault::UnplugBefore || fault == Fault::UnplugAfter || fault == Fault::UnplugInside ||
+                      fault == Fault::PullCard;
     if (flow.whole && code != ORVA_OK && after != before && !(gone && after == goal))
         return where + "reported as failed, and has changed something:\n" + after;
     if (!setting.recover(fault))

@@ -87,6 +87,7 @@ inline ModemTimings quickTimings()
     timings.reread = Milliseconds(20);
     timings.longest = Milliseconds(500);
     timings.fresh = Milliseconds(50);
+    timings.decide = Milliseconds(30000);
     return timings;
 }
 

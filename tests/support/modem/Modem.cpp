@@ -166,9 +166,9 @@ void Modem::setSignal(int signal)
     m_loop->call([&] { m_loop->state.plan.signal = signal; });
 }
 
-void Modem::failAt(const std::string& prefix, int nth, Fault fault, int code)
+void Modem::failAt(const std::string& prefix, int nth, Fault fault, int code, int times)
 {
-    m_loop->call([&] { m_loop->state.faults[prefix] = {nth, fault, code}; });
+    m_loop->call([&] { m_loop->state.faults[prefix] = {nth, fault, code, times}; });
 }
 
 void Modem::setObserver(std::function<void(size_t, const std::string&)> observer)

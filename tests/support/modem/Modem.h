@@ -46,7 +46,8 @@ enum class Fault {
     UnplugInside, // it vanishes in the middle of the answer
     StallInside,  // it falls silent in the middle of the answer, in a line
     PullCard,     // the card is pulled before it is carried out
-    Error         // it answers +CME ERROR: with the given code, and does nothing
+    Error,        // it answers +CME ERROR: with the given code, and does nothing
+    ErrorAfter    // it answers so, and has carried it out all the same
 };
 
 class Modem
@@ -89,8 +90,9 @@ public:
     void setSignal(int signal);
 
     // The nth command (counted from 1, from now on) that begins with the prefix ("AT+CPBR", "AT" for any; each part of
-    // a line joined with ';' counts, as "AT+CPBW=...") meets a fault. A later call with the same prefix replaces it.
-    void failAt(const std::string& prefix, int nth, Fault fault, int code = 100);
+    // a line joined with ';' counts, as "AT+CPBW=...") meets a fault, and so do those behind it, `times` in all. A
+    // later call with the same prefix replaces it.
+    void failAt(const std::string& prefix, int nth, Fault fault, int code = 100, int times = 1);
     // Called on the modem's thread before each command, with the port and the command; it may call this object.
     void setObserver(std::function<void(size_t, const std::string&)> observer);
 

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <utility>
 
 namespace modemsim
 {
@@ -87,7 +88,7 @@ void Port::takeMessageCharacter(char c)
     const Command message = parseLine("AT+MESSAGE")[0];
     Answer whole;
     if (!meetsFault(message, whole, typed))
-        answer(takeMessage(m_state, m_index, typed), typed);
+        answer(ended(takeMessage(m_state, m_index, typed)), typed);
 }
 
 // A fault may leave the command undone, or take away what would be said about it.
@@ -118,6 +119,9 @@ bool Port::meetsFault(const Command& command, Answer& whole, const std::string& 
     case Fault::PullCard:
         m_state.pullCard();
         return false;
+    case Fault::ErrorAfter:
+        m_errorAfter = planned.code;
+        return false;
     case Fault::Error:
         break;
     }
@@ -125,6 +129,16 @@ bool Port::meetsFault(const Command& command, Answer& whole, const std::string& 
     whole.code = planned.code;
     answer(whole, line);
     return true;
+}
+
+// What has been carried out, with the end that a fault gives it.
+Answer Port::ended(Answer answer)
+{
+    if (const int code = std::exchange(m_errorAfter, 0)) {
+        answer.final = Answer::CmeError;
+        answer.code = code;
+    }
+    return answer;
 }
 
 void Port::execute(const std::string& line)
@@ -141,7 +155,7 @@ void Port::execute(const std::string& line)
     for (const Command& command : commands) {
         if (meetsFault(command, whole, line))
             return;
-        const Answer part = run(m_state, m_index, command);
+        const Answer part = ended(run(m_state, m_index, command));
         whole.lines.insert(whole.lines.end(), part.lines.begin(), part.lines.end());
         whole.final = part.final;
         whole.code = part.code;

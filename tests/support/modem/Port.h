@@ -38,6 +38,7 @@ private:
     void takeMessageCharacter(char c);
     void execute(const std::string& line);
     void answer(const Answer& answer, const std::string& line);
+    Answer ended(Answer answer);
     bool meetsFault(const Command& command, Answer& whole, const std::string& line);
     void write(const std::string& bytes, int milliseconds);
     std::string information(const std::string& text, bool first) const;
@@ -52,6 +53,7 @@ private:
     bool m_unplugInside = false;
     bool m_stallInside = false;
     bool m_silent = false;
+    int m_errorAfter = 0; // the error that the command ends with once it is carried out, or 0
     std::deque<Piece> m_output;
     Clock::time_point m_lineFree; // when the last piece has gone
 };

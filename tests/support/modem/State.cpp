@@ -2,6 +2,8 @@
 
 #include "support/modem/Answer.h"
 
+#include <iterator>
+
 namespace modemsim
 {
 
@@ -130,7 +132,7 @@ bool State::takeFault(const std::string& command, PlannedFault& fault)
         }
         fault = it->second;
         met = true;
-        it = faults.erase(it);
+        it = --it->second.times > 0 ? std::next(it) : faults.erase(it);
     }
     return met;
 }

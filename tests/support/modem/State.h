@@ -57,6 +57,7 @@ struct PlannedFault {
     int countdown = 1;
     Fault fault = Fault::Error;
     int code = 100;
+    int times = 1;
 };
 
 // All that the ports of one modem share. It lives on the modem's thread.

@@ -144,7 +144,15 @@ void TestHostMessages::callsSurviveARestart()
     const QDateTime time = QDateTime::fromMSecsSinceEpoch(1700000000123);
     {
         MessageStore store(folder.path());
-        QVERIFY(store.AddCall("+49170", HOST_CALL_VIDEO, time, 75));
+        StoredCall call;
+        call.strNumber = "+49170";
+        call.iType = HOST_CALL_VIDEO;
+        call.time = time;
+        call.iSeconds = 75;
+        call.iDirection = HOST_CALL_FROM_OUTSIDE;
+        call.iEnd = HOST_CALL_MISSED;
+        call.iSimulated = 0;
+        QVERIFY(store.AddCall(call));
     }
     MessageStore store(folder.path());
     QCOMPARE(store.Calls().size(), 1);
@@ -153,6 +161,9 @@ void TestHostMessages::callsSurviveARestart()
     QCOMPARE(call.iType, int(HOST_CALL_VIDEO));
     QCOMPARE(call.time, time);
     QCOMPARE(call.iSeconds, 75);
+    QCOMPARE(call.iDirection, int(HOST_CALL_FROM_OUTSIDE));
+    QCOMPARE(call.iEnd, int(HOST_CALL_MISSED));
+    QCOMPARE(call.iSimulated, 0);
 }
 
 void TestHostMessages::removingTakesOneMessage()
@@ -283,7 +294,13 @@ void TestHostMessages::aDamagedStoreIsKeptAndSalvaged()
         for (int i = 0; i < iCount; ++i) {
             QVERIFY(store.Add(message(QString::number(i) + QString(100, 'x'))));
         }
-        QVERIFY(store.AddCall("+49170", HOST_CALL_VOICE, QDateTime::currentDateTime(), 5));
+        StoredCall call;
+        call.strNumber = "+49170";
+        call.time = QDateTime::currentDateTime();
+        call.iDirection = HOST_CALL_OUTGOING;
+        call.iEnd = HOST_CALL_LOST;
+        call.iSimulated = 1;
+        QVERIFY(store.AddCall(call));
     }
     // One page in the middle.
     QByteArray content = read(strFile);
@@ -297,6 +314,9 @@ void TestHostMessages::aDamagedStoreIsKeptAndSalvaged()
     QVERIFY(texts(store).first().startsWith("0x"));
     QVERIFY2(texts(store).last().startsWith(QString::number(iCount - 1)), "also what lies behind the damage");
     QCOMPARE(store.Calls().size(), 1);
+    QCOMPARE(store.Calls().first().iDirection, int(HOST_CALL_OUTGOING));
+    QCOMPARE(store.Calls().first().iEnd, int(HOST_CALL_LOST));
+    QCOMPARE(store.Calls().first().iSimulated, 1);
     QVERIFY(store.Add(message("new")));
     QVERIFY(MessageStore(folder.path()).Damaged().isEmpty());
 }

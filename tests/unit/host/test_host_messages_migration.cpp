@@ -119,7 +119,7 @@ void TestHostMessagesMigration::itIsDoneOnce()
     QVERIFY(MessageStore(m_pFolder->path()).IsUsable());
     Database database;
     QVERIFY(database.Open(file()));
-    QCOMPARE(database.Number("PRAGMA user_version"), qint64(2));
+    QCOMPARE(database.Number("PRAGMA user_version"), qint64(3));
     database.Close();
     const MessageStore again(m_pFolder->path());
     QVERIFY(again.IsUsable() && again.Damaged().isEmpty());

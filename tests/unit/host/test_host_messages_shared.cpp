@@ -144,10 +144,12 @@ void TestHostMessagesShared::aProgramThatHasTheDamagedStoreOpenGoesOnInTheMended
     QVERIFY(ended(program(this, folder.path(), "other", 1)));
     QCOMPARE(aside(folder.path()).size(), 1);
     const QSignalSpy spy(&store, SIGNAL(changed()));
-    const QDateTime time = QDateTime::fromMSecsSinceEpoch(1700000000123);
     if (writes) {
         QVERIFY(store.Add(message("mine")));
-        QVERIFY(store.AddCall("+49170", 1, time, 5));
+        StoredCall call;
+        call.strNumber = "+49170";
+        call.time = QDateTime::fromMSecsSinceEpoch(1700000000123);
+        QVERIFY(store.AddCall(call));
     } else {
         store.Refresh();
     }

@@ -113,7 +113,7 @@ void TestSiblings::init()
     m_pLifecycle.reset(new PluginLifecycle(*m_pContainer, m_pServices->State()));
     m_pWindow.reset(new MainWindow(*m_pContainer, *m_pOutbox, *m_pWatcher));
     m_pServices->SetMainWindow(m_pWindow.data());
-    m_pLink.reset(new Link(*m_pModem, m_pWindow.data(), m_pFolder->Path() + '/'));
+    m_pLink.reset(new Link(*m_pModem, *m_pOutbox, m_pWindow.data(), m_pFolder->Path() + '/'));
     m_pLink->Publish();
 }
 
@@ -365,7 +365,7 @@ void TestSiblings::aVoiceCallIsShownUntilHungUp()
     QTreeWidget* pCalls = in<QTreeWidget>(pPage, "VoiceCallPlugin_treeCalls");
     QCOMPARE(pCalls->topLevelItemCount(), 1);
     QCOMPARE(pCalls->topLevelItem(0)->text(0), QStringLiteral("+491701"));
-    QVERIFY(!pCalls->topLevelItem(0)->text(2).isEmpty());
+    QVERIFY(!pCalls->topLevelItem(0)->text(4).isEmpty());
     QVERIFY(CommonUtils::MakeCall("2", UI_CALL_VOICE));
     QCOMPARE(pCalls->topLevelItem(0)->text(0), QStringLiteral("2"));
 }

@@ -74,6 +74,9 @@ private slots:
     void aCallThatIsRefusedHereIsNotMissed();
     void aSecondCallThatComesInIsTold();
     void aModemPulledEndsTheCall();
+    void aRadioSwitchedOffEndsTheCall_data();
+    void aRadioSwitchedOffEndsTheCall();
+    void whatIsKeptIsRealAndSaysHowItWas();
     void theEndOfTheProgramHangsUp();
 
 private:
@@ -258,6 +261,52 @@ void TestModemCalls::aModemPulledEndsTheCall()
     f.manager.Unplug();
     QTRY_COMPARE(f.ended.count(), 1);
     QCOMPARE(f.Progress().last(), int(HOST_CALL_LOST));
+    QCOMPARE(f.store.Calls().size(), 1);
+    QCOMPARE(f.store.Calls().first().iEnd, int(HOST_CALL_LOST));
+}
+
+void TestModemCalls::aRadioSwitchedOffEndsTheCall_data()
+{
+    QTest::addColumn<bool>("incoming");
+    QTest::newRow("dialled") << false;
+    QTest::newRow("rings") << true;
+}
+
+void TestModemCalls::aRadioSwitchedOffEndsTheCall()
+{
+    QFETCH(bool, incoming);
+    CallFixture f;
+    QVERIFY(incoming ? !f.Rung().isEmpty() : f.IsDialled());
+    f.manager.Set(f.manager.ModemPath(), "Modem", {{"State", 7}}); // out of the network alone: it may come back
+    QTRY_VERIFY(!f.modem.Status().bRegistered);
+    QCOMPARE(f.ended.count(), 0);
+    f.manager.Set(f.manager.ModemPath(), "Modem", {{"State", 3}});
+    QTRY_COMPARE(f.ended.count(), 1);
+    QCOMPARE(f.Progress().last(), int(HOST_CALL_LOST));
+    QCOMPARE(f.store.Calls().size(), 1);
+    QCOMPARE(f.store.Calls().first().iEnd, int(HOST_CALL_LOST));
+    QCOMPARE(f.store.Calls().first().iDirection, int(incoming ? HOST_CALL_FROM_OUTSIDE : HOST_CALL_OUTGOING));
+}
+
+void TestModemCalls::whatIsKeptIsRealAndSaysHowItWas()
+{
+    CallFixture f;
+    QVERIFY(f.IsDialled());
+    f.manager.Ring("+4930"); // told, and kept as missed
+    QTRY_COMPARE(f.incoming.count(), 1);
+    f.manager.SetCall(f.Path(), TERMINATED, REFUSED);
+    QTRY_COMPARE(f.ended.count(), 1);
+    const QList<StoredCall> listCalls = f.store.Calls();
+    QCOMPARE(listCalls.size(), 2);
+    QCOMPARE(listCalls.first().strNumber, QString("+4930"));
+    QCOMPARE(listCalls.first().iDirection, int(HOST_CALL_FROM_OUTSIDE));
+    QCOMPARE(listCalls.first().iEnd, int(HOST_CALL_MISSED));
+    QCOMPARE(listCalls.last().strNumber, QString("123"));
+    QCOMPARE(listCalls.last().iDirection, int(HOST_CALL_OUTGOING));
+    QCOMPARE(listCalls.last().iEnd, int(HOST_CALL_REFUSED));
+    foreach (const StoredCall& stored, listCalls) {
+        QCOMPARE(stored.iSimulated, 0);
+    }
 }
 
 void TestModemCalls::theEndOfTheProgramHangsUp()

@@ -1,3 +1,4 @@
+#include <QAbstractButton>
 #include <QCheckBox>
 #include <QLineEdit>
 #include <QPushButton>
@@ -21,6 +22,7 @@ private slots:
     }
     void theFormGrowsWithWhatItSays_data() { languages(); }
     void theFormGrowsWithWhatItSays();
+    void theOpenFormFollowsTheLanguage();
     void timeAndStateOfAMessageAreReadable_data() { languages(); }
     void timeAndStateOfAMessageAreReadable();
     void thePanelReadsInItsDirection_data() { languages(); }
@@ -31,6 +33,21 @@ private:
     static void languages();
     static void speak(WindowFixture& f);
     static QStringList cut(QWidget* pWidget);
+
+    // Whatever the form says, by the name of what says it.
+    static QMap<QString, QString> texts(PinForm* pForm)
+    {
+        QMap<QString, QString> texts;
+        texts["title"] = pForm->windowTitle();
+        texts["name of the field"] = pForm->findChild<QLineEdit*>()->accessibleName();
+        foreach (QLabel* pLabel, pForm->findChildren<QLabel*>()) {
+            texts["label " + pLabel->objectName()] = pLabel->text();
+        }
+        foreach (QAbstractButton* pButton, pForm->findChildren<QAbstractButton*>()) {
+            texts[pButton->objectName()] = pButton->text();
+        }
+        return texts;
+    }
 
     QScopedPointer<TestBus> m_pBus;
 };
@@ -80,6 +97,39 @@ void TestModemLooks::theFormGrowsWithWhatItSays()
     f.Find<QCheckBox>("linkhand_PinForm_sure")->click();
     f.Find<QPushButton>("linkhand_PinForm_unlock")->click();
     QTRY_VERIFY(f.Find<QLabel>("linkhand_PinForm_result")->text().contains("even into two"));
+    QVERIFY2(cut(f.Form()).isEmpty(), qPrintable(cut(f.Form()).join('\n')));
+}
+
+void TestModemLooks::theOpenFormFollowsTheLanguage()
+{
+    WindowFixture f;
+    QVERIFY(f.IsReady());
+    f.manager.Lock(2, 1);
+    QTRY_VERIFY(f.Form() != nullptr && QTest::qWaitForWindowExposed(f.Form()));
+    QLineEdit* pPin = f.Find<QLineEdit>("linkhand_PinForm_pin");
+    f.manager.Fail("SendPin", "org.freedesktop.ModemManager1.Error.Core.Failed", "100 %1");
+    QTest::keyClicks(pPin, "1234");
+    f.Find<QCheckBox>("linkhand_PinForm_sure")->click();
+    f.Find<QPushButton>("linkhand_PinForm_unlock")->click();
+    QTRY_COMPARE(f.Find<QLabel>("linkhand_PinForm_result")->text(),
+                 QString("The PIN could not be given to the card: 100 %1"));
+    QTest::keyClicks(pPin, "5678");
+    f.Find<QCheckBox>("linkhand_PinForm_sure")->click();
+    const QMap<QString, QString> before = texts(f.Form());
+    QVERIFY(before.size() >= 8);
+    f.services.SetLanguage("de");
+    f.window.Retranslate();
+    const QMap<QString, QString> after = texts(f.Form());
+    QCOMPARE(after.keys(), before.keys());
+    foreach (const QString& strName, before.keys()) {
+        QVERIFY2(after.value(strName) != before.value(strName), qPrintable(strName));
+    }
+    QVERIFY(f.Find<QLabel>("linkhand_PinForm_result")->text().endsWith(": 100 %1"));
+    QCOMPARE(f.Find<QLabel>("linkhand_PinForm_tries")->text(), QString("Verbleibende Versuche: 1"));
+    // What the user has done so far stays.
+    QCOMPARE(pPin->text(), QString("5678"));
+    QVERIFY(f.Find<QCheckBox>("linkhand_PinForm_sure")->isChecked());
+    QVERIFY(f.Find<QPushButton>("linkhand_PinForm_unlock")->isEnabled());
     QVERIFY2(cut(f.Form()).isEmpty(), qPrintable(cut(f.Form()).join('\n')));
 }
 
