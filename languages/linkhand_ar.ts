@@ -24,6 +24,118 @@
         <translation>بطاقة SIM مُدخلة</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARE_BIN</source>
+        <translation>المحذوفات</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BIN_CHANGED</source>
+        <translation>عُدّلت</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BIN_DELETED</source>
+        <translation>حُذفت</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BIN_HINT</source>
+        <translation>ما حُذف أو استُبدل على الكمبيوتر يبقى هنا لمدة %1 يومًا. جهة الاتصال المستعادة تكون مستقلة، وتبقى المعدَّلة بجانبها كما هي الآن.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BIN_RESTORE</source>
+        <translation>استعادة</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BIN_RESTORED</source>
+        <translation>جهات الاتصال المستعادة: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_COLUMN_GROUPS</source>
+        <translation>المجموعات</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_COLUMN_NUMBER</source>
+        <translation>الرقم</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_COLUMN_WHAT</source>
+        <translation>ما حدث</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_COLUMN_WHEN</source>
+        <translation>متى</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_ERROR_BUSY</source>
+        <translation>يستخدم برنامج آخر جهات الاتصال. حاول مرة أخرى بعد قليل.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_ERROR_FORMAT</source>
+        <translation>الملف تالف أو ليس من النوع المتوقع.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_ERROR_FULL</source>
+        <translation>دليل الهاتف ممتلئ.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_ERROR_GONE</source>
+        <translation>لم يعد موجودًا.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_ERROR_LONG</source>
+        <translation>إحدى القيم طويلة جدًا.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_ERROR_NUMBER</source>
+        <translation>أحد الأرقام ليس رقم هاتف.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_ERROR_READ_ONLY</source>
+        <translation>لا يمكن حاليًا إلا قراءة جهات الاتصال.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_ERROR_SPACE</source>
+        <translation>القرص ممتلئ. جهات اتصالك آمنة.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_ERROR_STORE</source>
+        <translation>لم ينجح ذلك (%1)؛ التفاصيل في السجل.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_ERROR_VERSION</source>
+        <translation>كُتب الملف بإصدار أحدث.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_FIELD_EMAIL</source>
+        <translation>البريد الإلكتروني</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_FIELD_HOME</source>
+        <translation>هاتف المنزل</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_FIELD_MOBILE</source>
+        <translation>الجوال</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_FIELD_NAME</source>
+        <translation>الاسم</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_FIELD_NOTES</source>
+        <translation>ملاحظات</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_FIELD_WORK</source>
+        <translation>هاتف العمل</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SEARCH</source>
+        <translation>بحث</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_WORKING</source>
+        <translation>جارٍ العمل…</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CLOSE</source>
         <translation>إغلاق</translation>
     </message>
@@ -218,6 +330,10 @@
     <message>
         <source>IDS_HOST_PAGE_AddrBookUIPlugin</source>
         <translation>دليل الهاتف</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PAGE_Care</source>
+        <translation>العناية</translation>
     </message>
     <message>
         <source>IDS_HOST_PAGE_FAILED</source>

@@ -24,6 +24,118 @@
         <translation>SIM-Karte eingelegt</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARE_BIN</source>
+        <translation>Papierkorb</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BIN_CHANGED</source>
+        <translation>Geändert</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BIN_DELETED</source>
+        <translation>Gelöscht</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BIN_HINT</source>
+        <translation>Was auf dem PC gelöscht oder überschrieben wurde, bleibt hier %1 Tage lang. Was wiederhergestellt wird, ist ein eigener Kontakt; ein geänderter bleibt daneben, wie er jetzt ist.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BIN_RESTORE</source>
+        <translation>Wiederherstellen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BIN_RESTORED</source>
+        <translation>Wiederhergestellte Kontakte: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_COLUMN_GROUPS</source>
+        <translation>Gruppen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_COLUMN_NUMBER</source>
+        <translation>Nummer</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_COLUMN_WHAT</source>
+        <translation>Was geschah</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_COLUMN_WHEN</source>
+        <translation>Wann</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_ERROR_BUSY</source>
+        <translation>Ein anderes Programm benutzt gerade die Kontakte. Versuchen Sie es gleich noch einmal.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_ERROR_FORMAT</source>
+        <translation>Die Datei ist beschädigt oder nicht von der erwarteten Art.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_ERROR_FULL</source>
+        <translation>Das Telefonbuch ist voll.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_ERROR_GONE</source>
+        <translation>Das gibt es nicht mehr.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_ERROR_LONG</source>
+        <translation>Einer der Werte ist zu lang.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_ERROR_NUMBER</source>
+        <translation>Eine der Nummern ist keine Telefonnummer.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_ERROR_READ_ONLY</source>
+        <translation>Die Kontakte können zurzeit nur gelesen werden.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_ERROR_SPACE</source>
+        <translation>Der Datenträger ist voll. Ihre Kontakte sind sicher.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_ERROR_STORE</source>
+        <translation>Das hat nicht geklappt (%1); im Protokoll steht mehr.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_ERROR_VERSION</source>
+        <translation>Die Datei wurde von einer neueren Version geschrieben.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_FIELD_EMAIL</source>
+        <translation>E-Mail</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_FIELD_HOME</source>
+        <translation>Telefon privat</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_FIELD_MOBILE</source>
+        <translation>Mobil</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_FIELD_NAME</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_FIELD_NOTES</source>
+        <translation>Notizen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_FIELD_WORK</source>
+        <translation>Telefon geschäftlich</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SEARCH</source>
+        <translation>Suchen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_WORKING</source>
+        <translation>Arbeitet …</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CLOSE</source>
         <translation>Schließen</translation>
     </message>
@@ -218,6 +330,10 @@
     <message>
         <source>IDS_HOST_PAGE_AddrBookUIPlugin</source>
         <translation>Telefonbuch</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PAGE_Care</source>
+        <translation>Pflege</translation>
     </message>
     <message>
         <source>IDS_HOST_PAGE_FAILED</source>

@@ -24,6 +24,118 @@
         <translation>SIM card inserted</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARE_BIN</source>
+        <translation>Bin</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BIN_CHANGED</source>
+        <translation>Changed</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BIN_DELETED</source>
+        <translation>Deleted</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BIN_HINT</source>
+        <translation>What was deleted or overwritten on the PC stays here for %1 days. A contact restored is a contact of its own; a changed one stays beside it as it is now.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BIN_RESTORE</source>
+        <translation>Restore</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BIN_RESTORED</source>
+        <translation>Contacts restored: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_COLUMN_GROUPS</source>
+        <translation>Groups</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_COLUMN_NUMBER</source>
+        <translation>Number</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_COLUMN_WHAT</source>
+        <translation>What happened</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_COLUMN_WHEN</source>
+        <translation>When</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_ERROR_BUSY</source>
+        <translation>Another program is using the contacts. Try again in a moment.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_ERROR_FORMAT</source>
+        <translation>The file is damaged, or is not of the kind expected.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_ERROR_FULL</source>
+        <translation>The phonebook is full.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_ERROR_GONE</source>
+        <translation>It is not there any more.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_ERROR_LONG</source>
+        <translation>One of the values is too long.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_ERROR_NUMBER</source>
+        <translation>One of the numbers is no telephone number.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_ERROR_READ_ONLY</source>
+        <translation>The contacts can only be read at the moment.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_ERROR_SPACE</source>
+        <translation>The disk is full. Your contacts are safe.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_ERROR_STORE</source>
+        <translation>That did not work (%1); the log says more.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_ERROR_VERSION</source>
+        <translation>The file was written by a newer release.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_FIELD_EMAIL</source>
+        <translation>E-mail</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_FIELD_HOME</source>
+        <translation>Home phone</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_FIELD_MOBILE</source>
+        <translation>Mobile</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_FIELD_NAME</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_FIELD_NOTES</source>
+        <translation>Notes</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_FIELD_WORK</source>
+        <translation>Work phone</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SEARCH</source>
+        <translation>Search</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_WORKING</source>
+        <translation>Working…</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CLOSE</source>
         <translation>Close</translation>
     </message>
@@ -218,6 +330,10 @@
     <message>
         <source>IDS_HOST_PAGE_AddrBookUIPlugin</source>
         <translation>Phonebook</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PAGE_Care</source>
+        <translation>Care</translation>
     </message>
     <message>
         <source>IDS_HOST_PAGE_FAILED</source>

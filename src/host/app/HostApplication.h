@@ -53,6 +53,7 @@ private slots:
     void OnLost(const ProblemList& problems);
     void OnAccessChanged(const ProblemList& problems);
     void OnReadableAgain();
+    void OnContactsChanged();
     void OnWelcomeDismissed();
 
 private:

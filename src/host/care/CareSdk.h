@@ -1,0 +1,26 @@
+#ifndef LINKHAND_HOST_CARE_CARESDK_H
+#define LINKHAND_HOST_CARE_CARESDK_H
+
+#include "orva/orva_care.h"
+#include "orva/orva_sdk.h"
+#include "orva/orva_store.h"
+
+// What the care page needs beyond the phonebook itself. Null where the SDK in use does not have it.
+#pragma weak ORVA_Care_GetBin
+#pragma weak ORVA_Care_BinRelease
+#pragma weak ORVA_Care_GetBinRecord
+#pragma weak ORVA_Care_GetBinGroups
+#pragma weak ORVA_Care_Undelete
+
+namespace CareSdk
+{
+
+// True if the SDK in use has all of it.
+inline bool IsThere()
+{
+    return &ORVA_Care_GetBin != nullptr && &ORVA_Care_Undelete != nullptr;
+}
+
+} // namespace CareSdk
+
+#endif // LINKHAND_HOST_CARE_CARESDK_H
