@@ -24,6 +24,62 @@
         <translation>بطاقة SIM مُدخلة</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARE_BACKUPS</source>
+        <translation>النسخ الاحتياطية</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUPS_HINT</source>
+        <translation>نسخ من دليل الهاتف على الكمبيوتر، تُنشأ تلقائيًا مرة في اليوم وقبل التغييرات الكبيرة. تبقى آخر %1 نسخ. قبل الاستعادة تُحفظ نسخة من الموجود.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_ASKED</source>
+        <translation>أُنشئت يدويًا</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_DAILY</source>
+        <translation>مرة في اليوم</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_IMPORT</source>
+        <translation>قبل استيراد</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_MADE</source>
+        <translation>أُنشئت النسخة الاحتياطية.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_MERGE</source>
+        <translation>قبل دمج</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_MIGRATION</source>
+        <translation>قبل إصدار جديد</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_NOW</source>
+        <translation>نسخ احتياطي الآن</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_RESTORE</source>
+        <translation>قبل استعادة</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_RESTORE_DOTS</source>
+        <translation>استعادة…</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_SOUND</source>
+        <translation>سليمة</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_VERIFIED</source>
+        <translation>النسخ المفحوصة: %1، السليمة: %2</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_VERIFY</source>
+        <translation>فحص الكل</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARE_BIN</source>
         <translation>المحذوفات</translation>
     </message>
@@ -48,6 +104,10 @@
         <translation>جهات الاتصال المستعادة: %1</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARE_COLUMN_CONTACTS</source>
+        <translation>جهات الاتصال</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARE_COLUMN_GROUPS</source>
         <translation>المجموعات</translation>
     </message>
@@ -56,12 +116,20 @@
         <translation>الرقم</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARE_COLUMN_STATE</source>
+        <translation>الحالة</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARE_COLUMN_WHAT</source>
         <translation>ما حدث</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_COLUMN_WHEN</source>
         <translation>متى</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_COLUMN_WHY</source>
+        <translation>سبب الإنشاء</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_ERROR_BUSY</source>
@@ -126,6 +194,50 @@
     <message>
         <source>IDS_HOST_CARE_FIELD_WORK</source>
         <translation>هاتف العمل</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORE</source>
+        <translation>استعادة</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORED</source>
+        <translation>عاد دليل الهاتف كما كان حينها.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORE_CHANGES</source>
+        <translation>جهات اتصال تعود كما كانت: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORE_COLUMN</source>
+        <translation>ما يتغير</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORE_FOOT</source>
+        <translation>تعود المجموعات أيضًا كما كانت. يُحفظ الموجود الآن في نسخة احتياطية يمكنك الرجوع إليها.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORE_GOES</source>
+        <translation>جهات اتصال تُزال: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORE_HEAD</source>
+        <translation>إذا عاد دليل الهاتف كما كان في %1:</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORE_RETURNS</source>
+        <translation>جهات اتصال تعود: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORE_ROW_CHANGES</source>
+        <translation>كما كانت</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORE_ROW_GOES</source>
+        <translation>تُزال</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORE_ROW_RETURNS</source>
+        <translation>تعود</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_SEARCH</source>

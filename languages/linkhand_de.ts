@@ -24,6 +24,62 @@
         <translation>SIM-Karte eingelegt</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARE_BACKUPS</source>
+        <translation>Sicherungen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUPS_HINT</source>
+        <translation>Kopien des Telefonbuchs auf dem PC, einmal am Tag und vor größeren Änderungen von selbst gemacht. Die letzten %1 bleiben. Vor einer Wiederherstellung wird kopiert, was da ist.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_ASKED</source>
+        <translation>Von Hand gemacht</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_DAILY</source>
+        <translation>Einmal am Tag</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_IMPORT</source>
+        <translation>Vor einem Import</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_MADE</source>
+        <translation>Die Sicherung ist gemacht.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_MERGE</source>
+        <translation>Vor einem Zusammenführen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_MIGRATION</source>
+        <translation>Vor einer neuen Version</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_NOW</source>
+        <translation>Jetzt sichern</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_RESTORE</source>
+        <translation>Vor einer Wiederherstellung</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_RESTORE_DOTS</source>
+        <translation>Wiederherstellen …</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_SOUND</source>
+        <translation>In Ordnung</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_VERIFIED</source>
+        <translation>Geprüfte Sicherungen: %1, in Ordnung: %2</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_VERIFY</source>
+        <translation>Alle prüfen</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARE_BIN</source>
         <translation>Papierkorb</translation>
     </message>
@@ -48,6 +104,10 @@
         <translation>Wiederhergestellte Kontakte: %1</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARE_COLUMN_CONTACTS</source>
+        <translation>Kontakte</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARE_COLUMN_GROUPS</source>
         <translation>Gruppen</translation>
     </message>
@@ -56,12 +116,20 @@
         <translation>Nummer</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARE_COLUMN_STATE</source>
+        <translation>Zustand</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARE_COLUMN_WHAT</source>
         <translation>Was geschah</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_COLUMN_WHEN</source>
         <translation>Wann</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_COLUMN_WHY</source>
+        <translation>Warum gemacht</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_ERROR_BUSY</source>
@@ -126,6 +194,50 @@
     <message>
         <source>IDS_HOST_CARE_FIELD_WORK</source>
         <translation>Telefon geschäftlich</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORE</source>
+        <translation>Wiederherstellen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORED</source>
+        <translation>Das Telefonbuch ist wieder wie damals.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORE_CHANGES</source>
+        <translation>Kontakte, die werden, wie sie waren: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORE_COLUMN</source>
+        <translation>Was sich ändert</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORE_FOOT</source>
+        <translation>Auch die Gruppen werden, wie sie waren. Was jetzt da ist, bleibt in einer Sicherung, zu der Sie zurückkönnen.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORE_GOES</source>
+        <translation>Kontakte, die verschwinden: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORE_HEAD</source>
+        <translation>Wenn das Telefonbuch wird, wie es am %1 war:</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORE_RETURNS</source>
+        <translation>Kontakte, die zurückkommen: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORE_ROW_CHANGES</source>
+        <translation>Wie er war</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORE_ROW_GOES</source>
+        <translation>Verschwindet</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORE_ROW_RETURNS</source>
+        <translation>Kommt zurück</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_SEARCH</source>

@@ -24,6 +24,62 @@
         <translation>SIM card inserted</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARE_BACKUPS</source>
+        <translation>Backups</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUPS_HINT</source>
+        <translation>Copies of the PC’s phonebook, made by itself once a day and before larger changes. The last %1 stay. A restore makes a copy of what is there first.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_ASKED</source>
+        <translation>Made by hand</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_DAILY</source>
+        <translation>Once a day</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_IMPORT</source>
+        <translation>Before an import</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_MADE</source>
+        <translation>The backup is made.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_MERGE</source>
+        <translation>Before a merge</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_MIGRATION</source>
+        <translation>Before a new release</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_NOW</source>
+        <translation>Back up now</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_RESTORE</source>
+        <translation>Before a restore</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_RESTORE_DOTS</source>
+        <translation>Restore…</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_SOUND</source>
+        <translation>Sound</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_VERIFIED</source>
+        <translation>Backups looked through: %1, sound: %2</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_VERIFY</source>
+        <translation>Verify all</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARE_BIN</source>
         <translation>Bin</translation>
     </message>
@@ -48,6 +104,10 @@
         <translation>Contacts restored: %1</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARE_COLUMN_CONTACTS</source>
+        <translation>Contacts</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARE_COLUMN_GROUPS</source>
         <translation>Groups</translation>
     </message>
@@ -56,12 +116,20 @@
         <translation>Number</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARE_COLUMN_STATE</source>
+        <translation>State</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARE_COLUMN_WHAT</source>
         <translation>What happened</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_COLUMN_WHEN</source>
         <translation>When</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_COLUMN_WHY</source>
+        <translation>Why it was made</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_ERROR_BUSY</source>
@@ -126,6 +194,50 @@
     <message>
         <source>IDS_HOST_CARE_FIELD_WORK</source>
         <translation>Work phone</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORE</source>
+        <translation>Restore</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORED</source>
+        <translation>The phonebook is as it was then.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORE_CHANGES</source>
+        <translation>Contacts that become as they were: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORE_COLUMN</source>
+        <translation>What changes</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORE_FOOT</source>
+        <translation>Groups become as they were, too. What is there now is kept in a backup, to which you can go back.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORE_GOES</source>
+        <translation>Contacts that go: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORE_HEAD</source>
+        <translation>If the phonebook becomes as it was on %1:</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORE_RETURNS</source>
+        <translation>Contacts that come back: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORE_ROW_CHANGES</source>
+        <translation>As it was</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORE_ROW_GOES</source>
+        <translation>Goes</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORE_ROW_RETURNS</source>
+        <translation>Comes back</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_SEARCH</source>

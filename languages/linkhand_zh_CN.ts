@@ -24,6 +24,62 @@
         <translation>已插入 SIM 卡</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARE_BACKUPS</source>
+        <translation>备份</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUPS_HINT</source>
+        <translation>电脑上电话簿的副本，每天一次并在较大更改之前自动创建，保留最近 %1 个。恢复之前会先为现有内容创建副本。</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_ASKED</source>
+        <translation>手动创建</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_DAILY</source>
+        <translation>每日备份</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_IMPORT</source>
+        <translation>导入之前</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_MADE</source>
+        <translation>备份已完成。</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_MERGE</source>
+        <translation>合并之前</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_MIGRATION</source>
+        <translation>版本更新之前</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_NOW</source>
+        <translation>立即备份</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_RESTORE</source>
+        <translation>恢复之前</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_RESTORE_DOTS</source>
+        <translation>恢复…</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_SOUND</source>
+        <translation>完好</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_VERIFIED</source>
+        <translation>已检查的备份：%1，完好：%2</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_VERIFY</source>
+        <translation>全部检查</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARE_BIN</source>
         <translation>回收站</translation>
     </message>
@@ -48,6 +104,10 @@
         <translation>已恢复的联系人：%1</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARE_COLUMN_CONTACTS</source>
+        <translation>联系人</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARE_COLUMN_GROUPS</source>
         <translation>群组</translation>
     </message>
@@ -56,12 +116,20 @@
         <translation>号码</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARE_COLUMN_STATE</source>
+        <translation>状态</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARE_COLUMN_WHAT</source>
         <translation>情况</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_COLUMN_WHEN</source>
         <translation>时间</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_COLUMN_WHY</source>
+        <translation>创建原因</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_ERROR_BUSY</source>
@@ -126,6 +194,50 @@
     <message>
         <source>IDS_HOST_CARE_FIELD_WORK</source>
         <translation>办公电话</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORE</source>
+        <translation>恢复</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORED</source>
+        <translation>电话簿已恢复到当时的状态。</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORE_CHANGES</source>
+        <translation>将还原内容的联系人：%1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORE_COLUMN</source>
+        <translation>变化</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORE_FOOT</source>
+        <translation>群组也会恢复到当时的状态。现有内容会保存在备份中，您可以再恢复回来。</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORE_GOES</source>
+        <translation>将移除的联系人：%1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORE_HEAD</source>
+        <translation>如果将电话簿恢复到 %1 的状态：</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORE_RETURNS</source>
+        <translation>将恢复的联系人：%1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORE_ROW_CHANGES</source>
+        <translation>还原内容</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORE_ROW_GOES</source>
+        <translation>移除</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORE_ROW_RETURNS</source>
+        <translation>恢复</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_SEARCH</source>

@@ -8,6 +8,7 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 
+#include "care/BackupSection.h"
 #include "care/BinSection.h"
 #include "care/CareRunner.h"
 #include "care/CareSdk.h"
@@ -58,6 +59,7 @@ CarePage::CarePage(QWidget* pParent)
     pLayout->addWidget(m_pFoot);
 
     addSection(new BinSection(*m_pRunner, this));
+    addSection(new BackupSection(*m_pRunner, this));
     connect(m_pTabs, SIGNAL(currentChanged(int)), this, SLOT(OnTabChosen()));
     connect(m_pRunner, SIGNAL(begun()), this, SLOT(OnBegun()));
     connect(m_pRunner, SIGNAL(ended(bool)), this, SLOT(OnEnded(bool)));
@@ -138,7 +140,10 @@ void CarePage::OnCancel()
 void CarePage::OnProgress()
 {
     const CareTask* const pTask = m_pRunner->Current();
-    if (pTask != nullptr) {
+    if (pTask == nullptr) {
+        // A section asks the user something about what was found.
+        m_pFoot->setCurrentWidget(m_pTold);
+    } else {
         m_pProgress->setRange(0, pTask->Total());
         m_pProgress->setValue(pTask->Done());
         m_pFoot->setCurrentWidget(m_pWork);

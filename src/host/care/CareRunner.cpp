@@ -59,6 +59,7 @@ void CareRunner::OnFinished()
     }
     CareSection* const pSection = m_pSection;
     if (m_pNext) {
+        pSection->SetStale(pSection->IsStale() || pDone->KindOf() == CareTask::READING);
         Begin(m_pNext.take(), m_pNextSection);
     }
     const bool bWrote = pDone->KindOf() == CareTask::WRITING;

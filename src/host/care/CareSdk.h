@@ -11,6 +11,13 @@
 #pragma weak ORVA_Care_GetBinRecord
 #pragma weak ORVA_Care_GetBinGroups
 #pragma weak ORVA_Care_Undelete
+#pragma weak ORVA_Store_GetBackups
+#pragma weak ORVA_Store_BackupsRelease
+#pragma weak ORVA_Store_KeepBackup
+#pragma weak ORVA_Store_RestoreBackup
+#pragma weak ORVA_Store_CheckBackup
+#pragma weak ORVA_Store_CompareBackup
+#pragma weak ORVA_Store_DifferencesRelease
 
 namespace CareSdk
 {
@@ -18,7 +25,7 @@ namespace CareSdk
 // True if the SDK in use has all of it.
 inline bool IsThere()
 {
-    return &ORVA_Care_GetBin != nullptr && &ORVA_Care_Undelete != nullptr;
+    return &ORVA_Care_GetBin != nullptr && &ORVA_Store_CompareBackup != nullptr;
 }
 
 } // namespace CareSdk

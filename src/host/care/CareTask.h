@@ -9,7 +9,8 @@ class CareTask
 {
 public:
     enum Kind {
-        READING, // gives way to whatever the user asks for next
+        READING, // what a section shows; gives way to whatever the user asks for, and is done anew then
+        ASKING,  // something beside that; gives way likewise, and is forgotten
         WRITING  // may change contacts
     };
 

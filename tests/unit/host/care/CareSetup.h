@@ -41,6 +41,8 @@ protected:
 
     int add(const QStringList& lstValues) { return RealStore::addContact(ORVA_MEMORY_LOCAL, lstValues); }
 
+    QString dataFolder() const { return m_pData->path(); }
+
     static int contacts()
     {
         int iSize = -1;
