@@ -24,6 +24,14 @@
         <translation>بطاقة SIM مُدخلة</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARE_ALIKE_NUMBER</source>
+        <translation>رقم واحد وأسماء مختلفة</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_ALIKE_SAME</source>
+        <translation>الشخص نفسه</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARE_BACKUPS</source>
         <translation>النسخ الاحتياطية</translation>
     </message>
@@ -104,16 +112,32 @@
         <translation>جهات الاتصال المستعادة: %1</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARE_COLUMN_ALIKE</source>
+        <translation>ما تشترك فيه</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARE_COLUMN_CONTACTS</source>
         <translation>جهات الاتصال</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_COLUMN_FIELD</source>
+        <translation>الحقل</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_COLUMN_GROUPS</source>
         <translation>المجموعات</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARE_COLUMN_MERGED</source>
+        <translation>بعد الدمج</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARE_COLUMN_NUMBER</source>
         <translation>الرقم</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_COLUMN_SIDE</source>
+        <translation>جهة الاتصال %1</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_COLUMN_STATE</source>
@@ -130,6 +154,14 @@
     <message>
         <source>IDS_HOST_CARE_COLUMN_WHY</source>
         <translation>سبب الإنشاء</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_DUPLICATES</source>
+        <translation>المكررة</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_DUPLICATES_HINT</source>
+        <translation>جهات اتصال تبدو لشخص واحد أو تشترك في رقم. ما لا مكان له في جهة الاتصال المدمجة يُنقل إلى ملاحظاتها، وما كان في كل منها يبقى في المحذوفات.</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_ERROR_BUSY</source>
@@ -196,6 +228,22 @@
         <translation>هاتف العمل</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARE_MERGE</source>
+        <translation>دمج</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_MERGED</source>
+        <translation>ما دُمج في جهة اتصال واحدة: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_MERGE_ALL</source>
+        <translation>دمج كل ما هو للشخص نفسه</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_MERGE_QUESTION</source>
+        <translation>أشخاص مكررون: %1. هل تريد جعل كل منهم جهة اتصال واحدة؟ تُنشأ نسخة احتياطية قبل ذلك.</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARE_RESTORE</source>
         <translation>استعادة</translation>
     </message>
@@ -242,6 +290,14 @@
     <message>
         <source>IDS_HOST_CARE_SEARCH</source>
         <translation>بحث</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SIDES</source>
+        <translation>جنبًا إلى جنب</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SKIP</source>
+        <translation>تخطٍّ</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_WORKING</source>

@@ -24,6 +24,14 @@
         <translation>SIM-Karte eingelegt</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARE_ALIKE_NUMBER</source>
+        <translation>Eine Nummer, andere Namen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_ALIKE_SAME</source>
+        <translation>Dieselbe Person</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARE_BACKUPS</source>
         <translation>Sicherungen</translation>
     </message>
@@ -104,16 +112,32 @@
         <translation>Wiederhergestellte Kontakte: %1</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARE_COLUMN_ALIKE</source>
+        <translation>Was sie gemeinsam haben</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARE_COLUMN_CONTACTS</source>
         <translation>Kontakte</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_COLUMN_FIELD</source>
+        <translation>Feld</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_COLUMN_GROUPS</source>
         <translation>Gruppen</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARE_COLUMN_MERGED</source>
+        <translation>Zusammengeführt</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARE_COLUMN_NUMBER</source>
         <translation>Nummer</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_COLUMN_SIDE</source>
+        <translation>Kontakt %1</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_COLUMN_STATE</source>
@@ -130,6 +154,14 @@
     <message>
         <source>IDS_HOST_CARE_COLUMN_WHY</source>
         <translation>Warum gemacht</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_DUPLICATES</source>
+        <translation>Doppelte</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_DUPLICATES_HINT</source>
+        <translation>Kontakte, die nach derselben Person aussehen oder eine Nummer teilen. Was im zusammengeführten Kontakt keinen Platz hat, kommt in seine Notizen; was jeder vorher sagte, liegt im Papierkorb.</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_ERROR_BUSY</source>
@@ -196,6 +228,22 @@
         <translation>Telefon geschäftlich</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARE_MERGE</source>
+        <translation>Zusammenführen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_MERGED</source>
+        <translation>Zu einem zusammengeführt: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_MERGE_ALL</source>
+        <translation>Alle derselben Person zusammenführen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_MERGE_QUESTION</source>
+        <translation>Mehrfach vorhandene Personen: %1. Aus jeder einen Kontakt machen? Vorher wird gesichert.</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARE_RESTORE</source>
         <translation>Wiederherstellen</translation>
     </message>
@@ -242,6 +290,14 @@
     <message>
         <source>IDS_HOST_CARE_SEARCH</source>
         <translation>Suchen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SIDES</source>
+        <translation>Nebeneinander</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SKIP</source>
+        <translation>Überspringen</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_WORKING</source>

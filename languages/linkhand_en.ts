@@ -24,6 +24,14 @@
         <translation>SIM card inserted</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARE_ALIKE_NUMBER</source>
+        <translation>One number, other names</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_ALIKE_SAME</source>
+        <translation>The same person</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARE_BACKUPS</source>
         <translation>Backups</translation>
     </message>
@@ -104,16 +112,32 @@
         <translation>Contacts restored: %1</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARE_COLUMN_ALIKE</source>
+        <translation>What they share</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARE_COLUMN_CONTACTS</source>
         <translation>Contacts</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_COLUMN_FIELD</source>
+        <translation>Field</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_COLUMN_GROUPS</source>
         <translation>Groups</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARE_COLUMN_MERGED</source>
+        <translation>Merged</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARE_COLUMN_NUMBER</source>
         <translation>Number</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_COLUMN_SIDE</source>
+        <translation>Contact %1</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_COLUMN_STATE</source>
@@ -130,6 +154,14 @@
     <message>
         <source>IDS_HOST_CARE_COLUMN_WHY</source>
         <translation>Why it was made</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_DUPLICATES</source>
+        <translation>Duplicates</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_DUPLICATES_HINT</source>
+        <translation>Contacts that look like the same person, or share a number. What has no room in the merged contact goes into its notes; what each said before is in the bin.</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_ERROR_BUSY</source>
@@ -196,6 +228,22 @@
         <translation>Work phone</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARE_MERGE</source>
+        <translation>Merge</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_MERGED</source>
+        <translation>Contacts merged into one: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_MERGE_ALL</source>
+        <translation>Merge all of the same person</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_MERGE_QUESTION</source>
+        <translation>Persons that are there more than once: %1. Make one contact of each? A backup is made before.</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARE_RESTORE</source>
         <translation>Restore</translation>
     </message>
@@ -242,6 +290,14 @@
     <message>
         <source>IDS_HOST_CARE_SEARCH</source>
         <translation>Search</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SIDES</source>
+        <translation>Side by side</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SKIP</source>
+        <translation>Skip</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_WORKING</source>

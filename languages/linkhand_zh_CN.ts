@@ -24,6 +24,14 @@
         <translation>已插入 SIM 卡</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARE_ALIKE_NUMBER</source>
+        <translation>号码相同，姓名不同</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_ALIKE_SAME</source>
+        <translation>同一个人</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARE_BACKUPS</source>
         <translation>备份</translation>
     </message>
@@ -104,16 +112,32 @@
         <translation>已恢复的联系人：%1</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARE_COLUMN_ALIKE</source>
+        <translation>共同之处</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARE_COLUMN_CONTACTS</source>
         <translation>联系人</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_COLUMN_FIELD</source>
+        <translation>字段</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_COLUMN_GROUPS</source>
         <translation>群组</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARE_COLUMN_MERGED</source>
+        <translation>合并后</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARE_COLUMN_NUMBER</source>
         <translation>号码</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_COLUMN_SIDE</source>
+        <translation>联系人 %1</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_COLUMN_STATE</source>
@@ -130,6 +154,14 @@
     <message>
         <source>IDS_HOST_CARE_COLUMN_WHY</source>
         <translation>创建原因</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_DUPLICATES</source>
+        <translation>重复项</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_DUPLICATES_HINT</source>
+        <translation>看起来是同一个人或共用同一号码的联系人。合并后放不下的内容会写入备注；各自原来的内容保存在回收站中。</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_ERROR_BUSY</source>
@@ -196,6 +228,22 @@
         <translation>办公电话</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARE_MERGE</source>
+        <translation>合并</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_MERGED</source>
+        <translation>已合并：%1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_MERGE_ALL</source>
+        <translation>合并所有同一人的联系人</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_MERGE_QUESTION</source>
+        <translation>重复的人：%1。要将每个人合并为一个联系人吗？合并前会先备份。</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARE_RESTORE</source>
         <translation>恢复</translation>
     </message>
@@ -242,6 +290,14 @@
     <message>
         <source>IDS_HOST_CARE_SEARCH</source>
         <translation>搜索</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SIDES</source>
+        <translation>并排比较</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SKIP</source>
+        <translation>跳过</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_WORKING</source>

@@ -11,6 +11,10 @@
 #pragma weak ORVA_Care_GetBinRecord
 #pragma weak ORVA_Care_GetBinGroups
 #pragma weak ORVA_Care_Undelete
+#pragma weak ORVA_Care_GetDuplicates
+#pragma weak ORVA_Care_DuplicatesRelease
+#pragma weak ORVA_Care_PreviewMerge
+#pragma weak ORVA_Care_Merge
 #pragma weak ORVA_Store_GetBackups
 #pragma weak ORVA_Store_BackupsRelease
 #pragma weak ORVA_Store_KeepBackup

@@ -53,7 +53,7 @@ const char* const LETTERS =
     " { font-size: %title%px;"
     " font-weight: bold; }"
     "#linkhand_DevicePanel_hint, #linkhand_Messages_hint, #linkhand_Calls_hint, #linkhand_Care_bin_hint, "
-    "#linkhand_Care_backups_hint"
+    "#linkhand_Care_backups_hint, #linkhand_Care_duplicates_hint"
     " { color: %quiet%; }"
     "#linkhand_Page_failure { color: %quiet%; font-size: %title%px; }"
     "#VoiceCallPlugin_labelNumber, #VideoCallPlugin_labelNumber { font-size: %large%px; }"
