@@ -112,6 +112,46 @@
         <translation>جهات الاتصال المستعادة: %1</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARE_CHECK</source>
+        <translation>الفحص</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_CHECK_AGAIN</source>
+        <translation>إعادة الفحص</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_CHECK_DAMAGE</source>
+        <translation>في %1 وُجد الملف تالفًا واستُبدل بملف جديد.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_CHECK_FILE</source>
+        <translation>الملف التالف محفوظ باسم:</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_CHECK_FINDINGS</source>
+        <translation>وُجد تلف: %1. أنشئ نسخة احتياطية واستعد آخر نسخة سليمة.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_CHECK_HINT</source>
+        <translation>يفحص الملف الذي يضم جهات الاتصال على الكمبيوتر.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_CHECK_SALVAGE</source>
+        <translation>ما نجا: جهات الاتصال %1، المجموعات %2</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_CHECK_SOUND</source>
+        <translation>المخزن سليم. جهات الاتصال: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_CHECK_WHAT</source>
+        <translation>ما عُثر عليه:</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_CHECK_WRITABLE_NOT</source>
+        <translation>لا يمكن حفظ جهات الاتصال حاليًا:</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARE_COLUMN_ALIKE</source>
         <translation>ما تشترك فيه</translation>
     </message>

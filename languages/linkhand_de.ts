@@ -112,6 +112,46 @@
         <translation>Wiederhergestellte Kontakte: %1</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARE_CHECK</source>
+        <translation>Prüfung</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_CHECK_AGAIN</source>
+        <translation>Noch einmal prüfen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_CHECK_DAMAGE</source>
+        <translation>Am %1 war die Datei beschädigt und wurde durch eine neue ersetzt.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_CHECK_FILE</source>
+        <translation>Die beschädigte Datei liegt als:</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_CHECK_FINDINGS</source>
+        <translation>Schäden gefunden: %1. Sichern Sie, und stellen Sie die letzte Sicherung wieder her, die in Ordnung ist.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_CHECK_HINT</source>
+        <translation>Sieht die Datei durch, in der die Kontakte des PCs liegen.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_CHECK_SALVAGE</source>
+        <translation>Gerettet: Kontakte %1, Gruppen %2</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_CHECK_SOUND</source>
+        <translation>Der Speicher ist in Ordnung. Kontakte: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_CHECK_WHAT</source>
+        <translation>Was gefunden wurde:</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_CHECK_WRITABLE_NOT</source>
+        <translation>Die Kontakte können zurzeit nicht gespeichert werden:</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARE_COLUMN_ALIKE</source>
         <translation>Was sie gemeinsam haben</translation>
     </message>

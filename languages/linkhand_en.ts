@@ -112,6 +112,46 @@
         <translation>Contacts restored: %1</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARE_CHECK</source>
+        <translation>Check</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_CHECK_AGAIN</source>
+        <translation>Check again</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_CHECK_DAMAGE</source>
+        <translation>On %1 the file was found damaged and was replaced by a new one.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_CHECK_FILE</source>
+        <translation>The damaged file is kept as:</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_CHECK_FINDINGS</source>
+        <translation>Damage found: %1 findings. Make a backup and restore the last one that is sound.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_CHECK_HINT</source>
+        <translation>Looks through the file that holds the PC’s contacts.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_CHECK_SALVAGE</source>
+        <translation>Came through: contacts %1, groups %2</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_CHECK_SOUND</source>
+        <translation>The store is sound. Contacts: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_CHECK_WHAT</source>
+        <translation>What was found:</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_CHECK_WRITABLE_NOT</source>
+        <translation>The contacts cannot be stored at the moment:</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARE_COLUMN_ALIKE</source>
         <translation>What they share</translation>
     </message>

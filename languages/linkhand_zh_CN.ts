@@ -112,6 +112,46 @@
         <translation>已恢复的联系人：%1</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARE_CHECK</source>
+        <translation>检查</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_CHECK_AGAIN</source>
+        <translation>再次检查</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_CHECK_DAMAGE</source>
+        <translation>%1 发现文件已损坏，并已用新文件替换。</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_CHECK_FILE</source>
+        <translation>损坏的文件保存为：</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_CHECK_FINDINGS</source>
+        <translation>发现损坏：%1 处。请先备份，再恢复最近一个完好的备份。</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_CHECK_HINT</source>
+        <translation>检查保存电脑联系人的文件。</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_CHECK_SALVAGE</source>
+        <translation>已挽救：联系人 %1，群组 %2</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_CHECK_SOUND</source>
+        <translation>存储完好。联系人：%1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_CHECK_WHAT</source>
+        <translation>发现的问题：</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_CHECK_WRITABLE_NOT</source>
+        <translation>目前无法保存联系人：</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARE_COLUMN_ALIKE</source>
         <translation>共同之处</translation>
     </message>

@@ -15,6 +15,9 @@
 #pragma weak ORVA_Care_DuplicatesRelease
 #pragma weak ORVA_Care_PreviewMerge
 #pragma weak ORVA_Care_Merge
+#pragma weak ORVA_Store_CheckInWords
+#pragma weak ORVA_Store_GetDamage
+#pragma weak ORVA_Store_GetAccess
 #pragma weak ORVA_Store_GetBackups
 #pragma weak ORVA_Store_BackupsRelease
 #pragma weak ORVA_Store_KeepBackup
