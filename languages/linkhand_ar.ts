@@ -40,6 +40,10 @@
         <translation>نسخ من دليل الهاتف على الكمبيوتر، تُنشأ تلقائيًا مرة في اليوم وقبل التغييرات الكبيرة. تبقى آخر %1 نسخ. قبل الاستعادة تُحفظ نسخة من الموجود.</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARE_BACKUPS_NONE</source>
+        <translation>لا توجد نسخة احتياطية بعد.</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARE_BACKUP_ASKED</source>
         <translation>أُنشئت يدويًا</translation>
     </message>
@@ -102,6 +106,10 @@
     <message>
         <source>IDS_HOST_CARE_BIN_HINT</source>
         <translation>ما حُذف أو استُبدل على الكمبيوتر يبقى هنا لمدة %1 يومًا. جهة الاتصال المستعادة تكون مستقلة، وتبقى المعدَّلة بجانبها كما هي الآن.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BIN_NONE</source>
+        <translation>لا يوجد شيء هنا.</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_BIN_RESTORE</source>
@@ -202,6 +210,10 @@
     <message>
         <source>IDS_HOST_CARE_DUPLICATES_HINT</source>
         <translation>جهات اتصال تبدو لشخص واحد أو تشترك في رقم. ما لا مكان له في جهة الاتصال المدمجة يُنقل إلى ملاحظاتها، وما كان في كل منها يبقى في المحذوفات.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_DUPLICATES_NONE</source>
+        <translation>لا أحد مكرر.</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_ERROR_BUSY</source>

@@ -40,6 +40,10 @@
         <translation>Kopien des Telefonbuchs auf dem PC, einmal am Tag und vor größeren Änderungen von selbst gemacht. Die letzten %1 bleiben. Vor einer Wiederherstellung wird kopiert, was da ist.</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARE_BACKUPS_NONE</source>
+        <translation>Es gibt noch keine Sicherung.</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARE_BACKUP_ASKED</source>
         <translation>Von Hand gemacht</translation>
     </message>
@@ -102,6 +106,10 @@
     <message>
         <source>IDS_HOST_CARE_BIN_HINT</source>
         <translation>Was auf dem PC gelöscht oder überschrieben wurde, bleibt hier %1 Tage lang. Was wiederhergestellt wird, ist ein eigener Kontakt; ein geänderter bleibt daneben, wie er jetzt ist.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BIN_NONE</source>
+        <translation>Hier ist nichts.</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_BIN_RESTORE</source>
@@ -202,6 +210,10 @@
     <message>
         <source>IDS_HOST_CARE_DUPLICATES_HINT</source>
         <translation>Kontakte, die nach derselben Person aussehen oder eine Nummer teilen. Was im zusammengeführten Kontakt keinen Platz hat, kommt in seine Notizen; was jeder vorher sagte, liegt im Papierkorb.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_DUPLICATES_NONE</source>
+        <translation>Niemand ist doppelt vorhanden.</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_ERROR_BUSY</source>

@@ -40,6 +40,10 @@
         <translation>Copies of the PC’s phonebook, made by itself once a day and before larger changes. The last %1 stay. A restore makes a copy of what is there first.</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARE_BACKUPS_NONE</source>
+        <translation>There is no backup yet.</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARE_BACKUP_ASKED</source>
         <translation>Made by hand</translation>
     </message>
@@ -102,6 +106,10 @@
     <message>
         <source>IDS_HOST_CARE_BIN_HINT</source>
         <translation>What was deleted or overwritten on the PC stays here for %1 days. A contact restored is a contact of its own; a changed one stays beside it as it is now.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BIN_NONE</source>
+        <translation>Nothing here.</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_BIN_RESTORE</source>
@@ -202,6 +210,10 @@
     <message>
         <source>IDS_HOST_CARE_DUPLICATES_HINT</source>
         <translation>Contacts that look like the same person, or share a number. What has no room in the merged contact goes into its notes; what each said before is in the bin.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_DUPLICATES_NONE</source>
+        <translation>Nobody is there twice.</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_ERROR_BUSY</source>

@@ -40,6 +40,10 @@
         <translation>电脑上电话簿的副本，每天一次并在较大更改之前自动创建，保留最近 %1 个。恢复之前会先为现有内容创建副本。</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARE_BACKUPS_NONE</source>
+        <translation>还没有备份。</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARE_BACKUP_ASKED</source>
         <translation>手动创建</translation>
     </message>
@@ -102,6 +106,10 @@
     <message>
         <source>IDS_HOST_CARE_BIN_HINT</source>
         <translation>在电脑上删除或覆盖的联系人会在此保留 %1 天。恢复后成为单独的联系人；已更改的联系人保持现状，与其并存。</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BIN_NONE</source>
+        <translation>这里没有内容。</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_BIN_RESTORE</source>
@@ -202,6 +210,10 @@
     <message>
         <source>IDS_HOST_CARE_DUPLICATES_HINT</source>
         <translation>看起来是同一个人或共用同一号码的联系人。合并后放不下的内容会写入备注；各自原来的内容保存在回收站中。</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_DUPLICATES_NONE</source>
+        <translation>没有重复的联系人。</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_ERROR_BUSY</source>

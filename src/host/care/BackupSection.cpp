@@ -84,6 +84,7 @@ void BackupSection::Retranslate()
     m_pTable->SetTitles(
         QStringList() << HostText::Get("IDS_HOST_CARE_COLUMN_WHEN") << HostText::Get("IDS_HOST_CARE_COLUMN_CONTACTS")
                       << HostText::Get("IDS_HOST_CARE_COLUMN_STATE") << HostText::Get("IDS_HOST_CARE_COLUMN_WHY"));
+    m_pTable->SetEmptyText(HostText::Get("IDS_HOST_CARE_BACKUPS_NONE"));
     m_pTable->SizeColumns(QStringList() << CareText::Time(1860791880) << QLatin1String("50,000")
                                         << QString(20, QLatin1Char('n')));
     show(m_listBackups);
@@ -97,6 +98,7 @@ void BackupSection::Read()
 void BackupSection::Take(const CareTask& task)
 {
     if (const BackupReading* pReading = dynamic_cast<const BackupReading*>(&task)) {
+        m_pTable->SetFilled();
         show(pReading->Backups());
         if (pReading->Code() != ORVA_OK) {
             emit told(CareText::Explain(pReading->Code()));

@@ -75,6 +75,7 @@ void BinSection::Retranslate()
         QStringList() << HostText::Get("IDS_HOST_CARE_COLUMN_WHEN") << HostText::Get("IDS_HOST_CARE_COLUMN_WHAT")
                       << HostText::Get("IDS_HOST_CARE_FIELD_NAME") << HostText::Get("IDS_HOST_CARE_COLUMN_NUMBER")
                       << HostText::Get("IDS_HOST_CARE_COLUMN_GROUPS"));
+    m_pTable->SetEmptyText(HostText::Get("IDS_HOST_CARE_BIN_NONE"));
     const QString strDeleted = HostText::Get("IDS_HOST_CARE_BIN_DELETED");
     const QString strChanged = HostText::Get("IDS_HOST_CARE_BIN_CHANGED");
     m_pTable->SizeColumns(QStringList() << CareText::Time(1860791880)
@@ -91,6 +92,7 @@ void BinSection::Read()
 void BinSection::Take(const CareTask& task)
 {
     if (const BinReading* pReading = dynamic_cast<const BinReading*>(&task)) {
+        m_pTable->SetFilled();
         show(pReading->Contacts());
         if (pReading->Code() != ORVA_OK) {
             emit told(CareText::Explain(pReading->Code()));

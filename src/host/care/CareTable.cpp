@@ -2,6 +2,7 @@
 
 #include <QFontMetrics>
 #include <QHeaderView>
+#include <QPainter>
 #include <QSet>
 
 #include <algorithm>
@@ -94,7 +95,7 @@ void CareRows::filter()
 }
 
 CareTable::CareTable(const char* pszName, int iColumns, QWidget* pParent)
-    : QTreeView(pParent), m_pRows(new CareRows(iColumns, this))
+    : QTreeView(pParent), m_pRows(new CareRows(iColumns, this)), m_bFilled(false)
 {
     setObjectName(QLatin1String(pszName));
     setModel(m_pRows);
@@ -153,6 +154,16 @@ void CareTable::SetSearch(const QString& strSearch)
     const int iCurrent = currentId();
     m_pRows->SetSearch(strSearch);
     restore(listIds, iCurrent);
+}
+
+void CareTable::paintEvent(QPaintEvent* pEvent)
+{
+    QTreeView::paintEvent(pEvent);
+    if (m_bFilled && m_pRows->rowCount() == 0) {
+        QPainter painter(viewport());
+        painter.setPen(palette().color(QPalette::Text));
+        painter.drawText(viewport()->rect().adjusted(12, 12, -12, -12), Qt::AlignCenter | Qt::TextWordWrap, m_strEmpty);
+    }
 }
 
 void CareTable::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected)

@@ -57,6 +57,10 @@ public:
     void SetTitles(const QStringList& lstTitles) { m_pRows->SetTitles(lstTitles); }
     void SetRows(const QList<CareRow>& listRows);
 
+    // What stands in the place of rows once there are known to be none.
+    void SetEmptyText(const QString& strText) { m_strEmpty = strText; }
+    void SetFilled() { m_bFilled = true; }
+
     // From the top to the bottom.
     QList<int> SelectedIds() const;
     int RowCount() const { return m_pRows->rowCount(); }
@@ -72,6 +76,7 @@ public slots:
     void SetSearch(const QString& strSearch);
 
 protected:
+    void paintEvent(QPaintEvent* pEvent) override;
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
 
 private:
@@ -79,6 +84,8 @@ private:
     int currentId() const;
 
     CareRows* m_pRows;
+    QString m_strEmpty;
+    bool m_bFilled;
 };
 
 #endif // LINKHAND_HOST_CARE_CARETABLE_H

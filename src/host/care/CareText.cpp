@@ -1,5 +1,6 @@
 #include "care/CareText.h"
 
+#include <QApplication>
 #include <QDateTime>
 #include <QLocale>
 
@@ -95,6 +96,17 @@ QStringList CareText::ValuesOf(void* pRecord)
         lstValues.append(bThere ? Take(pText) : QString());
     }
     return lstValues;
+}
+
+QString CareText::Number(const QString& strNumber)
+{
+    const QChar cLeftToRight(0x200e);
+    return QApplication::isRightToLeft() && !strNumber.isEmpty() ? cLeftToRight + strNumber : strNumber;
+}
+
+bool CareText::IsNumber(const QString& strKey)
+{
+    return strKey.endsWith(QLatin1String("Phone")) || strKey == QLatin1String("Mobile");
 }
 
 QString CareText::NameOf(const QStringList& lstValues)

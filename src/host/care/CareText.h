@@ -27,6 +27,12 @@ QString FieldTitle(const QString& strKey);
 // The values of a record by those keys. Empty texts where there are none.
 QStringList ValuesOf(void* pRecord);
 
+// A number as it stands in a text of the language: where that runs from right to left its plus sign would go behind it.
+QString Number(const QString& strNumber);
+
+// True for the fields that hold one.
+bool IsNumber(const QString& strKey);
+
 // What stands for a contact in a list: its name, else the first of its other values.
 QString NameOf(const QStringList& lstValues);
 

@@ -92,6 +92,7 @@ void DuplicateSection::Retranslate()
     m_pTable->setAccessibleName(Title());
     m_pTable->SetTitles(QStringList() << HostText::Get("IDS_HOST_CARE_COLUMN_CONTACTS")
                                       << HostText::Get("IDS_HOST_CARE_COLUMN_ALIKE"));
+    m_pTable->SetEmptyText(HostText::Get("IDS_HOST_CARE_DUPLICATES_NONE"));
     m_pTable->SizeColumns(QStringList() << QString(40, QLatin1Char('n')));
     m_pSides->setAccessibleName(HostText::Get("IDS_HOST_CARE_SIDES"));
     show();
@@ -105,6 +106,7 @@ void DuplicateSection::Read()
 void DuplicateSection::Take(const CareTask& task)
 {
     if (const DuplicateReading* pReading = dynamic_cast<const DuplicateReading*>(&task)) {
+        m_pTable->SetFilled();
         m_listSets = pReading->Sets();
         show();
     } else if (const MergePreview* pPreview = dynamic_cast<const MergePreview*>(&task)) {
@@ -204,11 +206,14 @@ void DuplicateSection::showSideBySide(const DuplicateSet& set, const MergePrevie
     QList<CareRow> listRows;
     const QStringList lstKeys = CareText::FieldKeys();
     for (int iField = 0; iField < lstKeys.size(); ++iField) {
-        QStringList lstCells = QStringList() << CareText::FieldTitle(lstKeys.at(iField))
-                                             << (pPreview != nullptr ? pPreview->Values().value(iField) : QString());
+        QStringList lstCells(pPreview != nullptr ? pPreview->Values().value(iField) : QString());
         for (int i = 0; i < iSides; ++i) {
             lstCells.append(set.listValues.at(i).value(iField));
         }
+        for (int i = 0; CareText::IsNumber(lstKeys.at(iField)) && i < lstCells.size(); ++i) {
+            lstCells[i] = CareText::Number(lstCells.at(i));
+        }
+        lstCells.prepend(CareText::FieldTitle(lstKeys.at(iField)));
         listRows.append(CareRow(iField + 1, lstCells));
     }
     if (pPreview != nullptr && !pPreview->Groups().isEmpty()) {
