@@ -24,6 +24,338 @@
         <translation>بطاقة SIM مُدخلة</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARE_ALIKE_NUMBER</source>
+        <translation>رقم واحد وأسماء مختلفة</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_ALIKE_SAME</source>
+        <translation>الشخص نفسه</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUPS</source>
+        <translation>النسخ الاحتياطية</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUPS_HINT</source>
+        <translation>نسخ من دليل الهاتف على الكمبيوتر، تُنشأ تلقائيًا مرة في اليوم وقبل التغييرات الكبيرة. تبقى آخر %1 نسخ. قبل الاستعادة تُحفظ نسخة من الموجود.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUPS_NONE</source>
+        <translation>لا توجد نسخة احتياطية بعد.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_ASKED</source>
+        <translation>أُنشئت يدويًا</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_DAILY</source>
+        <translation>مرة في اليوم</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_IMPORT</source>
+        <translation>قبل استيراد</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_MADE</source>
+        <translation>أُنشئت النسخة الاحتياطية.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_MERGE</source>
+        <translation>قبل دمج</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_MIGRATION</source>
+        <translation>قبل إصدار جديد</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_NOW</source>
+        <translation>نسخ احتياطي الآن</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_RESTORE</source>
+        <translation>قبل استعادة</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_RESTORE_DOTS</source>
+        <translation>استعادة…</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_SOUND</source>
+        <translation>سليمة</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_VERIFIED</source>
+        <translation>النسخ المفحوصة: %1، السليمة: %2</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_VERIFY</source>
+        <translation>فحص الكل</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BIN</source>
+        <translation>المحذوفات</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BIN_CHANGED</source>
+        <translation>عُدّلت</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BIN_DELETED</source>
+        <translation>حُذفت</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BIN_HINT</source>
+        <translation>ما حُذف أو استُبدل على الكمبيوتر يبقى هنا لمدة %1 يومًا. جهة الاتصال المستعادة تكون مستقلة، وتبقى المعدَّلة بجانبها كما هي الآن.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BIN_NONE</source>
+        <translation>لا يوجد شيء هنا.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BIN_RESTORE</source>
+        <translation>استعادة</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BIN_RESTORED</source>
+        <translation>جهات الاتصال المستعادة: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_CHECK</source>
+        <translation>الفحص</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_CHECK_AGAIN</source>
+        <translation>إعادة الفحص</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_CHECK_DAMAGE</source>
+        <translation>في %1 وُجد الملف تالفًا واستُبدل بملف جديد.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_CHECK_FILE</source>
+        <translation>الملف التالف محفوظ باسم:</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_CHECK_FINDINGS</source>
+        <translation>وُجد تلف: %1. أنشئ نسخة احتياطية واستعد آخر نسخة سليمة.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_CHECK_HINT</source>
+        <translation>يفحص الملف الذي يضم جهات الاتصال على الكمبيوتر.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_CHECK_SALVAGE</source>
+        <translation>ما نجا: جهات الاتصال %1، المجموعات %2</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_CHECK_SOUND</source>
+        <translation>المخزن سليم. جهات الاتصال: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_CHECK_WHAT</source>
+        <translation>ما عُثر عليه:</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_CHECK_WRITABLE_NOT</source>
+        <translation>لا يمكن حفظ جهات الاتصال حاليًا:</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_COLUMN_ALIKE</source>
+        <translation>ما تشترك فيه</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_COLUMN_CONTACTS</source>
+        <translation>جهات الاتصال</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_COLUMN_FIELD</source>
+        <translation>الحقل</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_COLUMN_GROUPS</source>
+        <translation>المجموعات</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_COLUMN_MERGED</source>
+        <translation>بعد الدمج</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_COLUMN_NUMBER</source>
+        <translation>الرقم</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_COLUMN_SIDE</source>
+        <translation>جهة الاتصال %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_COLUMN_STATE</source>
+        <translation>الحالة</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_COLUMN_WHAT</source>
+        <translation>ما حدث</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_COLUMN_WHEN</source>
+        <translation>متى</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_COLUMN_WHY</source>
+        <translation>سبب الإنشاء</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_DUPLICATES</source>
+        <translation>المكررة</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_DUPLICATES_HINT</source>
+        <translation>جهات اتصال تبدو لشخص واحد أو تشترك في رقم. ما لا مكان له في جهة الاتصال المدمجة يُنقل إلى ملاحظاتها، وما كان في كل منها يبقى في المحذوفات.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_DUPLICATES_NONE</source>
+        <translation>لا أحد مكرر.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_ERROR_BUSY</source>
+        <translation>يستخدم برنامج آخر جهات الاتصال. حاول مرة أخرى بعد قليل.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_ERROR_FORMAT</source>
+        <translation>الملف تالف أو ليس من النوع المتوقع.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_ERROR_FULL</source>
+        <translation>دليل الهاتف ممتلئ.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_ERROR_GONE</source>
+        <translation>لم يعد موجودًا.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_ERROR_LONG</source>
+        <translation>إحدى القيم طويلة جدًا.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_ERROR_NUMBER</source>
+        <translation>أحد الأرقام ليس رقم هاتف.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_ERROR_READ_ONLY</source>
+        <translation>لا يمكن حاليًا إلا قراءة جهات الاتصال.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_ERROR_SPACE</source>
+        <translation>القرص ممتلئ. جهات اتصالك آمنة.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_ERROR_STORE</source>
+        <translation>لم ينجح ذلك (%1)؛ التفاصيل في السجل.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_ERROR_VERSION</source>
+        <translation>كُتب الملف بإصدار أحدث.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_FIELD_EMAIL</source>
+        <translation>البريد الإلكتروني</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_FIELD_HOME</source>
+        <translation>هاتف المنزل</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_FIELD_MOBILE</source>
+        <translation>الجوال</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_FIELD_NAME</source>
+        <translation>الاسم</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_FIELD_NOTES</source>
+        <translation>ملاحظات</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_FIELD_WORK</source>
+        <translation>هاتف العمل</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_MERGE</source>
+        <translation>دمج</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_MERGED</source>
+        <translation>ما دُمج في جهة اتصال واحدة: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_MERGE_ALL</source>
+        <translation>دمج كل ما هو للشخص نفسه</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_MERGE_QUESTION</source>
+        <translation>أشخاص مكررون: %1. هل تريد جعل كل منهم جهة اتصال واحدة؟ تُنشأ نسخة احتياطية قبل ذلك.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORE</source>
+        <translation>استعادة</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORED</source>
+        <translation>عاد دليل الهاتف كما كان حينها.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORE_CHANGES</source>
+        <translation>جهات اتصال تعود كما كانت: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORE_COLUMN</source>
+        <translation>ما يتغير</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORE_FOOT</source>
+        <translation>تعود المجموعات أيضًا كما كانت. يُحفظ الموجود الآن في نسخة احتياطية يمكنك الرجوع إليها.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORE_GOES</source>
+        <translation>جهات اتصال تُزال: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORE_HEAD</source>
+        <translation>إذا عاد دليل الهاتف كما كان في %1:</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORE_RETURNS</source>
+        <translation>جهات اتصال تعود: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORE_ROW_CHANGES</source>
+        <translation>كما كانت</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORE_ROW_GOES</source>
+        <translation>تُزال</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORE_ROW_RETURNS</source>
+        <translation>تعود</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SEARCH</source>
+        <translation>بحث</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SIDES</source>
+        <translation>جنبًا إلى جنب</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SKIP</source>
+        <translation>تخطٍّ</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_WORKING</source>
+        <translation>جارٍ العمل…</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CLOSE</source>
         <translation>إغلاق</translation>
     </message>
@@ -218,6 +550,10 @@
     <message>
         <source>IDS_HOST_PAGE_AddrBookUIPlugin</source>
         <translation>دليل الهاتف</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PAGE_Care</source>
+        <translation>العناية</translation>
     </message>
     <message>
         <source>IDS_HOST_PAGE_FAILED</source>

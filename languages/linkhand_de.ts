@@ -24,6 +24,338 @@
         <translation>SIM-Karte eingelegt</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARE_ALIKE_NUMBER</source>
+        <translation>Eine Nummer, andere Namen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_ALIKE_SAME</source>
+        <translation>Dieselbe Person</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUPS</source>
+        <translation>Sicherungen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUPS_HINT</source>
+        <translation>Kopien des Telefonbuchs auf dem PC, einmal am Tag und vor größeren Änderungen von selbst gemacht. Die letzten %1 bleiben. Vor einer Wiederherstellung wird kopiert, was da ist.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUPS_NONE</source>
+        <translation>Es gibt noch keine Sicherung.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_ASKED</source>
+        <translation>Von Hand gemacht</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_DAILY</source>
+        <translation>Einmal am Tag</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_IMPORT</source>
+        <translation>Vor einem Import</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_MADE</source>
+        <translation>Die Sicherung ist gemacht.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_MERGE</source>
+        <translation>Vor einem Zusammenführen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_MIGRATION</source>
+        <translation>Vor einer neuen Version</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_NOW</source>
+        <translation>Jetzt sichern</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_RESTORE</source>
+        <translation>Vor einer Wiederherstellung</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_RESTORE_DOTS</source>
+        <translation>Wiederherstellen …</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_SOUND</source>
+        <translation>In Ordnung</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_VERIFIED</source>
+        <translation>Geprüfte Sicherungen: %1, in Ordnung: %2</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BACKUP_VERIFY</source>
+        <translation>Alle prüfen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BIN</source>
+        <translation>Papierkorb</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BIN_CHANGED</source>
+        <translation>Geändert</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BIN_DELETED</source>
+        <translation>Gelöscht</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BIN_HINT</source>
+        <translation>Was auf dem PC gelöscht oder überschrieben wurde, bleibt hier %1 Tage lang. Was wiederhergestellt wird, ist ein eigener Kontakt; ein geänderter bleibt daneben, wie er jetzt ist.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BIN_NONE</source>
+        <translation>Hier ist nichts.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BIN_RESTORE</source>
+        <translation>Wiederherstellen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_BIN_RESTORED</source>
+        <translation>Wiederhergestellte Kontakte: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_CHECK</source>
+        <translation>Prüfung</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_CHECK_AGAIN</source>
+        <translation>Noch einmal prüfen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_CHECK_DAMAGE</source>
+        <translation>Am %1 war die Datei beschädigt und wurde durch eine neue ersetzt.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_CHECK_FILE</source>
+        <translation>Die beschädigte Datei liegt als:</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_CHECK_FINDINGS</source>
+        <translation>Schäden gefunden: %1. Sichern Sie, und stellen Sie die letzte Sicherung wieder her, die in Ordnung ist.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_CHECK_HINT</source>
+        <translation>Sieht die Datei durch, in der die Kontakte des PCs liegen.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_CHECK_SALVAGE</source>
+        <translation>Gerettet: Kontakte %1, Gruppen %2</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_CHECK_SOUND</source>
+        <translation>Der Speicher ist in Ordnung. Kontakte: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_CHECK_WHAT</source>
+        <translation>Was gefunden wurde:</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_CHECK_WRITABLE_NOT</source>
+        <translation>Die Kontakte können zurzeit nicht gespeichert werden:</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_COLUMN_ALIKE</source>
+        <translation>Was sie gemeinsam haben</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_COLUMN_CONTACTS</source>
+        <translation>Kontakte</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_COLUMN_FIELD</source>
+        <translation>Feld</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_COLUMN_GROUPS</source>
+        <translation>Gruppen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_COLUMN_MERGED</source>
+        <translation>Zusammengeführt</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_COLUMN_NUMBER</source>
+        <translation>Nummer</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_COLUMN_SIDE</source>
+        <translation>Kontakt %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_COLUMN_STATE</source>
+        <translation>Zustand</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_COLUMN_WHAT</source>
+        <translation>Was geschah</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_COLUMN_WHEN</source>
+        <translation>Wann</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_COLUMN_WHY</source>
+        <translation>Warum gemacht</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_DUPLICATES</source>
+        <translation>Doppelte</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_DUPLICATES_HINT</source>
+        <translation>Kontakte, die nach derselben Person aussehen oder eine Nummer teilen. Was im zusammengeführten Kontakt keinen Platz hat, kommt in seine Notizen; was jeder vorher sagte, liegt im Papierkorb.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_DUPLICATES_NONE</source>
+        <translation>Niemand ist doppelt vorhanden.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_ERROR_BUSY</source>
+        <translation>Ein anderes Programm benutzt gerade die Kontakte. Versuchen Sie es gleich noch einmal.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_ERROR_FORMAT</source>
+        <translation>Die Datei ist beschädigt oder nicht von der erwarteten Art.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_ERROR_FULL</source>
+        <translation>Das Telefonbuch ist voll.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_ERROR_GONE</source>
+        <translation>Das gibt es nicht mehr.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_ERROR_LONG</source>
+        <translation>Einer der Werte ist zu lang.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_ERROR_NUMBER</source>
+        <translation>Eine der Nummern ist keine Telefonnummer.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_ERROR_READ_ONLY</source>
+        <translation>Die Kontakte können zurzeit nur gelesen werden.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_ERROR_SPACE</source>
+        <translation>Der Datenträger ist voll. Ihre Kontakte sind sicher.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_ERROR_STORE</source>
+        <translation>Das hat nicht geklappt (%1); im Protokoll steht mehr.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_ERROR_VERSION</source>
+        <translation>Die Datei wurde von einer neueren Version geschrieben.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_FIELD_EMAIL</source>
+        <translation>E-Mail</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_FIELD_HOME</source>
+        <translation>Telefon privat</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_FIELD_MOBILE</source>
+        <translation>Mobil</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_FIELD_NAME</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_FIELD_NOTES</source>
+        <translation>Notizen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_FIELD_WORK</source>
+        <translation>Telefon geschäftlich</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_MERGE</source>
+        <translation>Zusammenführen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_MERGED</source>
+        <translation>Zu einem zusammengeführt: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_MERGE_ALL</source>
+        <translation>Alle derselben Person zusammenführen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_MERGE_QUESTION</source>
+        <translation>Mehrfach vorhandene Personen: %1. Aus jeder einen Kontakt machen? Vorher wird gesichert.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORE</source>
+        <translation>Wiederherstellen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORED</source>
+        <translation>Das Telefonbuch ist wieder wie damals.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORE_CHANGES</source>
+        <translation>Kontakte, die werden, wie sie waren: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORE_COLUMN</source>
+        <translation>Was sich ändert</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORE_FOOT</source>
+        <translation>Auch die Gruppen werden, wie sie waren. Was jetzt da ist, bleibt in einer Sicherung, zu der Sie zurückkönnen.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORE_GOES</source>
+        <translation>Kontakte, die verschwinden: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORE_HEAD</source>
+        <translation>Wenn das Telefonbuch wird, wie es am %1 war:</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORE_RETURNS</source>
+        <translation>Kontakte, die zurückkommen: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORE_ROW_CHANGES</source>
+        <translation>Wie er war</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORE_ROW_GOES</source>
+        <translation>Verschwindet</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_RESTORE_ROW_RETURNS</source>
+        <translation>Kommt zurück</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SEARCH</source>
+        <translation>Suchen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SIDES</source>
+        <translation>Nebeneinander</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SKIP</source>
+        <translation>Überspringen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_WORKING</source>
+        <translation>Arbeitet …</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CLOSE</source>
         <translation>Schließen</translation>
     </message>
@@ -218,6 +550,10 @@
     <message>
         <source>IDS_HOST_PAGE_AddrBookUIPlugin</source>
         <translation>Telefonbuch</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PAGE_Care</source>
+        <translation>Pflege</translation>
     </message>
     <message>
         <source>IDS_HOST_PAGE_FAILED</source>

@@ -18,6 +18,10 @@ extern "C" {
  * the library finds damaged by itself it puts aside and replaces, with all that can be read of it. */
 ORVA_API long ORVA_Store_Check(int memory, int* findings);
 
+/* The same, and what was found in words for people who know SQLite, a line each, in a new buffer that the caller frees;
+ * empty for nothing. */
+ORVA_API long ORVA_Store_CheckInWords(int memory, int* findings, unsigned short** lines);
+
 /* A store that was damaged and replaced. */
 typedef struct ORVA_STORE_DAMAGE {
     long long time;       /* when that was found: seconds since the beginning of 1970, UTC */
@@ -74,6 +78,7 @@ ORVA_API long ORVA_Store_Restore(int memory, const unsigned short* path);
 #define ORVA_BACKUP_RESTORE 3
 #define ORVA_BACKUP_MERGE 4
 #define ORVA_BACKUP_IMPORT 5
+#define ORVA_BACKUP_ASKED 6 /* somebody asked for it */
 
 typedef struct ORVA_STORE_BACKUP {
     long long time;          /* when it was made: seconds since the beginning of 1970, UTC */
@@ -90,6 +95,28 @@ ORVA_API long ORVA_Store_BackupsRelease(int memory, ORVA_STORE_BACKUP** backups)
 
 /* Restores one of them, as ORVA_Store_Restore does; ORVA_E_NOT_FOUND if there is none of that name. */
 ORVA_API long ORVA_Store_RestoreBackup(int memory, const unsigned short* name);
+
+/* Looks through one of them: 0 for one that a restore would take, else the code that it would give. Takes time in
+ * proportion to its size; others read and write meanwhile. */
+ORVA_API long ORVA_Store_CheckBackup(int memory, const unsigned short* name);
+
+#define ORVA_RESTORE_RETURNS 1 /* a record that is in the backup alone */
+#define ORVA_RESTORE_GOES 2    /* one that is in the store alone */
+#define ORVA_RESTORE_CHANGES 3 /* one that is in both and says something else in the store */
+
+typedef struct ORVA_STORE_DIFFERENCE {
+    int kind;             /* ORVA_RESTORE_...: what a restore would do to the record */
+    unsigned short* name; /* its first value that is not empty; of one that changes, as it is now */
+} ORVA_STORE_DIFFERENCE;
+
+/* Tells what ORVA_Store_RestoreBackup would do to the records, as an array of *count entries, null for none; free it
+ * with ORVA_Store_DifferencesRelease, names and all, which sets the pointer to null. A record with the same values and
+ * the same that is kept is the same, whatever its identifier; groups are not compared. Looks at what is committed, and
+ * changes nothing. Takes time in proportion to the records; others read and write meanwhile. Codes as
+ * ORVA_Store_RestoreBackup gives them. */
+ORVA_API long ORVA_Store_CompareBackup(int memory, const unsigned short* name, ORVA_STORE_DIFFERENCE** entries,
+                                       int* count);
+ORVA_API long ORVA_Store_DifferencesRelease(int memory, ORVA_STORE_DIFFERENCE** entries, int count);
 
 /* Makes one of what is committed, for one of the reasons above. Takes as long as the disk does; other threads and
  * processes read and write meanwhile. ORVA_E_STORE if it cannot be written; the store is as it was. */

@@ -65,8 +65,8 @@ int runBackup(const Arguments& arguments)
 
 int runBackups(const Arguments& arguments)
 {
-    static const char* const reasons[] = {"daily", "before a migration", "before a restore", "before a merge",
-                                          "before an import"};
+    static const char* const reasons[] = {"daily",          "before a migration", "before a restore",
+                                          "before a merge", "before an import",   "asked for"};
     arguments.require(0, 0, {"memory"});
     const int memory = arguments.memory();
     ORVA_STORE_BACKUP* found = nullptr;

@@ -220,6 +220,7 @@ int HostApplication::Run()
     }
     connect(m_pWindow.data(), SIGNAL(languageChosen(QString)), this, SLOT(OnLanguageChosen(QString)));
     connect(m_pWindow.data(), SIGNAL(closing()), this, SLOT(OnClosing()));
+    connect(m_pWindow.data(), SIGNAL(contactsChanged()), this, SLOT(OnContactsChanged()));
     connect(&m_pWindow->Welcome(), SIGNAL(dismissed()), this, SLOT(OnWelcomeDismissed()));
     connect(m_pWatcher.data(), SIGNAL(notifyCode(int, int)), m_pLifecycle.data(), SLOT(NotifyAll(int, int)));
     connect(m_pWatcher.data(), SIGNAL(changed()), m_pModem.data(), SLOT(OnDeviceChanged()));
@@ -319,6 +320,11 @@ void HostApplication::OnReadableAgain()
         }
     }
     showProblems();
+    OnContactsChanged();
+}
+
+void HostApplication::OnContactsChanged()
+{
     if (m_pLive) {
         m_pLive->ReadAnew();
     }

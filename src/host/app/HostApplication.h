@@ -55,6 +55,7 @@ private slots:
     void OnAccessChanged(const ProblemList& problems);
     void OnReadableAgain();
     void OnContactGone();
+    void OnContactsChanged();
     void OnWelcomeDismissed();
 
 private:

@@ -51,6 +51,21 @@ QPainterPath calls()
     return path;
 }
 
+// A life belt.
+QPainterPath care()
+{
+    QPainterPath path;
+    path.addEllipse(QPointF(12, 12), 9, 9);
+    path.addEllipse(QPointF(12, 12), 3.8, 3.8);
+    for (const qreal x : {-1.0, 1.0}) {
+        for (const qreal y : {-1.0, 1.0}) {
+            path.moveTo(12 + 2.7 * x, 12 + 2.7 * y);
+            path.lineTo(12 + 6.3 * x, 12 + 6.3 * y);
+        }
+    }
+    return path;
+}
+
 QPainterPath device()
 {
     QPainterPath path;
@@ -104,6 +119,8 @@ QPainterPath pathOf(Glyphs::Glyph enGlyph)
         return messages();
     case Glyphs::CALLS:
         return calls();
+    case Glyphs::CARE:
+        return care();
     case Glyphs::DEVICE:
         return device();
     case Glyphs::LANGUAGE:

@@ -7,6 +7,7 @@
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
+#include "care/CarePage.h"
 #include "device/DeviceWatcher.h"
 #include "device/HardwareChoice.h"
 #include "device/Modem.h"
@@ -27,6 +28,7 @@ namespace
 {
 
 const char* const MESSAGES_PAGE = "Messages";
+const char* const CARE_PAGE = "Care";
 
 Glyphs::Glyph glyphOf(const QString& strPage)
 {
@@ -55,6 +57,7 @@ MainWindow::MainWindow(PluginContainer& container, MessageStore& outbox, DeviceW
       m_pDevicePanel(new DevicePanel(watcher, pModem, this)),
       m_pStatus(new StatusArea(this)),
       m_pMessages(new MessagesPage(outbox, container, pModem, this)),
+      m_pCare(CarePage::IsPossible() ? new CarePage(this) : nullptr),
       m_iCurrentPage(-1)
 {
     setObjectName(QLatin1String("linkhand_MainWindow"));
@@ -80,6 +83,10 @@ MainWindow::MainWindow(PluginContainer& container, MessageStore& outbox, DeviceW
     setCentralWidget(pCentral);
 
     m_pMessages->hide();
+    if (m_pCare != nullptr) {
+        m_pCare->hide();
+        connect(m_pCare, SIGNAL(contactsChanged()), this, SIGNAL(contactsChanged()));
+    }
     m_pDevicePanel->hide();
     m_pNavBar->SetDeviceAvailable(SimulatedHardware::Available());
     const bool bReal = pModem != nullptr && !pModem->IsSimulated();
@@ -100,6 +107,9 @@ void MainWindow::BuildPages()
         if (pHandle->HasWindow() && Page(pHandle->Name()) == nullptr) {
             addPluginPage(pHandle->Name());
         }
+    }
+    if (m_pCare != nullptr) {
+        addPage(QLatin1String(CARE_PAGE), m_pCare, nullptr, Glyphs::CARE);
     }
 }
 
@@ -149,6 +159,9 @@ void MainWindow::Retranslate()
     m_pNavBar->Retranslate();
     m_pWelcome->Retranslate();
     m_pMessages->Retranslate();
+    if (m_pCare != nullptr) {
+        m_pCare->Retranslate();
+    }
     m_pDevicePanel->Retranslate();
     m_pStatus->Retranslate();
     emit retranslated();
@@ -185,8 +198,10 @@ void MainWindow::OnPageChosen(int iPage)
     m_pStack->setCurrentWidget(m_listPages.at(iPage).pWidget);
     if (m_listPages.at(iPage).pPlugin != nullptr) {
         m_listPages.at(iPage).pPlugin->Enter();
-    } else {
+    } else if (m_listPages.at(iPage).pWidget == m_pMessages) {
         m_pMessages->Enter();
+    } else {
+        m_pCare->Enter();
     }
     // The keys follow to the page, unless the user is moving along the side bar.
     if (!bAlongBar) {

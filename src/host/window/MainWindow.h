@@ -8,6 +8,7 @@
 #include "text/LanguageCatalog.h"
 #include "window/Glyphs.h"
 
+class CarePage;
 class DevicePanel;
 class DeviceWatcher;
 class IPluginContainer;
@@ -31,7 +32,7 @@ public:
     MainWindow(PluginContainer& container, MessageStore& outbox, DeviceWatcher& watcher, Modem* pModem = nullptr);
 
     // Makes a page for the phonebook, one for each further plug-in with a window, and the messages page. Called once,
-    // after the plug-ins have been loaded, whether they started or not.
+    // after the plug-ins have been loaded, whether they started or not; and last the care page, if the SDK allows.
     void BuildPages();
 
     void SetLanguages(const QList<LanguageEntry>& listEntries, const QString& strCurrent);
@@ -40,7 +41,7 @@ public:
     StatusArea& Status() { return *m_pStatus; }
     WelcomeNote& Welcome() { return *m_pWelcome; }
 
-    // The page of a plug-in, or "Messages"; null if there is none.
+    // The page of a plug-in, "Messages" or "Care"; null if there is none.
     QWidget* Page(const QString& strName) const;
     void ShowPage(const QString& strName);
 
@@ -52,6 +53,9 @@ signals:
 
     // The window's texts are those of another language; windows beside it follow.
     void retranslated();
+
+    // A page of the host's own has changed the PC's contacts.
+    void contactsChanged();
 
     // The user closes the window.
     void closing();
@@ -85,6 +89,7 @@ private:
     DevicePanel* m_pDevicePanel;
     StatusArea* m_pStatus;
     MessagesPage* m_pMessages;
+    CarePage* m_pCare; // null where the SDK lacks what it needs
     QList<PageEntry> m_listPages;
     int m_iCurrentPage;
 };

@@ -49,9 +49,12 @@ const char* const BARS =
     "#linkhand_StatusArea QToolButton:focus { border-color: %accent%; color: %text%; }";
 
 const char* const LETTERS =
-    "#linkhand_DevicePanel_title, #linkhand_Messages_title, #linkhand_Calls_title { font-size: %title%px;"
+    "#linkhand_DevicePanel_title, #linkhand_Messages_title, #linkhand_Calls_title, #linkhand_Care_title"
+    " { font-size: %title%px;"
     " font-weight: bold; }"
-    "#linkhand_DevicePanel_hint, #linkhand_Messages_hint, #linkhand_Calls_hint { color: %quiet%; }"
+    "#linkhand_DevicePanel_hint, #linkhand_Messages_hint, #linkhand_Calls_hint, #linkhand_Care_bin_hint, "
+    "#linkhand_Care_backups_hint, #linkhand_Care_duplicates_hint, #linkhand_Care_check_hint"
+    " { color: %quiet%; }"
     "#linkhand_Page_failure { color: %quiet%; font-size: %title%px; }"
     "#VoiceCallPlugin_labelNumber, #VideoCallPlugin_labelNumber { font-size: %large%px; }"
     "#VoiceCallPlugin_labelState, #VideoCallPlugin_labelState, #SMSUIPlugin_labelLength, #MMSUIPlugin_labelLength"
@@ -65,12 +68,14 @@ const char* const LETTERS =
 const char* const LISTS =
     "#AddrBookUIPlugin_TreeWidget, #AddrBookUIPlugin_ContactTable, #AddrBookUIPlugin_labelPreview,"
     " ExtendDialog QTreeView, #linkhand_Messages_list, #linkhand_Messages_preview,"
-    " #linkhand_Problems_list, #VoiceCallPlugin_treeCalls, #ChoosePhoneNumber_TableWidget"
+    " #linkhand_Problems_list, #VoiceCallPlugin_treeCalls, #ChoosePhoneNumber_TableWidget, CareTable, "
+    "#linkhand_Care_check_found"
     " { border: 1px solid %line%; }"
     "#AddrBookUIPlugin_TreeWidget:focus, #AddrBookUIPlugin_ContactTable:focus, #AddrBookUIPlugin_labelPreview:focus,"
     " ExtendDialog QTreeView:focus, #linkhand_Messages_list:focus,"
     " #linkhand_Messages_preview:focus, #linkhand_Problems_list:focus, #VoiceCallPlugin_treeCalls:focus,"
-    " #ChoosePhoneNumber_TableWidget:focus { border: 1px solid %accent%; }"
+    " #ChoosePhoneNumber_TableWidget:focus, CareTable:focus, #linkhand_Care_check_found:focus { border: 1px solid "
+    "%accent%; }"
     // From right to left Qt places the parts of a splitter one pixel too far to the right, and cuts that border off.
     "#AddrBookUIPlugin_TreeWidget { margin: 0 1px; }"
     // A style's own empty box can be as dark as its ground.

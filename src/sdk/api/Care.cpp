@@ -28,15 +28,46 @@ std::string plainPath(const unsigned short* path)
     return resolveFolderOf(given);
 }
 
+std::vector<std::string> findingsOf(int memory)
+{
+    const std::vector<std::string> found = storeFor(memory).check();
+    for (const std::string& line : found)
+        logFormat("check of memory %d: %s", memory, line.c_str());
+    return found;
+}
+
+// The file of an automatic backup.
+std::string backupNamed(Store& store, const unsigned short* name)
+{
+    require(name);
+    const std::string wanted = toUtf8(fromApi(name));
+    for (const BackupFile& file : store.backups())
+        if (file.name == wanted)
+            return file.path;
+    throw Failure(ORVA_E_NOT_FOUND, "no such backup");
+}
+
 } // namespace
 
 long ORVA_Store_Check(int memory, int* findings)
 {
     return guarded(__func__, [&] {
         require(findings);
-        const std::vector<std::string> found = storeFor(memory).check();
+        *findings = static_cast<int>(findingsOf(memory).size());
+        return ORVA_OK;
+    });
+}
+
+long ORVA_Store_CheckInWords(int memory, int* findings, unsigned short** lines)
+{
+    return guarded(__func__, [&] {
+        require(findings);
+        require(lines);
+        const std::vector<std::string> found = findingsOf(memory);
+        std::string text;
         for (const std::string& line : found)
-            logFormat("check of memory %d: %s", memory, line.c_str());
+            text.append(text.empty() ? "" : "\n").append(line);
+        *lines = toApi(fromUtf8(text));
         *findings = static_cast<int>(found.size());
         return ORVA_OK;
     });
@@ -141,23 +172,61 @@ long ORVA_Store_BackupsRelease(int memory, ORVA_STORE_BACKUP** backups)
 long ORVA_Store_RestoreBackup(int memory, const unsigned short* name)
 {
     return guarded(__func__, [&] {
-        require(name);
-        const std::string wanted = toUtf8(fromApi(name));
         Store& store = storeFor(memory);
-        for (const BackupFile& file : store.backups()) {
-            if (file.name != wanted)
-                continue;
-            store.restore(file.path);
+        store.restore(backupNamed(store, name));
+        return ORVA_OK;
+    });
+}
+
+long ORVA_Store_CheckBackup(int memory, const unsigned short* name)
+{
+    return guarded(__func__, [&] {
+        Store& store = storeFor(memory);
+        store.checkBackup(backupNamed(store, name));
+        return ORVA_OK;
+    });
+}
+
+long ORVA_Store_CompareBackup(int memory, const unsigned short* name, ORVA_STORE_DIFFERENCE** entries, int* count)
+{
+    return guarded(__func__, [&] {
+        require(entries);
+        require(count);
+        *entries = nullptr;
+        *count = 0;
+        Store& store = storeFor(memory);
+        const std::vector<Difference> found = store.compareBackup(backupNamed(store, name));
+        if (found.empty())
             return ORVA_OK;
-        }
-        throw Failure(ORVA_E_NOT_FOUND, "no such backup");
+        std::vector<std::unique_ptr<unsigned short[]>> names;
+        names.reserve(found.size());
+        for (const Difference& difference : found)
+            names.emplace_back(toApi(difference.name));
+        *entries = new ORVA_STORE_DIFFERENCE[found.size()];
+        for (std::size_t i = 0; i < found.size(); ++i)
+            (*entries)[i] = {found[i].kind, names[i].release()};
+        *count = static_cast<int>(found.size());
+        return ORVA_OK;
+    });
+}
+
+long ORVA_Store_DifferencesRelease(int memory, ORVA_STORE_DIFFERENCE** entries, int count)
+{
+    return guarded(__func__, [&] {
+        anyStore(memory);
+        require(entries);
+        for (int i = 0; *entries != nullptr && i < count; ++i)
+            delete[](*entries)[i].name;
+        delete[] * entries;
+        *entries = nullptr;
+        return ORVA_OK;
     });
 }
 
 long ORVA_Store_KeepBackup(int memory, int reason)
 {
     return guarded(__func__, [&] {
-        if (reason < ORVA_BACKUP_DAILY || reason > ORVA_BACKUP_IMPORT)
+        if (reason < ORVA_BACKUP_DAILY || reason > ORVA_BACKUP_ASKED)
             throw Failure(ORVA_E_ARGUMENT, "no such reason");
         storeFor(memory).keepBackup(reason);
         return ORVA_OK;

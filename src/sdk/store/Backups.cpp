@@ -20,7 +20,7 @@ namespace orva
 namespace
 {
 
-constexpr const char* reasons[] = {"daily", "migration", "restore", "merge", "import"}; // from 1 on
+constexpr const char* reasons[] = {"daily", "migration", "restore", "merge", "import", "asked"}; // from 1 on
 constexpr char ending[] = ".db";
 constexpr char halfEnding[] = ".part";
 

@@ -33,6 +33,12 @@ struct StoredGroup {
     std::u16string name;
 };
 
+// What a restore would do to a record.
+struct Difference {
+    int kind = 0; // ORVA_RESTORE_...
+    std::u16string name;
+};
+
 // What refused commits took away of what writes had returned success for.
 struct Loss {
     long code = ORVA_OK; // of the last refusal; ORVA_OK for no loss
@@ -158,6 +164,12 @@ public:
 
     // The automatic backups, the newest first.
     std::vector<BackupFile> backups() { return m_backups.list(); }
+
+    // A Failure if a backup is none that a restore takes.
+    void checkBackup(const std::string& path);
+
+    // What a restore would do, of what is committed. Others read and write meanwhile.
+    std::vector<Difference> compareBackup(const std::string& path);
 
     // Puts a backup's content in place of the store's, after an automatic backup of the latter.
     void restore(const std::string& path);

@@ -372,7 +372,7 @@ TEST(whatIsNoBackupGivesACode)
     CHECK_EQ(restore("../local"), ORVA_E_NOT_FOUND);
     CHECK_EQ(ORVA_Store_RestoreBackup(local, nullptr), ORVA_E_ARGUMENT);
     CHECK_EQ(ORVA_Store_KeepBackup(local, 0), ORVA_E_ARGUMENT);
-    CHECK_EQ(ORVA_Store_KeepBackup(local, 6), ORVA_E_ARGUMENT);
+    CHECK_EQ(ORVA_Store_KeepBackup(local, 7), ORVA_E_ARGUMENT);
     CHECK_EQ(ORVA_Store_KeepBackup(7, ORVA_BACKUP_DAILY), ORVA_E_ARGUMENT);
     CHECK_EQ(ORVA_Store_KeepDailyBackup(local, nullptr), ORVA_E_ARGUMENT);
     CHECK_EQ(ORVA_Store_GetBackups(local, nullptr, &count), ORVA_E_ARGUMENT);

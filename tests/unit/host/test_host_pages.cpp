@@ -60,7 +60,8 @@ void TestHostPages::eachPluginHasOneButtonWithItsKey()
     lstKeys.sort();
     QCOMPARE(lstKeys, QStringList() << "Alt+1_AddrBookUIPlugin"
                                     << "Alt+2_Messages"
-                                    << "Alt+3_StandInPlugin");
+                                    << "Alt+3_StandInPlugin"
+                                    << "Alt+4_Care");
 }
 
 void TestHostPages::aNewTextKeepsTheKeyOfAPage()

@@ -1,0 +1,70 @@
+#include "care/CareRunner.h"
+
+#include "care/CareSection.h"
+#include "linkhand/core/CommonUtils.h"
+
+CareRunner::CareRunner(QObject* pParent) : QThread(pParent), m_pSection(nullptr), m_pNextSection(nullptr)
+{
+    connect(this, SIGNAL(finished()), this, SLOT(OnFinished()));
+}
+
+CareRunner::~CareRunner()
+{
+    CancelCurrent();
+    wait();
+}
+
+bool CareRunner::Begin(CareTask* pTask, CareSection* pSection)
+{
+    QScopedPointer<CareTask> pHeld(pTask);
+    if (!m_pTask) {
+        m_pTask.swap(pHeld);
+        m_pSection = pSection;
+        start();
+        emit begun();
+        return true;
+    }
+    const bool bNextWrites = m_pNext && m_pNext->KindOf() == CareTask::WRITING;
+    if (m_pTask->KindOf() == CareTask::WRITING || bNextWrites) {
+        return false;
+    }
+    m_pTask->Cancel();
+    m_pNext.swap(pHeld);
+    m_pNextSection = pSection;
+    return true;
+}
+
+void CareRunner::CancelCurrent()
+{
+    m_pNext.reset();
+    if (m_pTask) {
+        m_pTask->Cancel();
+    }
+}
+
+void CareRunner::run()
+{
+    // The host's end waits for it, and the phonebook is not read anew meanwhile.
+    CommonUtils::ThreadCountInc(QLatin1String(__FILE__), QLatin1String(__FUNCTION__));
+    m_pTask->Run();
+    CommonUtils::ThreadCountDec(QLatin1String(__FILE__), QLatin1String(__FUNCTION__));
+}
+
+void CareRunner::OnFinished()
+{
+    QScopedPointer<CareTask> pDone;
+    pDone.swap(m_pTask);
+    if (!pDone) {
+        return;
+    }
+    CareSection* const pSection = m_pSection;
+    if (m_pNext) {
+        pSection->SetStale(pSection->IsStale() || pDone->KindOf() == CareTask::READING);
+        Begin(m_pNext.take(), m_pNextSection);
+    }
+    const bool bWrote = pDone->KindOf() == CareTask::WRITING;
+    if (bWrote || !pDone->IsCancelled()) {
+        pSection->Take(*pDone);
+    }
+    emit ended(bWrote);
+}

@@ -1,0 +1,173 @@
+#include <QtTest>
+
+#include "HostDriver.h"
+#include "PbCtl.h"
+
+namespace
+{
+
+const char* const TABLE = "AddrBookUIPlugin_ContactTable";
+const char* const TABS = "linkhand_Care_tabs/QTabBar";
+const char* const TOLD = "linkhand_Care_told";
+
+} // namespace
+
+// The care page, by keys alone.
+class TestDesktopCare : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+    void eachSectionIsUsedByKeys();
+
+private:
+    bool told(const QString& strText)
+    {
+        return HostDriver::WaitUntil([&] { return m_pHost->Text(TOLD) == strText; });
+    }
+    bool rowComes(const QString& strList, const QString& strText)
+    {
+        return HostDriver::WaitUntil([&] { return m_pHost->Cell(strList, strText).iColumn >= 0; });
+    }
+    bool rowGoes(const QString& strList, const QString& strText)
+    {
+        return HostDriver::WaitUntil([&] { return m_pHost->Cell(strList, strText).iColumn < 0; });
+    }
+    // Presses Tab until a widget has the keys.
+    bool tabTo(const QString& strName)
+    {
+        for (int i = 0; i < 20 && !m_pHost->Widget(strName).bFocused; ++i) {
+            m_pHost->Key("Tab");
+        }
+        return m_pHost->WaitForFocus(strName);
+    }
+    bool backToTabs()
+    {
+        for (int i = 0; i < 20 && !m_pHost->Widget(TABS).bFocused; ++i) {
+            m_pHost->Key("shift+Tab");
+        }
+        return m_pHost->WaitForFocus(TABS);
+    }
+    void restoreFromTheBin();
+    void goBackToABackup();
+    void mergeAPair();
+
+    QScopedPointer<QTemporaryDir> m_pFolder;
+    QScopedPointer<PbCtl> m_pStore;
+    QScopedPointer<HostDriver> m_pHost;
+};
+
+void TestDesktopCare::init()
+{
+    m_pFolder.reset(new QTemporaryDir);
+    const QString strData = m_pFolder->filePath("data");
+    m_pStore.reset(new PbCtl(strData));
+    m_pHost.reset(new HostDriver);
+    QVERIFY(m_pStore->Import("local", "Name,Mobile\nAda,0170111\nBo,0170222\nCy,0170333\ncy,0170333\n"));
+    QVERIFY(m_pStore->Run({"delete", "1", "2"}));
+    QVERIFY2(m_pHost->Start(strData), qPrintable(m_pHost->Log()));
+    QVERIFY(rowComes(TABLE, "Cy"));
+}
+
+void TestDesktopCare::cleanup()
+{
+    if (m_pHost->Running()) {
+        if (QTest::currentTestFailed()) {
+            m_pHost->Screenshot(QStringLiteral("%1.png").arg(QTest::currentTestFunction()));
+        }
+        m_pHost->WaitForMainWindow();
+        QVERIFY2(m_pHost->Quit() >= 0, qPrintable(m_pHost->Log()));
+    }
+    QVERIFY2(m_pHost->ErrorLines().isEmpty(), qPrintable(m_pHost->ErrorLines().join('\n')));
+}
+
+void TestDesktopCare::eachSectionIsUsedByKeys()
+{
+    m_pHost->Key("alt+4");
+    QVERIFY(m_pHost->WaitFor("linkhand_Page_Care"));
+    QVERIFY(m_pHost->WaitForFocus(TABS));
+    restoreFromTheBin();
+    goBackToABackup();
+    mergeAPair();
+    QVERIFY(backToTabs());
+    m_pHost->Key("Right");
+    QVERIFY(HostDriver::WaitUntil(
+        [&] { return m_pHost->Text("linkhand_Care_check_found").startsWith("The store is sound. Contacts: 3"); }));
+    m_pHost->Screenshot("care-check.png");
+    // What was done there shows on the other page without a restart.
+    m_pHost->Key("alt+1");
+    QVERIFY(rowComes(TABLE, "Ada"));
+    QVERIFY(rowComes(TABLE, "Bo"));
+    QVERIFY(HostDriver::WaitUntil([&] { return m_pHost->Rows(TABLE) == 3; }));
+}
+
+void TestDesktopCare::restoreFromTheBin()
+{
+    const QString strList = "linkhand_Care_bin_list";
+    QVERIFY(rowComes(strList, "Ada"));
+    QVERIFY(tabTo("linkhand_Care_bin_search"));
+    m_pHost->Type("ada");
+    QVERIFY(rowGoes(strList, "Bo"));
+    QVERIFY(tabTo(strList));
+    m_pHost->Key("ctrl+a");
+    QVERIFY(HostDriver::WaitUntil([&] { return m_pHost->Cell(strList, "Ada").bSelected; }));
+    m_pHost->Screenshot("care-bin.png");
+    QVERIFY(tabTo("linkhand_Care_bin_restore"));
+    m_pHost->Key("space");
+    QVERIFY(told("Contacts restored: 1"));
+    QVERIFY(m_pHost->WaitForFocus(strList));
+    QCOMPARE(m_pStore->Contacts("local").size(), 3);
+}
+
+void TestDesktopCare::goBackToABackup()
+{
+    const QString strList = "linkhand_Care_backups_list";
+    QVERIFY(backToTabs());
+    m_pHost->Key("Right");
+    QVERIFY(tabTo("linkhand_Care_backups_make"));
+    m_pHost->Key("space");
+    QVERIFY(told("The backup is made."));
+    QVERIFY(rowComes(strList, "Made by hand"));
+    QVERIFY(m_pStore->Run({"undelete", "2"}));
+    QVERIFY(m_pStore->Run({"delete", "3"}));
+    QVERIFY(backToTabs());
+    QVERIFY(tabTo("linkhand_Care_backups_restore"));
+    m_pHost->Key("space");
+    QVERIFY(m_pHost->WaitForModal());
+    QVERIFY(rowComes("linkhand_Restore_list", "Cy"));
+    const QString strHead = m_pHost->Text("linkhand_Restore_head");
+    QVERIFY2(strHead.contains("come back: 1") && strHead.contains("go: 1"), qPrintable(strHead));
+    m_pHost->Screenshot("care-restore.png");
+    // Once more with what it asks about undone by hand: Escape leaves all as it is.
+    m_pHost->Key("Escape");
+    QVERIFY(m_pHost->WaitGone("linkhand_Restore"));
+    QCOMPARE(m_pStore->Contacts("local").size(), 3);
+    QVERIFY(m_pHost->WaitForMainWindow());
+    QVERIFY(tabTo("linkhand_Care_backups_restore"));
+    m_pHost->Key("space");
+    QVERIFY(m_pHost->WaitForModal());
+    QVERIFY(tabTo("linkhand_Restore_ok"));
+    m_pHost->Key("space");
+    QVERIFY(told("The phonebook is as it was then."));
+    QVERIFY(m_pHost->WaitForMainWindow());
+    QVERIFY(m_pStore->Run({"add", "Name=Bo", "Mobile=0170222"}));
+}
+
+void TestDesktopCare::mergeAPair()
+{
+    const QString strList = "linkhand_Care_duplicates_list";
+    QVERIFY(backToTabs());
+    m_pHost->Key("Right");
+    QVERIFY(rowComes(strList, "Cy; cy"));
+    QVERIFY(rowComes("linkhand_Care_duplicates_sides", "0170333"));
+    m_pHost->Screenshot("care-duplicates.png");
+    QVERIFY(tabTo("linkhand_Care_duplicates_merge"));
+    m_pHost->Key("space");
+    QVERIFY(told("Contacts merged into one: 1"));
+    QVERIFY(rowGoes(strList, "Cy"));
+}
+
+QTEST_GUILESS_MAIN(TestDesktopCare)
+#include "test_desktop_care.moc"

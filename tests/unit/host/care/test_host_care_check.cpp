@@ -1,0 +1,48 @@
+#include <QTextBrowser>
+
+#include "CareSetup.h"
+
+class TestHostCareCheck : public CareSetup
+{
+    Q_OBJECT
+
+private slots:
+    void init() { beginCare(); }
+    void cleanup() { endCare(); }
+
+    void aSoundStoreIsSaidToBeSound()
+    {
+        add({"Ada"});
+        openSection(3);
+        QTRY_COMPARE(found(), QString("The store is sound. Contacts: 1"));
+        add({"Bo"});
+        click("linkhand_Care_check_again");
+        QTRY_COMPARE(found(), QString("The store is sound. Contacts: 2"));
+    }
+
+    void aDamagedFileIsToldWithWhatCameThroughAndWhereItLies()
+    {
+        for (int i = 0; i < 50; ++i) {
+            add({"N" + QString::number(i)});
+        }
+        // The library lets the file go.
+        QCOMPARE(ORVA_Sim_Reset(QFile::encodeName(dataFolder()).constData()), long(ORVA_OK));
+        QFile file(dataFolder() + "/local.db");
+        QVERIFY(file.resize(file.size() - 4096));
+        openSection(3);
+        QTRY_VERIFY2(found().contains("replaced by a new one"), qPrintable(found()));
+        int iContacts = 0;
+        QCOMPARE(ORVA_PBSrv_GetSize(ORVA_MEMORY_LOCAL, &iContacts), long(ORVA_OK));
+        QVERIFY2(found().contains(QString("Came through: contacts %1, groups 0").arg(iContacts)), qPrintable(found()));
+        const QStringList lstKept = QDir(dataFolder()).entryList(QStringList("local*damaged*"));
+        QVERIFY(!lstKept.isEmpty());
+        QVERIFY2(found().contains(dataFolder() + "/" + lstKept.first()), qPrintable(found()));
+        QVERIFY(found().contains("What was found:"));
+    }
+
+private:
+    QString found() { return find<QTextBrowser>("linkhand_Care_check_found")->toPlainText(); }
+};
+
+QTEST_MAIN(TestHostCareCheck)
+#include "test_host_care_check.moc"
