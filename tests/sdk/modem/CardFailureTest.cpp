@@ -15,17 +15,6 @@ namespace
 
 constexpr int cardFailure = 13;
 
-int idOf(Library& library, const char* name)
-{
-    RowBlock block;
-    library.card.read(1, library.card.extent().last, 10000, block);
-    for (std::size_t i = 0; i < block.rows(); ++i) {
-        if (toUtf8(block.value(i, 0)) == name)
-            return block.id(i);
-    }
-    return 0;
-}
-
 // "location name number" of each entry that the library shows.
 std::string shown(Library& library)
 {
