@@ -90,6 +90,7 @@ private:
     void eraseAt(int memory, int location);
     void decide(int memory, const Failure& undecided, const std::function<void()>& prove);
     bool isSameCard(int memory, const Failure& undecided);
+    void requireSameCard();
     [[noreturn]] void loseCard();
     void proveLocations(int memory, const PhonebookEntry& written);
     bool lookForStrays(int memory, int asked, const PhonebookEntry* entry);

@@ -69,8 +69,8 @@ void ModemSession::prepare(int memory)
     if (std::chrono::steady_clock::now() - m_looked > m_timings.fresh) {
         lookAtCard();
         m_state.requireOpen(memory);
-        if (memory == ORVA_MEMORY_CARD && !m_card.empty() && m_book.cardIdentity() != m_card)
-            loseCard();
+        if (memory == ORVA_MEMORY_CARD && !m_card.empty())
+            requireSameCard();
     }
     Book& book = own(memory);
     if (!book.counted || std::chrono::steady_clock::now() - book.countedAt > m_timings.fresh) {
@@ -82,6 +82,15 @@ void ModemSession::prepare(int memory)
     }
     save(memory);
     m_used = std::chrono::steady_clock::now();
+}
+
+void ModemSession::requireSameCard()
+{
+    const std::string number = m_book.cardIdentity();
+    if (number.empty())
+        throw Failure(ORVA_E_BUSY, "the card does not tell which one it is");
+    if (number != m_card)
+        loseCard();
 }
 
 // Before the first write to a card in a run of the program, all of it is put aside.

@@ -119,6 +119,24 @@ TEST(anIdentifierOfOneCardNamesNothingOnAnother)
         CHECK_EQ(codeOf([&] { library.card.readOne(id); }), ORVA_E_NOT_FOUND);
 }
 
+TEST(aCardThatDoesNotTellWhichOneItIsStaysTheOneItWas)
+{
+    const Place place;
+    Modem modem(place.plan());
+    ModemTimings timings = quickTimings();
+    timings.question = Milliseconds(60000);
+    timings.fresh = Milliseconds(0);
+    Library library(place, timings);
+    REQUIRE(library.ready());
+    const std::string rows = library.rows(library.card);
+    for (const char* const command : {"AT+CRSM", "AT+CCID", "AT+ICCID"})
+        modem.failAt(command, 1, modemsim::Fault::Error, 100, 1);
+    CHECK_EQ(codeOf([&] { library.card.add(values("new", "1")); }), ORVA_E_BUSY);
+    CHECK_EQ(modem.commands("AT+CPBW"), 0);
+    CHECK_EQ(library.rows(library.card), rows);
+    CHECK(library.card.add(values("new", "1")) > 0);
+}
+
 TEST(anotherCardBetweenTwoLooksIsNoticedBeforeAWrite)
 {
     const Place place;
