@@ -115,9 +115,12 @@ std::string readSecret()
 int unlock(bool lastTry)
 {
     const std::string tries = valueIn(reportOf(), "pin-tries");
-    if ((tries == "0" || tries == "1") && !lastTry) {
-        std::fprintf(stderr, "pbctl: %s tries are left; a wrong PIN locks the card. To try all the same: --last-try\n",
-                     tries.c_str());
+    // One that is not told may be the last.
+    if ((tries.empty() || tries == "0" || tries == "1") && !lastTry) {
+        const std::string left =
+            tries.empty() ? "the modem does not tell how many tries are left" : tries + " tries are left";
+        std::fprintf(stderr, "pbctl: %s; a wrong PIN may lock the card. To try all the same: --last-try\n",
+                     left.c_str());
         return failed;
     }
     check(ORVA_Modem_Unlock(units(toSdk(readSecret()))), "unlocking the card");

@@ -95,4 +95,11 @@ echo 1234 | "$pbctl" modem "$@" --unlock --last-try >/dev/null 2>&1 || fail "the
 run 0 list "$@" --memory card
 has "$out" "Anna"
 if grep -rq -e 1234 "$data/log"; then fail "the PIN is in the log"; fi
+stop
+
+# Where nobody tells, each may be the last.
+start --pin 1234 --quirk silent=AT+CPINR --quirk no_crsm
+echo 1234 | "$pbctl" modem "$@" --unlock >/dev/null 2>"$HOME/err" && fail "what may be the last try was spent"
+has "$(cat "$HOME/err")" "does not tell"
+echo 1234 | "$pbctl" modem "$@" --unlock --last-try >/dev/null 2>&1 || fail "the right PIN does not unlock there"
 finish
