@@ -952,6 +952,10 @@
         <translation>يتعذر فتح الرسائل، ولا يمكن حفظ رسائل جديدة. ربما كتبها إصدار أحدث.</translation>
     </message>
     <message>
+        <source>IDS_HOST_PROBLEM_MODEM</source>
+        <translation>تعذّر الوصول إلى جهات الاتصال على بطاقته وفيه: %1. في الطرفية يوضّح الأمر «pbctl modem» المزيد وما ينبغي فعله.</translation>
+    </message>
+    <message>
         <source>IDS_HOST_PROBLEM_NO_SPACE</source>
         <translation>القرص ممتلئ. جهات اتصالك محفوظة ويمكن قراءتها؛ ويمكن حفظ التغييرات من جديد حالما تتوفر مساحة.</translation>
     </message>

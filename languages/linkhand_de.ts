@@ -952,6 +952,10 @@
         <translation>Die Nachrichten lassen sich nicht öffnen, und neue können nicht aufbewahrt werden. Vielleicht hat eine neuere Version sie geschrieben.</translation>
     </message>
     <message>
+        <source>IDS_HOST_PROBLEM_MODEM</source>
+        <translation>Die Kontakte auf seiner Karte und in ihm sind nicht erreichbar: %1. In einem Terminal sagt „pbctl modem“ mehr, auch was zu tun ist.</translation>
+    </message>
+    <message>
         <source>IDS_HOST_PROBLEM_NO_SPACE</source>
         <translation>Die Festplatte ist voll. Ihre Kontakte sind sicher und lesbar; Änderungen lassen sich wieder speichern, sobald Platz ist.</translation>
     </message>

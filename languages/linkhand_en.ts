@@ -952,6 +952,10 @@
         <translation>The messages cannot be opened; no new one can be kept. A later release may have written them.</translation>
     </message>
     <message>
+        <source>IDS_HOST_PROBLEM_MODEM</source>
+        <translation>The contacts on its card and in it cannot be reached: %1. In a terminal, “pbctl modem” says more, and what to do.</translation>
+    </message>
+    <message>
         <source>IDS_HOST_PROBLEM_NO_SPACE</source>
         <translation>The disk is full. Your contacts are safe and can be read; changes can be stored again as soon as there is room.</translation>
     </message>

@@ -952,6 +952,10 @@
         <translation>无法打开信息，也无法保存新信息。它们可能由更新的版本写入。</translation>
     </message>
     <message>
+        <source>IDS_HOST_PROBLEM_MODEM</source>
+        <translation>无法访问其卡上和其中的联系人：%1。在终端中运行“pbctl modem”可了解详情和解决办法。</translation>
+    </message>
+    <message>
         <source>IDS_HOST_PROBLEM_NO_SPACE</source>
         <translation>磁盘已满。您的联系人是安全的，可以读取；有空间后即可再次保存更改。</translation>
     </message>

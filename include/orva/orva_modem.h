@@ -51,6 +51,10 @@ ORVA_API long ORVA_Modem_WaitReady(int memory, int timeout_ms);
  * name and number). ORVA_E_UNSUPPORTED while the hardware is simulated. */
 ORVA_API long ORVA_Modem_GetReport(unsigned short** report);
 
+/* Gives what is in the way of card and device alone, as that report has it, and without asking the modem: it never
+ * waits. Empty if nothing is. ORVA_E_UNSUPPORTED while the hardware is simulated. */
+ORVA_API long ORVA_Modem_GetProblem(unsigned short** problem);
+
 /* Gives the card its PIN, once; it is kept nowhere. ORVA_E_ARGUMENT for a wrong one, which uses up one of its tries
  * (see pin-tries), or for one that is no PIN, which does not. ORVA_E_UNSUPPORTED if none is asked for. */
 ORVA_API long ORVA_Modem_Unlock(const unsigned short* pin);

@@ -20,6 +20,7 @@
 #include "device/DeviceWatcher.h"
 #include "device/HardwareChoice.h"
 #include "device/ModemManagerModem.h"
+#include "device/ModemProblem.h"
 #include "device/SimulatedContacts.h"
 #include "device/SimulatedHardware.h"
 #include "device/SimulatedModem.h"
@@ -211,6 +212,8 @@ void HostApplication::build()
     m_pLink->Publish();
     m_pNotices.reset(new ModemNotices(*m_pModem, *m_pMessages, *m_pWindow));
     m_pFindings.reset(new FindingsNotice(m_services.Workers(), m_pWindow->Status()));
+    m_pModemProblem.reset(new ModemProblem(*m_pModem, *m_pWatcher));
+    connect(m_pModemProblem.data(), SIGNAL(changed()), this, SLOT(OnModemProblem()));
 }
 
 int HostApplication::Run()
@@ -237,6 +240,7 @@ int HostApplication::Run()
     connect(m_pLossWatcher.data(), SIGNAL(contactGone()), this, SLOT(OnContactGone()));
     m_pWatcher->Start();
     m_pModem->Start();
+    m_pModemProblem->Start();
     m_pLossWatcher->Start();
     m_pFindings->Start();
     loadPlugins();
@@ -335,9 +339,18 @@ void HostApplication::OnContactGone()
     m_pWindow->Status().ShowNotice(HostText::Get("IDS_HOST_CONTACT_GONE"));
 }
 
+void HostApplication::OnModemProblem()
+{
+    m_modem.clear();
+    if (!m_pModemProblem->Text().isEmpty()) {
+        m_modem.append(Problem(m_pModemProblem->Name(), "IDS_HOST_PROBLEM_MODEM", m_pModemProblem->Text()));
+    }
+    showProblems();
+}
+
 void HostApplication::showProblems()
 {
-    m_pWindow->Status().SetProblems(m_problems + m_access);
+    m_pWindow->Status().SetProblems(m_problems + m_access + m_modem);
 }
 
 void HostApplication::OnWelcomeDismissed()

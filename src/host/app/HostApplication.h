@@ -18,6 +18,7 @@ class LivePhonebook;
 class LossWatcher;
 class Modem;
 class ModemNotices;
+class ModemProblem;
 class Link;
 class MainWindow;
 class MessageStore;
@@ -56,6 +57,7 @@ private slots:
     void OnReadableAgain();
     void OnContactGone();
     void OnContactsChanged();
+    void OnModemProblem();
     void OnWelcomeDismissed();
 
 private:
@@ -74,6 +76,7 @@ private:
     Companion* m_pCompanion;
     ProblemList m_problems;
     ProblemList m_access; // those of the phonebook that will pass
+    ProblemList m_modem;  // and those of its modem
     Services m_services;
     HostSettings m_settings;
     LanguageCatalog m_languages;
@@ -88,6 +91,7 @@ private:
     QScopedPointer<MainWindow> m_pWindow;
     QScopedPointer<Link> m_pLink;
     QScopedPointer<ModemNotices> m_pNotices;
+    QScopedPointer<ModemProblem> m_pModemProblem;
     QScopedPointer<LivePhonebook> m_pLive;
     QScopedPointer<FindingsNotice> m_pFindings;
     int m_iExitCode;

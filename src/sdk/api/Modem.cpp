@@ -76,6 +76,15 @@ long ORVA_Modem_GetReport(unsigned short** report)
     });
 }
 
+long ORVA_Modem_GetProblem(unsigned short** problem)
+{
+    return guarded(__func__, [&] {
+        require(problem);
+        *problem = toApi(fromUtf8(realHardware().state().problem()));
+        return ORVA_OK;
+    });
+}
+
 long ORVA_Modem_Unlock(const unsigned short* pin)
 {
     return guarded(__func__, [&] {

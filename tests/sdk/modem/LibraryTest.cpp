@@ -111,6 +111,8 @@ TEST(withoutAChoiceTheHardwareIsSimulated)
     unsigned short* report = nullptr;
     CHECK_EQ(ORVA_Modem_GetReport(&report), ORVA_E_UNSUPPORTED);
     CHECK_EQ(ORVA_Modem_Unlock(units(u"1234")), ORVA_E_UNSUPPORTED);
+    unsigned short* problem = nullptr;
+    CHECK_EQ(ORVA_Modem_GetProblem(&problem), ORVA_E_UNSUPPORTED);
     CHECK_EQ(ORVA_Sim_SetCard(1), ORVA_OK);
     CHECK_EQ(setting.modem->commands(), 0);
 }
@@ -242,6 +244,11 @@ TEST(aPortThatIsNotThereIsNoDeviceAndSaysSo)
     CHECK_EQ(ORVA_Modem_GetReport(&report), ORVA_OK);
     const std::string text = narrow(report);
     CHECK(text.find("port=/dev/no-such-port\nproblem=") == 0);
+    unsigned short* problem = nullptr;
+    CHECK_EQ(ORVA_Modem_GetProblem(&problem), ORVA_OK);
+    const std::string why = narrow(problem);
+    CHECK(!why.empty() && text.find("problem=" + why + "\n") != std::string::npos);
+    CHECK(ORVA_Modem_GetProblem(nullptr) != ORVA_OK);
     ::setenv("LINKHAND_MODEM", "nonsense", 1);
     ORVA_Sim_Reset(setting.folder.c_str());
     CHECK_EQ(ORVA_Modem_WaitReady(ORVA_MEMORY_CARD, patience), ORVA_E_ABSENT);

@@ -1,0 +1,47 @@
+#ifndef LINKHAND_HOST_MODEMPROBLEM_H
+#define LINKHAND_HOST_MODEMPROBLEM_H
+
+#include <QObject>
+#include <QString>
+#include <QTimer>
+
+class DeviceWatcher;
+class Modem;
+
+// What keeps the contacts of a real modem away, such as one without a port to spare. Nobody sends word of it, so that
+// it is looked for, which waits for nothing; what passes at once is not told. With a choice of whatever modem there is,
+// none that is there is no problem.
+class ModemProblem : public QObject
+{
+    Q_OBJECT
+
+public:
+    // Both outlive the object.
+    ModemProblem(const Modem& modem, const DeviceWatcher& watcher, QObject* pParent = nullptr);
+
+    // Begins to look. Nothing is asked with simulated hardware.
+    void Start();
+
+    // In the SDK's words; empty if nothing is in the way.
+    QString Text() const { return m_strText; }
+
+    // Which modem it is, as far as known.
+    QString Name() const;
+
+signals:
+    void changed();
+
+private slots:
+    void OnLook();
+
+private:
+    QString read() const;
+
+    const Modem& m_modem;
+    const DeviceWatcher& m_watcher;
+    QTimer m_timer;
+    QString m_strText;
+    QString m_strSeen; // at the last look
+};
+
+#endif // LINKHAND_HOST_MODEMPROBLEM_H
