@@ -61,6 +61,26 @@ ORVA_API long ORVA_Care_SetKept(void* record, const char* lines, int octets);
  * in a new buffer of *octets octets and a zero, which the caller frees. Length 0 for nothing. */
 ORVA_API long ORVA_Care_GetKept(void* record, char** lines, int* octets);
 
+/* The same, property by property, for those who show and change it. Both work on the handle; what was changed is stored
+ * with ORVA_PBSrv_AddAddrRec or ORVA_PBSrv_UpdateAddrRec. One handle, one thread. */
+
+typedef struct ORVA_KEPT_PROPERTY {
+    unsigned short* head;  /* its name and parameters, as "ADR;TYPE=HOME"; the caller frees it */
+    unsigned short* value; /* its text without escapes; of ADR, ORG and N a line for each component, empty ones too; of
+                              octets, such as a photo's, BASE64 (RFC 4648). The caller frees it. */
+    int octets;            /* 1 for such octets, else 0 */
+} ORVA_KEPT_PROPERTY;
+
+/* Gives the property at an index, counted from 0 in their order; ORVA_E_END behind the last one. */
+ORVA_API long ORVA_Care_GetKeptProperty(void* record, int index, ORVA_KEPT_PROPERTY* property);
+
+/* Gives the property at an index another value, written as above; the empty text takes it away. With index -1 a new one
+ * called `name` comes behind the last; otherwise `name` is not looked at. ORVA_E_ARGUMENT for a name that is none of
+ * those a vCard has for what can be kept (or "X-" and letters, digits and hyphens), ORVA_E_NOT_FOUND for an index
+ * behind the last, ORVA_E_UNSUPPORTED for octets and for a record of another memory, ORVA_E_TOO_LONG beyond
+ * ORVA_KEPT_MAX. */
+ORVA_API long ORVA_Care_SetKeptProperty(void* record, int index, const char* name, const unsigned short* value);
+
 /* ---- What an import left ----------------------------------------------------------------------------------------
  * ORVA_PBSrv_ImportFromFile and ORVA_PBSrv_ImportFromOutlook remember what of their source does not come out of it as
  * it stands there, until the next of them is called in this process, whichever memory it is for. Failed ones do, too.

@@ -16,19 +16,6 @@ namespace pbctl
 namespace
 {
 
-// Properties of a vCard that can be kept beside the fields; a name that is none is more likely a slip of the finger.
-bool canBeKept(const std::string& name)
-{
-    static const char* const names[] = {
-        "ADR",  "ANNIVERSARY", "BDAY",     "CALURI", "EMAIL",   "GENDER", "GEO",   "IMPP", "KEY",   "LANG", "LOGO",
-        "NOTE", "ORG",         "NICKNAME", "PHOTO",  "RELATED", "ROLE",   "SOUND", "TEL",  "TITLE", "TZ",   "URL"};
-    const auto same = [&name](const char* known) { return strcasecmp(known, name.c_str()) == 0; };
-    const bool own =
-        name.size() > 2 && strncasecmp(name.c_str(), "X-", 2) == 0 &&
-        name.find_first_not_of("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-") == std::string::npos;
-    return own || std::any_of(std::begin(names), std::end(names), same);
-}
-
 // Puts one property in place of all of its name; an empty value only takes them away.
 void keep(Contact& contact, const std::string& name, const std::string& value)
 {
@@ -53,7 +40,8 @@ void change(Contact& contact, int memory, const std::vector<Field>& fields, cons
         return strcasecmp(candidate.key.c_str(), key.c_str()) == 0;
     });
     // A name in capitals is that of a property where both have one, as EMAIL beside email.
-    const bool property = memory == ORVA_MEMORY_LOCAL && canBeKept(key) && (field == fields.end() || field->key != key);
+    const bool property =
+        memory == ORVA_MEMORY_LOCAL && orva::isKeptName(key) && (field == fields.end() || field->key != key);
     if (equals == std::string::npos || (!property && field == fields.end())) {
         std::string keys;
         for (const Field& known : fields)

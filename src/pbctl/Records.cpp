@@ -16,17 +16,6 @@ constexpr std::size_t longestShown = 1000;
 
 } // namespace
 
-std::string headOf(const orva::CardProperty& property)
-{
-    std::string head = property.group().empty() ? property.name() : property.group() + "." + property.name();
-    for (const orva::CardParameter& parameter : property.parameters()) {
-        head += ";" + parameter.name;
-        for (std::size_t i = 0; i < parameter.values.size(); ++i)
-            head += (i > 0 ? "," : parameter.name.empty() ? "" : "=") + parameter.values[i];
-    }
-    return head;
-}
-
 RecordPrinter::RecordPrinter(const std::vector<Field>& fields, bool json) : m_fields(fields), m_json(json)
 {
     std::printf("%s", json ? "[" : "ID");
@@ -66,7 +55,7 @@ void printContact(const Contact& contact, const std::vector<Field>& fields, cons
         const std::string& value = property.value();
         const std::string text =
             value.size() > longestShown ? "(" + std::to_string(value.size()) + " octets)" : shown(value);
-        std::printf("%s\t%s\n", shown(headOf(property)).c_str(), text.c_str());
+        std::printf("%s\t%s\n", shown(orva::headOf(property)).c_str(), text.c_str());
     }
 }
 

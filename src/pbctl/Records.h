@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "Sdk.h"
-#include "vcard/Card.h"
 
 namespace pbctl
 {
@@ -23,9 +22,6 @@ private:
     const bool m_json;
     bool m_any = false;
 };
-
-// The head of a property of a vCard, as "ADR;TYPE=HOME".
-std::string headOf(const orva::CardProperty& property);
 
 // Prints all of a contact, a line each: its fields, its groups and what is kept with it.
 void printContact(const Contact& contact, const std::vector<Field>& fields, const std::vector<std::string>& groups);

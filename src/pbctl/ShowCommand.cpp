@@ -28,7 +28,7 @@ void printJson(const Contact& contact, const std::vector<Field>& fields, const s
     std::printf("], \"kept\": [");
     const char* between = "";
     for (const orva::CardProperty& property : orva::keptProperties(contact.kept)) {
-        std::printf("%s{\"property\": %s, \"value\": %s}", between, quoted(headOf(property)).c_str(),
+        std::printf("%s{\"property\": %s, \"value\": %s}", between, quoted(orva::headOf(property)).c_str(),
                     quoted(property.value()).c_str());
         between = ", ";
     }

@@ -1,5 +1,7 @@
 #include "vcard/KeptLines.h"
 
+#include <algorithm>
+#include <iterator>
 #include <string_view>
 
 #include "base/Unicode.h"
@@ -113,6 +115,29 @@ std::string linesOf(const std::vector<CardProperty>& properties)
     appendCard(card, out);
     const std::size_t begin = out.find('\n') + 1;
     return out.substr(begin, out.rfind("END:VCARD") - begin);
+}
+
+std::string headOf(const CardProperty& property)
+{
+    std::string head = property.group().empty() ? property.name() : property.group() + "." + property.name();
+    for (const CardParameter& parameter : property.parameters()) {
+        head += ";" + parameter.name;
+        for (std::size_t i = 0; i < parameter.values.size(); ++i)
+            head += (i > 0 ? "," : parameter.name.empty() ? "" : "=") + parameter.values[i];
+    }
+    return head;
+}
+
+bool isKeptName(const std::string& name)
+{
+    static const char* const names[] = {
+        "ADR",  "ANNIVERSARY", "BDAY",     "CALURI", "EMAIL",   "GENDER", "GEO",   "IMPP", "KEY",   "LANG", "LOGO",
+        "NOTE", "ORG",         "NICKNAME", "PHOTO",  "RELATED", "ROLE",   "SOUND", "TEL",  "TITLE", "TZ",   "URL"};
+    const bool own =
+        name.size() > 2 && sameCardName(name.substr(0, 2), "X-") &&
+        name.find_first_not_of("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-") == std::string::npos;
+    return own || std::any_of(std::begin(names), std::end(names),
+                              [&name](const char* known) { return sameCardName(known, name); });
 }
 
 } // namespace orva

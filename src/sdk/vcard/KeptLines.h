@@ -20,6 +20,13 @@ bool canKeep(const CardProperty& property, CardVersion version);
 // The properties of kept lines; each comes out again as it is, until it is changed.
 std::vector<CardProperty> keptProperties(const std::string& lines);
 
+// The head of a property, as "ADR;TYPE=HOME".
+std::string headOf(const CardProperty& property);
+
+// Whether a property of that name can be kept beside the fields; a name that is none is more likely a slip of the
+// finger.
+bool isKeptName(const std::string& name);
+
 // The lines of properties of version 3.0.
 std::string linesOf(const std::vector<CardProperty>& properties);
 
