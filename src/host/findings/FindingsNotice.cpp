@@ -1,7 +1,7 @@
 #include "findings/FindingsNotice.h"
 
 #include <QApplication>
-#include <QEvent>
+#include <QMetaObject>
 #include <QMutex>
 #include <QMutexLocker>
 
@@ -13,7 +13,6 @@
 namespace
 {
 
-const QEvent::Type FINDINGS_EVENT = static_cast<QEvent::Type>(QEvent::User + 1);
 const int LOOK_MS = 100;
 
 // The SDK's callback has no argument of ours, so that the object is found here. The lock keeps it alive meanwhile.
@@ -57,9 +56,9 @@ void FindingsNotice::Stop()
     s_pNotice = nullptr;
 }
 
-void FindingsNotice::customEvent(QEvent* pEvent)
+void FindingsNotice::OnFindings()
 {
-    if (!m_bStarted || pEvent->type() != FINDINGS_EVENT) {
+    if (!m_bStarted) {
         return;
     }
     m_findings = FindingList::Read();
@@ -93,7 +92,7 @@ int FindingsNotice::onSdkEvent(int iEvent, void*)
     }
     QMutexLocker locker(&s_mutex);
     if (s_pNotice != nullptr) {
-        QCoreApplication::postEvent(s_pNotice, new QEvent(FINDINGS_EVENT));
+        QMetaObject::invokeMethod(s_pNotice, "OnFindings", Qt::QueuedConnection);
     }
     return 1;
 }

@@ -27,10 +27,8 @@ public:
     // After it nothing is told.
     void Stop();
 
-protected:
-    void customEvent(QEvent* pEvent) override;
-
 private slots:
+    void OnFindings();
     void OnLook();
     void OnShow();
 
