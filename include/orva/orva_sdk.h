@@ -269,8 +269,9 @@ ORVA_API long ORVA_PBSrv_ImportFromFile(const unsigned short* path, int* map, in
 ORVA_API long ORVA_PBSrv_ImportFromOutlook(const unsigned short* name, int* map, int memory, void** set);
 
 /* Writes the records named, in their order, to a file: RFC 4180, UTF-8 with mark, field keys as titles in the first
- * row. An existing file is replaced only when the new one is complete, and kept beside it with ".~1~" behind its name,
- * or the next number that is free. Identifiers not there are passed over. ORVA_E_ARGUMENT for a name with "*". */
+ * row. Groups stand in a last column "Groups" if one of the records is in any. An existing file is kept with ".~1~"
+ * behind its name, or the next number that is free. Identifiers not there are passed over. ORVA_E_ARGUMENT for a name
+ * with "*". */
 ORVA_API long ORVA_PBSrv_ExportToFile(const unsigned short* path, int* ids, int count, int memory);
 
 /* ---- Callbacks ------------------------------------------------------------------------------------------------- */

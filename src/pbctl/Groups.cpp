@@ -172,18 +172,4 @@ std::string groupCalled(const std::string& text)
     return none ? std::string() : name;
 }
 
-std::string joinGroups(const std::vector<std::string>& paths)
-{
-    std::string column;
-    for (const std::string& path : paths) {
-        column += column.empty() ? "" : ";";
-        for (const char c : path) {
-            if (c == ';' || c == '\\')
-                column += '\\';
-            column += c;
-        }
-    }
-    return column;
-}
-
 } // namespace pbctl

@@ -57,9 +57,6 @@ std::vector<std::string> splitGroups(const std::string& column);
 // The group that one such name stands for, without the "* "; empty for none.
 std::string groupCalled(const std::string& text);
 
-// The column that splitGroups() takes apart.
-std::string joinGroups(const std::vector<std::string>& paths);
-
 } // namespace pbctl
 
 #endif // PBCTL_GROUPS_H

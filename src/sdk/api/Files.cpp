@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <cstring>
+#include <map>
+#include <memory>
 
 #include "api/Boundary.h"
 #include "api/Handles.h"
@@ -13,6 +15,7 @@
 #include "contactapps/CardFile.h"
 #include "contactapps/ContactApps.h"
 #include "csv/ContactRows.h"
+#include "csv/GroupColumn.h"
 #include "csv/LocalText.h"
 #include "csv/MadeUpColumns.h"
 #include "csv/RowReader.h"
@@ -21,6 +24,7 @@
 #include "memories/LocalMemory.h"
 #include "orva/orva_care.h"
 #include "orva/orva_store.h"
+#include "store/Store.h"
 
 using namespace orva;
 
@@ -101,12 +105,35 @@ long importRows(const char* function, const unsigned short* source, int* map, in
     });
 }
 
+// What stands in the column of groups, by the identifiers of those that are in one.
+std::map<int, std::vector<std::string>> groupsByRecord(Store& store)
+{
+    std::map<int, std::string> paths;
+    std::map<int, std::vector<std::string>> byRecord;
+    const std::shared_ptr<const std::vector<StoredGroup>> groups = store.groups();
+    // In the order of their identifiers, of which a parent's is the smaller one.
+    for (const StoredGroup& group : *groups) {
+        const auto parent = paths.find(group.parent);
+        const std::string& path = paths[group.id] =
+            (parent == paths.end() ? "" : parent->second + "/") + toUtf8(group.name);
+        for (const int member : store.members(group.id))
+            byRecord[member].push_back(path);
+    }
+    return byRecord;
+}
+
 void exportRecords(const std::string& file, const int* ids, std::size_t count, Memory& memory)
 {
     const std::shared_ptr<const Profile> profile = memory.profile();
     Writer writer(file);
+    std::map<int, std::vector<std::string>> groups;
+    if (&memory == &localMemory())
+        groups = groupsByRecord(localMemory().store());
+    const bool grouped = std::any_of(ids, ids + count, [&groups](int id) { return groups.count(id) != 0; });
     for (const Field& field : profile->fields())
         writer.column(std::string_view(field.key));
+    if (grouped)
+        writer.column(std::string_view("Groups"));
     writer.endRow();
     RowBlock rows;
     for (std::size_t done = 0; done < count; done += recordsRead) {
@@ -114,6 +141,8 @@ void exportRecords(const std::string& file, const int* ids, std::size_t count, M
         for (std::size_t row = 0; row < rows.rows(); ++row) {
             for (int field = 0; field < rows.fields(); ++field)
                 writer.column(rows.value(row, field));
+            if (grouped)
+                writer.column(std::string_view(joinedGroups(groups[rows.id(row)])));
             writer.endRow();
         }
     }

@@ -114,4 +114,33 @@ TEST(aSecondExportIsTheSameFile)
     CHECK(files::read(inHome("first.csv")) == files::read(inHome("second.csv")));
 }
 
+TEST(groupsStandInALastColumnWhereSomebodyIsInOne)
+{
+    const FreshStore store;
+    const auto group = [](const char* name, int parent) {
+        void* made = nullptr;
+        int id = 0;
+        CHECK_EQ(ORVA_PBSrv_CreateAddrGroup(ORVA_MEMORY_LOCAL, &made), ORVA_OK);
+        CHECK_EQ(ORVA_PBSrv_AddrGroup_SetName(made, api(utf16(name))), ORVA_OK);
+        CHECK_EQ(ORVA_PBSrv_AddrGroup_SetParentID(made, parent), ORVA_OK);
+        CHECK_EQ(ORVA_PBSrv_AddGroup(made, &id), ORVA_OK);
+        ORVA_PBSrv_AddrGroup_Release(made);
+        return id;
+    };
+    const int friends = group("Friends", 0);
+    const int choir = group("Choir", friends);
+    const int odd = group("A;B\\", 0);
+    const int ada = add(ORVA_MEMORY_LOCAL, {"Ada", "1"});
+    const int bo = add(ORVA_MEMORY_LOCAL, {"Bo", "2"});
+    for (const int id : {choir, odd})
+        CHECK_EQ(ORVA_PBSrv_AddAddrToGroup(id, ada, ORVA_MEMORY_LOCAL), ORVA_OK);
+    const std::string path = inHome("groups.csv");
+    REQUIRE(exportTo(path, {bo, ada}, ORVA_MEMORY_LOCAL) == ORVA_OK);
+    CHECK_EQ(files::read(path), "\xEF\xBB\xBFName,Mobile,officePhone,homePhone,email,remark,Groups\r\n"
+                                "Bo,2,,,,,\r\nAda,1,,,,,\"Friends/Choir;A\\;B\\\\\"\r\n");
+    CHECK_EQ(import(path, {0, 1, 2, 3, 4, 5}, ORVA_MEMORY_LOCAL).size(), 2U);
+    REQUIRE(exportTo(path, {bo}, ORVA_MEMORY_LOCAL) == ORVA_OK);
+    CHECK_EQ(files::read(path).find("Groups"), std::string::npos);
+}
+
 CHECK_MAIN
