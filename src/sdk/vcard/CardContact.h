@@ -9,6 +9,16 @@
 namespace orva
 {
 
+// Where in a card each field comes from: an index of its properties, -1 for nowhere.
+struct CardSources {
+    int name = -1;
+    int mobile = -1;
+    int office = -1;
+    int home = -1;
+    int email = -1;
+    int note = -1;
+};
+
 // What a card says of somebody, as far as our memories have fields for it. UTF-8.
 struct CardContact {
     std::string name;
@@ -24,6 +34,11 @@ struct CardContact {
 
     // Those properties, in the same order.
     std::vector<CardProperty> kept;
+
+    // Where in the card those stand.
+    std::vector<int> keptAt;
+
+    CardSources sources;
 
     // Whether no field has anything; groups do not count.
     bool empty() const;
