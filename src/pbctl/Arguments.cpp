@@ -35,6 +35,8 @@ constexpr option known[] = {
     {"unlock", no_argument, nullptr, longOption},
     {"last-try", no_argument, nullptr, longOption},
     {"format", required_argument, nullptr, longOption},
+    {"force", no_argument, nullptr, longOption},
+    {"wait", required_argument, nullptr, longOption},
     {nullptr, 0, nullptr, 0},
 };
 
