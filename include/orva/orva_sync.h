@@ -79,6 +79,14 @@ ORVA_API long ORVA_Sync_Result_GetCounts(void* result, ORVA_SYNC_COUNTS* counts)
 ORVA_API long ORVA_Sync_Result_GetEvent(void* result, int index, ORVA_SYNC_EVENT* event);
 ORVA_API long ORVA_Sync_Result_Release(void* result);
 
+/* Merges two files, each with one card of the same contact, into one card that both hold afterwards: what only one of
+ * them has changed since the card of the same UID in the folder `before` lives, and of two changes of the same property
+ * the one with the later REV. Without such a card, or with `before` null, everything of both lives that can. For
+ * clients that ask a program what to do with two changes. ORVA_E_NOT_FOUND for a file that is not there, ORVA_E_FORMAT
+ * for one that does not hold one card. */
+ORVA_API long ORVA_Sync_MergeCards(const unsigned short* file, const unsigned short* other,
+                                   const unsigned short* before);
+
 /* Keeps syncs out of memory 4 while somebody has contacts under his hands, such as a form whose end writes every field
  * as it was read. Any number of holds may be out, in any process; one ends with ORVA_Sync_Hold_Release, or with its
  * process. Waits for a sync under way for up to `wait` milliseconds, then gives ORVA_E_BUSY. */

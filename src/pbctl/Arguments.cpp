@@ -36,6 +36,8 @@ constexpr option known[] = {
     {"last-try", no_argument, nullptr, longOption},
     {"format", required_argument, nullptr, longOption},
     {"force", no_argument, nullptr, longOption},
+    {"merge", no_argument, nullptr, longOption},
+    {"before", required_argument, nullptr, longOption},
     {"wait", required_argument, nullptr, longOption},
     {nullptr, 0, nullptr, 0},
 };

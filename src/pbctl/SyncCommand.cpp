@@ -114,10 +114,24 @@ std::runtime_error failureOf(long code, const std::string& folder)
     return SdkError("synchronising with " + folder, code);
 }
 
+// Two cards of one contact become one, in both files.
+int mergeFiles(const Arguments& arguments)
+{
+    arguments.require(2, 2, {"merge", "before"});
+    const std::u16string before = toSdk(arguments.value("before"));
+    const std::vector<std::string>& words = arguments.words();
+    check(ORVA_Sync_MergeCards(units(toSdk(words[1])), units(toSdk(words[2])),
+                               arguments.has("before") ? units(before) : nullptr),
+          "merging two cards");
+    return done;
+}
+
 } // namespace
 
 int runSync(const Arguments& arguments)
 {
+    if (arguments.has("merge"))
+        return mergeFiles(arguments);
     arguments.require(1, 1, {"dry-run", "force", "wait", "json"});
     const std::string& folder = arguments.words()[1];
     const int wait = secondsIn(arguments.value("wait", "60"));

@@ -87,7 +87,7 @@ constexpr Command commands[] = {
     {"restore", runRestore, "[--memory M] FILE | --from NAME",
      "Puts a backup in place of a memory; what was there before goes into an automatic backup.\n"
      "  --from NAME       an automatic backup, as \"backups\" names it\n"},
-    {"sync", runSync, "[--dry-run] [--force] [--wait SECONDS] [--json] FOLDER",
+    {"sync", runSync, "[--dry-run] [--force] [--wait SECONDS] [--json] FOLDER | --merge [--before FOLDER] FILE FILE",
      "Makes the PC's phonebook and a folder of vCards the same, in both directions, a contact a file, as address book\n"
      "clients have it. Different fields of a contact may be changed on both sides; of two changes of the same field "
      "the\n"
@@ -95,7 +95,9 @@ constexpr Command commands[] = {
      "  --dry-run         only tells what would be done\n"
      "  --force           deletes however much is gone on one side, and takes a folder that is not the one it was\n"
      "  --wait SECONDS    for another sync or an open form, 60 without it\n"
-     "  --json            prints the result as an object\n"},
+     "  --json            prints the result as an object\n"
+     "  --merge           makes one card of two of the same contact, in both files, for clients that ask what to do\n"
+     "  --before FOLDER   with the cards of when both were the same\n"},
     {"modem", runModem, "[--use CHOICE | --unlock [--last-try]]",
      "Tells about the modem behind card and device, its storages, and what is in the way.\n"
      "  --use CHOICE      from now on: simulated, auto for the modem that is there, or the port of one, such as\n"

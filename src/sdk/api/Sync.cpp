@@ -21,6 +21,7 @@
 #include "care/NumberKey.h"
 #include "memories/LocalMemory.h"
 #include "orva/orva_store.h"
+#include "sync/CardFiles.h"
 #include "sync/Synchroniser.h"
 
 using namespace orva;
@@ -178,6 +179,17 @@ long ORVA_Sync_Result_Release(void* result)
 {
     return guarded(__func__, [&] {
         releaseHandle<ResultHandle>(result);
+        return ORVA_OK;
+    });
+}
+
+long ORVA_Sync_MergeCards(const unsigned short* file, const unsigned short* other, const unsigned short* before)
+{
+    return guarded(__func__, [&] {
+        require(file);
+        require(other);
+        const std::string folder = before == nullptr ? std::string() : toUtf8(fromApi(before));
+        mergeCardFiles(toUtf8(fromApi(file)), toUtf8(fromApi(other)), folder, chosenRegion(dataFolder()));
         return ORVA_OK;
     });
 }

@@ -342,6 +342,36 @@ TEST(aFullPhonebookLeavesTheRestInTheFolder)
     CHECK_EQ(synchronise(cards).counts.added_here, 1);
 }
 
+TEST(twoFilesOfOneContactBecomeOneCard)
+{
+    useFreshFolder();
+    const std::string cards = freshCards();
+    const std::string before = freshCards();
+    const std::string one = cards + "/one";
+    const std::string other = cards + "/other";
+    const auto merge = [&](const unsigned short* folder) {
+        return ORVA_Sync_MergeCards(api(wide(one)), api(wide(other)), folder);
+    };
+    const std::string text = cardText("a/b", "Anna", "TEL;TYPE=CELL:1\r\nEMAIL:a@b\r\nORG:Acme\r\nTITLE:Boss\r\n");
+    writeFile(before + "/whatever.vcf", text);
+    writeFile(one, replaced(replaced(text, "CELL:1", "CELL:2"), "TITLE:Boss\r\n", ""));
+    writeFile(other, replaced(replaced(text, "a@b", "c@d"), "Acme", "Other"));
+    CHECK_EQ(merge(api(wide(before))), ORVA_OK);
+    CHECK(holds(readFile(one), "TEL;TYPE=CELL:2\r\nEMAIL:c@d\r\nORG:Other\r\nREV:"));
+    CHECK_EQ(readFile(one), readFile(other));
+    // The later one of the same field; without what was before nothing goes that one of them has.
+    writeFile(one, replaced(text, "ORG:Acme", "URL:x\r\nREV:20300101T000000Z"));
+    writeFile(other, replaced(text, "CELL:1", "CELL:3\r\nREV:20200101T000000Z"));
+    CHECK_EQ(merge(nullptr), ORVA_OK);
+    CHECK(holds(readFile(other), "TEL;TYPE=CELL:1\r\n"));
+    CHECK(holds(readFile(other), "ORG:Acme\r\nTITLE:Boss\r\nURL:x\r\n"));
+    writeFile(one, "nothing");
+    CHECK_EQ(merge(nullptr), ORVA_E_FORMAT);
+    std::filesystem::remove(one);
+    CHECK_EQ(merge(nullptr), ORVA_E_NOT_FOUND);
+    CHECK_EQ(ORVA_Sync_MergeCards(nullptr, api(wide(one)), nullptr), ORVA_E_ARGUMENT);
+}
+
 TEST(whatIsKeptIsMergedPropertyByProperty)
 {
     useFreshFolder();
