@@ -13,13 +13,14 @@
 
 class Companion;
 class DeviceWatcher;
+class Link;
 class LivePhonebook;
 class LossWatcher;
-class Modem;
-class ModemNotices;
-class Link;
 class MainWindow;
 class MessageStore;
+class Modem;
+class ModemNotices;
+class PhonebookHold;
 class PluginContainer;
 class PluginLifecycle;
 class QTranslator;
@@ -86,6 +87,7 @@ private:
     QScopedPointer<Link> m_pLink;
     QScopedPointer<ModemNotices> m_pNotices;
     QScopedPointer<LivePhonebook> m_pLive;
+    QScopedPointer<PhonebookHold> m_pHold;
     int m_iExitCode;
     bool m_bClosing; // quit before or while the event loop runs
 };
