@@ -1,13 +1,16 @@
 // sync.
 
+#include <algorithm>
 #include <charconv>
 #include <cstdio>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
 #include "Commands.h"
 #include "Sdk.h"
 #include "Shown.h"
+#include "SyncServer.h"
 #include "orva/orva_sync.h"
 
 namespace pbctl
@@ -102,6 +105,26 @@ void printLines(const ORVA_SYNC_COUNTS& counts, const std::vector<Event>& events
                      counts.held_there);
 }
 
+struct Outcome {
+    long code = ORVA_OK;
+    ORVA_SYNC_COUNTS counts = {};
+    std::vector<Event> events;
+
+    bool complete() const { return events.empty() && counts.held_here == 0 && counts.held_there == 0; }
+};
+
+Outcome synchronise(const std::string& folder, int options, int wait)
+{
+    Outcome outcome;
+    Handle result(ORVA_Sync_Result_Release);
+    outcome.code = ORVA_Sync_Run(memory, units(toSdk(folder)), options, wait * 1000, result.out());
+    if (outcome.code != ORVA_OK)
+        return outcome;
+    check(ORVA_Sync_Result_GetCounts(result.get(), &outcome.counts), "reading what a sync did");
+    outcome.events = eventsOf(result.get());
+    return outcome;
+}
+
 // What a failure means for this command.
 std::runtime_error failureOf(long code, const std::string& folder)
 {
@@ -126,30 +149,101 @@ int mergeFiles(const Arguments& arguments)
     return done;
 }
 
+int setUp(const Arguments& arguments)
+{
+    arguments.require(0, 0, {"setup", "user", "password-command"});
+    const std::string url = arguments.value("setup");
+    const std::string user = arguments.value("user");
+    if (user.empty())
+        throw UsageError("--setup needs the name of the user on the server: --user NAME");
+    const std::string command = arguments.value("password-command");
+    SyncServer().setUp(url, user, command);
+    std::printf("Set up; \"pbctl sync --run\" synchronises with %s\n", shown(url).c_str());
+    if (command.empty())
+        std::printf("The password goes into the keyring with: %s\n",
+                    shown(SyncServer::keyringCommand(url, user)).c_str());
+    std::printf("Every 15 minutes from now on: systemctl --user enable --now linkhand-sync.timer\n");
+    return done;
+}
+
+// One half of a run; the sum of both in the counts.
+void addRun(const SyncServer& server, Outcome& sum, int wait)
+{
+    const Outcome half = synchronise(server.cards(), 0, wait);
+    sum.code = half.code;
+    if (half.code != ORVA_OK)
+        throw failureOf(half.code, server.cards());
+    sum.counts.added_here += half.counts.added_here;
+    sum.counts.changed_here += half.counts.changed_here;
+    sum.counts.deleted_here += half.counts.deleted_here;
+    sum.counts.added_there += half.counts.added_there;
+    sum.counts.changed_there += half.counts.changed_there;
+    sum.counts.deleted_there += half.counts.deleted_there;
+    sum.counts.held_here = half.counts.held_here;
+    sum.counts.held_there = half.counts.held_there;
+    for (const Event& event : half.events) {
+        const bool told = std::any_of(sum.events.begin(), sum.events.end(), [&event](const Event& other) {
+            return other.kind == event.kind && other.file == event.file && other.what == event.what;
+        });
+        if (!told)
+            sum.events.push_back(event);
+    }
+}
+
+int runWithServer(const Arguments& arguments)
+{
+    arguments.require(0, 0, {"run", "timer", "wait"});
+    const bool timer = arguments.has("timer");
+    const int wait = secondsIn(arguments.value("wait", "60"));
+    const SyncServer server;
+    if (!server.isSetUp() && !timer)
+        throw std::runtime_error("no server is set up: pbctl sync --setup URL --user NAME");
+    if (timer && (!server.isSetUp() || !server.isTime()))
+        return done;
+    Outcome sum;
+    try {
+        addRun(server, sum, wait);
+        const bool reached = server.exchange();
+        server.noteRun(reached);
+        if (!reached) {
+            std::printf("The server cannot be reached; what changed waits for the next run\n");
+            return done;
+        }
+        addRun(server, sum, wait);
+    } catch (const std::exception&) {
+        // Somebody edits a contact: the next turn comes soon.
+        if (timer && sum.code == ORVA_E_BUSY)
+            return done;
+        server.noteRun(false);
+        throw;
+    }
+    printLines(sum.counts, sum.events, false);
+    return sum.complete() ? done : partlyDone;
+}
+
 } // namespace
 
 int runSync(const Arguments& arguments)
 {
     if (arguments.has("merge"))
         return mergeFiles(arguments);
+    if (arguments.has("setup"))
+        return setUp(arguments);
+    if (arguments.has("run"))
+        return runWithServer(arguments);
     arguments.require(1, 1, {"dry-run", "force", "wait", "json"});
     const std::string& folder = arguments.words()[1];
-    const int wait = secondsIn(arguments.value("wait", "60"));
     const bool dry = arguments.has("dry-run");
-    Handle result(ORVA_Sync_Result_Release);
-    const long code = ORVA_Sync_Run(memory, units(toSdk(folder)),
-                                    (arguments.has("force") ? ORVA_SYNC_FORCE : 0) | (dry ? ORVA_SYNC_DRY_RUN : 0),
-                                    wait * 1000, result.out());
-    if (code != ORVA_OK)
-        throw failureOf(code, folder);
-    ORVA_SYNC_COUNTS counts = {};
-    check(ORVA_Sync_Result_GetCounts(result.get(), &counts), "reading what a sync did");
-    const std::vector<Event> events = eventsOf(result.get());
+    const Outcome outcome =
+        synchronise(folder, (arguments.has("force") ? ORVA_SYNC_FORCE : 0) | (dry ? ORVA_SYNC_DRY_RUN : 0),
+                    secondsIn(arguments.value("wait", "60")));
+    if (outcome.code != ORVA_OK)
+        throw failureOf(outcome.code, folder);
     if (arguments.has("json"))
-        printJson(counts, events);
+        printJson(outcome.counts, outcome.events);
     else
-        printLines(counts, events, dry);
-    return events.empty() && counts.held_here == 0 && counts.held_there == 0 ? done : partlyDone;
+        printLines(outcome.counts, outcome.events, dry);
+    return outcome.complete() ? done : partlyDone;
 }
 
 } // namespace pbctl

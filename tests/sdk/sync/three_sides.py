@@ -9,16 +9,15 @@ import glob
 import json
 import os
 import random
-import re
 import shutil
-import socket
 import subprocess
 import sys
 import time
-import urllib.error
-import urllib.request
 
 import vobject
+
+sys.dont_write_bytecode = True
+from server import Server
 
 PBCTL = sys.argv[1]
 HOME = os.environ["HOME"]
@@ -30,39 +29,6 @@ rnd = random.Random(SEED)
 
 def fail(text):
     sys.exit("seed %d: %s" % (SEED, text))
-
-
-class Server:
-    def __init__(self):
-        with socket.socket() as free:
-            free.bind(("127.0.0.1", 0))
-            port = free.getsockname()[1]
-        folder = HOME + "/server"
-        book = folder + "/collection-root/user/book"
-        os.makedirs(book)
-        with open(book + "/.Radicale.props", "w") as props:
-            json.dump({"tag": "VADDRESSBOOK"}, props)
-        with open(HOME + "/radicale.conf", "w") as config:
-            config.write("[server]\nhosts = 127.0.0.1:%d\n[auth]\ntype = none\n[storage]\nfilesystem_folder = %s\n"
-                         "[logging]\nlevel = error\n" % (port, folder))
-        self.url = "http://127.0.0.1:%d/user/book/" % port
-        self.process = subprocess.Popen(["/usr/bin/radicale", "-C", HOME + "/radicale.conf"],
-                                        stderr=open(HOME + "/radicale.log", "w"))
-        until = time.time() + 60
-        while True:
-            try:
-                urllib.request.urlopen(self.url, timeout=5)
-                return
-            except urllib.error.HTTPError:
-                return  # it answers
-            except OSError:
-                if time.time() > until or self.process.poll() is not None:
-                    fail("no server: " + open(HOME + "/radicale.log").read())
-                time.sleep(0.05)
-
-    def stop(self):
-        self.process.terminate()
-        self.process.wait()
 
 
 class Side:
@@ -307,7 +273,7 @@ def edit(sides, model, number):
 
 
 def main():
-    server = Server()
+    server = Server(HOME)
     try:
         sides = [Phonebook("one", server), Phonebook("other", server), Foreign("foreign", server)]
         for number in range(60):
