@@ -31,6 +31,6 @@ if(LINKHAND_QT EQUAL 5)
 elseif(LINKHAND_QT EQUAL 6)
   set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qt6-translations-l10n, modemmanager")
 endif()
-set(CPACK_DEBIAN_PACKAGE_SUGGESTS "fonts-noto-core, fonts-noto-cjk")
+set(CPACK_DEBIAN_PACKAGE_SUGGESTS "fonts-noto-core, fonts-noto-cjk, vdirsyncer, libsecret-tools")
 
 include(CPack)

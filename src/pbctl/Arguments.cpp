@@ -35,6 +35,15 @@ constexpr option known[] = {
     {"unlock", no_argument, nullptr, longOption},
     {"last-try", no_argument, nullptr, longOption},
     {"format", required_argument, nullptr, longOption},
+    {"force", no_argument, nullptr, longOption},
+    {"setup", required_argument, nullptr, longOption},
+    {"user", required_argument, nullptr, longOption},
+    {"password-command", required_argument, nullptr, longOption},
+    {"run", no_argument, nullptr, longOption},
+    {"timer", no_argument, nullptr, longOption},
+    {"merge", no_argument, nullptr, longOption},
+    {"before", required_argument, nullptr, longOption},
+    {"wait", required_argument, nullptr, longOption},
     {nullptr, 0, nullptr, 0},
 };
 

@@ -34,6 +34,7 @@ int runBackups(const Arguments& arguments);
 int runRestore(const Arguments& arguments);
 int runRegion(const Arguments& arguments);
 int runModem(const Arguments& arguments);
+int runSync(const Arguments& arguments);
 
 // Lets a modem read a card or device first. SdkError if that takes too long; what else is in the way tells the command.
 void awaitMemory(int memory);

@@ -11,7 +11,6 @@
 #include "Sdk.h"
 #include "Spool.h"
 #include "base/Failure.h"
-#include "csv/GroupColumn.h"
 #include "csv/Writer.h"
 
 namespace pbctl
@@ -37,7 +36,7 @@ void exportWithGroups(const std::string& file, std::vector<int> ids)
                 return;
             for (const std::u16string& value : values)
                 writer.column(value);
-            writer.column(std::string_view(orva::joinedGroups(groups[id])));
+            writer.column(std::string_view(joinGroups(groups[id])));
             writer.endRow();
         });
         writer.commit();

@@ -15,14 +15,6 @@ constexpr int memory = ORVA_MEMORY_LOCAL;
 constexpr long noGroups = -1; // of AddrGroupSet_MoveFirst
 constexpr std::size_t longestName = 1024;
 
-std::string trimmed(const std::string& text)
-{
-    const std::size_t begin = text.find_first_not_of(" \t\r\n");
-    if (begin == std::string::npos)
-        return {};
-    return text.substr(begin, text.find_last_not_of(" \t\r\n") - begin + 1);
-}
-
 Group readGroup(void* set)
 {
     Group group;
@@ -103,7 +95,7 @@ void requireGroupPath(const std::string& path)
 {
     for (std::size_t begin = 0;;) {
         const std::size_t end = std::min(path.find('/', begin), path.size());
-        if (trimmed(path.substr(begin, end - begin)).empty())
+        if (orva::trimmedName(path.substr(begin, end - begin)).empty())
             throw UsageError("\"" + path + "\" is no group: a level has no name");
         if (toSdk(path.substr(begin, end - begin)).size() > longestName)
             throw SdkError("making the group " + path, ORVA_E_TOO_LONG);
@@ -127,49 +119,6 @@ std::map<int, std::vector<std::string>> pathsByRecord()
         for (const int member : group.members)
             paths[member].push_back(group.path);
     return paths;
-}
-
-namespace
-{
-
-// The name in front of the next ";", which is taken off the column with it.
-std::string takeName(std::string& rest)
-{
-    std::string name;
-    std::size_t at = 0;
-    for (; at < rest.size() && rest[at] != ';'; ++at) {
-        const bool escape = rest[at] == '\\' && at + 1 < rest.size() && (rest[at + 1] == ';' || rest[at + 1] == '\\');
-        name += escape ? rest[++at] : rest[at];
-    }
-    rest.erase(0, at + 1);
-    return trimmed(name);
-}
-
-} // namespace
-
-std::vector<std::string> splitGroups(const std::string& column)
-{
-    std::vector<std::string> groups;
-    std::string rest = column;
-    for (std::size_t at = rest.find(" ::: "); at != std::string::npos; at = rest.find(" ::: "))
-        rest.replace(at, 5, ";");
-    while (!rest.empty()) {
-        const std::string name = groupCalled(takeName(rest));
-        if (!name.empty())
-            groups.push_back(name);
-    }
-    return groups;
-}
-
-std::string groupCalled(const std::string& text)
-{
-    std::string name = trimmed(text);
-    if (name.rfind("* ", 0) == 0)
-        name = trimmed(name.substr(2));
-    // "My contacts" holds everybody. No level may be without a name.
-    const bool none = name == "myContacts" || name.empty() || name.front() == '/' || name.back() == '/' ||
-                      name.find("//") != std::string::npos;
-    return none ? std::string() : name;
 }
 
 } // namespace pbctl

@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "vcard/GroupNames.h"
+
 namespace pbctl
 {
 
@@ -50,12 +52,9 @@ void join(Groups& groups, int record, const std::vector<std::string>& paths);
 // The paths of the groups that each contact is in.
 std::map<int, std::vector<std::string>> pathsByRecord();
 
-// Takes a column of group names apart: at ";" and " ::: ", without the "* " of built-in ones. In a name "\;" stands for
-// ";" and "\\" for "\".
-std::vector<std::string> splitGroups(const std::string& column);
-
-// The group that one such name stands for, without the "* "; empty for none.
-std::string groupCalled(const std::string& text);
+using orva::groupCalled;
+using orva::joinGroups;
+using orva::splitGroups;
 
 } // namespace pbctl
 

@@ -91,6 +91,25 @@ constexpr Command commands[] = {
      "Prints the country whose numbers are written without its code, by which numbers are told to be the same; or "
      "sets\n"
      "it for all programs: two letters such as DE, \"none\", or \"locale\" for that of the locale again.\n"},
+    {"sync", runSync,
+     "[--dry-run] [--force] [--wait SECONDS] [--json] FOLDER |\n"
+     "           --setup URL --user NAME [--password-command COMMAND] | --run [--timer] |\n"
+     "           --merge [--before FOLDER] FILE FILE",
+     "Makes the PC's phonebook and a folder of vCards the same, in both directions, a contact a file, as address book\n"
+     "clients have it. Different fields of a contact may be changed on both sides; of two changes of the same field "
+     "the\n"
+     "later one counts, and what the other said is in the bin. The folder is made if it is not there.\n"
+     "  --dry-run         only tells what would be done\n"
+     "  --force           deletes however much is gone on one side, and takes a folder that is not the one it was\n"
+     "  --wait SECONDS    for another sync or an open form, 60 without it\n"
+     "  --json            prints the result as an object\n"
+     "  --setup URL       of an address book on a server (CardDAV), https or on this computer, for --run\n"
+     "  --user NAME       on the server; the password is that of the keyring\n"
+     "  --password-command COMMAND  prints the password, instead of the keyring\n"
+     "  --run             synchronises with that server, by vdirsyncer\n"
+     "  --timer           only when it is time: less often after failures, and not without --setup\n"
+     "  --merge           makes one card of two of the same contact, in both files, for clients that ask what to do\n"
+     "  --before FOLDER   with the cards of when both were the same\n"},
     {"modem", runModem, "[--use CHOICE | --unlock [--last-try]]",
      "Tells about the modem behind card and device, its storages, and what is in the way.\n"
      "  --use CHOICE      from now on: simulated, auto for the modem that is there, or the port of one, such as\n"

@@ -35,6 +35,7 @@ dpkg-deb -x "$package" "$root"
 for file in bin/linkhand bin/pbctl share/applications/linkhand.desktop \
     share/metainfo/com.teskra.linkhand.metainfo.xml share/icons/hicolor/scalable/apps/linkhand.svg \
     share/icons/hicolor/48x48/apps/linkhand.png share/icons/hicolor/128x128/apps/linkhand.png \
+    lib/systemd/user/linkhand-sync.service lib/systemd/user/linkhand-sync.timer \
     share/man/man1/linkhand.1.gz share/man/man1/pbctl.1.gz share/doc/linkhand/copyright \
     share/doc/linkhand/changelog.gz; do
     [ -s "$root/usr/$file" ] || fail "the package has no $file"

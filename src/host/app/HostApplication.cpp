@@ -41,6 +41,7 @@
 #include "window/KeyboardWitness.h"
 #include "window/LivePhonebook.h"
 #include "window/MainWindow.h"
+#include "window/PhonebookHold.h"
 #include "window/StatusArea.h"
 #include "window/WelcomeNote.h"
 #include "window/WindowPlace.h"
@@ -432,6 +433,7 @@ void HostApplication::fillWindow()
     m_pWindow->Retranslate();
     showProblems();
     m_pWindow->Status().SetState(m_pWatcher->State());
+    m_pHold.reset(new PhonebookHold(m_services.Workers()));
     // Before the window reads: what others write from here on is news to it.
     m_pStoreWatch->Start();
     m_pWindow->ShowPage(QLatin1String(LINKHAND_ADDRBOOK_NAME));
@@ -475,5 +477,6 @@ void HostApplication::shutDown()
     m_pLossWatcher->Stop();
     m_pFindings->Stop();
     m_pStoreWatch->Stop();
+    m_pHold.reset();
     m_pLifecycle->ShutDown(SHUTDOWN_LIMIT_MS);
 }

@@ -14,14 +14,15 @@
 class Companion;
 class DeviceWatcher;
 class FindingsNotice;
+class Link;
 class LivePhonebook;
 class LossWatcher;
+class MainWindow;
+class MessageStore;
 class Modem;
 class ModemNotices;
 class ModemProblem;
-class Link;
-class MainWindow;
-class MessageStore;
+class PhonebookHold;
 class PluginContainer;
 class PluginLifecycle;
 class QTranslator;
@@ -94,6 +95,7 @@ private:
     QScopedPointer<ModemProblem> m_pModemProblem;
     QScopedPointer<LivePhonebook> m_pLive;
     QScopedPointer<FindingsNotice> m_pFindings;
+    QScopedPointer<PhonebookHold> m_pHold;
     int m_iExitCode;
     bool m_bClosing; // quit before or while the event loop runs
 };

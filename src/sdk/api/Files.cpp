@@ -15,7 +15,6 @@
 #include "contactapps/CardFile.h"
 #include "contactapps/ContactApps.h"
 #include "csv/ContactRows.h"
-#include "csv/GroupColumn.h"
 #include "csv/LocalText.h"
 #include "csv/MadeUpColumns.h"
 #include "csv/RowReader.h"
@@ -25,6 +24,7 @@
 #include "orva/orva_care.h"
 #include "orva/orva_store.h"
 #include "store/Store.h"
+#include "vcard/GroupNames.h"
 
 using namespace orva;
 
@@ -142,7 +142,7 @@ void exportRecords(const std::string& file, const int* ids, std::size_t count, M
             for (int field = 0; field < rows.fields(); ++field)
                 writer.column(rows.value(row, field));
             if (grouped)
-                writer.column(std::string_view(joinedGroups(groups[rows.id(row)])));
+                writer.column(std::string_view(joinGroups(groups[rows.id(row)])));
             writer.endRow();
         }
     }

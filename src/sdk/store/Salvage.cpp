@@ -4,6 +4,8 @@
 #include <climits>
 #include <functional>
 
+#include "store/SyncTables.h"
+
 namespace orva
 {
 
@@ -143,6 +145,13 @@ void salvageBinGroups(Database& source, Database& target)
                });
 }
 
+void salvageSync(Database& source, Database& target)
+{
+    const SyncCopy copy(target);
+    readAround(source, SyncCopy::selectLinks, [&](Query& rows, int) { copy.takeLink(rows); });
+    readAround(source, SyncCopy::selectFolders, [&](Query& rows, int) { copy.takeFolder(rows); });
+}
+
 // What cannot be read of one table must not keep the others from being read.
 void tryPart(const std::function<void()>& part)
 {
@@ -168,6 +177,7 @@ Salvaged salvage(const std::string& damagedPath, Database& target, const Columns
         tryPart([&] { salvageKept(source, target); });
         tryPart([&] { salvageBin(source, target, columns); });
         tryPart([&] { salvageBinGroups(source, target); });
+        tryPart([&] { salvageSync(source, target); });
         tryPart([&] {
             // Identifiers that were given out stay given out, also those of records that are lost.
             const int record = source.queryInt("SELECT value FROM counters WHERE name = 'record'");

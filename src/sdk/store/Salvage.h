@@ -16,8 +16,8 @@ struct Salvaged {
 };
 
 // Copies what can still be read of a damaged store into a new, empty one, in one transaction: records and groups with
-// their identifiers, memberships whose record and group both came through, what is kept with records, the bin. The
-// damaged file is only read.
+// their identifiers, memberships whose record and group both came through, what is kept with records, the bin, the
+// state of the last sync. The damaged file is only read.
 Salvaged salvage(const std::string& damagedPath, Database& target, const Columns& columns);
 
 } // namespace orva

@@ -7,6 +7,7 @@
 
 #include "base/Files.h"
 #include "store/Bin.h"
+#include "store/SyncTables.h"
 
 namespace orva
 {
@@ -39,7 +40,7 @@ void useWriteAheadLog(Database& db)
 
 const std::vector<MigrationStep>& migrationSteps()
 {
-    static const std::vector<MigrationStep> steps = {createBin, createKept};
+    static const std::vector<MigrationStep> steps = {createBin, createKept, createSync};
     return steps;
 }
 
@@ -116,6 +117,7 @@ void createSchema(Database& db, const Columns& columns, int version)
             db.execute("INSERT INTO counters VALUES ('record', 0), ('group', 0)");
             createBin(db);
             createKept(db);
+            createSync(db);
             setPragma(db, "application_id", storeApplicationId);
             setPragma(db, "user_version", version);
         }

@@ -22,6 +22,7 @@
 #include "store/Database.h"
 #include "store/ReadOnly.h"
 #include "store/Schema.h"
+#include "store/SyncLink.h"
 
 namespace orva
 {
@@ -121,6 +122,24 @@ public:
     // Removes an entry, or all of them for 0, for good.
     void emptyBin(int entry);
 
+    // The identifier of the folder that the last sync found at a path; empty for none.
+    std::string syncFolderAt(const std::string& path);
+    void rememberSyncFolder(const std::string& folder, const std::string& path);
+
+    // What is known of a folder's contacts, in the order of their records, and the card of one; and the records that
+    // nothing is known of, with the UID that they have in another folder.
+    std::vector<SyncLink> syncLinks(const std::string& folder);
+    std::string syncCard(const std::string& folder, int record);
+    std::vector<SyncLink> recordsWithoutLink(const std::string& folder);
+
+    // All of a record at one moment; nothing if it is not there. And when it was last written: seconds since 1970, 0 if
+    // the bin does not tell.
+    std::optional<SyncContent> syncContent(int record);
+    long long changedAt(int record);
+
+    // Takes the steps, all of them or with a Failure none; each tells what became of it.
+    void applySync(const std::string& folder, std::vector<SyncStep>& steps, int capacity);
+
     void begin();
     void end();
 
@@ -213,6 +232,10 @@ private:
     void writeKept(int id, const std::string& kept);
     int insertGroup(std::u16string_view name, int parent);
     int groupFromBin(int group);
+    SyncContent readSyncContent(int record);
+    void keepInBin(int record, const Content& content);
+    void applySyncStep(const std::string& folder, SyncStep& step, int capacity,
+                       const std::function<void(int record, const std::vector<std::string>& groups)>& setGroups);
     template <typename Body>
     auto wholly(Body&& body) -> decltype(body());
 

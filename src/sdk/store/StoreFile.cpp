@@ -12,6 +12,7 @@
 #include "orva/orva_store.h"
 #include "store/Salvage.h"
 #include "store/Store.h"
+#include "store/SyncTables.h"
 
 namespace orva
 {
@@ -80,6 +81,7 @@ void Store::prepareOpened(Use use)
         m_db->prepared("SELECT record, reason, time, grps, kept FROM bin WHERE id = (SELECT max(id) FROM bin)");
         m_db->prepared("SELECT lines FROM kept WHERE record = (SELECT max(record) FROM kept)");
         m_db->prepared("SELECT parent, name, time FROM bin_groups WHERE id = 1");
+        requireSyncTables(*m_db);
         reloadCounters();
     } catch (const SqlFailure& failure) {
         if ((failure.sqlCode() & 0xff) == SQLITE_ERROR)
@@ -92,8 +94,10 @@ void Store::prepareOpened(Use use)
             throw SqlFailure(SQLITE_CORRUPT, "the integrity check failed: " + problems.front());
         m_suspect = false;
     }
-    if (m_bin == Bin::Filled && use == Use::Writing)
+    if (m_bin == Bin::Filled && use == Use::Writing) {
         fillBin(*m_db, m_columns);
+        watchForSync(*m_db, m_columns);
+    }
     m_db->learnEncoding();
     m_inode = inodeOf(m_path);
     forgetContent();
@@ -278,6 +282,7 @@ void Store::restore(const std::string& path)
     reloadCounters();
     startWriting(lock);
     m_countersChanged = true;
+    dropSyncBase(*m_db);
     commit();
     m_backups.rotate(m_db->queryInt("SELECT count(*) FROM records"), {aside, path});
 }

@@ -29,6 +29,11 @@ std::string joined(const std::vector<std::string>& values)
     return out;
 }
 
+int indexIn(const Card& card, const CardProperty& property)
+{
+    return static_cast<int>(&property - card.properties.data());
+}
+
 // "Family;Given;Additional;..." as it is said.
 std::string spokenName(const CardProperty& property, CardVersion version)
 {
@@ -40,26 +45,36 @@ std::string spokenName(const CardProperty& property, CardVersion version)
     return out + family;
 }
 
+// A field, and where it comes from.
+struct Place {
+    std::string* text = nullptr;
+    int* source = nullptr;
+};
+
 // False if there is no place for it.
-bool addNumber(const CardProperty& property, CardVersion version, CardContact& contact)
+bool addNumber(const Card& card, const CardProperty& property, CardContact& contact)
 {
-    std::string number = cardText(property, version);
+    std::string number = cardText(property, card.version);
     if (sameCardName(std::string_view(number).substr(0, 4), "TEL:"))
         number.erase(0, 4);
     if (number.empty())
         return true;
     if (property.hasType("FAX") || property.hasType("PAGER"))
         return false;
-    std::string* place = property.hasType("CELL")   ? &contact.mobile
-                         : property.hasType("WORK") ? &contact.office
-                         : property.hasType("HOME") ? &contact.home
-                                                    : nullptr;
-    for (std::string* next : {place, &contact.mobile, &contact.home, &contact.office}) {
-        if (next != nullptr && next->empty()) {
-            *next = number;
+    const Place mobile = {&contact.mobile, &contact.sources.mobile};
+    const Place office = {&contact.office, &contact.sources.office};
+    const Place home = {&contact.home, &contact.sources.home};
+    const Place place = property.hasType("CELL")   ? mobile
+                        : property.hasType("WORK") ? office
+                        : property.hasType("HOME") ? home
+                                                   : Place();
+    for (const Place& next : {place, mobile, home, office}) {
+        if (next.text != nullptr && next.text->empty()) {
+            *next.text = number;
+            *next.source = indexIn(card, property);
             return true;
         }
-        if (next != nullptr && next == place)
+        if (next.text != nullptr && next.text == place.text)
             return false; // a second one of its kind
     }
     return false;
@@ -74,32 +89,40 @@ bool saysNoMore(const CardProperty& property)
     return !property.readable() || property.value().find_first_not_of(" ;") == std::string::npos;
 }
 
-void leave(const CardProperty& property, CardContact& contact)
+void leave(const Card& card, const CardProperty& property, CardContact& contact)
 {
     std::string name = property.name();
     for (char& c : name)
         c = static_cast<char>(c >= 'a' && c <= 'z' ? c - 0x20 : c);
     contact.left.push_back(std::move(name));
     contact.kept.push_back(property);
+    contact.keptAt.push_back(indexIn(card, property));
 }
 
 // False for one that another of its name came before, and for a name that has no field. `email` is the address taken.
-bool addText(const CardProperty& property, CardVersion version, CardContact& contact, const CardProperty*& email)
+bool addText(const Card& card, const CardProperty& property, CardContact& contact, const CardProperty*& email)
 {
-    std::string* place = property.is("FN") ? &contact.name : property.is("NOTE") ? &contact.note : nullptr;
-    if (property.is("EMAIL"))
-        place = &contact.email;
-    if (place == nullptr)
+    Place place;
+    if (property.is("FN"))
+        place = {&contact.name, &contact.sources.name};
+    else if (property.is("NOTE"))
+        place = {&contact.note, &contact.sources.note};
+    else if (property.is("EMAIL"))
+        place = {&contact.email, &contact.sources.email};
+    else
         return false;
-    std::string text = cardText(property, version);
-    if (!place->empty() && *place != text) {
+    std::string text = cardText(property, card.version);
+    if (!place.text->empty() && *place.text == text)
+        return true;
+    if (!place.text->empty()) {
         if (!property.is("EMAIL") || !isPreferred(property))
             return false;
-        leave(*email, contact); // the one that was there
+        leave(card, *email, contact); // the one that was there
     }
     if (property.is("EMAIL"))
         email = &property;
-    *place = std::move(text);
+    *place.text = std::move(text);
+    *place.source = indexIn(card, property);
     return true;
 }
 
@@ -125,12 +148,14 @@ CardContact contactOf(const Card& card)
 {
     CardContact contact;
     std::string structuredName;
+    int structured = -1;
     const CardProperty* company = nullptr;
     const CardProperty* email = nullptr;
     std::vector<const CardProperty*> numbers; // those of a kind go first
     for (const CardProperty& property : card.properties) {
         if (property.is("N") && structuredName.empty()) {
             structuredName = spokenName(property, card.version);
+            structured = indexIn(card, property);
         } else if (property.is("ORG") && company == nullptr) {
             company = &property;
         } else if (property.is("TEL")) {
@@ -139,8 +164,8 @@ CardContact contactOf(const Card& card)
             for (std::string& group : cardList(property, card.version))
                 if (!group.empty())
                     contact.groups.push_back(std::move(group));
-        } else if (!saysNoMore(property) && !addText(property, card.version, contact, email)) {
-            leave(property, contact);
+        } else if (!saysNoMore(property) && !addText(card, property, contact, email)) {
+            leave(card, property, contact);
         }
     }
     const auto ofKind = [](const CardProperty* p) {
@@ -148,18 +173,24 @@ CardContact contactOf(const Card& card)
     };
     std::stable_partition(numbers.begin(), numbers.end(), ofKind);
     for (const CardProperty* number : numbers)
-        if (!addNumber(*number, card.version, contact))
-            leave(*number, contact);
+        if (!addNumber(card, *number, contact))
+            leave(card, *number, contact);
     const std::string companyName =
         company == nullptr ? std::string() : joined(cardComponents(*company, card.version).front());
-    if (contact.name.empty())
+    if (contact.name.empty() && !structuredName.empty()) {
         contact.name = structuredName;
-    if (contact.name.empty())
+        contact.sources.name = structured;
+    }
+    if (contact.name.empty() && !companyName.empty()) {
         contact.name = companyName;
-    else if (company != nullptr && !saysNoMore(*company))
-        leave(*company, contact);
-    if (contact.name.empty())
+        contact.sources.name = indexIn(card, *company);
+    } else if (company != nullptr && !saysNoMore(*company)) {
+        leave(card, *company, contact);
+    }
+    if (contact.name.empty()) {
         contact.name = contact.email;
+        contact.sources.name = contact.sources.email;
+    }
     return contact;
 }
 

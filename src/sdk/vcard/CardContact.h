@@ -10,12 +10,27 @@
 namespace orva
 {
 
+// Where in a card each field comes from: an index of its properties, -1 for nowhere.
+struct CardSources {
+    int name = -1;
+    int mobile = -1;
+    int office = -1;
+    int home = -1;
+    int email = -1;
+    int note = -1;
+};
+
 // What a card says of somebody. UTF-8.
 struct CardContact : ContactFields {
     std::vector<std::string> groups;
 
     // The properties named in `left`, in the same order.
     std::vector<CardProperty> kept;
+
+    // Where in the card those stand.
+    std::vector<int> keptAt;
+
+    CardSources sources;
 };
 
 // Takes the fields out of a card: the name from FN, else N, ORG or the e-mail address; numbers by the types of TEL

@@ -257,6 +257,8 @@ TEST(aStoreOfAnEarlierReleaseGetsABinAfterABackup)
         CHECK_EQ(raw.ask("DROP TABLE bin"), "");
         CHECK_EQ(raw.ask("DROP TABLE bin_groups"), "");
         CHECK_EQ(raw.ask("DROP TABLE kept"), "");
+        CHECK_EQ(raw.ask("DROP TABLE sync_links"), "");
+        CHECK_EQ(raw.ask("DROP TABLE sync_folders"), "");
         CHECK_EQ(raw.ask("PRAGMA user_version = 1"), "");
     }
     CHECK_EQ(ORVA_Sim_Reset(data.c_str()), ORVA_OK);

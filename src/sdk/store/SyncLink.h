@@ -1,0 +1,63 @@
+#ifndef SDK_STORE_SYNCLINK_H
+#define SDK_STORE_SYNCLINK_H
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "base/Values.h"
+
+namespace orva
+{
+
+// What stands for one person on both sides, as the last sync left it. Texts are UTF-8 or octets.
+struct SyncLink {
+    int record = 0;
+    std::string uid;
+    std::string file;      // its name in the folder
+    std::string look;      // of the file then; empty for one whose content has to be looked at
+    std::string remote;    // the digest of the file's octets
+    std::string local;     // the digest of the record
+    std::string groups;    // the paths of those it was in, one a line; a tab before those that a card of a group holds
+    long long changed = 0; // when the record was written last, as far as is known beside the bin; seconds since 1970
+    bool hasCard = false;  // else nothing is known but who is who
+    bool touched = false;  // the record may have changed since
+    bool doubtful = false; // the store was damaged since
+    bool gone = false;     // the record is not there any more
+};
+
+// All of one record.
+struct SyncContent {
+    Content content;
+    std::vector<std::string> groups; // paths, sorted, each once
+};
+
+std::string digestOf(const SyncContent& content);
+std::string joinedGroups(const std::vector<std::string>& groups);
+std::vector<std::string> splitGroupLines(const std::string& lines);
+
+// One person's part of a sync as the store takes it.
+struct SyncStep {
+    enum class Kind {
+        Reserve, // writes the link of a record that is there, without a card
+        Keep,    // puts what the other side said, and has to give up, into the bin
+        Settle,  // writes the link with its card, and before that the record where there is content for it
+        Erase,   // removes the record and the link
+        Forget,  // removes the link
+        Look,    // writes only how the file looks, and with an expected digest that the record is as it was
+    };
+    Kind kind = Kind::Settle;
+    SyncLink link;        // a record of 0 is added
+    int was = 0;          // the record that the link had, if another
+    std::string expected; // the record's digest as it was read; a step on a record that has changed since is left out
+    std::string card;
+    std::optional<SyncContent> content;
+
+    // What became of it.
+    bool done = false;
+    long failure = 0; // ORVA_E_FULL
+};
+
+} // namespace orva
+
+#endif // SDK_STORE_SYNCLINK_H

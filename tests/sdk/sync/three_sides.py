@@ -1,0 +1,297 @@
+#!/usr/bin/python3
+"""Usage: three_sides.py PBCTL. Two phonebooks, a server's address book and a foreign client of it.
+
+Random edits on all of them; at each quiet point all hold the same, and what one side alone has changed is what it wrote.
+A server (radicale) on loopback, vdirsyncer between it and each folder, vobject as the foreign client. LINKHAND_SEED and
+LINKHAND_EDITS choose; LINKHAND_FULL=1 makes 5,000 edits."""
+
+import glob
+import json
+import os
+import random
+import shutil
+import subprocess
+import sys
+import time
+
+import vobject
+
+sys.dont_write_bytecode = True
+from server import Server
+
+PBCTL = sys.argv[1]
+HOME = os.environ["HOME"]
+SEED = int(os.environ.get("LINKHAND_SEED", "1"))
+EDITS = int(os.environ.get("LINKHAND_EDITS", "5000" if os.environ.get("LINKHAND_FULL") else "200"))
+BETWEEN = 20  # edits between two quiet points
+rnd = random.Random(SEED)
+
+
+def fail(text):
+    sys.exit("seed %d: %s" % (SEED, text))
+
+
+class Side:
+    """A folder of cards that vdirsyncer keeps the same as the server's address book."""
+
+    def __init__(self, name, server):
+        self.name = name
+        self.folder = HOME + "/" + name
+        self.cards = self.folder + "/cards"
+        self.before = self.folder + "/before"
+        os.makedirs(self.cards)
+        os.makedirs(self.before)
+        self.config = self.folder + "/config"
+        command = json.dumps(["command", PBCTL, "sync", "--merge", "--before", self.before])
+        with open(self.config, "w") as config:
+            config.write('[general]\nstatus_path = "%s/status"\n'
+                         '[pair book]\na = "here"\nb = "there"\ncollections = null\nconflict_resolution = %s\n'
+                         '[storage here]\ntype = "filesystem"\npath = "%s"\nfileext = ".vcf"\n'
+                         '[storage there]\ntype = "carddav"\nurl = "%s"\nusername = "user"\npassword = "x"\n'
+                         % (self.folder, command, self.cards, server.url))
+        self.vdirsyncer("discover")
+
+    def vdirsyncer(self, command):
+        done = subprocess.run(["/usr/bin/vdirsyncer", "-v", "ERROR", "-c", self.config, command],
+                              stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
+        if done.returncode != 0:
+            fail("%s: vdirsyncer %s: %s" % (self.name, command, done.stdout))
+
+    def local(self):
+        pass
+
+    def sync(self):
+        self.local()
+        self.vdirsyncer("sync")
+        # What both have in common now.
+        shutil.rmtree(self.before)
+        shutil.copytree(self.cards, self.before)
+        self.local()
+
+
+class Phonebook(Side):
+    def pbctl(self, *arguments, ok=(0,)):
+        done = subprocess.run([PBCTL, "--data-dir", self.folder + "/data", *arguments], stdout=subprocess.PIPE,
+                              stderr=subprocess.PIPE, text=True)
+        if done.returncode not in ok:
+            fail("%s: pbctl %s: %d %s" % (self.name, " ".join(arguments), done.returncode, done.stderr))
+        return done.stdout
+
+    def local(self):
+        result = json.loads(self.pbctl("sync", "--json", self.cards, ok=(0, 3)))
+        for event in result["events"]:
+            if event["kind"] != "conflict":
+                fail("%s: %s" % (self.name, event))
+        if result["here"]["held"] or result["there"]["held"]:
+            fail("%s: held: %s" % (self.name, result))
+        return result
+
+    def contacts(self):
+        found = {}
+        for one in json.loads(self.pbctl("list", "--json")):
+            shown = json.loads(self.pbctl("show", "--json", str(one["id"])))[0]
+            kept = {entry["property"].split(";")[0]: entry["value"] for entry in shown["kept"]}
+            if one["Name"] in found:
+                fail("%s: %s is there twice" % (self.name, one["Name"]))
+            found[one["Name"]] = {"mobile": one["Mobile"], "home": one["homePhone"], "email": one["email"],
+                                  "note": one["remark"], "org": kept.get("ORG", ""),
+                                  "groups": sorted(shown["groups"])}
+        return found
+
+    def names(self):
+        return {one["Name"]: one["id"] for one in json.loads(self.pbctl("list", "--json"))}
+
+    def add(self, name, fields, group):
+        words = ["Name=" + name, "Mobile=" + fields["mobile"], "email=" + fields["email"]]
+        self.pbctl("add", "--group", group, *words)
+
+    FIELDS = {"mobile": "Mobile", "home": "homePhone", "email": "email", "note": "remark", "org": "ORG"}
+
+    def change(self, name, field, value):
+        self.pbctl("edit", str(self.names()[name]), "%s=%s" % (self.FIELDS[field], value))
+
+    def delete(self, name):
+        self.pbctl("delete", str(self.names()[name]))
+
+
+class Foreign(Side):
+    def read(self):
+        found = {}
+        for path in glob.glob(self.cards + "/*.vcf"):
+            with open(path, newline="") as file:
+                card = vobject.readOne(file.read())
+            if card.fn.value in found:
+                fail("%s is there twice on the server" % card.fn.value)
+            found[card.fn.value] = (path, card)
+        return found
+
+    @staticmethod
+    def first(card, name, kind=None):
+        for one in card.contents.get(name, []):
+            types = [t.upper() for t in one.params.get("TYPE", [])]
+            if kind is None or kind in types:
+                return one
+        return None
+
+    def contacts(self):
+        found = {}
+        for name, (_, card) in self.read().items():
+            def text(what, kind=None):
+                one = self.first(card, what, kind)
+                return "" if one is None else one.value[0] if what == "org" else one.value
+            groups = [name for one in card.contents.get("categories", []) for name in one.value]
+            found[name] = {"mobile": text("tel", "CELL"), "home": text("tel", "HOME"), "email": text("email"),
+                           "note": text("note"), "org": text("org"), "groups": sorted(groups)}
+        return found
+
+    def names(self):
+        return self.read()
+
+    def write(self, path, card):
+        for one in list(card.contents.get("rev", [])):
+            card.remove(one)
+        card.add("rev").value = time.strftime("%Y%m%dT%H%M%SZ", time.gmtime())
+        with open(path + ".tmp", "w", newline="") as file:
+            file.write(card.serialize())
+        os.rename(path + ".tmp", path)
+
+    def add(self, name, fields, group):
+        card = vobject.vCard()
+        card.add("uid").value = "foreign-" + name.replace(" ", "-")
+        card.add("fn").value = name
+        card.add("n").value = vobject.vcard.Name(family=name)
+        tel = card.add("tel")
+        tel.value = fields["mobile"]
+        tel.type_param = "CELL"
+        card.add("email").value = fields["email"]
+        card.add("categories").value = [group]
+        card.add("x-foreign").value = "of " + name
+        self.write(self.cards + "/foreign-" + name.replace(" ", "-") + ".vcf", card)
+
+    def change(self, name, field, value):
+        path, card = self.read()[name]
+        what, kind = {"mobile": ("tel", "CELL"), "home": ("tel", "HOME")}.get(field, (field, None))
+        one = self.first(card, what, kind)
+        if one is None:
+            one = card.add(what)
+            if kind:
+                one.type_param = kind
+        one.value = [value] if field == "org" else value
+        self.write(path, card)
+
+    def delete(self, name):
+        os.remove(self.read()[name][0])
+
+
+class Model:
+    """What must be true at the next quiet point."""
+
+    def __init__(self, state):
+        self.state = state
+        self.edits = {}  # name -> side -> field -> value
+        self.added = {}
+        self.deleted = {}  # name -> sides
+        self.met = False  # somebody has synchronised in between, and may have deleted what another had changed before
+
+    def note(self, side, name, field, value):
+        self.edits.setdefault(name, {}).setdefault(side, {})[field] = value
+
+    def delete(self, side, name):
+        self.edits.get(name, {}).pop(side, None)
+        self.deleted.setdefault(name, set()).add(side)
+
+    def check(self, found):
+        for name in set(self.state) | set(self.added):
+            edits = {side: fields for side, fields in self.edits.get(name, {}).items() if fields}
+            if name in self.deleted:
+                if not edits and name in found:
+                    fail("%s was deleted and is there" % name)
+                if edits and name not in found and not self.met:
+                    fail("%s was changed and is gone" % name)
+                continue
+            if name not in found:
+                fail("%s is gone" % name)
+            was = dict(self.state.get(name) or self.added[name])
+            for field in was:
+                if field == "groups":
+                    continue
+                values = {fields[field] for fields in edits.values() if field in fields} or {was[field]}
+                if found[name][field] not in values:
+                    fail("%s: %s is %r, not of %r" % (name, field, found[name][field], values))
+            if name in self.added and not set(was["groups"]) <= set(found[name]["groups"]):
+                fail("%s: groups %r" % (name, found[name]["groups"]))
+        for name in found:
+            if name not in self.state and name not in self.added:
+                fail("%s came out of nowhere" % name)
+
+
+def value_for(field, number):
+    return {"mobile": "+4917%07d" % number, "home": "030%07d" % number, "email": "m%d@example.org" % number,
+            "note": "Note %d, with; all\nthat \\ breaks ä€" % number if number % 3 else "N%d" % number,
+            "org": "Firm %d" % number}[field]
+
+
+def quiet(sides):
+    """Synchronises until nobody has anything to do; what all of them hold."""
+    for _ in range(6):
+        for side in sides:
+            side.sync()
+        states = [side.contacts() for side in sides]
+        if states[0] == states[1] == states[2]:
+            for side in sides[:2]:
+                result = side.local()
+                if any(result[where][what] for where in ("here", "there") for what in ("added", "changed", "deleted")):
+                    fail("%s is never quiet: %s" % (side.name, result))
+            return states[0]
+    for name in sorted(set(states[0]) | set(states[1]) | set(states[2])):
+        versions = [state.get(name) for state in states]
+        if versions[0] != versions[1] or versions[1] != versions[2]:
+            print("%s:\n  %s" % (name, "\n  ".join(map(repr, versions))), file=sys.stderr)
+    fail("the sides differ")
+
+
+def edit(sides, model, number):
+    side = rnd.choice(sides)
+    names = sorted(side.names())
+    kind = rnd.random()
+    if kind < 0.12 or not names:
+        name = "Person %05d" % number
+        fields = {"mobile": value_for("mobile", number), "email": value_for("email", number)}
+        group = rnd.choice(["Friends", "Friends/Choir", "Work, paid"])
+        side.add(name, fields, group)
+        model.added[name] = dict(fields, home="", note="", org="", groups=[group])
+    elif kind < 0.20:
+        name = rnd.choice(names)
+        side.delete(name)
+        model.delete(side.name, name)
+    else:
+        name = rnd.choice(names[:12] if kind < 0.6 else names)  # so that sides meet
+        field = rnd.choice(["mobile", "home", "email", "note", "org"])
+        value = value_for(field, number)
+        side.change(name, field, value)
+        model.note(side.name, name, field, value)
+
+
+def main():
+    server = Server(HOME)
+    try:
+        sides = [Phonebook("one", server), Phonebook("other", server), Foreign("foreign", server)]
+        for number in range(60):
+            sides[0].add("Start %02d" % number, {"mobile": value_for("mobile", number),
+                                                "email": value_for("email", number)}, "Friends")
+        state = quiet(sides)
+        for number in range(100, 100 + EDITS, BETWEEN):
+            model = Model(state)
+            for i in range(number, number + BETWEEN):
+                edit(sides, model, i)
+                if rnd.random() < 0.1:
+                    rnd.choice(sides).sync()
+                    model.met = True
+            state = quiet(sides)
+            model.check(state)
+        print("%d edits on three sides, %d contacts at the end" % (EDITS, len(state)))
+    finally:
+        server.stop()
+
+
+main()
