@@ -192,6 +192,10 @@
         <translation>الحالة</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARE_COLUMN_VALUE</source>
+        <translation>القيمة</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARE_COLUMN_WHAT</source>
         <translation>ما حدث</translation>
     </message>
@@ -202,6 +206,18 @@
     <message>
         <source>IDS_HOST_CARE_COLUMN_WHY</source>
         <translation>سبب الإنشاء</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_DETAILS</source>
+        <translation>التفاصيل</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_DETAILS_HINT</source>
+        <translation>ما يُحفظ مع جهة الاتصال إلى جانب حقول دليل الهاتف: من ملفات vCard أو مما يُضاف هنا. ويُدرج عند تصدير جهات الاتصال بصيغة vCard.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_DETAILS_NONE</source>
+        <translation>لا شيء محفوظ إلى جانب الحقول.</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_DUPLICATES</source>
@@ -278,6 +294,78 @@
     <message>
         <source>IDS_HOST_CARE_FIELD_WORK</source>
         <translation>هاتف العمل</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_ADD</source>
+        <translation>إضافة تفصيل</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_ADD_DOTS</source>
+        <translation>إضافة…</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_ADR</source>
+        <translation>العنوان</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_ADR_HINT</source>
+        <translation>سطر لكل منها حتى الفارغ: صندوق البريد، تفاصيل أخرى، الشارع، المدينة، المنطقة، الرمز البريدي، البلد.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_BDAY</source>
+        <translation>تاريخ الميلاد</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_BDAY_HINT</source>
+        <translation>السنة والشهر واليوم، مثل 1990-12-31.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_EDIT_DOTS</source>
+        <translation>تحرير…</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_EMAIL</source>
+        <translation>بريد إلكتروني آخر</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_NICKNAME</source>
+        <translation>اللقب</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_NOTE</source>
+        <translation>ملاحظات أخرى</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_OCTETS</source>
+        <translation>الحجم بالكيلوبايت: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_ORG</source>
+        <translation>الشركة</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_PHOTO</source>
+        <translation>صورة</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_REMOVE</source>
+        <translation>إزالة</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_STORED</source>
+        <translation>حُفظ التغيير.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_TEL</source>
+        <translation>رقم آخر</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_TITLE</source>
+        <translation>المسمى الوظيفي</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_URL</source>
+        <translation>عنوان الويب</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_MERGE</source>

@@ -192,6 +192,10 @@
         <translation>Zustand</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARE_COLUMN_VALUE</source>
+        <translation>Wert</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARE_COLUMN_WHAT</source>
         <translation>Was geschah</translation>
     </message>
@@ -202,6 +206,18 @@
     <message>
         <source>IDS_HOST_CARE_COLUMN_WHY</source>
         <translation>Warum gemacht</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_DETAILS</source>
+        <translation>Einzelheiten</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_DETAILS_HINT</source>
+        <translation>Was neben den Feldern des Telefonbuchs zu einem Kontakt aufbewahrt wird: aus vCard-Dateien oder hier hinzugefügt. Beim Export als vCards kommt es wieder heraus.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_DETAILS_NONE</source>
+        <translation>Neben den Feldern ist nichts aufbewahrt.</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_DUPLICATES</source>
@@ -278,6 +294,78 @@
     <message>
         <source>IDS_HOST_CARE_FIELD_WORK</source>
         <translation>Telefon geschäftlich</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_ADD</source>
+        <translation>Einzelheit hinzufügen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_ADD_DOTS</source>
+        <translation>Hinzufügen …</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_ADR</source>
+        <translation>Adresse</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_ADR_HINT</source>
+        <translation>Je eine Zeile, auch leere: Postfach, Zusatz, Straße, Ort, Region, Postleitzahl, Land.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_BDAY</source>
+        <translation>Geburtstag</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_BDAY_HINT</source>
+        <translation>Jahr, Monat und Tag, wie 1990-12-31.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_EDIT_DOTS</source>
+        <translation>Bearbeiten …</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_EMAIL</source>
+        <translation>Weitere E-Mail</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_NICKNAME</source>
+        <translation>Spitzname</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_NOTE</source>
+        <translation>Weitere Notizen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_OCTETS</source>
+        <translation>Größe in KB: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_ORG</source>
+        <translation>Firma</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_PHOTO</source>
+        <translation>Foto</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_REMOVE</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_STORED</source>
+        <translation>Die Änderung ist gespeichert.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_TEL</source>
+        <translation>Weitere Nummer</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_TITLE</source>
+        <translation>Berufsbezeichnung</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_URL</source>
+        <translation>Webadresse</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_MERGE</source>

@@ -192,6 +192,10 @@
         <translation>State</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARE_COLUMN_VALUE</source>
+        <translation>Value</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARE_COLUMN_WHAT</source>
         <translation>What happened</translation>
     </message>
@@ -202,6 +206,18 @@
     <message>
         <source>IDS_HOST_CARE_COLUMN_WHY</source>
         <translation>Why it was made</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_DETAILS</source>
+        <translation>Details</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_DETAILS_HINT</source>
+        <translation>What is kept with a contact beside the fields of the phonebook: from files of vCards, or added here. It comes out again when the contacts are exported as vCards.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_DETAILS_NONE</source>
+        <translation>Nothing is kept beside the fields.</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_DUPLICATES</source>
@@ -278,6 +294,78 @@
     <message>
         <source>IDS_HOST_CARE_FIELD_WORK</source>
         <translation>Work phone</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_ADD</source>
+        <translation>Add a detail</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_ADD_DOTS</source>
+        <translation>Add…</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_ADR</source>
+        <translation>Address</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_ADR_HINT</source>
+        <translation>A line each, empty ones too: post box, further details, street, town, region, postal code, country.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_BDAY</source>
+        <translation>Birthday</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_BDAY_HINT</source>
+        <translation>Year, month and day, as 1990-12-31.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_EDIT_DOTS</source>
+        <translation>Edit…</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_EMAIL</source>
+        <translation>Further e-mail</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_NICKNAME</source>
+        <translation>Nickname</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_NOTE</source>
+        <translation>Further notes</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_OCTETS</source>
+        <translation>Size in KB: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_ORG</source>
+        <translation>Company</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_PHOTO</source>
+        <translation>Photo</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_REMOVE</source>
+        <translation>Remove</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_STORED</source>
+        <translation>The change is stored.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_TEL</source>
+        <translation>Further number</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_TITLE</source>
+        <translation>Job title</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_URL</source>
+        <translation>Web address</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_MERGE</source>

@@ -192,6 +192,10 @@
         <translation>状态</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARE_COLUMN_VALUE</source>
+        <translation>值</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARE_COLUMN_WHAT</source>
         <translation>情况</translation>
     </message>
@@ -202,6 +206,18 @@
     <message>
         <source>IDS_HOST_CARE_COLUMN_WHY</source>
         <translation>创建原因</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_DETAILS</source>
+        <translation>详细资料</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_DETAILS_HINT</source>
+        <translation>除电话簿字段外与联系人一起保存的内容：来自 vCard 文件，或在此添加。以 vCard 导出联系人时会一并导出。</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_DETAILS_NONE</source>
+        <translation>除字段外没有保存其他内容。</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_DUPLICATES</source>
@@ -278,6 +294,78 @@
     <message>
         <source>IDS_HOST_CARE_FIELD_WORK</source>
         <translation>办公电话</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_ADD</source>
+        <translation>添加资料</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_ADD_DOTS</source>
+        <translation>添加…</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_ADR</source>
+        <translation>地址</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_ADR_HINT</source>
+        <translation>每项一行，空项也占一行：邮政信箱、补充信息、街道、城市、地区、邮政编码、国家。</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_BDAY</source>
+        <translation>生日</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_BDAY_HINT</source>
+        <translation>年、月、日，例如 1990-12-31。</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_EDIT_DOTS</source>
+        <translation>编辑…</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_EMAIL</source>
+        <translation>其他电子邮件</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_NICKNAME</source>
+        <translation>昵称</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_NOTE</source>
+        <translation>其他备注</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_OCTETS</source>
+        <translation>大小（KB）：%1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_ORG</source>
+        <translation>公司</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_PHOTO</source>
+        <translation>照片</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_REMOVE</source>
+        <translation>移除</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_STORED</source>
+        <translation>更改已保存。</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_TEL</source>
+        <translation>其他号码</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_TITLE</source>
+        <translation>职务</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_KEPT_URL</source>
+        <translation>网址</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_MERGE</source>

@@ -14,6 +14,7 @@
 #include "care/CareSdk.h"
 #include "care/CareSection.h"
 #include "care/CheckSection.h"
+#include "care/DetailSection.h"
 #include "care/DuplicateSection.h"
 #include "text/HostText.h"
 
@@ -64,6 +65,7 @@ CarePage::CarePage(QWidget* pParent)
     addSection(new BackupSection(*m_pRunner, this));
     addSection(new DuplicateSection(*m_pRunner, this));
     addSection(new CheckSection(*m_pRunner, this));
+    addSection(new DetailSection(*m_pRunner, this));
     connect(m_pTabs, SIGNAL(currentChanged(int)), this, SLOT(OnTabChosen()));
     connect(m_pRunner, SIGNAL(begun()), this, SLOT(OnBegun()));
     connect(m_pRunner, SIGNAL(ended(bool)), this, SLOT(OnEnded(bool)));

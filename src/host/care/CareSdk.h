@@ -11,6 +11,8 @@
 #pragma weak ORVA_Care_GetBinRecord
 #pragma weak ORVA_Care_GetBinGroups
 #pragma weak ORVA_Care_Undelete
+#pragma weak ORVA_Care_GetKeptProperty
+#pragma weak ORVA_Care_SetKeptProperty
 #pragma weak ORVA_Care_GetDuplicates
 #pragma weak ORVA_Care_DuplicatesRelease
 #pragma weak ORVA_Care_PreviewMerge
@@ -32,7 +34,8 @@ namespace CareSdk
 // True if the SDK in use has all of it.
 inline bool IsThere()
 {
-    return &ORVA_Care_GetBin != nullptr && &ORVA_Store_CompareBackup != nullptr;
+    return &ORVA_Care_GetBin != nullptr && &ORVA_Store_CompareBackup != nullptr &&
+           &ORVA_Care_SetKeptProperty != nullptr;
 }
 
 } // namespace CareSdk
