@@ -238,6 +238,14 @@ void Synchroniser::merge(FolderScan& scan, SyncLink link, const SyncContent& con
 
 void Synchroniser::add(FolderScan& scan, Task task)
 {
+    if (task.file == Task::File::Write && task.octets.size() > largestCardFile) {
+        SyncEvent event;
+        event.record = task.step.link.record;
+        event.file = task.step.link.file;
+        event.what = "its card would be larger than 5 MB";
+        m_report.events.push_back(std::move(event));
+        return;
+    }
     m_gathered += task.octets.size() + task.step.card.size();
     task.step.link.changed = std::time(nullptr);
     m_tasks.push_back(std::move(task));

@@ -150,8 +150,13 @@ std::vector<VdirEntry> VdirFolder::list() const
     while (const dirent* const found = ::readdir(folder.get())) {
         struct stat state = {};
         const std::string name = found->d_name;
-        if (isCardName(name) && ::fstatat(m_folder, found->d_name, &state, AT_SYMLINK_NOFOLLOW) == 0)
+        if (!isCardName(name))
+            continue;
+        // One that nothing can be told of is there all the same.
+        if (::fstatat(m_folder, found->d_name, &state, AT_SYMLINK_NOFOLLOW) == 0)
             entries.push_back(entryOf(name, state, now));
+        else if (errno != ENOENT)
+            failFile("looking at", name);
         errno = 0;
     }
     // Half a list would look like deletions.

@@ -342,6 +342,28 @@ TEST(aFullPhonebookLeavesTheRestInTheFolder)
     CHECK_EQ(synchronise(cards).counts.added_here, 1);
 }
 
+TEST(aCardThatWouldBeTooLargeIsNotWritten)
+{
+    useFreshFolder();
+    const std::string cards = freshCards();
+    void* record = nullptr;
+    REQUIRE(newRecord(local, {{"Name", u"Anna"}}, &record) == ORVA_OK);
+    const std::string kept = "PHOTO;ENCODING=b:" + std::string(6U << 20, 'A') + "\r\n";
+    CHECK_EQ(ORVA_Care_SetKept(record, kept.data(), static_cast<int>(kept.size())), ORVA_OK);
+    int id = 0;
+    CHECK_EQ(ORVA_PBSrv_AddAddrRec(record, &id), ORVA_OK);
+    ORVA_PBSrv_AddrRecord_Release(record);
+    for (int round = 0; round < 2; ++round) {
+        const Synced synced = synchronise(cards);
+        CHECK_EQ(synced.changes(), 0);
+        REQUIRE(synced.events.size() == 1);
+        CHECK_EQ(synced.events[0].record, id);
+        CHECK_EQ(synced.events[0].what, u"its card would be larger than 5 MB");
+    }
+    CHECK_EQ(cardNames(cards).size(), 0U);
+    CHECK_EQ(sizeOf(local), 1);
+}
+
 TEST(twoFilesOfOneContactBecomeOneCard)
 {
     useFreshFolder();
