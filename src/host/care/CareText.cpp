@@ -101,7 +101,9 @@ QStringList CareText::ValuesOf(void* pRecord)
 QString CareText::Number(const QString& strNumber)
 {
     const QChar cLeftToRight(0x200e);
-    return QApplication::isRightToLeft() && !strNumber.isEmpty() ? cLeftToRight + strNumber : strNumber;
+    return QApplication::isRightToLeft() && !strNumber.isEmpty() && !strNumber.isRightToLeft()
+               ? cLeftToRight + strNumber
+               : strNumber;
 }
 
 bool CareText::IsNumber(const QString& strKey)

@@ -27,7 +27,8 @@ QString FieldTitle(const QString& strKey);
 // The values of a record by those keys. Empty texts where there are none.
 QStringList ValuesOf(void* pRecord);
 
-// A number as it stands in a text of the language: where that runs from right to left its plus sign would go behind it.
+// A number or an address as it stands in a text of the language: where that runs from right to left its plus sign, or
+// the number of its house, would go behind it.
 QString Number(const QString& strNumber);
 
 // True for the fields that hold one.

@@ -225,7 +225,7 @@ void DetailSection::showProperties()
     QList<CareRow> listRows;
     for (int i = 0; i < m_listProperties.size(); ++i) {
         listRows.append(CareRow(i + 1, QStringList() << KeptText::Title(m_listProperties.at(i).strHead)
-                                                     << KeptText::Value(m_listProperties.at(i))));
+                                                     << CareText::Number(KeptText::Value(m_listProperties.at(i)))));
     }
     m_pProperties->SetRows(listRows);
 }
