@@ -209,7 +209,7 @@
     </message>
     <message>
         <source>IDS_HOST_CARE_DETAILS</source>
-        <translation>Details</translation>
+        <translation>More details</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_DETAILS_HINT</source>

@@ -16,7 +16,7 @@ CareRunner::~CareRunner()
 
 bool CareRunner::Begin(CareTask* pTask, CareSection* pSection)
 {
-    QScopedPointer<CareTask> pHeld(pTask);
+    std::unique_ptr<CareTask> pHeld(pTask);
     if (!m_pTask) {
         m_pTask.swap(pHeld);
         m_pSection = pSection;
@@ -52,7 +52,7 @@ void CareRunner::run()
 
 void CareRunner::OnFinished()
 {
-    QScopedPointer<CareTask> pDone;
+    std::unique_ptr<CareTask> pDone;
     pDone.swap(m_pTask);
     if (!pDone) {
         return;
@@ -60,7 +60,7 @@ void CareRunner::OnFinished()
     CareSection* const pSection = m_pSection;
     if (m_pNext) {
         pSection->SetStale(pSection->IsStale() || pDone->KindOf() == CareTask::READING);
-        Begin(m_pNext.take(), m_pNextSection);
+        Begin(m_pNext.release(), m_pNextSection);
     }
     const bool bWrote = pDone->KindOf() == CareTask::WRITING;
     if (bWrote || !pDone->IsCancelled()) {

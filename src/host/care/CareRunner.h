@@ -1,8 +1,9 @@
 #ifndef LINKHAND_HOST_CARE_CARERUNNER_H
 #define LINKHAND_HOST_CARE_CARERUNNER_H
 
-#include <QScopedPointer>
 #include <QThread>
+
+#include <memory>
 
 #include "care/CareTask.h"
 
@@ -25,7 +26,7 @@ public:
     bool Begin(CareTask* pTask, CareSection* pSection);
 
     // What runs, or null.
-    const CareTask* Current() const { return m_pTask.data(); }
+    const CareTask* Current() const { return m_pTask.get(); }
     void CancelCurrent();
 
 signals:
@@ -41,8 +42,8 @@ private slots:
     void OnFinished();
 
 private:
-    QScopedPointer<CareTask> m_pTask;
-    QScopedPointer<CareTask> m_pNext;
+    std::unique_ptr<CareTask> m_pTask;
+    std::unique_ptr<CareTask> m_pNext;
     CareSection* m_pSection;
     CareSection* m_pNextSection;
 };
