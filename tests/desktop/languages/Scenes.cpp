@@ -242,7 +242,15 @@ void addCalls(QList<Scene>& listScenes)
         [] { return mainWindowIf(seen("VoiceCallPlugin_callBox") != nullptr); },
         [] { click("VoiceCallPlugin_buttonHangUp"); });
     listScenes << scene(
-        "calls", [] {},
+        "calls",
+        [] {
+            click("linkhand_NavBar_VoiceCallPlugin");
+            if (Child<QTreeWidget>("VoiceCallPlugin_treeCalls")->topLevelItemCount() == 0) {
+                Child<QLineEdit>("VoiceCallPlugin_lineeditNumber")->setText("+4930231258");
+                click("VoiceCallPlugin_buttonCall");
+                click("VoiceCallPlugin_buttonHangUp");
+            }
+        },
         [] { return mainWindowIf(Child<QTreeWidget>("VoiceCallPlugin_treeCalls")->topLevelItemCount() > 0); });
     listScenes << scene(
         "video-call", [] { click("VoiceCallPlugin_buttonVideoCall"); },
