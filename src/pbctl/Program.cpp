@@ -7,8 +7,6 @@
 
 #include <cerrno>
 
-extern char** environ;
-
 namespace pbctl
 {
 
@@ -31,6 +29,7 @@ Program::Result runProgram(const std::vector<std::string>& words)
     ::posix_spawn_file_actions_adddup2(&actions, ends[1], STDOUT_FILENO);
     ::posix_spawn_file_actions_adddup2(&actions, ends[1], STDERR_FILENO);
     std::vector<char*> argv;
+    argv.reserve(words.size() + 1);
     for (const std::string& word : words)
         argv.push_back(const_cast<char*>(word.c_str()));
     argv.push_back(nullptr);

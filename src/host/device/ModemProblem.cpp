@@ -53,7 +53,7 @@ QString ModemProblem::read() const
     if ((!bThere && HardwareChoice::Port().isEmpty()) || ORVA_Modem_GetProblem(&pusText) != ORVA_OK) {
         return QString();
     }
-    const QString strText = QtCompat::fromUtf16(pusText);
+    QString strText = QtCompat::fromUtf16(pusText);
     delete[] pusText;
     return strText;
 }

@@ -15,11 +15,11 @@ class PhonebookHold : public QObject
 public:
     // The workers outlive this.
     explicit PhonebookHold(const WorkerCount& workers);
-    ~PhonebookHold();
+    ~PhonebookHold() override;
 
     bool Held() const { return m_pHold != nullptr; }
 
-    bool eventFilter(QObject* pObject, QEvent* pEvent);
+    bool eventFilter(QObject* pObject, QEvent* pEvent) override;
 
 private slots:
     void OnLook();

@@ -324,6 +324,7 @@ bool Synchroniser::writeFile(Task& task)
 void Synchroniser::settle(std::vector<Task>& tasks)
 {
     std::vector<SyncStep> steps;
+    steps.reserve(tasks.size());
     for (Task& task : tasks)
         steps.push_back(std::move(task.step));
     if (steps.empty())
