@@ -109,7 +109,7 @@ void TestModemReal::itsPinOpensIt()
     QVERIFY(open());
     QTRY_COMPARE(answered.count(), 2);
     QVERIFY(answered.at(1).at(0).toBool());
-    QVERIFY(!modem().Status().strOperator.isEmpty());
+    QTRY_VERIFY(!modem().Status().strOperator.isEmpty());
 }
 
 // A short message, a long one, one of which a part is refused, and one that comes in.
