@@ -189,7 +189,7 @@ TEST(aCardPutInMeanwhileIsLeftAlone)
         REQUIRE(library.ready());
         std::string before;
         int writes = 0;
-        std::atomic<bool> out{false};
+        bool out = false;
         modem.setObserver([&](size_t, const std::string& command) {
             if (command.compare(0, 8, "AT+CPBW=") == 0)
                 ++writes;
@@ -203,11 +203,11 @@ TEST(aCardPutInMeanwhileIsLeftAlone)
         });
         check::equal(codeOf([&] { change.make(library); }), static_cast<long>(ORVA_E_ABSENT), change.name, __FILE__,
                      __LINE__);
+        modem.setObserver({}); // which runs on the modem's thread
         CHECK(!before.empty());
         CHECK_EQ(writes, 1);
         CHECK_EQ(told(modem), before);
         CHECK(eventually([&] { return shown(library) == before; }));
-        modem.setObserver({});
     }
 }
 
