@@ -8,6 +8,10 @@
 #include "loader/WorkerCount.h"
 #include "orva/orva_sync.h"
 
+// Null where the SDK in use does not have them: it synchronises nothing.
+#pragma weak ORVA_Sync_Hold
+#pragma weak ORVA_Sync_Hold_Release
+
 namespace
 {
 
@@ -39,7 +43,9 @@ PhonebookHold::PhonebookHold(const WorkerCount& workers) : m_workers(workers), m
 {
     m_look.setInterval(LOOK_MS);
     connect(&m_look, SIGNAL(timeout()), this, SLOT(OnLook()));
-    qApp->installEventFilter(this);
+    if (&ORVA_Sync_Hold != nullptr) {
+        qApp->installEventFilter(this);
+    }
 }
 
 PhonebookHold::~PhonebookHold()
