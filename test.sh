@@ -60,14 +60,15 @@ packaging/check-format.sh
 export LANG=C.UTF-8
 status=0
 unsteady=()
-# A virtual display is a share of a machine: tests that use one run one at a time, the others side by side. For a
-# submission, one or two tests that fail run again alone: a busy machine must not send work back. What passes then is
-# named at the end; it has a defect all the same. What a sanitizer has found stands after one run.
+# A virtual display is a share of a machine: tests that use one run one at a time, the others side by side, two a core,
+# since many of them wait most of their time. For a submission, one or two tests that fail run again alone: a busy machine
+# must not send work back. What passes then is named at the end; it has a defect all the same. What a sanitizer has found
+# stands after one run.
 run_tests() {
     local preset=$1 failed
     shift
     echo "Testing $preset"
-    ctest --preset "$preset" -j "$(nproc)" --no-tests=error "$@" && return
+    ctest --preset "$preset" -j "$((2 * $(nproc)))" --no-tests=error "$@" && return
     mapfile -t failed < <(sed 's/^[0-9]*://' "build/$preset/Testing/Temporary/LastTestsFailed.log")
     if [ $ci = yes ] && [ ${#failed[@]} -le 2 ] &&
         ! grep -qE 'WARNING: ThreadSanitizer|ERROR: (Address|Leak)Sanitizer|: runtime error: ' \
