@@ -3,7 +3,7 @@
 #include "device/DeviceWatcher.h"
 #include "device/HardwareChoice.h"
 #include "device/Modem.h"
-#include "linkhand/QtCompat.h"
+#include "linkhand/SdkText.h"
 #include "orva/orva_modem.h"
 
 // Null where the SDK in use does not have it.
@@ -49,11 +49,9 @@ void ModemProblem::OnLook()
 QString ModemProblem::read() const
 {
     const bool bThere = m_watcher.State().bAttached || m_modem.Status().bPresent;
-    unsigned short* pusText = nullptr;
-    if ((!bThere && HardwareChoice::Port().isEmpty()) || ORVA_Modem_GetProblem(&pusText) != ORVA_OK) {
+    SdkText text;
+    if ((!bThere && HardwareChoice::Port().isEmpty()) || ORVA_Modem_GetProblem(text.out()) != ORVA_OK) {
         return QString();
     }
-    QString strText = QtCompat::fromUtf16(pusText);
-    delete[] pusText;
-    return strText;
+    return text.toString();
 }
