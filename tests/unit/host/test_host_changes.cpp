@@ -1,5 +1,6 @@
 #include <QtTest>
 
+#include "ReadyDevice.h"
 #include "device/DeviceState.h"
 #include "device/DeviceWatcher.h"
 #include "device/SimulatedHardware.h"
@@ -23,14 +24,7 @@ private slots:
 
 void TestHostChanges::init()
 {
-    SimulatedHardware::SetDevice(true);
-    SimulatedHardware::SetCard(true);
-    SimulatedHardware::SetPinStatus(1);
-    ORVA_Sim_SetRadio(1, 1);
-    SimulatedHardware::SetNetwork(true);
-    SimulatedHardware::SetProductType(0);
-    SimulatedHardware::SetCardType(1);
-    ORVA_Sim_WaitEvents();
+    makeDeviceReady();
 }
 
 void TestHostChanges::theRadioIsOnWhenBothItsWordsAreOne_data()

@@ -2,6 +2,7 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include "ReadyDevice.h"
 #include "device/DeviceState.h"
 #include "device/DeviceWatcher.h"
 #include "device/SimulatedHardware.h"
@@ -35,14 +36,7 @@ private slots:
 
 void TestHostDevice::init()
 {
-    // A device with a card that is ready, radio on, in service.
-    SimulatedHardware::SetDevice(true);
-    SimulatedHardware::SetCard(true);
-    SimulatedHardware::SetPinStatus(1);
-    ORVA_Sim_SetRadio(1, 1);
-    SimulatedHardware::SetNetwork(true);
-    SimulatedHardware::SetProductType(0);
-    ORVA_Sim_WaitEvents();
+    makeDeviceReady();
 }
 
 void TestHostDevice::theSwitchesAreThere()
