@@ -15,20 +15,6 @@ namespace
 
 constexpr int cardFailure = 13;
 
-// "location name number" of each entry that the library shows.
-std::string shown(Library& library)
-{
-    std::map<int, std::string> lines;
-    library.hardware.state().with(ORVA_MEMORY_CARD, [&lines](ModemBook& book) {
-        for (const auto& [id, entry] : book.entries.entries())
-            lines[entry.location] = std::to_string(entry.location) + " " + toUtf8(entry.alpha) + " " + entry.number;
-    });
-    std::string text;
-    for (const auto& [location, line] : lines)
-        text += line + "\n";
-    return text;
-}
-
 // Calls `action` on the modem's thread at the first write of an entry.
 void atTheFirstWrite(Modem& modem, const std::function<void()>& action)
 {
@@ -62,71 +48,57 @@ std::string goalOf(const Change& change)
     return told(modem);
 }
 
+// Makes the change on a card that `fail` has made fail: its code, and whether the card and the library show it then.
+void makeOnFailingCard(const Change& change, const std::function<void(Modem&)>& fail, long code, bool made)
+{
+    const Place place;
+    Modem modem(place.plan());
+    Library library(place);
+    REQUIRE(library.ready());
+    const std::string expected = made ? goalOf(change) : told(modem);
+    fail(modem);
+    check::equal(codeOf([&] { change.make(library); }), code, change.name, __FILE__, __LINE__);
+    check::equal(told(modem), expected, change.name, __FILE__, __LINE__);
+    check::equal(shown(library), expected, change.name, __FILE__, __LINE__);
+}
+
 } // namespace
 
 TEST(aChangeThatCanBeReadBackOnlyAMomentLaterIsDone)
 {
     for (const Change& change : changes) {
         for (const int times : {1, 3}) {
-            const Place place;
-            Modem modem(place.plan());
-            Library library(place);
-            REQUIRE(library.ready());
-            atTheFirstWrite(modem, [&] { modem.failAt("AT+CPBR", 1, Fault::Error, cardFailure, times); });
-            check::equal(codeOf([&] { change.make(library); }), static_cast<long>(ORVA_OK), change.name, __FILE__,
-                         __LINE__);
-            check::equal(told(modem), goalOf(change), change.name, __FILE__, __LINE__);
-            check::equal(shown(library), told(modem), change.name, __FILE__, __LINE__);
+            const auto fail = [times](Modem& modem) {
+                atTheFirstWrite(modem,
+                                [&modem, times] { modem.failAt("AT+CPBR", 1, Fault::Error, cardFailure, times); });
+            };
+            makeOnFailingCard(change, fail, ORVA_OK, true);
         }
     }
 }
 
 TEST(aChangeThatTheCardCallsFailedAndHasMadeIsDone)
 {
-    for (const Change& change : changes) {
-        const Place place;
-        Modem modem(place.plan());
-        Library library(place);
-        REQUIRE(library.ready());
-        modem.failAt("AT+CPBW", 1, Fault::ErrorAfter, cardFailure);
-        check::equal(codeOf([&] { change.make(library); }), static_cast<long>(ORVA_OK), change.name, __FILE__,
-                     __LINE__);
-        check::equal(told(modem), goalOf(change), change.name, __FILE__, __LINE__);
-        check::equal(shown(library), told(modem), change.name, __FILE__, __LINE__);
-    }
+    const auto fail = [](Modem& modem) { modem.failAt("AT+CPBW", 1, Fault::ErrorAfter, cardFailure); };
+    for (const Change& change : changes)
+        makeOnFailingCard(change, fail, ORVA_OK, true);
 }
 
 TEST(aChangeThatTheCardCallsFailedAndHasNotMadeIsTheCardsFailure)
 {
-    for (const Change& change : changes) {
-        const Place place;
-        Modem modem(place.plan());
-        Library library(place);
-        REQUIRE(library.ready());
-        const std::string before = told(modem);
-        modem.failAt("AT+CPBW", 1, Fault::Error, cardFailure);
-        check::equal(codeOf([&] { change.make(library); }), static_cast<long>(ORVA_E_ABSENT), change.name, __FILE__,
-                     __LINE__);
-        check::equal(told(modem), before, change.name, __FILE__, __LINE__);
-        check::equal(shown(library), before, change.name, __FILE__, __LINE__);
-    }
+    const auto fail = [](Modem& modem) { modem.failAt("AT+CPBW", 1, Fault::Error, cardFailure); };
+    for (const Change& change : changes)
+        makeOnFailingCard(change, fail, ORVA_E_ABSENT, false);
 }
 
 TEST(aChangeThatIsLostWhileTheCardFailsIsNotDone)
 {
-    for (const Change& change : changes) {
-        const Place place;
-        Modem modem(place.plan());
-        Library library(place);
-        REQUIRE(library.ready());
-        const std::string before = told(modem);
+    const auto fail = [](Modem& modem) {
         modem.setQuirk("write_lost");
-        atTheFirstWrite(modem, [&] { modem.failAt("AT+CPBR", 1, Fault::Error, cardFailure, 2); });
-        check::equal(codeOf([&] { change.make(library); }), static_cast<long>(ORVA_E_STORE), change.name, __FILE__,
-                     __LINE__);
-        check::equal(told(modem), before, change.name, __FILE__, __LINE__);
-        check::equal(shown(library), before, change.name, __FILE__, __LINE__);
-    }
+        atTheFirstWrite(modem, [&modem] { modem.failAt("AT+CPBR", 1, Fault::Error, cardFailure, 2); });
+    };
+    for (const Change& change : changes)
+        makeOnFailingCard(change, fail, ORVA_E_STORE, false);
 }
 
 TEST(whatIsStoredInsteadIsUndoneAlsoWhenTheCardFailsMeanwhile)

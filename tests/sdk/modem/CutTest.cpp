@@ -50,20 +50,6 @@ std::vector<Fault> faults()
             Fault::StallInside,  Fault::PullCard,    Fault::Error,        Fault::ErrorAfter};
 }
 
-// By location, as told() has it.
-std::string shown(Library& library)
-{
-    std::map<int, std::string> lines;
-    library.hardware.state().with(ORVA_MEMORY_CARD, [&lines](ModemBook& book) {
-        for (const auto& [id, entry] : book.entries.entries())
-            lines[entry.location] = std::to_string(entry.location) + " " + toUtf8(entry.alpha) + " " + entry.number;
-    });
-    std::string text;
-    for (const auto& [location, line] : lines)
-        text += line + "\n";
-    return text;
-}
-
 // A card, a copy of it, and some changes since.
 struct Setting {
     Setting() : modem(place.plan()), library(place, timings()), backup(place.folder + "/copy")

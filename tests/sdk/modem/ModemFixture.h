@@ -9,6 +9,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <functional>
+#include <map>
 #include <memory>
 #include <mutex>
 #include <string>
@@ -187,6 +188,20 @@ inline std::string told(const modemsim::Modem& modem, const char* storage = "SM"
     std::string text;
     for (const modemsim::Entry& entry : modem.entries(storage))
         text += std::to_string(entry.location) + " " + entry.name + " " + entry.number + "\n";
+    return text;
+}
+
+// The same of the card as the library shows it.
+inline std::string shown(Library& library)
+{
+    std::map<int, std::string> lines;
+    library.hardware.state().with(ORVA_MEMORY_CARD, [&lines](ModemBook& book) {
+        for (const auto& [id, entry] : book.entries.entries())
+            lines[entry.location] = std::to_string(entry.location) + " " + toUtf8(entry.alpha) + " " + entry.number;
+    });
+    std::string text;
+    for (const auto& [location, line] : lines)
+        text += line + "\n";
     return text;
 }
 
