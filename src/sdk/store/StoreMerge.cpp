@@ -1,6 +1,7 @@
 // Store: several records that become one.
 
 #include "orva/orva_care.h"
+#include "store/GroupPaths.h"
 #include "store/Store.h"
 
 namespace orva
@@ -34,13 +35,7 @@ std::vector<std::u16string> Store::groupPaths(const std::vector<int>& ids)
     return reading([&] {
         std::vector<std::u16string> paths;
         for (const int id : ids) {
-            // A parent has a smaller identifier than its child, so that this ends whatever a file holds.
-            Query query(*m_db, "WITH RECURSIVE above (id, parent, path) AS ("
-                               "SELECT groups.id, parent, name FROM groups JOIN memberships ON grp = groups.id "
-                               "WHERE record = ? UNION ALL "
-                               "SELECT groups.id, groups.parent, groups.name || '/' || path FROM groups "
-                               "JOIN above ON groups.id = above.parent AND groups.id < above.id) "
-                               "SELECT path FROM above WHERE coalesce(parent, 0) = 0");
+            Query query(*m_db, groupPathsSql);
             query.bind(1, id);
             while (query.step())
                 paths.emplace_back(query.text(0));

@@ -10,6 +10,7 @@
 #include "base/Sha256.h"
 #include "base/Text.h"
 #include "orva/orva_care.h"
+#include "store/GroupPaths.h"
 #include "store/Store.h"
 
 namespace orva
@@ -204,12 +205,7 @@ SyncContent Store::readSyncContent(int record)
     SyncContent all;
     all.content = readContent(record);
     std::set<std::string> paths;
-    Query query(*m_db, "WITH RECURSIVE above (id, parent, path) AS ("
-                       "SELECT groups.id, parent, name FROM groups JOIN memberships ON grp = groups.id "
-                       "WHERE record = ? UNION ALL "
-                       "SELECT groups.id, groups.parent, groups.name || '/' || path FROM groups "
-                       "JOIN above ON groups.id = above.parent AND groups.id < above.id) "
-                       "SELECT path FROM above WHERE coalesce(parent, 0) = 0");
+    Query query(*m_db, groupPathsSql);
     query.bind(1, record);
     while (query.step())
         paths.insert(toUtf8(query.text(0)));
