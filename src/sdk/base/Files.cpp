@@ -12,6 +12,7 @@
 #include <memory>
 
 #include "base/Failure.h"
+#include "base/OpenFile.h"
 
 namespace orva
 {
@@ -28,25 +29,6 @@ namespace
                                   : ORVA_E_STORE,
                   std::string(doing) + " " + path + ": " + std::strerror(error));
 }
-
-class OpenFile
-{
-public:
-    explicit OpenFile(int file) : m_file(file) {}
-    ~OpenFile()
-    {
-        if (m_file >= 0)
-            ::close(m_file);
-    }
-    OpenFile(const OpenFile&) = delete;
-    OpenFile& operator=(const OpenFile&) = delete;
-
-    int get() const { return m_file; }
-    bool isOpen() const { return m_file >= 0; }
-
-private:
-    int m_file;
-};
 
 std::string parentOf(const std::string& path)
 {

@@ -14,6 +14,7 @@
 #include <memory>
 
 #include "base/Failure.h"
+#include "base/OpenFile.h"
 #include "base/Sha256.h"
 
 namespace orva
@@ -44,23 +45,6 @@ long long nanoseconds(const timespec& time)
 {
     return static_cast<long long>(time.tv_sec) * 1000000000LL + time.tv_nsec;
 }
-
-class OpenFile
-{
-public:
-    explicit OpenFile(int file) : m_file(file) {}
-    ~OpenFile()
-    {
-        if (m_file >= 0)
-            ::close(m_file);
-    }
-    OpenFile(const OpenFile&) = delete;
-    OpenFile& operator=(const OpenFile&) = delete;
-    int get() const { return m_file; }
-
-private:
-    int m_file;
-};
 
 bool isCardName(const std::string& name)
 {
