@@ -18,6 +18,7 @@ constexpr char cardStorage[] = "SM";
 constexpr char deviceStorage[] = "ME";
 constexpr Milliseconds idleBeforeRest(1000);
 constexpr int looksBetweenNetwork = 6;
+constexpr int questionsAtStart = 3;
 
 const char* storageName(int memory)
 {
@@ -59,14 +60,15 @@ bool ModemSession::start()
 {
     if (!m_book.start())
         return false;
-    m_modem = m_book.modemIdentity();
-    const CardState card = m_book.cardState();
+    CardState card = m_book.cardState();
+    for (int asked = 1; card == CardState::Silent && asked < questionsAtStart; ++asked)
+        card = m_book.cardState();
     const std::vector<std::string> storages = m_book.storages();
     // A modem that does not list its storages shows what it has when they are opened.
     const bool cardBook = storages.empty() || contains(storages, cardStorage);
     const bool deviceBook = storages.empty() || contains(storages, deviceStorage);
     m_looked = std::chrono::steady_clock::now();
-    m_lookAt = m_looked + m_timings.question;
+    m_lookAt = m_looked + (card == CardState::Silent ? m_timings.reread : m_timings.question);
     m_used = m_looked;
     lookAtNetwork();
     m_state.attach(card == CardState::Silent ? CardState::Failed : card, cardBook, deviceBook);
@@ -136,26 +138,30 @@ Milliseconds ModemSession::work()
     return std::max(Milliseconds(0), std::chrono::ceil<Milliseconds>(next - now));
 }
 
-void ModemSession::lookAtCard()
+// False if the modem keeps silent about it: then nothing has changed, and it is asked again soon.
+bool ModemSession::lookAtCard()
 {
     const CardState card = m_book.cardState();
-    m_looked = std::chrono::steady_clock::now();
-    m_lookAt = m_looked + m_timings.question;
+    const Time now = std::chrono::steady_clock::now();
     if (card == CardState::Silent) {
+        m_lookAt = now + std::min(m_timings.question, m_timings.reread);
         if (!m_dialog.recover())
             throw PortGone("the modem does not answer");
-        return;
+        return false;
     }
+    m_looked = now;
+    m_lookAt = m_looked + m_timings.question;
     const CardState before = m_state.card();
     m_state.setCard(card);
     if (card == before)
-        return;
+        return true;
     m_card.clear();
     for (Book& book : m_books)
         book.counted = false;
     retryNow();
     // A device may show its own phonebook only while a card is in.
     own(ORVA_MEMORY_CARD).due = true;
+    return true;
 }
 
 void ModemSession::lookAtNetwork()
@@ -200,6 +206,8 @@ std::string ModemSession::keyOf(int memory)
 {
     if (memory == ORVA_MEMORY_CARD && m_card.empty())
         m_card = m_book.cardIdentity();
+    if (memory == ORVA_MEMORY_DEVICE && m_modem.empty())
+        m_modem = m_book.modemIdentity();
     const std::string& identity = memory == ORVA_MEMORY_CARD ? m_card : m_modem;
     return identity.empty() ? identity : std::string(storageName(memory)) + "-" + identity;
 }
