@@ -21,6 +21,8 @@ constexpr int usualAlphaLength = 14;
 constexpr int usualNumberLength = 20;
 constexpr int usualCapacity = 250;
 
+constexpr char codesCommand[] = "AT+CMEE=1";
+
 constexpr int alphaFile = 28474; // EF_ADN
 constexpr int recordWithoutAlpha = 14;
 
@@ -111,9 +113,17 @@ bool AtPhonebook::start()
 {
     if (!m_dialog.recover())
         return false;
-    for (const char* const command : {"ATE0", "ATV1", "AT+CMEE=1"})
+    for (const char* const command : {"ATE0", "ATV1"})
         m_dialog.ask(command);
+    askForCodes();
     return true;
+}
+
+// Without them an error tells nothing of the card.
+void AtPhonebook::askForCodes()
+{
+    if (!m_codesAsked && !mute(codesCommand, silencesBelieved))
+        m_codesAsked = !insist(codesCommand, {}, m_dialog.patience().plain).silent();
 }
 
 Reply AtPhonebook::askForCard()
@@ -123,10 +133,11 @@ Reply AtPhonebook::askForCard()
 
 CardState AtPhonebook::cardState()
 {
+    askForCodes();
     Reply reply = askForCard();
     if (reply.end == Reply::End::Error && reply.error == cme::none && !m_codeless) {
         // The request for codes was lost, or the modem has forgotten it; or it has none.
-        if (m_dialog.ask("AT+CMEE=1").silent())
+        if (m_dialog.ask(codesCommand).silent())
             return CardState::Silent;
         reply = askForCard();
         m_codeless = reply.end == Reply::End::Error && reply.error == cme::none;

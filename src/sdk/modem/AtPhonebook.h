@@ -128,6 +128,7 @@ private:
     void requireSound(const Reply& reply, const std::string& question) const;
     void requireAnswer(const Reply& reply, const std::string& question);
     static std::string identityFromFile(const Reply& file);
+    void askForCodes();
     Reply askForCard();
     Reply askWhileBusy(const std::string& command, std::string_view prefix, Milliseconds patience);
     void requireCard(const Reply& reply);
@@ -168,6 +169,7 @@ private:
     std::string m_ownSet;               // as the modem named it, to be put back
     std::optional<bool> m_numbersInHex; // in UCS2; unknown until a number was seen
     bool m_endlessPin = false;          // the answer to +CPIN? never ends
+    bool m_codesAsked = false;          // with errors, and the modem has heard it
     bool m_codeless = false;            // and its errors have no codes
     bool m_pinTold = false;             // it has been answered with a state
     int m_step = 50;                    // locations asked for at a time

@@ -204,11 +204,22 @@ TEST(aQuestionThatIsNeverAnsweredIsGoneOnWithout)
 TEST(anErrorWithoutACodeTellsNothingWhileTheRequestForCodesIsLost)
 {
     Book lost;
-    lost.channel.answers["AT+CMEE=1"] = {"<silence>", "<silence>", scripted::ok()};
+    lost.silence("AT+CMEE=1", 5);
     lost.channel.answers["AT+CPIN?"] = {"\r\nERROR\r\n", "\r\nERROR\r\n", "\r\n+CME ERROR: 10\r\n"};
     REQUIRE(lost.book.start());
     CHECK_EQ(lost.book.cardState(), CardState::Silent);
     CHECK_EQ(lost.book.cardState(), CardState::Absent);
+}
+
+TEST(aRequestForCodesIsMadeUntilTheModemHasHeardIt)
+{
+    Book lost;
+    lost.silence("AT+CMEE=1", 2);
+    REQUIRE(lost.book.start());
+    CHECK_EQ(lost.channel.count("AT+CMEE=1"), 2u);
+    for (int look = 0; look < 3; ++look)
+        CHECK_EQ(lost.book.cardState(), CardState::Ready);
+    CHECK_EQ(lost.channel.count("AT+CMEE=1"), 3u);
 }
 
 TEST(anOkWithoutTheStateOfTheCardIsNone)
