@@ -48,9 +48,14 @@
 #define LINKHAND_PLUGIN_METADATA(iid) Q_PLUGIN_METADATA(IID iid)
 // At file scope, Qt 4: Q_EXPORT_PLUGIN2 writes the entry points.
 #define LINKHAND_EXPORT_PLUGIN(name, Class)
+// The verification text that a plug-in exports is ours from Qt 5 on; Qt 4 has a key and a text of its own.
+#define LINKHAND_QT_BUILD_KEY(ours) ours
+#define LINKHAND_QT_VERIFICATION(...) __VA_ARGS__
 #else
 #define LINKHAND_PLUGIN_METADATA(iid)
 #define LINKHAND_EXPORT_PLUGIN(name, Class) Q_EXPORT_PLUGIN2(name, Class)
+#define LINKHAND_QT_BUILD_KEY(ours) QT_BUILD_KEY
+#define LINKHAND_QT_VERIFICATION(...)
 #endif
 
 #if QT_VERSION >= 0x060000

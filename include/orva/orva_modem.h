@@ -55,6 +55,14 @@ ORVA_API long ORVA_Modem_GetReport(unsigned short** report);
  * waits. Empty if nothing is. ORVA_E_UNSUPPORTED while the hardware is simulated. */
 ORVA_API long ORVA_Modem_GetProblem(unsigned short** problem);
 
+/* Gives how many messages lie where the modem puts those that come in, and how many fit there; where both are the same,
+ * no more can come in until somebody deletes some. It is what the modem said last: this never waits. The first call
+ * begins to look; from then on the modem is asked every minute, when it tells of a new message, and soon after each
+ * call with `look` other than 0. Either pointer may be null. ORVA_E_ABSENT without a modem or with its card out or
+ * locked, ORVA_E_BUSY as long as it has not said, ORVA_E_UNSUPPORTED for a modem that does not say, and while the
+ * hardware is simulated; both are 0 then. */
+ORVA_API long ORVA_Modem_GetMessageStore(int look, int* used, int* total);
+
 /* Gives the card its PIN, once; it is kept nowhere. ORVA_E_ARGUMENT for a wrong one, which uses up one of its tries
  * (see pin-tries), or for one that is no PIN, which does not. ORVA_E_UNSUPPORTED if none is asked for. */
 ORVA_API long ORVA_Modem_Unlock(const unsigned short* pin);

@@ -71,7 +71,7 @@ else
     libraries="libqt5widgets5 libqt5xml5"
     translations=qttranslations5-l10n
 fi
-for library in $libraries libsqlite3-0 libcsv3 libutf8proc2 libelf1 libc6; do
+for library in $libraries libsqlite3-0 libcsv3 libutf8proc2 libmd0 libelf1 libc6; do
     expect "^ *$library( |\$)" "$work/depends" "the dependencies"
 done
 dpkg-deb -f "$package" Recommends | tr ',' '\n' >"$work/recommends"

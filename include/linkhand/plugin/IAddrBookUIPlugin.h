@@ -9,8 +9,8 @@
 // Chosen by the caller of OpenNumSelectDlg and handed through; the phonebook does not act on it.
 enum FIELD_TYPE { FIELD_TYPE_DEFAULT = 0 };
 
-// The phonebook's service to its siblings: QueryInterface with id 4097 on the phonebook's root object, then
-// qobject_cast. All operations run on the user-interface thread.
+// The phonebook's service to its siblings: QueryInterface with LINKHAND_ADDRBOOK_KIND on the phonebook's root object,
+// then qobject_cast. All operations run on the user-interface thread.
 class IAddrBookUIPlugin
 {
 public:

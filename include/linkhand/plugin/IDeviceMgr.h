@@ -3,7 +3,7 @@
 
 #include <QObject>
 
-// The device manager, kind 4097: an interface without operations, by which its presence is told.
+// The device manager, LINKHAND_DEVICEMGR_KIND: an interface without operations, by which its presence is told.
 class IDeviceMgr
 {
 public:

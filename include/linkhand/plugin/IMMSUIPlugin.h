@@ -4,7 +4,7 @@
 #include <QObject>
 #include <QString>
 
-// The MMS plug-in's service, kind 32785. User-interface thread only.
+// The MMS plug-in's service, LINKHAND_MMS_KIND. User-interface thread only.
 class IMMSUIPlugin
 {
 public:

@@ -5,7 +5,7 @@
 #include <QString>
 #include <QWidget>
 
-// The SMS plug-in's service, kind 4097. User-interface thread only.
+// The SMS plug-in's service, LINKHAND_SMS_KIND. User-interface thread only.
 class ISMSUIService
 {
 public:

@@ -10,8 +10,6 @@
 // A plug-in writes, once, at file scope:   LINKHAND_EXPORT_VERIFICATION()
 // Qt 4 exports such a text with its own plug-in macro, and the one here is then empty.
 
-#if QT_VERSION >= 0x050000
-
 #if defined(__x86_64__)
 #define LINKHAND_BUILD_ARCHITECTURE "x86_64"
 #elif defined(__i386__)
@@ -37,7 +35,7 @@
 #define LINKHAND_BUILD_ABI "libstdc++-cxx98"
 #endif
 
-#define LINKHAND_BUILD_KEY LINKHAND_BUILD_ARCHITECTURE " linux " LINKHAND_BUILD_ABI
+#define LINKHAND_BUILD_KEY LINKHAND_QT_BUILD_KEY(LINKHAND_BUILD_ARCHITECTURE " linux " LINKHAND_BUILD_ABI)
 
 #define LINKHAND_VERIFICATION_TEXT                                                                                     \
     "pattern=QT_PLUGIN_VERIFICATION_DATA\n"                                                                            \
@@ -46,17 +44,9 @@
     "buildkey=" LINKHAND_BUILD_KEY
 
 #define LINKHAND_EXPORT_VERIFICATION()                                                                                 \
-    extern "C" Q_DECL_EXPORT const char* qt_plugin_query_verification_data();                                          \
-    extern "C" Q_DECL_EXPORT const char* qt_plugin_query_verification_data()                                           \
-    {                                                                                                                  \
-        return LINKHAND_VERIFICATION_TEXT;                                                                             \
-    }
-
-#else
-
-#define LINKHAND_BUILD_KEY QT_BUILD_KEY
-#define LINKHAND_EXPORT_VERIFICATION()
-
-#endif
+    LINKHAND_QT_VERIFICATION(extern "C" Q_DECL_EXPORT const char* qt_plugin_query_verification_data();                 \
+                             extern "C" Q_DECL_EXPORT const char* qt_plugin_query_verification_data() {                \
+                                 return LINKHAND_VERIFICATION_TEXT;                                                    \
+                             })
 
 #endif // LINKHAND_PLUGIN_PLUGINVERIFICATION_H

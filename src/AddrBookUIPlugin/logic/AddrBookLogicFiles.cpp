@@ -2,11 +2,11 @@
 #include <memory>
 #include <new>
 
+#include "linkhand/SdkText.h"
 #include "logic/AddrBookLogic.h"
 #include "logic/Log.h"
 #include "logic/SdkCall.h"
 #include "logic/SdkHandle.h"
-#include "logic/SdkText.h"
 #include "logic/SdkTransaction.h"
 
 // Files, other contacts applications, and how full a memory is.

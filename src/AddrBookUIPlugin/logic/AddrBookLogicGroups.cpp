@@ -4,11 +4,11 @@
 #include <new>
 #include <utility>
 
+#include "linkhand/SdkText.h"
 #include "logic/AddrBookLogic.h"
 #include "logic/Log.h"
 #include "logic/SdkCall.h"
 #include "logic/SdkHandle.h"
-#include "logic/SdkText.h"
 #include "logic/SdkTransaction.h"
 
 // Groups of the local memory.

@@ -1,8 +1,8 @@
+#include "linkhand/SdkText.h"
 #include "logic/AddrBookLogic.h"
 #include "logic/Log.h"
 #include "logic/SdkCall.h"
 #include "logic/SdkHandle.h"
-#include "logic/SdkText.h"
 #include "logic/TextCut.h"
 
 // Storing, changing and deleting single contacts.

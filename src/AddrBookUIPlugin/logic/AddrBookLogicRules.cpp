@@ -1,10 +1,10 @@
 #include <limits>
 #include <utility>
 
+#include "linkhand/SdkText.h"
 #include "linkhand/core/CommonUtils.h"
 #include "logic/AddrBookLogic.h"
 #include "logic/SdkCall.h"
-#include "logic/SdkText.h"
 #include "logic/TextCut.h"
 
 // What a field may hold, and the settings that bend it.

@@ -2,8 +2,8 @@
 
 #include <dlfcn.h>
 
+#include "linkhand/SdkText.h"
 #include "logic/AddrBookTypes.h"
-#include "logic/SdkText.h"
 
 bool cleanNumberText(const QString& strText, bool bPauses, bool bNote, NumberText& cleaned)
 {

@@ -1,8 +1,8 @@
 #include "logic/RecordReader.h"
 
 #include "linkhand/QtCompat.h"
+#include "linkhand/SdkText.h"
 #include "logic/SdkCall.h"
-#include "logic/SdkText.h"
 #include "orva/orva_sdk.h"
 
 RecordReader::RecordReader(const QList<AddrBookField>& lstFields)

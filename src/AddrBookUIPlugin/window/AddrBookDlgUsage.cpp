@@ -1,5 +1,5 @@
+#include "linkhand/SdkText.h"
 #include "logic/SdkCall.h"
-#include "logic/SdkText.h"
 #include "window/AddrBookDlg.h"
 
 bool AddrBookDlg::SavePBInfoForAgent(QString strItem, QString strName, QString strValue)

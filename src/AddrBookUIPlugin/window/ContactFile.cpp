@@ -7,9 +7,9 @@
 
 #include "dialogs/AddrBookFieldMapDlg.h"
 #include "linkhand/QtCompat.h"
+#include "linkhand/SdkText.h"
 #include "logic/Log.h"
 #include "logic/SdkCall.h"
-#include "logic/SdkText.h"
 #include "orva/orva_sdk.h"
 
 QString ContactFile::startPath()

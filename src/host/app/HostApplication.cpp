@@ -215,6 +215,7 @@ void HostApplication::build()
     m_pFindings.reset(new FindingsNotice(m_services.Workers(), m_pWindow->Status()));
     m_pModemProblem.reset(new ModemProblem(*m_pModem, *m_pWatcher));
     connect(m_pModemProblem.data(), SIGNAL(changed()), this, SLOT(OnModemProblem()));
+    connect(m_pModemProblem.data(), SIGNAL(messageStoreFull()), m_pNotices.data(), SLOT(OnStoreFull()));
 }
 
 int HostApplication::Run()
@@ -345,6 +346,9 @@ void HostApplication::OnModemProblem()
     m_modem.clear();
     if (!m_pModemProblem->Text().isEmpty()) {
         m_modem.append(Problem(m_pModemProblem->Name(), "IDS_HOST_PROBLEM_MODEM", m_pModemProblem->Text()));
+    }
+    if (m_pModemProblem->IsMessageStoreFull()) {
+        m_modem.append(Problem(m_pModemProblem->Name(), "IDS_HOST_SMS_STORE_FULL"));
     }
     showProblems();
 }

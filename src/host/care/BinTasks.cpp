@@ -2,6 +2,8 @@
 
 #include "care/CareSdk.h"
 #include "care/CareText.h"
+#include "linkhand/SdkText.h"
+#include "sdk/OwnedHandle.h"
 
 void BinReading::Run()
 {
@@ -26,18 +28,17 @@ void BinReading::Run()
 // False for one that has left the bin.
 bool BinReading::read(BinContact& contact)
 {
-    void* pRecord = nullptr;
-    long nCode = ORVA_Care_GetBinRecord(ORVA_MEMORY_LOCAL, contact.iEntry, &pRecord);
-    unsigned short* pGroups = nullptr;
+    OwnedRecord record;
+    long nCode = ORVA_Care_GetBinRecord(ORVA_MEMORY_LOCAL, contact.iEntry, record.Out());
+    SdkText groups;
     if (nCode == ORVA_OK) {
-        contact.lstValues = CareText::ValuesOf(pRecord);
-        ORVA_PBSrv_AddrRecord_Release(pRecord);
-        nCode = ORVA_Care_GetBinGroups(ORVA_MEMORY_LOCAL, contact.iEntry, &pGroups);
+        contact.lstValues = CareText::ValuesOf(record.Get());
+        nCode = ORVA_Care_GetBinGroups(ORVA_MEMORY_LOCAL, contact.iEntry, groups.out());
     }
     if (nCode != ORVA_OK) {
         return nCode != ORVA_E_NOT_FOUND && succeeded(nCode);
     }
-    const QString strGroups = CareText::Take(pGroups);
+    const QString strGroups = groups.toString();
     if (!strGroups.isEmpty()) {
         contact.lstGroups = strGroups.split(QLatin1Char('\n'));
     }

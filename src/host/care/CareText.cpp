@@ -5,7 +5,7 @@
 #include <QLocale>
 
 #include "care/CareSdk.h"
-#include "linkhand/QtCompat.h"
+#include "linkhand/SdkText.h"
 #include "text/HostText.h"
 
 namespace
@@ -58,16 +58,6 @@ QString CareText::Time(qint64 iSeconds)
     return QLocale().toString(QDateTime::fromMSecsSinceEpoch(iSeconds * 1000), QLocale::ShortFormat);
 }
 
-QString CareText::Take(unsigned short* pText)
-{
-    QString strText;
-    if (pText != nullptr) {
-        strText = QtCompat::fromUtf16(pText);
-    }
-    delete[] pText;
-    return strText;
-}
-
 QStringList CareText::FieldKeys()
 {
     QStringList lstKeys;
@@ -91,9 +81,9 @@ QStringList CareText::ValuesOf(void* pRecord)
 {
     QStringList lstValues;
     for (const auto& field : FIELDS) {
-        unsigned short* pText = nullptr;
-        const bool bThere = ORVA_PBSrv_AddrRecord_GetValue(pRecord, field.pszKey, &pText) == ORVA_OK;
-        lstValues.append(bThere ? Take(pText) : QString());
+        SdkText text;
+        const bool bThere = ORVA_PBSrv_AddrRecord_GetValue(pRecord, field.pszKey, text.out()) == ORVA_OK;
+        lstValues.append(bThere ? text.toString() : QString());
     }
     return lstValues;
 }

@@ -17,9 +17,6 @@ QString Outcome(const QString& strDone, long nCode);
 // A moment, in seconds since the beginning of 1970, as the language writes it.
 QString Time(qint64 iSeconds);
 
-// A text of the SDK, which is freed.
-QString Take(unsigned short* pText);
-
 // The keys of the PC's fields, in their order, and what they are called.
 QStringList FieldKeys();
 QString FieldTitle(const QString& strKey);

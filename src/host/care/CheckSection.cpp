@@ -9,6 +9,7 @@
 #include "care/CareSdk.h"
 #include "care/CareText.h"
 #include "linkhand/QtCompat.h"
+#include "linkhand/SdkText.h"
 #include "text/HostText.h"
 
 namespace
@@ -34,9 +35,9 @@ void StoreCheck::Run()
 {
     // First what has to open the store, which mends what it can.
     succeeded(ORVA_PBSrv_GetSize(ORVA_MEMORY_LOCAL, &m_result.iContacts));
-    unsigned short* pLines = nullptr;
-    if (succeeded(ORVA_Store_CheckInWords(ORVA_MEMORY_LOCAL, &m_result.iFindings, &pLines))) {
-        m_result.strFindings = CareText::Take(pLines);
+    SdkText lines;
+    if (succeeded(ORVA_Store_CheckInWords(ORVA_MEMORY_LOCAL, &m_result.iFindings, lines.out()))) {
+        m_result.strFindings = lines.toString();
     }
     ORVA_STORE_DAMAGE damage = {};
     if (ORVA_Store_GetDamage(ORVA_MEMORY_LOCAL, 0, &damage) == ORVA_OK) {
@@ -44,8 +45,8 @@ void StoreCheck::Run()
         m_result.iReplaced = damage.time;
         m_result.iSavedContacts = damage.records;
         m_result.iSavedGroups = damage.groups;
-        m_result.strFile = CareText::Take(damage.file);
-        m_result.strWhat = CareText::Take(damage.what);
+        m_result.strFile = SdkText(damage.file).toString();
+        m_result.strWhat = SdkText(damage.what).toString();
     }
     ORVA_Store_GetAccess(ORVA_MEMORY_LOCAL, &m_result.nAccess);
 }

@@ -1,16 +1,12 @@
 #include "care/DetailTasks.h"
 
 #include "care/CareSdk.h"
-#include "care/CareText.h"
+#include "linkhand/SdkText.h"
+#include "sdk/OwnedHandle.h"
+#include "sdk/RecordText.h"
 
 namespace
 {
-
-QString valueIn(void* pSet, const char* pszKey)
-{
-    unsigned short* pText = nullptr;
-    return ORVA_PBSrv_AddrRecordSet_GetValue(pSet, pszKey, &pText) == ORVA_OK ? CareText::Take(pText) : QString();
-}
 
 // The property at an index of a record.
 long propertyAt(void* pRecord, int iIndex, KeptProperty& property)
@@ -18,8 +14,8 @@ long propertyAt(void* pRecord, int iIndex, KeptProperty& property)
     ORVA_KEPT_PROPERTY found = {};
     const long nCode = ORVA_Care_GetKeptProperty(pRecord, iIndex, &found);
     if (nCode == ORVA_OK) {
-        property.strHead = CareText::Take(found.head);
-        property.strValue = CareText::Take(found.value);
+        property.strHead = SdkText(found.head).toString();
+        property.strValue = SdkText(found.value).toString();
         property.bOctets = found.octets != 0;
     }
     return nCode;
@@ -29,50 +25,47 @@ long propertyAt(void* pRecord, int iIndex, KeptProperty& property)
 
 void ContactReading::Run()
 {
-    void* pSet = nullptr;
-    if (!succeeded(ORVA_PBSrv_GetAddrRecList(ORVA_MEMORY_LOCAL, &pSet)) || pSet == nullptr) {
+    OwnedRecordSet set;
+    if (!succeeded(ORVA_PBSrv_GetAddrRecList(ORVA_MEMORY_LOCAL, set.Out())) || set.IsNull()) {
         return;
     }
     int iCount = 0;
-    ORVA_PBSrv_AddrRecordSet_GetAddrRecordCount(pSet, &iCount);
+    ORVA_PBSrv_AddrRecordSet_GetAddrRecordCount(set.Get(), &iCount);
     setTotal(iCount);
     static const char* const s_apszNumbers[] = {"Mobile", "officePhone", "homePhone"};
-    for (long nCode = ORVA_PBSrv_AddrRecordSet_MoveFirst(pSet); nCode == ORVA_OK && !IsCancelled();
-         nCode = ORVA_PBSrv_AddrRecordSet_MoveNext(pSet), advance()) {
+    for (long nCode = ORVA_PBSrv_AddrRecordSet_MoveFirst(set.Get()); nCode == ORVA_OK && !IsCancelled();
+         nCode = ORVA_PBSrv_AddrRecordSet_MoveNext(set.Get()), advance()) {
         NamedContact contact;
-        ORVA_PBSrv_AddrRecordSet_GetID(pSet, &contact.iId);
-        contact.strName = valueIn(pSet, "Name");
+        ORVA_PBSrv_AddrRecordSet_GetID(set.Get(), &contact.iId);
+        contact.strName = RecordText::Of(set.Get(), "Name");
         for (const char* pszKey : s_apszNumbers) {
             if (contact.strNumber.isEmpty()) {
-                contact.strNumber = valueIn(pSet, pszKey);
+                contact.strNumber = RecordText::Of(set.Get(), pszKey);
             }
         }
         m_listContacts.append(contact);
     }
-    ORVA_PBSrv_AddrRecordSet_Release(pSet);
 }
 
 void KeptReading::Run()
 {
-    void* pRecord = nullptr;
-    if (!succeeded(ORVA_PBSrv_GetAddrRecord(m_iId, ORVA_MEMORY_LOCAL, &pRecord))) {
+    OwnedRecord record;
+    if (!succeeded(ORVA_PBSrv_GetAddrRecord(m_iId, ORVA_MEMORY_LOCAL, record.Out()))) {
         return;
     }
     KeptProperty property;
-    while (!IsCancelled() && propertyAt(pRecord, int(m_listProperties.size()), property) == ORVA_OK) {
+    while (!IsCancelled() && propertyAt(record.Get(), int(m_listProperties.size()), property) == ORVA_OK) {
         m_listProperties.append(property);
     }
-    ORVA_PBSrv_AddrRecord_Release(pRecord);
 }
 
 void KeptChange::Run()
 {
-    void* pRecord = nullptr;
-    if (succeeded(ORVA_PBSrv_GetAddrRecord(m_iId, ORVA_MEMORY_LOCAL, &pRecord))) {
-        if (succeeded(change(pRecord))) {
-            succeeded(ORVA_PBSrv_UpdateAddrRec(pRecord, m_iId));
+    OwnedRecord record;
+    if (succeeded(ORVA_PBSrv_GetAddrRecord(m_iId, ORVA_MEMORY_LOCAL, record.Out()))) {
+        if (succeeded(change(record.Get()))) {
+            succeeded(ORVA_PBSrv_UpdateAddrRec(record.Get(), m_iId));
         }
-        ORVA_PBSrv_AddrRecord_Release(pRecord);
     }
 }
 

@@ -4,6 +4,8 @@
 
 #include "care/CareSdk.h"
 #include "care/CareText.h"
+#include "linkhand/SdkText.h"
+#include "sdk/OwnedHandle.h"
 
 void DuplicateReading::Run()
 {
@@ -18,12 +20,11 @@ void DuplicateReading::Run()
             m_listSets.append(DuplicateSet());
             m_listSets.last().bSame = pEntries[i].kind == ORVA_DUPLICATE_SAME;
         }
-        void* pRecord = nullptr;
-        const long nCode = ORVA_PBSrv_GetAddrRecord(pEntries[i].record, ORVA_MEMORY_LOCAL, &pRecord);
+        OwnedRecord record;
+        const long nCode = ORVA_PBSrv_GetAddrRecord(pEntries[i].record, ORVA_MEMORY_LOCAL, record.Out());
         if (nCode == ORVA_OK) {
             m_listSets.last().listIds.append(pEntries[i].record);
-            m_listSets.last().listValues.append(CareText::ValuesOf(pRecord));
-            ORVA_PBSrv_AddrRecord_Release(pRecord);
+            m_listSets.last().listValues.append(CareText::ValuesOf(record.Get()));
         } else if (nCode != ORVA_E_NOT_FOUND && !succeeded(nCode)) {
             break;
         }
@@ -43,14 +44,14 @@ void MergePreview::Run()
     foreach (const int iId, m_listIds) {
         ids.push_back(iId);
     }
-    void* pRecord = nullptr;
-    unsigned short* pGroups = nullptr;
-    if (!succeeded(ORVA_Care_PreviewMerge(ORVA_MEMORY_LOCAL, ids.data(), int(ids.size()), &pRecord, &pGroups))) {
+    OwnedRecord record;
+    SdkText groups;
+    if (!succeeded(
+            ORVA_Care_PreviewMerge(ORVA_MEMORY_LOCAL, ids.data(), int(ids.size()), record.Out(), groups.out()))) {
         return;
     }
-    m_lstValues = CareText::ValuesOf(pRecord);
-    ORVA_PBSrv_AddrRecord_Release(pRecord);
-    const QString strGroups = CareText::Take(pGroups);
+    m_lstValues = CareText::ValuesOf(record.Get());
+    const QString strGroups = groups.toString();
     if (!strGroups.isEmpty()) {
         m_lstGroups = strGroups.split(QLatin1Char('\n'));
     }

@@ -1,6 +1,6 @@
 #include "device/CleanNumber.h"
 
-#include "linkhand/QtCompat.h"
+#include "linkhand/SdkText.h"
 #include "orva/orva_care.h"
 
 // Null where the SDK in use does not have it.
@@ -8,14 +8,11 @@
 
 QString CleanNumber::Of(const QString& strText)
 {
-    unsigned short* pNumber = nullptr;
-    unsigned short* pExtension = nullptr;
+    SdkText number;
+    SdkText extension;
     if (&ORVA_Care_CleanNumber == nullptr ||
-        ORVA_Care_CleanNumber(ORVA_MEMORY_LOCAL, strText.utf16(), &pNumber, &pExtension) != ORVA_OK) {
+        ORVA_Care_CleanNumber(ORVA_MEMORY_LOCAL, strText.utf16(), number.out(), extension.out()) != ORVA_OK) {
         return strText;
     }
-    QString strNumber = QtCompat::fromUtf16(pNumber);
-    delete[] pNumber;
-    delete[] pExtension;
-    return strNumber;
+    return number.toString();
 }

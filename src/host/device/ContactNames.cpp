@@ -2,9 +2,10 @@
 
 #include <QMultiHash>
 
-#include "device/RecordText.h"
-#include "linkhand/QtCompat.h"
+#include "linkhand/SdkText.h"
 #include "orva/orva_care.h"
+#include "sdk/OwnedHandle.h"
+#include "sdk/RecordText.h"
 
 // Null where the SDK in use does not have it.
 #pragma weak ORVA_Care_NumberKey
@@ -49,13 +50,10 @@ bool isSame(const QString& strOne, const QString& strOther)
 // What numbers of one telephone have in common; empty where the SDK does not know.
 QString keyOf(const QString& strNumber)
 {
-    unsigned short* pKey = nullptr;
-    if (&ORVA_Care_NumberKey == nullptr || ORVA_Care_NumberKey(strNumber.utf16(), &pKey) != ORVA_OK) {
-        return QString();
-    }
-    QString strKey = QtCompat::fromUtf16(pKey);
-    delete[] pKey;
-    return strKey;
+    SdkText key;
+    const bool bKnown =
+        &ORVA_Care_NumberKey != nullptr && ORVA_Care_NumberKey(sdkText(strNumber), key.out()) == ORVA_OK;
+    return bKnown ? key.toString() : QString();
 }
 
 // A number with the forms in which it is compared.
@@ -104,18 +102,17 @@ void takeName(void* pSet, const char* const* ppszKeys, WantedNumbers& wanted, QH
 
 void namesIn(int iMemory, const char* const* ppszKeys, WantedNumbers& wanted, QHash<QString, QString>& names)
 {
-    void* pSet = nullptr;
+    OwnedRecordSet set;
     int iCount = 0;
-    if (ORVA_PBSrv_GetAddrRecList(iMemory, &pSet) != ORVA_OK || pSet == nullptr) {
+    if (ORVA_PBSrv_GetAddrRecList(iMemory, set.Out()) != ORVA_OK || set.IsNull()) {
         return;
     }
-    if (ORVA_PBSrv_AddrRecordSet_GetAddrRecordCount(pSet, &iCount) == ORVA_OK && iCount > 0 &&
-        ORVA_PBSrv_AddrRecordSet_MoveFirst(pSet) == ORVA_OK) {
+    if (ORVA_PBSrv_AddrRecordSet_GetAddrRecordCount(set.Get(), &iCount) == ORVA_OK && iCount > 0 &&
+        ORVA_PBSrv_AddrRecordSet_MoveFirst(set.Get()) == ORVA_OK) {
         do {
-            takeName(pSet, ppszKeys, wanted, names);
-        } while (!wanted.isEmpty() && ORVA_PBSrv_AddrRecordSet_MoveNext(pSet) == ORVA_OK);
+            takeName(set.Get(), ppszKeys, wanted, names);
+        } while (!wanted.isEmpty() && ORVA_PBSrv_AddrRecordSet_MoveNext(set.Get()) == ORVA_OK);
     }
-    ORVA_PBSrv_AddrRecordSet_Release(pSet);
 }
 
 } // namespace

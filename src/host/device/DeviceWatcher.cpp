@@ -1,20 +1,8 @@
 #include "device/DeviceWatcher.h"
 
-#include <QMetaObject>
-#include <QMutex>
-#include <QMutexLocker>
-
 #include "linkhand/plugin/Codes.h"
 #include "orva/orva_sdk.h"
-
-namespace
-{
-
-// The SDK's callback has no argument of ours, so that the object is found here. The lock keeps it alive meanwhile.
-QMutex s_mutex;
-DeviceWatcher* s_pWatcher = nullptr;
-
-} // namespace
+#include "sdk/SdkListener.h"
 
 DeviceWatcher::DeviceWatcher(QObject* pParent) : QObject(pParent), m_bStarted(false) {}
 
@@ -25,14 +13,11 @@ DeviceWatcher::~DeviceWatcher()
 
 void DeviceWatcher::Start()
 {
-    {
-        QMutexLocker locker(&s_mutex);
-        s_pWatcher = this;
-    }
+    SdkListener<DeviceWatcher>::SetReceiver(this);
     m_bStarted = true;
-    ORVA_DevSrv_RegisterDevInitEventCallback(&DeviceWatcher::onSdkEvent);
-    ORVA_DevSrv_RegisterDevMgrCallback(&DeviceWatcher::onSdkEvent);
-    ORVA_NetSrv_RegisterNetSrvEvent(&DeviceWatcher::onSdkEvent);
+    ORVA_DevSrv_RegisterDevInitEventCallback(&SdkListener<DeviceWatcher>::OnEvent);
+    ORVA_DevSrv_RegisterDevMgrCallback(&SdkListener<DeviceWatcher>::OnEvent);
+    ORVA_NetSrv_RegisterNetSrvEvent(&SdkListener<DeviceWatcher>::OnEvent);
     Refresh();
 }
 
@@ -42,11 +27,10 @@ void DeviceWatcher::Stop()
         return;
     }
     m_bStarted = false;
-    ORVA_DevSrv_UnRegisterDevInitEventCallback(&DeviceWatcher::onSdkEvent);
-    ORVA_DevSrv_UnRegisterDevMgrCallback(&DeviceWatcher::onSdkEvent);
-    ORVA_NetSrv_UnRegisterNetSrvEvent(&DeviceWatcher::onSdkEvent);
-    QMutexLocker locker(&s_mutex);
-    s_pWatcher = nullptr;
+    ORVA_DevSrv_UnRegisterDevInitEventCallback(&SdkListener<DeviceWatcher>::OnEvent);
+    ORVA_DevSrv_UnRegisterDevMgrCallback(&SdkListener<DeviceWatcher>::OnEvent);
+    ORVA_NetSrv_UnRegisterNetSrvEvent(&SdkListener<DeviceWatcher>::OnEvent);
+    SdkListener<DeviceWatcher>::SetReceiver(nullptr);
 }
 
 void DeviceWatcher::Refresh()
@@ -69,16 +53,6 @@ void DeviceWatcher::OnSdkEvent(int iEvent)
     if (m_bStarted) {
         handle(iEvent);
     }
-}
-
-// On the SDK's event thread.
-int DeviceWatcher::onSdkEvent(int iEvent, void*)
-{
-    QMutexLocker locker(&s_mutex);
-    if (s_pWatcher != nullptr) {
-        QMetaObject::invokeMethod(s_pWatcher, "OnSdkEvent", Qt::QueuedConnection, Q_ARG(int, iEvent));
-    }
-    return 0;
 }
 
 void DeviceWatcher::handle(int iEvent)

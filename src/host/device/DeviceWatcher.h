@@ -25,6 +25,9 @@ public:
 
     const DeviceState& State() const { return m_state; }
 
+    // Which events of the SDK are for this. On any thread.
+    static bool Takes(int /*iEvent*/) { return true; }
+
 public slots:
     // Reads the state anew; for a change that sends no event.
     void Refresh();
@@ -43,7 +46,6 @@ private slots:
     void OnSdkEvent(int iEvent);
 
 private:
-    static int onSdkEvent(int iEvent, void* pData);
     void handle(int iEvent);
 
     DeviceState m_state;

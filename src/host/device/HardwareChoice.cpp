@@ -1,6 +1,6 @@
 #include "device/HardwareChoice.h"
 
-#include "linkhand/QtCompat.h"
+#include "linkhand/SdkText.h"
 #include "orva/orva_modem.h"
 #include "orva/orva_sim.h"
 
@@ -12,12 +12,9 @@
 
 QString HardwareChoice::Current()
 {
-    QString strChoice;
-    unsigned short* pusChoice = nullptr;
-    if (&ORVA_Modem_GetHardware != nullptr && ORVA_Modem_GetHardware(&pusChoice) == ORVA_OK && pusChoice != nullptr) {
-        strChoice = QtCompat::fromUtf16(pusChoice);
-    }
-    delete[] pusChoice;
+    SdkText choice;
+    const bool bKnown = &ORVA_Modem_GetHardware != nullptr && ORVA_Modem_GetHardware(choice.out()) == ORVA_OK;
+    const QString strChoice = bKnown ? choice.toString() : QString();
     return strChoice.isEmpty() ? QString(QLatin1String("simulated")) : strChoice;
 }
 

@@ -5,9 +5,9 @@
 #include <QSet>
 #include <QString>
 
-#include "device/RecordText.h"
-#include "linkhand/QtCompat.h"
 #include "orva/orva_sdk.h"
+#include "sdk/OwnedHandle.h"
+#include "sdk/RecordText.h"
 
 namespace
 {
@@ -17,18 +17,17 @@ typedef QPair<QString, QString> Contact; // name and number
 QList<Contact> contactsOf(int iMemory, const char* pszNumberKey)
 {
     QList<Contact> listContacts;
-    void* pSet = nullptr;
+    OwnedRecordSet set;
     int iCount = 0;
-    if (ORVA_PBSrv_GetAddrRecList(iMemory, &pSet) != ORVA_OK || pSet == nullptr) {
+    if (ORVA_PBSrv_GetAddrRecList(iMemory, set.Out()) != ORVA_OK || set.IsNull()) {
         return listContacts;
     }
-    if (ORVA_PBSrv_AddrRecordSet_GetAddrRecordCount(pSet, &iCount) == ORVA_OK && iCount > 0 &&
-        ORVA_PBSrv_AddrRecordSet_MoveFirst(pSet) == ORVA_OK) {
+    if (ORVA_PBSrv_AddrRecordSet_GetAddrRecordCount(set.Get(), &iCount) == ORVA_OK && iCount > 0 &&
+        ORVA_PBSrv_AddrRecordSet_MoveFirst(set.Get()) == ORVA_OK) {
         do {
-            listContacts.append(Contact(RecordText::Of(pSet, "Name"), RecordText::Of(pSet, pszNumberKey)));
-        } while (ORVA_PBSrv_AddrRecordSet_MoveNext(pSet) == ORVA_OK);
+            listContacts.append(Contact(RecordText::Of(set.Get(), "Name"), RecordText::Of(set.Get(), pszNumberKey)));
+        } while (ORVA_PBSrv_AddrRecordSet_MoveNext(set.Get()) == ORVA_OK);
     }
-    ORVA_PBSrv_AddrRecordSet_Release(pSet);
     return listContacts;
 }
 
@@ -76,19 +75,18 @@ bool set(void* pRecord, const char* pszKey, const QString& strValue)
 // The new contact's identifier, 0 if it is refused.
 int add(const Contact& contact)
 {
-    void* pRecord = nullptr;
+    OwnedRecord record;
     int iId = 0;
-    if (ORVA_PBSrv_CreateAddrRecord(ORVA_MEMORY_LOCAL, &pRecord) != ORVA_OK || pRecord == nullptr) {
+    if (ORVA_PBSrv_CreateAddrRecord(ORVA_MEMORY_LOCAL, record.Out()) != ORVA_OK || record.IsNull()) {
         return 0;
     }
     const Contact onPc = asOnPc(contact);
     const bool bWhole = onPc == contact;
-    const bool bSet = set(pRecord, "Name", onPc.first) && set(pRecord, "Mobile", onPc.second) &&
-                      (bWhole || set(pRecord, "remark", contact.second));
-    if (!bSet || ORVA_PBSrv_AddAddrRec(pRecord, &iId) != ORVA_OK) {
+    const bool bSet = set(record.Get(), "Name", onPc.first) && set(record.Get(), "Mobile", onPc.second) &&
+                      (bWhole || set(record.Get(), "remark", contact.second));
+    if (!bSet || ORVA_PBSrv_AddAddrRec(record.Get(), &iId) != ORVA_OK) {
         iId = 0;
     }
-    ORVA_PBSrv_AddrRecord_Release(pRecord);
     return iId;
 }
 

@@ -5,6 +5,7 @@
 #include <QStringList>
 
 #include "linkhand/QtCompat.h"
+#include "linkhand/SdkText.h"
 #include "orva/orva_care.h"
 #include "text/HostText.h"
 
@@ -129,16 +130,15 @@ FindingList FindingList::Read()
     FindingList list;
     ORVA_FINDING* pFindings = nullptr;
     int iCount = 0;
-    unsigned short* pusSource = nullptr;
+    SdkText source;
     if (&ORVA_Care_GetFindings == nullptr ||
-        ORVA_Care_GetFindings(&pFindings, &iCount, &list.m_iTotal, &pusSource) != ORVA_OK) {
+        ORVA_Care_GetFindings(&pFindings, &iCount, &list.m_iTotal, source.out()) != ORVA_OK) {
         return FindingList();
     }
     for (int i = 0; i < iCount; ++i) {
         list.m_entries.append(entryOf(pFindings[i]));
     }
-    list.m_strSource = QFileInfo(QtCompat::fromUtf16(pusSource)).fileName();
-    delete[] pusSource;
+    list.m_strSource = QFileInfo(source.toString()).fileName();
     ORVA_Care_FindingsRelease(&pFindings);
     return list;
 }

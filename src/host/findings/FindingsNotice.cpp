@@ -1,23 +1,17 @@
 #include "findings/FindingsNotice.h"
 
 #include <QApplication>
-#include <QMetaObject>
-#include <QMutex>
-#include <QMutexLocker>
 
 #include "findings/FindingsDialog.h"
 #include "loader/WorkerCount.h"
 #include "orva/orva_care.h"
+#include "sdk/SdkListener.h"
 #include "window/StatusArea.h"
 
 namespace
 {
 
 const int LOOK_MS = 100;
-
-// The SDK's callback has no argument of ours, so that the object is found here. The lock keeps it alive meanwhile.
-QMutex s_mutex;
-FindingsNotice* s_pNotice = nullptr;
 
 } // namespace
 
@@ -36,12 +30,9 @@ FindingsNotice::~FindingsNotice()
 
 void FindingsNotice::Start()
 {
-    {
-        QMutexLocker locker(&s_mutex);
-        s_pNotice = this;
-    }
+    SdkListener<FindingsNotice>::SetReceiver(this);
     m_bStarted = true;
-    ORVA_PBSrv_RegisterPBCallback(&FindingsNotice::onSdkEvent);
+    ORVA_PBSrv_RegisterPBCallback(&SdkListener<FindingsNotice>::OnEvent);
 }
 
 void FindingsNotice::Stop()
@@ -51,12 +42,16 @@ void FindingsNotice::Stop()
     }
     m_bStarted = false;
     m_look.stop();
-    ORVA_PBSrv_UnRegisterPBCallback(&FindingsNotice::onSdkEvent);
-    QMutexLocker locker(&s_mutex);
-    s_pNotice = nullptr;
+    ORVA_PBSrv_UnRegisterPBCallback(&SdkListener<FindingsNotice>::OnEvent);
+    SdkListener<FindingsNotice>::SetReceiver(nullptr);
 }
 
-void FindingsNotice::OnFindings()
+bool FindingsNotice::Takes(int iEvent)
+{
+    return iEvent == ORVA_EVENT_IMPORT_FINDINGS;
+}
+
+void FindingsNotice::OnSdkEvent(int)
 {
     if (!m_bStarted) {
         return;
@@ -82,17 +77,4 @@ void FindingsNotice::OnShow()
 {
     FindingsDialog dialog(m_findings, m_status.window());
     dialog.exec();
-}
-
-// On the SDK's event thread.
-int FindingsNotice::onSdkEvent(int iEvent, void*)
-{
-    if (iEvent != ORVA_EVENT_IMPORT_FINDINGS) {
-        return 0;
-    }
-    QMutexLocker locker(&s_mutex);
-    if (s_pNotice != nullptr) {
-        QMetaObject::invokeMethod(s_pNotice, "OnFindings", Qt::QueuedConnection);
-    }
-    return 1;
 }

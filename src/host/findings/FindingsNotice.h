@@ -27,14 +27,15 @@ public:
     // After it nothing is told.
     void Stop();
 
+    // Which events of the SDK are for this. On any thread.
+    static bool Takes(int iEvent);
+
 private slots:
-    void OnFindings();
+    void OnSdkEvent(int iEvent);
     void OnLook();
     void OnShow();
 
 private:
-    static int onSdkEvent(int iEvent, void* pData);
-
     const WorkerCount& m_workers;
     StatusArea& m_status;
     bool m_bStarted;

@@ -1,10 +1,7 @@
 #include "settings/LossWatcher.h"
 
-#include <QMetaObject>
-#include <QMutex>
-#include <QMutexLocker>
-
 #include "orva/orva_store.h"
+#include "sdk/SdkListener.h"
 #include "settings/DataFolder.h"
 
 // Null where the SDK in use does not have them.
@@ -15,19 +12,6 @@ namespace
 {
 
 const int LOOK_MS = 2000;
-
-// The SDK's callback has no argument of ours, so that the object is found here. The lock keeps it alive meanwhile.
-QMutex s_mutex;
-LossWatcher* s_pWatcher = nullptr;
-
-// What is called for an event; null for one that is nothing to this.
-const char* slotFor(int iEvent)
-{
-    return iEvent == ORVA_EVENT_STORE_LOSS     ? "OnLoss"
-           : iEvent == ORVA_EVENT_STORE_ACCESS ? "OnCheckAccess"
-           : iEvent == ORVA_EVENT_RECORD_GONE  ? "OnGone"
-                                               : nullptr;
-}
 
 void addLoss(int iMemory, const char* pszFile, ProblemList& problems)
 {
@@ -57,12 +41,9 @@ void LossWatcher::Start()
     if (&ORVA_Store_TakeLoss == nullptr) {
         return;
     }
-    {
-        QMutexLocker locker(&s_mutex);
-        s_pWatcher = this;
-    }
+    SdkListener<LossWatcher>::SetReceiver(this);
     m_bStarted = true;
-    ORVA_PBSrv_RegisterPBCallback(&LossWatcher::onSdkEvent);
+    ORVA_PBSrv_RegisterPBCallback(&SdkListener<LossWatcher>::OnEvent);
     // Behind the start of the program, which opens the phonebook anyway.
     QTimer::singleShot(0, this, SLOT(OnCheckAccess()));
 }
@@ -74,29 +55,37 @@ void LossWatcher::Stop()
     }
     m_bStarted = false;
     m_timer.stop();
-    ORVA_PBSrv_UnRegisterPBCallback(&LossWatcher::onSdkEvent);
-    QMutexLocker locker(&s_mutex);
-    s_pWatcher = nullptr;
+    ORVA_PBSrv_UnRegisterPBCallback(&SdkListener<LossWatcher>::OnEvent);
+    SdkListener<LossWatcher>::SetReceiver(nullptr);
 }
 
-void LossWatcher::OnLoss()
+bool LossWatcher::Takes(int iEvent)
+{
+    return iEvent == ORVA_EVENT_STORE_LOSS || iEvent == ORVA_EVENT_STORE_ACCESS || iEvent == ORVA_EVENT_RECORD_GONE;
+}
+
+void LossWatcher::OnSdkEvent(int iEvent)
 {
     if (!m_bStarted) {
         return;
     }
+    if (iEvent == ORVA_EVENT_STORE_LOSS) {
+        tellLoss();
+    } else if (iEvent == ORVA_EVENT_STORE_ACCESS) {
+        OnCheckAccess();
+    } else {
+        emit contactGone();
+    }
+}
+
+void LossWatcher::tellLoss()
+{
     ProblemList problems;
     addLoss(ORVA_MEMORY_LOCAL, "/local.db", problems);
     addLoss(ORVA_MEMORY_CARD, "/card.db", problems);
     addLoss(ORVA_MEMORY_DEVICE, "/device.db", problems);
     if (!problems.isEmpty()) {
         emit lost(problems);
-    }
-}
-
-void LossWatcher::OnGone()
-{
-    if (m_bStarted) {
-        emit contactGone();
     }
 }
 
@@ -128,18 +117,4 @@ void LossWatcher::OnCheckAccess()
     if (m_bReadable && !bWasReadable) {
         emit readableAgain();
     }
-}
-
-// On the SDK's event thread.
-int LossWatcher::onSdkEvent(int iEvent, void*)
-{
-    const char* const pszSlot = slotFor(iEvent);
-    if (pszSlot == nullptr) {
-        return 0;
-    }
-    QMutexLocker locker(&s_mutex);
-    if (s_pWatcher != nullptr) {
-        QMetaObject::invokeMethod(s_pWatcher, pszSlot, Qt::QueuedConnection);
-    }
-    return 1;
 }

@@ -24,6 +24,9 @@ public:
     // After it nothing is told.
     void Stop();
 
+    // Which events of the SDK are for this. On any thread.
+    static bool Takes(int iEvent);
+
 signals:
     // One problem a memory.
     void lost(const ProblemList& problems);
@@ -38,12 +41,11 @@ signals:
     void contactGone();
 
 private slots:
-    void OnLoss();
-    void OnGone();
+    void OnSdkEvent(int iEvent);
     void OnCheckAccess();
 
 private:
-    static int onSdkEvent(int iEvent, void* pData);
+    void tellLoss();
 
     bool m_bStarted;
     QTimer m_timer; // runs while the phonebook cannot be written

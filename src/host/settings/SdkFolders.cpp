@@ -1,15 +1,10 @@
 #include "settings/SdkFolders.h"
 
-#include "linkhand/QtCompat.h"
+#include "linkhand/SdkText.h"
 #include "orva/orva_sdk.h"
 
 QString SdkFolders::LogFolder()
 {
-    unsigned short* pusPath = nullptr;
-    if (ORVA_GetLogDirectory(&pusPath) != ORVA_OK || pusPath == nullptr) {
-        return QString();
-    }
-    QString strPath = QtCompat::fromUtf16(pusPath);
-    delete[] pusPath;
-    return strPath;
+    SdkText path;
+    return ORVA_GetLogDirectory(path.out()) == ORVA_OK ? path.toString() : QString();
 }

@@ -85,6 +85,20 @@ long ORVA_Modem_GetProblem(unsigned short** problem)
     });
 }
 
+long ORVA_Modem_GetMessageStore(int look, int* used, int* total)
+{
+    return guarded(__func__, [&] {
+        int unheeded = 0;
+        int& usedGiven = used != nullptr ? *used : unheeded;
+        int& totalGiven = total != nullptr ? *total : unheeded;
+        usedGiven = totalGiven = 0;
+        const MessageStore store = realHardware().messageStore(look != 0);
+        usedGiven = store.used;
+        totalGiven = store.total;
+        return ORVA_OK;
+    });
+}
+
 long ORVA_Modem_Unlock(const unsigned short* pin)
 {
     return guarded(__func__, [&] {

@@ -1,9 +1,8 @@
 #ifndef SDK_BASE_SHA256_H
 #define SDK_BASE_SHA256_H
 
-#include <array>
-#include <cstddef>
-#include <cstdint>
+#include <sha2.h>
+
 #include <string>
 #include <string_view>
 
@@ -14,19 +13,15 @@ namespace orva
 class Sha256
 {
 public:
+    Sha256();
+
     void add(std::string_view octets);
 
     // The digest as 64 hexadecimal digits; nothing may be added behind it.
     std::string hex();
 
 private:
-    void takeBlock(const unsigned char* block);
-
-    std::array<std::uint32_t, 8> m_state = {0x6a09e667, 0xbb67ae85, 0x3c6ef372, 0xa54ff53a,
-                                            0x510e527f, 0x9b05688c, 0x1f83d9ab, 0x5be0cd19};
-    std::array<unsigned char, 64> m_block = {};
-    std::size_t m_filled = 0;
-    std::uint64_t m_octets = 0;
+    SHA2_CTX m_context = {};
 };
 
 // That of one text.

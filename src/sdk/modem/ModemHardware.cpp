@@ -123,6 +123,14 @@ void ModemHardware::noteOpened(int memory)
     signal(m_wake);
 }
 
+MessageStore ModemHardware::messageStore(bool look)
+{
+    start();
+    if (m_state.wantMessages(look))
+        signal(m_wake);
+    return m_state.messages();
+}
+
 // ---- Jobs
 
 void ModemHardware::perform(const std::function<void(ModemSession&)>& work)

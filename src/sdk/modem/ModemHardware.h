@@ -56,6 +56,10 @@ public:
     // Somebody opens a memory's list: it is looked at again if that was long ago.
     void noteOpened(int memory);
 
+    // What the modem last said of its room for messages, and with `look` it is asked again. See
+    // ORVA_Modem_GetMessageStore, of which the codes are.
+    MessageStore messageStore(bool look);
+
     // Runs `work` on the modem's thread. ORVA_E_ABSENT without a modem, and when it goes meanwhile.
     void perform(const std::function<void(ModemSession&)>& work);
 

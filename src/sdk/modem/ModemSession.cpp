@@ -3,6 +3,7 @@
 #include "modem/ModemSession.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cstdlib>
 #include <utility>
 
@@ -19,6 +20,8 @@ constexpr char deviceStorage[] = "ME";
 constexpr Milliseconds idleBeforeRest(1000);
 constexpr int looksBetweenNetwork = 6;
 constexpr int questionsAtStart = 3;
+constexpr int messageAttempts = 2;
+constexpr int cardBusyCms = 314; // of 3GPP TS 27.005, 3.2.5
 
 const char* storageName(int memory)
 {
@@ -30,17 +33,40 @@ bool contains(const std::vector<std::string>& all, const char* one)
     return std::find(all.begin(), all.end(), one) != all.end();
 }
 
-// Of "+CREG: 2,1" and of "+CREG: 1": the state.
-int registration(std::string_view text, bool answer)
+// Of "+CREG: 2,1", "+CREG: 1" and "+CREG: 1,\"00C3\"": the state. An answer may come so late that nobody waits for it.
+int registration(std::string_view text)
 {
     const std::vector<std::string> fields = splitFields(text);
-    const std::size_t field = answer && fields.size() > 1 ? 1 : 0;
+    const std::size_t field = fields.size() > 1 && fields[1].size() == 1 ? 1 : 0;
     return field < fields.size() ? std::atoi(fields[field].c_str()) : 0;
 }
 
 bool inService(int state)
 {
     return state == 1 || state == 5;
+}
+
+std::optional<int> countOf(const std::string& text)
+{
+    int count = -1;
+    const auto end = std::from_chars(text.data(), text.data() + text.size(), count);
+    const bool whole = end.ec == std::errc() && end.ptr == text.data() + text.size();
+    return whole && count >= 0 ? std::optional<int>(count) : std::nullopt;
+}
+
+// Of three storages, each with what is used and what fits, the last is the one for what comes in. A modem that names
+// fewer has one for all.
+std::optional<MessageStore> messageStoreOf(std::string_view text)
+{
+    const std::vector<std::string> fields = splitFields(text);
+    const std::size_t used = fields.size() >= 9 ? 7 : 1;
+    if (fields.size() <= used + 1)
+        return std::nullopt;
+    const std::optional<int> usedCount = countOf(fields[used]);
+    const std::optional<int> totalCount = countOf(fields[used + 1]);
+    if (!usedCount || !totalCount || *totalCount == 0)
+        return std::nullopt;
+    return MessageStore{*usedCount, *totalCount};
 }
 
 } // namespace
@@ -80,8 +106,12 @@ bool ModemSession::start()
 void ModemSession::heard(const std::string& line)
 {
     if (line.compare(0, 6, "+CREG:") == 0) {
-        m_state.setNetwork(inService(registration(answerText(line, "+CREG"), false)));
+        m_state.setNetwork(inService(registration(answerText(line, "+CREG"))));
         return;
+    }
+    for (const std::string_view sign : {"+CMTI", "^SMMEMFULL"}) {
+        if (std::string_view(line).substr(0, sign.size()) == sign)
+            m_messagesAt = Time();
     }
     // Signs that the card went, came or has been read by the modem: hints alone, its state is asked for.
     for (const std::string_view sign :
@@ -123,12 +153,15 @@ Milliseconds ModemSession::work()
             own(memory).due = true;
         readWhatIsDue(memory);
     }
+    lookAtMessages();
     now = std::chrono::steady_clock::now();
     if (m_foreignSet && now - m_used > idleBeforeRest) {
         m_book.finish();
         m_foreignSet = false;
     }
     Time next = m_lookAt;
+    if (asksForMessages())
+        next = std::min(next, m_messagesAt);
     if (m_foreignSet)
         next = std::min(next, m_used + idleBeforeRest);
     for (const Book& book : m_books) {
@@ -158,6 +191,8 @@ bool ModemSession::lookAtCard()
     m_card.clear();
     for (Book& book : m_books)
         book.counted = false;
+    m_messagesAt = Time();
+    m_messagesFailed = 0;
     retryNow();
     // A device may show its own phonebook only while a card is in.
     own(ORVA_MEMORY_CARD).due = true;
@@ -171,7 +206,32 @@ void ModemSession::lookAtNetwork()
         m_state.setRadio(answerText(power.lines.front(), "+CFUN").substr(0, 1) == "1");
     const Reply network = m_dialog.ask("AT+CREG?", "+CREG");
     if (!network.lines.empty())
-        m_state.setNetwork(inService(registration(answerText(network.lines.front(), "+CREG"), true)));
+        m_state.setNetwork(inService(registration(answerText(network.lines.front(), "+CREG"))));
+}
+
+// A modem that refuses or keeps silent is left alone until another card is in.
+bool ModemSession::asksForMessages() const
+{
+    return m_state.wantsMessages() && m_messagesFailed < messageAttempts && m_state.card() == CardState::Ready;
+}
+
+void ModemSession::lookAtMessages()
+{
+    if (m_state.takeMessagesAsked())
+        m_messagesAt = Time();
+    const Time now = std::chrono::steady_clock::now();
+    if (!asksForMessages() || now < m_messagesAt)
+        return;
+    const Reply reply = m_dialog.ask("AT+CPMS?", "+CPMS");
+    const bool busy = reply.end == Reply::End::Error && (reply.error == cme::cardBusy || reply.error == cardBusyCms);
+    m_messagesAt = std::chrono::steady_clock::now() + (reply.ok() ? m_timings.stale : m_timings.reread);
+    if (busy)
+        return;
+    const std::optional<MessageStore> store =
+        reply.ok() && !reply.lines.empty() ? messageStoreOf(answerText(reply.lines.front(), "+CPMS")) : std::nullopt;
+    m_messagesFailed = store ? 0 : m_messagesFailed + 1;
+    if (store || m_messagesFailed >= messageAttempts)
+        m_state.setMessages(store);
 }
 
 void ModemSession::readWhatIsDue(int memory)

@@ -82,6 +82,8 @@ private:
     bool lookAtCard();
     CardState cardBehindPin(bool taken);
     void lookAtNetwork();
+    bool asksForMessages() const;
+    void lookAtMessages();
     void readWhatIsDue(int memory);
     void read(int memory);
     void prepare(int memory);
@@ -111,6 +113,8 @@ private:
     Time m_looked;       // last
     Time m_used;         // a command of ours, last
     int m_looks = 0;
+    Time m_messagesAt;         // the room for messages is asked for again
+    int m_messagesFailed = 0;  // how often that failed in succession
     bool m_strays = false;     // the modem stores elsewhere than told: nothing is written to it any more
     bool m_foreignSet = false; // our character set is to be given up when nothing happens
 };

@@ -101,6 +101,7 @@ void ModemState::detach()
     m_attached = false;
     m_card = CardState::Absent;
     m_network = false;
+    m_messagesTold = false;
     close(m_cardBook);
     close(m_deviceBook);
     touch();
@@ -116,8 +117,10 @@ void ModemState::setCard(CardState card)
     const bool wasOpen = cardOpen();
     const CardState before = m_card;
     m_card = card;
-    if (!cardOpen())
+    if (!cardOpen()) {
         close(m_cardBook);
+        m_messagesTold = false;
+    }
     touch();
     if (wasIn && !cardIn())
         m_events.post(ORVA_EVENT_DEV_SIM_INVALID);
@@ -131,6 +134,7 @@ void ModemState::replaceCard()
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     close(m_cardBook);
+    m_messagesTold = false;
     touch();
     m_events.post(ORVA_EVENT_DEV_SIM_INVALID);
     m_events.post(ORVA_EVENT_DEV_CARD_CHANGED);
@@ -196,6 +200,32 @@ void ModemState::setProblem(const std::string& text)
     if (!text.empty())
         logLine(text);
     m_touched.notify_all();
+}
+
+void ModemState::setMessages(const std::optional<MessageStore>& store)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_messagesTold = true;
+    m_messages = store;
+}
+
+bool ModemState::wantMessages(bool anew)
+{
+    const bool first = !m_messagesWanted.exchange(true);
+    const bool again = anew && !m_messagesAsked.exchange(true);
+    return first || again;
+}
+
+MessageStore ModemState::messages() const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    if (!cardOpen())
+        throw Failure(ORVA_E_ABSENT, "no modem with an open card");
+    if (!m_messagesTold)
+        throw Failure(ORVA_E_BUSY, "the modem has not said how many messages it holds");
+    if (!m_messages)
+        throw Failure(ORVA_E_UNSUPPORTED, "the modem does not say how many messages it holds");
+    return *m_messages;
 }
 
 bool ModemState::markSaved(const std::string& key)

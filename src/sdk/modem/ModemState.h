@@ -7,6 +7,7 @@
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <set>
 #include <string>
 
@@ -28,6 +29,12 @@ struct ModemBook {
     EntryTable entries;
     std::shared_ptr<const Profile> profile;
     std::atomic<bool> opened{false}; // its list, without the lock
+};
+
+// Room for messages that come in.
+struct MessageStore {
+    int used = 0;
+    int total = 0;
 };
 
 /*
@@ -57,6 +64,13 @@ public:
     // What is in the way, for people; empty for nothing.
     void setProblem(const std::string& text);
 
+    // The modem's room for messages; nothing for a modem that does not say.
+    void setMessages(const std::optional<MessageStore>& store);
+
+    // Whether somebody wants to know of it, and whether anew since the last such question.
+    bool wantsMessages() const { return m_messagesWanted; }
+    bool takeMessagesAsked() { return m_messagesAsked.exchange(false); }
+
     // Whether this run of the program has put a copy of a card aside already; it has from the second call on.
     bool markSaved(const std::string& key);
     void unmarkSaved(const std::string& key);
@@ -67,6 +81,12 @@ public:
     // ---- For any thread
 
     void noteOpened(int memory) { book(memory).opened = true; }
+
+    // Somebody wants to know of the room for messages, with `anew` as it is now. True if that is news.
+    bool wantMessages(bool anew);
+
+    // Throws Failure as long as nothing is known.
+    MessageStore messages() const;
 
     DeviceStatus status() const;
     std::vector<int> memories() const;
@@ -118,6 +138,10 @@ private:
     bool m_radio = true;
     bool m_network = false;
     std::string m_problem;
+    bool m_messagesTold = false;            // the modem has said, or has been found not to
+    std::optional<MessageStore> m_messages; // what it said
+    std::atomic<bool> m_messagesWanted{false};
+    std::atomic<bool> m_messagesAsked{false};
     std::set<std::string> m_saved; // keys
     std::atomic<std::uint64_t> m_changes{0};
 };

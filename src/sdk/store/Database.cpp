@@ -40,6 +40,8 @@ long clientCode(int sqlCode, int systemError)
 // The path as SQLite's URI, so that it can say that the file does not change.
 std::string uriOf(const std::string& path, Database::Mode mode)
 {
+    if (mode == Database::Mode::Passing)
+        return std::string();
     std::string uri = path[0] == '/' ? "file://" : "file:";
     for (const char c : path) {
         if (c == '%' || c == '?' || c == '#')
@@ -65,7 +67,9 @@ bool SqlFailure::isDamage() const
 
 Database::Database(const std::string& path, Mode mode)
 {
-    const int access = mode == Mode::ReadWrite ? SQLITE_OPEN_READWRITE : SQLITE_OPEN_READONLY;
+    const int access = mode == Mode::ReadWrite ? SQLITE_OPEN_READWRITE
+                       : mode == Mode::Passing ? SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE
+                                               : SQLITE_OPEN_READONLY;
     const int flags = access | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_NOFOLLOW | SQLITE_OPEN_EXRESCODE | SQLITE_OPEN_URI;
     // Only a file layer without locks lets a file that may not be written be locked for one reader alone.
     const char* const layer = mode == Mode::ReadAlone ? "unix-none" : nullptr;

@@ -37,7 +37,8 @@ class Database
 public:
     // Salvage reads what is left of a damaged file, also of one that has lost its end. ReadAlone reads a file and its
     // write-ahead log with no file beside them, and ReadUnchanging a file without a log; while nobody writes either.
-    enum class Mode { ReadWrite, ReadOnly, Salvage, ReadAlone, ReadUnchanging };
+    // Passing is an empty database without a name, which ends with the connection; its path is empty.
+    enum class Mode { ReadWrite, ReadOnly, Salvage, ReadAlone, ReadUnchanging, Passing };
 
     // The path must hold no symbolic link; the file must exist.
     Database(const std::string& path, Mode mode);

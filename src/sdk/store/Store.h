@@ -212,6 +212,7 @@ private:
     void replaceDamaged();
     void noteDamage(const Failure& failure);
     SchemaState requireBackup(Database& source);
+    void prepareRestored(Database& restored, SchemaState state);
     std::string backUpHere(int reason);
     void backUpIfAsked();
     bool isUnchangedSince(long long time) const;

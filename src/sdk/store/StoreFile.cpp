@@ -265,26 +265,41 @@ void Store::restore(const std::string& path)
         Database source(path, Database::Mode::ReadOnly);
         const SchemaState state = requireBackup(source);
         aside = backUpHere(ORVA_BACKUP_RESTORE);
-        copyDatabase(source, *m_db);
-        if (state == SchemaState::OlderVersion)
-            migrate(*m_db, migrationSteps(), [] {}); // the old form is in the file that it came from
+        Database restored(std::string(), Database::Mode::Passing);
+        copyDatabase(source, restored);
+        prepareRestored(restored, state);
+        copyDatabase(restored, *m_db);
         logFormat("%s: restored from a backup; what was there before is %s", m_path.c_str(), aside.c_str());
     } catch (const SqlFailure& failure) {
         if (failure.isDamage() || (failure.sqlCode() & 0xff) == SQLITE_ERROR)
             throw Failure(ORVA_E_FORMAT, std::string("the backup cannot be used: ") + failure.what());
         throw;
     }
-    // Identifiers given out since the backup stay given out.
     configureConnection(*m_db);
     m_db->learnEncoding();
     forgetContent();
     ++m_changes;
     reloadCounters();
     startWriting(lock);
-    m_countersChanged = true;
-    dropSyncBase(*m_db);
+    m_countersChanged = true; // another process may have given some out meanwhile
     commit();
     m_backups.rotate(m_db->queryInt("SELECT count(*) FROM records"), {aside, path});
+}
+
+// Before it takes the store's place, since whoever opens that after a kill finds no half of a restore.
+void Store::prepareRestored(Database& restored, SchemaState state)
+{
+    restored.execute("PRAGMA secure_delete = FAST");
+    if (state == SchemaState::OlderVersion)
+        migrate(restored, migrationSteps(), [] {}); // the old form is in the file that it came from
+    restored.execute("BEGIN");
+    dropSyncBase(restored);
+    // Identifiers given out since the backup stay given out.
+    reloadCounters();
+    const char* const raise = "UPDATE counters SET value = max(value, ?) WHERE name = ?";
+    Query(restored, raise).bind(1, m_lastRecord).bind(2, u"record").step();
+    Query(restored, raise).bind(1, m_lastGroup).bind(2, u"group").step();
+    restored.execute("COMMIT");
 }
 
 SchemaState Store::requireBackup(Database& source)

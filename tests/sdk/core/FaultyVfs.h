@@ -6,6 +6,7 @@
 #include <sqlite3.h>
 
 #include <atomic>
+#include <csignal>
 #include <cstring>
 #include <new>
 #include <string>
@@ -13,7 +14,7 @@
 namespace faulty
 {
 
-enum class Fault { None, Io, Full, CannotOpen };
+enum class Fault { None, Io, Full, CannotOpen, Death }; // Death ends the process
 
 struct Plan {
     std::atomic<long> operations{0}; // counted since the last arm()
@@ -51,6 +52,8 @@ inline bool hit()
     const long number = plan().operations++;
     if (failAt < 0 || (plan().stays ? number < failAt : number != failAt))
         return false;
+    if (plan().fault == Fault::Death)
+        ::raise(SIGKILL);
     ++plan().hits;
     return true;
 }

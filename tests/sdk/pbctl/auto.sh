@@ -1,15 +1,16 @@
 #!/bin/sh
-# Usage: auto.sh PBCTL MODEMBENCH. The modem that the real ModemManager lists, as a person uses it. Runs itself again
-# inside of the bench.
+# Usage: auto.sh PBCTL MODEMBENCH MODULE. The modem that the real ModemManager lists, as a person uses it. Runs itself
+# again inside of the bench.
 set -u
+. "$(dirname "$0")/common.sh"
+needs_module "$3"
 if [ -z "${INSIDE:-}" ]; then
     failures=0
     for roles in primary,secondary primary,secondary,free; do
-        INSIDE=$roles "$2" --roles "$roles" -- "$0" "$1" "$2" || failures=1
+        INSIDE=$roles "$2" --roles "$roles" -- "$0" "$@" || failures=1
     done
     exit "$failures"
 fi
-. "$(dirname "$0")/common.sh"
 unset LINKHAND_MODEM
 data=$HOME/auto-$INSIDE
 

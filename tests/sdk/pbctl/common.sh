@@ -7,6 +7,13 @@ fail() {
     failures=$((failures + 1))
 }
 
+# needs_module FILE: ends the test as skipped where the library was built without the module.
+needs_module() {
+    [ -e "$1" ] && return
+    echo "skipped: $1 is not built"
+    exit 77
+}
+
 # run CODE ARGUMENTS...: runs pbctl, keeps its output in $out and its errors in $err, and checks its exit code.
 run() {
     expected=$1

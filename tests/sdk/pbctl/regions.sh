@@ -1,8 +1,9 @@
 #!/bin/sh
-# Usage: regions.sh PBCTL LIBRARY. A number is found however it is written, where the country is known.
+# Usage: regions.sh PBCTL LIBRARY MODULE. A number is found however it is written, where the country is known.
 set -u
 library=$2
 . "$(dirname "$0")/common.sh"
+needs_module "$3"
 unset LC_ALL LANG
 
 run 0 add Name=Anna Mobile="+49 171 5551234"

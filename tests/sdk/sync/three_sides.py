@@ -88,18 +88,20 @@ class Phonebook(Side):
 
     def contacts(self):
         found = {}
-        for one in json.loads(self.pbctl("list", "--json")):
-            shown = json.loads(self.pbctl("show", "--json", str(one["id"])))[0]
-            kept = {entry["property"].split(";")[0]: entry["value"] for entry in shown["kept"]}
-            if one["Name"] in found:
-                fail("%s: %s is there twice" % (self.name, one["Name"]))
+        names = self.names()
+        for one in json.loads(self.pbctl("show", "--json", *map(str, names.values()))) if names else []:
+            kept = {entry["property"].split(";")[0]: entry["value"] for entry in one["kept"]}
             found[one["Name"]] = {"mobile": one["Mobile"], "home": one["homePhone"], "email": one["email"],
                                   "note": one["remark"], "org": kept.get("ORG", ""),
-                                  "groups": sorted(shown["groups"])}
+                                  "groups": sorted(one["groups"])}
         return found
 
     def names(self):
-        return {one["Name"]: one["id"] for one in json.loads(self.pbctl("list", "--json"))}
+        found = json.loads(self.pbctl("list", "--json"))
+        names = {one["Name"]: one["id"] for one in found}
+        if len(names) < len(found):
+            fail("%s: somebody is there twice: %s" % (self.name, sorted(one["Name"] for one in found)))
+        return names
 
     def add(self, name, fields, group):
         words = ["Name=" + name, "Mobile=" + fields["mobile"], "email=" + fields["email"]]

@@ -4,6 +4,7 @@
 #include "device/ModemProblem.h"
 #include "linkhand/QtCompat.h"
 #include "orva/orva_modem.h"
+#include "support/modem/Modem.h"
 
 // What keeps a modem's contacts away is told, and nothing else.
 class TestModemProblem : public QObject
@@ -15,6 +16,7 @@ private slots:
     void aPortThatSomebodyNamedAndThatIsNotThereIsTold();
     void aModemOfWhichNoPortIsLeftIsTold();
     void noModemIsNoProblemWhereNobodyNamedOne();
+    void aFullMessageStoreIsToldUntilThereIsRoom();
 
 private:
     QScopedPointer<TestBus> m_pBus;
@@ -89,6 +91,35 @@ void TestModemProblem::noModemIsNoProblemWhereNobodyNamedOne()
     }
     QCOMPARE(problem.Text(), QString());
     QCOMPARE(changed.count(), 0);
+}
+
+void TestModemProblem::aFullMessageStoreIsToldUntilThereIsRoom()
+{
+    const QTemporaryDir folder;
+    modemsim::Plan plan = modemsim::standardPlan();
+    plan.ports[0].name = folder.filePath("port").toStdString();
+    plan.card.messageTotal = 2;
+    modemsim::Modem card(plan);
+    QVERIFY(HardwareChoice::Begin(folder.filePath("port")));
+    ModemFixture f(false, folder.filePath("port"));
+    DeviceWatcher watcher;
+    watcher.Start();
+    ModemProblem problem(f.modem, watcher);
+    const QSignalSpy full(&problem, SIGNAL(messageStoreFull()));
+    problem.Start();
+    card.receiveMessage("+491711234567", "one");
+    QVERIFY(QTest::qWaitFor([&] { return card.commands("AT+CPMS?") > 0; }, 30000));
+    QVERIFY(!problem.IsMessageStoreFull());
+    card.receiveMessage("+491711234567", "two");
+    // As ModemManager tells of it.
+    emit f.modem.messageReceived("+491711234567", "two");
+    QVERIFY(QTest::qWaitFor([&] { return problem.IsMessageStoreFull(); }, 30000));
+    QCOMPARE(full.count(), 1);
+    QCOMPARE(problem.Text(), QString());
+    // Somebody else makes room: the card is another one.
+    card.insertCard(modemsim::standardPlan().card);
+    QVERIFY(QTest::qWaitFor([&] { return !problem.IsMessageStoreFull(); }, 30000));
+    QCOMPARE(full.count(), 1);
 }
 
 QTEST_GUILESS_MAIN(TestModemProblem)

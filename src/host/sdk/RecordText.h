@@ -3,7 +3,7 @@
 
 #include <QString>
 
-#include "linkhand/QtCompat.h"
+#include "linkhand/SdkText.h"
 #include "orva/orva_sdk.h"
 
 namespace RecordText
@@ -12,13 +12,8 @@ namespace RecordText
 // A value of the record that a set stands on; empty where there is none. One set, one thread.
 inline QString Of(void* pSet, const char* pszKey)
 {
-    unsigned short* pText = nullptr;
-    QString strText;
-    if (ORVA_PBSrv_AddrRecordSet_GetValue(pSet, pszKey, &pText) == ORVA_OK && pText != nullptr) {
-        strText = QtCompat::fromUtf16(pText);
-    }
-    delete[] pText;
-    return strText;
+    SdkText text;
+    return ORVA_PBSrv_AddrRecordSet_GetValue(pSet, pszKey, text.out()) == ORVA_OK ? text.toString() : QString();
 }
 
 } // namespace RecordText

@@ -1,5 +1,5 @@
-#ifndef ADDRBOOKUIPLUGIN_SDKTEXT_H
-#define ADDRBOOKUIPLUGIN_SDKTEXT_H
+#ifndef LINKHAND_SDKTEXT_H
+#define LINKHAND_SDKTEXT_H
 
 #include <QString>
 
@@ -10,7 +10,8 @@
 class SdkText
 {
 public:
-    SdkText() : m_pBuffer(nullptr) {}
+    // Takes a buffer that the SDK has handed out already.
+    explicit SdkText(unsigned short* pBuffer = nullptr) : m_pBuffer(pBuffer) {}
     SdkText(SdkText&& other) noexcept : m_pBuffer(other.m_pBuffer) { other.m_pBuffer = nullptr; }
     SdkText& operator=(SdkText&& other) noexcept
     {
@@ -53,4 +54,4 @@ inline const unsigned short* sdkText(const QString& strText)
     return strText.utf16();
 }
 
-#endif // ADDRBOOKUIPLUGIN_SDKTEXT_H
+#endif // LINKHAND_SDKTEXT_H
