@@ -14,6 +14,9 @@ namespace
 
 using Clock = std::chrono::steady_clock;
 
+constexpr char nameQuestion[] = "AT+CSCS?";
+constexpr char namePrefix[] = "+CSCS";
+
 struct NamedError {
     std::string_view name;
     int code;
@@ -260,21 +263,40 @@ void AtDialog::drain()
     m_reader.clear();
 }
 
+// Collects the answer to the named question. An end without a name belongs to something earlier, which answers first.
+Reply AtDialog::collectNamed(int endsBefore)
+{
+    Reply named = collect(nameQuestion, namePrefix, m_patience.life);
+    bool refused = false;
+    while (!named.silent() && named.lines.empty() && endsBefore-- > 0) {
+        refused = named.end == Reply::End::Error;
+        named = collect(nameQuestion, namePrefix, m_patience.life);
+    }
+    // A refusal with nothing behind it was that of the question itself.
+    if (named.silent() && named.lines.empty() && refused)
+        named.end = Reply::End::Error;
+    return named;
+}
+
 bool AtDialog::recover(int attempts)
 {
+    int sent = 0; // questions with a name whose answer has not come
     for (int attempt = 0; attempt < attempts; ++attempt) {
         send("AT");
         if (collect("AT", {}, m_patience.life).silent())
             continue;
         // That may have been the late end of another command. A question whose answer has a name tells.
-        send("AT+CSCS?");
-        Reply named = collect("AT+CSCS?", "+CSCS", m_patience.life);
-        while (named.ok() && named.lines.empty())
-            named = collect("AT+CSCS?", "+CSCS", m_patience.quiet);
+        send(nameQuestion);
+        ++sent;
+        const int mostBefore = 2 * (attempt + 1) + 1;
+        Reply named = collectNamed(mostBefore);
         // Neither a name nor a refusal: a slow modem may still be at what was given up.
         if (named.silent() && named.lines.empty() && attempt + 1 < attempts)
             continue;
-        // Behind an answer with a name nothing late is left.
+        // The answer to an earlier attempt: that to the last one is still to come.
+        while (!named.lines.empty() && --sent > 0)
+            named = collectNamed(mostBefore);
+        // Behind the last answer with a name nothing late is left.
         if (named.lines.empty())
             drain();
         m_unsure = false;

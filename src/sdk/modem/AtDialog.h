@@ -99,6 +99,7 @@ private:
     bool nextLine(std::string& line, Milliseconds atMost);
     Reply collect(const std::string& command, std::string_view prefix, Milliseconds patience);
     Kind kindOf(const std::string& line, const std::string& command, std::string_view prefix, const Reply& reply) const;
+    Reply collectNamed(int endsBefore);
     void drain();
 
     Channel& m_channel;

@@ -21,6 +21,8 @@ constexpr int usualAlphaLength = 14;
 constexpr int usualNumberLength = 20;
 constexpr int usualCapacity = 250;
 
+constexpr char codesCommand[] = "AT+CMEE=1";
+
 constexpr int alphaFile = 28474; // EF_ADN
 constexpr int recordWithoutAlpha = 14;
 
@@ -111,9 +113,17 @@ bool AtPhonebook::start()
 {
     if (!m_dialog.recover())
         return false;
-    for (const char* const command : {"ATE0", "ATV1", "AT+CMEE=1"})
+    for (const char* const command : {"ATE0", "ATV1"})
         m_dialog.ask(command);
+    askForCodes();
     return true;
+}
+
+// Without them an error tells nothing of the card.
+void AtPhonebook::askForCodes()
+{
+    if (!m_codesAsked && !mute(codesCommand, silencesBelieved))
+        m_codesAsked = !insist(codesCommand, {}, m_dialog.patience().plain).silent();
 }
 
 Reply AtPhonebook::askForCard()
@@ -123,15 +133,20 @@ Reply AtPhonebook::askForCard()
 
 CardState AtPhonebook::cardState()
 {
+    askForCodes();
     Reply reply = askForCard();
     if (reply.end == Reply::End::Error && reply.error == cme::none && !m_codeless) {
         // The request for codes was lost, or the modem has forgotten it; or it has none.
-        m_dialog.ask("AT+CMEE=1");
+        if (m_dialog.ask(codesCommand).silent())
+            return CardState::Silent;
         reply = askForCard();
         m_codeless = reply.end == Reply::End::Error && reply.error == cme::none;
     }
+    if (reply.ok() && reply.lines.empty())
+        reply = askForCard(); // what it had to say was lost
     m_endlessPin = reply.silent() && !reply.lines.empty();
     if (!reply.lines.empty()) {
+        m_pinTold = true;
         const std::string_view state = answerText(reply.lines.front(), "+CPIN");
         if (state == "READY" || state == "SIM PIN2" || state == "SIM PUK2" || state.substr(0, 3) == "PH-")
             return CardState::Ready;
@@ -157,30 +172,38 @@ CardState AtPhonebook::cardState()
     }
     // A modem that does not know the question has no lock to tell of.
     const bool unknown = reply.ok() || reply.error == cme::none || reply.error == cme::notSupported;
-    return unknown ? CardState::Ready : CardState::Failed;
+    return unknown && !m_pinTold ? CardState::Ready : CardState::Failed;
+}
+
+// Of the file of the card that holds it; each octet has its digits swapped.
+std::string AtPhonebook::identityFromFile(const Reply& file)
+{
+    if (!file.ok() || file.lines.empty())
+        return {};
+    const std::vector<std::string> fields = splitFields(answerText(file.lines.front(), "+CRSM"));
+    if (fields.size() < 3 || fields[0] != "144")
+        return {};
+    std::string digits;
+    for (std::size_t i = 0; i + 1 < fields[2].size(); i += 2) {
+        digits.push_back(fields[2][i + 1]);
+        digits.push_back(fields[2][i]);
+    }
+    while (!digits.empty() && (digits.back() | 0x20) == 'f')
+        digits.pop_back();
+    const bool all = std::all_of(digits.begin(), digits.end(), [](char c) { return c >= '0' && c <= '9'; });
+    return all && digits.size() >= 10 ? digits : std::string();
 }
 
 std::string AtPhonebook::cardIdentity()
 {
-    const Reply file = m_dialog.ask("AT+CRSM=176,12258,0,0,10", "+CRSM", m_dialog.patience().pin);
-    if (file.ok() && !file.lines.empty()) {
-        const std::vector<std::string> fields = splitFields(answerText(file.lines.front(), "+CRSM"));
-        if (fields.size() >= 3 && fields[0] == "144") {
-            std::string digits;
-            for (std::size_t i = 0; i + 1 < fields[2].size(); i += 2) {
-                digits.push_back(fields[2][i + 1]);
-                digits.push_back(fields[2][i]);
-            }
-            while (!digits.empty() && (digits.back() | 0x20) == 'f')
-                digits.pop_back();
-            if (digits.size() >= 10 &&
-                std::all_of(digits.begin(), digits.end(), [](char c) { return c >= '0' && c <= '9'; }))
-                return digits;
-        }
-    }
-    for (const auto& [command, prefix] : {std::pair("AT+CCID", "+CCID"), std::pair("AT+ICCID", "+ICCID")}) {
-        const Reply reply = m_dialog.ask(command, prefix);
-        std::string digits = reply.ok() ? digitsOf(reply, prefix) : std::string();
+    for (const auto& [command, prefix] : {std::pair("AT+CRSM=176,12258,0,0,10", "+CRSM"), std::pair("AT+CCID", "+CCID"),
+                                          std::pair("AT+ICCID", "+ICCID")}) {
+        const Reply reply = insist(command, prefix, m_dialog.patience().pin);
+        requireAnswer(reply, command);
+        const bool file = std::string_view(prefix) == "+CRSM";
+        std::string digits;
+        if (reply.ok())
+            digits = file ? identityFromFile(reply) : digitsOf(reply, prefix);
         if (!digits.empty())
             return digits;
     }
@@ -189,10 +212,9 @@ std::string AtPhonebook::cardIdentity()
 
 std::string AtPhonebook::modemIdentity()
 {
-    const Reply reply = m_dialog.ask("AT+CGSN");
-    if (!reply.ok())
-        return {};
-    return digitsOf(reply, "+CGSN");
+    const Reply reply = insist("AT+CGSN", {}, m_dialog.patience().plain);
+    requireSound(reply, "AT+CGSN");
+    return reply.ok() ? digitsOf(reply, "+CGSN") : std::string();
 }
 
 std::vector<std::string> AtPhonebook::product()
@@ -270,62 +292,6 @@ void AtPhonebook::requireCard(const Reply& reply)
     }
 }
 
-// ---- Character set
-
-bool AtPhonebook::setCharacterSet(CharacterSet set)
-{
-    if (!m_dialog.ask(std::string("AT+CSCS=\"") + nameOf(set) + "\"").ok())
-        return false;
-    // Some promise a set and stay with another.
-    const Reply reply = m_dialog.ask("AT+CSCS?", "+CSCS");
-    const auto now = reply.lines.empty() ? std::nullopt : characterSetNamed(answerText(reply.lines.front(), "+CSCS"));
-    m_setActive = !now || *now == set;
-    return m_setActive;
-}
-
-void AtPhonebook::chooseCharacterSet()
-{
-    if (m_setChosen && m_setActive)
-        return;
-    if (m_setChosen) {
-        setCharacterSet(m_set);
-        return;
-    }
-    const Reply own = m_dialog.ask("AT+CSCS?", "+CSCS");
-    if (!own.lines.empty())
-        m_ownSet = answerText(own.lines.front(), "+CSCS");
-    const Reply list = m_dialog.ask("AT+CSCS=?", "+CSCS");
-    std::vector<CharacterSet> sets;
-    for (const std::string& line : list.lines) {
-        for (const CharacterSet set : characterSetsIn(answerText(line, "+CSCS")))
-            sets.push_back(set);
-    }
-    if (sets.empty())
-        sets = {CharacterSet::Ucs2, CharacterSet::Utf8, CharacterSet::Gsm, CharacterSet::Ira};
-    m_setChosen = true;
-    for (const CharacterSet set : sets) {
-        if (setCharacterSet(set)) {
-            m_set = set;
-            return;
-        }
-    }
-    m_set = characterSetNamed(m_ownSet).value_or(CharacterSet::Ira);
-    m_setActive = true;
-}
-
-void AtPhonebook::finish()
-{
-    if (!m_setActive || m_ownSet.empty() || characterSetNamed(m_ownSet) == m_set)
-        return;
-    m_setActive = false;
-    std::string name = m_ownSet;
-    name.erase(std::remove(name.begin(), name.end(), '"'), name.end());
-    name = asciiOfHexUcs2(name).value_or(name);
-    // In UCS2 some want even its name in that coding.
-    if (!m_dialog.ask("AT+CSCS=\"" + name + "\"").ok())
-        m_dialog.ask("AT+CSCS=\"" + hexUcs2(name) + "\"");
-}
-
 // ---- Storages
 
 Reply AtPhonebook::askStorage(const std::string& storage, const std::string& command, std::string_view prefix,
@@ -348,9 +314,9 @@ void AtPhonebook::learnNaming(const std::string& storage)
     for (const Naming naming : {Naming::Plain, Naming::Hex}) {
         const std::string name = naming == Naming::Hex ? hexUcs2(storage) : storage;
         const std::string select = "+CPBS=\"" + name + "\"";
-        const Reply reply =
-            askWhileBusy(std::string("AT").append(select).append(";").append(select), {}, m_dialog.patience().read);
-        requireCard(reply);
+        const std::string twice = std::string("AT").append(select).append(";").append(select);
+        const Reply reply = insist(twice, {}, m_dialog.patience().read);
+        requireAnswer(reply, twice);
         m_naming = naming;
         m_namingKnown = reply.ok();
         if (m_namingKnown)
@@ -364,10 +330,7 @@ PhonebookStorage AtPhonebook::open(const std::string& name)
 {
     if (!m_setChosen) {
         // Before the character set, in which some want even this name coded.
-        const Reply selected = askWhileBusy("AT+CPBS=\"" + name + "\"", {}, m_dialog.patience().read);
-        requireCard(selected);
-        if (!selected.ok())
-            throw Failure(ORVA_E_UNSUPPORTED, "the modem has no storage " + name);
+        requireStorage(insist("AT+CPBS=\"" + name + "\"", {}, m_dialog.patience().read), name);
     }
     chooseCharacterSet();
     learnNaming(name);
@@ -377,29 +340,52 @@ PhonebookStorage AtPhonebook::open(const std::string& name)
     return storage;
 }
 
+// Only a refusal says that there is none.
+void AtPhonebook::requireStorage(const Reply& selected, const std::string& name)
+{
+    requireCard(selected);
+    if (selected.silent())
+        throw Failure(ORVA_E_BUSY, "the modem keeps silent about the storage " + name);
+    if (!selected.ok())
+        throw Failure(ORVA_E_UNSUPPORTED, "the modem has no storage " + name);
+}
+
+StorageShape AtPhonebook::shapeOf(const std::string& storage)
+{
+    const std::string question = storage + "+CPBR=?";
+    const auto ask = [&] { return askStorage(storage, "+CPBR=?", "+CPBR", m_dialog.patience().read); };
+    const Reply range = insist(question, ask);
+    requireAnswer(range, question);
+    if (!range.lines.empty())
+        return readStorageShape(range.lines.front());
+    requireStorage(insist(storage, [&] { return askStorage(storage, {}, {}, m_dialog.patience().read); }), storage);
+    return {};
+}
+
+// What the modem counts; nothing where it does not.
+StorageStatus AtPhonebook::statusOf(const std::string& storage)
+{
+    const std::string question = storage + "+CPBS?";
+    if (mute(question, oftenEnough))
+        return {};
+    const Reply reply =
+        insist(question, [&] { return askStorage(storage, "+CPBS?", "+CPBS", m_dialog.patience().plain); });
+    requireCard(reply);
+    if (isSilence(reply) && !mute(question, oftenEnough))
+        throw Failure(ORVA_E_BUSY, "the modem keeps silent about what it counts");
+    if (reply.lines.empty())
+        return {};
+    // A port that shares its storage with another may tell of the other's.
+    const StorageStatus told = readStorageStatus(reply.lines.back());
+    return told.storage == storage || told.storage.empty() ? told : StorageStatus();
+}
+
 void AtPhonebook::describe(PhonebookStorage& storage)
 {
-    const Reply range = askStorage(storage.name, "+CPBR=?", "+CPBR", m_dialog.patience().read);
-    requireCard(range);
-    StorageShape shape;
-    if (!range.lines.empty())
-        shape = readStorageShape(range.lines.front());
-    else if (!askStorage(storage.name, "", {}, m_dialog.patience().read).ok())
-        throw Failure(ORVA_E_UNSUPPORTED, "the modem has no storage " + storage.name);
-    int total = -1;
-    if (!m_mute[storage.name]) {
-        const Reply status = askStorage(storage.name, "+CPBS?", "+CPBS", m_dialog.patience().plain);
-        requireCard(status);
-        m_mute[storage.name] = status.silent() && status.lines.empty();
-        if (!status.lines.empty()) {
-            const StorageStatus told = readStorageStatus(status.lines.back());
-            // A port that shares its storage with another may tell of the other's.
-            if (told.storage == storage.name || told.storage.empty()) {
-                storage.used = told.used;
-                total = told.total;
-            }
-        }
-    }
+    const StorageShape shape = shapeOf(storage.name);
+    const StorageStatus status = statusOf(storage.name);
+    const int total = status.total;
+    storage.used = status.used;
     storage.first = shape.first >= 0 ? shape.first : 1;
     storage.capacity = std::max(shape.first >= 0 ? shape.last - shape.first + 1 : 0, total);
     if (storage.capacity <= 0)
@@ -416,7 +402,9 @@ void AtPhonebook::lengthsFromCard(PhonebookStorage& storage)
 {
     int alpha = usualAlphaLength;
     if (storage.name == "SM") {
-        const Reply reply = m_dialog.ask("AT+CRSM=192," + std::to_string(alphaFile), "+CRSM", m_dialog.patience().pin);
+        const std::string question = "AT+CRSM=192," + std::to_string(alphaFile);
+        const Reply reply = insist(question, "+CRSM", m_dialog.patience().pin);
+        requireAnswer(reply, question);
         if (reply.ok() && !reply.lines.empty()) {
             const std::vector<std::string> fields = splitFields(answerText(reply.lines.front(), "+CRSM"));
             const int length = fields.size() >= 3 ? recordLength(fields[2]) : -1;
@@ -432,14 +420,7 @@ void AtPhonebook::lengthsFromCard(PhonebookStorage& storage)
 
 int AtPhonebook::used(const PhonebookStorage& storage)
 {
-    if (m_mute[storage.name])
-        return -1;
-    const Reply reply = askStorage(storage.name, "+CPBS?", "+CPBS", m_dialog.patience().plain);
-    requireCard(reply);
-    if (reply.lines.empty())
-        return -1;
-    const StorageStatus told = readStorageStatus(reply.lines.back());
-    return told.storage == storage.name || told.storage.empty() ? told.used : -1;
+    return statusOf(storage.name).used;
 }
 
 } // namespace orva

@@ -64,7 +64,8 @@ public:
     // The state of the card, in one short question.
     CardState cardState();
 
-    // Identity of the card (ICCID) and of the modem (IMEI); empty where the modem does not tell.
+    // Identity of the card (ICCID) and of the modem (IMEI); empty where the modem does not tell. ORVA_E_BUSY after a
+    // silence, which is no answer.
     std::string cardIdentity();
     std::string modemIdentity();
 
@@ -81,7 +82,8 @@ public:
     // The storages that the modem has; empty where it does not tell.
     std::vector<std::string> storages();
 
-    // Chooses a character set, and asks for a storage's range and lengths. ORVA_E_UNSUPPORTED if the modem lacks it.
+    // Chooses a character set, and asks for a storage's range and lengths. ORVA_E_UNSUPPORTED if the modem lacks it,
+    // ORVA_E_BUSY if it keeps silent where it has to say something.
     PhonebookStorage open(const std::string& name);
 
     // Number of entries, asked for anew; -1 where the modem does not count.
@@ -111,17 +113,32 @@ public:
     CharacterSet characterSet() const { return m_set; }
 
 private:
+    static constexpr int oftenEnough = 2;      // silences, for what can be done without
+    static constexpr int silencesBelieved = 4; // for what cannot
+
     // How a storage is named within the line of a command.
     enum class Naming { Plain, Hex, Apart };
 
     Reply askStorage(const std::string& storage, const std::string& command, std::string_view prefix,
                      Milliseconds patience);
+    static bool isSilence(const Reply& reply);
+    bool mute(const std::string& question, int silences) const;
+    Reply insist(const std::string& question, const std::function<Reply()>& ask);
+    Reply insist(const std::string& command, std::string_view prefix, Milliseconds patience);
+    void requireSound(const Reply& reply, const std::string& question) const;
+    void requireAnswer(const Reply& reply, const std::string& question);
+    static std::string identityFromFile(const Reply& file);
+    void askForCodes();
     Reply askForCard();
     Reply askWhileBusy(const std::string& command, std::string_view prefix, Milliseconds patience);
     void requireCard(const Reply& reply);
     void chooseCharacterSet();
+    std::optional<CharacterSet> activeSet(std::string* name = nullptr);
     bool setCharacterSet(CharacterSet set);
     void learnNaming(const std::string& storage);
+    void requireStorage(const Reply& selected, const std::string& name);
+    StorageShape shapeOf(const std::string& storage);
+    StorageStatus statusOf(const std::string& storage);
     void describe(PhonebookStorage& storage);
     void lengthsFromCard(PhonebookStorage& storage);
 
@@ -151,10 +168,14 @@ private:
     bool m_setActive = false;           // the modem is in m_set now
     std::string m_ownSet;               // as the modem named it, to be put back
     std::optional<bool> m_numbersInHex; // in UCS2; unknown until a number was seen
-    std::map<std::string, bool> m_mute; // storages whose +CPBS? never answers
     bool m_endlessPin = false;          // the answer to +CPIN? never ends
+    bool m_codesAsked = false;          // with errors, and the modem has heard it
     bool m_codeless = false;            // and its errors have no codes
+    bool m_pinTold = false;             // it has been answered with a state
     int m_step = 50;                    // locations asked for at a time
+
+    // Of questions, how often in a row nothing came; far below zero for one that was answered ever.
+    std::map<std::string, int> m_silences;
 };
 
 // The code of a C function for what a modem answered.

@@ -19,6 +19,7 @@ constexpr char cardStorage[] = "SM";
 constexpr char deviceStorage[] = "ME";
 constexpr Milliseconds idleBeforeRest(1000);
 constexpr int looksBetweenNetwork = 6;
+constexpr int questionsAtStart = 3;
 constexpr int messageAttempts = 2;
 constexpr int cardBusyCms = 314; // of 3GPP TS 27.005, 3.2.5
 
@@ -32,11 +33,11 @@ bool contains(const std::vector<std::string>& all, const char* one)
     return std::find(all.begin(), all.end(), one) != all.end();
 }
 
-// Of "+CREG: 2,1" and of "+CREG: 1": the state.
-int registration(std::string_view text, bool answer)
+// Of "+CREG: 2,1", "+CREG: 1" and "+CREG: 1,\"00C3\"": the state. An answer may come so late that nobody waits for it.
+int registration(std::string_view text)
 {
     const std::vector<std::string> fields = splitFields(text);
-    const std::size_t field = answer && fields.size() > 1 ? 1 : 0;
+    const std::size_t field = fields.size() > 1 && fields[1].size() == 1 ? 1 : 0;
     return field < fields.size() ? std::atoi(fields[field].c_str()) : 0;
 }
 
@@ -85,14 +86,15 @@ bool ModemSession::start()
 {
     if (!m_book.start())
         return false;
-    m_modem = m_book.modemIdentity();
-    const CardState card = m_book.cardState();
+    CardState card = m_book.cardState();
+    for (int asked = 1; card == CardState::Silent && asked < questionsAtStart; ++asked)
+        card = m_book.cardState();
     const std::vector<std::string> storages = m_book.storages();
     // A modem that does not list its storages shows what it has when they are opened.
     const bool cardBook = storages.empty() || contains(storages, cardStorage);
     const bool deviceBook = storages.empty() || contains(storages, deviceStorage);
     m_looked = std::chrono::steady_clock::now();
-    m_lookAt = m_looked + m_timings.question;
+    m_lookAt = m_looked + (card == CardState::Silent ? m_timings.reread : m_timings.question);
     m_used = m_looked;
     lookAtNetwork();
     m_state.attach(card == CardState::Silent ? CardState::Failed : card, cardBook, deviceBook);
@@ -104,7 +106,7 @@ bool ModemSession::start()
 void ModemSession::heard(const std::string& line)
 {
     if (line.compare(0, 6, "+CREG:") == 0) {
-        m_state.setNetwork(inService(registration(answerText(line, "+CREG"), false)));
+        m_state.setNetwork(inService(registration(answerText(line, "+CREG"))));
         return;
     }
     for (const std::string_view sign : {"+CMTI", "^SMMEMFULL"}) {
@@ -169,20 +171,23 @@ Milliseconds ModemSession::work()
     return std::max(Milliseconds(0), std::chrono::ceil<Milliseconds>(next - now));
 }
 
-void ModemSession::lookAtCard()
+// False if the modem keeps silent about it: then nothing has changed, and it is asked again soon.
+bool ModemSession::lookAtCard()
 {
     const CardState card = m_book.cardState();
-    m_looked = std::chrono::steady_clock::now();
-    m_lookAt = m_looked + m_timings.question;
+    const Time now = std::chrono::steady_clock::now();
     if (card == CardState::Silent) {
+        m_lookAt = now + std::min(m_timings.question, m_timings.reread);
         if (!m_dialog.recover())
             throw PortGone("the modem does not answer");
-        return;
+        return false;
     }
+    m_looked = now;
+    m_lookAt = m_looked + m_timings.question;
     const CardState before = m_state.card();
     m_state.setCard(card);
     if (card == before)
-        return;
+        return true;
     m_card.clear();
     for (Book& book : m_books)
         book.counted = false;
@@ -191,6 +196,7 @@ void ModemSession::lookAtCard()
     retryNow();
     // A device may show its own phonebook only while a card is in.
     own(ORVA_MEMORY_CARD).due = true;
+    return true;
 }
 
 void ModemSession::lookAtNetwork()
@@ -200,7 +206,7 @@ void ModemSession::lookAtNetwork()
         m_state.setRadio(answerText(power.lines.front(), "+CFUN").substr(0, 1) == "1");
     const Reply network = m_dialog.ask("AT+CREG?", "+CREG");
     if (!network.lines.empty())
-        m_state.setNetwork(inService(registration(answerText(network.lines.front(), "+CREG"), true)));
+        m_state.setNetwork(inService(registration(answerText(network.lines.front(), "+CREG"))));
 }
 
 // A modem that refuses or keeps silent is left alone until another card is in.
@@ -260,6 +266,8 @@ std::string ModemSession::keyOf(int memory)
 {
     if (memory == ORVA_MEMORY_CARD && m_card.empty())
         m_card = m_book.cardIdentity();
+    if (memory == ORVA_MEMORY_DEVICE && m_modem.empty())
+        m_modem = m_book.modemIdentity();
     const std::string& identity = memory == ORVA_MEMORY_CARD ? m_card : m_modem;
     return identity.empty() ? identity : std::string(storageName(memory)) + "-" + identity;
 }

@@ -56,7 +56,8 @@ public:
     void backup(int memory, const std::string& path);
     void restore(int memory, const std::string& path);
 
-    // Unlocks the card. ORVA_E_ARGUMENT for a wrong PIN. It is tried once and kept nowhere.
+    // Unlocks the card. ORVA_E_ARGUMENT for a wrong PIN. It is tried once and kept nowhere. It is done if the modem
+    // says so, or if the card is open afterwards.
     void unlock(const std::string& pin);
 
     // For people, "key=value" a line.
@@ -78,7 +79,8 @@ private:
     Book& own(int memory) { return m_books[memory == ORVA_MEMORY_CARD ? 0 : 1]; }
     void heard(const std::string& line);
     void retryNow();
-    void lookAtCard();
+    bool lookAtCard();
+    CardState cardBehindPin(bool taken);
     void lookAtNetwork();
     bool asksForMessages() const;
     void lookAtMessages();

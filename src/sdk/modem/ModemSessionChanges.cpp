@@ -46,6 +46,9 @@ PhonebookStorage ModemSession::storageOf(int memory)
 PhonebookEntry ModemSession::entryOf(int memory, int id)
 {
     return m_state.with(memory, [id](ModemBook& book) {
+        // What is not known yet may well hold it.
+        if (!book.loaded)
+            throw Failure(ORVA_E_BUSY, "the memory is not ready");
         const PhonebookEntry* const found = book.entries.find(id);
         if (found == nullptr)
             throw gone("no such entry");
@@ -67,7 +70,8 @@ void ModemSession::prepare(int memory)
         throw Failure(ORVA_E_UNSUPPORTED, straysText);
     m_foreignSet = true;
     if (std::chrono::steady_clock::now() - m_looked > m_timings.fresh) {
-        lookAtCard();
+        if (!lookAtCard())
+            throw Failure(ORVA_E_BUSY, "the modem keeps silent about its card");
         m_state.requireOpen(memory);
         if (memory == ORVA_MEMORY_CARD && !m_card.empty())
             requireSameCard();
@@ -224,7 +228,15 @@ bool ModemSession::isSameCard(int memory, const Failure& undecided)
         return true;
     if (card == CardState::Absent || card == CardState::PinNeeded || card == CardState::PukNeeded)
         throw Failure(undecided);
-    const std::string number = m_card.empty() ? std::string() : m_book.cardIdentity();
+    std::string number;
+    try {
+        if (!m_card.empty())
+            number = m_book.cardIdentity();
+    } catch (const PortGone&) {
+        throw;
+    } catch (const Failure&) {
+        return false;
+    }
     if (!number.empty() && number != m_card)
         loseCard();
     return number == m_card;
@@ -377,13 +389,41 @@ void ModemSession::unlock(const std::string& pin)
     if (pin.size() < 4 || pin.size() > 8 || pin.find_first_not_of("0123456789") != std::string::npos)
         throw Failure(ORVA_E_ARGUMENT, "a PIN has four to eight digits");
     const Reply reply = m_dialog.ask("AT+CPIN=\"" + pin + "\"", "+CPIN", m_timings.patience.write);
-    lookAtCard();
-    if (reply.ok())
-        return;
+    const CardState card = cardBehindPin(reply.ok());
     if (reply.end == Reply::End::Error && reply.error == cme::wrongPassword)
         throw Failure(ORVA_E_ARGUMENT, "a wrong PIN");
-    if (m_state.card() == CardState::PinNeeded || m_state.card() == CardState::PukNeeded)
-        throw failureFor(reply.error == cme::none ? cme::wrongPassword : reply.error, "unlocking the card");
+    constexpr char what[] = "unlocking the card";
+    switch (card) {
+    case CardState::Ready:
+        return;
+    case CardState::PinNeeded:
+    case CardState::PukNeeded:
+        throw failureFor(reply.error == cme::none ? cme::wrongPassword : reply.error, what);
+    case CardState::Absent:
+    case CardState::Failed:
+        if (!reply.ok())
+            throw failureFor(cme::noCard, what);
+        return;
+    case CardState::Busy:
+    case CardState::Silent:
+        if (!reply.ok())
+            throw failureFor(cme::cardBusy, what);
+        return;
+    }
+}
+
+// The card's own word, which is waited for where it says nothing yet, or where it and the modem's OK do not agree.
+CardState ModemSession::cardBehindPin(bool taken)
+{
+    const auto until = std::chrono::steady_clock::now() + m_timings.patience.busy;
+    for (;;) {
+        const CardState card = lookAtCard() ? m_state.card() : CardState::Silent;
+        const bool unsettled =
+            taken ? card == CardState::PinNeeded : card == CardState::Busy || card == CardState::Silent;
+        if (!unsettled || std::chrono::steady_clock::now() > until)
+            return card;
+        m_dialog.pause(longestPause);
+    }
 }
 
 std::string ModemSession::report()

@@ -3,6 +3,7 @@
 
 // A modem of a few lines: each command that is sent takes its answer from a table. What has no answer gets ERROR.
 
+#include <algorithm>
 #include <deque>
 #include <map>
 #include <string>
@@ -18,13 +19,14 @@ class Channel final : public orva::Channel
 {
 public:
     // The answers to a command, one after the other; the last one stays. "<silence>" stands for none, "<gone>" for a
-    // port that goes away.
+    // port that goes away. One that begins with "<after 400>" takes the modem so many milliseconds, and what it is
+    // asked meanwhile has to wait; they pass only while somebody reads.
     std::map<std::string, std::deque<std::string>> answers;
     std::vector<std::string> commands; // as they came
     std::size_t piece = 4096;          // octets that come at once
 
     // What comes without being asked for.
-    void push(const std::string& bytes) { m_coming += bytes; }
+    void push(const std::string& bytes) { come(bytes, orva::Milliseconds(0)); }
 
     void write(std::string_view bytes) override
     {
@@ -40,12 +42,20 @@ public:
     }
 
     // Nothing to come is a time that has passed.
-    std::string read(orva::Milliseconds) override
+    std::string read(orva::Milliseconds atMost) override
     {
         if (m_gone && m_coming.empty())
             throw orva::Failure(ORVA_E_ABSENT, "gone");
-        const std::string some = m_coming.substr(0, piece);
-        m_coming.erase(0, some.size());
+        if (m_coming.empty() || m_coming.front().due > m_now + atMost) {
+            m_now += atMost;
+            return {};
+        }
+        std::string& front = m_coming.front().bytes;
+        m_now = std::max(m_now, m_coming.front().due);
+        const std::string some = front.substr(0, piece);
+        front.erase(0, some.size());
+        if (front.empty())
+            m_coming.pop_front();
         return some;
     }
 
@@ -58,11 +68,16 @@ public:
     }
 
 private:
+    struct Piece {
+        std::string bytes;
+        orva::Milliseconds due;
+    };
+
     void answer(const std::string& command)
     {
         const auto found = answers.find(command);
         if (found == answers.end()) {
-            m_coming += command == "AT" ? "\r\nOK\r\n" : "\r\nERROR\r\n";
+            come(command == "AT" ? "\r\nOK\r\n" : "\r\nERROR\r\n", orva::Milliseconds(0));
             return;
         }
         const std::string text = found->second.front();
@@ -70,12 +85,25 @@ private:
             found->second.pop_front();
         if (text == "<gone>")
             m_gone = true;
+        else if (text.compare(0, 7, "<after ") == 0)
+            come(text.substr(text.find('>') + 1), orva::Milliseconds(std::stoi(text.substr(7))));
         else if (text != "<silence>")
-            m_coming += text;
+            come(text, orva::Milliseconds(0));
+    }
+
+    // Behind what is to come already.
+    void come(const std::string& bytes, orva::Milliseconds after)
+    {
+        const orva::Milliseconds from = m_coming.empty() ? m_now : std::max(m_now, m_coming.back().due);
+        if (after.count() == 0 && !m_coming.empty())
+            m_coming.back().bytes += bytes;
+        else if (!bytes.empty())
+            m_coming.push_back({bytes, from + after});
     }
 
     std::string m_command;
-    std::string m_coming;
+    std::deque<Piece> m_coming;
+    orva::Milliseconds m_now{0};
     bool m_gone = false;
 };
 
