@@ -440,6 +440,158 @@
         <translation>تخطٍّ</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARE_SYNC</source>
+        <translation>المزامنة</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_BUSY</source>
+        <translation>تجري مزامنة أخرى، أو يجري تعديل جهة اتصال. حاول مرة أخرى بعد قليل.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_CANCELLED</source>
+        <translation>أُوقفت. ستكمل المزامنة التالية ما بقي.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_CHOOSE_DOTS</source>
+        <translation>اختيار...</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_CLIENT</source>
+        <translation>فشل برنامج الخادم (vdirsyncer):</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_CLIENT_NOT</source>
+        <translation>يحتاج هذا إلى الحزمة vdirsyncer، ولحلقة المفاتيح إلى libsecret-tools، ويجب أن تكون الحلقة مفتوحة.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_COMMAND</source>
+        <translation>يطبعها أمر</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_CONFLICT_HERE</source>
+        <translation>عُدّل %1 في الجانبين (%2). المعتمد ما في دليل الهاتف، والآخر في المحذوفات.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_CONFLICT_THERE</source>
+        <translation>عُدّل %1 في الجانبين (%2). المعتمد ما في الجانب الآخر، وما كان في دليل الهاتف في المحذوفات.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_DONE</source>
+        <translation>الجانبان متطابقان الآن.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_FOLDER</source>
+        <translation>المجلد</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_HELD</source>
+        <translation>لم تُحذف لكثرتها دفعة واحدة: %1. يحذفها الأمر "pbctl sync --force".</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_HERE</source>
+        <translation>دليل الهاتف: أُضيف %1، عُدّل %2، حُذف %3</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_HINT</source>
+        <translation>يُبقي جهات اتصال الحاسوب مطابقة لدفتر عناوين على خادم أو لمجلد من بطاقات vCard في الاتجاهين. وما يُستبدل أو يُحذف يكون في المحذوفات.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_KEYRING</source>
+        <translation>في حلقة المفاتيح</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_LAST</source>
+        <translation>آخر مزامنة: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_LEFT</source>
+        <translation>تُرك %1 كما هو: %2</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_MARKER</source>
+        <translation>المجلد ليس مجلد آخر مزامنة، وقد لا يكون موصولًا. لم يُفعل شيء.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_NEVER</source>
+        <translation>لم تجرِ أي مزامنة بعد.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_NONE</source>
+        <translation>لم يُعدّ شيء بعد.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_NOW</source>
+        <translation>زامن الآن</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_OFFLINE</source>
+        <translation>تعذر الوصول إلى الخادم. ما تغيّر ينتظر المزامنة التالية.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_PASSWORD</source>
+        <translation>كلمة المرور</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_SECRET</source>
+        <translation>كلمة المرور أو الأمر</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_SECRET_THERE</source>
+        <translation>فارغ: موجودة من قبل</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_SET</source>
+        <translation>تم الإعداد.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_SETUP</source>
+        <translation>إعداد</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_THERE</source>
+        <translation>الجانب الآخر: أُضيف %1، عُدّل %2، حُذف %3</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_TIMER</source>
+        <translation>كل 15 دقيقة</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_TIMER_FAILED</source>
+        <translation>تعذر تغيير المؤقت.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_TIMER_NOT</source>
+        <translation>يأتي المؤقت مع الحزمة وهو غير موجود هنا.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_URL</source>
+        <translation>العنوان (URL)</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_URL_BAD</source>
+        <translation>ليس هذا عنوان دفتر عناوين ولا مسار مجلد.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_URL_OPEN</source>
+        <translation>ستمر كلمة المرور مكشوفة عبر الشبكة: استخدم https.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_USER</source>
+        <translation>اسم المستخدم</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_WITH</source>
+        <translation>مطابق لـ</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_WITH_FOLDER</source>
+        <translation>مجلد من بطاقات vCard</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_WITH_SERVER</source>
+        <translation>دفتر عناوين على خادم (CardDAV)</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARE_WORKING</source>
         <translation>جارٍ العمل…</translation>
     </message>

@@ -440,6 +440,158 @@
         <translation>Überspringen</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARE_SYNC</source>
+        <translation>Abgleich</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_BUSY</source>
+        <translation>Ein anderer Abgleich läuft, oder ein Kontakt wird gerade bearbeitet. Versuchen Sie es gleich noch einmal.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_CANCELLED</source>
+        <translation>Abgebrochen. Der nächste Abgleich holt es nach.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_CHOOSE_DOTS</source>
+        <translation>Auswählen...</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_CLIENT</source>
+        <translation>Das Programm für den Server (vdirsyncer) ist gescheitert:</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_CLIENT_NOT</source>
+        <translation>Das braucht die Pakete vdirsyncer und, für den Schlüsselbund, libsecret-tools; und der Schlüsselbund muss offen sein.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_COMMAND</source>
+        <translation>Gibt ein Befehl aus</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_CONFLICT_HERE</source>
+        <translation>%1 wurde auf beiden Seiten geändert (%2). Es gilt, was im Telefonbuch stand; das andere liegt im Papierkorb.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_CONFLICT_THERE</source>
+        <translation>%1 wurde auf beiden Seiten geändert (%2). Es gilt, was auf der anderen Seite stand; was im Telefonbuch stand, liegt im Papierkorb.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_DONE</source>
+        <translation>Beide Seiten sind jetzt gleich.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_FOLDER</source>
+        <translation>Ordner</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_HELD</source>
+        <translation>Nicht gelöscht, weil es so viele auf einmal sind: %1. „pbctl sync --force“ löscht sie.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_HERE</source>
+        <translation>Telefonbuch: %1 neu, %2 geändert, %3 gelöscht</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_HINT</source>
+        <translation>Hält die Kontakte des PCs gleich mit einem Adressbuch auf einem Server oder einem Ordner mit vCards, in beiden Richtungen. Was überschrieben oder gelöscht wird, liegt im Papierkorb.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_KEYRING</source>
+        <translation>Liegt im Schlüsselbund</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_LAST</source>
+        <translation>Letzter Abgleich: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_LEFT</source>
+        <translation>%1 blieb, wie es ist: %2</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_MARKER</source>
+        <translation>Der Ordner ist nicht der des letzten Abgleichs: vielleicht ist er nicht eingehängt. Nichts wurde getan.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_NEVER</source>
+        <translation>Es gab noch keinen Abgleich.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_NONE</source>
+        <translation>Noch ist nichts eingerichtet.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_NOW</source>
+        <translation>Jetzt abgleichen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_OFFLINE</source>
+        <translation>Der Server ist nicht zu erreichen. Was sich geändert hat, wartet auf den nächsten Abgleich.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_PASSWORD</source>
+        <translation>Kennwort</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_SECRET</source>
+        <translation>Kennwort oder Befehl</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_SECRET_THERE</source>
+        <translation>Leer: es liegt schon dort</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_SET</source>
+        <translation>Eingerichtet.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_SETUP</source>
+        <translation>Einrichten</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_THERE</source>
+        <translation>Andere Seite: %1 neu, %2 geändert, %3 gelöscht</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_TIMER</source>
+        <translation>Alle 15 Minuten</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_TIMER_FAILED</source>
+        <translation>Die Zeitschaltung ließ sich nicht umstellen.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_TIMER_NOT</source>
+        <translation>Die Zeitschaltung kommt mit dem Paket und ist nicht da.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_URL</source>
+        <translation>Adresse (URL)</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_URL_BAD</source>
+        <translation>Das ist keine Adresse eines Adressbuchs oder kein Pfad eines Ordners.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_URL_OPEN</source>
+        <translation>Das Kennwort ginge offen durchs Netz: nehmen Sie https.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_USER</source>
+        <translation>Benutzername</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_WITH</source>
+        <translation>Gleich mit</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_WITH_FOLDER</source>
+        <translation>Ein Ordner mit vCards</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_WITH_SERVER</source>
+        <translation>Ein Adressbuch auf einem Server (CardDAV)</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARE_WORKING</source>
         <translation>Arbeitet …</translation>
     </message>

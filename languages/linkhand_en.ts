@@ -440,6 +440,158 @@
         <translation>Skip</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARE_SYNC</source>
+        <translation>Sync</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_BUSY</source>
+        <translation>Another sync is under way, or a contact is being edited. Try again in a moment.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_CANCELLED</source>
+        <translation>Stopped. The next sync makes up for it.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_CHOOSE_DOTS</source>
+        <translation>Choose...</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_CLIENT</source>
+        <translation>The server's client (vdirsyncer) has failed:</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_CLIENT_NOT</source>
+        <translation>This needs the packages vdirsyncer and, for the keyring, libsecret-tools; and the keyring has to be open.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_COMMAND</source>
+        <translation>Printed by a command</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_CONFLICT_HERE</source>
+        <translation>%1 was changed on both sides (%2). What the phonebook said counts; the other is in the bin.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_CONFLICT_THERE</source>
+        <translation>%1 was changed on both sides (%2). What the other side said counts; what the phonebook said is in the bin.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_DONE</source>
+        <translation>Both sides are the same now.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_FOLDER</source>
+        <translation>Folder</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_HELD</source>
+        <translation>Not deleted, since they are so many at once: %1. "pbctl sync --force" deletes them.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_HERE</source>
+        <translation>Phonebook: %1 added, %2 changed, %3 deleted</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_HINT</source>
+        <translation>Keeps the contacts on the PC the same as an address book on a server or a folder of vCards, in both directions. What is overwritten or deleted is in the bin.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_KEYRING</source>
+        <translation>In the keyring</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_LAST</source>
+        <translation>Last sync: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_LEFT</source>
+        <translation>%1 was left as it is: %2</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_MARKER</source>
+        <translation>The folder is not that of the last sync: perhaps it is not mounted. Nothing was done.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_NEVER</source>
+        <translation>There has been no sync yet.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_NONE</source>
+        <translation>Nothing is set up yet.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_NOW</source>
+        <translation>Sync now</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_OFFLINE</source>
+        <translation>The server cannot be reached. What changed waits for the next sync.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_PASSWORD</source>
+        <translation>Password</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_SECRET</source>
+        <translation>Password or command</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_SECRET_THERE</source>
+        <translation>Empty: it is there already</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_SET</source>
+        <translation>Set up.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_SETUP</source>
+        <translation>Set up</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_THERE</source>
+        <translation>Other side: %1 added, %2 changed, %3 deleted</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_TIMER</source>
+        <translation>Every 15 minutes</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_TIMER_FAILED</source>
+        <translation>The timer could not be switched.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_TIMER_NOT</source>
+        <translation>The timer comes with the package, and is not here.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_URL</source>
+        <translation>Address (URL)</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_URL_BAD</source>
+        <translation>This is not the address of an address book, or not the path of a folder.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_URL_OPEN</source>
+        <translation>The password would go through the net in the open: use https.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_USER</source>
+        <translation>User name</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_WITH</source>
+        <translation>Same as</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_WITH_FOLDER</source>
+        <translation>A folder of vCards</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_WITH_SERVER</source>
+        <translation>An address book on a server (CardDAV)</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARE_WORKING</source>
         <translation>Working…</translation>
     </message>

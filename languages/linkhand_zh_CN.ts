@@ -440,6 +440,158 @@
         <translation>跳过</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARE_SYNC</source>
+        <translation>同步</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_BUSY</source>
+        <translation>另一个同步正在进行，或者有联系人正在编辑。请稍后再试。</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_CANCELLED</source>
+        <translation>已停止。下次同步会补上。</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_CHOOSE_DOTS</source>
+        <translation>选择...</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_CLIENT</source>
+        <translation>服务器的客户端（vdirsyncer）失败：</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_CLIENT_NOT</source>
+        <translation>这需要软件包 vdirsyncer，使用密钥环时还需要 libsecret-tools，并且密钥环必须已解锁。</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_COMMAND</source>
+        <translation>由命令输出</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_CONFLICT_HERE</source>
+        <translation>%1 在两边都被更改（%2）。以电话簿的内容为准，另一份在回收站中。</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_CONFLICT_THERE</source>
+        <translation>%1 在两边都被更改（%2）。以另一边的内容为准，电话簿的内容在回收站中。</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_DONE</source>
+        <translation>两边现在一致。</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_FOLDER</source>
+        <translation>文件夹</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_HELD</source>
+        <translation>因一次过多而未删除：%1。“pbctl sync --force”会删除它们。</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_HERE</source>
+        <translation>电话簿：新增 %1，更改 %2，删除 %3</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_HINT</source>
+        <translation>使电脑上的联系人与服务器上的通讯录或 vCard 文件夹双向保持一致。被覆盖或删除的内容在回收站中。</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_KEYRING</source>
+        <translation>在密钥环中</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_LAST</source>
+        <translation>上次同步：%1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_LEFT</source>
+        <translation>%1 保持原样：%2</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_MARKER</source>
+        <translation>该文件夹不是上次同步的文件夹，可能未挂载。未执行任何操作。</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_NEVER</source>
+        <translation>尚未同步过。</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_NONE</source>
+        <translation>尚未设置。</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_NOW</source>
+        <translation>立即同步</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_OFFLINE</source>
+        <translation>无法连接服务器。更改将等待下次同步。</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_PASSWORD</source>
+        <translation>密码</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_SECRET</source>
+        <translation>密码或命令</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_SECRET_THERE</source>
+        <translation>留空：已在其中</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_SET</source>
+        <translation>已设置。</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_SETUP</source>
+        <translation>设置</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_THERE</source>
+        <translation>另一边：新增 %1，更改 %2，删除 %3</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_TIMER</source>
+        <translation>每 15 分钟</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_TIMER_FAILED</source>
+        <translation>无法切换定时器。</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_TIMER_NOT</source>
+        <translation>定时器随软件包提供，此处没有。</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_URL</source>
+        <translation>地址 (URL)</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_URL_BAD</source>
+        <translation>这不是通讯录的地址，或不是文件夹的路径。</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_URL_OPEN</source>
+        <translation>密码会以明文通过网络：请使用 https。</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_USER</source>
+        <translation>用户名</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_WITH</source>
+        <translation>保持一致的对象</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_WITH_FOLDER</source>
+        <translation>vCard 文件夹</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_WITH_SERVER</source>
+        <translation>服务器上的通讯录 (CardDAV)</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARE_WORKING</source>
         <translation>正在处理…</translation>
     </message>

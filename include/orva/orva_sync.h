@@ -21,13 +21,17 @@
 extern "C" {
 #endif
 
-/* A result code beside those of orva_sdk.h: a folder is not the one of the last sync, such as one that is not mounted.
+/* Result codes beside those of orva_sdk.h. The first: a folder is not the one of the last sync, such as one that is not
+ * mounted.
  */
 #define ORVA_E_MARKER 1017
+#define ORVA_E_CLIENT 1018    /* vdirsyncer, or what keeps its password, is not installed or has failed */
+#define ORVA_E_CANCELLED 1019 /* a sync that its caller broke off */
 
-/* Options of ORVA_Sync_Run, to be added up. */
+/* Options of ORVA_Sync_Run and ORVA_Sync_RunSetUp, to be added up. */
 #define ORVA_SYNC_FORCE 1   /* delete however much is gone, and take a folder without its marker as it is */
 #define ORVA_SYNC_DRY_RUN 2 /* only tell what would be done */
+#define ORVA_SYNC_UNASKED 4 /* by a timer: that somebody holds the phonebook is no failure */
 
 /* How many contacts were (or would be) added, changed and deleted here, in the phonebook, and there, in the folder.
  * More than ten deletions that are more than a fifth of a side are not made without ORVA_SYNC_FORCE but counted as
@@ -92,6 +96,65 @@ ORVA_API long ORVA_Sync_MergeCards(const unsigned short* file, const unsigned sh
  * process. Waits for a sync under way for up to `wait` milliseconds, then gives ORVA_E_BUSY. */
 ORVA_API long ORVA_Sync_Hold(int memory, int wait, void** hold);
 ORVA_API long ORVA_Sync_Hold_Release(void* hold);
+
+/*
+ * A sync can be set up once and then run by hand or by a timer: with a folder of the user's choice, or with an address
+ * book on a server (CardDAV), which vdirsyncer, with a configuration of our own, keeps the same as a folder of ours.
+ * What is set up lies in the folder "sync" of the data folder, for the user alone; no password does.
+ */
+
+/* With the address book of a URL. The password comes from the keyring or, unless `password_command` is null or empty,
+ * from what that command prints. `program` is the path of pbctl, which merges what changed on both sides.
+ * ORVA_E_ARGUMENT for what is no such URL or user, ORVA_E_UNSUPPORTED for a URL that is neither https nor of this
+ * computer, ORVA_E_CLIENT without vdirsyncer. */
+ORVA_API long ORVA_Sync_SetUpServer(const unsigned short* url, const unsigned short* user,
+                                    const unsigned short* password_command, const unsigned short* program);
+
+/* With a folder, by its path from the root on. */
+ORVA_API long ORVA_Sync_SetUpFolder(const unsigned short* folder);
+
+/* Puts a password into the keyring, and the command that does so in a terminal. ORVA_E_CLIENT if there is none, or it
+ * stays locked. Waits for the user where the keyring asks him. The text is freed with delete[]. */
+ORVA_API long ORVA_Sync_KeepPassword(const unsigned short* url, const unsigned short* user,
+                                     const unsigned short* password);
+ORVA_API long ORVA_Sync_GetKeyringCommand(const unsigned short* url, const unsigned short* user,
+                                          unsigned short** command);
+
+/* What is set up; no text is null. ORVA_E_NOT_FOUND for nothing. */
+typedef struct ORVA_SYNC_SETUP {
+    unsigned short* folder;           /* of the cards */
+    unsigned short* url;              /* empty for a folder alone, as are the next two */
+    unsigned short* user;             /* on the server */
+    unsigned short* password_command; /* empty for the keyring */
+} ORVA_SYNC_SETUP;
+
+ORVA_API long ORVA_Sync_GetSetUp(ORVA_SYNC_SETUP* setup);
+ORVA_API long ORVA_Sync_SetUpRelease(ORVA_SYNC_SETUP* setup);
+
+/* Whether it is time for a timer's run: 15 minutes after a success, after failures or without the server 30, 60, 120
+ * and then 240. Never if nothing is set up. */
+ORVA_API long ORVA_Sync_IsDue(int* due);
+
+/* How a run goes on: called several times a second on the thread that runs it, with the number of the step under way,
+ * from 0, and how many there are. Anything but 0 breaks it off; the next one makes up for that. */
+typedef int (*ORVA_SYNC_PROGRESS)(int step, int steps, void* data);
+
+/* Synchronises with what is set up. Gives a result wherever something is set up (else ORVA_E_NOT_FOUND):
+ * ORVA_Sync_Result_GetRun says what became of it. `progress` may be null. */
+ORVA_API long ORVA_Sync_RunSetUp(int memory, int options, int wait, ORVA_SYNC_PROGRESS progress, void* data,
+                                 void** result);
+
+/* The result of the last such run, by whichever program. ORVA_E_NOT_FOUND if there was none. */
+ORVA_API long ORVA_Sync_GetLastRun(void** result);
+
+typedef struct ORVA_SYNC_RUN {
+    long long time;             /* its end, in seconds since 1970 */
+    long code;                  /* as ORVA_Sync_Run gives it, ORVA_E_CLIENT or ORVA_E_CANCELLED */
+    int offline;                /* 1 if the server could not be reached; what changed waits for the next run */
+    const unsigned short* said; /* what vdirsyncer said where it failed; the result's, never null */
+} ORVA_SYNC_RUN;
+
+ORVA_API long ORVA_Sync_Result_GetRun(void* result, ORVA_SYNC_RUN* run);
 
 #ifdef __cplusplus
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cstdio>
+#include <filesystem>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -10,7 +11,6 @@
 #include "Commands.h"
 #include "Sdk.h"
 #include "Shown.h"
-#include "SyncServer.h"
 #include "orva/orva_sync.h"
 
 namespace pbctl
@@ -113,15 +113,19 @@ struct Outcome {
     bool complete() const { return events.empty() && counts.held_here == 0 && counts.held_there == 0; }
 };
 
+void takeResult(void* result, Outcome& outcome)
+{
+    check(ORVA_Sync_Result_GetCounts(result, &outcome.counts), "reading what a sync did");
+    outcome.events = eventsOf(result);
+}
+
 Outcome synchronise(const std::string& folder, int options, int wait)
 {
     Outcome outcome;
     Handle result(ORVA_Sync_Result_Release);
     outcome.code = ORVA_Sync_Run(memory, units(toSdk(folder)), options, wait * 1000, result.out());
-    if (outcome.code != ORVA_OK)
-        return outcome;
-    check(ORVA_Sync_Result_GetCounts(result.get(), &outcome.counts), "reading what a sync did");
-    outcome.events = eventsOf(result.get());
+    if (outcome.code == ORVA_OK)
+        takeResult(result.get(), outcome);
     return outcome;
 }
 
@@ -149,76 +153,89 @@ int mergeFiles(const Arguments& arguments)
     return done;
 }
 
+// A path may be a folder's, a URL is a server's.
+int setUpFolder(const std::string& folder)
+{
+    const std::string path = std::filesystem::absolute(folder).lexically_normal().string();
+    check(ORVA_Sync_SetUpFolder(units(toSdk(path))), "setting up a sync with " + path);
+    std::printf("Set up; \"pbctl sync --run\" synchronises with %s\n", shown(path).c_str());
+    return done;
+}
+
 int setUp(const Arguments& arguments)
 {
     arguments.require(0, 0, {"setup", "user", "password-command"});
     const std::string url = arguments.value("setup");
     const std::string user = arguments.value("user");
-    if (user.empty())
-        throw UsageError("--setup needs the name of the user on the server: --user NAME");
     const std::string command = arguments.value("password-command");
-    SyncServer().setUp(url, user, command);
-    std::printf("Set up; \"pbctl sync --run\" synchronises with %s\n", shown(url).c_str());
-    if (command.empty())
-        std::printf("The password goes into the keyring with: %s\n",
-                    shown(SyncServer::keyringCommand(url, user)).c_str());
+    const bool folder = url.find("://") == std::string::npos && user.empty() && url.find('/') != std::string::npos;
+    if (!folder && user.empty())
+        throw UsageError("--setup needs the name of the user on the server: --user NAME");
+    if (folder)
+        setUpFolder(url);
+    else {
+        const std::string program = std::filesystem::read_symlink("/proc/self/exe").string();
+        const long code =
+            ORVA_Sync_SetUpServer(units(toSdk(url)), units(toSdk(user)), units(toSdk(command)), units(toSdk(program)));
+        if (code == ORVA_E_ARGUMENT)
+            throw UsageError("\"" + url + "\" is no URL of an address book");
+        if (code == ORVA_E_UNSUPPORTED)
+            throw UsageError("the password would go through the net in the open: use https");
+        if (code == ORVA_E_CLIENT)
+            throw std::runtime_error("vdirsyncer is needed, and not installed");
+        check(code, "setting up a sync");
+        std::printf("Set up; \"pbctl sync --run\" synchronises with %s\n", shown(url).c_str());
+        unsigned short* keyring = nullptr;
+        check(ORVA_Sync_GetKeyringCommand(units(toSdk(url)), units(toSdk(user)), &keyring), "finding the keyring");
+        const std::string words = takeUtf8(keyring);
+        if (command.empty())
+            std::printf("The password goes into the keyring with: %s\n", shown(words).c_str());
+    }
     std::printf("Every 15 minutes from now on: systemctl --user enable --now linkhand-sync.timer\n");
     return done;
 }
 
-// One half of a run; the sum of both in the counts.
-void addRun(const SyncServer& server, Outcome& sum, int wait)
+std::string setUpWith()
 {
-    const Outcome half = synchronise(server.cards(), 0, wait);
-    sum.code = half.code;
-    if (half.code != ORVA_OK)
-        throw failureOf(half.code, server.cards());
-    sum.counts.added_here += half.counts.added_here;
-    sum.counts.changed_here += half.counts.changed_here;
-    sum.counts.deleted_here += half.counts.deleted_here;
-    sum.counts.added_there += half.counts.added_there;
-    sum.counts.changed_there += half.counts.changed_there;
-    sum.counts.deleted_there += half.counts.deleted_there;
-    sum.counts.held_here = half.counts.held_here;
-    sum.counts.held_there = half.counts.held_there;
-    for (const Event& event : half.events) {
-        const bool told = std::any_of(sum.events.begin(), sum.events.end(), [&event](const Event& other) {
-            return other.kind == event.kind && other.file == event.file && other.what == event.what;
-        });
-        if (!told)
-            sum.events.push_back(event);
-    }
+    ORVA_SYNC_SETUP setup = {};
+    check(ORVA_Sync_GetSetUp(&setup), "reading what is set up");
+    std::string folder = textOf(setup.folder);
+    ORVA_Sync_SetUpRelease(&setup);
+    return folder;
 }
 
-int runWithServer(const Arguments& arguments)
+int runWithSetUp(const Arguments& arguments)
 {
     arguments.require(0, 0, {"run", "timer", "wait"});
     const bool timer = arguments.has("timer");
     const int wait = secondsIn(arguments.value("wait", "60"));
-    const SyncServer server;
-    if (!server.isSetUp() && !timer)
-        throw std::runtime_error("no server is set up: pbctl sync --setup URL --user NAME");
-    if (timer && (!server.isSetUp() || !server.isTime()))
+    int due = 1;
+    if (timer)
+        check(ORVA_Sync_IsDue(&due), "finding out whether it is time");
+    if (due == 0)
         return done;
-    Outcome sum;
-    try {
-        addRun(server, sum, wait);
-        const bool reached = server.exchange();
-        server.noteRun(reached);
-        if (!reached) {
-            std::printf("The server cannot be reached; what changed waits for the next run\n");
-            return done;
-        }
-        addRun(server, sum, wait);
-    } catch (const std::exception&) {
-        // Somebody edits a contact: the next turn comes soon.
-        if (timer && sum.code == ORVA_E_BUSY)
-            return done;
-        server.noteRun(false);
-        throw;
+    Handle result(ORVA_Sync_Result_Release);
+    const long code =
+        ORVA_Sync_RunSetUp(memory, timer ? ORVA_SYNC_UNASKED : 0, wait * 1000, nullptr, nullptr, result.out());
+    if (code == ORVA_E_NOT_FOUND)
+        throw std::runtime_error("no server is set up: pbctl sync --setup URL --user NAME");
+    check(code, "synchronising");
+    ORVA_SYNC_RUN run = {};
+    check(ORVA_Sync_Result_GetRun(result.get(), &run), "reading what became of a sync");
+    if (timer && run.code == ORVA_E_BUSY)
+        return done;
+    if (run.code == ORVA_E_CLIENT)
+        throw std::runtime_error("vdirsyncer failed: " + shown(textOf(run.said)));
+    if (run.code != ORVA_OK)
+        throw failureOf(run.code, setUpWith());
+    if (run.offline != 0) {
+        std::printf("The server cannot be reached; what changed waits for the next run\n");
+        return done;
     }
-    printLines(sum.counts, sum.events, false);
-    return sum.complete() ? done : partlyDone;
+    Outcome outcome;
+    takeResult(result.get(), outcome);
+    printLines(outcome.counts, outcome.events, false);
+    return outcome.complete() ? done : partlyDone;
 }
 
 } // namespace
@@ -230,7 +247,7 @@ int runSync(const Arguments& arguments)
     if (arguments.has("setup"))
         return setUp(arguments);
     if (arguments.has("run"))
-        return runWithServer(arguments);
+        return runWithSetUp(arguments);
     arguments.require(1, 1, {"dry-run", "force", "wait", "json"});
     const std::string& folder = arguments.words()[1];
     const bool dry = arguments.has("dry-run");

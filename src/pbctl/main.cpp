@@ -93,7 +93,7 @@ constexpr Command commands[] = {
      "it for all programs: two letters such as DE, \"none\", or \"locale\" for that of the locale again.\n"},
     {"sync", runSync,
      "[--dry-run] [--force] [--wait SECONDS] [--json] FOLDER |\n"
-     "           --setup URL --user NAME [--password-command COMMAND] | --run [--timer] |\n"
+     "           --setup URL --user NAME [--password-command COMMAND] | --setup FOLDER | --run [--timer] |\n"
      "           --merge [--before FOLDER] FILE FILE",
      "Makes the PC's phonebook and a folder of vCards the same, in both directions, a contact a file, as address book\n"
      "clients have it. Different fields of a contact may be changed on both sides; of two changes of the same field "
@@ -103,10 +103,11 @@ constexpr Command commands[] = {
      "  --force           deletes however much is gone on one side, and takes a folder that is not the one it was\n"
      "  --wait SECONDS    for another sync or an open form, 60 without it\n"
      "  --json            prints the result as an object\n"
-     "  --setup URL       of an address book on a server (CardDAV), https or on this computer, for --run\n"
+     "  --setup URL       of an address book on a server (CardDAV), https or on this computer, for --run; or the path\n"
+     "                    of a folder\n"
      "  --user NAME       on the server; the password is that of the keyring\n"
      "  --password-command COMMAND  prints the password, instead of the keyring\n"
-     "  --run             synchronises with that server, by vdirsyncer\n"
+     "  --run             synchronises with that server, by vdirsyncer, or with that folder\n"
      "  --timer           only when it is time: less often after failures, and not without --setup\n"
      "  --merge           makes one card of two of the same contact, in both files, for clients that ask what to do\n"
      "  --before FOLDER   with the cards of when both were the same\n"},

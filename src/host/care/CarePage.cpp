@@ -16,6 +16,8 @@
 #include "care/CheckSection.h"
 #include "care/DetailSection.h"
 #include "care/DuplicateSection.h"
+#include "care/SyncSdk.h"
+#include "care/SyncSection.h"
 #include "text/HostText.h"
 
 namespace
@@ -66,6 +68,9 @@ CarePage::CarePage(QWidget* pParent)
     addSection(new DuplicateSection(*m_pRunner, this));
     addSection(new CheckSection(*m_pRunner, this));
     addSection(new DetailSection(*m_pRunner, this));
+    if (SyncSdk::IsThere()) {
+        addSection(new SyncSection(*m_pRunner, this));
+    }
     connect(m_pTabs, SIGNAL(currentChanged(int)), this, SLOT(OnTabChosen()));
     connect(m_pRunner, SIGNAL(begun()), this, SLOT(OnBegun()));
     connect(m_pRunner, SIGNAL(ended(bool)), this, SLOT(OnEnded(bool)));

@@ -44,6 +44,10 @@ void CareRunner::CancelCurrent()
 
 void CareRunner::run()
 {
+    if (m_pTask->TakesTurns()) {
+        m_pTask->Run();
+        return;
+    }
     // The host's end waits for it, and the phonebook is not read anew meanwhile.
     CommonUtils::ThreadCountInc(QLatin1String(__FILE__), QLatin1String(__FUNCTION__));
     m_pTask->Run();

@@ -23,6 +23,9 @@ public:
 
     Kind KindOf() const { return m_enKind; }
 
+    // True for one that waits itself for forms and batches to end, and so is none of them.
+    virtual bool TakesTurns() const { return false; }
+
     // The first code of the SDK that was not 0.
     long Code() const { return m_nCode; }
 

@@ -7,12 +7,14 @@
 #include <chrono>
 #include <climits>
 #include <cstdlib>
+#include <ctime>
 #include <memory>
 #include <thread>
 
 #include "api/Boundary.h"
 #include "api/Handles.h"
 #include "api/Library.h"
+#include "api/SyncRuns.h"
 #include "base/DataFolder.h"
 #include "base/Files.h"
 #include "base/Log.h"
@@ -31,17 +33,6 @@ namespace
 
 constexpr std::chrono::milliseconds betweenTries(20);
 
-struct ResultHandle final : HandleObject {
-    static constexpr HandleKind kind = HandleKind::SyncResult;
-    struct Texts {
-        std::u16string file;
-        std::u16string name;
-        std::u16string what;
-    };
-    SyncReport report;
-    std::vector<Texts> texts; // of its events
-};
-
 // Shared by all who hold the phonebook, and a sync's alone.
 struct HoldHandle final : HandleObject {
     static constexpr HandleKind kind = HandleKind::SyncHold;
@@ -49,10 +40,12 @@ struct HoldHandle final : HandleObject {
 };
 
 template <typename Try>
-void waitFor(int wait, const Try& tryLock)
+void waitFor(int wait, const GoOn& goOn, const Try& tryLock)
 {
     const auto giveUp = std::chrono::steady_clock::now() + std::chrono::milliseconds(wait);
     while (!tryLock()) {
+        if (goOn && !goOn())
+            throw Failure(ORVA_E_CANCELLED, "broken off while waiting");
         if (std::chrono::steady_clock::now() >= giveUp)
             throw Failure(ORVA_E_BUSY, "a sync is under way, or the phonebook is held");
         std::this_thread::sleep_for(betweenTries);
@@ -65,9 +58,8 @@ std::unique_ptr<SharedLock> syncLock()
 }
 
 // Without symbolic links where it is there, and from the root on in any case.
-std::string folderPath(const unsigned short* folder)
+std::string folderPath(std::string path)
 {
-    std::string path = toUtf8(fromApi(folder));
     while (path.size() > 1 && path.back() == '/')
         path.pop_back();
     if (path.empty())
@@ -98,13 +90,16 @@ SyncSettings settingsFor(Store& store, int options)
     return settings;
 }
 
-SyncReport synchronise(Store& store, const std::string& path, int options, int wait)
+} // namespace
+
+SyncReport orva::synchronise(Store& store, const std::string& folder, int options, int wait, const GoOn& goOn)
 {
+    const std::string path = folderPath(folder);
     const std::unique_ptr<SharedLock> lock = syncLock();
     SyncReport report;
-    waitFor(wait, [&lock] { return lock->tryAlone(); });
+    waitFor(wait, goOn, [&lock] { return lock->tryAlone(); });
     // The folder may be another phonebook's as well.
-    waitFor(wait, [&] {
+    waitFor(wait, goOn, [&] {
         try {
             report = Synchroniser(store, path, settingsFor(store, options)).run();
             return true;
@@ -117,7 +112,15 @@ SyncReport synchronise(Store& store, const std::string& path, int options, int w
     return report;
 }
 
-} // namespace
+void* orva::newSyncResult(SyncRun run)
+{
+    auto made = std::make_unique<SyncResultHandle>();
+    made->run = std::move(run);
+    made->said = fromUtf8(made->run.said);
+    for (const SyncEvent& event : made->run.report.events)
+        made->texts.push_back({fromUtf8(event.file), fromUtf8(event.name), fromUtf8(event.what)});
+    return newHandle(std::move(made));
+}
 
 long ORVA_Sync_Run(int memory, const unsigned short* folder, int options, int wait, void** result)
 {
@@ -127,11 +130,10 @@ long ORVA_Sync_Run(int memory, const unsigned short* folder, int options, int wa
         *result = nullptr;
         if ((options & ~(ORVA_SYNC_FORCE | ORVA_SYNC_DRY_RUN)) != 0 || wait < 0)
             throw Failure(ORVA_E_ARGUMENT, "no such option");
-        auto made = std::make_unique<ResultHandle>();
-        made->report = synchronise(groupStore(memory), folderPath(folder), options, wait);
-        for (const SyncEvent& event : made->report.events)
-            made->texts.push_back({fromUtf8(event.file), fromUtf8(event.name), fromUtf8(event.what)});
-        *result = newHandle(std::move(made));
+        SyncRun run;
+        run.report = synchronise(groupStore(memory), toUtf8(fromApi(folder)), options, wait, GoOn());
+        run.time = static_cast<long long>(std::time(nullptr));
+        *result = newSyncResult(std::move(run));
         return ORVA_OK;
     });
 }
@@ -140,7 +142,7 @@ long ORVA_Sync_Result_GetCounts(void* result, ORVA_SYNC_COUNTS* counts)
 {
     return guarded(__func__, [&] {
         require(counts);
-        const SyncReport& report = fromHandle<ResultHandle>(result).report;
+        const SyncReport& report = fromHandle<SyncResultHandle>(result).run.report;
         counts->added_here = report.addedHere;
         counts->changed_here = report.changedHere;
         counts->deleted_here = report.deletedHere;
@@ -158,13 +160,13 @@ long ORVA_Sync_Result_GetEvent(void* result, int index, ORVA_SYNC_EVENT* event)
 {
     return guarded(__func__, [&]() -> long {
         require(event);
-        const auto& held = fromHandle<ResultHandle>(result);
+        const auto& held = fromHandle<SyncResultHandle>(result);
         if (index < 0)
             throw Failure(ORVA_E_ARGUMENT, "an event below 0");
         if (static_cast<std::size_t>(index) >= held.texts.size())
             return ORVA_E_END;
-        const SyncEvent& found = held.report.events[static_cast<std::size_t>(index)];
-        const ResultHandle::Texts& texts = held.texts[static_cast<std::size_t>(index)];
+        const SyncEvent& found = held.run.report.events[static_cast<std::size_t>(index)];
+        const SyncResultHandle::Texts& texts = held.texts[static_cast<std::size_t>(index)];
         event->kind = found.kind == SyncEvent::Kind::Conflict ? ORVA_SYNC_CONFLICT : ORVA_SYNC_LEFT;
         event->record = found.record;
         event->here_won = found.hereWon ? 1 : 0;
@@ -178,7 +180,7 @@ long ORVA_Sync_Result_GetEvent(void* result, int index, ORVA_SYNC_EVENT* event)
 long ORVA_Sync_Result_Release(void* result)
 {
     return guarded(__func__, [&] {
-        releaseHandle<ResultHandle>(result);
+        releaseHandle<SyncResultHandle>(result);
         return ORVA_OK;
     });
 }
@@ -204,7 +206,7 @@ long ORVA_Sync_Hold(int memory, int wait, void** hold)
         groupStore(memory);
         auto made = std::make_unique<HoldHandle>();
         made->lock = syncLock();
-        waitFor(wait, [&made] { return made->lock->tryTogether(); });
+        waitFor(wait, GoOn(), [&made] { return made->lock->tryTogether(); });
         *hold = newHandle(std::move(made));
         return ORVA_OK;
     });

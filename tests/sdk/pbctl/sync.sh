@@ -68,6 +68,23 @@ run 0 sync --force cards
 flock cards/.linkhand-sync "$pbctl" sync --wait 0 cards 2>"$HOME/err" && fail "a locked folder was synchronised"
 has "$(cat "$HOME/err")" "another sync is under way"
 
+# A folder that is set up once.
+run 0 --data-dir "$HOME/third" sync --setup ./cards
+has "$out" "synchronises with $HOME/cards"
+run 0 --data-dir "$HOME/third" sync --run --timer
+has "$out" "Phonebook: 2 added"
+run 0 --data-dir "$HOME/third" add Name=Carl
+run 0 --data-dir "$HOME/third" sync --run
+has "$out" "Folder: 1 added"
+equal "cards" "$(ls cards | wc -l)" 3
+mv cards away
+run 1 --data-dir "$HOME/third" sync --run
+has "$err" ".linkhand-sync"
+# After a failure the timer waits.
+run 0 --data-dir "$HOME/third" sync --run --timer
+equal "a timer that waits" "$out$err" ""
+mv away cards
+
 run 2 sync
 run 2 sync cards --wait soon
 run 2 sync cards --memory card

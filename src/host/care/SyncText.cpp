@@ -1,0 +1,105 @@
+#include "care/SyncText.h"
+
+#include <QStringList>
+
+#include "care/CareText.h"
+#include "linkhand/QtCompat.h"
+#include "orva/orva_sync.h"
+#include "text/HostText.h"
+
+namespace
+{
+
+QString paragraph(const QString& strText)
+{
+    return QLatin1String("<p>") + QtCompat::htmlEscaped(strText).replace(QLatin1Char('\n'), QLatin1String("<br/>")) +
+           QLatin1String("</p>");
+}
+
+// What other programs say reads from left to right in every language.
+QString foreign(const QString& strText)
+{
+    return QLatin1String("<p dir=\"ltr\"><code>") +
+           QtCompat::htmlEscaped(strText.trimmed()).replace(QLatin1Char('\n'), QLatin1String("<br/>")) +
+           QLatin1String("</code></p>");
+}
+
+QString counts(const char* pszId, const int* piCounts)
+{
+    return HostText::Get(pszId).arg(piCounts[0]).arg(piCounts[1]).arg(piCounts[2]);
+}
+
+QString fieldsOf(const QString& strKeys)
+{
+    QStringList lstTitles;
+    foreach (const QString& strKey, strKeys.split(QLatin1Char(';'))) {
+        lstTitles.append(CareText::FieldTitle(strKey));
+    }
+    return lstTitles.join(QLatin1String(", "));
+}
+
+// Names that run the other way must not turn what stands behind them.
+QString isolated(const QString& strText)
+{
+    return QChar(0x2068) + strText + QChar(0x2069);
+}
+
+QString noteText(const SyncNote& note)
+{
+    if (!note.bConflict) {
+        return HostText::Get("IDS_HOST_CARE_SYNC_LEFT").arg(isolated(note.strName), isolated(note.strWhat));
+    }
+    return HostText::Get(note.bHereWon ? "IDS_HOST_CARE_SYNC_CONFLICT_HERE" : "IDS_HOST_CARE_SYNC_CONFLICT_THERE")
+        .arg(isolated(note.strName), fieldsOf(note.strWhat));
+}
+
+} // namespace
+
+QString SyncText::Explain(long nCode)
+{
+    switch (nCode) {
+    case ORVA_E_MARKER:
+        return HostText::Get("IDS_HOST_CARE_SYNC_MARKER");
+    case ORVA_E_BUSY:
+        return HostText::Get("IDS_HOST_CARE_SYNC_BUSY");
+    case ORVA_E_CANCELLED:
+        return HostText::Get("IDS_HOST_CARE_SYNC_CANCELLED");
+    case ORVA_E_CLIENT:
+        return HostText::Get("IDS_HOST_CARE_SYNC_CLIENT");
+    case ORVA_E_ARGUMENT:
+        return HostText::Get("IDS_HOST_CARE_SYNC_URL_BAD");
+    case ORVA_E_UNSUPPORTED:
+        return HostText::Get("IDS_HOST_CARE_SYNC_URL_OPEN");
+    default:
+        return CareText::Explain(nCode);
+    }
+}
+
+QString SyncText::Told(const SyncOutcome& outcome)
+{
+    if (outcome.bOffline) {
+        return HostText::Get("IDS_HOST_CARE_SYNC_OFFLINE");
+    }
+    return outcome.nCode == ORVA_OK ? HostText::Get("IDS_HOST_CARE_SYNC_DONE") : Explain(outcome.nCode);
+}
+
+QString SyncText::Html(const SyncOutcome& outcome, bool bSetUp)
+{
+    if (!outcome.bThere) {
+        return paragraph(HostText::Get(bSetUp ? "IDS_HOST_CARE_SYNC_NEVER" : "IDS_HOST_CARE_SYNC_NONE"));
+    }
+    QString strHtml = paragraph(HostText::Get("IDS_HOST_CARE_SYNC_LAST").arg(CareText::Time(outcome.iTime)) +
+                                QLatin1Char('\n') + Told(outcome));
+    if (!outcome.strSaid.isEmpty()) {
+        strHtml += foreign(outcome.strSaid);
+    }
+    strHtml += paragraph(counts("IDS_HOST_CARE_SYNC_HERE", outcome.aiHere) + QLatin1Char('\n') +
+                         counts("IDS_HOST_CARE_SYNC_THERE", outcome.aiThere));
+    if (outcome.iHeld > 0) {
+        strHtml += paragraph(HostText::Get("IDS_HOST_CARE_SYNC_HELD").arg(outcome.iHeld));
+    }
+    foreach (const SyncNote& note, outcome.listNotes) {
+        strHtml += paragraph(noteText(note));
+    }
+    return strHtml;
+}
