@@ -16,6 +16,7 @@
 #include "care/CheckSection.h"
 #include "care/DetailSection.h"
 #include "care/DuplicateSection.h"
+#include "care/ImportSection.h"
 #include "text/HostText.h"
 
 namespace
@@ -66,6 +67,9 @@ CarePage::CarePage(QWidget* pParent)
     addSection(new DuplicateSection(*m_pRunner, this));
     addSection(new CheckSection(*m_pRunner, this));
     addSection(new DetailSection(*m_pRunner, this));
+    if (CareSdk::HasImport()) {
+        addSection(new ImportSection(*m_pRunner, this));
+    }
     connect(m_pTabs, SIGNAL(currentChanged(int)), this, SLOT(OnTabChosen()));
     connect(m_pRunner, SIGNAL(begun()), this, SLOT(OnBegun()));
     connect(m_pRunner, SIGNAL(ended(bool)), this, SLOT(OnEnded(bool)));
