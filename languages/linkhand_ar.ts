@@ -124,6 +124,114 @@
         <translation>الفحص</translation>
     </message>
     <message>
+        <source>IDS_HOST_FINDING_GROUPS</source>
+        <translation>مجموعات لا تؤخذ هنا، والاستيراد من صفحة العناية يأخذها</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_NO_GROUP</source>
+        <translation>لم يوضع في هذه المجموعة: لا يمكن أن تحمل هذا الاسم</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_REFUSED</source>
+        <translation>رُفض عند الحفظ (%1)</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT</source>
+        <translation>استيراد وتصدير</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_HINT</source>
+        <translation>يجلب جهات الاتصال مع مجموعاتها من ملفات vCard وCSV ومن برامج أخرى. ترى أولاً ما سيأتي، ولا يتغير شيء قبل الضغط على استيراد.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_FILE</source>
+        <translation>اختيار ملف…</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_PROGRAM</source>
+        <translation>من %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_EXPORT</source>
+        <translation>تصدير الكل…</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_EXISTING</source>
+        <translation>جهات الاتصال الموجودة من قبل:</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_ADD</source>
+        <translation>إضافتها مرة أخرى</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_SKIP</source>
+        <translation>تركها</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_UPDATE</source>
+        <translation>تحديثها</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_DO</source>
+        <translation>استيراد</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_LEFT</source>
+        <translation>ما تُرك (%1)…</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_NONE</source>
+        <translation>اختر ملفاً أو برنامجاً لترى ما سيأتي منه.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_NEW</source>
+        <translation>جديد</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_CHANGED</source>
+        <translation>محدَّث</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_SAME</source>
+        <translation>موجود من قبل ولا جديد</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_THERE</source>
+        <translation>موجود من قبل وتُرك</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_NOT</source>
+        <translation>لم يؤخذ</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_WOULD</source>
+        <translation>سيأتي من %1: جديد %2، محدَّث %3، موجود من قبل %4، لا يؤخذ %5</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_DID</source>
+        <translation>أتى من %1: جديد %2، محدَّث %3، موجود من قبل %4، لم يؤخذ %5</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_DONE</source>
+        <translation>تم الاستيراد من %1. جهات اتصال جديدة: %2</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_CANCELLED</source>
+        <translation>أُلغي. ما دخل يبقى، والاستيراد الثاني يتركه.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_UNREADABLE</source>
+        <translation>لا شيء في %1 يمكن قراءته كجهات اتصال.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_EXPORT_DONE</source>
+        <translation>كُتب إلى %1. جهات الاتصال: %2.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_EXPORT_KEPT</source>
+        <translation>الملف السابق محفوظ بجانبه، وبعد اسمه ‎“.~1~”‎ أو الرقم التالي الخالي.</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARE_CHECK_AGAIN</source>
         <translation>إعادة الفحص</translation>
     </message>

@@ -124,6 +124,114 @@
         <translation>Prüfung</translation>
     </message>
     <message>
+        <source>IDS_HOST_FINDING_GROUPS</source>
+        <translation>Gruppen, die hier nicht übernommen werden; ein Import auf der Pflegeseite übernimmt sie</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_NO_GROUP</source>
+        <translation>Nicht in diese Gruppe aufgenommen: so kann sie nicht heißen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_REFUSED</source>
+        <translation>Beim Speichern abgelehnt (%1)</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT</source>
+        <translation>Import und Export</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_HINT</source>
+        <translation>Holt Kontakte samt Gruppen aus vCard- und CSV-Dateien und aus anderen Programmen. Zuerst sehen Sie, was käme; vor dem Druck auf Importieren ändert sich nichts.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_FILE</source>
+        <translation>Datei wählen…</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_PROGRAM</source>
+        <translation>Aus %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_EXPORT</source>
+        <translation>Alle exportieren…</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_EXISTING</source>
+        <translation>Kontakte, die es schon gibt:</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_ADD</source>
+        <translation>Noch einmal hinzufügen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_SKIP</source>
+        <translation>Auslassen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_UPDATE</source>
+        <translation>Auf den neuen Stand bringen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_DO</source>
+        <translation>Importieren</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_LEFT</source>
+        <translation>Was übrig blieb (%1)…</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_NONE</source>
+        <translation>Wählen Sie eine Datei oder ein Programm, um zu sehen, was daraus käme.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_NEW</source>
+        <translation>Neu</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_CHANGED</source>
+        <translation>Aktualisiert</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_SAME</source>
+        <translation>Schon da, nichts Neues</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_THERE</source>
+        <translation>Schon da, ausgelassen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_NOT</source>
+        <translation>Nicht übernommen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_WOULD</source>
+        <translation>Aus %1 kämen: neu %2, aktualisiert %3, schon da %4, nicht übernommen %5</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_DID</source>
+        <translation>Aus %1 kamen: neu %2, aktualisiert %3, schon da %4, nicht übernommen %5</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_DONE</source>
+        <translation>Importiert aus %1. Neue Kontakte: %2</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_CANCELLED</source>
+        <translation>Abgebrochen. Was schon da ist, bleibt; ein zweiter Import lässt es aus.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_UNREADABLE</source>
+        <translation>In %1 lässt sich nichts als Kontakte lesen.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_EXPORT_DONE</source>
+        <translation>Geschrieben nach %1. Kontakte: %2.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_EXPORT_KEPT</source>
+        <translation>Die Datei, die es schon gab, liegt daneben, mit „.~1~“ oder der nächsten freien Nummer hinter ihrem Namen.</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARE_CHECK_AGAIN</source>
         <translation>Noch einmal prüfen</translation>
     </message>

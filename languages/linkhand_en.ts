@@ -124,6 +124,114 @@
         <translation>Check</translation>
     </message>
     <message>
+        <source>IDS_HOST_FINDING_GROUPS</source>
+        <translation>Groups, which are not taken here; an import on the care page takes them</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_NO_GROUP</source>
+        <translation>Not put into this group: it cannot have that name</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_REFUSED</source>
+        <translation>Refused when it was stored (%1)</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT</source>
+        <translation>Import and export</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_HINT</source>
+        <translation>Brings contacts in from vCard and CSV files and from other programs, with their groups. First you see what would come; nothing is changed before you press Import.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_FILE</source>
+        <translation>Choose file…</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_PROGRAM</source>
+        <translation>From %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_EXPORT</source>
+        <translation>Export all…</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_EXISTING</source>
+        <translation>Contacts that are there already:</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_ADD</source>
+        <translation>Add once more</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_SKIP</source>
+        <translation>Leave out</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_UPDATE</source>
+        <translation>Bring up to date</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_DO</source>
+        <translation>Import</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_LEFT</source>
+        <translation>What is left (%1)…</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_NONE</source>
+        <translation>Choose a file or a program to see what would come from it.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_NEW</source>
+        <translation>New</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_CHANGED</source>
+        <translation>Brought up to date</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_SAME</source>
+        <translation>There already, nothing new</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_THERE</source>
+        <translation>There already, left out</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_NOT</source>
+        <translation>Not taken</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_WOULD</source>
+        <translation>From %1 would come: new %2, brought up to date %3, there already %4, not taken %5</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_DID</source>
+        <translation>From %1 came: new %2, brought up to date %3, there already %4, not taken %5</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_DONE</source>
+        <translation>Imported from %1. New contacts: %2</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_CANCELLED</source>
+        <translation>Cancelled. What is in already stays; a second import leaves it out.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_UNREADABLE</source>
+        <translation>Nothing in %1 can be read as contacts.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_EXPORT_DONE</source>
+        <translation>Written to %1. Contacts: %2.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_EXPORT_KEPT</source>
+        <translation>The file that was there is kept beside it, with “.~1~” or the next free number behind its name.</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARE_CHECK_AGAIN</source>
         <translation>Check again</translation>
     </message>

@@ -124,6 +124,114 @@
         <translation>检查</translation>
     </message>
     <message>
+        <source>IDS_HOST_FINDING_GROUPS</source>
+        <translation>分组在此处不导入；在维护页面导入时会一并导入</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_NO_GROUP</source>
+        <translation>未放入该分组：分组不能使用此名称</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FINDING_REFUSED</source>
+        <translation>保存时被拒绝（%1）</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT</source>
+        <translation>导入和导出</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_HINT</source>
+        <translation>从 vCard 和 CSV 文件以及其他程序中导入联系人及其分组。先显示将要导入的内容；按“导入”之前不会更改任何内容。</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_FILE</source>
+        <translation>选择文件…</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_PROGRAM</source>
+        <translation>从 %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_EXPORT</source>
+        <translation>全部导出…</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_EXISTING</source>
+        <translation>已有的联系人：</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_ADD</source>
+        <translation>再次添加</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_SKIP</source>
+        <translation>跳过</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_UPDATE</source>
+        <translation>更新</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_DO</source>
+        <translation>导入</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_LEFT</source>
+        <translation>未导入的内容（%1）…</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_NONE</source>
+        <translation>选择文件或程序以查看将要导入的内容。</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_NEW</source>
+        <translation>新增</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_CHANGED</source>
+        <translation>已更新</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_SAME</source>
+        <translation>已有，无新内容</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_THERE</source>
+        <translation>已有，已跳过</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_NOT</source>
+        <translation>未导入</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_WOULD</source>
+        <translation>%1 将导入：新增 %2，更新 %3，已有 %4，不导入 %5</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_DID</source>
+        <translation>%1 已导入：新增 %2，更新 %3，已有 %4，未导入 %5</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_DONE</source>
+        <translation>已从 %1 导入。新联系人：%2</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_CANCELLED</source>
+        <translation>已取消。已导入的内容会保留；再次导入时会跳过。</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_IMPORT_UNREADABLE</source>
+        <translation>%1 中没有可以读取的联系人。</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_EXPORT_DONE</source>
+        <translation>已写入 %1。联系人：%2。</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_EXPORT_KEPT</source>
+        <translation>原有文件保留在旁边，文件名后加 “.~1~” 或下一个可用编号。</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARE_CHECK_AGAIN</source>
         <translation>再次检查</translation>
     </message>

@@ -115,6 +115,11 @@ ORVA_API long ORVA_Care_SetKeptProperty(void* record, int index, const char* nam
 #define ORVA_FINDING_CARD_LINE 23     /* a line that is no property */
 #define ORVA_FINDING_CARD_ENCODING 24 /* a file in UTF-16, in which no vCard is written */
 #define ORVA_FINDING_CARD_NONE 25     /* a file without a card */
+/* Groups */
+#define ORVA_FINDING_GROUPS 26 /* a column of groups, of which records know nothing; count is that of its values */
+#define ORVA_FINDING_GROUP 27  /* a group that cannot be, in value; count is the code that says why */
+/* What a memory refused when it was stored */
+#define ORVA_FINDING_REFUSED 28 /* count is its code */
 
 /* The most findings that are remembered one by one; those behind are only counted. */
 #define ORVA_FINDINGS_KEPT 10000
@@ -139,6 +144,99 @@ ORVA_API long ORVA_Care_FindingsRelease(ORVA_FINDING** findings);
 
 /* Sent on the phonebook service by an import with findings, and by one without if the one before had some. */
 #define ORVA_EVENT_IMPORT_FINDINGS 20392
+
+/* ---- Contacts in, and out ---------------------------------------------------------------------------------------
+ * An import from the source to the last group, in one place: whoever has a window or a command line chooses and shows.
+ * ORVA_PBSrv_ImportFromFile hands out records and leaves it to its client to store them. */
+
+#define ORVA_FORMAT_ANY 0         /* of a file: vCards by its name (".vcf", ".vcard") or beginning, else CSV */
+#define ORVA_FORMAT_ROWS 1        /* CSV */
+#define ORVA_FORMAT_CARDS 2       /* vCards 2.1, 3.0 or 4.0, for the PC's phonebook alone */
+#define ORVA_FORMAT_APPLICATION 3 /* an application, by the name that ORVA_PBSrv_IsOutlookInstalled takes */
+
+/* What becomes of contacts that are in the memory already, as ORVA_Care_Match_Find tells. Contacts of the import itself
+ * are no reason to leave another out. */
+#define ORVA_EXISTING_ADD 0    /* they come in all the same */
+#define ORVA_EXISTING_SKIP 1   /* they are left out */
+#define ORVA_EXISTING_UPDATE 2 /* what they say goes into the one that is there, the rest of which stays */
+
+#define ORVA_IMPORT_TRY 1       /* store nothing, and tell what would become of each */
+#define ORVA_IMPORT_NO_GROUPS 2 /* leave groups out that the source names */
+
+typedef struct ORVA_IMPORT_SETTINGS {
+    int format;     /* ORVA_FORMAT_... */
+    int existing;   /* ORVA_EXISTING_... */
+    int flags;      /* ORVA_IMPORT_TRY, ORVA_IMPORT_NO_GROUPS */
+    const int* map; /* of rows: for each field of the memory its column, as ORVA_PBSrv_ImportFromFile takes it; null for
+                       what the titles say */
+} ORVA_IMPORT_SETTINGS;
+
+/* Begins an import of a file or application (UTF-16) into a memory. Reads nothing yet; settings and map are copied. The
+ * handle is released with ORVA_Care_Import_Release. One handle, one thread at a time. ORVA_E_ARGUMENT for settings that
+ * are none; what a write would meet (ORVA_E_NO_SPACE, ORVA_E_READ_ONLY) with ORVA_IMPORT_TRY. */
+ORVA_API long ORVA_Care_OpenImport(int memory, const unsigned short* source, const ORVA_IMPORT_SETTINGS* settings,
+                                   void** import);
+
+/* Has every contact that is taken join a group, which is made if it is not there; by its names from the first level on
+ * with "/" between. Before the first step. ORVA_E_ARGUMENT for a level without a name, ORVA_E_TOO_LONG,
+ * ORVA_E_UNSUPPORTED for a memory without groups. */
+ORVA_API long ORVA_Care_Import_AddGroup(void* import, const unsigned short* path);
+
+/* Goes on with at most `most` contacts: 0 while there may be more, ORVA_E_END at the end. The first step reads the
+ * source, all of it unless that is one of vCards. What a step has stored is durable when it returns; who goes no
+ * further keeps it. Before the first change by an import of more than ORVA_BACKUP_IMPORT_ABOVE contacts of the PC's
+ * phonebook an automatic backup is made (orva_store.h). A contact that the memory refuses costs that contact alone. Any
+ * other code ends the import: ORVA_E_NOT_FOUND, ORVA_E_FORMAT or ORVA_E_TOO_LONG of the source as
+ * ORVA_PBSrv_ImportFromFile gives them, also if no title means anything; ORVA_E_STORE, ORVA_E_NO_SPACE,
+ * ORVA_E_READ_ONLY, ORVA_E_ABSENT or ORVA_E_BUSY of the memory. */
+ORVA_API long ORVA_Care_Import_Step(void* import, int most);
+
+typedef struct ORVA_IMPORT_COUNTS {
+    int total;   /* contacts of the source, as far as that is known */
+    int seen;    /* looked at so far: the sum of those below */
+    int added;   /* new ones */
+    int changed; /* brought up to date */
+    int same;    /* with nothing to bring up to date */
+    int skipped; /* left out since they were there */
+    int left;    /* not taken; the findings say why */
+} ORVA_IMPORT_COUNTS;
+
+/* Gives what became of the contacts so far; after a failure, of those that are on disk. */
+ORVA_API long ORVA_Care_Import_GetCounts(void* import, ORVA_IMPORT_COUNTS* counts);
+
+#define ORVA_IMPORT_ADDED 1
+#define ORVA_IMPORT_CHANGED 2
+#define ORVA_IMPORT_SAME 3
+#define ORVA_IMPORT_SKIPPED 4
+#define ORVA_IMPORT_LEFT 5
+
+typedef struct ORVA_IMPORT_CONTACT {
+    int line;                     /* of the file, or the contact's number in an application */
+    int outcome;                  /* ORVA_IMPORT_ADDED ... */
+    int record;                   /* its identifier, or that of the one that was there; 0 for none */
+    const unsigned short* name;   /* or the first other text that is no number; valid until the next step */
+    const unsigned short* number; /* the first one; likewise */
+} ORVA_IMPORT_CONTACT;
+
+/* Gives a contact that the last step looked at, counted from 0 in their order; ORVA_E_END behind the last. */
+ORVA_API long ORVA_Care_Import_GetContact(void* import, int index, ORVA_IMPORT_CONTACT* contact);
+
+/* Gives the findings so far as ORVA_Care_GetFindings does, which itself knows nothing of this import. Those of the
+ * whole come with its end. Free the array with ORVA_Care_FindingsRelease. */
+ORVA_API long ORVA_Care_Import_GetFindings(void* import, ORVA_FINDING** findings, int* count, int* total);
+
+/* Gives what was kept with the contacts beside their fields, by the names of properties and with their numbers; the
+ * same form, and nothing that was left. */
+ORVA_API long ORVA_Care_Import_GetKept(void* import, ORVA_FINDING** entries, int* count);
+ORVA_API long ORVA_Care_Import_Release(void* import);
+
+/* Writes records to a file: as rows, with the groups of the PC's phonebook in a last column, or as vCards 3.0 with
+ * their groups and all that is kept with them (memory 4 only). ORVA_FORMAT_ANY goes by the file's name. `ids` are
+ * written in their order, all records with null; those that are not there are passed over. A file of that name is kept,
+ * with ".~1~" or the next free number behind its name. `written`, unless null, is their number. ORVA_E_ARGUMENT for a
+ * name with "*" in it, which is a pattern that somebody left standing; ORVA_E_UNSUPPORTED, ORVA_E_STORE. */
+ORVA_API long ORVA_Care_Export(int memory, const unsigned short* path, int format, const int* ids, int count,
+                               int* written);
 
 /* ---- The same person twice ------------------------------------------------------------------------------------- */
 

@@ -2,16 +2,13 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <map>
-#include <utility>
 
-#include "CardFiles.h"
 #include "Commands.h"
+#include "Formats.h"
 #include "Groups.h"
 #include "Sdk.h"
 #include "Spool.h"
-#include "base/Failure.h"
-#include "csv/Writer.h"
+#include "orva/orva_care.h"
 
 namespace pbctl
 {
@@ -19,31 +16,7 @@ namespace pbctl
 namespace
 {
 
-// Writes contacts of the PC's phonebook as the library does, with their groups in a last column.
-void exportWithGroups(const std::string& file, std::vector<int> ids)
-{
-    const std::vector<Field> fields = fieldsOf(ORVA_MEMORY_LOCAL);
-    std::map<int, std::vector<std::string>> groups = pathsByRecord();
-    std::sort(ids.begin(), ids.end());
-    try {
-        orva::Writer writer(file);
-        for (const Field& field : fields)
-            writer.column(std::string_view(field.key));
-        writer.column(std::string_view("Groups"));
-        writer.endRow();
-        forEachRecord(ORVA_MEMORY_LOCAL, fields, [&](int id, const std::vector<std::u16string>& values) {
-            if (!std::binary_search(ids.begin(), ids.end(), id))
-                return;
-            for (const std::u16string& value : values)
-                writer.column(value);
-            writer.column(std::string_view(joinGroups(groups[id])));
-            writer.endRow();
-        });
-        writer.commit();
-    } catch (const orva::Failure& failure) {
-        throw SdkError("writing " + file, failure.code());
-    }
-}
+constexpr int noneWanted = 0;
 
 // The pattern that a dialog or a shell leaves standing where nobody wrote a name.
 void refusePattern(const std::string& file)
@@ -74,13 +47,12 @@ int runExport(const Arguments& arguments)
         forEachRecord(memory, {}, [&ids](int id, const std::vector<std::u16string>&) { ids.push_back(id); });
     }
     const std::size_t count = ids.size();
-    if (cards)
-        exportCards(file, ids);
-    else if (memory == ORVA_MEMORY_LOCAL)
-        exportWithGroups(file, std::move(ids));
-    else
-        check(ORVA_PBSrv_ExportToFile(units(toSdk(file)), ids.data(), static_cast<int>(ids.size()), memory),
-              "writing " + file);
+    std::sort(ids.begin(), ids.end());
+    // Without any identifier a list is none.
+    const int* const wanted = ids.empty() ? &noneWanted : ids.data();
+    check(ORVA_Care_Export(memory, units(toSdk(file)), cards ? ORVA_FORMAT_CARDS : ORVA_FORMAT_ROWS, wanted,
+                           static_cast<int>(ids.size()), nullptr),
+          "writing " + file);
     if (spool.isStandard())
         spool.send();
     std::fprintf(spool.isStandard() ? stderr : stdout, "%zu contacts written to %s\n", count, spool.name().c_str());

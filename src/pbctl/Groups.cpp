@@ -4,6 +4,7 @@
 
 #include "Arguments.h"
 #include "Sdk.h"
+#include "vcard/GroupNames.h"
 
 namespace pbctl
 {
@@ -109,16 +110,6 @@ void join(Groups& groups, int record, const std::vector<std::string>& paths)
 {
     for (const std::string& path : paths)
         check(ORVA_PBSrv_AddAddrToGroup(groups.provide(path), record, memory), "filling the group " + path);
-}
-
-std::map<int, std::vector<std::string>> pathsByRecord()
-{
-    std::map<int, std::vector<std::string>> paths;
-    const Groups known;
-    for (const Group& group : known.all())
-        for (const int member : group.members)
-            paths[member].push_back(group.path);
-    return paths;
 }
 
 } // namespace pbctl

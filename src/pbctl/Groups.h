@@ -5,8 +5,6 @@
 #include <string>
 #include <vector>
 
-#include "vcard/GroupNames.h"
-
 namespace pbctl
 {
 
@@ -48,13 +46,6 @@ void requireGroupPath(const std::string& path);
 
 // Puts a contact into groups, which are made if needed.
 void join(Groups& groups, int record, const std::vector<std::string>& paths);
-
-// The paths of the groups that each contact is in.
-std::map<int, std::vector<std::string>> pathsByRecord();
-
-using orva::groupCalled;
-using orva::joinGroups;
-using orva::splitGroups;
 
 } // namespace pbctl
 

@@ -30,10 +30,34 @@ std::string placeIn(const ORVA_FINDING& finding)
     return finding.column >= 0 ? "column " + std::to_string(finding.column + 1) : std::string();
 }
 
-bool isExpected(int reason)
+// The code for which a contact was not taken, one for all of its columns.
+long refusalOf(const ORVA_FINDING& finding)
 {
-    return reason == ORVA_FINDING_NAME_CUT || reason == ORVA_FINDING_NUMBER || reason == ORVA_FINDING_TOO_LONG ||
-           reason == ORVA_FINDING_FULL;
+    switch (finding.reason) {
+    case ORVA_FINDING_NUMBER:
+        return ORVA_E_NUMBER;
+    case ORVA_FINDING_TOO_LONG:
+        return ORVA_E_TOO_LONG;
+    case ORVA_FINDING_FULL:
+        return ORVA_E_FULL;
+    case ORVA_FINDING_REFUSED:
+        return finding.count;
+    default:
+        return ORVA_OK;
+    }
+}
+
+bool isContinued(const ORVA_FINDING* finding, const ORVA_FINDING* end)
+{
+    return finding + 1 != end && finding[1].line == finding->line && refusalOf(finding[1]) == refusalOf(*finding);
+}
+
+std::string counted(const std::map<std::string, int>& names)
+{
+    std::string text;
+    for (const auto& name : names)
+        text += (text.empty() ? "" : ", ") + std::to_string(name.second) + " " + name.first;
+    return text;
 }
 
 } // namespace
@@ -44,29 +68,59 @@ void ImportFindings::say(const std::string& text)
         std::fprintf(stderr, "pbctl: %s\n", text.c_str());
 }
 
-void ImportFindings::take(const ORVA_FINDING& finding, const std::string& row)
+// Counts what was left of a card by its name.
+bool ImportFindings::count(const ORVA_FINDING& finding)
 {
-    const std::string place = placeIn(finding);
-    const std::string why = orva::findingText(finding.reason);
-    if (finding.line != 0)
-        say(row + " " + std::to_string(finding.line) + ": " + place + (place.empty() ? "" : ": ") + why);
-    else
-        m_columns.push_back(place + " (" + std::to_string(finding.count) +
-                            (finding.count == 1 ? " value): " : " values): ") + why);
+    const bool end = finding.reason == ORVA_FINDING_NAME_CUT || finding.reason == ORVA_FINDING_NOTE_CUT;
+    if (m_format != ORVA_FORMAT_CARDS ||
+        (!end && finding.reason != ORVA_FINDING_PROPERTY && finding.reason != ORVA_FINDING_GROUP))
+        return false;
+    ++m_left[(end ? "end of " : "") + textOf(finding.name)];
+    return true;
 }
 
-void ImportFindings::sayLast(const std::string& row, int groupsColumn)
+std::string ImportFindings::reasonOf(const ORVA_FINDING& finding) const
+{
+    if (finding.reason == ORVA_FINDING_NAME_CUT)
+        return "cut to what the " + memoryName(m_memory) + " holds";
+    if (finding.reason == ORVA_FINDING_GROUP)
+        return "not put into a group: " + (finding.count == ORVA_E_TOO_LONG
+                                               ? explain(finding.count)
+                                               : "\"" + textOf(finding.value) + "\": a level has no name");
+    if (finding.reason == ORVA_FINDING_EMPTY && m_format == ORVA_FORMAT_CARDS)
+        return "not taken: it has nothing that a field is meant for";
+    return orva::findingText(finding.reason);
+}
+
+void ImportFindings::take(const ORVA_FINDING* finding, const ORVA_FINDING* end)
+{
+    const std::string place = finding->reason == ORVA_FINDING_GROUP ? std::string() : placeIn(*finding);
+    const std::string row = m_format == ORVA_FORMAT_APPLICATION ? "contact " : "line ";
+    const long refusal = refusalOf(*finding);
+    if (finding->line == 0) {
+        m_columns.push_back(place + " (" + std::to_string(finding->count) +
+                            (finding->count == 1 ? " value): " : " values): ") + reasonOf(*finding));
+    } else if (refusal == ORVA_OK) {
+        say(row + std::to_string(finding->line) + ": " + place + (place.empty() ? "" : ": ") + reasonOf(*finding));
+    } else {
+        m_refused += (m_refused.empty() || place.empty() ? place : ", " + place.substr(place.find('"')));
+        if (isContinued(finding, end))
+            return;
+        say(row + std::to_string(finding->line) + ": not taken: " + explain(refusal) +
+            (m_refused.empty() ? "" : ": " + m_refused));
+        m_refused.clear();
+    }
+}
+
+void ImportFindings::sayThoseOf(void* import)
 {
     ORVA_FINDING* findings = nullptr;
     int count = 0;
     int total = 0;
-    check(ORVA_Care_GetFindings(&findings, &count, &total, nullptr), "asking what was left");
-    for (int i = 0; i < count; ++i) {
-        const ORVA_FINDING& finding = findings[i];
-        const bool groups = finding.reason == ORVA_FINDING_COLUMN && finding.column == groupsColumn;
-        if (!groups && !isExpected(finding.reason))
-            take(finding, row);
-    }
+    check(ORVA_Care_Import_GetFindings(import, &findings, &count, &total), "asking what was left");
+    for (const ORVA_FINDING* finding = findings; finding != findings + count; ++finding)
+        if (!this->count(*finding))
+            take(finding, findings + count);
     m_said += total - count;
     ORVA_Care_FindingsRelease(&findings);
 }
@@ -77,6 +131,21 @@ void ImportFindings::finish() const
         std::fprintf(stderr, "pbctl: and %d findings more\n", m_said - findingsShown);
     for (const std::string& column : m_columns)
         std::fprintf(stderr, "pbctl: %s\n", column.c_str());
+    if (!m_left.empty())
+        std::fprintf(stderr, "pbctl: left in the file, since there is no field or place for them: %s\n",
+                     counted(m_left).c_str());
+}
+
+std::string keptText(void* import)
+{
+    ORVA_FINDING* entries = nullptr;
+    int count = 0;
+    check(ORVA_Care_Import_GetKept(import, &entries, &count), "asking what was kept");
+    std::map<std::string, int> kept;
+    for (int i = 0; i < count; ++i)
+        kept.emplace(textOf(entries[i].name), entries[i].count);
+    ORVA_Care_FindingsRelease(&entries);
+    return counted(kept);
 }
 
 } // namespace pbctl

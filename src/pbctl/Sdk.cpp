@@ -3,7 +3,6 @@
 #include "Arguments.h"
 #include "base/Unicode.h"
 #include "orva/orva_care.h"
-#include "orva/orva_store.h"
 
 namespace pbctl
 {
@@ -184,14 +183,11 @@ long fillRecord(Handle& record, int memory, const std::vector<Field>& fields, co
 
 } // namespace
 
-int addRecord(int memory, const std::vector<Field>& fields, const std::vector<std::u16string>& values, long* failure,
-              const std::string& kept)
+int addRecord(int memory, const std::vector<Field>& fields, const std::vector<std::u16string>& values, long* failure)
 {
     Handle record(ORVA_PBSrv_AddrRecord_Release);
     int id = 0;
     *failure = fillRecord(record, memory, fields, values);
-    if (*failure == ORVA_OK && !kept.empty())
-        *failure = ORVA_Care_SetKept(record.get(), kept.data(), static_cast<int>(kept.size()));
     if (*failure == ORVA_OK)
         *failure = ORVA_PBSrv_AddAddrRec(record.get(), &id);
     return id;
@@ -226,19 +222,6 @@ long updateContact(int memory, const std::vector<Field>& fields, const Contact& 
     return code == ORVA_OK ? ORVA_PBSrv_UpdateAddrRec(record.get(), contact.id) : code;
 }
 
-int findSame(void* match, int memory, const std::vector<Field>& fields, const std::vector<std::u16string>& values)
-{
-    Handle record(ORVA_PBSrv_AddrRecord_Release);
-    int id = 0;
-    long code = fillRecord(record, memory, fields, values);
-    if (code == ORVA_OK)
-        code = ORVA_Care_Match_Find(match, record.get(), &id);
-    if (code == ORVA_E_NOT_FOUND)
-        return 0;
-    check(code, "looking for a contact");
-    return id;
-}
-
 std::string keptOf(void* record)
 {
     char* lines = nullptr;
@@ -247,22 +230,6 @@ std::string keptOf(void* record)
     std::string kept(lines, static_cast<std::size_t>(octets));
     delete[] lines;
     return kept;
-}
-
-int roomIn(int memory)
-{
-    int size = 0;
-    int capacity = 0;
-    check(ORVA_PBSrv_GetSize(memory, &size), "asking how full the " + memoryName(memory) + " is");
-    check(ORVA_PBSrv_GetCapacity(memory, &capacity), "asking how full the " + memoryName(memory) + " is");
-    return capacity - size;
-}
-
-void requireWritable(int memory)
-{
-    long access = ORVA_OK;
-    check(ORVA_Store_GetAccess(memory, &access), "asking for the " + memoryName(memory));
-    check(access, "writing to the " + memoryName(memory));
 }
 
 std::string memoryName(int memory)

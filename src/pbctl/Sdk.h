@@ -100,9 +100,7 @@ void forEachRecord(void* set, const std::vector<Field>& fields, const RecordVisi
 void forEachRecord(int memory, const std::vector<Field>& fields, const RecordVisitor& visit);
 
 // Stores a record and gives its identifier, or the library's code in *failure.
-// `kept` is what the PC's phonebook keeps beside the fields.
-int addRecord(int memory, const std::vector<Field>& fields, const std::vector<std::u16string>& values, long* failure,
-              const std::string& kept = std::string());
+int addRecord(int memory, const std::vector<Field>& fields, const std::vector<std::u16string>& values, long* failure);
 
 struct Contact {
     int id = 0;
@@ -116,20 +114,11 @@ Contact readContact(int memory, const std::vector<Field>& fields, int id);
 // What a handle of a record holds, under an identifier.
 Contact contactOf(void* record, const std::vector<Field>& fields, int id);
 
-// The contact of a memory that values stand for, by a handle of ORVA_Care_CreateMatch; 0 for none.
-int findSame(void* match, int memory, const std::vector<Field>& fields, const std::vector<std::u16string>& values);
-
 // Replaces all of a contact; the library's code.
 long updateContact(int memory, const std::vector<Field>& fields, const Contact& contact);
 
 // What is kept with the record behind a handle.
 std::string keptOf(void* record);
-
-// How many more contacts fit.
-int roomIn(int memory);
-
-// SdkError for a memory that cannot be written now.
-void requireWritable(int memory);
 
 std::string memoryName(int memory);
 

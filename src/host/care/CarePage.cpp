@@ -16,6 +16,7 @@
 #include "care/CheckSection.h"
 #include "care/DetailSection.h"
 #include "care/DuplicateSection.h"
+#include "care/ImportSection.h"
 #include "care/SyncSdk.h"
 #include "care/SyncSection.h"
 #include "text/HostText.h"
@@ -68,6 +69,9 @@ CarePage::CarePage(QWidget* pParent)
     addSection(new DuplicateSection(*m_pRunner, this));
     addSection(new CheckSection(*m_pRunner, this));
     addSection(new DetailSection(*m_pRunner, this));
+    if (CareSdk::HasImport()) {
+        addSection(new ImportSection(*m_pRunner, this));
+    }
     if (SyncSdk::IsThere()) {
         addSection(new SyncSection(*m_pRunner, this));
     }

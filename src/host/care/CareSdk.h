@@ -17,6 +17,14 @@
 #pragma weak ORVA_Care_DuplicatesRelease
 #pragma weak ORVA_Care_PreviewMerge
 #pragma weak ORVA_Care_Merge
+#pragma weak ORVA_Care_OpenImport
+#pragma weak ORVA_Care_Import_Step
+#pragma weak ORVA_Care_Import_GetCounts
+#pragma weak ORVA_Care_Import_GetContact
+#pragma weak ORVA_Care_Import_GetFindings
+#pragma weak ORVA_Care_Import_Release
+#pragma weak ORVA_Care_FindingsRelease
+#pragma weak ORVA_Care_Export
 #pragma weak ORVA_Store_CheckInWords
 #pragma weak ORVA_Store_GetDamage
 #pragma weak ORVA_Store_GetAccess
@@ -36,6 +44,12 @@ inline bool IsThere()
 {
     return &ORVA_Care_GetBin != nullptr && &ORVA_Store_CompareBackup != nullptr &&
            &ORVA_Care_SetKeptProperty != nullptr;
+}
+
+// True if it takes contacts in and gives them out by itself.
+inline bool HasImport()
+{
+    return &ORVA_Care_OpenImport != nullptr && &ORVA_Care_Export != nullptr;
 }
 
 } // namespace CareSdk

@@ -39,6 +39,7 @@ public:
 
 protected:
     void setTotal(int iTotal) { m_iTotal = iTotal; }
+    void setDone(int iDone) { m_iDone = iDone; }
     void advance() { ++m_iDone; }
 
     // Keeps a code that is not 0; true for 0.

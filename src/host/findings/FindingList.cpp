@@ -6,7 +6,6 @@
 
 #include "linkhand/QtCompat.h"
 #include "linkhand/SdkText.h"
-#include "orva/orva_care.h"
 #include "text/HostText.h"
 
 // Null where the SDK in use does not have them.
@@ -48,7 +47,8 @@ const char* const REASONS[] = {
     "IDS_HOST_FINDING_TOO_LONG",     "IDS_HOST_FINDING_FULL",       "IDS_HOST_FINDING_CARD_END",
     "IDS_HOST_FINDING_CARD_LENGTH",  "IDS_HOST_FINDING_CARD_LINES", "IDS_HOST_FINDING_CARD_OUTSIDE",
     "IDS_HOST_FINDING_CARD_VERSION", "IDS_HOST_FINDING_CARD_LINE",  "IDS_HOST_FINDING_CARD_ENCODING",
-    "IDS_HOST_FINDING_CARD_NONE",
+    "IDS_HOST_FINDING_CARD_NONE",    "IDS_HOST_FINDING_GROUPS",     "IDS_HOST_FINDING_NO_GROUP",
+    "IDS_HOST_FINDING_REFUSED",
 };
 const int REASON_COUNT = static_cast<int>(sizeof REASONS / sizeof *REASONS);
 
@@ -125,20 +125,25 @@ QString FindingList::Entry::Value() const
     return visible(strValue);
 }
 
+FindingList::FindingList(const ORVA_FINDING* pFindings, int iCount, int iTotal, const QString& strSource)
+    : m_iTotal(iTotal), m_strSource(strSource)
+{
+    for (int i = 0; i < iCount; ++i) {
+        m_entries.append(entryOf(pFindings[i]));
+    }
+}
+
 FindingList FindingList::Read()
 {
-    FindingList list;
     ORVA_FINDING* pFindings = nullptr;
     int iCount = 0;
+    int iTotal = 0;
     SdkText source;
     if (&ORVA_Care_GetFindings == nullptr ||
-        ORVA_Care_GetFindings(&pFindings, &iCount, &list.m_iTotal, source.out()) != ORVA_OK) {
+        ORVA_Care_GetFindings(&pFindings, &iCount, &iTotal, source.out()) != ORVA_OK) {
         return FindingList();
     }
-    for (int i = 0; i < iCount; ++i) {
-        list.m_entries.append(entryOf(pFindings[i]));
-    }
-    list.m_strSource = QFileInfo(source.toString()).fileName();
+    const FindingList list(pFindings, iCount, iTotal, QFileInfo(source.toString()).fileName());
     ORVA_Care_FindingsRelease(&pFindings);
     return list;
 }

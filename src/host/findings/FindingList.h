@@ -4,6 +4,8 @@
 #include <QList>
 #include <QString>
 
+#include "orva/orva_care.h"
+
 // What the last import left of its source, as the SDK tells it. Kept without words, so that it follows a change of
 // language.
 class FindingList
@@ -27,6 +29,9 @@ public:
     };
 
     FindingList() : m_iTotal(0) {}
+
+    // Those of an import: the entries that were kept, of a number in all, from a source of that name.
+    FindingList(const ORVA_FINDING* pFindings, int iCount, int iTotal, const QString& strSource);
 
     // Those of the SDK as it is now; none with one that tells of none.
     static FindingList Read();

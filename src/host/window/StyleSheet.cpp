@@ -54,7 +54,7 @@ const char* const LETTERS =
     " font-weight: bold; }"
     "#linkhand_DevicePanel_hint, #linkhand_Messages_hint, #linkhand_Calls_hint, #linkhand_Care_bin_hint, "
     "#linkhand_Care_backups_hint, #linkhand_Care_duplicates_hint, #linkhand_Care_check_hint, "
-    "#linkhand_Care_details_hint"
+    "#linkhand_Care_details_hint, #linkhand_Care_import_hint"
     " { color: %quiet%; }"
     "#linkhand_Page_failure { color: %quiet%; font-size: %title%px; }"
     "#VoiceCallPlugin_labelNumber, #VideoCallPlugin_labelNumber { font-size: %large%px; }"

@@ -9,6 +9,7 @@
 #include "base/NumberText.h"
 #include "care/Matcher.h"
 #include "care/NumberKey.h"
+#include "memories/AllRecords.h"
 #include "orva/orva_care.h"
 
 using namespace orva;
@@ -25,22 +26,7 @@ struct MatchHandle final : HandleObject {
 
 void takeAll(Memory& memory, Matcher& matcher)
 {
-    RowBlock rows;
-    const int last = memory.extent().last;
-    for (int first = 1; first <= last;) {
-        memory.read(first, last, memory.preferredRows(), rows);
-        if (rows.empty())
-            break;
-        for (std::size_t row = 0; row < rows.rows(); ++row) {
-            Values values;
-            for (int field = 0; field < rows.fields(); ++field)
-                values.emplace_back(rows.value(row, field));
-            matcher.add(rows.id(row), values);
-        }
-        if (rows.id(rows.rows() - 1) == last)
-            break;
-        first = rows.id(rows.rows() - 1) + 1;
-    }
+    forAllRecords(memory, [&matcher](int id, const Values& values) { matcher.add(id, values); });
 }
 
 std::vector<DuplicateSet> duplicatesOf(Memory& memory)

@@ -16,7 +16,17 @@ namespace orva
 
 struct StoredGroup;
 
-enum class HandleKind : std::uint8_t { None = 0, Record, RecordSet, Group, GroupSet, Match, SyncResult, SyncHold };
+enum class HandleKind : std::uint8_t {
+    None = 0,
+    Record,
+    RecordSet,
+    Group,
+    GroupSet,
+    Match,
+    SyncResult,
+    SyncHold,
+    Import
+};
 
 // What a handle stands for. The void* that clients hold is a number, not an address: a stale, foreign or invented one
 // is found out without touching freed memory.

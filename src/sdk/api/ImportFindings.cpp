@@ -52,13 +52,31 @@ void ImportFindings::add(const Finding& finding)
     log(finding);
     if (m_kept.size() >= ORVA_FINDINGS_KEPT)
         return;
-    ORVA_FINDING& kept = m_kept.emplace_back();
-    kept.line = finding.line;
-    kept.reason = finding.reason;
-    kept.count = finding.count;
-    kept.column = finding.column;
-    put(readable(finding.name), kept.name);
-    put(readable(finding.value), kept.value);
+    m_kept.push_back(plain(finding));
+}
+
+ORVA_FINDING ImportFindings::plain(const Finding& finding)
+{
+    ORVA_FINDING made = {};
+    made.line = finding.line;
+    made.reason = finding.reason;
+    made.count = finding.count;
+    made.column = finding.column;
+    put(readable(finding.name), made.name);
+    put(readable(finding.value), made.value);
+    return made;
+}
+
+ORVA_FINDING* ImportFindings::copies() const
+{
+    if (m_kept.empty())
+        return nullptr;
+    auto copies = std::make_unique<ORVA_FINDING[]>(m_kept.size());
+    std::copy(m_kept.begin(), m_kept.end(), copies.get());
+    std::stable_sort(copies.get(), copies.get() + m_kept.size(), [](const ORVA_FINDING& a, const ORVA_FINDING& b) {
+        return a.line != b.line && (b.line == 0 || (a.line != 0 && a.line < b.line));
+    });
+    return copies.release();
 }
 
 // A title may be a contact's: the first row of a file without titles is one.
@@ -120,9 +138,6 @@ void ImportFindings::close()
 {
     if (m_total > loggedAtMost)
         logFormat("%s: %d more findings", m_function, m_total - loggedAtMost);
-    std::stable_sort(m_kept.begin(), m_kept.end(), [](const ORVA_FINDING& a, const ORVA_FINDING& b) {
-        return a.line != b.line && (b.line == 0 || (a.line != 0 && a.line < b.line));
-    });
 }
 
 bool LastImport::set(std::shared_ptr<const ImportFindings> findings)

@@ -28,12 +28,18 @@ public:
     // Adds what the memory will say of the rows when they are stored.
     void judge(const RowBlock& rows, const Profile& profile, Memory& memory);
 
-    // Puts them into their order. Nothing is added behind this.
+    // Ends the import. Nothing is added behind this.
     void close();
 
     int total() const { return m_total; }
     const std::string& source() const { return m_source; }
     const std::vector<ORVA_FINDING>& kept() const { return m_kept; }
+
+    // Those in an array by their lines, which the caller frees; null for none.
+    ORVA_FINDING* copies() const;
+
+    // The form in which a finding is handed out.
+    static ORVA_FINDING plain(const Finding& finding);
 
 private:
     void log(const Finding& finding);

@@ -55,6 +55,10 @@ const char* findingText(int reason)
         return "file is in UTF-16, in which no vCard is written";
     case ORVA_FINDING_CARD_NONE:
         return "file holds no vCard";
+    case ORVA_FINDING_GROUPS:
+        return "not taken: names of groups";
+    case ORVA_FINDING_GROUP:
+        return "not put into a group";
     default:
         return "not taken";
     }

@@ -220,7 +220,7 @@ bool FieldMap::add(const Row& row, RowBlock& into, const RowReader::Report& repo
 }
 
 RowBlock readContacts(const std::string& path, const Profile& profile, const int* map, const RowReader::Report& report,
-                      const ReaderLimits& limits)
+                      const ReaderLimits& limits, const RowTaken& taken)
 {
     RowReader reader(path, report, limits);
     Row row;
@@ -235,7 +235,8 @@ RowBlock readContacts(const std::string& path, const Profile& profile, const int
     rows.reserve(units / octetsOfARow, units);
     while (reader.next(row)) {
         left.makeUp(row);
-        fields.add(row, rows, left.report());
+        if (fields.add(row, rows, left.report()) && taken)
+            taken(row);
         if (rows.rows() > rowsAtMost || rows.bytes() > octetsAtMost)
             throw Failure(ORVA_E_TOO_LONG, "too many contacts");
     }

@@ -1,6 +1,7 @@
 #ifndef SDK_CSV_CONTACTROWS_H
 #define SDK_CSV_CONTACTROWS_H
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -66,8 +67,10 @@ int joinedColumns(int first, int second);
 // Reads the records of a file: its rows but the first. Rows that cannot be read or have nothing in the mapped columns
 // are reported and passed over; so are columns that are not taken. What is reported of a column has its title.
 // Failure(ORVA_E_FORMAT) if no row is left, ORVA_E_TOO_LONG for more than a million rows or 256 MB of text.
+// `taken` is called for each row that becomes a record.
+using RowTaken = std::function<void(const Row& row)>;
 RowBlock readContacts(const std::string& path, const Profile& profile, const int* map, const RowReader::Report& report,
-                      const ReaderLimits& limits = ReaderLimits());
+                      const ReaderLimits& limits = ReaderLimits(), const RowTaken& taken = RowTaken());
 
 } // namespace orva
 

@@ -113,7 +113,9 @@ void LeftBehind::finish() const
         if (m_left[i] == 0)
             continue;
         const std::string_view title = i < m_titles.size() ? std::string_view(m_titles[i]) : std::string_view();
-        m_report({0, ORVA_FINDING_COLUMN, m_left[i], static_cast<int>(i), title, {}});
+        const int column = static_cast<int>(i);
+        const int reason = column == m_columns.groups() ? ORVA_FINDING_GROUPS : ORVA_FINDING_COLUMN;
+        m_report({0, reason, m_left[i], column, title, {}});
     }
 }
 

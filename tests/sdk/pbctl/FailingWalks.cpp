@@ -7,19 +7,26 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "orva/orva_care.h"
 #include "orva/orva_sdk.h"
 
 namespace
 {
 
-bool fails(const char* walk)
+// The number that the plan has for a walk; 0 for none.
+int planned(const char* walk)
 {
-    static int calls = 0;
     const char* const plan = std::getenv("PBCTL_FAILS");
     const std::size_t length = std::strlen(walk);
     if (plan == nullptr || std::strncmp(plan, walk, length) != 0 || plan[length] != ':')
-        return false;
-    return ++calls == std::atoi(plan + length + 1);
+        return 0;
+    return std::atoi(plan + length + 1);
+}
+
+bool fails(const char* walk)
+{
+    static int calls = 0;
+    return planned(walk) > 0 && ++calls == planned(walk);
 }
 
 long handOn(const char* name, void* set)
@@ -35,6 +42,17 @@ extern "C" {
 ORVA_API long ORVA_PBSrv_AddrRecordSet_MoveNext(void* set)
 {
     return fails("records") ? ORVA_E_STORE : handOn(__func__, set);
+}
+
+// Breaks off behind as many contacts of a source.
+ORVA_API long ORVA_Care_Import_Step(void* import, int most)
+{
+    auto* const real = reinterpret_cast<long (*)(void*, int)>(::dlsym(RTLD_NEXT, __func__));
+    const int contacts = planned("records");
+    if (contacts == 0)
+        return real(import, most);
+    real(import, contacts);
+    return ORVA_E_STORE;
 }
 
 ORVA_API long ORVA_PBSrv_AddrGroupSet_MoveFirst(void* set)

@@ -9,9 +9,9 @@
 
 #include "WindowSetup.h"
 #include "findings/FindingsDialog.h"
-#include "findings/FindingsNotice.h"
 #include "loader/WorkerCount.h"
 #include "orva/orva_care.h"
+#include "window/FindingsNotice.h"
 #include "window/StatusArea.h"
 
 // What an import left, as the host shows it.

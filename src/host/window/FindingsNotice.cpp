@@ -1,4 +1,4 @@
-#include "findings/FindingsNotice.h"
+#include "window/FindingsNotice.h"
 
 #include <QApplication>
 

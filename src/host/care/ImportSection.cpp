@@ -1,0 +1,311 @@
+#include "care/ImportSection.h"
+
+#include <QComboBox>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLocale>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "care/CareSdk.h"
+#include "care/CareTable.h"
+#include "care/CareText.h"
+#include "findings/FindingsDialog.h"
+#include "shared/NumberDelegate.h"
+#include "text/HostText.h"
+
+namespace
+{
+
+enum Column { COLUMN_NAME, COLUMN_NUMBER, COLUMN_OUTCOME, COLUMN_COUNT };
+
+// What the SDK calls them.
+const char* const EVOLUTION = "Outlook";
+const char* const THUNDERBIRD = "Outlook Express";
+
+// By ORVA_IMPORT_..., from 1 on.
+const char* const OUTCOMES[] = {"IDS_HOST_CARE_IMPORT_NEW", "IDS_HOST_CARE_IMPORT_CHANGED", "IDS_HOST_CARE_IMPORT_SAME",
+                                "IDS_HOST_CARE_IMPORT_THERE", "IDS_HOST_CARE_IMPORT_NOT"};
+
+QString outcomeText(int iOutcome)
+{
+    return iOutcome >= ORVA_IMPORT_ADDED && iOutcome <= ORVA_IMPORT_LEFT ? HostText::Get(OUTCOMES[iOutcome - 1])
+                                                                         : QString();
+}
+
+} // namespace
+
+ImportSection::ImportSection(CareRunner& runner, QWidget* pParent)
+    : CareSection(runner, "linkhand_Care_import", pParent),
+      m_pHint(new QLabel(this)),
+      m_pFile(newButton("linkhand_Care_import_file")),
+      m_pThunderbird(newButton("linkhand_Care_import_thunderbird")),
+      m_pEvolution(newButton("linkhand_Care_import_evolution")),
+      m_pExport(newButton("linkhand_Care_export")),
+      m_pExistingLabel(new QLabel(this)),
+      m_pExisting(new QComboBox(this)),
+      m_pTable(new CareTable("linkhand_Care_import_list", COLUMN_COUNT, this)),
+      m_pSummary(new QLabel(this)),
+      m_pLeft(newButton("linkhand_Care_import_left")),
+      m_pImport(newButton("linkhand_Care_import_do")),
+      m_bTry(true),
+      m_counts()
+{
+    m_pHint->setObjectName(QLatin1String("linkhand_Care_import_hint"));
+    m_pHint->setWordWrap(true);
+    m_pExisting->setObjectName(QLatin1String("linkhand_Care_import_existing"));
+    m_pExistingLabel->setBuddy(m_pExisting);
+    m_pSummary->setObjectName(QLatin1String("linkhand_Care_import_summary"));
+    m_pSummary->setTextFormat(Qt::PlainText);
+    m_pSummary->setWordWrap(true);
+    m_pTable->setItemDelegateForColumn(COLUMN_NUMBER, new NumberDelegate(m_pTable));
+    m_pTable->SetFilled();
+    for (int i = ORVA_EXISTING_ADD; i <= ORVA_EXISTING_UPDATE; ++i) {
+        m_pExisting->addItem(QString());
+    }
+    m_pExisting->setCurrentIndex(m_plan.iExisting);
+    layOut();
+    connect(m_pFile, SIGNAL(clicked()), this, SLOT(OnFile()));
+    connect(m_pThunderbird, SIGNAL(clicked()), this, SLOT(OnThunderbird()));
+    connect(m_pEvolution, SIGNAL(clicked()), this, SLOT(OnEvolution()));
+    connect(m_pExport, SIGNAL(clicked()), this, SLOT(OnExport()));
+    connect(m_pExisting, SIGNAL(activated(int)), this, SLOT(OnExisting()));
+    connect(m_pLeft, SIGNAL(clicked()), this, SLOT(OnLeft()));
+    connect(m_pImport, SIGNAL(clicked()), this, SLOT(OnImport()));
+    show();
+}
+
+QPushButton* ImportSection::newButton(const char* pszName)
+{
+    QPushButton* pButton = new QPushButton(this);
+    pButton->setObjectName(QLatin1String(pszName));
+    return pButton;
+}
+
+void ImportSection::layOut()
+{
+    QHBoxLayout* pBar = new QHBoxLayout;
+    pBar->addWidget(m_pFile);
+    pBar->addWidget(m_pThunderbird);
+    pBar->addWidget(m_pEvolution);
+    pBar->addStretch(1);
+    pBar->addWidget(m_pExport);
+    QHBoxLayout* pExisting = new QHBoxLayout;
+    pExisting->addWidget(m_pExistingLabel);
+    pExisting->addWidget(m_pExisting);
+    pExisting->addStretch(1);
+    QHBoxLayout* pEnd = new QHBoxLayout;
+    pEnd->addWidget(m_pSummary, 1);
+    pEnd->addWidget(m_pLeft);
+    pEnd->addWidget(m_pImport);
+    QVBoxLayout* pLayout = new QVBoxLayout(this);
+    pLayout->addWidget(m_pHint);
+    pLayout->addLayout(pBar);
+    pLayout->addLayout(pExisting);
+    pLayout->addWidget(m_pTable, 1);
+    pLayout->addLayout(pEnd);
+    QWidget* const apOrder[] = {m_pFile,     m_pThunderbird, m_pEvolution, m_pExport,
+                                m_pExisting, m_pTable,       m_pLeft,      m_pImport};
+    for (std::size_t i = 1; i < sizeof apOrder / sizeof *apOrder; ++i) {
+        setTabOrder(apOrder[i - 1], apOrder[i]);
+    }
+}
+
+QString ImportSection::Title() const
+{
+    return HostText::Get("IDS_HOST_CARE_IMPORT");
+}
+
+void ImportSection::Retranslate()
+{
+    m_pHint->setText(HostText::Get("IDS_HOST_CARE_IMPORT_HINT"));
+    m_pFile->setText(HostText::Get("IDS_HOST_CARE_IMPORT_FILE"));
+    m_pThunderbird->setText(HostText::Get("IDS_HOST_CARE_IMPORT_PROGRAM").arg(QLatin1String("Thunderbird")));
+    m_pEvolution->setText(HostText::Get("IDS_HOST_CARE_IMPORT_PROGRAM").arg(QLatin1String("Evolution")));
+    m_pExport->setText(HostText::Get("IDS_HOST_CARE_EXPORT"));
+    m_pExistingLabel->setText(HostText::Get("IDS_HOST_CARE_IMPORT_EXISTING"));
+    m_pExisting->setAccessibleName(m_pExistingLabel->text());
+    m_pExisting->setItemText(ORVA_EXISTING_ADD, HostText::Get("IDS_HOST_CARE_IMPORT_ADD"));
+    m_pExisting->setItemText(ORVA_EXISTING_SKIP, HostText::Get("IDS_HOST_CARE_IMPORT_SKIP"));
+    m_pExisting->setItemText(ORVA_EXISTING_UPDATE, HostText::Get("IDS_HOST_CARE_IMPORT_UPDATE"));
+    m_pImport->setText(HostText::Get("IDS_HOST_CARE_IMPORT_DO"));
+    m_pTable->setAccessibleName(Title());
+    m_pTable->SetTitles(QStringList() << HostText::Get("IDS_HOST_CARE_FIELD_NAME")
+                                      << HostText::Get("IDS_HOST_CARE_COLUMN_NUMBER")
+                                      << HostText::Get("IDS_HOST_CARE_COLUMN_WHAT"));
+    m_pTable->SetEmptyText(HostText::Get("IDS_HOST_CARE_IMPORT_NONE"));
+    m_pTable->SizeColumns(QStringList() << QString(26, QLatin1Char('n')) << QLatin1String("+44 1632 960000 00"));
+    show();
+}
+
+void ImportSection::Read()
+{
+    m_pThunderbird->setVisible(ORVA_PBSrv_IsOutlookInstalled(THUNDERBIRD) == ORVA_OK);
+    m_pEvolution->setVisible(ORVA_PBSrv_IsOutlookInstalled(EVOLUTION) == ORVA_OK);
+    look();
+}
+
+void ImportSection::Take(const CareTask& task)
+{
+    if (const ContactImporting* pImporting = dynamic_cast<const ContactImporting*>(&task)) {
+        takeImport(*pImporting);
+    } else if (const ContactExporting* pExporting = dynamic_cast<const ContactExporting*>(&task)) {
+        takeExport(*pExporting);
+    }
+}
+
+QWidget* ImportSection::FocusTarget()
+{
+    return m_pTable;
+}
+
+void ImportSection::SetFile(const QString& strFile)
+{
+    choose(strFile, QFileInfo(strFile).fileName(), false);
+}
+
+void ImportSection::ExportTo(const QString& strFile)
+{
+    begin(new ContactExporting(strFile));
+}
+
+void ImportSection::OnFile()
+{
+    const QString strFile =
+        QFileDialog::getOpenFileName(this, HostText::Get("IDS_HOST_CARE_IMPORT_FILE"), QDir::homePath(),
+                                     QLatin1String("vCard, CSV (*.vcf *.vcard *.csv *.txt *.VCF *.CSV);;* (*)"));
+    if (!strFile.isEmpty()) {
+        SetFile(strFile);
+    }
+}
+
+void ImportSection::OnThunderbird()
+{
+    choose(QLatin1String(THUNDERBIRD), QLatin1String("Thunderbird"), true);
+}
+
+void ImportSection::OnEvolution()
+{
+    choose(QLatin1String(EVOLUTION), QLatin1String("Evolution"), true);
+}
+
+void ImportSection::OnExisting()
+{
+    m_plan.iExisting = m_pExisting->currentIndex();
+    look();
+}
+
+void ImportSection::OnImport()
+{
+    if (!m_plan.strSource.isEmpty()) {
+        begin(new ContactImporting(m_plan, false));
+    }
+}
+
+void ImportSection::OnLeft()
+{
+    FindingsDialog dialog(m_findings, window());
+    dialog.exec();
+}
+
+// Whatever is there under that name stays under another one, so nobody is asked.
+void ImportSection::OnExport()
+{
+    QString strFilter = QLatin1String("vCard (*.vcf)");
+    QString strFile = QFileDialog::getSaveFileName(
+        this, HostText::Get("IDS_HOST_CARE_EXPORT"), QDir::home().filePath(QLatin1String("contacts.vcf")),
+        QLatin1String("vCard (*.vcf);;CSV (*.csv)"), &strFilter, QFileDialog::DontConfirmOverwrite);
+    if (strFile.isEmpty()) {
+        return;
+    }
+    if (QFileInfo(strFile).suffix().isEmpty()) {
+        strFile += QLatin1String(strFilter.startsWith(QLatin1String("CSV")) ? ".csv" : ".vcf");
+    }
+    ExportTo(strFile);
+}
+
+void ImportSection::choose(const QString& strSource, const QString& strShown, bool bProgram)
+{
+    m_plan.strSource = strSource;
+    m_plan.strShown = strShown;
+    m_plan.bProgram = bProgram;
+    look();
+}
+
+void ImportSection::look()
+{
+    if (!m_plan.strSource.isEmpty()) {
+        begin(new ContactImporting(m_plan, true));
+    }
+}
+
+void ImportSection::takeImport(const ContactImporting& importing)
+{
+    // Another source may have been chosen meanwhile.
+    if (importing.IsTry() && importing.Plan().strSource != m_plan.strSource) {
+        return;
+    }
+    const long nCode = importing.Code();
+    const bool bSource = nCode == ORVA_E_FORMAT || nCode == ORVA_E_NOT_FOUND || nCode == ORVA_E_TOO_LONG;
+    if (!importing.IsTry() || bSource) {
+        m_plan.strSource.clear();
+    }
+    m_strShown = importing.Plan().strShown;
+    m_bTry = importing.IsTry();
+    m_listRows = importing.Rows();
+    m_counts = importing.Counts();
+    m_findings = importing.Findings();
+    show();
+    if (bSource) {
+        emit told(HostText::Get("IDS_HOST_CARE_IMPORT_UNREADABLE").arg(m_strShown));
+    } else if (!m_bTry || nCode != ORVA_OK) {
+        const bool bCut = importing.IsCancelled() && nCode == ORVA_OK;
+        emit told(
+            bCut ? HostText::Get("IDS_HOST_CARE_IMPORT_CANCELLED")
+                 : CareText::Outcome(
+                       HostText::Get("IDS_HOST_CARE_IMPORT_DONE").arg(m_strShown, QLocale().toString(m_counts.added)),
+                       nCode));
+    }
+}
+
+void ImportSection::takeExport(const ContactExporting& exporting)
+{
+    const QString strFile = QDir::toNativeSeparators(exporting.File());
+    if (exporting.Code() != ORVA_OK) {
+        emit told(HostText::Get("IDS_HOST_FINDINGS_NOT_SAVED").arg(strFile));
+        return;
+    }
+    QString strText = HostText::Get("IDS_HOST_CARE_EXPORT_DONE").arg(strFile, QLocale().toString(exporting.Written()));
+    if (exporting.HasKept()) {
+        strText += QLatin1Char(' ') + HostText::Get("IDS_HOST_CARE_EXPORT_KEPT");
+    }
+    emit told(strText);
+}
+
+void ImportSection::show()
+{
+    QList<CareRow> listRows;
+    for (int i = 0; i < m_listRows.size(); ++i) {
+        const ImportRow& row = m_listRows.at(i);
+        listRows.append(CareRow(i + 1, QStringList() << row.strName << row.strNumber << outcomeText(row.iOutcome)));
+    }
+    m_pTable->SetRows(listRows);
+    m_pSummary->setText(summary());
+    m_pLeft->setText(HostText::Get("IDS_HOST_CARE_IMPORT_LEFT").arg(QLocale().toString(m_findings.Total())));
+    enable(m_pLeft, m_findings.Total() > 0);
+    enable(m_pImport, !m_plan.strSource.isEmpty());
+}
+
+QString ImportSection::summary() const
+{
+    if (m_strShown.isEmpty()) {
+        return QString();
+    }
+    const char* const pszId = m_bTry ? "IDS_HOST_CARE_IMPORT_WOULD" : "IDS_HOST_CARE_IMPORT_DID";
+    const QLocale locale;
+    return HostText::Get(pszId).arg(m_strShown, locale.toString(m_counts.added), locale.toString(m_counts.changed),
+                                    locale.toString(m_counts.same + m_counts.skipped), locale.toString(m_counts.left));
+}

@@ -1,0 +1,155 @@
+#include <QComboBox>
+#include <QTimer>
+
+#include "CareSetup.h"
+#include "care/ImportSection.h"
+
+namespace
+{
+
+const char* const LIST = "linkhand_Care_import_list";
+const char* const SUMMARY = "linkhand_Care_import_summary";
+const int SECTION = 5;
+enum Column { NAME, NUMBER, OUTCOME };
+
+} // namespace
+
+class TestHostCareImport : public CareSetup
+{
+    Q_OBJECT
+
+private slots:
+    void init()
+    {
+        m_listLeft.clear();
+        beginCare();
+    }
+    void cleanup() { endCare(); }
+
+    void whatWouldComeIsShownBeforeAnythingIsWritten()
+    {
+        add({"Bo", "2"});
+        openSection(SECTION);
+        QTRY_VERIFY(find<QPushButton>("linkhand_Care_import_file")->isVisible());
+        QVERIFY(!find<QPushButton>("linkhand_Care_import_do")->isEnabled());
+        section()->SetFile(file("people.csv", "Name,Mobile,Groups,Shoe\nAda,1,Friends,38\nBO,2,,\nCy,abc,,\n"));
+        QTRY_COMPARE(column(LIST, OUTCOME), QStringList() << "New"
+                                                          << "There already, left out"
+                                                          << "Not taken");
+        QCOMPARE(column(LIST, NUMBER).first(), QString("1"));
+        QCOMPARE(summary(),
+                 QString("From people.csv would come: new 1, brought up to date 0, there already 1, not taken 1"));
+        QCOMPARE(contacts(), 1);
+        QCOMPARE(find<QPushButton>("linkhand_Care_import_left")->text(), QString("What is left (2)…"));
+        QSignalSpy spyChanged(m_pWindow.data(), SIGNAL(contactsChanged()));
+        click("linkhand_Care_import_do");
+        QTRY_COMPARE(told(), QString("Imported from people.csv. New contacts: 1"));
+        QCOMPARE(contacts(), 2);
+        QCOMPARE(spyChanged.count(), 1);
+        QVERIFY(summary().startsWith("From people.csv came: new 1"));
+        // It is done once.
+        QVERIFY(!find<QPushButton>("linkhand_Care_import_do")->isEnabled());
+        noteLeft();
+        click("linkhand_Care_import_left");
+        QCOMPARE(m_listLeft, QStringList() << "4 Mobile Contact not taken: no telephone number"
+                                           << " Shoe No field is for it; values: 1");
+    }
+
+    void whoIsThereCanBeBroughtUpToDate()
+    {
+        add({"Bo", "2", "", "", "", "old"});
+        openSection(SECTION);
+        section()->SetFile(file("bo.vcf", "BEGIN:VCARD\nVERSION:3.0\nFN:Bo\nTEL;TYPE=CELL:2\nNOTE:new\nEND:VCARD\n"));
+        QTRY_COMPARE(column(LIST, OUTCOME), QStringList("There already, left out"));
+        QComboBox* pExisting = find<QComboBox>("linkhand_Care_import_existing");
+        pExisting->setFocus();
+        QTest::keyClick(pExisting, Qt::Key_Down);
+        QTRY_COMPARE(column(LIST, OUTCOME), QStringList("Brought up to date"));
+        click("linkhand_Care_import_do");
+        QTRY_VERIFY(told().startsWith("Imported from bo.vcf"));
+        QCOMPARE(contacts(), 1);
+    }
+
+    void aFileOfNothingIsNamed()
+    {
+        openSection(SECTION);
+        section()->SetFile(file("shoes.csv", "Shoe,Hat\n38,7\n"));
+        QTRY_COMPARE(told(), QString("Nothing in shoes.csv can be read as contacts."));
+        QVERIFY(!find<QPushButton>("linkhand_Care_import_do")->isEnabled());
+    }
+
+    void anImportIsCancelledBetweenSteps()
+    {
+        QByteArray rows("Name,Mobile\n");
+        for (int i = 0; i < 60000; ++i) {
+            rows += "N" + QByteArray::number(i) + "," + QByteArray::number(i) + "\n";
+        }
+        openSection(SECTION);
+        section()->SetFile(file("many.csv", rows));
+        QTRY_COMPARE_WITH_TIMEOUT(rowCount(), 60000, 60000);
+        click("linkhand_Care_import_do");
+        QTRY_VERIFY_WITH_TIMEOUT(find<QPushButton>("linkhand_Care_cancel")->isVisible(), 30000);
+        click("linkhand_Care_cancel");
+        QTRY_VERIFY_WITH_TIMEOUT(told().startsWith("Cancelled."), 30000);
+        const int iIn = contacts();
+        QVERIFY2(iIn < 60000 && iIn % 200 == 0, qPrintable(QString::number(iIn)));
+        QVERIFY(summary().contains(QString("new %1").arg(QLocale().toString(iIn))));
+    }
+
+    void allAreExportedAndTheOldFileStays()
+    {
+        add({"Ada", "1"});
+        openSection(SECTION);
+        const QString strFile = file("out.vcf", "old");
+        section()->ExportTo(strFile);
+        QTRY_VERIFY2(told().startsWith("Written to " + strFile + ". Contacts: 1."), qPrintable(told()));
+        QVERIFY(told().contains(".~1~"));
+        QFile out(strFile);
+        QVERIFY(out.open(QIODevice::ReadOnly));
+        QVERIFY(out.readAll().contains("FN:Ada"));
+        QVERIFY(QFile::exists(strFile + ".~1~"));
+        section()->ExportTo(dataFolder() + "/no/such/folder.csv");
+        QTRY_VERIFY(told().endsWith("could not be written."));
+    }
+
+private:
+    ImportSection* section() { return find<ImportSection>("linkhand_Care_import"); }
+    QString summary() { return find<QLabel>(SUMMARY)->text(); }
+    int rowCount() { return find<QAbstractItemView>(LIST)->model()->rowCount(); }
+
+    QString file(const char* pszName, const QByteArray& content)
+    {
+        const QString strFile = dataFolder() + "/" + pszName;
+        QFile file(strFile);
+        if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size()) {
+            qFatal("no file");
+        }
+        return strFile;
+    }
+
+    // Notes what the list says when it comes, and closes it.
+    void noteLeft()
+    {
+        QTimer* pTimer = new QTimer(m_pWindow.data());
+        connect(pTimer, &QTimer::timeout, this, [this, pTimer] {
+            QWidget* pDialog = QApplication::activeModalWidget();
+            if (pDialog == nullptr) {
+                return;
+            }
+            pTimer->stop();
+            const QAbstractItemModel* pModel =
+                pDialog->findChild<QAbstractItemView*>("linkhand_Findings_list")->model();
+            for (int i = 0; i < pModel->rowCount(); ++i) {
+                m_listLeft << pModel->index(i, 0).data().toString() + " " + pModel->index(i, 1).data().toString() +
+                                  " " + pModel->index(i, 2).data().toString();
+            }
+            pDialog->findChild<QPushButton*>("linkhand_Findings_close")->click();
+        });
+        pTimer->start(5);
+    }
+
+    QStringList m_listLeft;
+};
+
+QTEST_MAIN(TestHostCareImport)
+#include "test_host_care_import.moc"
