@@ -1264,6 +1264,62 @@
         <translation>اسم إضافي</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARDS_COUNT</source>
+        <translation>جهات الاتصال في الملف: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARDS_DONE</source>
+        <translation>جهات الاتصال المستوردة: %1 من %2</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARDS_HEAD</source>
+        <translation>جهات الاتصال في «%1». تُضاف إلى دليل الهاتف عند استيرادها.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARDS_IMPORT</source>
+        <translation>استيراد</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARDS_NONE</source>
+        <translation>لا توجد جهات اتصال</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARDS_PROGRESS</source>
+        <translation>%1 من %2</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARDS_TITLE</source>
+        <translation>استيراد جهات الاتصال</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARDS_UNREADABLE</source>
+        <translation>لا يمكن قراءة هذا الملف كجهات اتصال</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_OPEN_ALREADY</source>
+        <translation>أُعيد تشغيل Linkhand: هذه نافذته</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_OPEN_CODE</source>
+        <translation>«%1» رمز. لا يطلب Linkhand رموزاً واردة من مصدر آخر.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_OPEN_EXTENSION</source>
+        <translation>التحويلة: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_OPEN_NO_PLUGIN</source>
+        <translation>لا يمكن فتح هذا: المكون الإضافي الخاص به غير موجود</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_OPEN_REFUSED</source>
+        <translation>لا يستطيع Linkhand فتح هذا</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_OPEN_WAITS</source>
+        <translation>ما يُراد فتحه ينتظر إغلاق مربع الحوار</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CONTACT_GONE</source>
         <translation>جهة الاتصال هذه لم تعد موجودة: حذفها برنامج آخر</translation>
     </message>

@@ -1264,6 +1264,62 @@
         <translation>Weiterer Name</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARDS_COUNT</source>
+        <translation>Kontakte in der Datei: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARDS_DONE</source>
+        <translation>Importierte Kontakte: %1 von %2</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARDS_HEAD</source>
+        <translation>Die Kontakte in „%1“. Sie kommen ins Telefonbuch, wenn Sie sie importieren.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARDS_IMPORT</source>
+        <translation>Importieren</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARDS_NONE</source>
+        <translation>Keine Kontakte</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARDS_PROGRESS</source>
+        <translation>%1 von %2</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARDS_TITLE</source>
+        <translation>Kontakte importieren</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARDS_UNREADABLE</source>
+        <translation>Diese Datei ist nicht als Kontakte lesbar</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_OPEN_ALREADY</source>
+        <translation>Linkhand wurde noch einmal gestartet: dies ist sein Fenster</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_OPEN_CODE</source>
+        <translation>„%1“ ist ein Code. Linkhand wählt keine Codes, die von anderswo kommen.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_OPEN_EXTENSION</source>
+        <translation>Durchwahl: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_OPEN_NO_PLUGIN</source>
+        <translation>Das lässt sich nicht öffnen: das Plug-in dafür fehlt</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_OPEN_REFUSED</source>
+        <translation>Das kann Linkhand nicht öffnen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_OPEN_WAITS</source>
+        <translation>Was geöffnet werden soll, wartet, bis das Fenster davor zu ist</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CONTACT_GONE</source>
         <translation>Diesen Kontakt gibt es nicht mehr: ein anderes Programm hat ihn gelöscht</translation>
     </message>

@@ -1264,6 +1264,62 @@
         <translation>Further name</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARDS_COUNT</source>
+        <translation>Contacts in the file: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARDS_DONE</source>
+        <translation>Contacts imported: %1 of %2</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARDS_HEAD</source>
+        <translation>The contacts in “%1”. They come into the phonebook when you import them.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARDS_IMPORT</source>
+        <translation>Import</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARDS_NONE</source>
+        <translation>No contacts</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARDS_PROGRESS</source>
+        <translation>%1 of %2</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARDS_TITLE</source>
+        <translation>Import contacts</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARDS_UNREADABLE</source>
+        <translation>This file cannot be read as contacts</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_OPEN_ALREADY</source>
+        <translation>Linkhand was started again: this is its window</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_OPEN_CODE</source>
+        <translation>“%1” is a code. Linkhand does not dial codes that come from elsewhere.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_OPEN_EXTENSION</source>
+        <translation>Extension: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_OPEN_NO_PLUGIN</source>
+        <translation>This cannot be opened: its plug-in is missing</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_OPEN_REFUSED</source>
+        <translation>Linkhand cannot open this</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_OPEN_WAITS</source>
+        <translation>What is to be opened waits until the dialog is closed</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CONTACT_GONE</source>
         <translation>This contact is no longer there: another program has deleted it</translation>
     </message>

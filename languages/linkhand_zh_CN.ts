@@ -1264,6 +1264,62 @@
         <translation>其他姓名</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARDS_COUNT</source>
+        <translation>文件中的联系人：%1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARDS_DONE</source>
+        <translation>已导入联系人：%1 / %2</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARDS_HEAD</source>
+        <translation>“%1”中的联系人。导入后才会加入电话簿。</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARDS_IMPORT</source>
+        <translation>导入</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARDS_NONE</source>
+        <translation>没有联系人</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARDS_PROGRESS</source>
+        <translation>%1 / %2</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARDS_TITLE</source>
+        <translation>导入联系人</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARDS_UNREADABLE</source>
+        <translation>无法将此文件作为联系人读取</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_OPEN_ALREADY</source>
+        <translation>Linkhand 再次启动：这就是它的窗口</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_OPEN_CODE</source>
+        <translation>“%1”是代码。Linkhand 不会拨打来自别处的代码。</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_OPEN_EXTENSION</source>
+        <translation>分机：%1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_OPEN_NO_PLUGIN</source>
+        <translation>无法打开：缺少相应的插件</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_OPEN_REFUSED</source>
+        <translation>Linkhand 无法打开此项</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_OPEN_WAITS</source>
+        <translation>要打开的内容会等到对话框关闭</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CONTACT_GONE</source>
         <translation>该联系人已不存在：已被其他程序删除</translation>
     </message>

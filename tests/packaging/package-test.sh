@@ -104,6 +104,9 @@ cmp -s "$work/installed" "$work/packed" || fail "installed and packed: $(diff "$
 
 # --- The desktop's files and the manual ---
 desktop-file-validate "$root/usr/share/applications/linkhand.desktop" >"$work/validate" 2>&1 || fail "$(cat "$work/validate")"
+expect '^Exec=linkhand %U$' "$root/usr/share/applications/linkhand.desktop" "what the desktop hands over"
+expect '^MimeType=text/vcard;text/csv;x-scheme-handler/tel;x-scheme-handler/sms;$' \
+    "$root/usr/share/applications/linkhand.desktop" "what the program opens"
 appstreamcli validate --no-net "$root"/usr/share/metainfo/*.xml >"$work/validate" 2>&1 || fail "$(cat "$work/validate")"
 expect "version=\"$version\"" "$root/usr/share/metainfo/com.teskra.linkhand.metainfo.xml" "the metainfo's release"
 file -b "$root/usr/share/icons/hicolor/48x48/apps/linkhand.png" >"$work/icon"

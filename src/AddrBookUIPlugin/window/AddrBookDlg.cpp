@@ -23,6 +23,7 @@
 #include "logic/SdkCall.h"
 #include "logic/Texts.h"
 #include "widgets/AddrBookTableWidget.h"
+#include "widgets/ContactPreview.h"
 #include "widgets/PBTreeWidget.h"
 #include "window/ToolItemIds.h"
 
@@ -215,7 +216,7 @@ bool AddrBookDlg::createPanes()
 
 bool AddrBookDlg::createPreview()
 {
-    m_plabelPreview = new (std::nothrow) QTextBrowser(m_psplitterPreview);
+    m_plabelPreview = new (std::nothrow) ContactPreview(m_psplitterPreview);
     if (m_plabelPreview == nullptr)
         return false;
     m_plabelPreview->setObjectName(QLatin1String("AddrBookUIPlugin_labelPreview"));

@@ -5,6 +5,8 @@
 #include <getopt.h>
 #include <vector>
 
+#include "requests/Request.h"
+
 namespace
 {
 
@@ -35,6 +37,17 @@ QString takeValue(const char* pszOption, QString& strError)
     return strValue;
 }
 
+// What is no option must be something that can be opened.
+void open(const char* pszGiven, CommandLine& line)
+{
+    const QString strGiven = QString::fromUtf8(pszGiven);
+    if (Request::Of(strGiven).enKind == Request::NONE) {
+        line.strError = QString::fromLatin1("unknown argument %1").arg(strGiven);
+    } else {
+        line.lstOpened.append(Request::Portable(strGiven));
+    }
+}
+
 // Takes what getopt_long has found; `pszGiven` is the argument that it last looked at.
 void take(int iFound, const char* pszGiven, CommandLine& line)
 {
@@ -53,6 +66,9 @@ void take(int iFound, const char* pszGiven, CommandLine& line)
         break;
     case 'h':
         line.bHelp = true;
+        break;
+    case 1:
+        open(pszGiven, line);
         break;
     case ':':
         line.strError = needsValue(pszGiven);
@@ -82,8 +98,8 @@ CommandLine CommandLine::Parse(const QStringList& lstArguments)
         const int iLast = qMax(optind, 1);
         const int iFound = getopt_long(int(texts.size()), arguments.data(), SHORT_OPTIONS, OPTIONS, nullptr);
         if (iFound == -1) {
-            if (optind < int(texts.size())) { // behind "--"
-                take('?', arguments[size_t(optind)], line);
+            while (optind < int(texts.size()) && line.strError.isEmpty()) { // behind "--"
+                open(arguments[size_t(optind++)], line);
             }
             break;
         }
@@ -102,8 +118,13 @@ bool CommandLine::WantsText(const QStringList& lstArguments)
 QString CommandLine::HelpText()
 {
     return QLatin1String(
-        "Usage: linkhand [options]\n"
-        "Linkhand, a mobile-broadband connection manager with a phonebook.\n"
+        "Usage: linkhand [options] [what to open]...\n"
+        "Linkhand, a mobile-broadband connection manager with a phonebook. Where it runs already, its window comes "
+        "up.\n"
+        "\n"
+        "  tel:NUMBER          put a number into the form for calls\n"
+        "  sms:NUMBER?body=T   write a message\n"
+        "  FILE                look into a file of contacts (.vcf, .vcard, .csv) and import it\n"
         "\n"
         "  --data-dir DIR      keep contacts, outbox and settings in DIR\n"
         "  --hardware CHOICE   from now on use no modem (simulated), the one that there is (auto), or the one\n"

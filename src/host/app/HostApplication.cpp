@@ -1,6 +1,7 @@
 #include "app/HostApplication.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFile>
 #include <QFont>
 #include <QLocale>
@@ -11,10 +12,12 @@
 #include <sys/stat.h>
 
 #include "app/Companion.h"
+#include "app/Elsewhere.h"
 #include "app/FirstPaint.h"
 #include "app/IdleBackup.h"
 #include "app/Link.h"
 #include "app/ModemNotices.h"
+#include "app/RequestDesk.h"
 #include "app/Screenshot.h"
 #include "app/UnixSignals.h"
 #include "device/DeviceWatcher.h"
@@ -35,6 +38,7 @@
 #include "settings/LossWatcher.h"
 #include "settings/SdkFolders.h"
 #include "settings/StoreWatch.h"
+#include "single/SingleInstance.h"
 #include "text/HostText.h"
 #include "window/CopyOffer.h"
 #include "window/FindingsNotice.h"
@@ -136,11 +140,17 @@ int HostApplication::Main(int argc, char** argv, Companion* pCompanion)
     if (!line.strHardware.isEmpty() && !HardwareChoice::IsKnown(line.strHardware)) {
         return refuseHardware(line.strHardware);
     }
-    return HostApplication(line, pCompanion).Run();
+    // Known by its folder, which a first start does not find yet.
+    QDir().mkpath(DataFolder::Path());
+    SingleInstance instance(DataFolder::Path());
+    int iExitCode = 0;
+    return Elsewhere::IsTaken(line, instance, iExitCode) ? iExitCode
+                                                         : HostApplication(line, instance, pCompanion).Run();
 }
 
-HostApplication::HostApplication(const CommandLine& line, Companion* pCompanion)
+HostApplication::HostApplication(const CommandLine& line, SingleInstance& instance, Companion* pCompanion)
     : m_line(line),
+      m_instance(instance),
       m_pCompanion(pCompanion),
       m_services(QCoreApplication::applicationDirPath(), DataFolder::SettingsFile()),
       m_settings(m_services.SettingsFile()),
@@ -171,6 +181,7 @@ HostApplication::~HostApplication()
         m_pLink->Withdraw();
     }
     m_pNotices.reset();
+    m_pDesk.reset();
     // Windows that plug-ins left with the main window go while the plug-ins' code is there.
     m_pWindow.reset();
     m_pContainer.reset();
@@ -212,6 +223,8 @@ void HostApplication::build()
     m_pLink.reset(new Link(*m_pModem, *m_pMessages, m_pWindow.data(), SdkFolders::LogFolder()));
     m_pLink->Publish();
     m_pNotices.reset(new ModemNotices(*m_pModem, *m_pMessages, *m_pWindow));
+    m_pDesk.reset(new RequestDesk(*m_pWindow, *m_pContainer, m_instance));
+    connect(m_pDesk.data(), SIGNAL(contactsChanged()), this, SLOT(OnContactsChanged()));
     m_pFindings.reset(new FindingsNotice(m_services.Workers(), m_pWindow->Status()));
     m_pModemProblem.reset(new ModemProblem(*m_pModem, *m_pWatcher));
     connect(m_pModemProblem.data(), SIGNAL(changed()), this, SLOT(OnModemProblem()));
@@ -248,6 +261,10 @@ int HostApplication::Run()
     loadPlugins();
     checkInstallation();
     fillWindow();
+    m_pDesk->Start();
+    if (m_line.strScreenshot.isEmpty()) {
+        m_pDesk->Add(m_line.lstOpened);
+    }
     IdleBackup idleBackup(IDLE_MS);
     idleBackup.Start();
     QScopedPointer<Screenshot> pScreenshot;
@@ -471,6 +488,7 @@ void HostApplication::shutDown()
     // and no loop begins any more.
     m_services.State().SetClosing();
     QCoreApplication::exit(m_iExitCode);
+    m_instance.StopListening();
     if (m_line.strScreenshot.isEmpty()) {
         m_settings.SetGeometry(m_pWindow->saveGeometry());
         m_settings.SetDevicePanelShown(m_pWindow->DevicePanelShown());

@@ -26,6 +26,8 @@ class PhonebookHold;
 class PluginContainer;
 class PluginLifecycle;
 class QTranslator;
+class RequestDesk;
+class SingleInstance;
 class StoreWatch;
 
 // Puts the program together and takes it apart again.
@@ -39,11 +41,11 @@ class HostApplication : public QObject
 
 public:
     // The whole run of the program; the result is its exit code: 0, 1 for a picture that could not be written, 2 for
-    // arguments that make no sense.
+    // arguments that make no sense, 3 if the program runs already and cannot take what it is asked.
     static int Main(int argc, char** argv, Companion* pCompanion = nullptr);
 
-    // The companion, if there is one, outlives the application.
-    explicit HostApplication(const CommandLine& line, Companion* pCompanion = nullptr);
+    // The companion, if there is one, and the instance outlive the application.
+    HostApplication(const CommandLine& line, SingleInstance& instance, Companion* pCompanion = nullptr);
     ~HostApplication() override;
 
     int Run();
@@ -74,6 +76,7 @@ private:
     void showProblems();
 
     CommandLine m_line;
+    SingleInstance& m_instance;
     Companion* m_pCompanion;
     ProblemList m_problems;
     ProblemList m_access; // those of the phonebook that will pass
@@ -96,6 +99,7 @@ private:
     QScopedPointer<LivePhonebook> m_pLive;
     QScopedPointer<FindingsNotice> m_pFindings;
     QScopedPointer<PhonebookHold> m_pHold;
+    QScopedPointer<RequestDesk> m_pDesk;
     int m_iExitCode;
     bool m_bClosing; // quit before or while the event loop runs
 };

@@ -88,6 +88,13 @@ void CallPage::Stop()
     OnEdited();
 }
 
+void CallPage::Fill(const QString& strNumber)
+{
+    m_pNumber->setText(strNumber);
+    m_pNumber->setFocus();
+    m_pNumber->selectAll();
+}
+
 void CallPage::SetProgress(int iProgress)
 {
     m_pCalls->SetProgress(iProgress);
@@ -153,9 +160,7 @@ void CallPage::OnSelectionChanged()
 void CallPage::OnActivated()
 {
     if (Recipients::IsNumber(m_pCalls->Current().strNumber)) {
-        m_pNumber->setText(m_pCalls->Current().strNumber);
-        m_pNumber->setFocus();
-        m_pNumber->selectAll();
+        Fill(m_pCalls->Current().strNumber);
     }
 }
 

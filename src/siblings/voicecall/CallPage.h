@@ -22,6 +22,9 @@ public:
     void Start(const QString& strNumber, int iType);
     void Stop();
 
+    // Puts a number where it can be called; nothing is dialled.
+    void Fill(const QString& strNumber);
+
     // How far a real call is, a HostCallProgress.
     void SetProgress(int iProgress);
     void Retranslate();

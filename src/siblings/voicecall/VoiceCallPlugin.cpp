@@ -58,6 +58,13 @@ void VoiceCallPlugin::FitSize(QRect& rect)
     }
 }
 
+void VoiceCallPlugin::FillNumber(const QString& strNumber)
+{
+    if (m_pPage) {
+        m_pPage->Fill(strNumber);
+    }
+}
+
 void VoiceCallPlugin::Retranslate()
 {
     if (m_pPage) {

@@ -29,6 +29,10 @@ public:
     bool IsReady() override { return !m_pPage.isNull(); }
     bool ChangeLang(const QString& strLang) override { return !strLang.isEmpty(); }
 
+public slots:
+    // For the host, which calls it by name: a number to be called if the user says so.
+    void FillNumber(const QString& strNumber);
+
 protected:
     void Retranslate() override;
 

@@ -164,12 +164,12 @@ void TestHostSettings::arguments_data()
     QTest::newRow("unknown") << list("--frobnicate") << ""
                              << ""
                              << "unknown argument --frobnicate";
-    QTest::newRow("stray") << list("file.csv") << ""
+    QTest::newRow("stray") << list("file.txt") << ""
                            << ""
-                           << "unknown argument file.csv";
-    QTest::newRow("stray behind an option") << list("--data-dir /x file.csv --frobnicate") << "/x"
+                           << "unknown argument file.txt";
+    QTest::newRow("stray behind an option") << list("--data-dir /x file.txt --frobnicate") << "/x"
                                             << ""
-                                            << "unknown argument file.csv";
+                                            << "unknown argument file.txt";
     QTest::newRow("stray behind the options' end") << list("--data-dir /x -- --screenshot") << "/x"
                                                    << ""
                                                    << "unknown argument --screenshot";
