@@ -1301,7 +1301,7 @@
     </message>
     <message>
         <source>IDS_COPY_COMPLETE</source>
-        <translation>اكتمل النسخ.</translation>
+        <translation>اكتمل النسخ. تُرك ما ليس له حقل أو مكان في الوجهة.</translation>
     </message>
     <message>
         <source>IDS_COPY_STATUS</source>
@@ -1370,7 +1370,7 @@
     </message>
     <message>
         <source>IDS_FLEXIT_UI_DELETE_ITEM</source>
-        <translation>هل تريد حذف جهات الاتصال المحددة؟ لا يمكن التراجع عن ذلك.</translation>
+        <translation>هل تريد حذف جهات الاتصال المحددة؟ ستُحذف من دليل الهاتف نفسه وليس من المجموعة فقط. ما كان على الكمبيوتر يبقى في المحذوفات 30 يومًا.</translation>
     </message>
     <message>
         <source>IDS_GROUP_NAME_NULL</source>
@@ -1667,7 +1667,7 @@
     </message>
     <message>
         <source>IDS_UNSUCCESS</source>
-        <translation>تعذّر حفظ جهة الاتصال. يُرجى التحقق من القيم.</translation>
+        <translation>تعذّر حفظ جهة الاتصال. يُرجى التحقق من القيم ومن أن القرص غير ممتلئ.</translation>
     </message>
     <message>
         <source>ID_STR_BUSINESS_PHONE</source>

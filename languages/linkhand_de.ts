@@ -1301,7 +1301,7 @@
     </message>
     <message>
         <source>IDS_COPY_COMPLETE</source>
-        <translation>Das Kopieren ist abgeschlossen.</translation>
+        <translation>Das Kopieren ist abgeschlossen. Wofür das Ziel kein Feld oder keinen Platz hat, wurde weggelassen.</translation>
     </message>
     <message>
         <source>IDS_COPY_STATUS</source>
@@ -1370,7 +1370,7 @@ Legen Sie mit „Neuer Kontakt“ in der Werkzeugleiste einen an, oder importier
     </message>
     <message>
         <source>IDS_FLEXIT_UI_DELETE_ITEM</source>
-        <translation>Möchten Sie die ausgewählten Kontakte löschen? Das lässt sich nicht rückgängig machen.</translation>
+        <translation>Möchten Sie die ausgewählten Kontakte löschen? Sie verschwinden aus dem Telefonbuch selbst, nicht nur aus einer Gruppe. Was auf dem Computer war, liegt noch 30 Tage im Papierkorb.</translation>
     </message>
     <message>
         <source>IDS_GROUP_NAME_NULL</source>
@@ -1667,7 +1667,7 @@ Das heißt nicht, dass sie weg sind.</translation>
     </message>
     <message>
         <source>IDS_UNSUCCESS</source>
-        <translation>Der Kontakt konnte nicht gespeichert werden. Bitte überprüfen Sie die Angaben.</translation>
+        <translation>Der Kontakt konnte nicht gespeichert werden. Bitte überprüfen Sie die Angaben und ob der Datenträger voll ist.</translation>
     </message>
     <message>
         <source>ID_STR_BUSINESS_PHONE</source>

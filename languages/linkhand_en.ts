@@ -1301,7 +1301,7 @@
     </message>
     <message>
         <source>IDS_COPY_COMPLETE</source>
-        <translation>Copying has finished.</translation>
+        <translation>Copying has finished. What the target has no field or room for was left out.</translation>
     </message>
     <message>
         <source>IDS_COPY_STATUS</source>
@@ -1370,7 +1370,7 @@ Create one with “New contact” in the tool bar, or import a file with the rig
     </message>
     <message>
         <source>IDS_FLEXIT_UI_DELETE_ITEM</source>
-        <translation>Delete the selected contacts? This cannot be undone.</translation>
+        <translation>Delete the selected contacts? They go from the phonebook itself, not only from a group. What was on the computer stays in the bin for 30 days.</translation>
     </message>
     <message>
         <source>IDS_GROUP_NAME_NULL</source>
@@ -1667,7 +1667,7 @@ That does not mean that they are gone.</translation>
     </message>
     <message>
         <source>IDS_UNSUCCESS</source>
-        <translation>The contact could not be saved. Please check its values.</translation>
+        <translation>The contact could not be saved. Please check its values, and that the disk is not full.</translation>
     </message>
     <message>
         <source>ID_STR_BUSINESS_PHONE</source>

@@ -1301,7 +1301,7 @@
     </message>
     <message>
         <source>IDS_COPY_COMPLETE</source>
-        <translation>复制已完成。</translation>
+        <translation>复制已完成。目标位置没有相应字段或空间的内容已略去。</translation>
     </message>
     <message>
         <source>IDS_COPY_STATUS</source>
@@ -1370,7 +1370,7 @@
     </message>
     <message>
         <source>IDS_FLEXIT_UI_DELETE_ITEM</source>
-        <translation>要删除所选联系人吗？此操作无法撤销。</translation>
+        <translation>要删除所选联系人吗？联系人将从电话簿本身删除，而不只是从群组中移除。电脑上的联系人会在回收站中保留 30 天。</translation>
     </message>
     <message>
         <source>IDS_GROUP_NAME_NULL</source>
@@ -1667,7 +1667,7 @@
     </message>
     <message>
         <source>IDS_UNSUCCESS</source>
-        <translation>无法保存联系人。请检查各项内容。</translation>
+        <translation>无法保存联系人。请检查各项内容，以及磁盘是否已满。</translation>
     </message>
     <message>
         <source>ID_STR_BUSINESS_PHONE</source>
