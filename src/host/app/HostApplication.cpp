@@ -41,6 +41,7 @@
 #include "window/KeyboardWitness.h"
 #include "window/LivePhonebook.h"
 #include "window/MainWindow.h"
+#include "window/PhonebookAids.h"
 #include "window/PhonebookHold.h"
 #include "window/StatusArea.h"
 #include "window/WelcomeNote.h"
@@ -208,6 +209,7 @@ void HostApplication::build()
     const QString strCount = CommonUtils::GetSettings(QLatin1String("customize"), QLatin1String("pbnamecode"));
     SimulatedHardware::SetNameUnits(strCount.trimmed() == QLatin1String("all"));
     m_pWindow.reset(new MainWindow(*m_pContainer, *m_pMessages, *m_pWatcher, m_pModem.data()));
+    m_pWindow->SetSettings(m_settings);
     m_services.SetMainWindow(m_pWindow.data());
     m_pLink.reset(new Link(*m_pModem, *m_pMessages, m_pWindow.data(), SdkFolders::LogFolder()));
     m_pLink->Publish();
@@ -248,7 +250,9 @@ int HostApplication::Run()
     checkInstallation();
     fillWindow();
     IdleBackup idleBackup(IDLE_MS);
-    idleBackup.Start();
+    if (m_settings.DailyBackup()) {
+        idleBackup.Start();
+    }
     QScopedPointer<Screenshot> pScreenshot;
     if (!m_line.strScreenshot.isEmpty()) {
         pScreenshot.reset(new Screenshot(m_pWindow.data(), m_services.Workers(), m_line.strScreenshot, nullptr));
@@ -440,6 +444,15 @@ void HostApplication::fillWindow()
     if (QWidget* const pPage = m_pWindow->Page(QLatin1String(LINKHAND_ADDRBOOK_NAME))) {
         m_pLive.reset(
             new LivePhonebook(*m_pStoreWatch, *m_pContainer, m_services.Workers(), *pPage, m_pWindow->Status()));
+        m_pAids.reset(new PhonebookAids(*pPage, m_services.Workers(), m_pWindow->Status(), m_settings));
+        connect(&m_pAids->Layout(), SIGNAL(restored()), this, SLOT(OnLayoutRestored()));
+    }
+}
+
+void HostApplication::OnLayoutRestored()
+{
+    if (m_line.strScreenshot.isEmpty() && m_pWindow->CurrentPage() == QLatin1String(LINKHAND_ADDRBOOK_NAME)) {
+        m_pWindow->ShowPage(m_settings.FirstPage());
     }
 }
 
@@ -470,6 +483,10 @@ void HostApplication::shutDown()
     if (m_line.strScreenshot.isEmpty()) {
         m_settings.SetGeometry(m_pWindow->saveGeometry());
         m_settings.SetDevicePanelShown(m_pWindow->DevicePanelShown());
+        m_settings.SetLastPage(m_pWindow->CurrentPage());
+        if (m_pAids) {
+            m_pAids->Layout().Keep();
+        }
     }
     m_pWindow->hide();
     m_pModem->Finish();
@@ -478,5 +495,6 @@ void HostApplication::shutDown()
     m_pFindings->Stop();
     m_pStoreWatch->Stop();
     m_pHold.reset();
+    m_pAids.reset();
     m_pLifecycle->ShutDown(SHUTDOWN_LIMIT_MS);
 }
