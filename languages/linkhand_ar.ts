@@ -8,6 +8,30 @@
         <translation>إلغاء</translation>
     </message>
     <message>
+        <source>IDS_HOST_ABOUT</source>
+        <translation>حول Linkhand</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_ABOUT_DOTS</source>
+        <translation>حول البرنامج…</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_ABOUT_LICENCE</source>
+        <translation>برنامج حر بموجب رخصة MIT، دون أي ضمان.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_ABOUT_QT</source>
+        <translation>يعمل مع Qt %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_ABOUT_RELEASE</source>
+        <translation>الإصدار %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_ABOUT_WHAT</source>
+        <translation>جهات الاتصال والرسائل والمكالمات لمودم النطاق العريض المحمول.</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CALL_FAILED</source>
         <translation>تعذّر على المودم إجراء المكالمة</translation>
     </message>
@@ -748,6 +772,18 @@
         <translation>نسخ إلى الكمبيوتر</translation>
     </message>
     <message>
+        <source>IDS_HOST_COUNT_CONTACTS</source>
+        <translation>جهات الاتصال: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_COUNT_FOUND</source>
+        <translation>نتائج البحث: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_COUNT_SELECTED</source>
+        <translation>المحدد: %1</translation>
+    </message>
+    <message>
         <source>IDS_HOST_DELETE</source>
         <translation>حذف</translation>
     </message>
@@ -802,6 +838,78 @@
     <message>
         <source>IDS_HOST_HARDWARE_TIP</source>
         <translation>مُحاكى، أو المودم الموجود، أو منفذ مودم مثل ‎/dev/ttyUSB2</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP</source>
+        <translation>المفاتيح</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_ALL</source>
+        <translation>تحديد كل الصفوف</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_CALL_DELETE</source>
+        <translation>حذف المكالمة المحددة من القائمة</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_CONTACTS</source>
+        <translation>جهات الاتصال</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_DOTS</source>
+        <translation>المفاتيح…</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_EDIT</source>
+        <translation>تحرير جهة الاتصال المحددة</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_ESCAPE</source>
+        <translation>إغلاق نافذة أو قائمة أو إنهاء السحب</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_GENERAL</source>
+        <translation>في كل مكان</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_GROUPS</source>
+        <translation>المجموعات، عندما تكون لوحة المفاتيح في الشجرة</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_MENU</source>
+        <translation>فتح قائمة العنصر المحدد</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_MORE</source>
+        <translation>تحديد صف إضافي</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_ONE_MORE</source>
+        <translation>تحديد الصف أو إلغاء تحديده وترك البقية</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_PAGES</source>
+        <translation>الصفحات</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_QUIT</source>
+        <translation>إنهاء البرنامج</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_SEARCH</source>
+        <translation>البحث</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_SEARCH_ESCAPE</source>
+        <translation>إفراغ مربع البحث، ومرة أخرى لإخفائه</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_SPACE</source>
+        <translation>ضغط زر أو تأشير مربع أو جهة اتصال</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_TAB</source>
+        <translation>الانتقال إلى الجزء التالي أو السابق</translation>
     </message>
     <message>
         <source>IDS_HOST_KIND_MMS</source>
@@ -880,6 +988,10 @@
         <translation>رسالة SMS جديدة</translation>
     </message>
     <message>
+        <source>IDS_HOST_NOTICES</source>
+        <translation>الإشعارات</translation>
+    </message>
+    <message>
         <source>IDS_HOST_NOTICES_TIP</source>
         <translation>عرض آخر الإشعارات</translation>
     </message>
@@ -910,6 +1022,10 @@
     <message>
         <source>IDS_HOST_PAGE_Messages</source>
         <translation>الرسائل</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PAGE_Preferences</source>
+        <translation>التفضيلات</translation>
     </message>
     <message>
         <source>IDS_HOST_PAGE_VoiceCallPlugin</source>
@@ -1030,6 +1146,78 @@
     <message>
         <source>IDS_HOST_PLUGIN_WRITABLE</source>
         <translation>يستطيع مستخدمون آخرون الكتابة في الملف، لذا لم يُحمَّل. إذا كنت تثق بالملف فأزل هذا الإذن (chmod go-w).</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_BACKUP</source>
+        <translation>نسخ جهات الاتصال احتياطيًا مرة كل يوم</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_BACKUPS_DOTS</source>
+        <translation>النسخ الاحتياطية…</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_CALLS</source>
+        <translation>عرض المكالمات في قائمة جهات الاتصال</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_COLUMNS</source>
+        <translation>الإبقاء على عرض الأعمدة وترتيبها بين القوائم</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_COUNTRY</source>
+        <translation>بلد الأرقام:</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_COUNTRY_NONE</source>
+        <translation>بلا</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_COUNTRY_SYSTEM</source>
+        <translation>حسب إعداد النظام</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_DUAL_MODE</source>
+        <translation>إخفاء البطاقة والجهاز مع بطاقة ثنائية النمط</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_GENERAL</source>
+        <translation>عام</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_HARDWARE</source>
+        <translation>العتاد</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_HINT</source>
+        <translation>تتغير اللغة وملاحظة الترحيب فورًا، والباقي يسري من التشغيل التالي.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_LANGUAGE</source>
+        <translation>اللغة:</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_NAME_UNITS</source>
+        <translation>احتساب كل حرف في الاسم على البطاقة حرفًا واحدًا</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_SIM_WORD</source>
+        <translation>تسمية بطاقة SIM:</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_START</source>
+        <translation>صفحة البداية:</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_START_LAST</source>
+        <translation>آخر صفحة استُخدمت</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_UIM_WORD</source>
+        <translation>تسمية بطاقة UIM:</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_WELCOME</source>
+        <translation>إظهار ملاحظة فوق دليل الهاتف الفارغ</translation>
     </message>
     <message>
         <source>IDS_HOST_PROBLEMS</source>
@@ -1496,6 +1684,10 @@
         <translation>المودم لا يعمل</translation>
     </message>
     <message>
+        <source>IDS_HOST_STATUS_NOT_MANAGED</source>
+        <translation>لا رسائل ولا مكالمات، ModemManager لا يعرفه</translation>
+    </message>
+    <message>
         <source>IDS_HOST_STATUS_NO_CALLS</source>
         <translation>لا مكالمات</translation>
     </message>
@@ -1617,7 +1809,7 @@
     </message>
     <message>
         <source>IDS_COPY_COMPLETE</source>
-        <translation>اكتمل النسخ.</translation>
+        <translation>اكتمل النسخ. تُرك ما ليس له حقل أو مكان في الوجهة.</translation>
     </message>
     <message>
         <source>IDS_COPY_STATUS</source>
@@ -1686,7 +1878,7 @@
     </message>
     <message>
         <source>IDS_FLEXIT_UI_DELETE_ITEM</source>
-        <translation>هل تريد حذف جهات الاتصال المحددة؟ لا يمكن التراجع عن ذلك.</translation>
+        <translation>هل تريد حذف جهات الاتصال المحددة؟ ستُحذف من دليل الهاتف نفسه وليس من المجموعة فقط. ما كان على الكمبيوتر يبقى في المحذوفات 30 يومًا.</translation>
     </message>
     <message>
         <source>IDS_GROUP_NAME_NULL</source>
@@ -1983,7 +2175,7 @@
     </message>
     <message>
         <source>IDS_UNSUCCESS</source>
-        <translation>تعذّر حفظ جهة الاتصال. يُرجى التحقق من القيم.</translation>
+        <translation>تعذّر حفظ جهة الاتصال. يُرجى التحقق من القيم ومن أن القرص غير ممتلئ.</translation>
     </message>
     <message>
         <source>ID_STR_BUSINESS_PHONE</source>
@@ -2347,6 +2539,30 @@
     <message>
         <source>IDS_DEVICE_WENT</source>
         <translation>لم يعد دليل هاتف الجهاز متاحًا</translation>
+    </message>
+    <message>
+        <source>IDS_NAMED_ADDED</source>
+        <translation>أُضيف: %1</translation>
+    </message>
+    <message>
+        <source>IDS_NAMED_CHANGED</source>
+        <translation>عُدِّل: %1</translation>
+    </message>
+    <message>
+        <source>IDS_NAMED_DELETED</source>
+        <translation>حُذف: %1</translation>
+    </message>
+    <message>
+        <source>IDS_SEVERAL_ADDED</source>
+        <translation>أُضيفت عدة جهات اتصال</translation>
+    </message>
+    <message>
+        <source>IDS_SEVERAL_CHANGED</source>
+        <translation>عُدِّلت عدة جهات اتصال</translation>
+    </message>
+    <message>
+        <source>IDS_SEVERAL_DELETED</source>
+        <translation>حُذفت عدة جهات اتصال</translation>
     </message>
 </context>
 </TS>

@@ -8,6 +8,30 @@
         <translation>Abbrechen</translation>
     </message>
     <message>
+        <source>IDS_HOST_ABOUT</source>
+        <translation>Über Linkhand</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_ABOUT_DOTS</source>
+        <translation>Info…</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_ABOUT_LICENCE</source>
+        <translation>Freie Software unter der MIT-Lizenz, ohne jede Gewährleistung.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_ABOUT_QT</source>
+        <translation>Mit Qt %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_ABOUT_RELEASE</source>
+        <translation>Version %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_ABOUT_WHAT</source>
+        <translation>Kontakte, Nachrichten und Anrufe Ihres Mobilfunkmodems.</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CALL_FAILED</source>
         <translation>Das Modem konnte nicht anrufen</translation>
     </message>
@@ -748,6 +772,18 @@
         <translation>Auf den PC kopieren</translation>
     </message>
     <message>
+        <source>IDS_HOST_COUNT_CONTACTS</source>
+        <translation>Kontakte: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_COUNT_FOUND</source>
+        <translation>Gefunden: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_COUNT_SELECTED</source>
+        <translation>Ausgewählt: %1</translation>
+    </message>
+    <message>
         <source>IDS_HOST_DELETE</source>
         <translation>Löschen</translation>
     </message>
@@ -802,6 +838,78 @@
     <message>
         <source>IDS_HOST_HARDWARE_TIP</source>
         <translation>Simuliert, das vorhandene Modem oder der Anschluss eines Modems, etwa /dev/ttyUSB2</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP</source>
+        <translation>Tasten</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_ALL</source>
+        <translation>Alle Zeilen auswählen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_CALL_DELETE</source>
+        <translation>Den ausgewählten Anruf aus der Liste löschen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_CONTACTS</source>
+        <translation>Kontakte</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_DOTS</source>
+        <translation>Tasten…</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_EDIT</source>
+        <translation>Den ausgewählten Kontakt bearbeiten</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_ESCAPE</source>
+        <translation>Ein Fenster oder Menü schließen oder ein Ziehen abbrechen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_GENERAL</source>
+        <translation>Überall</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_GROUPS</source>
+        <translation>Gruppen, mit der Tastatur im Baum</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_MENU</source>
+        <translation>Das Menü des Ausgewählten öffnen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_MORE</source>
+        <translation>Eine weitere Zeile auswählen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_ONE_MORE</source>
+        <translation>Die Zeile auswählen oder nicht und die anderen lassen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_PAGES</source>
+        <translation>Seiten</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_QUIT</source>
+        <translation>Das Programm beenden</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_SEARCH</source>
+        <translation>Suche</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_SEARCH_ESCAPE</source>
+        <translation>Das Suchfeld leeren, noch einmal: es ausblenden</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_SPACE</source>
+        <translation>Einen Knopf drücken, ein Kästchen oder einen Kontakt ankreuzen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_TAB</source>
+        <translation>Zum nächsten Teil gehen oder zum vorigen</translation>
     </message>
     <message>
         <source>IDS_HOST_KIND_MMS</source>
@@ -880,6 +988,10 @@
         <translation>Neue SMS</translation>
     </message>
     <message>
+        <source>IDS_HOST_NOTICES</source>
+        <translation>Meldungen</translation>
+    </message>
+    <message>
         <source>IDS_HOST_NOTICES_TIP</source>
         <translation>Die letzten Meldungen anzeigen</translation>
     </message>
@@ -910,6 +1022,10 @@
     <message>
         <source>IDS_HOST_PAGE_Messages</source>
         <translation>Nachrichten</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PAGE_Preferences</source>
+        <translation>Einstellungen</translation>
     </message>
     <message>
         <source>IDS_HOST_PAGE_VoiceCallPlugin</source>
@@ -1030,6 +1146,78 @@
     <message>
         <source>IDS_HOST_PLUGIN_WRITABLE</source>
         <translation>Andere dürfen die Datei ändern; sie wurde nicht geladen. Entziehen Sie dieses Recht (chmod go-w), wenn Sie der Datei vertrauen.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_BACKUP</source>
+        <translation>Die Kontakte einmal am Tag sichern</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_BACKUPS_DOTS</source>
+        <translation>Sicherungen…</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_CALLS</source>
+        <translation>Anrufe im Menü der Kontakte anbieten</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_COLUMNS</source>
+        <translation>Breite und Ordnung der Spalten von Liste zu Liste behalten</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_COUNTRY</source>
+        <translation>Land für Nummern:</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_COUNTRY_NONE</source>
+        <translation>Keines</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_COUNTRY_SYSTEM</source>
+        <translation>Wie im System eingestellt</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_DUAL_MODE</source>
+        <translation>Karte und Gerät bei einer Dual-Mode-Karte ausblenden</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_GENERAL</source>
+        <translation>Allgemein</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_HARDWARE</source>
+        <translation>Hardware</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_HINT</source>
+        <translation>Sprache und Begrüßung ändern sich sofort, der Rest gilt ab dem nächsten Start.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_LANGUAGE</source>
+        <translation>Sprache:</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_NAME_UNITS</source>
+        <translation>Jeden Buchstaben eines Namens auf der Karte einfach zählen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_SIM_WORD</source>
+        <translation>Wort für eine SIM-Karte:</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_START</source>
+        <translation>Seite am Anfang:</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_START_LAST</source>
+        <translation>Die zuletzt benutzte</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_UIM_WORD</source>
+        <translation>Wort für eine UIM-Karte:</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_WELCOME</source>
+        <translation>Über einem leeren Telefonbuch einen Hinweis zeigen</translation>
     </message>
     <message>
         <source>IDS_HOST_PROBLEMS</source>
@@ -1496,6 +1684,10 @@
         <translation>Das Modem arbeitet nicht</translation>
     </message>
     <message>
+        <source>IDS_HOST_STATUS_NOT_MANAGED</source>
+        <translation>keine Nachrichten und Anrufe, ModemManager kennt es nicht</translation>
+    </message>
+    <message>
         <source>IDS_HOST_STATUS_NO_CALLS</source>
         <translation>keine Anrufe</translation>
     </message>
@@ -1617,7 +1809,7 @@
     </message>
     <message>
         <source>IDS_COPY_COMPLETE</source>
-        <translation>Das Kopieren ist abgeschlossen.</translation>
+        <translation>Das Kopieren ist abgeschlossen. Wofür das Ziel kein Feld oder keinen Platz hat, wurde weggelassen.</translation>
     </message>
     <message>
         <source>IDS_COPY_STATUS</source>
@@ -1686,7 +1878,7 @@ Legen Sie mit „Neuer Kontakt“ in der Werkzeugleiste einen an, oder importier
     </message>
     <message>
         <source>IDS_FLEXIT_UI_DELETE_ITEM</source>
-        <translation>Möchten Sie die ausgewählten Kontakte löschen? Das lässt sich nicht rückgängig machen.</translation>
+        <translation>Möchten Sie die ausgewählten Kontakte löschen? Sie verschwinden aus dem Telefonbuch selbst, nicht nur aus einer Gruppe. Was auf dem Computer war, liegt noch 30 Tage im Papierkorb.</translation>
     </message>
     <message>
         <source>IDS_GROUP_NAME_NULL</source>
@@ -1983,7 +2175,7 @@ Das heißt nicht, dass sie weg sind.</translation>
     </message>
     <message>
         <source>IDS_UNSUCCESS</source>
-        <translation>Der Kontakt konnte nicht gespeichert werden. Bitte überprüfen Sie die Angaben.</translation>
+        <translation>Der Kontakt konnte nicht gespeichert werden. Bitte überprüfen Sie die Angaben und ob der Datenträger voll ist.</translation>
     </message>
     <message>
         <source>ID_STR_BUSINESS_PHONE</source>
@@ -2347,6 +2539,30 @@ Das heißt nicht, dass sie weg sind.</translation>
     <message>
         <source>IDS_DEVICE_WENT</source>
         <translation>Das Telefonbuch des Geräts ist nicht mehr da</translation>
+    </message>
+    <message>
+        <source>IDS_NAMED_ADDED</source>
+        <translation>%1 hinzugefügt</translation>
+    </message>
+    <message>
+        <source>IDS_NAMED_CHANGED</source>
+        <translation>%1 geändert</translation>
+    </message>
+    <message>
+        <source>IDS_NAMED_DELETED</source>
+        <translation>%1 gelöscht</translation>
+    </message>
+    <message>
+        <source>IDS_SEVERAL_ADDED</source>
+        <translation>Mehrere Kontakte hinzugefügt</translation>
+    </message>
+    <message>
+        <source>IDS_SEVERAL_CHANGED</source>
+        <translation>Mehrere Kontakte geändert</translation>
+    </message>
+    <message>
+        <source>IDS_SEVERAL_DELETED</source>
+        <translation>Mehrere Kontakte gelöscht</translation>
     </message>
 </context>
 </TS>

@@ -8,6 +8,30 @@
         <translation>Cancel</translation>
     </message>
     <message>
+        <source>IDS_HOST_ABOUT</source>
+        <translation>About Linkhand</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_ABOUT_DOTS</source>
+        <translation>About…</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_ABOUT_LICENCE</source>
+        <translation>Free software under the MIT licence, without any warranty.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_ABOUT_QT</source>
+        <translation>Qt %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_ABOUT_RELEASE</source>
+        <translation>Release %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_ABOUT_WHAT</source>
+        <translation>Contacts, messages and calls of your mobile-broadband modem.</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CALL_FAILED</source>
         <translation>The modem could not make the call</translation>
     </message>
@@ -748,6 +772,18 @@
         <translation>Copy to PC</translation>
     </message>
     <message>
+        <source>IDS_HOST_COUNT_CONTACTS</source>
+        <translation>Contacts: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_COUNT_FOUND</source>
+        <translation>Found: %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_COUNT_SELECTED</source>
+        <translation>Selected: %1</translation>
+    </message>
+    <message>
         <source>IDS_HOST_DELETE</source>
         <translation>Delete</translation>
     </message>
@@ -802,6 +838,78 @@
     <message>
         <source>IDS_HOST_HARDWARE_TIP</source>
         <translation>Simulated, the modem that there is, or the port of one, such as /dev/ttyUSB2</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP</source>
+        <translation>Keys</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_ALL</source>
+        <translation>Select all rows</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_CALL_DELETE</source>
+        <translation>Delete the selected call from the list</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_CONTACTS</source>
+        <translation>Contacts</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_DOTS</source>
+        <translation>Keys…</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_EDIT</source>
+        <translation>Edit the selected contact</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_ESCAPE</source>
+        <translation>Close a dialog or a menu, or end a drag</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_GENERAL</source>
+        <translation>Everywhere</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_GROUPS</source>
+        <translation>Groups, with the keyboard in the tree</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_MENU</source>
+        <translation>Open the menu of what is selected</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_MORE</source>
+        <translation>Select one more row</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_ONE_MORE</source>
+        <translation>Select the row, or not, and leave the others</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_PAGES</source>
+        <translation>Pages</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_QUIT</source>
+        <translation>End the program</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_SEARCH</source>
+        <translation>Search</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_SEARCH_ESCAPE</source>
+        <translation>Empty the search box; once more: put it away</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_SPACE</source>
+        <translation>Press a button, or tick a box or a contact</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_TAB</source>
+        <translation>Go to the next part, or to the one before</translation>
     </message>
     <message>
         <source>IDS_HOST_KIND_MMS</source>
@@ -880,6 +988,10 @@
         <translation>New SMS</translation>
     </message>
     <message>
+        <source>IDS_HOST_NOTICES</source>
+        <translation>Notices</translation>
+    </message>
+    <message>
         <source>IDS_HOST_NOTICES_TIP</source>
         <translation>Show the latest notices</translation>
     </message>
@@ -910,6 +1022,10 @@
     <message>
         <source>IDS_HOST_PAGE_Messages</source>
         <translation>Messages</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PAGE_Preferences</source>
+        <translation>Preferences</translation>
     </message>
     <message>
         <source>IDS_HOST_PAGE_VoiceCallPlugin</source>
@@ -1030,6 +1146,78 @@
     <message>
         <source>IDS_HOST_PLUGIN_WRITABLE</source>
         <translation>Others may write the file; it was not loaded. Take that right away (chmod go-w) if you trust the file.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_BACKUP</source>
+        <translation>Back up the contacts once a day</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_BACKUPS_DOTS</source>
+        <translation>Backups…</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_CALLS</source>
+        <translation>Offer calls in the menu of the contacts</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_COLUMNS</source>
+        <translation>Keep widths and order of columns from list to list</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_COUNTRY</source>
+        <translation>Country for numbers:</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_COUNTRY_NONE</source>
+        <translation>None</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_COUNTRY_SYSTEM</source>
+        <translation>As the system says</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_DUAL_MODE</source>
+        <translation>Hide card and device of a dual-mode card</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_GENERAL</source>
+        <translation>General</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_HARDWARE</source>
+        <translation>Hardware</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_HINT</source>
+        <translation>Language and welcome note change at once, the rest holds from the next start on.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_LANGUAGE</source>
+        <translation>Language:</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_NAME_UNITS</source>
+        <translation>Count each letter of a name on the card as one</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_SIM_WORD</source>
+        <translation>Word for a SIM card:</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_START</source>
+        <translation>Page to begin with:</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_START_LAST</source>
+        <translation>The last one used</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_UIM_WORD</source>
+        <translation>Word for a UIM card:</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_WELCOME</source>
+        <translation>Show a note above an empty phonebook</translation>
     </message>
     <message>
         <source>IDS_HOST_PROBLEMS</source>
@@ -1496,6 +1684,10 @@
         <translation>The modem does not work</translation>
     </message>
     <message>
+        <source>IDS_HOST_STATUS_NOT_MANAGED</source>
+        <translation>no messages or calls, ModemManager does not know it</translation>
+    </message>
+    <message>
         <source>IDS_HOST_STATUS_NO_CALLS</source>
         <translation>no calls</translation>
     </message>
@@ -1617,7 +1809,7 @@
     </message>
     <message>
         <source>IDS_COPY_COMPLETE</source>
-        <translation>Copying has finished.</translation>
+        <translation>Copying has finished. What the target has no field or room for was left out.</translation>
     </message>
     <message>
         <source>IDS_COPY_STATUS</source>
@@ -1686,7 +1878,7 @@ Create one with “New contact” in the tool bar, or import a file with the rig
     </message>
     <message>
         <source>IDS_FLEXIT_UI_DELETE_ITEM</source>
-        <translation>Delete the selected contacts? This cannot be undone.</translation>
+        <translation>Delete the selected contacts? They go from the phonebook itself, not only from a group. What was on the computer stays in the bin for 30 days.</translation>
     </message>
     <message>
         <source>IDS_GROUP_NAME_NULL</source>
@@ -1983,7 +2175,7 @@ That does not mean that they are gone.</translation>
     </message>
     <message>
         <source>IDS_UNSUCCESS</source>
-        <translation>The contact could not be saved. Please check its values.</translation>
+        <translation>The contact could not be saved. Please check its values, and that the disk is not full.</translation>
     </message>
     <message>
         <source>ID_STR_BUSINESS_PHONE</source>
@@ -2347,6 +2539,30 @@ That does not mean that they are gone.</translation>
     <message>
         <source>IDS_DEVICE_WENT</source>
         <translation>The device's phonebook has gone</translation>
+    </message>
+    <message>
+        <source>IDS_NAMED_ADDED</source>
+        <translation>%1 added</translation>
+    </message>
+    <message>
+        <source>IDS_NAMED_CHANGED</source>
+        <translation>%1 changed</translation>
+    </message>
+    <message>
+        <source>IDS_NAMED_DELETED</source>
+        <translation>%1 deleted</translation>
+    </message>
+    <message>
+        <source>IDS_SEVERAL_ADDED</source>
+        <translation>Several contacts added</translation>
+    </message>
+    <message>
+        <source>IDS_SEVERAL_CHANGED</source>
+        <translation>Several contacts changed</translation>
+    </message>
+    <message>
+        <source>IDS_SEVERAL_DELETED</source>
+        <translation>Several contacts deleted</translation>
     </message>
 </context>
 </TS>

@@ -8,6 +8,30 @@
         <translation>取消</translation>
     </message>
     <message>
+        <source>IDS_HOST_ABOUT</source>
+        <translation>关于 Linkhand</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_ABOUT_DOTS</source>
+        <translation>关于…</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_ABOUT_LICENCE</source>
+        <translation>依据 MIT 许可证发布的自由软件，不提供任何担保。</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_ABOUT_QT</source>
+        <translation>使用 Qt %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_ABOUT_RELEASE</source>
+        <translation>版本 %1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_ABOUT_WHAT</source>
+        <translation>移动宽带调制解调器的联系人、信息和通话。</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CALL_FAILED</source>
         <translation>调制解调器无法拨打电话</translation>
     </message>
@@ -748,6 +772,18 @@
         <translation>复制到电脑</translation>
     </message>
     <message>
+        <source>IDS_HOST_COUNT_CONTACTS</source>
+        <translation>联系人：%1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_COUNT_FOUND</source>
+        <translation>找到：%1</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_COUNT_SELECTED</source>
+        <translation>已选：%1</translation>
+    </message>
+    <message>
         <source>IDS_HOST_DELETE</source>
         <translation>删除</translation>
     </message>
@@ -802,6 +838,78 @@
     <message>
         <source>IDS_HOST_HARDWARE_TIP</source>
         <translation>模拟、现有的调制解调器，或某个调制解调器的端口，例如 /dev/ttyUSB2</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP</source>
+        <translation>按键</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_ALL</source>
+        <translation>选择所有行</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_CALL_DELETE</source>
+        <translation>从列表中删除所选通话</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_CONTACTS</source>
+        <translation>联系人</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_DOTS</source>
+        <translation>按键…</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_EDIT</source>
+        <translation>编辑所选联系人</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_ESCAPE</source>
+        <translation>关闭对话框或菜单，或结束拖动</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_GENERAL</source>
+        <translation>各处通用</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_GROUPS</source>
+        <translation>群组（焦点在树中时）</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_MENU</source>
+        <translation>打开所选内容的菜单</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_MORE</source>
+        <translation>再多选一行</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_ONE_MORE</source>
+        <translation>选择或取消选择该行，其他行不变</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_PAGES</source>
+        <translation>页面</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_QUIT</source>
+        <translation>退出程序</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_SEARCH</source>
+        <translation>搜索</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_SEARCH_ESCAPE</source>
+        <translation>清空搜索框；再按一次：关闭搜索框</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_SPACE</source>
+        <translation>按下按钮，或勾选方框、联系人</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_TAB</source>
+        <translation>转到下一部分或上一部分</translation>
     </message>
     <message>
         <source>IDS_HOST_KIND_MMS</source>
@@ -880,6 +988,10 @@
         <translation>新建短信</translation>
     </message>
     <message>
+        <source>IDS_HOST_NOTICES</source>
+        <translation>通知</translation>
+    </message>
+    <message>
         <source>IDS_HOST_NOTICES_TIP</source>
         <translation>显示最近的通知</translation>
     </message>
@@ -910,6 +1022,10 @@
     <message>
         <source>IDS_HOST_PAGE_Messages</source>
         <translation>信息</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PAGE_Preferences</source>
+        <translation>首选项</translation>
     </message>
     <message>
         <source>IDS_HOST_PAGE_VoiceCallPlugin</source>
@@ -1030,6 +1146,78 @@
     <message>
         <source>IDS_HOST_PLUGIN_WRITABLE</source>
         <translation>其他用户可以写入该文件，因此未加载。如果您信任该文件，请取消此权限 (chmod go-w)。</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_BACKUP</source>
+        <translation>每天备份一次联系人</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_BACKUPS_DOTS</source>
+        <translation>备份…</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_CALLS</source>
+        <translation>在联系人菜单中提供通话</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_COLUMNS</source>
+        <translation>在各列表间保持列宽和排序</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_COUNTRY</source>
+        <translation>号码所属国家：</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_COUNTRY_NONE</source>
+        <translation>无</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_COUNTRY_SYSTEM</source>
+        <translation>按系统设置</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_DUAL_MODE</source>
+        <translation>使用双模卡时隐藏卡和设备</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_GENERAL</source>
+        <translation>常规</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_HARDWARE</source>
+        <translation>硬件</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_HINT</source>
+        <translation>语言和欢迎提示立即生效，其余设置自下次启动起生效。</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_LANGUAGE</source>
+        <translation>语言：</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_NAME_UNITS</source>
+        <translation>卡上姓名的每个字符都按一个计算</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_SIM_WORD</source>
+        <translation>SIM 卡的名称：</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_START</source>
+        <translation>起始页面：</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_START_LAST</source>
+        <translation>上次使用的页面</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_UIM_WORD</source>
+        <translation>UIM 卡的名称：</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_PREFS_WELCOME</source>
+        <translation>电话簿为空时显示提示</translation>
     </message>
     <message>
         <source>IDS_HOST_PROBLEMS</source>
@@ -1496,6 +1684,10 @@
         <translation>调制解调器无法工作</translation>
     </message>
     <message>
+        <source>IDS_HOST_STATUS_NOT_MANAGED</source>
+        <translation>无法收发信息和通话，ModemManager 未识别该设备</translation>
+    </message>
+    <message>
         <source>IDS_HOST_STATUS_NO_CALLS</source>
         <translation>无法通话</translation>
     </message>
@@ -1617,7 +1809,7 @@
     </message>
     <message>
         <source>IDS_COPY_COMPLETE</source>
-        <translation>复制已完成。</translation>
+        <translation>复制已完成。目标位置没有相应字段或空间的内容已略去。</translation>
     </message>
     <message>
         <source>IDS_COPY_STATUS</source>
@@ -1686,7 +1878,7 @@
     </message>
     <message>
         <source>IDS_FLEXIT_UI_DELETE_ITEM</source>
-        <translation>要删除所选联系人吗？此操作无法撤销。</translation>
+        <translation>要删除所选联系人吗？联系人将从电话簿本身删除，而不只是从群组中移除。电脑上的联系人会在回收站中保留 30 天。</translation>
     </message>
     <message>
         <source>IDS_GROUP_NAME_NULL</source>
@@ -1983,7 +2175,7 @@
     </message>
     <message>
         <source>IDS_UNSUCCESS</source>
-        <translation>无法保存联系人。请检查各项内容。</translation>
+        <translation>无法保存联系人。请检查各项内容，以及磁盘是否已满。</translation>
     </message>
     <message>
         <source>ID_STR_BUSINESS_PHONE</source>
@@ -2347,6 +2539,30 @@
     <message>
         <source>IDS_DEVICE_WENT</source>
         <translation>设备的电话簿已不可用</translation>
+    </message>
+    <message>
+        <source>IDS_NAMED_ADDED</source>
+        <translation>已添加 %1</translation>
+    </message>
+    <message>
+        <source>IDS_NAMED_CHANGED</source>
+        <translation>已更改 %1</translation>
+    </message>
+    <message>
+        <source>IDS_NAMED_DELETED</source>
+        <translation>已删除 %1</translation>
+    </message>
+    <message>
+        <source>IDS_SEVERAL_ADDED</source>
+        <translation>已添加多个联系人</translation>
+    </message>
+    <message>
+        <source>IDS_SEVERAL_CHANGED</source>
+        <translation>已更改多个联系人</translation>
+    </message>
+    <message>
+        <source>IDS_SEVERAL_DELETED</source>
+        <translation>已删除多个联系人</translation>
     </message>
 </context>
 </TS>

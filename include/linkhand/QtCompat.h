@@ -5,6 +5,7 @@
 
 #include <QtGlobal>
 
+#include <QAccessible>
 #include <QByteArray>
 #include <QCoreApplication>
 #if QT_VERSION >= 0x060000
@@ -310,6 +311,20 @@ inline bool connectTargetChanged(const QDrag* pDrag, const QObject* pReceiver, c
 #else
     Q_UNUSED(pszObjectSlot)
     return QObject::connect(pDrag, SIGNAL(targetChanged(QWidget*)), pReceiver, pszWidgetSlot);
+#endif
+}
+
+// Tells a screen reader that the check mark of a view's accessible child has changed.
+inline void tellMark(QWidget* pView, int iChild)
+{
+#if QT_VERSION >= 0x050000
+    QAccessible::State changed;
+    changed.checked = true;
+    QAccessibleStateChangeEvent event(pView, changed);
+    event.setChild(iChild);
+    QAccessible::updateAccessibility(&event);
+#else
+    QAccessible::updateAccessibility(pView, iChild + 1, QAccessible::StateChanged);
 #endif
 }
 

@@ -95,6 +95,16 @@ public:
     // The folder for log files, ending in "/".
     virtual QString LogFolder() = 0;
 
+    // The name of the contact that has just been added, changed or deleted, as one of the phonebook's messages says, in
+    // the memory with this number; empty where nobody knows. uiNumber is one of its numbers, or 0.
+    virtual QString ChangedContact(unsigned int uiMsg, unsigned int uiMemory, unsigned int uiNumber)
+    {
+        Q_UNUSED(uiMsg)
+        Q_UNUSED(uiMemory)
+        Q_UNUSED(uiNumber)
+        return QString();
+    }
+
     // The link that the host has published, or null.
     static HostLink* Instance()
     {

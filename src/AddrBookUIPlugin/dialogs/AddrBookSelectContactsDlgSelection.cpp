@@ -5,6 +5,7 @@
 
 #include "linkhand/core/CommonUtils.h"
 #include "logic/Log.h"
+#include "widgets/MarkNews.h"
 #include "widgets/QuietModel.h"
 
 // Check marks and the result. A parent's mark says that something below it is chosen, not that everything is.
@@ -65,6 +66,7 @@ void AddrBookSelectContactsDlg::OnTreeClicked(QTreeWidgetItem* pitemTreeWidget)
     if (!m_bMultiSelect || pitemTreeWidget == nullptr || !m_ptreeContacts)
         return;
 
+    const MarkNews news(m_ptreeContacts, pitemTreeWidget);
     const QuietModel quiet(m_ptreeContacts, QuietModel::REPAINT);
     if (pitemTreeWidget->checkState(0) != Qt::Unchecked) {
         for (QTreeWidgetItem* pitem = pitemTreeWidget->parent(); pitem != nullptr; pitem = pitem->parent())

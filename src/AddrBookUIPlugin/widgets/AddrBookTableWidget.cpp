@@ -24,9 +24,26 @@ const int EMPTY_MARGIN = 24;
 AddrBookTableWidget::AddrBookTableWidget(int iRows, int iColumns, QWidget* pParent)
     : QTableWidget(iRows, iColumns, pParent), m_strDragData(QLatin1String(""))
 {
+    listenToRows();
 }
 
-AddrBookTableWidget::AddrBookTableWidget(QWidget* pParent) : QTableWidget(pParent), m_strDragData(QLatin1String("")) {}
+AddrBookTableWidget::AddrBookTableWidget(QWidget* pParent) : QTableWidget(pParent), m_strDragData(QLatin1String(""))
+{
+    listenToRows();
+}
+
+void AddrBookTableWidget::listenToRows()
+{
+    connect(model(), SIGNAL(rowsInserted(QModelIndex, int, int)), this, SLOT(OnRowsChanged()));
+    connect(model(), SIGNAL(rowsRemoved(QModelIndex, int, int)), this, SLOT(OnRowsChanged()));
+}
+
+void AddrBookTableWidget::OnRowsChanged()
+{
+    const QString strDescription = rowCount() > 0 ? QString() : m_strEmptyText;
+    if (strDescription != accessibleDescription())
+        setAccessibleDescription(strDescription);
+}
 
 QModelIndexList AddrBookTableWidget::GetSelectedIndexes() const
 {
@@ -47,7 +64,7 @@ void AddrBookTableWidget::SetEmptyText(const QString& strText)
     if (strText == m_strEmptyText)
         return;
     m_strEmptyText = strText;
-    setAccessibleDescription(strText);
+    OnRowsChanged();
     viewport()->update();
 }
 

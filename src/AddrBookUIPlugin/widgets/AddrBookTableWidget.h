@@ -30,7 +30,7 @@ public:
     // Where the current cell is: the menu key opens the context menu there.
     QVariant inputMethodQuery(Qt::InputMethodQuery enQuery) const override;
 
-    // What stands in the table while it has no rows.
+    // What stands in the table while it has no rows, and what it is described as to a screen reader then.
     void SetEmptyText(const QString& strText);
 
 public slots:
@@ -70,8 +70,10 @@ protected:
 
 private slots:
     void OnDragTargetObjectChanged(QObject* pTarget);
+    void OnRowsChanged();
 
 private:
+    void listenToRows();
     bool pressStartsDrag() const;
     void buildDragData(const TableRowData* pPressed);
     void startDragOfRows();

@@ -3,7 +3,8 @@
 
 #include <QItemDelegate>
 
-// The delegates of this plug-in's views: none shows a dotted focus frame. User-interface thread only.
+// The delegates of this plug-in's views: none shows a dotted focus frame, and a text that is higher than its row is
+// drawn as small as it must be. User-interface thread only.
 
 // For the contact table and the table of phone numbers.
 class GridDelegate : public QItemDelegate
@@ -33,6 +34,8 @@ public:
                           const QModelIndex& index) const override;
 
 protected:
+    void drawDisplay(QPainter* pPainter, const QStyleOptionViewItem& option, const QRect& rect,
+                     const QString& strText) const override;
     void drawFocus(QPainter* pPainter, const QStyleOptionViewItem& option, const QRect& rect) const override;
 };
 
@@ -45,6 +48,8 @@ public:
     explicit SCDelegate(QObject* pParent);
 
 protected:
+    void drawDisplay(QPainter* pPainter, const QStyleOptionViewItem& option, const QRect& rect,
+                     const QString& strText) const override;
     void drawFocus(QPainter* pPainter, const QStyleOptionViewItem& option, const QRect& rect) const override;
 };
 

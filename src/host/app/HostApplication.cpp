@@ -45,6 +45,7 @@
 #include "window/KeyboardWitness.h"
 #include "window/LivePhonebook.h"
 #include "window/MainWindow.h"
+#include "window/PhonebookAids.h"
 #include "window/PhonebookHold.h"
 #include "window/StatusArea.h"
 #include "window/WelcomeNote.h"
@@ -219,6 +220,7 @@ void HostApplication::build()
     const QString strCount = CommonUtils::GetSettings(QLatin1String("customize"), QLatin1String("pbnamecode"));
     SimulatedHardware::SetNameUnits(strCount.trimmed() == QLatin1String("all"));
     m_pWindow.reset(new MainWindow(*m_pContainer, *m_pMessages, *m_pWatcher, m_pModem.data()));
+    m_pWindow->SetSettings(m_settings);
     m_services.SetMainWindow(m_pWindow.data());
     m_pLink.reset(new Link(*m_pModem, *m_pMessages, m_pWindow.data(), SdkFolders::LogFolder()));
     m_pLink->Publish();
@@ -266,7 +268,9 @@ int HostApplication::Run()
         m_pDesk->Add(m_line.lstOpened);
     }
     IdleBackup idleBackup(IDLE_MS);
-    idleBackup.Start();
+    if (m_settings.DailyBackup()) {
+        idleBackup.Start();
+    }
     QScopedPointer<Screenshot> pScreenshot;
     if (!m_line.strScreenshot.isEmpty()) {
         pScreenshot.reset(new Screenshot(m_pWindow.data(), m_services.Workers(), m_line.strScreenshot, nullptr));
@@ -307,45 +311,6 @@ void HostApplication::OnScreenshotTaken(bool bWritten)
     leaveLoop();
 }
 
-// Only what touches the contacts themselves interrupts the user; the rest waits in the status area.
-void HostApplication::OnReportProblems()
-{
-    foreach (const Problem& problem, m_problems) {
-        if (problem.IsGrave()) {
-            CommonUtils::ShowMessage(QMessageBox::Critical, m_pWindow.data(), HostText::Get("IDS_HOST_TITLE"),
-                                     problem.strName + QLatin1String("\n\n") + problem.Reason(),
-                                     QLatin1String("IDS_OK"), QString(), QString(), true, Qt::WindowCloseButtonHint,
-                                     nullptr, QString(), true);
-        }
-    }
-}
-
-// No box: a batch may be running, whose own end tells of it.
-void HostApplication::OnLost(const ProblemList& problems)
-{
-    m_problems += problems;
-    showProblems();
-}
-
-void HostApplication::OnAccessChanged(const ProblemList& problems)
-{
-    m_access = problems;
-    showProblems();
-    m_pWindow->Status().ShowNotice(problems.isEmpty() ? HostText::Get("IDS_HOST_STORE_WRITABLE")
-                                                      : problems.first().Reason());
-}
-
-void HostApplication::OnReadableAgain()
-{
-    for (int i = m_problems.size() - 1; i >= 0; --i) {
-        if (m_problems.at(i).strReasonId == QLatin1String("IDS_HOST_PROBLEM_STORE")) {
-            m_problems.removeAt(i);
-        }
-    }
-    showProblems();
-    OnContactsChanged();
-}
-
 void HostApplication::OnContactsChanged()
 {
     if (m_pLive) {
@@ -356,23 +321,6 @@ void HostApplication::OnContactsChanged()
 void HostApplication::OnContactGone()
 {
     m_pWindow->Status().ShowNotice(HostText::Get("IDS_HOST_CONTACT_GONE"));
-}
-
-void HostApplication::OnModemProblem()
-{
-    m_modem.clear();
-    if (!m_pModemProblem->Text().isEmpty()) {
-        m_modem.append(Problem(m_pModemProblem->Name(), "IDS_HOST_PROBLEM_MODEM", m_pModemProblem->Text()));
-    }
-    if (m_pModemProblem->IsMessageStoreFull()) {
-        m_modem.append(Problem(m_pModemProblem->Name(), "IDS_HOST_SMS_STORE_FULL"));
-    }
-    showProblems();
-}
-
-void HostApplication::showProblems()
-{
-    m_pWindow->Status().SetProblems(m_problems + m_access + m_modem);
 }
 
 void HostApplication::OnWelcomeDismissed()
@@ -395,34 +343,6 @@ void HostApplication::loadPlugins()
     PluginLoader(m_services.PluginsPath()).LoadAll(*m_pContainer, m_problems);
     m_pLifecycle->InitAll(m_problems);
     DataFolder::CheckStore(lstDamaged, m_problems);
-}
-
-// What ought to be there, and without which the program runs all the same.
-void HostApplication::checkInstallation()
-{
-    const QString strPhonebook = QLatin1String(LINKHAND_ADDRBOOK_NAME);
-    const QString strFolder = m_services.PluginsPath() + QLatin1Char('/') + strPhonebook;
-    if (!m_services.IsPluginAvailable(strPhonebook)) {
-        m_problems.append(Problem(strPhonebook, "IDS_HOST_PLUGIN_ABSENT"));
-    } else if (m_pContainer->FindByName(strPhonebook) != nullptr) {
-        foreach (const char* pszFile, (QList<const char*>() << "/Config.xml"
-                                                            << "/addr_tre_images")) {
-            if (!QFile::exists(strFolder + QLatin1String(pszFile))) {
-                m_problems.append(Problem(strFolder + QLatin1String(pszFile), "IDS_HOST_PROBLEM_FILE"));
-            }
-        }
-    }
-    if (!m_languages.Contains(QLatin1String("en"))) {
-        // Not an id: no file has a text for one.
-        m_problems.append(
-            Problem(m_services.LanguagesPath(), "No English language file was found; texts show as ids."));
-    }
-    foreach (const QString& strFile, m_pMessages->Damaged()) {
-        m_problems.append(Problem(strFile, "IDS_HOST_PROBLEM_OUTBOX"));
-    }
-    if (!m_pMessages->IsUsable()) {
-        m_problems.append(Problem(DataFolder::Path() + QLatin1String("/messages.db"), "IDS_HOST_PROBLEM_MESSAGES"));
-    }
 }
 
 // The window is on the screen before the plug-ins start: the contacts that they then read would otherwise be handled
@@ -461,6 +381,15 @@ void HostApplication::fillWindow()
     if (QWidget* const pPage = m_pWindow->Page(QLatin1String(LINKHAND_ADDRBOOK_NAME))) {
         m_pLive.reset(
             new LivePhonebook(*m_pStoreWatch, *m_pContainer, m_services.Workers(), *pPage, m_pWindow->Status()));
+        m_pAids.reset(new PhonebookAids(*pPage, m_services.Workers(), m_pWindow->Status(), m_settings));
+        connect(&m_pAids->Layout(), SIGNAL(restored()), this, SLOT(OnLayoutRestored()));
+    }
+}
+
+void HostApplication::OnLayoutRestored()
+{
+    if (m_line.strScreenshot.isEmpty() && m_pWindow->CurrentPage() == QLatin1String(LINKHAND_ADDRBOOK_NAME)) {
+        m_pWindow->ShowPage(m_settings.FirstPage());
     }
 }
 
@@ -492,6 +421,10 @@ void HostApplication::shutDown()
     if (m_line.strScreenshot.isEmpty()) {
         m_settings.SetGeometry(m_pWindow->saveGeometry());
         m_settings.SetDevicePanelShown(m_pWindow->DevicePanelShown());
+        m_settings.SetLastPage(m_pWindow->CurrentPage());
+        if (m_pAids) {
+            m_pAids->Layout().Keep();
+        }
     }
     m_pWindow->hide();
     m_pModem->Finish();
@@ -500,5 +433,6 @@ void HostApplication::shutDown()
     m_pFindings->Stop();
     m_pStoreWatch->Stop();
     m_pHold.reset();
+    m_pAids.reset();
     m_pLifecycle->ShutDown(SHUTDOWN_LIMIT_MS);
 }

@@ -23,6 +23,7 @@ class Modem;
 class ModemNotices;
 class ModemProblem;
 class PhonebookHold;
+class PhonebookAids;
 class PluginContainer;
 class PluginLifecycle;
 class QTranslator;
@@ -62,6 +63,7 @@ private slots:
     void OnContactsChanged();
     void OnModemProblem();
     void OnWelcomeDismissed();
+    void OnLayoutRestored(); // the phonebook has been read first; the user may be on another page already
 
 private:
     bool settleHardware();
@@ -100,6 +102,7 @@ private:
     QScopedPointer<FindingsNotice> m_pFindings;
     QScopedPointer<PhonebookHold> m_pHold;
     QScopedPointer<RequestDesk> m_pDesk;
+    QScopedPointer<PhonebookAids> m_pAids;
     int m_iExitCode;
     bool m_bClosing; // quit before or while the event loop runs
 };

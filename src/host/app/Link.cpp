@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QVariant>
 
+#include "device/ChangedContact.h"
 #include "device/CleanNumber.h"
 #include "device/ContactNames.h"
 #include "device/Modem.h"
@@ -101,6 +102,11 @@ QList<HostCall> Link::Calls(int iSkipped, int iAtMost)
 bool Link::RemoveCall(int iId)
 {
     return m_store.RemoveCall(iId);
+}
+
+QString Link::ChangedContact(unsigned int uiMsg, unsigned int uiMemory, unsigned int uiNumber)
+{
+    return ::ChangedContact::Name(uiMsg, uiMemory, uiNumber);
 }
 
 void Link::ShowPage(const QString& strPlugin)

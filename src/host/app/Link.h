@@ -33,6 +33,7 @@ public:
     void ShowPage(const QString& strPlugin) override;
     void ShowStatus(const QString& strText) override;
     QString LogFolder() override { return m_strLogFolder; }
+    QString ChangedContact(unsigned int uiMsg, unsigned int uiMemory, unsigned int uiNumber) override;
 
 private:
     Modem& m_modem;

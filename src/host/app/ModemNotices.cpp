@@ -11,6 +11,15 @@
 #include "window/PinForm.h"
 #include "window/StatusArea.h"
 
+namespace
+{
+
+const char* const ABOUT_CALL = "call";
+const char* const ABOUT_POWER = "power";
+const char* const ABOUT_ROOM = "room";
+
+} // namespace
+
 ModemNotices::ModemNotices(Modem& modem, MessageStore& store, MainWindow& window)
     : m_modem(modem), m_store(store), m_window(window), m_bLocked(false)
 {
@@ -18,6 +27,7 @@ ModemNotices::ModemNotices(Modem& modem, MessageStore& store, MainWindow& window
     connect(&m_modem, SIGNAL(messageFinished(int)), this, SLOT(OnMessageFinished(int)));
     connect(&m_modem, SIGNAL(messageReceived(QString, QString)), this, SLOT(OnMessageReceived(QString, QString)));
     connect(&m_modem, SIGNAL(incomingCall(QString)), this, SLOT(OnIncomingCall(QString)));
+    connect(&m_modem, SIGNAL(callEnded(QString, int)), this, SLOT(OnCallEnded()));
     connect(&m_modem, SIGNAL(callFailed(int, QString)), this, SLOT(OnCallFailed(int, QString)));
     connect(&m_modem, SIGNAL(removeFailed(QString)), this, SLOT(OnRemoveFailed(QString)));
     connect(&m_modem, SIGNAL(enableFailed(QString)), this, SLOT(OnEnableFailed(QString)));
@@ -53,6 +63,9 @@ void ModemNotices::OnStatusChanged()
 {
     const ModemStatus status = m_modem.Status();
     m_window.Status().SetModem(status);
+    if (status.bEnabled || !status.bPresent) {
+        m_window.Status().EndNotice(QLatin1String(ABOUT_POWER));
+    }
     const bool bLocked = status.enLock == ModemStatus::LOCK_PIN;
     if (bLocked && !m_bLocked && m_window.isVisible()) {
         ShowPinForm();
@@ -88,6 +101,7 @@ void ModemNotices::OnMessageFinished(int iId)
 
 void ModemNotices::OnMessageReceived(const QString& strNumber, const QString& strText)
 {
+    m_window.Status().EndNotice(QLatin1String(ABOUT_ROOM));
     // Neither part may hold a place for the other.
     const QString strLine = strText.section(QLatin1Char('\n'), 0, 0);
     show(HostText::Get("IDS_HOST_SMS_RECEIVED").arg(ContactNames::WithNumber(strNumber), strLine));
@@ -96,10 +110,15 @@ void ModemNotices::OnMessageReceived(const QString& strNumber, const QString& st
 
 void ModemNotices::OnIncomingCall(const QString& strNumber)
 {
-    show(
-        HostText::Get("IDS_HOST_CALL_INCOMING")
-            .arg(strNumber.isEmpty() ? HostText::Get("IDS_HOST_UNKNOWN_NUMBER") : ContactNames::WithNumber(strNumber)));
+    show(HostText::Get("IDS_HOST_CALL_INCOMING")
+             .arg(strNumber.isEmpty() ? HostText::Get("IDS_HOST_UNKNOWN_NUMBER") : ContactNames::WithNumber(strNumber)),
+         QString(), ABOUT_CALL);
     call();
+}
+
+void ModemNotices::OnCallEnded()
+{
+    m_window.Status().EndNotice(QLatin1String(ABOUT_CALL));
 }
 
 void ModemNotices::OnCallFailed(int iProgress, const QString& strDetail)
@@ -118,19 +137,20 @@ void ModemNotices::OnRemoveFailed(const QString& strDetail)
 
 void ModemNotices::OnEnableFailed(const QString& strDetail)
 {
-    show(HostText::Get("IDS_HOST_MODEM_NOT_ON"), strDetail);
+    show(HostText::Get("IDS_HOST_MODEM_NOT_ON"), strDetail, ABOUT_POWER);
 }
 
 void ModemNotices::OnStoreFull()
 {
-    show(HostText::Get("IDS_HOST_SMS_STORE_FULL"));
+    show(HostText::Get("IDS_HOST_SMS_STORE_FULL"), QString(), ABOUT_ROOM);
     call();
 }
 
-void ModemNotices::show(const QString& strText, const QString& strDetail)
+void ModemNotices::show(const QString& strText, const QString& strDetail, const char* pszAbout)
 {
     m_window.Status().ShowNotice(strDetail.isEmpty() ? strText
-                                                     : strText + QLatin1String(" (") + strDetail + QLatin1Char(')'));
+                                                     : strText + QLatin1String(" (") + strDetail + QLatin1Char(')'),
+                                 QLatin1String(pszAbout));
 }
 
 void ModemNotices::call()

@@ -30,6 +30,7 @@ private slots:
     void OnMessageFinished(int iId);
     void OnMessageReceived(const QString& strNumber, const QString& strText);
     void OnIncomingCall(const QString& strNumber);
+    void OnCallEnded();
     void OnCallFailed(int iProgress, const QString& strDetail);
     void OnRemoveFailed(const QString& strDetail);
     void OnEnableFailed(const QString& strDetail);
@@ -37,7 +38,7 @@ private slots:
 
 private:
     // With the modem's own words behind it, if there are any.
-    void show(const QString& strText, const QString& strDetail = QString());
+    void show(const QString& strText, const QString& strDetail = QString(), const char* pszAbout = "");
     void call();
 
     Modem& m_modem;

@@ -7,6 +7,8 @@
 #include "linkhand/QtCompat.h"
 #include "linkhand/core/CommonUtils.h"
 #include "orva/orva_sdk.h"
+#include "sdk/OwnedHandle.h"
+#include "sdk/RecordText.h"
 
 namespace
 {
@@ -48,9 +50,7 @@ QStringList valuesIn(void* pSet)
 {
     QStringList lstValues;
     foreach (const QString& strKey, CareText::FieldKeys()) {
-        unsigned short* pText = nullptr;
-        const long nCode = ORVA_PBSrv_AddrRecordSet_GetValue(pSet, strKey.toLatin1().constData(), &pText);
-        lstValues.append(nCode == ORVA_OK ? CareText::Take(pText) : QString());
+        lstValues.append(RecordText::Of(pSet, strKey.toLatin1().constData()));
     }
     return lstValues;
 }
@@ -64,18 +64,16 @@ bool isOfStore(long nCode)
 
 long add(const QStringList& lstValues)
 {
-    void* pRecord = nullptr;
-    long nCode = ORVA_PBSrv_CreateAddrRecord(ORVA_MEMORY_LOCAL, &pRecord);
+    OwnedRecord record;
+    long nCode = ORVA_PBSrv_CreateAddrRecord(ORVA_MEMORY_LOCAL, record.Out());
     const QStringList lstKeys = CareText::FieldKeys();
     for (int i = 0; nCode == ORVA_OK && i < lstKeys.size(); ++i) {
-        nCode = ORVA_PBSrv_AddrRecord_SetValue(pRecord, lstKeys.at(i).toLatin1().constData(), lstValues.at(i).utf16());
+        nCode =
+            ORVA_PBSrv_AddrRecord_SetValue(record.Get(), lstKeys.at(i).toLatin1().constData(), lstValues.at(i).utf16());
     }
     int iId = 0;
     if (nCode == ORVA_OK) {
-        nCode = ORVA_PBSrv_AddAddrRec(pRecord, &iId);
-    }
-    if (pRecord != nullptr) {
-        ORVA_PBSrv_AddrRecord_Release(pRecord);
+        nCode = ORVA_PBSrv_AddAddrRec(record.Get(), &iId);
     }
     return nCode;
 }
@@ -124,18 +122,17 @@ void CardImport::read()
     m_listContacts.clear();
     long nCode = ORVA_OK;
     QVector<int> map = mapOf(titlesOf(m_strFile, nCode));
-    void* pSet = nullptr;
+    OwnedRecordSet set;
     if (!succeeded(nCode) ||
-        !succeeded(ORVA_PBSrv_ImportFromFile(m_strFile.utf16(), map.data(), ORVA_MEMORY_LOCAL, &pSet)) ||
-        pSet == nullptr) {
+        !succeeded(ORVA_PBSrv_ImportFromFile(m_strFile.utf16(), map.data(), ORVA_MEMORY_LOCAL, set.Out())) ||
+        set.IsNull()) {
         return;
     }
-    for (nCode = ORVA_PBSrv_AddrRecordSet_MoveFirst(pSet); nCode == ORVA_OK && !m_bCancelled;
-         nCode = ORVA_PBSrv_AddrRecordSet_MoveNext(pSet)) {
-        m_listContacts.append(valuesIn(pSet));
+    for (nCode = ORVA_PBSrv_AddrRecordSet_MoveFirst(set.Get()); nCode == ORVA_OK && !m_bCancelled;
+         nCode = ORVA_PBSrv_AddrRecordSet_MoveNext(set.Get())) {
+        m_listContacts.append(valuesIn(set.Get()));
         ++m_iDone;
     }
-    ORVA_PBSrv_AddrRecordSet_Release(pSet);
 }
 
 void CardImport::store()

@@ -113,6 +113,11 @@ void CarePage::Enter()
     readCurrent();
 }
 
+void CarePage::ShowBackups()
+{
+    m_pTabs->setCurrentWidget(findChild<BackupSection*>());
+}
+
 void CarePage::OnTabChosen()
 {
     m_pTold->clear();

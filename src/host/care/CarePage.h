@@ -33,6 +33,9 @@ public:
     // Reads anew what the section at the front shows; called as the page is entered.
     void Enter();
 
+    // Brings the backups to the front.
+    void ShowBackups();
+
 signals:
     // The PC's contacts are not what they were.
     void contactsChanged();

@@ -1,7 +1,11 @@
 #include "settings/HostSettings.h"
 
 #include <QSettings>
+#include <QStringList>
 #include <QVariant>
+
+#include "linkhand/QtCompat.h"
+#include "linkhand/core/CommonUtils.h"
 
 namespace
 {
@@ -10,16 +14,31 @@ const char* const LANGUAGE_KEY = "host/language";
 const char* const GEOMETRY_KEY = "host/geometry";
 const char* const DEVICE_PANEL_KEY = "host/devicepanel";
 const char* const WELCOME_KEY = "host/welcomedismissed";
+const char* const START_PAGE_KEY = "host/startpage";
+const char* const LAST_PAGE_KEY = "host/lastpage";
+const char* const DAILY_BACKUP_KEY = "host/dailybackup";
+const char* const SIZES_GROUP = "layout/";
 
-QVariant read(const QString& strFile, const char* pszKey)
-{
-    return QSettings(strFile, QSettings::IniFormat).value(QLatin1String(pszKey));
-}
-
-void write(const QString& strFile, const char* pszKey, const QVariant& value)
+QVariant read(const QString& strFile, const QString& strKey)
 {
     QSettings settings(strFile, QSettings::IniFormat);
-    settings.setValue(QLatin1String(pszKey), value);
+    QtCompat::useUtf8(settings); // as the library reads it
+    return settings.value(strKey);
+}
+QVariant read(const QString& strFile, const char* pszKey)
+{
+    return read(strFile, QString::fromLatin1(pszKey));
+}
+
+void write(const QString& strFile, const QString& strKey, const QVariant& value)
+{
+    QSettings settings(strFile, QSettings::IniFormat);
+    QtCompat::useUtf8(settings);
+    settings.setValue(strKey, value);
+}
+void write(const QString& strFile, const char* pszKey, const QVariant& value)
+{
+    write(strFile, QString::fromLatin1(pszKey), value);
 }
 
 } // namespace
@@ -52,6 +71,76 @@ bool HostSettings::WelcomeDismissed() const
 void HostSettings::SetWelcomeDismissed(bool bDismissed)
 {
     write(m_strFile, WELCOME_KEY, bDismissed);
+}
+
+QString HostSettings::StartPage() const
+{
+    return read(m_strFile, START_PAGE_KEY).toString();
+}
+
+void HostSettings::SetStartPage(const QString& strPage)
+{
+    write(m_strFile, START_PAGE_KEY, strPage);
+}
+
+QString HostSettings::LastPage() const
+{
+    return read(m_strFile, LAST_PAGE_KEY).toString();
+}
+
+void HostSettings::SetLastPage(const QString& strPage)
+{
+    write(m_strFile, LAST_PAGE_KEY, strPage);
+}
+
+QList<int> HostSettings::Sizes(const QString& strName) const
+{
+    QList<int> listSizes;
+    foreach (const QString& strSize, read(m_strFile, QLatin1String(SIZES_GROUP) + strName).toStringList()) {
+        bool bNumber = false;
+        listSizes.append(strSize.toInt(&bNumber));
+        if (!bNumber) {
+            return QList<int>(); // somebody has been at the file
+        }
+    }
+    return listSizes;
+}
+
+void HostSettings::SetSizes(const QString& strName, const QList<int>& listSizes)
+{
+    QStringList lstSizes;
+    foreach (int iSize, listSizes) {
+        lstSizes.append(QString::number(iSize));
+    }
+    write(m_strFile, QLatin1String(SIZES_GROUP) + strName, lstSizes);
+}
+
+bool HostSettings::DailyBackup() const
+{
+    return Value(QLatin1String(DAILY_BACKUP_KEY)) == QLatin1String("true");
+}
+
+QString HostSettings::Value(const QString& strKey) const
+{
+    static const struct {
+        const char* pszKey;
+        const char* pszValue;
+    } defaults[] = {
+        {DAILY_BACKUP_KEY, "true"}, {WELCOME_KEY, "false"}, {"DualModeCard/HideDoubleModeCardNode", "false"}};
+    // By way of the library, as those read it whose values they are.
+    const QString strValue =
+        CommonUtils::GetSettings(strKey.section(QLatin1Char('/'), 0, 0), strKey.section(QLatin1Char('/'), 1));
+    for (const auto& entry : defaults) {
+        if (strValue.isEmpty() && strKey == QLatin1String(entry.pszKey)) {
+            return QLatin1String(entry.pszValue);
+        }
+    }
+    return strValue;
+}
+
+void HostSettings::SetValue(const QString& strKey, const QString& strValue)
+{
+    write(m_strFile, strKey, strValue);
 }
 
 bool HostSettings::DevicePanelShown() const

@@ -2,9 +2,10 @@
 #define LINKHAND_HOST_HOSTSETTINGS_H
 
 #include <QByteArray>
+#include <QList>
 #include <QString>
 
-// What the host remembers between two runs, in the section "host" of the user's INI file. User-interface thread only.
+// What the host remembers between two runs, in the user's INI file. User-interface thread only.
 class HostSettings
 {
 public:
@@ -23,6 +24,24 @@ public:
     // Whether the user has put away the note that greets at an empty phonebook.
     bool WelcomeDismissed() const;
     void SetWelcomeDismissed(bool bDismissed);
+
+    // The page to begin with: a page's name, or empty for the last one that was shown.
+    QString StartPage() const;
+    void SetStartPage(const QString& strPage);
+    QString LastPage() const;
+    QString FirstPage() const { return StartPage().isEmpty() ? LastPage() : StartPage(); }
+    void SetLastPage(const QString& strPage);
+
+    // Widths or heights of the parts of something, under its name; empty if none are kept.
+    QList<int> Sizes(const QString& strName) const;
+    void SetSizes(const QString& strName, const QList<int>& listSizes);
+
+    // Whether a copy of the contacts is made once a day.
+    bool DailyBackup() const;
+
+    // Any value of the file, "section/key", or what the program ships with.
+    QString Value(const QString& strKey) const;
+    void SetValue(const QString& strKey, const QString& strValue);
 
     bool DevicePanelShown() const;
     void SetDevicePanelShown(bool bShown);

@@ -66,6 +66,22 @@ QPainterPath care()
     return path;
 }
 
+// Three sliders.
+QPainterPath preferences()
+{
+    QPainterPath path;
+    const qreal afKnob[] = {8.5, 15.5, 10.5};
+    for (int i = 0; i < 3; ++i) {
+        const qreal fY = 6 + 6 * i;
+        path.moveTo(3, fY);
+        path.lineTo(afKnob[i] - 2, fY);
+        path.addEllipse(QPointF(afKnob[i], fY), 2, 2);
+        path.moveTo(afKnob[i] + 2, fY);
+        path.lineTo(21, fY);
+    }
+    return path;
+}
+
 QPainterPath device()
 {
     QPainterPath path;
@@ -121,6 +137,8 @@ QPainterPath pathOf(Glyphs::Glyph enGlyph)
         return calls();
     case Glyphs::CARE:
         return care();
+    case Glyphs::PREFERENCES:
+        return preferences();
     case Glyphs::DEVICE:
         return device();
     case Glyphs::LANGUAGE:

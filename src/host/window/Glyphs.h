@@ -11,7 +11,7 @@
 namespace Glyphs
 {
 
-enum Glyph { PHONEBOOK, MESSAGES, CALLS, CARE, DEVICE, LANGUAGE, WARNING, OTHER };
+enum Glyph { PHONEBOOK, MESSAGES, CALLS, CARE, PREFERENCES, DEVICE, LANGUAGE, WARNING, OTHER };
 
 // Draws the glyph into rect, keeping it square.
 void Draw(QPainter& painter, const QRectF& rect, Glyph enGlyph, const QColor& color);

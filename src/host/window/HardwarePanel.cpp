@@ -95,6 +95,13 @@ void HardwarePanel::Retranslate()
     OnStatusChanged();
 }
 
+void HardwarePanel::SetChoice(const QString& strChoice)
+{
+    m_strChosen = strChoice;
+    m_bRefused = false;
+    showChoice();
+}
+
 void HardwarePanel::OnChosen(int iIndex)
 {
     choose(iIndex < PORT_ENTRY ? QString(QLatin1String(CHOICES[iIndex])) : m_pChoice->itemText(iIndex));
@@ -139,6 +146,7 @@ void HardwarePanel::choose(const QString& strChoice)
         m_bRefused = !HardwareChoice::Keep(strChoice);
         if (!m_bRefused) {
             m_strChosen = strChoice;
+            emit choiceKept(strChoice);
         }
     }
     m_bAsking = false;

@@ -19,6 +19,13 @@ public:
 
     void Retranslate();
 
+public slots:
+    // Another panel has kept it.
+    void SetChoice(const QString& strChoice);
+
+signals:
+    void choiceKept(const QString& strChoice);
+
 private slots:
     void OnChosen(int iIndex);
     void OnPortEntered();

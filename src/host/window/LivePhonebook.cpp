@@ -12,22 +12,13 @@
 #include "loader/PluginHandle.h"
 #include "loader/WorkerCount.h"
 #include "settings/StoreWatch.h"
+#include "window/PhonebookParts.h"
 #include "window/StatusArea.h"
 
 namespace
 {
 
 const int PAUSE_MS = 2000;
-
-QWidget* phonebookOn(const QWidget& page)
-{
-    foreach (QWidget* pWidget, page.findChildren<QWidget*>()) {
-        if (pWidget->inherits("AddrBookDlg")) {
-            return pWidget;
-        }
-    }
-    return nullptr;
-}
 
 // The PC's contacts, or one of their groups.
 bool showsLocal(const QTreeWidget* pTree)
@@ -101,13 +92,13 @@ bool LivePhonebook::isBusy() const
 // Whether a reload would take something from the user: a choice, a search, a name being edited, another memory.
 bool LivePhonebook::isInUse() const
 {
-    const QWidget* pWindow = phonebookOn(m_page);
+    const QWidget* pWindow = PhonebookParts::Window(m_page);
     if (pWindow == nullptr) {
         return true;
     }
-    const QTableWidget* pTable = pWindow->findChild<QTableWidget*>(QLatin1String("AddrBookUIPlugin_ContactTable"));
-    const QTreeWidget* pTree = pWindow->findChild<QTreeWidget*>(QLatin1String("AddrBookUIPlugin_TreeWidget"));
-    const QLineEdit* pSearch = pWindow->findChild<QLineEdit*>(QLatin1String("AddrBookUIPlugin_SearchBox"));
+    const QTableWidget* pTable = PhonebookParts::Table(m_page);
+    const QTreeWidget* pTree = PhonebookParts::Tree(m_page);
+    const QLineEdit* pSearch = PhonebookParts::Search(m_page);
     const bool bEditing = pTree != nullptr && pTree->findChild<QLineEdit*>() != nullptr;
     return bEditing || !showsLocal(pTree) || (pSearch != nullptr && !pSearch->text().isEmpty()) ||
            (pTable != nullptr && pTable->selectionModel()->hasSelection());
@@ -115,7 +106,7 @@ bool LivePhonebook::isInUse() const
 
 void LivePhonebook::reload()
 {
-    QWidget* const pWindow = phonebookOn(m_page);
+    QWidget* const pWindow = PhonebookParts::Window(m_page);
     PluginHandle* const pHandle = m_container.FindByName(QLatin1String(LINKHAND_ADDRBOOK_NAME));
     if (pWindow == nullptr || pHandle == nullptr) {
         return;

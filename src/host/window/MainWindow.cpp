@@ -16,10 +16,14 @@
 #include "loader/PluginContainer.h"
 #include "loader/PluginHandle.h"
 #include "text/HostText.h"
+#include "window/AboutDialog.h"
 #include "window/DevicePanel.h"
+#include "window/HardwarePanel.h"
+#include "window/HelpDialog.h"
 #include "window/MessagesPage.h"
 #include "window/NavBar.h"
 #include "window/PluginPage.h"
+#include "window/PreferencesPage.h"
 #include "window/StatusArea.h"
 #include "window/StyleSheet.h"
 #include "window/WelcomeNote.h"
@@ -29,6 +33,7 @@ namespace
 
 const char* const MESSAGES_PAGE = "Messages";
 const char* const CARE_PAGE = "Care";
+const char* const PREFERENCES_PAGE = "Preferences";
 
 Glyphs::Glyph glyphOf(const QString& strPage)
 {
@@ -58,6 +63,9 @@ MainWindow::MainWindow(PluginContainer& container, MessageStore& outbox, DeviceW
       m_pStatus(new StatusArea(this)),
       m_pMessages(new MessagesPage(outbox, container, pModem, this)),
       m_pCare(CarePage::IsPossible() ? new CarePage(this) : nullptr),
+      m_pModem(pModem),
+      m_pSettings(nullptr),
+      m_pPreferences(nullptr),
       m_iCurrentPage(-1)
 {
     setObjectName(QLatin1String("linkhand_MainWindow"));
@@ -96,6 +104,8 @@ MainWindow::MainWindow(PluginContainer& container, MessageStore& outbox, DeviceW
     connect(m_pNavBar, SIGNAL(languageChosen(QString)), this, SIGNAL(languageChosen(QString)));
     connect(&m_watcher, SIGNAL(changed()), this, SLOT(OnDeviceChanged()));
     new QShortcut(QKeySequence(QLatin1String("Ctrl+Q")), this, SLOT(close()));
+    new QShortcut(QKeySequence(QLatin1String("Ctrl+,")), this, SLOT(OnPreferences()));
+    new QShortcut(QKeySequence(QLatin1String("F1")), this, SLOT(OnHelp()));
     applyStyle();
 }
 
@@ -111,11 +121,40 @@ void MainWindow::BuildPages()
     if (m_pCare != nullptr) {
         addPage(QLatin1String(CARE_PAGE), m_pCare, nullptr, Glyphs::CARE);
     }
+    if (m_pSettings != nullptr) {
+        addPreferences();
+    }
+}
+
+void MainWindow::addPreferences()
+{
+    m_pPreferences = new PreferencesPage(*m_pSettings, m_pModem, m_pStack);
+    addPage(QLatin1String(PREFERENCES_PAGE), m_pPreferences, nullptr, Glyphs::PREFERENCES);
+    m_pPreferences->SetLanguages(m_listLanguages, m_strLanguage);
+    connect(m_pPreferences, SIGNAL(languageChosen(QString)), this, SIGNAL(languageChosen(QString)));
+    connect(m_pPreferences, SIGNAL(welcomeChosen(bool)), this, SLOT(OnWelcomeChosen(bool)));
+    connect(m_pPreferences, SIGNAL(backupsRequested()), this, SLOT(OnBackups()));
+    connect(m_pPreferences, SIGNAL(helpRequested()), this, SLOT(OnHelp()));
+    connect(m_pPreferences, SIGNAL(aboutRequested()), this, SLOT(OnAbout()));
+    // A choice of hardware in the device panel shows here, and the other way round.
+    const QList<HardwarePanel*> listPanels = findChildren<HardwarePanel*>();
+    foreach (HardwarePanel* pOne, listPanels) {
+        foreach (HardwarePanel* pOther, listPanels) {
+            if (pOne != pOther) {
+                connect(pOne, SIGNAL(choiceKept(QString)), pOther, SLOT(SetChoice(QString)));
+            }
+        }
+    }
 }
 
 void MainWindow::SetLanguages(const QList<LanguageEntry>& listEntries, const QString& strCurrent)
 {
+    m_listLanguages = listEntries;
+    m_strLanguage = strCurrent;
     m_pNavBar->SetLanguages(listEntries, strCurrent);
+    if (m_pPreferences != nullptr) {
+        m_pPreferences->SetLanguages(listEntries, strCurrent);
+    }
 }
 
 void MainWindow::SetDevicePanelShown(bool bShown)
@@ -147,6 +186,20 @@ void MainWindow::ShowPage(const QString& strName)
     }
 }
 
+QString MainWindow::CurrentPage() const
+{
+    return m_iCurrentPage < 0 ? QString() : m_listPages.at(m_iCurrentPage).strName;
+}
+
+QStringList MainWindow::titles() const
+{
+    QStringList lstTitles;
+    foreach (const PageEntry& page, m_listPages) {
+        lstTitles.append(titleOf(page.strName));
+    }
+    return lstTitles;
+}
+
 void MainWindow::Retranslate()
 {
     setWindowTitle(HostText::Get("IDS_HOST_TITLE"));
@@ -161,6 +214,14 @@ void MainWindow::Retranslate()
     m_pMessages->Retranslate();
     if (m_pCare != nullptr) {
         m_pCare->Retranslate();
+    }
+    if (m_pPreferences != nullptr) {
+        QStringList lstNames;
+        foreach (const PageEntry& page, m_listPages) {
+            lstNames.append(page.strName);
+        }
+        m_pPreferences->SetPages(lstNames, titles());
+        m_pPreferences->Retranslate();
     }
     m_pDevicePanel->Retranslate();
     m_pStatus->Retranslate();
@@ -200,6 +261,8 @@ void MainWindow::OnPageChosen(int iPage)
         m_listPages.at(iPage).pPlugin->Enter();
     } else if (m_listPages.at(iPage).pWidget == m_pMessages) {
         m_pMessages->Enter();
+    } else if (m_listPages.at(iPage).pWidget == m_pPreferences) {
+        m_pPreferences->Enter();
     } else {
         m_pCare->Enter();
     }
@@ -232,6 +295,36 @@ void MainWindow::OnDeviceToggled(bool bShown)
 void MainWindow::OnDeviceChanged()
 {
     m_pStatus->SetState(m_watcher.State());
+}
+
+void MainWindow::OnPreferences()
+{
+    ShowPage(QLatin1String(PREFERENCES_PAGE));
+}
+
+void MainWindow::OnBackups()
+{
+    if (m_pCare != nullptr) {
+        m_pCare->ShowBackups();
+        ShowPage(QLatin1String(CARE_PAGE));
+    }
+}
+
+void MainWindow::OnWelcomeChosen(bool bShown)
+{
+    m_pWelcome->SetDismissed(!bShown);
+}
+
+void MainWindow::OnHelp()
+{
+    HelpDialog dialog(titles(), this);
+    dialog.exec();
+}
+
+void MainWindow::OnAbout()
+{
+    AboutDialog dialog(this);
+    dialog.exec();
 }
 
 void MainWindow::addPage(const QString& strName, QWidget* pWidget, PluginPage* pPlugin, Glyphs::Glyph enGlyph)

@@ -4,12 +4,14 @@
 #include <QList>
 #include <QMainWindow>
 #include <QString>
+#include <QStringList>
 
 #include "text/LanguageCatalog.h"
 #include "window/Glyphs.h"
 
 class CarePage;
 class DevicePanel;
+class HostSettings;
 class DeviceWatcher;
 class IPluginContainer;
 class MessagesPage;
@@ -18,6 +20,7 @@ class MessageStore;
 class Modem;
 class PluginContainer;
 class PluginPage;
+class PreferencesPage;
 class QStackedWidget;
 class StatusArea;
 class WelcomeNote;
@@ -31,8 +34,12 @@ public:
     // All outlive the window. Without a modem it is as with the simulated one.
     MainWindow(PluginContainer& container, MessageStore& outbox, DeviceWatcher& watcher, Modem* pModem = nullptr);
 
+    // What the page of preferences shows and changes; without it there is no such page. Called before BuildPages.
+    void SetSettings(HostSettings& settings) { m_pSettings = &settings; }
+
     // Makes a page for the phonebook, one for each further plug-in with a window, and the messages page. Called once,
-    // after the plug-ins have been loaded, whether they started or not; and last the care page, if the SDK allows.
+    // after the plug-ins have been loaded, whether they started or not; and last the care page, if the SDK allows, and
+    // the preferences.
     void BuildPages();
 
     void SetLanguages(const QList<LanguageEntry>& listEntries, const QString& strCurrent);
@@ -44,6 +51,9 @@ public:
     // The page of a plug-in, "Messages" or "Care"; null if there is none.
     QWidget* Page(const QString& strName) const;
     void ShowPage(const QString& strName);
+
+    // The name of the page in front; empty while there is none.
+    QString CurrentPage() const;
 
     // All texts anew, after a change of language.
     void Retranslate();
@@ -68,6 +78,11 @@ private slots:
     void OnPageChosen(int iPage);
     void OnDeviceToggled(bool bShown);
     void OnDeviceChanged();
+    void OnPreferences();
+    void OnBackups();
+    void OnWelcomeChosen(bool bShown);
+    void OnHelp();
+    void OnAbout();
 
 private:
     struct PageEntry {
@@ -78,6 +93,8 @@ private:
 
     void addPage(const QString& strName, QWidget* pWidget, PluginPage* pPlugin, Glyphs::Glyph enGlyph);
     void addPluginPage(const QString& strName);
+    void addPreferences();
+    QStringList titles() const;
     void focusPage(QWidget* pPage);
     void applyStyle();
 
@@ -90,6 +107,11 @@ private:
     StatusArea* m_pStatus;
     MessagesPage* m_pMessages;
     CarePage* m_pCare; // null where the SDK lacks what it needs
+    Modem* m_pModem;
+    HostSettings* m_pSettings;
+    PreferencesPage* m_pPreferences; // null without settings
+    QList<LanguageEntry> m_listLanguages;
+    QString m_strLanguage;
     QList<PageEntry> m_listPages;
     int m_iCurrentPage;
 };

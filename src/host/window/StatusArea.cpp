@@ -2,6 +2,7 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QLocale>
 #include <QMenu>
 #include <QTime>
 #include <QToolButton>
@@ -17,6 +18,7 @@ const QChar FIRST_STRONG_ISOLATE(0x2068);
 const int TIME_LENGTH = 10; // with the blanks behind it
 const int KEPT_NOTICES = 100;
 const int SHOWN_NOTICES = 20;
+const int NOTICE_MS = 20000; // long enough to be read twice
 
 // As a button or an entry of a menu shows it: a name may hold an ampersand, a notice holds no mnemonic.
 QString shown(const QString& strNotice)
@@ -35,6 +37,8 @@ QLabel* newChip(const char* pszName, QWidget* pParent)
 
 StatusArea::StatusArea(QWidget* pParent)
     : QFrame(pParent),
+      m_noticeTime(this),
+      m_pCounts(newChip("linkhand_StatusArea_counts", this)),
       m_pNotice(new QToolButton(this)),
       m_pHardware(newChip("linkhand_StatusArea_hardware", this)),
       m_pDevice(newChip("linkhand_StatusArea_device", this)),
@@ -69,6 +73,7 @@ StatusArea::StatusArea(QWidget* pParent)
     QHBoxLayout* pLayout = new QHBoxLayout(this);
     pLayout->setContentsMargins(10, 3, 12, 3);
     pLayout->setSpacing(16);
+    pLayout->addWidget(m_pCounts);
     pLayout->addWidget(m_pNotice);
     pLayout->addStretch(1);
     pLayout->addWidget(m_pFindings);
@@ -79,6 +84,11 @@ StatusArea::StatusArea(QWidget* pParent)
     pLayout->addWidget(m_pCard);
     pLayout->addWidget(m_pUnlock);
     pLayout->addWidget(m_pNetwork);
+    m_pCounts->hide();
+    m_noticeTime.setObjectName(QLatin1String("linkhand_StatusArea_noticeTime"));
+    m_noticeTime.setSingleShot(true);
+    m_noticeTime.setInterval(NOTICE_MS);
+    connect(&m_noticeTime, SIGNAL(timeout()), this, SLOT(OnNoticeOver()));
     connect(m_pNotice, SIGNAL(clicked()), this, SLOT(OnHistory()));
     connect(m_pProblems, SIGNAL(clicked()), this, SLOT(OnProblems()));
     connect(m_pChanged, SIGNAL(clicked()), this, SIGNAL(showChangesRequested()));
@@ -86,21 +96,52 @@ StatusArea::StatusArea(QWidget* pParent)
     connect(m_pUnlock, SIGNAL(clicked()), this, SIGNAL(unlockRequested()));
 }
 
-void StatusArea::ShowNotice(const QString& strText)
+void StatusArea::ShowNotice(const QString& strText, const QString& strAbout)
 {
     m_lstNotices.prepend(QTime::currentTime().toString(QLatin1String("hh:mm:ss  ")) + strText);
     if (m_lstNotices.size() > KEPT_NOTICES) {
         m_lstNotices.removeLast();
     }
+    m_strAbout = strAbout;
     m_pNotice->setText(shown(strText));
     m_pNotice->setEnabled(true);
+    m_noticeTime.start();
+}
+
+void StatusArea::EndNotice(const QString& strAbout)
+{
+    if (m_noticeTime.isActive() && m_strAbout == strAbout) {
+        OnNoticeOver();
+    }
+}
+
+// What is left is the way to the past ones.
+void StatusArea::OnNoticeOver()
+{
+    m_noticeTime.stop();
+    m_pNotice->setText(HostText::Get("IDS_HOST_NOTICES"));
 }
 
 void StatusArea::ForgetNotices()
 {
     m_lstNotices.clear();
+    m_noticeTime.stop();
     m_pNotice->setText(QString());
     m_pNotice->setEnabled(false);
+}
+
+void StatusArea::SetCounts(const StatusCounts& counts)
+{
+    m_counts = counts;
+    const QLocale locale;
+    QString strText = HostText::Get(counts.bFound ? "IDS_HOST_COUNT_FOUND" : "IDS_HOST_COUNT_CONTACTS")
+                          .arg(locale.toString(counts.iContacts));
+    if (counts.iSelected > 0) {
+        strText += QString(3, QLatin1Char(' ')) +
+                   HostText::Get("IDS_HOST_COUNT_SELECTED").arg(locale.toString(counts.iSelected));
+    }
+    m_pCounts->setText(strText);
+    m_pCounts->setVisible(counts.iContacts >= 0);
 }
 
 void StatusArea::SetState(const DeviceState& state)
@@ -145,6 +186,7 @@ QString StatusArea::hardwareText() const
     const QString strChoice =
         m_strHardware == QLatin1String("auto") ? HostText::Get("IDS_HOST_HARDWARE_AUTO") : m_strHardware;
     const char* const pszState = !m_modem.bBus || !m_modem.bService       ? "IDS_HOST_STATUS_NO_MANAGER"
+                                 : !m_modem.bPresent && m_state.bAttached ? "IDS_HOST_STATUS_NOT_MANAGED"
                                  : !m_modem.bPresent                      ? "IDS_HOST_STATUS_NO_MODEM"
                                  : !m_modem.bUsable                       ? "IDS_HOST_STATUS_MODEM_FAILED"
                                  : !m_modem.bMessages && m_modem.bEnabled ? "IDS_HOST_STATUS_NO_MESSAGES"
@@ -194,6 +236,7 @@ void StatusArea::SetFindings(int iCount)
 void StatusArea::Retranslate()
 {
     SetFindings(m_iFindings);
+    SetCounts(m_counts);
     m_pChanged->setText(HostText::Get("IDS_HOST_STATUS_CHANGED"));
     SetState(m_state);
     SetProblems(m_problems);

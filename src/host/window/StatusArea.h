@@ -3,6 +3,7 @@
 
 #include <QFrame>
 #include <QStringList>
+#include <QTimer>
 
 #include "device/DeviceState.h"
 #include "device/ModemStatus.h"
@@ -10,6 +11,13 @@
 
 class QLabel;
 class QToolButton;
+
+// What the phonebook's table shows. A negative number of contacts: nothing, since it is not on the screen.
+struct StatusCounts {
+    int iContacts = -1;
+    int iSelected = 0;
+    bool bFound = false; // by a search
+};
 
 // The line at the foot of the window: the last notice, with the past ones behind it; which hardware it is; device, card
 // and network; and what did not work.
@@ -20,13 +28,16 @@ class StatusArea : public QFrame
 public:
     explicit StatusArea(QWidget* pParent);
 
-    // Shows a notice; the last hundred are kept. Cheap enough to be called for each of many changes.
-    void ShowNotice(const QString& strText);
+    // Shows a notice for a while; the last hundred are kept. Cheap enough to be called for each of many changes. One
+    // about something that has an end goes with it: strAbout names it.
+    void ShowNotice(const QString& strText, const QString& strAbout = QString());
+    void EndNotice(const QString& strAbout);
     const QStringList& Notices() const { return m_lstNotices; }
 
     // Drops all notices: they are in the language of their time.
     void ForgetNotices();
 
+    void SetCounts(const StatusCounts& counts);
     void SetState(const DeviceState& state);
 
     // The hardware as HardwareChoice has it; a real one's modem.
@@ -52,6 +63,7 @@ signals:
     void showFindingsRequested();
 
 private slots:
+    void OnNoticeOver();
     void OnHistory();
     void OnProblems();
 
@@ -61,10 +73,14 @@ private:
     QString networkText() const;
 
     QStringList m_lstNotices; // the latest first
+    QString m_strAbout;       // what the one that is shown is about
+    QTimer m_noticeTime;      // runs while one is shown
+    StatusCounts m_counts;
     ProblemList m_problems;
     DeviceState m_state;
     QString m_strHardware;
     ModemStatus m_modem;
+    QLabel* m_pCounts;
     QToolButton* m_pNotice;
     QLabel* m_pHardware;
     QLabel* m_pDevice;

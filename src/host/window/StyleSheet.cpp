@@ -49,32 +49,33 @@ const char* const BARS =
     "#linkhand_StatusArea QToolButton:focus { border-color: %accent%; color: %text%; }";
 
 const char* const LETTERS =
-    "#linkhand_DevicePanel_title, #linkhand_Messages_title, #linkhand_Calls_title, #linkhand_Care_title"
+    "#linkhand_DevicePanel_title, #linkhand_Messages_title, #linkhand_Calls_title, #linkhand_Care_title, "
+    "#linkhand_Preferences_title, #linkhand_About_name"
     " { font-size: %title%px;"
     " font-weight: bold; }"
     "#linkhand_DevicePanel_hint, #linkhand_Messages_hint, #linkhand_Calls_hint, #linkhand_Care_bin_hint, "
     "#linkhand_Care_backups_hint, #linkhand_Care_duplicates_hint, #linkhand_Care_check_hint, "
-    "#linkhand_Care_details_hint, #linkhand_Care_import_hint"
+    "#linkhand_Care_details_hint, #linkhand_Care_import_hint, #linkhand_Preferences_hint"
     " { color: %quiet%; }"
     "#linkhand_Page_failure { color: %quiet%; font-size: %title%px; }"
     "#VoiceCallPlugin_labelNumber, #VideoCallPlugin_labelNumber { font-size: %large%px; }"
     "#VoiceCallPlugin_labelState, #VideoCallPlugin_labelState, #SMSUIPlugin_labelLength, #MMSUIPlugin_labelLength"
     " { color: %quiet%; }"
-    "#VoiceCallPlugin_callBox, #VideoCallPlugin_callBox { border: 1px solid %line%; }"
-    // The contact table's rows are 16 pixels high, whatever the user's letters are.
-    "#AddrBookUIPlugin_ContactTable { font-size: 12px; }";
+    "#VoiceCallPlugin_callBox, #VideoCallPlugin_callBox { border: 1px solid %line%; }";
 
 // Lists draw no focus of their own on a row, so that their border tells where the keys go. The number picker's tree
 // gets its name after it was polished, which is too late for a rule by name.
 const char* const LISTS =
     "#AddrBookUIPlugin_TreeWidget, #AddrBookUIPlugin_ContactTable, #AddrBookUIPlugin_labelPreview,"
     " ExtendDialog QTreeView, #linkhand_Messages_list, #linkhand_Messages_preview,"
-    " #linkhand_Problems_list, #VoiceCallPlugin_treeCalls, #ChoosePhoneNumber_TableWidget, CareTable, "
+    " #linkhand_Problems_list, #linkhand_Help_keys, #VoiceCallPlugin_treeCalls, #ChoosePhoneNumber_TableWidget, "
+    "CareTable, "
     "#linkhand_Care_check_found"
     " { border: 1px solid %line%; }"
     "#AddrBookUIPlugin_TreeWidget:focus, #AddrBookUIPlugin_ContactTable:focus, #AddrBookUIPlugin_labelPreview:focus,"
     " ExtendDialog QTreeView:focus, #linkhand_Messages_list:focus,"
-    " #linkhand_Messages_preview:focus, #linkhand_Problems_list:focus, #VoiceCallPlugin_treeCalls:focus,"
+    " #linkhand_Messages_preview:focus, #linkhand_Problems_list:focus, #linkhand_Help_keys:focus, "
+    "#VoiceCallPlugin_treeCalls:focus,"
     " #ChoosePhoneNumber_TableWidget:focus, CareTable:focus, #linkhand_Care_check_found:focus { border: 1px solid "
     "%accent%; }"
     // From right to left Qt places the parts of a splitter one pixel too far to the right, and cuts that border off.

@@ -2,6 +2,7 @@
 
 #include "linkhand/plugin/Codes.h"
 #include "linkhand/plugin/PluginVerification.h"
+#include "notify/ChangeNotices.h"
 #include "notify/NotifyLog.h"
 #include "shared/HostLink.h"
 
@@ -16,6 +17,28 @@ QString logLine(const char* pszKind, unsigned int uiMsg, unsigned int uiParam1, 
     return QString::fromLatin1("%1 %2 %3 %4").arg(QLatin1String(pszKind)).arg(uiMsg).arg(uiParam1).arg(uiParam2);
 }
 
+// What a change of contacts is told as.
+struct ChangeTexts {
+    unsigned int uiMsg;
+    const char* pszNamed;
+    const char* pszNameless;
+    const char* pszSeveral;
+};
+
+const ChangeTexts* textsOf(unsigned int uiMsg)
+{
+    static const ChangeTexts texts[] = {
+        {PHONEBOOK_CONTACT_ADDED, "IDS_NAMED_ADDED", "IDS_CONTACT_ADDED", "IDS_SEVERAL_ADDED"},
+        {PHONEBOOK_CONTACT_CHANGED, "IDS_NAMED_CHANGED", "IDS_CONTACT_CHANGED", "IDS_SEVERAL_CHANGED"},
+        {PHONEBOOK_CONTACT_DELETED, "IDS_NAMED_DELETED", "IDS_CONTACT_DELETED", "IDS_SEVERAL_DELETED"}};
+    for (const ChangeTexts& entry : texts) {
+        if (entry.uiMsg == uiMsg) {
+            return &entry;
+        }
+    }
+    return nullptr;
+}
+
 } // namespace
 
 NotifyPlugin::NotifyPlugin() : Sibling<IBasePlugin>(LINKHAND_NOTIFY_NAME, LINKHAND_NOTIFY_ID, LINKHAND_NOTIFY_KIND) {}
@@ -26,11 +49,15 @@ bool NotifyPlugin::Init()
 {
     HostLink* pLink = HostLink::Instance();
     m_pLog.reset(new NotifyLog(pLink == nullptr ? QString() : pLink->LogFolder()));
+    m_pChanges.reset(new ChangeNotices);
+    connect(m_pChanges.data(), SIGNAL(due(unsigned int, bool, QString)), this,
+            SLOT(OnChange(unsigned int, bool, QString)));
     return true;
 }
 
 void NotifyPlugin::OnDestroy()
 {
+    m_pChanges.reset();
     m_pLog.reset();
 }
 
@@ -51,13 +78,18 @@ void NotifyPlugin::Push(unsigned int uiMsg, unsigned int uiParam1, unsigned int 
     if (m_pLog) {
         m_pLog->Append(logLine("push", uiMsg, uiParam1, uiParam2));
     }
-    const char* const pszId = uiMsg == PHONEBOOK_CONTACT_ADDED     ? "IDS_CONTACT_ADDED"
-                              : uiMsg == PHONEBOOK_CONTACT_CHANGED ? "IDS_CONTACT_CHANGED"
-                              : uiMsg == PHONEBOOK_CONTACT_DELETED ? "IDS_CONTACT_DELETED"
-                                                                   : nullptr;
-    if (pszId != nullptr) {
-        // A number that did not fit came as 0.
-        show(uiParam2 == 0 ? text(pszId) : text(pszId) + QLatin1String(": ") + QString::number(uiParam2));
+    if (m_pChanges && textsOf(uiMsg) != nullptr) {
+        m_pChanges->Note(uiMsg, uiParam1, uiParam2);
+    }
+}
+
+void NotifyPlugin::OnChange(unsigned int uiMsg, bool bSeveral, const QString& strName)
+{
+    const ChangeTexts& texts = *textsOf(uiMsg);
+    if (bSeveral) {
+        show(text(texts.pszSeveral));
+    } else {
+        show(strName.isEmpty() ? text(texts.pszNameless) : text(texts.pszNamed).arg(strName));
     }
 }
 

@@ -119,7 +119,7 @@ bool TestDesktopContacts::selectAllRows(int iRows)
 bool TestDesktopContacts::confirmDelete()
 {
     m_pHost->Key("Delete");
-    if (!m_pHost->WaitFor(BOX) || !m_pHost->Text(BOX).contains("cannot be undone") ||
+    if (!m_pHost->WaitFor(BOX) || !m_pHost->Text(BOX).contains("stays in the bin") ||
         !focused("linkhand_MessageBox/QPushButton[1]")) {
         return false;
     }

@@ -1,0 +1,48 @@
+#include "window/SearchKeys.h"
+
+#include <QAbstractButton>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QTableWidget>
+
+#include "window/PhonebookParts.h"
+
+SearchKeys::SearchKeys(QWidget& page) : m_page(page)
+{
+    if (QLineEdit* const pSearch = PhonebookParts::Search(m_page)) {
+        pSearch->installEventFilter(this);
+    }
+}
+
+bool SearchKeys::eventFilter(QObject* pObject, QEvent* pEvent)
+{
+    if (pEvent->type() == QEvent::KeyPress || pEvent->type() == QEvent::ShortcutOverride) {
+        const QKeyEvent* const pKey = static_cast<QKeyEvent*>(pEvent);
+        if (pKey->key() == Qt::Key_Escape && pKey->modifiers() == Qt::NoModifier) {
+            pEvent->accept();
+            if (pEvent->type() == QEvent::KeyPress) {
+                escape();
+            }
+            return true;
+        }
+    }
+    return QObject::eventFilter(pObject, pEvent);
+}
+
+void SearchKeys::escape()
+{
+    QLineEdit* const pSearch = PhonebookParts::Search(m_page);
+    if (!pSearch->text().isEmpty()) {
+        pSearch->selectAll();
+        pSearch->del(); // clear() would not count as an edit
+        return;
+    }
+    if (QAbstractButton* const pButton = PhonebookParts::SearchButton(m_page)) {
+        pButton->click();
+    }
+    // What was found is what the user goes on with.
+    QTableWidget* const pTable = PhonebookParts::Table(m_page);
+    if (pTable != nullptr && !pSearch->isVisible()) {
+        pTable->setFocus(Qt::OtherFocusReason);
+    }
+}
