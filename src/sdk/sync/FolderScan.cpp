@@ -26,17 +26,45 @@ FolderScan::FolderScan(const VdirFolder& folder, std::vector<SyncLink> links, Sy
     : m_folder(folder), m_report(report)
 {
     m_links.reserve(links.size());
+    m_byFile.reserve(links.size());
     for (SyncLink& link : links) {
-        const int index = static_cast<int>(m_links.size());
-        m_byFile.emplace(link.file, index);
-        if (!link.uid.empty())
-            m_byUid.emplace(link.uid, index);
         m_links.emplace_back();
         m_links.back().link = std::move(link);
+        m_byFile.emplace(m_links.back().link.file, static_cast<int>(m_links.size()) - 1);
     }
-    for (const VdirEntry& entry : folder.list())
-        look(entry);
-    // First those whose file has kept its name, so that a copy of one does not take its place.
+    std::vector<VdirEntry> others;
+    for (VdirEntry& entry : folder.list())
+        if (!takeUnread(entry))
+            others.push_back(std::move(entry));
+    std::sort(others.begin(), others.end(), [](const VdirEntry& a, const VdirEntry& b) { return a.name < b.name; });
+    for (VdirEntry& entry : others)
+        look(std::move(entry));
+    if (!m_fresh.empty())
+        settleFresh();
+}
+
+// Most files are as they were.
+bool FolderScan::takeUnread(VdirEntry& entry)
+{
+    if (entry.left != nullptr || entry.look.empty())
+        return false;
+    const auto known = m_byFile.find(entry.name);
+    if (known == m_byFile.end())
+        return false;
+    ScannedLink& link = m_links[static_cast<std::size_t>(known->second)];
+    if (entry.look != link.link.look)
+        return false;
+    link.card.emplace();
+    link.card->entry = std::move(entry);
+    return true;
+}
+
+// First those whose file has kept its name, so that a copy of one does not take its place.
+void FolderScan::settleFresh()
+{
+    for (std::size_t i = 0; i < m_links.size(); ++i)
+        if (!m_links[i].link.uid.empty())
+            m_byUid.emplace(m_links[i].link.uid, static_cast<int>(i));
     for (Fresh& fresh : m_fresh) {
         ScannedLink* const link = fresh.link < 0 ? nullptr : &m_links[static_cast<std::size_t>(fresh.link)];
         if (link == nullptr || !isFor(*link, fresh.card))
@@ -61,7 +89,7 @@ void FolderScan::leave(const std::string& file, const char* why)
         m_links[static_cast<std::size_t>(known->second)].unknown = true;
 }
 
-void FolderScan::look(const VdirEntry& entry)
+void FolderScan::look(VdirEntry entry)
 {
     if (entry.left != nullptr) {
         leave(entry.name, entry.left);
@@ -69,21 +97,16 @@ void FolderScan::look(const VdirEntry& entry)
     }
     const auto known = m_byFile.find(entry.name);
     ScannedLink* const link = known == m_byFile.end() ? nullptr : &m_links[static_cast<std::size_t>(known->second)];
-    ScannedCard card;
-    card.entry = entry;
-    if (link != nullptr && !entry.look.empty() && entry.look == link->link.look) {
-        card.digest = link->link.remote;
-        card.uid = link->link.uid;
-        attach(*link, std::move(card));
-        return;
-    }
     const std::optional<std::string> octets = m_folder.read(entry.name);
     if (!octets) {
         if (m_folder.has(entry.name))
             leave(entry.name, "it cannot be read");
         return;
     }
+    ScannedCard card;
     card.digest = sha256Of(*octets);
+    const std::string& name = card.entry.name;
+    card.entry = std::move(entry);
     if (link != nullptr && card.digest == link->link.remote) {
         card.uid = link->link.uid;
         attach(*link, std::move(card));
@@ -91,16 +114,16 @@ void FolderScan::look(const VdirEntry& entry)
     }
     std::optional<Card> found = onlyCard(*octets);
     if (!found) {
-        leave(entry.name, "it does not hold one vCard");
+        leave(name, "it does not hold one vCard");
         return;
     }
     if (isGroupCard(*found)) {
-        m_groups.add(entry.name, *octets, std::move(*found));
+        m_groups.add(name, *octets, std::move(*found));
         return;
     }
     const CardView view = viewOf(*found);
     if (link == nullptr && view.empty()) {
-        leave(entry.name, "it has nothing that a field is meant for");
+        leave(name, "it has nothing that a field is meant for");
         return;
     }
     card.uid = uidOf(*found);

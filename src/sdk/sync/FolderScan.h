@@ -3,6 +3,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -28,6 +29,15 @@ struct ScannedLink {
     std::optional<ScannedCard> card;
     bool changed = false; // its octets
     bool unknown = false; // it is there, but cannot be read
+
+    // Of a card that needed no reading the link knows what else is to be known.
+    void complete()
+    {
+        if (card && card->digest.empty()) {
+            card->digest = link.remote;
+            card->uid = link.uid;
+        }
+    }
 };
 
 // One look at a folder: who of those known is in it, and who else is.
@@ -46,7 +56,9 @@ private:
         int link = -1; // the one whose file had that name
     };
 
-    void look(const VdirEntry& entry);
+    bool takeUnread(VdirEntry& entry);
+    void look(VdirEntry entry);
+    void settleFresh();
     void settle(Fresh& fresh);
     bool isFor(const ScannedLink& link, const ScannedCard& card) const;
     void attach(ScannedLink& link, ScannedCard card);
@@ -55,8 +67,8 @@ private:
     const VdirFolder& m_folder;
     SyncReport& m_report;
     std::vector<ScannedLink> m_links;
-    std::unordered_map<std::string, int> m_byFile;
-    std::unordered_map<std::string, int> m_byUid;
+    std::unordered_map<std::string_view, int> m_byFile;
+    std::unordered_map<std::string, int> m_byUid; // once it is needed
     std::vector<Fresh> m_fresh;
     std::vector<ScannedCard> m_strangers;
     GroupCards m_groups;

@@ -21,6 +21,8 @@ public:
     // The groups' paths.
     const std::vector<std::string>& paths() const { return m_paths; }
 
+    bool isEmpty() const { return m_byUid.empty(); }
+
     // The groups that a contact is in by their cards, sorted.
     std::vector<std::string> of(const std::string& uid) const;
 

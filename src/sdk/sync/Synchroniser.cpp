@@ -70,7 +70,6 @@ void Synchroniser::openFolder()
     }
     if (known != m_identifier)
         m_store.rememberSyncFolder(m_identifier, m_path);
-    m_folder->removeHalves();
 }
 
 SyncReport Synchroniser::run()
@@ -140,6 +139,7 @@ void Synchroniser::settleGone(FolderScan& scan, ScannedLink& link)
         add(scan, std::move(task));
         return;
     }
+    link.complete();
     if (!link.link.hasCard || link.link.doubtful) {
         addHere(scan, *link.card, link.link.record);
         return;
@@ -205,11 +205,13 @@ void Synchroniser::settleAbsent(FolderScan& scan, ScannedLink& link)
 void Synchroniser::settleBoth(FolderScan& scan, ScannedLink& link)
 {
     const bool looked = link.link.touched || link.link.doubtful;
-    const bool moved = scan.groups().of(link.link.uid) != heldGroups(link.link.groups);
+    const bool grouped = !scan.groups().isEmpty() || link.link.groups.find('\t') != std::string::npos;
+    const bool moved = grouped && scan.groups().of(link.link.uid) != heldGroups(link.link.groups);
     if (link.link.hasCard && !link.changed && !looked && !moved) {
         noteLook(link, std::string());
         return;
     }
+    link.complete();
     const std::optional<SyncContent> content = m_store.syncContent(link.link.record);
     if (!content) {
         m_again = true;
@@ -247,7 +249,12 @@ void Synchroniser::settleStrangers(FolderScan& scan)
     std::vector<SyncLink> records;
     std::vector<SyncContent> contents;
     std::vector<Unpaired> here;
-    for (SyncLink& record : m_store.recordsWithoutLink(m_identifier)) {
+    const auto present = std::count_if(scan.links().begin(), scan.links().end(), [](const ScannedLink& link) {
+        return link.link.record != 0 && !link.link.gone;
+    });
+    // Mostly everybody has one, and nobody has to be looked for.
+    const bool all = present == m_store.size();
+    for (SyncLink& record : all ? std::vector<SyncLink>() : m_store.recordsWithoutLink(m_identifier)) {
         std::optional<SyncContent> content = m_store.syncContent(record.record);
         if (!content || takeBack(scan, record, *content))
             continue;
@@ -288,6 +295,7 @@ bool Synchroniser::takeBack(FolderScan& scan, const SyncLink& record, const Sync
     for (ScannedLink& link : scan.links()) {
         if (!link.link.gone || !link.card || link.unknown || link.link.local != digest || link.link.record == 0)
             continue;
+        link.complete();
         const int was = std::exchange(link.link.record, 0);
         SyncLink taken = link.link;
         taken.record = record.record;

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <charconv>
 #include <cstdio>
 #include <cstring>
 #include <ctime>
@@ -79,6 +80,19 @@ OpenFolder openNames(int folder)
     return OpenFolder(copy < 0 ? nullptr : ::fdopendir(copy));
 }
 
+// Its times, length and place.
+std::string lookOf(const struct stat& state)
+{
+    char text[96];
+    char* at = text;
+    for (const long long number : {nanoseconds(state.st_mtim), nanoseconds(state.st_ctim),
+                                   static_cast<long long>(state.st_size), static_cast<long long>(state.st_ino)}) {
+        at = std::to_chars(at, text + sizeof text, number).ptr;
+        *at++ = ' ';
+    }
+    return std::string(text, at - 1);
+}
+
 VdirEntry entryOf(const std::string& name, const struct stat& state, long long now)
 {
     VdirEntry entry;
@@ -93,8 +107,7 @@ VdirEntry entryOf(const std::string& name, const struct stat& state, long long n
     const long long written = std::max(nanoseconds(state.st_mtim), nanoseconds(state.st_ctim));
     const long long sure = state.st_ctim.tv_nsec == 0 ? sureAfterWholeSeconds : sureAfter;
     if (written + sure < now)
-        entry.look = std::to_string(nanoseconds(state.st_mtim)) + ' ' + std::to_string(nanoseconds(state.st_ctim)) +
-                     ' ' + std::to_string(state.st_size) + ' ' + std::to_string(state.st_ino);
+        entry.look = lookOf(state);
     return entry;
 }
 
@@ -134,6 +147,10 @@ std::vector<VdirEntry> VdirFolder::list() const
     while (const dirent* const found = ::readdir(folder.get())) {
         struct stat state = {};
         const std::string name = found->d_name;
+        if (m_marker >= 0 && name.compare(0, sizeof halfName - 1, halfName) == 0) {
+            ::unlinkat(m_folder, found->d_name, 0);
+            errno = 0;
+        }
         if (!isCardName(name))
             continue;
         // One that nothing can be told of is there all the same.
@@ -146,7 +163,6 @@ std::vector<VdirEntry> VdirFolder::list() const
     // Half a list would look like deletions.
     if (errno != 0)
         failFile("reading", "the folder");
-    std::sort(entries.begin(), entries.end(), [](const VdirEntry& a, const VdirEntry& b) { return a.name < b.name; });
     return entries;
 }
 
@@ -203,14 +219,6 @@ bool VdirFolder::has(const std::string& name) const
 {
     struct stat state = {};
     return ::fstatat(m_folder, name.c_str(), &state, AT_SYMLINK_NOFOLLOW) == 0;
-}
-
-void VdirFolder::removeHalves() const
-{
-    const OpenFolder folder = openNames(m_folder);
-    while (const dirent* const found = folder ? ::readdir(folder.get()) : nullptr)
-        if (std::strncmp(found->d_name, halfName, sizeof halfName - 1) == 0)
-            ::unlinkat(m_folder, found->d_name, 0);
 }
 
 void VdirFolder::sync() const

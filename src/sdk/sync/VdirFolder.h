@@ -32,7 +32,8 @@ public:
     VdirFolder(const VdirFolder&) = delete;
     VdirFolder& operator=(const VdirFolder&) = delete;
 
-    // Those whose name ends in ".vcf", in the order of their names.
+    // Those whose name ends in ".vcf", in no order. What a sync left that was broken off goes, where the marker is
+    // locked.
     std::vector<VdirEntry> list() const;
     std::optional<VdirEntry> entry(const std::string& name) const;
 
@@ -44,8 +45,7 @@ public:
     void remove(const std::string& name) const;
     bool has(const std::string& name) const;
 
-    // Removes what a write that was broken off has left, and brings names to disk.
-    void removeHalves() const;
+    // Brings names to disk.
     void sync() const;
 
     // The identifier that the folder is told by, in a file of its own that stays locked while this object lives; empty

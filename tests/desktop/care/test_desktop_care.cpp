@@ -53,6 +53,7 @@ private:
     void restoreFromTheBin();
     void goBackToABackup();
     void mergeAPair();
+    void synchroniseWithAFolder();
 
     QScopedPointer<QTemporaryDir> m_pFolder;
     QScopedPointer<PbCtl> m_pStore;
@@ -96,11 +97,39 @@ void TestDesktopCare::eachSectionIsUsedByKeys()
     QVERIFY(HostDriver::WaitUntil(
         [&] { return m_pHost->Text("linkhand_Care_check_found").startsWith("The store is sound. Contacts: 3"); }));
     m_pHost->Screenshot("care-check.png");
+    synchroniseWithAFolder();
     // What was done there shows on the other page without a restart.
     m_pHost->Key("alt+1");
     QVERIFY(rowComes(TABLE, "Ada"));
     QVERIFY(rowComes(TABLE, "Bo"));
     QVERIFY(HostDriver::WaitUntil([&] { return m_pHost->Rows(TABLE) == 3; }));
+}
+
+void TestDesktopCare::synchroniseWithAFolder()
+{
+    const auto shows = [this](const QString& strText) {
+        return HostDriver::WaitUntil([&] { return m_pHost->Text("linkhand_Care_sync_last").contains(strText); });
+    };
+    QVERIFY(backToTabs());
+    m_pHost->Key("Right");
+    m_pHost->Key("Right");
+    QVERIFY(shows("Nothing is set up yet."));
+    QVERIFY(tabTo("linkhand_Care_sync_kind"));
+    m_pHost->Key("Down");
+    QVERIFY(m_pHost->WaitFor("linkhand_Care_sync_folder"));
+    QVERIFY(tabTo("linkhand_Care_sync_folder"));
+    m_pHost->Type(m_pFolder->filePath("cards"));
+    QVERIFY(tabTo("linkhand_Care_sync_setup"));
+    m_pHost->Key("space");
+    QVERIFY(told("Set up."));
+    QVERIFY(shows("There has been no sync yet."));
+    QVERIFY(HostDriver::WaitUntil([this] { return m_pHost->Widget("linkhand_Care_sync_now").bEnabled; }));
+    QVERIFY(tabTo("linkhand_Care_sync_now"));
+    m_pHost->Key("space");
+    QVERIFY(told("Both sides are the same now."));
+    QVERIFY(shows("Other side: 3 added, 0 changed, 0 deleted"));
+    m_pHost->Screenshot("care-sync.png");
+    QCOMPARE(QDir(m_pFolder->filePath("cards")).entryList(QStringList("*.vcf")).size(), 3);
 }
 
 void TestDesktopCare::restoreFromTheBin()

@@ -4,10 +4,12 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDialog>
 #include <QTextBrowser>
 
 #include "CareSetup.h"
 #include "orva/orva_sync.h"
+#include "window/PhonebookHold.h"
 
 namespace
 {
@@ -167,6 +169,23 @@ private slots:
         QTRY_VERIFY(find<QPushButton>("linkhand_Care_cancel")->isVisible());
         click("linkhand_Care_cancel");
         QTRY_COMPARE(told(), QString("Stopped. The next sync makes up for it."));
+    }
+
+    void aSyncDoesNotWaitForItself()
+    {
+        PhonebookHold hold(m_pServices->Workers());
+        openSection(SECTION);
+        setUpFolder();
+        QTRY_COMPARE(told(), QString("Set up."));
+        QTRY_VERIFY(find<QPushButton>("linkhand_Care_sync_now")->isEnabled());
+        QDialog form(m_pWindow.data());
+        form.setModal(true);
+        form.show();
+        form.hide();
+        // Until the next look at who works on the phonebook.
+        QVERIFY(hold.Held());
+        click("linkhand_Care_sync_now");
+        QTRY_COMPARE(told(), QString("Both sides are the same now."));
     }
 
     void theTimerIsSwitched()
