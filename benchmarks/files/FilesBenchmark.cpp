@@ -13,8 +13,11 @@
 #include "base/Unicode.h"
 #include "benchmarks/sdk/BareStore.h"
 #include "benchmarks/support/Bench.h"
+#include "orva/orva_care.h"
 #include "orva/orva_sdk.h"
 #include "orva/orva_sim.h"
+#include "orva/orva_store.h"
+#include "vcard/CardReader.h"
 
 namespace
 {
@@ -111,6 +114,20 @@ void importIntoStore(const std::u16string& path)
     expect(count == contacts, "all rows");
 }
 
+// What the library takes in by itself.
+void takeIn(const std::u16string& path)
+{
+    ORVA_IMPORT_SETTINGS settings = {};
+    void* import = nullptr;
+    ORVA_IMPORT_COUNTS counts = {};
+    long code = ORVA_Care_OpenImport(memory, api(path), &settings, &import);
+    while (code == ORVA_OK)
+        code = ORVA_Care_Import_Step(import, transactionSize);
+    expect(code == ORVA_E_END, "import");
+    expect(ORVA_Care_Import_GetCounts(import, &counts) == ORVA_OK && counts.added == contacts, "all contacts");
+    ORVA_Care_Import_Release(import);
+}
+
 void insertBare(bare::Store& store, const std::vector<bare::Row>& rows)
 {
     int count = 0;
@@ -137,6 +154,18 @@ void parseBare(const std::string& bytes)
     csv_fini(&parser, nullptr, nullptr, nullptr);
     csv_free(&parser);
     expect(counts[1] == contacts + 1, "bare parse");
+}
+
+// The yardstick for cards: the library's own reader over the same bytes, and nothing made of what it reads.
+void parseCards(const std::string& path)
+{
+    std::ifstream in(path, std::ios::binary);
+    orva::CardReader reader(in, orva::CardReport());
+    orva::Card card;
+    int count = 0;
+    while (reader.next(card))
+        ++count;
+    expect(count == contacts, "all cards");
 }
 
 void writeQuoted(std::FILE* out, const char* text)
@@ -187,6 +216,46 @@ std::string load(const std::string& path)
     return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
 }
 
+// An import from the file to the store, with everything that comes between.
+void measureTaking(const std::string& base, const std::vector<bare::Row>& rows, const std::string& bytes,
+                   bare::Store& plain, bench::Table& table)
+{
+    const std::u16string csv = utf16(base + "/contacts.csv");
+    const std::u16string cards = utf16(base + "/contacts.vcf");
+    int round = 0;
+    const auto freshStore = [&] {
+        const std::string folder = base + "/taken" + std::to_string(++round);
+        expect(ORVA_Sim_Reset(folder.c_str()) == ORVA_OK, "reset");
+        expect(ORVA_Sim_SetCapacity(memory, 1000000) == ORVA_OK, "capacity");
+        int size = 0;
+        expect(ORVA_PBSrv_GetSize(memory, &size) == ORVA_OK, "open");
+    };
+    const auto taken = [&](const std::u16string& file, const std::function<void()>& parse) {
+        bench::Best ours;
+        bench::Best bare;
+        for (int i = 0; i < 5; ++i) {
+            bare.add(bench::timeOf([&] {
+                parse();
+                insertBare(plain, rows);
+            }));
+            freshStore();
+            ours.add(bench::timeOf([&] { takeIn(file); }));
+        }
+        return bench::Pair{ours.time(), bare.time()};
+    };
+    const bench::Pair ofRows = taken(csv, [&] { parseBare(bytes); });
+    table.ratio("import of 50,000 rows by the library, its backup included",
+                "the CSV library's bare parse plus a bare prepared insert in transactions of 200", ofRows.ours,
+                ofRows.base, 2.0, bench::By::Processor);
+    const bench::Pair ofCards = taken(cards, [&] { parseCards(base + "/contacts.vcf"); });
+    table.ratio("import of 50,000 cards by the library, its backup included",
+                "the library's bare reading of the cards plus the same insert", ofCards.ours, ofCards.base, 3.0,
+                bench::By::Processor);
+    const bench::Time backup =
+        bench::timeOf([] { expect(ORVA_Store_KeepBackup(memory, ORVA_BACKUP_IMPORT) == ORVA_OK, "backup"); });
+    table.note("a backup before such an import, with 50,000 contacts there", backup.processor * 1e3, "ms");
+}
+
 void measure(const std::string& base, bench::Table& table)
 {
     const std::vector<bare::Row> rows = makeRows();
@@ -200,6 +269,9 @@ void measure(const std::string& base, bench::Table& table)
         expect(ORVA_PBSrv_ExportToFile(api(file), ids.data(), contacts, memory) == ORVA_OK, "export");
     };
     exportAll();
+    expect(ORVA_Care_Export(memory, api(utf16(base + "/contacts.vcf")), ORVA_FORMAT_CARDS, nullptr, 0, nullptr) ==
+               ORVA_OK,
+           "cards");
     const std::string bytes = load(base + "/contacts.csv");
     exportBare(base + "/full/local.db", base + "/bare.csv");
     expect(bytes == load(base + "/bare.csv"), "the same bytes");
@@ -216,6 +288,7 @@ void measure(const std::string& base, bench::Table& table)
     expect(ORVA_Sim_Reset((base + "/target").c_str()) == ORVA_OK, "reset");
     expect(ORVA_Sim_SetCapacity(memory, 1000000) == ORVA_OK, "capacity");
     bare::Store plain(base + "/plain.db", true);
+    measureTaking(base, rows, bytes, plain, table);
     const bench::Pair stored = bench::inTurns(
         5, [&] { importIntoStore(file); }, [&] { insertBare(plain, rows); });
     table.ratio("the same import into the store", "a bare prepared insert of the same rows in transactions of 200",

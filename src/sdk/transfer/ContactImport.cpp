@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "base/NumberText.h"
 #include "base/Text.h"
 #include "base/Unicode.h"
 #include "contactapps/CardFile.h"
@@ -53,6 +52,9 @@ ContactImport::ContactImport(Memory& memory, LocalMemory* local, Settings settin
       m_profile(memory.profile()),
       m_paths(local != nullptr ? std::make_unique<GroupPaths>(local->store()) : nullptr)
 {
+    for (const Field& field : m_profile->fields())
+        m_rules.push_back({isNumberField(field), field.kind == "Name", pausesOf(field),
+                           static_cast<std::size_t>(std::max(field.maxLength, 0))});
 }
 
 void ContactImport::addGroup(const std::string& path)
@@ -242,11 +244,9 @@ void ContactImport::leave(const ImportContact& contact, long code)
 
 bool ContactImport::isNumbersRefused(const ImportContact& contact) const
 {
-    for (std::size_t i = 0; i < contact.values.size(); ++i) {
-        const Field& field = m_profile->fields()[i];
-        if (isNumberField(field) && !isPlainNumber(contact.values[i], pausesOf(field)))
+    for (std::size_t i = 0; i < contact.values.size(); ++i)
+        if (m_rules[i].number && !isPlainNumber(contact.values[i], m_rules[i].pauses))
             return true;
-    }
     return false;
 }
 
@@ -256,10 +256,10 @@ void ContactImport::fitNames(ImportContact& contact)
     for (std::size_t i = 0; i < contact.values.size(); ++i) {
         const Field& field = m_profile->fields()[i];
         std::u16string& name = contact.values[i];
-        if (field.kind != "Name" || m_memory.lengthOf(field, name) <= field.maxLength)
+        if (!m_rules[i].name || m_memory.lengthOf(field, name) <= field.maxLength)
             continue;
         // No text counts less than its units.
-        name.resize(cutLength(name, static_cast<std::size_t>(std::max(field.maxLength, 0))));
+        name.resize(cutLength(name, m_rules[i].room));
         while (!name.empty() && m_memory.lengthOf(field, name) > field.maxLength)
             name.resize(cutLength(name, name.size() - 1));
         contact.findings.emplace_back(ORVA_FINDING_NAME_CUT, m_source->titleOf(i));
@@ -270,11 +270,9 @@ void ContactImport::fitNames(ImportContact& contact)
 std::vector<std::size_t> ContactImport::tooLong(const ImportContact& contact) const
 {
     std::vector<std::size_t> found;
-    for (std::size_t i = 0; i < contact.values.size(); ++i) {
-        const Field& field = m_profile->fields()[i];
-        if (contact.values[i].size() > static_cast<std::size_t>(std::max(field.maxLength, 0)) && field.kind != "Name")
+    for (std::size_t i = 0; i < contact.values.size(); ++i)
+        if (contact.values[i].size() > m_rules[i].room && !m_rules[i].name)
             found.push_back(i);
-    }
     return found;
 }
 
@@ -320,11 +318,9 @@ void ContactImport::tell(const ImportContact& contact, int outcome, int id)
     told.outcome = outcome;
     told.record = id;
     for (std::size_t i = 0; i < contact.values.size(); ++i) {
-        const Field& field = m_profile->fields()[i];
-        if (told.name.empty() && !isNumberField(field))
-            told.name = contact.values[i];
-        else if (told.number.empty() && isNumberField(field))
-            told.number = contact.values[i];
+        std::u16string& shown = m_rules[i].number ? told.number : told.name;
+        if (shown.empty())
+            shown = contact.values[i];
     }
 }
 

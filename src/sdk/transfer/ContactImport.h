@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "base/Finding.h"
+#include "base/NumberText.h"
 #include "orva/orva_care.h"
 #include "transfer/ContactSource.h"
 #include "transfer/GroupPaths.h"
@@ -76,11 +77,20 @@ private:
     void wrote();
     void end();
 
+    // What of a field is asked for each contact.
+    struct FieldRule {
+        bool number;
+        bool name;
+        Pauses pauses;    // in a number
+        std::size_t room; // units
+    };
+
     Memory& m_memory;
     LocalMemory* const m_local;
     const Settings m_settings;
     const FindingReport m_report;
     const std::shared_ptr<const Profile> m_profile;
+    std::vector<FieldRule> m_rules; // of the profile's fields
     std::unique_ptr<KnownContacts> m_known;
     std::unique_ptr<ContactSource> m_source;
     std::unique_ptr<GroupPaths> m_paths;
