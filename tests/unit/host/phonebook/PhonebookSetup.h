@@ -87,7 +87,9 @@ protected:
         m_pWindow->ShowPage(LINKHAND_ADDRBOOK_NAME);
         m_pAids.reset(new PhonebookAids(page(), m_pServices->Workers(), m_pWindow->Status(), *m_pSettings));
         QSignalSpy restored(&m_pAids->Layout(), SIGNAL(restored()));
+        QSignalSpy moved(PhonebookParts::MainSplitter(page()), SIGNAL(splitterMoved(int, int)));
         QVERIFY(restored.wait());
+        m_iMoved = moved.count();
         QVERIFY(QTest::qWaitForWindowExposed(m_pWindow.data()));
     }
 
@@ -128,6 +130,7 @@ protected:
     }
 
     QTemporaryDir m_folder;
+    int m_iMoved = 0; // how often the main splitter told of a hand at the last start
     QScopedPointer<Services> m_pServices;
     QScopedPointer<HostSettings> m_pSettings;
     QScopedPointer<MessageStore> m_pMessages;

@@ -170,8 +170,7 @@ void TestHostAids::columnsAndSplittersComeBack()
     QCOMPARE(table()->columnWidth(3), 77);
     QCOMPARE(PhonebookParts::MainSplitter(page())->sizes(), listMain);
     QCOMPARE(PhonebookParts::PreviewSplitter(page())->sizes(), listPreview);
-    // The tree has followed its splitter, as under a hand.
-    QVERIFY(tree()->columnWidth(0) > 250);
+    QCOMPARE(m_iMoved, 1);
     // And the table keeps them from node to node.
     tree()->topLevelItem(0)->setExpanded(true);
     tree()->setCurrentItem(group());
