@@ -812,6 +812,14 @@
         <translation>جهاز مُحاكى</translation>
     </message>
     <message>
+        <source>IDS_HOST_DISCARD</source>
+        <translation>تجاهل</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FORWARD</source>
+        <translation>إعادة توجيه</translation>
+    </message>
+    <message>
         <source>IDS_HOST_HARDWARE</source>
         <translation>العتاد:</translation>
     </message>
@@ -912,6 +920,10 @@
         <translation>الانتقال إلى الجزء التالي أو السابق</translation>
     </message>
     <message>
+        <source>IDS_HOST_KEEP_DRAFT</source>
+        <translation>حفظ كمسودة</translation>
+    </message>
+    <message>
         <source>IDS_HOST_KIND_MMS</source>
         <translation>MMS</translation>
     </message>
@@ -994,6 +1006,10 @@
     <message>
         <source>IDS_HOST_NOTICES_TIP</source>
         <translation>عرض آخر الإشعارات</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_OPEN</source>
+        <translation>فتح</translation>
     </message>
     <message>
         <source>IDS_HOST_OUTBOX</source>
@@ -1222,6 +1238,18 @@
     <message>
         <source>IDS_HOST_PROBLEMS</source>
         <translation>المشكلات</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_REPLY</source>
+        <translation>رد …</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_SEARCH_MESSAGES</source>
+        <translation>البحث في الرسائل</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_SEND_AGAIN</source>
+        <translation>إرسال مرة أخرى …</translation>
     </message>
     <message>
         <source>IDS_HOST_STATUS_CHANGED</source>
@@ -2213,28 +2241,72 @@
 <context>
     <name>SMSUIPlugin</name>
     <message>
+        <source>IDS_ADD</source>
+        <translation>إضافة</translation>
+    </message>
+    <message>
         <source>IDS_ADD_RECIPIENTS</source>
         <translation>إضافة مستلمين…</translation>
     </message>
     <message>
         <source>IDS_BAD_NUMBER</source>
-        <translation>أحد المستلمين ليس رقم هاتف.</translation>
+        <translation>«%1» ليس رقم هاتف: يتكون الرقم من أرقام وعلامة + قبلها و * و # فقط.</translation>
+    </message>
+    <message>
+        <source>IDS_BAD_NUMBER_NAME</source>
+        <translation>«%1» ليس رقم هاتف. اختر جهة الاتصال من القائمة التي تظهر أثناء الكتابة.</translation>
+    </message>
+    <message>
+        <source>IDS_BY_NAME</source>
+        <translation>حسب الاسم …</translation>
+    </message>
+    <message>
+        <source>IDS_BY_NAME_TITLE</source>
+        <translation>المستلمون حسب الاسم</translation>
     </message>
     <message>
         <source>IDS_CLOSE</source>
         <translation>إغلاق</translation>
     </message>
     <message>
+        <source>IDS_CLOSE_QUESTION</source>
+        <translation>لم تُرسل الرسالة. ماذا تريد أن تفعل بها؟</translation>
+    </message>
+    <message>
+        <source>IDS_COLUMN_NAME</source>
+        <translation>الاسم</translation>
+    </message>
+    <message>
+        <source>IDS_COLUMN_NUMBER</source>
+        <translation>الرقم</translation>
+    </message>
+    <message>
+        <source>IDS_DRAFT_KEPT</source>
+        <translation>حُفظت الرسالة القصيرة كمسودة</translation>
+    </message>
+    <message>
         <source>IDS_IN_OUTBOX</source>
         <translation>وُضعت رسالة SMS في صندوق الصادر، عدد المستلمين: %1</translation>
+    </message>
+    <message>
+        <source>IDS_KEEP_FAILED</source>
+        <translation>تعذر حفظ المسودة.</translation>
     </message>
     <message>
         <source>IDS_LENGTH</source>
         <translation>الأحرف: %1، الرسائل: %2</translation>
     </message>
     <message>
+        <source>IDS_LENGTH_TOTAL</source>
+        <translation>إلى %1 من المستلمين: المجموع %2</translation>
+    </message>
+    <message>
         <source>IDS_SAVE_NUMBER</source>
         <translation>حفظ الرقم…</translation>
+    </message>
+    <message>
+        <source>IDS_SEARCH</source>
+        <translation>بحث</translation>
     </message>
     <message>
         <source>IDS_SEND</source>
@@ -2272,16 +2344,48 @@
 <context>
     <name>MMSUIPlugin</name>
     <message>
+        <source>IDS_ADD</source>
+        <translation>إضافة</translation>
+    </message>
+    <message>
         <source>IDS_ADD_RECIPIENTS</source>
         <translation>إضافة مستلمين…</translation>
     </message>
     <message>
         <source>IDS_BAD_NUMBER</source>
-        <translation>أحد المستلمين ليس رقم هاتف.</translation>
+        <translation>«%1» ليس رقم هاتف: يتكون الرقم من أرقام وعلامة + قبلها و * و # فقط.</translation>
+    </message>
+    <message>
+        <source>IDS_BAD_NUMBER_NAME</source>
+        <translation>«%1» ليس رقم هاتف. اختر جهة الاتصال من القائمة التي تظهر أثناء الكتابة.</translation>
+    </message>
+    <message>
+        <source>IDS_BY_NAME</source>
+        <translation>حسب الاسم …</translation>
+    </message>
+    <message>
+        <source>IDS_BY_NAME_TITLE</source>
+        <translation>المستلمون حسب الاسم</translation>
     </message>
     <message>
         <source>IDS_CLOSE</source>
         <translation>إغلاق</translation>
+    </message>
+    <message>
+        <source>IDS_CLOSE_QUESTION</source>
+        <translation>لم تُرسل الرسالة. ماذا تريد أن تفعل بها؟</translation>
+    </message>
+    <message>
+        <source>IDS_COLUMN_NAME</source>
+        <translation>الاسم</translation>
+    </message>
+    <message>
+        <source>IDS_COLUMN_NUMBER</source>
+        <translation>الرقم</translation>
+    </message>
+    <message>
+        <source>IDS_DRAFT_KEPT</source>
+        <translation>حُفظت رسالة الوسائط كمسودة</translation>
     </message>
     <message>
         <source>IDS_IN_OUTBOX</source>
@@ -2292,12 +2396,20 @@
         <translation>حفظ كمسودة</translation>
     </message>
     <message>
+        <source>IDS_KEEP_FAILED</source>
+        <translation>تعذر حفظ المسودة.</translation>
+    </message>
+    <message>
         <source>IDS_NO_ROAD</source>
         <translation>لا يمكن إرسال رسائل الوسائط عبر ModemManager.</translation>
     </message>
     <message>
         <source>IDS_SAVE_NUMBER</source>
         <translation>حفظ الرقم…</translation>
+    </message>
+    <message>
+        <source>IDS_SEARCH</source>
+        <translation>بحث</translation>
     </message>
     <message>
         <source>IDS_SEND</source>
@@ -2481,6 +2593,10 @@
     <message>
         <source>IDS_SAVE_NUMBER</source>
         <translation>حفظ الرقم…</translation>
+    </message>
+    <message>
+        <source>IDS_SEARCH</source>
+        <translation>البحث في المكالمات</translation>
     </message>
     <message>
         <source>IDS_TITLE</source>

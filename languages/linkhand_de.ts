@@ -812,6 +812,14 @@
         <translation>Simuliertes Gerät</translation>
     </message>
     <message>
+        <source>IDS_HOST_DISCARD</source>
+        <translation>Verwerfen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FORWARD</source>
+        <translation>Weiterleiten</translation>
+    </message>
+    <message>
         <source>IDS_HOST_HARDWARE</source>
         <translation>Hardware:</translation>
     </message>
@@ -912,6 +920,10 @@
         <translation>Zum nächsten Teil gehen oder zum vorigen</translation>
     </message>
     <message>
+        <source>IDS_HOST_KEEP_DRAFT</source>
+        <translation>Als Entwurf aufheben</translation>
+    </message>
+    <message>
         <source>IDS_HOST_KIND_MMS</source>
         <translation>MMS</translation>
     </message>
@@ -994,6 +1006,10 @@
     <message>
         <source>IDS_HOST_NOTICES_TIP</source>
         <translation>Die letzten Meldungen anzeigen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_OPEN</source>
+        <translation>Öffnen</translation>
     </message>
     <message>
         <source>IDS_HOST_OUTBOX</source>
@@ -1222,6 +1238,18 @@
     <message>
         <source>IDS_HOST_PROBLEMS</source>
         <translation>Probleme</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_REPLY</source>
+        <translation>Antworten …</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_SEARCH_MESSAGES</source>
+        <translation>Nachrichten durchsuchen</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_SEND_AGAIN</source>
+        <translation>Erneut senden …</translation>
     </message>
     <message>
         <source>IDS_HOST_STATUS_CHANGED</source>
@@ -2213,28 +2241,72 @@ Das heißt nicht, dass sie weg sind.</translation>
 <context>
     <name>SMSUIPlugin</name>
     <message>
+        <source>IDS_ADD</source>
+        <translation>Hinzufügen</translation>
+    </message>
+    <message>
         <source>IDS_ADD_RECIPIENTS</source>
         <translation>Empfänger hinzufügen …</translation>
     </message>
     <message>
         <source>IDS_BAD_NUMBER</source>
-        <translation>Ein Empfänger ist keine Telefonnummer.</translation>
+        <translation>„%1“ ist keine Telefonnummer: Sie besteht aus Ziffern, einem Plus davor, * und #.</translation>
+    </message>
+    <message>
+        <source>IDS_BAD_NUMBER_NAME</source>
+        <translation>„%1“ ist keine Telefonnummer. Wählen Sie den Kontakt in der Liste, die sich beim Tippen öffnet.</translation>
+    </message>
+    <message>
+        <source>IDS_BY_NAME</source>
+        <translation>Nach Namen …</translation>
+    </message>
+    <message>
+        <source>IDS_BY_NAME_TITLE</source>
+        <translation>Empfänger nach Namen</translation>
     </message>
     <message>
         <source>IDS_CLOSE</source>
         <translation>Schließen</translation>
     </message>
     <message>
+        <source>IDS_CLOSE_QUESTION</source>
+        <translation>Die Nachricht wurde nicht gesendet. Was soll mit ihr geschehen?</translation>
+    </message>
+    <message>
+        <source>IDS_COLUMN_NAME</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>IDS_COLUMN_NUMBER</source>
+        <translation>Nummer</translation>
+    </message>
+    <message>
+        <source>IDS_DRAFT_KEPT</source>
+        <translation>SMS als Entwurf aufgehoben</translation>
+    </message>
+    <message>
         <source>IDS_IN_OUTBOX</source>
         <translation>SMS an %1 Empfänger in den Postausgang gelegt</translation>
+    </message>
+    <message>
+        <source>IDS_KEEP_FAILED</source>
+        <translation>Der Entwurf konnte nicht aufgehoben werden.</translation>
     </message>
     <message>
         <source>IDS_LENGTH</source>
         <translation>Zeichen: %1, Nachrichten: %2</translation>
     </message>
     <message>
+        <source>IDS_LENGTH_TOTAL</source>
+        <translation>an %1 Empfänger: zusammen %2</translation>
+    </message>
+    <message>
         <source>IDS_SAVE_NUMBER</source>
         <translation>Nummer speichern …</translation>
+    </message>
+    <message>
+        <source>IDS_SEARCH</source>
+        <translation>Suchen</translation>
     </message>
     <message>
         <source>IDS_SEND</source>
@@ -2272,16 +2344,48 @@ Das heißt nicht, dass sie weg sind.</translation>
 <context>
     <name>MMSUIPlugin</name>
     <message>
+        <source>IDS_ADD</source>
+        <translation>Hinzufügen</translation>
+    </message>
+    <message>
         <source>IDS_ADD_RECIPIENTS</source>
         <translation>Empfänger hinzufügen …</translation>
     </message>
     <message>
         <source>IDS_BAD_NUMBER</source>
-        <translation>Ein Empfänger ist keine Telefonnummer.</translation>
+        <translation>„%1“ ist keine Telefonnummer: Sie besteht aus Ziffern, einem Plus davor, * und #.</translation>
+    </message>
+    <message>
+        <source>IDS_BAD_NUMBER_NAME</source>
+        <translation>„%1“ ist keine Telefonnummer. Wählen Sie den Kontakt in der Liste, die sich beim Tippen öffnet.</translation>
+    </message>
+    <message>
+        <source>IDS_BY_NAME</source>
+        <translation>Nach Namen …</translation>
+    </message>
+    <message>
+        <source>IDS_BY_NAME_TITLE</source>
+        <translation>Empfänger nach Namen</translation>
     </message>
     <message>
         <source>IDS_CLOSE</source>
         <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>IDS_CLOSE_QUESTION</source>
+        <translation>Die Nachricht wurde nicht gesendet. Was soll mit ihr geschehen?</translation>
+    </message>
+    <message>
+        <source>IDS_COLUMN_NAME</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>IDS_COLUMN_NUMBER</source>
+        <translation>Nummer</translation>
+    </message>
+    <message>
+        <source>IDS_DRAFT_KEPT</source>
+        <translation>MMS als Entwurf aufgehoben</translation>
     </message>
     <message>
         <source>IDS_IN_OUTBOX</source>
@@ -2292,12 +2396,20 @@ Das heißt nicht, dass sie weg sind.</translation>
         <translation>Als Entwurf aufheben</translation>
     </message>
     <message>
+        <source>IDS_KEEP_FAILED</source>
+        <translation>Der Entwurf konnte nicht aufgehoben werden.</translation>
+    </message>
+    <message>
         <source>IDS_NO_ROAD</source>
         <translation>Multimedia-Nachrichten lassen sich über ModemManager nicht senden.</translation>
     </message>
     <message>
         <source>IDS_SAVE_NUMBER</source>
         <translation>Nummer speichern …</translation>
+    </message>
+    <message>
+        <source>IDS_SEARCH</source>
+        <translation>Suchen</translation>
     </message>
     <message>
         <source>IDS_SEND</source>
@@ -2481,6 +2593,10 @@ Das heißt nicht, dass sie weg sind.</translation>
     <message>
         <source>IDS_SAVE_NUMBER</source>
         <translation>Nummer speichern …</translation>
+    </message>
+    <message>
+        <source>IDS_SEARCH</source>
+        <translation>Anrufe durchsuchen</translation>
     </message>
     <message>
         <source>IDS_TITLE</source>

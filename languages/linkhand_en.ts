@@ -812,6 +812,14 @@
         <translation>Simulated device</translation>
     </message>
     <message>
+        <source>IDS_HOST_DISCARD</source>
+        <translation>Discard</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FORWARD</source>
+        <translation>Forward</translation>
+    </message>
+    <message>
         <source>IDS_HOST_HARDWARE</source>
         <translation>Hardware:</translation>
     </message>
@@ -912,6 +920,10 @@
         <translation>Go to the next part, or to the one before</translation>
     </message>
     <message>
+        <source>IDS_HOST_KEEP_DRAFT</source>
+        <translation>Keep as draft</translation>
+    </message>
+    <message>
         <source>IDS_HOST_KIND_MMS</source>
         <translation>MMS</translation>
     </message>
@@ -994,6 +1006,10 @@
     <message>
         <source>IDS_HOST_NOTICES_TIP</source>
         <translation>Show the latest notices</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_OPEN</source>
+        <translation>Open</translation>
     </message>
     <message>
         <source>IDS_HOST_OUTBOX</source>
@@ -1222,6 +1238,18 @@
     <message>
         <source>IDS_HOST_PROBLEMS</source>
         <translation>Problems</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_REPLY</source>
+        <translation>Reply …</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_SEARCH_MESSAGES</source>
+        <translation>Search messages</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_SEND_AGAIN</source>
+        <translation>Send again …</translation>
     </message>
     <message>
         <source>IDS_HOST_STATUS_CHANGED</source>
@@ -2213,28 +2241,72 @@ That does not mean that they are gone.</translation>
 <context>
     <name>SMSUIPlugin</name>
     <message>
+        <source>IDS_ADD</source>
+        <translation>Add</translation>
+    </message>
+    <message>
         <source>IDS_ADD_RECIPIENTS</source>
         <translation>Add recipients…</translation>
     </message>
     <message>
         <source>IDS_BAD_NUMBER</source>
-        <translation>A recipient is not a phone number.</translation>
+        <translation>“%1” is no telephone number: it has only digits, a plus sign before them, * and #.</translation>
+    </message>
+    <message>
+        <source>IDS_BAD_NUMBER_NAME</source>
+        <translation>“%1” is no telephone number. Choose the contact in the list that opens while you type.</translation>
+    </message>
+    <message>
+        <source>IDS_BY_NAME</source>
+        <translation>By name …</translation>
+    </message>
+    <message>
+        <source>IDS_BY_NAME_TITLE</source>
+        <translation>Recipients by name</translation>
     </message>
     <message>
         <source>IDS_CLOSE</source>
         <translation>Close</translation>
     </message>
     <message>
+        <source>IDS_CLOSE_QUESTION</source>
+        <translation>The message has not been sent. What is to become of it?</translation>
+    </message>
+    <message>
+        <source>IDS_COLUMN_NAME</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>IDS_COLUMN_NUMBER</source>
+        <translation>Number</translation>
+    </message>
+    <message>
+        <source>IDS_DRAFT_KEPT</source>
+        <translation>SMS kept as a draft</translation>
+    </message>
+    <message>
         <source>IDS_IN_OUTBOX</source>
         <translation>SMS put into the outbox, recipients: %1</translation>
+    </message>
+    <message>
+        <source>IDS_KEEP_FAILED</source>
+        <translation>The draft could not be kept.</translation>
     </message>
     <message>
         <source>IDS_LENGTH</source>
         <translation>Characters: %1, messages: %2</translation>
     </message>
     <message>
+        <source>IDS_LENGTH_TOTAL</source>
+        <translation>to %1 recipients: %2 in all</translation>
+    </message>
+    <message>
         <source>IDS_SAVE_NUMBER</source>
         <translation>Save number…</translation>
+    </message>
+    <message>
+        <source>IDS_SEARCH</source>
+        <translation>Search</translation>
     </message>
     <message>
         <source>IDS_SEND</source>
@@ -2272,16 +2344,48 @@ That does not mean that they are gone.</translation>
 <context>
     <name>MMSUIPlugin</name>
     <message>
+        <source>IDS_ADD</source>
+        <translation>Add</translation>
+    </message>
+    <message>
         <source>IDS_ADD_RECIPIENTS</source>
         <translation>Add recipients…</translation>
     </message>
     <message>
         <source>IDS_BAD_NUMBER</source>
-        <translation>A recipient is not a phone number.</translation>
+        <translation>“%1” is no telephone number: it has only digits, a plus sign before them, * and #.</translation>
+    </message>
+    <message>
+        <source>IDS_BAD_NUMBER_NAME</source>
+        <translation>“%1” is no telephone number. Choose the contact in the list that opens while you type.</translation>
+    </message>
+    <message>
+        <source>IDS_BY_NAME</source>
+        <translation>By name …</translation>
+    </message>
+    <message>
+        <source>IDS_BY_NAME_TITLE</source>
+        <translation>Recipients by name</translation>
     </message>
     <message>
         <source>IDS_CLOSE</source>
         <translation>Close</translation>
+    </message>
+    <message>
+        <source>IDS_CLOSE_QUESTION</source>
+        <translation>The message has not been sent. What is to become of it?</translation>
+    </message>
+    <message>
+        <source>IDS_COLUMN_NAME</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>IDS_COLUMN_NUMBER</source>
+        <translation>Number</translation>
+    </message>
+    <message>
+        <source>IDS_DRAFT_KEPT</source>
+        <translation>MMS kept as a draft</translation>
     </message>
     <message>
         <source>IDS_IN_OUTBOX</source>
@@ -2292,12 +2396,20 @@ That does not mean that they are gone.</translation>
         <translation>Keep as draft</translation>
     </message>
     <message>
+        <source>IDS_KEEP_FAILED</source>
+        <translation>The draft could not be kept.</translation>
+    </message>
+    <message>
         <source>IDS_NO_ROAD</source>
         <translation>Multimedia messages cannot be sent through ModemManager.</translation>
     </message>
     <message>
         <source>IDS_SAVE_NUMBER</source>
         <translation>Save number…</translation>
+    </message>
+    <message>
+        <source>IDS_SEARCH</source>
+        <translation>Search</translation>
     </message>
     <message>
         <source>IDS_SEND</source>
@@ -2481,6 +2593,10 @@ That does not mean that they are gone.</translation>
     <message>
         <source>IDS_SAVE_NUMBER</source>
         <translation>Save number…</translation>
+    </message>
+    <message>
+        <source>IDS_SEARCH</source>
+        <translation>Search calls</translation>
     </message>
     <message>
         <source>IDS_TITLE</source>

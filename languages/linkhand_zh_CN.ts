@@ -812,6 +812,14 @@
         <translation>模拟设备</translation>
     </message>
     <message>
+        <source>IDS_HOST_DISCARD</source>
+        <translation>放弃</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_FORWARD</source>
+        <translation>转发</translation>
+    </message>
+    <message>
         <source>IDS_HOST_HARDWARE</source>
         <translation>硬件：</translation>
     </message>
@@ -912,6 +920,10 @@
         <translation>转到下一部分或上一部分</translation>
     </message>
     <message>
+        <source>IDS_HOST_KEEP_DRAFT</source>
+        <translation>存为草稿</translation>
+    </message>
+    <message>
         <source>IDS_HOST_KIND_MMS</source>
         <translation>彩信</translation>
     </message>
@@ -994,6 +1006,10 @@
     <message>
         <source>IDS_HOST_NOTICES_TIP</source>
         <translation>显示最近的通知</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_OPEN</source>
+        <translation>打开</translation>
     </message>
     <message>
         <source>IDS_HOST_OUTBOX</source>
@@ -1222,6 +1238,18 @@
     <message>
         <source>IDS_HOST_PROBLEMS</source>
         <translation>问题</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_REPLY</source>
+        <translation>回复…</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_SEARCH_MESSAGES</source>
+        <translation>搜索信息</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_SEND_AGAIN</source>
+        <translation>再次发送…</translation>
     </message>
     <message>
         <source>IDS_HOST_STATUS_CHANGED</source>
@@ -2213,28 +2241,72 @@
 <context>
     <name>SMSUIPlugin</name>
     <message>
+        <source>IDS_ADD</source>
+        <translation>添加</translation>
+    </message>
+    <message>
         <source>IDS_ADD_RECIPIENTS</source>
         <translation>添加收件人…</translation>
     </message>
     <message>
         <source>IDS_BAD_NUMBER</source>
-        <translation>有收件人不是电话号码。</translation>
+        <translation>“%1”不是电话号码：号码只能包含数字、开头的加号、*和#。</translation>
+    </message>
+    <message>
+        <source>IDS_BAD_NUMBER_NAME</source>
+        <translation>“%1”不是电话号码。请在输入时打开的列表中选择联系人。</translation>
+    </message>
+    <message>
+        <source>IDS_BY_NAME</source>
+        <translation>按姓名…</translation>
+    </message>
+    <message>
+        <source>IDS_BY_NAME_TITLE</source>
+        <translation>按姓名选择收件人</translation>
     </message>
     <message>
         <source>IDS_CLOSE</source>
         <translation>关闭</translation>
     </message>
     <message>
+        <source>IDS_CLOSE_QUESTION</source>
+        <translation>信息尚未发送。如何处理？</translation>
+    </message>
+    <message>
+        <source>IDS_COLUMN_NAME</source>
+        <translation>姓名</translation>
+    </message>
+    <message>
+        <source>IDS_COLUMN_NUMBER</source>
+        <translation>号码</translation>
+    </message>
+    <message>
+        <source>IDS_DRAFT_KEPT</source>
+        <translation>短信已存为草稿</translation>
+    </message>
+    <message>
         <source>IDS_IN_OUTBOX</source>
         <translation>发给 %1 位收件人的短信已放入发件箱</translation>
+    </message>
+    <message>
+        <source>IDS_KEEP_FAILED</source>
+        <translation>无法保存草稿。</translation>
     </message>
     <message>
         <source>IDS_LENGTH</source>
         <translation>%1 个字符，%2 条短信</translation>
     </message>
     <message>
+        <source>IDS_LENGTH_TOTAL</source>
+        <translation>发给 %1 位收件人：共 %2 条</translation>
+    </message>
+    <message>
         <source>IDS_SAVE_NUMBER</source>
         <translation>保存号码…</translation>
+    </message>
+    <message>
+        <source>IDS_SEARCH</source>
+        <translation>搜索</translation>
     </message>
     <message>
         <source>IDS_SEND</source>
@@ -2272,16 +2344,48 @@
 <context>
     <name>MMSUIPlugin</name>
     <message>
+        <source>IDS_ADD</source>
+        <translation>添加</translation>
+    </message>
+    <message>
         <source>IDS_ADD_RECIPIENTS</source>
         <translation>添加收件人…</translation>
     </message>
     <message>
         <source>IDS_BAD_NUMBER</source>
-        <translation>有收件人不是电话号码。</translation>
+        <translation>“%1”不是电话号码：号码只能包含数字、开头的加号、*和#。</translation>
+    </message>
+    <message>
+        <source>IDS_BAD_NUMBER_NAME</source>
+        <translation>“%1”不是电话号码。请在输入时打开的列表中选择联系人。</translation>
+    </message>
+    <message>
+        <source>IDS_BY_NAME</source>
+        <translation>按姓名…</translation>
+    </message>
+    <message>
+        <source>IDS_BY_NAME_TITLE</source>
+        <translation>按姓名选择收件人</translation>
     </message>
     <message>
         <source>IDS_CLOSE</source>
         <translation>关闭</translation>
+    </message>
+    <message>
+        <source>IDS_CLOSE_QUESTION</source>
+        <translation>信息尚未发送。如何处理？</translation>
+    </message>
+    <message>
+        <source>IDS_COLUMN_NAME</source>
+        <translation>姓名</translation>
+    </message>
+    <message>
+        <source>IDS_COLUMN_NUMBER</source>
+        <translation>号码</translation>
+    </message>
+    <message>
+        <source>IDS_DRAFT_KEPT</source>
+        <translation>彩信已存为草稿</translation>
     </message>
     <message>
         <source>IDS_IN_OUTBOX</source>
@@ -2292,12 +2396,20 @@
         <translation>保留为草稿</translation>
     </message>
     <message>
+        <source>IDS_KEEP_FAILED</source>
+        <translation>无法保存草稿。</translation>
+    </message>
+    <message>
         <source>IDS_NO_ROAD</source>
         <translation>彩信无法通过 ModemManager 发送。</translation>
     </message>
     <message>
         <source>IDS_SAVE_NUMBER</source>
         <translation>保存号码…</translation>
+    </message>
+    <message>
+        <source>IDS_SEARCH</source>
+        <translation>搜索</translation>
     </message>
     <message>
         <source>IDS_SEND</source>
@@ -2481,6 +2593,10 @@
     <message>
         <source>IDS_SAVE_NUMBER</source>
         <translation>保存号码…</translation>
+    </message>
+    <message>
+        <source>IDS_SEARCH</source>
+        <translation>搜索通话</translation>
     </message>
     <message>
         <source>IDS_TITLE</source>

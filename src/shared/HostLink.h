@@ -59,6 +59,14 @@ public:
     virtual bool SendMessage(HostMessageKind enKind, const QStringList& lstNumbers, const QString& strSubject,
                              const QString& strText) = 0;
 
+    // Keeps a message that is not to be sent now, in the place of the draft or unsent message iId, or as a new one with
+    // 0. The identifier under which it is kept, 0 if it could not be.
+    virtual int KeepDraft(int iId, HostMessageKind enKind, const QStringList& lstNumbers, const QString& strSubject,
+                          const QString& strText) = 0;
+
+    // Deletes a draft or unsent message, since what it says has been handed over by SendMessage.
+    virtual void ForgetDraft(int iId) = 0;
+
     // Starts and ends a call. One call at a time: Dial is false while one is in progress, and without a network.
     virtual bool Dial(const QString& strNumber, HostCallType enType) = 0;
     virtual void HangUp() = 0;
@@ -74,7 +82,7 @@ public:
     virtual QObject* CallEvents() = 0;
 
     // The calls that are kept, of this run and of earlier ones, the latest first: iAtMost of them behind the first
-    // iSkipped.
+    // iSkipped, with the names that HostContacts has.
     virtual QList<HostCall> Calls(int iSkipped, int iAtMost) = 0;
 
     // Forgets one of them. False if it could not be.

@@ -1,6 +1,7 @@
 #include "app/Link.h"
 
 #include <QCoreApplication>
+#include <QHash>
 #include <QVariant>
 
 #include "device/ChangedContact.h"
@@ -10,6 +11,22 @@
 #include "messages/MessageStore.h"
 #include "window/MainWindow.h"
 #include "window/StatusArea.h"
+
+namespace
+{
+
+OutgoingMessage messageOf(HostMessageKind enKind, const QStringList& lstNumbers, const QString& strSubject,
+                          const QString& strText)
+{
+    OutgoingMessage message;
+    message.iKind = enKind;
+    message.lstNumbers = lstNumbers;
+    message.strSubject = strSubject;
+    message.strText = strText;
+    return message;
+}
+
+} // namespace
 
 Link::Link(Modem& modem, MessageStore& store, MainWindow* pWindow, const QString& strLogFolder)
     : m_modem(modem), m_store(store), m_pWindow(pWindow), m_strLogFolder(strLogFolder)
@@ -31,12 +48,26 @@ void Link::Withdraw()
 bool Link::SendMessage(HostMessageKind enKind, const QStringList& lstNumbers, const QString& strSubject,
                        const QString& strText)
 {
-    OutgoingMessage message;
-    message.iKind = enKind;
-    message.lstNumbers = lstNumbers;
-    message.strSubject = strSubject;
-    message.strText = strText;
-    return m_modem.Send(message);
+    return m_modem.Send(messageOf(enKind, lstNumbers, strSubject, strText));
+}
+
+int Link::KeepDraft(int iId, HostMessageKind enKind, const QStringList& lstNumbers, const QString& strSubject,
+                    const QString& strText)
+{
+    const OutgoingMessage message = messageOf(enKind, lstNumbers, strSubject, strText);
+    // What was sent or deleted meanwhile stays as it is.
+    if (iId != 0 && !m_modem.IsSending(iId) && m_store.Replace(iId, message)) {
+        return iId;
+    }
+    return m_store.Add(message, MESSAGE_DRAFT);
+}
+
+void Link::ForgetDraft(int iId)
+{
+    const StoredMessage stored = m_store.Message(iId);
+    if (stored.iId != 0 && stored.IsUnsent() && !m_modem.IsSending(iId)) {
+        m_store.Remove(iId);
+    }
 }
 
 bool Link::Dial(const QString& strNumber, HostCallType enType)
@@ -77,16 +108,16 @@ QObject* Link::CallEvents()
 QList<HostCall> Link::Calls(int iSkipped, int iAtMost)
 {
     const QList<StoredCall> listStored = m_store.Calls(iSkipped, iAtMost);
-    QStringList lstNumbers;
-    foreach (const StoredCall& stored, listStored) {
-        lstNumbers.append(stored.strNumber);
-    }
-    const QHash<QString, QString> names = ContactNames::Of(lstNumbers);
+    // What has been read of the contacts: a page opens without waiting for them.
+    QHash<QString, QString> names;
     QList<HostCall> listCalls;
     foreach (const StoredCall& stored, listStored) {
         HostCall call;
         call.iId = stored.iId;
         call.strNumber = stored.strNumber;
+        if (!names.contains(stored.strNumber)) {
+            names.insert(stored.strNumber, m_contacts.NameOf(stored.strNumber));
+        }
         call.strName = names.value(stored.strNumber);
         call.iType = stored.iType;
         call.time = stored.time;

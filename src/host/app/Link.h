@@ -3,13 +3,14 @@
 
 #include <QPointer>
 
+#include "app/ContactLink.h"
 #include "shared/HostLink.h"
 
 class MainWindow;
 class MessageStore;
 class Modem;
 
-// What the host gives its own siblings, joined to the modem and the main window.
+// What the host gives its own siblings, joined to the modem and the main window; with it go the contacts.
 class Link : public HostLink
 {
 public:
@@ -21,6 +22,9 @@ public:
 
     bool SendMessage(HostMessageKind enKind, const QStringList& lstNumbers, const QString& strSubject,
                      const QString& strText) override;
+    int KeepDraft(int iId, HostMessageKind enKind, const QStringList& lstNumbers, const QString& strSubject,
+                  const QString& strText) override;
+    void ForgetDraft(int iId) override;
     bool Dial(const QString& strNumber, HostCallType enType) override;
     void HangUp() override;
     void Answer() override;
@@ -40,6 +44,7 @@ private:
     MessageStore& m_store;
     QPointer<MainWindow> m_pWindow;
     QString m_strLogFolder;
+    ContactLink m_contacts;
 };
 
 #endif // LINKHAND_HOST_LINK_H

@@ -2,13 +2,9 @@
 
 #include <QMultiHash>
 
-#include "linkhand/SdkText.h"
-#include "orva/orva_care.h"
+#include "device/NumberMatch.h"
 #include "sdk/OwnedHandle.h"
 #include "sdk/RecordText.h"
-
-// Null where the SDK in use does not have it.
-#pragma weak ORVA_Care_NumberKey
 
 namespace
 {
@@ -21,41 +17,6 @@ const struct {
     {0, {"Number", nullptr}},                             // card
     {1, {"Number", nullptr}},                             // device
 };
-const int END = 6;      // numbers of one telephone end alike
-const int SHORTEST = 7; // two numbers that share so many digits at their end may be one
-
-QString digitsOf(const QString& strNumber)
-{
-    QString strDigits;
-    foreach (const QChar c, strNumber) {
-        if (c.isDigit()) {
-            strDigits += QChar(QLatin1Char(char('0' + c.digitValue())));
-        }
-    }
-    // A trunk's or an international prefix.
-    while (strDigits.startsWith(QLatin1Char('0'))) {
-        strDigits.remove(0, 1);
-    }
-    return strDigits;
-}
-
-bool isSame(const QString& strOne, const QString& strOther)
-{
-    const QString& strShorter = strOne.length() < strOther.length() ? strOne : strOther;
-    const QString& strLonger = strOne.length() < strOther.length() ? strOther : strOne;
-    return !strShorter.isEmpty() &&
-           (strShorter == strLonger || (strShorter.length() >= SHORTEST && strLonger.endsWith(strShorter)));
-}
-
-// What numbers of one telephone have in common; empty where the SDK does not know.
-QString keyOf(const QString& strNumber)
-{
-    SdkText key;
-    const bool bKnown =
-        &ORVA_Care_NumberKey != nullptr && ORVA_Care_NumberKey(sdkText(strNumber), key.out()) == ORVA_OK;
-    return bKnown ? key.toString() : QString();
-}
-
 // A number with the forms in which it is compared.
 struct Wanted {
     QString strNumber; // as it was given
@@ -64,13 +25,8 @@ struct Wanted {
 
     bool IsSame(const QString& strOtherNumber) const
     {
-        const QString strOther = digitsOf(strOtherNumber);
-        if (strOther.right(END) != strDigits.right(END)) {
-            return false;
-        }
-        const QString strOtherKey = keyOf(strOtherNumber);
-        const bool bBothKnown = strKey.startsWith(QLatin1Char('+')) && strOtherKey.startsWith(QLatin1Char('+'));
-        return bBothKnown ? strKey == strOtherKey : isSame(strOther, strDigits);
+        return NumberMatch::IsSame(strDigits, strKey, NumberMatch::Digits(strOtherNumber),
+                                   NumberMatch::Key(strOtherNumber));
     }
 };
 
@@ -82,7 +38,7 @@ void takeName(void* pSet, const char* const* ppszKeys, WantedNumbers& wanted, QH
 {
     for (const char* const* ppszKey = ppszKeys; *ppszKey != nullptr; ++ppszKey) {
         const QString strNumber = RecordText::Of(pSet, *ppszKey);
-        WantedNumbers::iterator it = wanted.find(digitsOf(strNumber).right(END));
+        WantedNumbers::iterator it = wanted.find(NumberMatch::End(NumberMatch::Digits(strNumber)));
         const QString strEnd = it == wanted.end() ? QString() : it.key();
         while (it != wanted.end() && it.key() == strEnd) {
             if (!it->IsSame(strNumber)) {
@@ -123,10 +79,10 @@ QHash<QString, QString> ContactNames::Of(const QStringList& lstNumbers)
     QStringList lstDistinct(lstNumbers);
     lstDistinct.removeDuplicates();
     foreach (const QString& strNumber, lstDistinct) {
-        const QString strDigits = digitsOf(strNumber);
+        const QString strDigits = NumberMatch::Digits(strNumber);
         if (!strDigits.isEmpty()) {
-            const Wanted one = {strNumber, strDigits, keyOf(strNumber)};
-            wanted.insert(strDigits.right(END), one);
+            const Wanted one = {strNumber, strDigits, NumberMatch::Key(strNumber)};
+            wanted.insert(NumberMatch::End(strDigits), one);
         }
     }
     QHash<QString, QString> names;

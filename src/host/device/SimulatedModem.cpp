@@ -57,6 +57,13 @@ bool SimulatedModem::Send(const OutgoingMessage& message)
     return !message.lstNumbers.isEmpty() && m_store.Add(message);
 }
 
+bool SimulatedModem::SendAgain(int iId)
+{
+    const StoredMessage stored = m_store.Message(iId);
+    return stored.iId != 0 && stored.IsUnsent() && !stored.message.lstNumbers.isEmpty() &&
+           m_store.SetState(iId, MESSAGE_SIMULATED);
+}
+
 bool SimulatedModem::Remove(int iId)
 {
     return m_store.Remove(iId);

@@ -22,6 +22,7 @@ public:
     bool Dial(const QString& strNumber, int iType) override;
     void HangUp() override;
     bool Send(const OutgoingMessage& message) override;
+    bool SendAgain(int iId) override;
     bool Remove(int iId) override;
     void OnDeviceChanged() override;
 

@@ -122,6 +122,21 @@ bool MessageStore::SetState(int iId, MessageState enState, const QString& strDet
     return true;
 }
 
+bool MessageStore::Replace(int iId, const OutgoingMessage& message)
+{
+    const int iReplaced = m_database.IsOpen()
+                              ? change("UPDATE messages SET kind = ?, time = ?, numbers = ?, subject = ?, text = ?, "
+                                       "state = ?, detail = ? WHERE id = ? AND state IN (1, 4)",
+                                       valuesOf(message, QDateTime::currentDateTime(), MESSAGE_DRAFT) << iId)
+                              : -1;
+    if (iReplaced < 0) {
+        return false;
+    }
+    read();
+    emit changed();
+    return iReplaced == 1;
+}
+
 StoredMessage MessageStore::Message(int iId) const
 {
     foreach (const StoredMessage& stored, m_listMessages) {

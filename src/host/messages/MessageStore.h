@@ -28,6 +28,9 @@ struct StoredMessage {
     OutgoingMessage message;
     int iState = MESSAGE_SIMULATED;
     QString strDetail; // why it was not sent, in a modem's words; of a received one, the network's time stamp
+
+    // True if nothing of it has left, and nobody has pretended so.
+    bool IsUnsent() const { return iState == MESSAGE_DRAFT || iState == MESSAGE_FAILED; }
 };
 
 // A call that is over. The numbers stand in the file; what earlier releases did not keep is unknown.
@@ -67,6 +70,10 @@ public:
     int Add(const OutgoingMessage& message, MessageState enState, const QString& strDetail = QString(),
             const QDateTime& time = QDateTime());
     bool SetState(int iId, MessageState enState, const QString& strDetail = QString());
+
+    // Makes a draft or a message that was not sent this draft, of this moment. False for any other, and where there is
+    // none.
+    bool Replace(int iId, const OutgoingMessage& message);
 
     // The message with this identifier, with 0 for one if there is none.
     StoredMessage Message(int iId) const;

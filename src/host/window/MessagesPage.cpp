@@ -3,6 +3,7 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
+#include <QLineEdit>
 #include <QLocale>
 #include <QPushButton>
 #include <QSplitter>
@@ -17,7 +18,9 @@
 #include "linkhand/plugin/IMMSUIPlugin.h"
 #include "linkhand/plugin/ISMSUIService.h"
 #include "messages/MessageStore.h"
+#include "shared/HostContacts.h"
 #include "shared/HostLink.h"
+#include "shared/MessageForms.h"
 #include "shared/NumberDelegate.h"
 #include "text/HostText.h"
 
@@ -44,6 +47,30 @@ QString shownTime(const QDateTime& time)
     return QLocale().toString(time, QLocale::ShortFormat);
 }
 
+// The numbers, each with its contact's name before it.
+QString partners(const OutgoingMessage& message)
+{
+    HostContacts* pContacts = HostContacts::Instance();
+    QStringList lstPartners;
+    foreach (const QString& strNumber, message.lstNumbers) {
+        const QString strName = pContacts == nullptr ? QString() : pContacts->NameOf(strNumber);
+        // Both keep their direction beside one another.
+        lstPartners << (strName.isEmpty() ? strNumber
+                                          : QChar(0x2068) + strName + QChar(0x2069) + QLatin1String("  ") +
+                                                QChar(0x2066) + strNumber + QChar(0x2069));
+    }
+    return lstPartners.join(QLatin1String("; "));
+}
+
+// Whether a message is one that somebody searches by this text.
+bool holds(const OutgoingMessage& message, const QString& strText)
+{
+    return strText.isEmpty() || partners(message).contains(strText, Qt::CaseInsensitive) ||
+           message.strText.contains(strText, Qt::CaseInsensitive) ||
+           message.strSubject.contains(strText, Qt::CaseInsensitive) ||
+           message.lstNumbers.join(QLatin1String("\n")).contains(strText, Qt::CaseInsensitive);
+}
+
 // A text with its line breaks.
 QString html(const QString& strText)
 {
@@ -61,6 +88,9 @@ MessagesPage::MessagesPage(MessageStore& outbox, IPluginContainer& container, Mo
       m_pHint(new QLabel(this)),
       m_pNewSms(new QPushButton(this)),
       m_pNewMms(new QPushButton(this)),
+      m_pSearch(new QLineEdit(this)),
+      m_pOpen(new QPushButton(this)),
+      m_pForward(new QPushButton(this)),
       m_pSend(new QPushButton(this)),
       m_pDelete(new QPushButton(this)),
       m_pList(new QTreeWidget),
@@ -71,6 +101,9 @@ MessagesPage::MessagesPage(MessageStore& outbox, IPluginContainer& container, Mo
     m_pHint->setObjectName(QLatin1String("linkhand_Messages_hint"));
     m_pNewSms->setObjectName(QLatin1String("linkhand_Messages_newSms"));
     m_pNewMms->setObjectName(QLatin1String("linkhand_Messages_newMms"));
+    m_pSearch->setObjectName(QLatin1String("linkhand_Messages_search"));
+    m_pOpen->setObjectName(QLatin1String("linkhand_Messages_open"));
+    m_pForward->setObjectName(QLatin1String("linkhand_Messages_forward"));
     m_pSend->setObjectName(QLatin1String("linkhand_Messages_send"));
     m_pDelete->setObjectName(QLatin1String("linkhand_Messages_delete"));
     m_pList->setObjectName(QLatin1String("linkhand_Messages_list"));
@@ -78,14 +111,32 @@ MessagesPage::MessagesPage(MessageStore& outbox, IPluginContainer& container, Mo
 
     m_pHint->setWordWrap(true);
     prepareList();
+    makeLayout();
 
+    connect(&m_outbox, SIGNAL(changed()), this, SLOT(OnOutboxChanged()));
+    // Another program may write to the same store; looking costs microseconds.
+    connect(&m_refresh, SIGNAL(timeout()), &m_outbox, SLOT(Refresh()));
+    connect(m_pList, SIGNAL(itemSelectionChanged()), this, SLOT(OnSelectionChanged()));
+    connect(m_pList, SIGNAL(itemActivated(QTreeWidgetItem*, int)), this, SLOT(OnOpen()));
+    connect(m_pSearch, SIGNAL(textChanged(QString)), this, SLOT(OnSearch()));
+    connect(m_pOpen, SIGNAL(clicked()), this, SLOT(OnOpen()));
+    connect(m_pForward, SIGNAL(clicked()), this, SLOT(OnForward()));
+    connect(m_pNewSms, SIGNAL(clicked()), this, SLOT(OnNewSms()));
+    connect(m_pNewMms, SIGNAL(clicked()), this, SLOT(OnNewMms()));
+    connect(m_pSend, SIGNAL(clicked()), this, SLOT(OnSend()));
+    connect(m_pDelete, SIGNAL(clicked()), this, SLOT(OnDelete()));
+    if (isReal()) {
+        connect(m_pModem, SIGNAL(statusChanged()), this, SLOT(OnSelectionChanged()));
+        connect(m_pModem, SIGNAL(messageFinished(int)), this, SLOT(OnOutboxChanged()));
+    }
+}
+
+void MessagesPage::makeLayout()
+{
     QHBoxLayout* pBar = new QHBoxLayout;
     pBar->addWidget(m_pTitle, 1);
     pBar->addWidget(m_pNewSms);
     pBar->addWidget(m_pNewMms);
-    pBar->addWidget(m_pSend);
-    pBar->addWidget(m_pDelete);
-    m_pSend->setVisible(isReal());
     QSplitter* pSplitter = new QSplitter(Qt::Vertical);
     pSplitter->addWidget(m_pList);
     pSplitter->addWidget(m_pPreview);
@@ -95,20 +146,21 @@ MessagesPage::MessagesPage(MessageStore& outbox, IPluginContainer& container, Mo
     pLayout->setContentsMargins(12, 10, 12, 10);
     pLayout->addLayout(pBar);
     pLayout->addWidget(m_pHint);
+    pLayout->addLayout(makeDeeds());
     pLayout->addWidget(pSplitter, 1);
+}
 
-    connect(&m_outbox, SIGNAL(changed()), this, SLOT(OnOutboxChanged()));
-    // Another program may write to the same store; looking costs microseconds.
-    connect(&m_refresh, SIGNAL(timeout()), &m_outbox, SLOT(Refresh()));
-    connect(m_pList, SIGNAL(itemSelectionChanged()), this, SLOT(OnSelectionChanged()));
-    connect(m_pNewSms, SIGNAL(clicked()), this, SLOT(OnNewSms()));
-    connect(m_pNewMms, SIGNAL(clicked()), this, SLOT(OnNewMms()));
-    connect(m_pSend, SIGNAL(clicked()), this, SLOT(OnSend()));
-    connect(m_pDelete, SIGNAL(clicked()), this, SLOT(OnDelete()));
-    if (isReal()) {
-        connect(m_pModem, SIGNAL(statusChanged()), this, SLOT(OnSelectionChanged()));
-        connect(m_pModem, SIGNAL(messageFinished(int)), this, SLOT(OnOutboxChanged()));
-    }
+// What can be done with the message that is selected, beside the search for it.
+QBoxLayout* MessagesPage::makeDeeds()
+{
+    QtCompat::showClearButton(m_pSearch);
+    QHBoxLayout* pDeeds = new QHBoxLayout;
+    pDeeds->addWidget(m_pSearch, 1);
+    pDeeds->addWidget(m_pOpen);
+    pDeeds->addWidget(m_pForward);
+    pDeeds->addWidget(m_pSend);
+    pDeeds->addWidget(m_pDelete);
+    return pDeeds;
 }
 
 void MessagesPage::prepareList()
@@ -131,7 +183,10 @@ void MessagesPage::Retranslate()
 {
     m_pTitle->setText(HostText::Get(isReal() ? "IDS_HOST_MESSAGES" : "IDS_HOST_OUTBOX"));
     m_pHint->setText(HostText::Get(isReal() ? "IDS_HOST_MESSAGES_HINT" : "IDS_HOST_OUTBOX_HINT"));
-    m_pSend->setText(HostText::Get("IDS_HOST_SEND"));
+    m_pSearch->setPlaceholderText(HostText::Get("IDS_HOST_SEARCH_MESSAGES"));
+    m_pSearch->setAccessibleName(m_pSearch->placeholderText());
+    m_pOpen->setText(HostText::Get("IDS_HOST_OPEN"));
+    m_pForward->setText(HostText::Get("IDS_HOST_FORWARD"));
     m_pNewSms->setText(HostText::Get("IDS_HOST_NEW_SMS"));
     m_pNewMms->setText(HostText::Get("IDS_HOST_NEW_MMS"));
     m_pDelete->setText(HostText::Get("IDS_HOST_DELETE"));
@@ -150,6 +205,11 @@ void MessagesPage::Retranslate()
 void MessagesPage::Enter()
 {
     m_outbox.Refresh();
+    if (HostContacts* pContacts = HostContacts::Instance()) {
+        // There is none yet when the page is made.
+        connect(pContacts->Events(), SIGNAL(contactsRead()), this, SLOT(OnOutboxChanged()), Qt::UniqueConnection);
+        pContacts->Read(false);
+    }
     m_pNewSms->setEnabled(m_container.GetPlugin(QLatin1String(LINKHAND_SMS_ID), LINKHAND_SMS_KIND) != nullptr);
     m_pNewMms->setEnabled(m_container.GetPlugin(QLatin1String(LINKHAND_MMS_ID), LINKHAND_MMS_KIND) != nullptr);
 }
@@ -175,11 +235,15 @@ void MessagesPage::OnOutboxChanged()
     foreach (const StoredMessage& entry, m_outbox.Messages()) {
         QTreeWidgetItem* pItem = new QTreeWidgetItem;
         pItem->setText(COLUMN_KIND, kindText(entry.message));
-        pItem->setText(COLUMN_TO, entry.message.lstNumbers.join(QLatin1String("; ")));
+        pItem->setText(COLUMN_TO, partners(entry.message));
         pItem->setText(COLUMN_TEXT, firstLine(entry.message));
         pItem->setText(COLUMN_TIME, shownTime(entry.time));
         pItem->setText(COLUMN_STATE, stateText(entry));
         pItem->setData(0, ROLE_ID, entry.iId);
+        if (!holds(entry.message, m_pSearch->text().trimmed())) {
+            delete pItem;
+            continue;
+        }
         bStates = bStates || entry.iState != MESSAGE_SIMULATED;
         m_pList->insertTopLevelItem(0, pItem); // the latest first
         if (entry.iId == iCurrent) {
@@ -195,13 +259,20 @@ void MessagesPage::OnOutboxChanged()
 void MessagesPage::OnSelectionChanged()
 {
     const int iId = currentId();
-    m_pDelete->setEnabled(iId != 0 && (m_pModem == nullptr || !m_pModem->IsSending(iId)));
+    m_pDelete->setEnabled(iId != 0 && !isSending(iId));
     m_pSend->setEnabled(false);
+    m_pSend->setText(HostText::Get("IDS_HOST_SEND"));
+    const StoredMessage current = m_outbox.Message(iId);
+    m_pOpen->setEnabled(canOpen(current));
+    m_pForward->setEnabled(current.iId != 0 && forms(current.message.iKind) != nullptr);
     m_pPreview->clear();
     foreach (const StoredMessage& entry, m_outbox.Messages()) {
         if (entry.iId == iId) {
-            m_pSend->setEnabled(canSend(entry));
             const bool bReceived = entry.iState == MESSAGE_RECEIVED;
+            m_pSend->setEnabled(canSend(entry));
+            if (!entry.IsUnsent() && !isSending(iId)) {
+                m_pSend->setText(HostText::Get(bReceived ? "IDS_HOST_REPLY" : "IDS_HOST_SEND_AGAIN"));
+            }
             const QString strState = isReal() || entry.iState != MESSAGE_SIMULATED
                                          ? QLatin1String("<p><i>") + html(stateText(entry)) + QLatin1String("</i></p>")
                                          : QString();
@@ -209,16 +280,50 @@ void MessagesPage::OnSelectionChanged()
                 entry.message.strSubject.isEmpty()
                     ? QString()
                     : QLatin1String("<p><b>") + html(entry.message.strSubject) + QLatin1String("</b></p>");
-            m_pPreview->setHtml(
-                QLatin1String("<p>") + kindText(entry.message) + QLatin1String(bReceived ? " &larr; " : " &rarr; ") +
-                html(entry.message.lstNumbers.join(QLatin1String("; "))) + QLatin1String("</p>") + strState +
-                strSubject + QLatin1String("<p>") + html(entry.message.strText) + QLatin1String("</p>"));
+            m_pPreview->setHtml(QLatin1String("<p>") + kindText(entry.message) +
+                                QLatin1String(bReceived ? " &larr; " : " &rarr; ") + html(partners(entry.message)) +
+                                QLatin1String("</p>") + strState + strSubject + QLatin1String("<p>") +
+                                html(entry.message.strText) + QLatin1String("</p>"));
         }
+    }
+}
+
+void MessagesPage::OnSearch()
+{
+    OnOutboxChanged();
+}
+
+// What has left, or perhaps has, stays as it is: what it says goes into a new form.
+void MessagesPage::OnOpen()
+{
+    const StoredMessage stored = m_outbox.Message(currentId());
+    if (canOpen(stored)) {
+        forms(stored.message.iKind)
+            ->OpenMessage(stored.IsUnsent() ? stored.iId : 0, stored.message.lstNumbers, stored.message.strSubject,
+                          stored.message.strText);
+    }
+}
+
+void MessagesPage::OnForward()
+{
+    const StoredMessage stored = m_outbox.Message(currentId());
+    IMessageForms* pForms = forms(stored.message.iKind);
+    if (stored.iId != 0 && pForms != nullptr) {
+        pForms->OpenMessage(0, QStringList(), stored.message.strSubject, stored.message.strText);
     }
 }
 
 void MessagesPage::OnSend()
 {
+    const StoredMessage stored = m_outbox.Message(currentId());
+    if (stored.iId != 0 && !stored.IsUnsent()) {
+        const bool bReceived = stored.iState == MESSAGE_RECEIVED;
+        if (IMessageForms* pForms = forms(stored.message.iKind)) {
+            pForms->OpenMessage(0, stored.message.lstNumbers, bReceived ? QString() : stored.message.strSubject,
+                                bReceived ? QString() : stored.message.strText);
+        }
+        return;
+    }
     if (m_pModem == nullptr || !m_pModem->SendAgain(currentId())) {
         report("IDS_HOST_SEND_FAILED");
     }
@@ -272,20 +377,47 @@ bool MessagesPage::isReal() const
     return m_pModem != nullptr && !m_pModem->IsSimulated();
 }
 
-// What may have left is not sent twice by a press of the wrong button: it is written anew.
-bool MessagesPage::canSend(const StoredMessage& stored) const
+bool MessagesPage::isSending(int iId) const
 {
-    return isReal() && stored.message.iKind == HOST_MESSAGE_SMS && !m_pModem->IsSending(stored.iId) &&
-           (stored.iState == MESSAGE_DRAFT || stored.iState == MESSAGE_FAILED) && m_pModem->Status().bRegistered;
+    return m_pModem != nullptr && m_pModem->IsSending(iId);
 }
 
-// As wide as the language writes a time with two digits everywhere, and the longest of the states.
+IMessageForms* MessagesPage::forms(int iKind) const
+{
+    QObject* pPlugin = iKind == HOST_MESSAGE_MMS
+                           ? m_container.GetPlugin(QLatin1String(LINKHAND_MMS_ID), LINKHAND_MMS_KIND)
+                           : m_container.GetPlugin(QLatin1String(LINKHAND_SMS_ID), LINKHAND_SMS_KIND);
+    return qobject_cast<IMessageForms*>(pPlugin);
+}
+
+bool MessagesPage::canOpen(const StoredMessage& stored) const
+{
+    return stored.iId != 0 && stored.iState != MESSAGE_RECEIVED && !isSending(stored.iId) &&
+           forms(stored.message.iKind) != nullptr;
+}
+
+// What may have left is not sent twice by a press of the wrong button: a form shows it first.
+bool MessagesPage::canSend(const StoredMessage& stored) const
+{
+    if (m_pModem == nullptr || isSending(stored.iId)) {
+        return false;
+    }
+    if (!stored.IsUnsent()) {
+        return forms(stored.message.iKind) != nullptr;
+    }
+    const bool bRoad = !isReal() || (stored.message.iKind == HOST_MESSAGE_SMS && m_pModem->Status().bRegistered);
+    return bRoad && !stored.message.lstNumbers.isEmpty();
+}
+
+// As wide as the language writes a time with two digits everywhere, before noon or after, and the longest of the
+// states.
 void MessagesPage::sizeColumns()
 {
     QList<QTreeWidgetItem*> listExamples;
     for (StoredMessage stored; stored.iState <= MESSAGE_RECEIVED; ++stored.iState) {
         QTreeWidgetItem* pItem = new QTreeWidgetItem(m_pList);
-        pItem->setText(COLUMN_TIME, shownTime(QDateTime(QDate(2028, 12, 28), QTime(22, 58))));
+        pItem->setText(COLUMN_TIME,
+                       shownTime(QDateTime(QDate(2028, 12, 28), QTime(stored.iState % 2 == 0 ? 10 : 22, 58))));
         pItem->setText(COLUMN_STATE, stateText(stored));
         listExamples.append(pItem);
     }
@@ -299,7 +431,7 @@ QString MessagesPage::stateText(const StoredMessage& stored) const
     static const char* const s_apszIds[] = {
         "IDS_HOST_STATE_SIMULATED", "IDS_HOST_STATE_DRAFT",  "IDS_HOST_STATE_UNCERTAIN", "IDS_HOST_STATE_SENT",
         "IDS_HOST_STATE_FAILED",    "IDS_HOST_STATE_PARTLY", "IDS_HOST_STATE_RECEIVED"};
-    if (m_pModem != nullptr && m_pModem->IsSending(stored.iId)) {
+    if (isSending(stored.iId)) {
         return HostText::Get("IDS_HOST_STATE_SENDING");
     }
     return stored.iState >= MESSAGE_SIMULATED && stored.iState <= MESSAGE_RECEIVED

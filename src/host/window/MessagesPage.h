@@ -6,16 +6,19 @@
 
 #include "linkhand/plugin/IPluginContainer.h"
 
+class IMessageForms;
 class MessageStore;
 class Modem;
 class QLabel;
+class QBoxLayout;
+class QLineEdit;
 class QPushButton;
 class QTextBrowser;
 class QTreeWidget;
 struct StoredMessage;
 
-// The messages, the one selected in full, and the ways to write a new one. With the simulated modem they are an outbox
-// that nothing leaves; with a real one each says what has become of it.
+// The messages, the one selected in full, and the ways to write a new one or go on with one that is there. With the
+// simulated modem they are an outbox that nothing leaves; with a real one each says what has become of it.
 class MessagesPage : public QWidget
 {
     Q_OBJECT
@@ -36,6 +39,9 @@ protected:
 private slots:
     void OnOutboxChanged();
     void OnSelectionChanged();
+    void OnSearch();
+    void OnOpen();
+    void OnForward();
     void OnSend();
     void OnNewSms();
     void OnNewMms();
@@ -44,7 +50,12 @@ private slots:
 private:
     int currentId() const;
     bool isReal() const;
+    bool isSending(int iId) const;
     bool canSend(const StoredMessage& stored) const;
+    bool canOpen(const StoredMessage& stored) const;
+    IMessageForms* forms(int iKind) const;
+    void makeLayout();
+    QBoxLayout* makeDeeds();
     void prepareList();
     void sizeColumns();
     QString stateText(const StoredMessage& stored) const;
@@ -58,6 +69,9 @@ private:
     QLabel* m_pHint;
     QPushButton* m_pNewSms;
     QPushButton* m_pNewMms;
+    QLineEdit* m_pSearch;
+    QPushButton* m_pOpen;
+    QPushButton* m_pForward;
     QPushButton* m_pSend;
     QPushButton* m_pDelete;
     QTreeWidget* m_pList;

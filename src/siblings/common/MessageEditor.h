@@ -25,6 +25,18 @@ public:
     void SetRecipients(const QStringList& lstNumbers);
     QStringList GetRecipients() const;
     void SetText(const QString& strText);
+    void SetSubject(const QString& strSubject);
+
+    // What stands in the form is where its user begins, and the draft or unsent message iId is what it is about, or
+    // with 0 none.
+    void Begin(int iId);
+    int Draft() const { return m_iDraft; }
+
+    // Asks what becomes of a text that somebody has written, and sees to it. False if the form is to stay.
+    bool MayClose();
+
+    // Keeps such a text as a draft without a question. False if that failed.
+    bool KeepUnsaved();
     void Retranslate();
 
 signals:
@@ -39,12 +51,20 @@ protected:
 
 private slots:
     void OnEdited();
+    void OnContactsRead();
+    void OnByName();
     void OnAddRecipients();
     void OnSaveNumber();
     void OnSend();
 
 private:
     bool isReal() const;
+    bool isUnsaved() const;
+    bool send();
+    QString contents() const;
+    QString recipientsText(const QStringList& lstNumbers) const;
+    QString reasonAgainst(const QString& strRecipient) const;
+    QString lengthText(const QStringList& lstNumbers) const;
     QString text(const char* pszId) const;
     void name(QWidget* pWidget, const char* pszRole);
     void makeLayout();
@@ -52,10 +72,14 @@ private:
 
     const QString m_strPlugin;
     const HostMessageKind m_enKind;
+    int m_iDraft;
+    QString m_strBegun; // the contents as they were opened, kept or sent
     QLabel* m_pToLabel;
     QLineEdit* m_pTo;
+    QPushButton* m_pByName;
     QPushButton* m_pAdd;
     QPushButton* m_pSave;
+    QLabel* m_pRecipients; // who they are
     QLabel* m_pSubjectLabel;
     QLineEdit* m_pSubject;
     QPlainTextEdit* m_pText;

@@ -9,8 +9,7 @@
 
 #include "shared/HostLink.h"
 
-class ExtendDialog;
-class MessageEditor;
+class MessageWindow;
 
 // The open editors of a messaging plug-in, each in a window of its own beside the main window.
 class MessageWindows : public QObject
@@ -20,16 +19,18 @@ class MessageWindows : public QObject
 public:
     MessageWindows(const QString& strPlugin, HostMessageKind enKind);
 
-    // Closes all.
+    // Closes all; what was written and not sent is kept as drafts.
     ~MessageWindows() override;
 
-    void Open(const QStringList& lstNumbers, const QString& strText);
+    // See IMessageForms::OpenMessage.
+    void Open(const QStringList& lstNumbers, const QString& strText, const QString& strSubject = QString(),
+              int iId = 0);
     void Retranslate();
 
 private:
     const QString m_strPlugin;
     const HostMessageKind m_enKind;
-    QList<QPointer<ExtendDialog>> m_listWindows;
+    QList<QPointer<MessageWindow>> m_listWindows;
 };
 
 #endif // LINKHAND_SIBLINGS_MESSAGEWINDOWS_H

@@ -13,6 +13,10 @@ QStringList Split(const QString& strLine);
 
 QString Join(const QStringList& lstNumbers);
 
+// A number with its contact's name before it, for reading; the number alone without a name. Each keeps its own
+// direction.
+QString WithName(const QString& strNumber, const QString& strName);
+
 // True for digits with "+" before them, "*" and "#" among them, and what people write between digits.
 bool IsNumber(const QString& strNumber);
 

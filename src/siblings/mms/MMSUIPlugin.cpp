@@ -30,6 +30,13 @@ void MMSUIPlugin::SendMessage(QString strNumbers)
     }
 }
 
+void MMSUIPlugin::OpenMessage(int iId, const QStringList& lstNumbers, const QString& strSubject, const QString& strText)
+{
+    if (m_pWindows) {
+        m_pWindows->Open(lstNumbers, strText, strSubject, iId);
+    }
+}
+
 void MMSUIPlugin::Retranslate()
 {
     if (m_pWindows) {

@@ -30,6 +30,13 @@ void SMSUIPlugin::SendMessage(QString strNumbers, QString strText, QWidget*)
     }
 }
 
+void SMSUIPlugin::OpenMessage(int iId, const QStringList& lstNumbers, const QString& strSubject, const QString& strText)
+{
+    if (m_pWindows) {
+        m_pWindows->Open(lstNumbers, strText, strSubject, iId);
+    }
+}
+
 void SMSUIPlugin::Retranslate()
 {
     if (m_pWindows) {

@@ -7,12 +7,14 @@
 
 #include "common/CallBox.h"
 #include "linkhand/core/Change.h"
+#include "shared/HostContacts.h"
 #include "shared/NumberDelegate.h"
 
 namespace
 {
 
-const int PAGE = 200; // calls that are read at once
+const int PAGE = 200;      // calls that are read at once
+const int SEARCHED = 5000; // that a search looks through
 
 // The host notes the time of a call just before it says that it begins.
 const int NOTED_MS = 2000;
@@ -46,6 +48,9 @@ CallList::CallList(const QString& strPlugin, QWidget* pParent)
     setColumnWidth(COLUMN_NAME, 160);
     setItemDelegateForColumn(COLUMN_NUMBER, new NumberDelegate(this));
     connect(verticalScrollBar(), SIGNAL(valueChanged(int)), this, SLOT(OnScrolled(int)));
+    if (HostContacts* pContacts = HostContacts::Instance()) {
+        connect(pContacts->Events(), SIGNAL(contactsRead()), this, SLOT(OnContactsRead()));
+    }
 }
 
 void CallList::Begin(const QString& strNumber, int iType)
@@ -80,7 +85,7 @@ void CallList::SetProgress(int iProgress)
     if (iProgress == HOST_CALL_INCOMING) {
         call.iDirection = HOST_CALL_FROM_OUTSIDE;
     }
-    if (topLevelItem(0) != nullptr) {
+    if (topLevelItem(0) != nullptr && holds(call)) {
         fill(topLevelItem(0), call);
     }
 }
@@ -92,7 +97,7 @@ void CallList::End(int iSeconds)
     }
     m_bInCall = false;
     m_listRun.first().iSeconds = iSeconds;
-    read(qMax(PAGE, int(m_listKept.size())));
+    readAgain();
     HostCall over = m_listRun.first();
     foreach (const HostCall& kept, m_listKept) {
         const qint64 iLater = kept.time.msecsTo(over.time);
@@ -108,7 +113,19 @@ void CallList::End(int iSeconds)
 void CallList::Refresh()
 {
     const HostCall current = Current();
-    read(qMax(PAGE, int(m_listKept.size())));
+    readAgain();
+    showCalls(current);
+}
+
+// More is looked through than anybody scrolls to.
+void CallList::Search(const QString& strText)
+{
+    const HostCall current = Current();
+    const bool bMore = !strText.isEmpty() && !m_bAll && m_listKept.size() < SEARCHED;
+    m_strSearch = strText;
+    if (bMore) {
+        read(SEARCHED);
+    }
     showCalls(current);
 }
 
@@ -163,6 +180,9 @@ void CallList::OnScrolled(int iValue)
     m_listKept += listMore;
     QList<QTreeWidgetItem*> listItems;
     foreach (const HostCall& call, listMore) {
+        if (!holds(call)) {
+            continue;
+        }
         QTreeWidgetItem* pItem = new QTreeWidgetItem;
         fill(pItem, call);
         listItems.append(pItem);
@@ -170,9 +190,49 @@ void CallList::OnScrolled(int iValue)
     addTopLevelItems(listItems);
 }
 
+// Who they are may be known now, or may have changed.
+void CallList::OnContactsRead()
+{
+    const HostCall current = Current();
+    nameCalls(m_listRun);
+    nameCalls(m_listKept);
+    showCalls(current);
+}
+
+QList<HostCall> CallList::calls() const
+{
+    QList<HostCall> listShown;
+    foreach (const HostCall& call, m_listRun + m_listKept) {
+        if (holds(call)) {
+            listShown.append(call);
+        }
+    }
+    return listShown;
+}
+
+bool CallList::holds(const HostCall& call) const
+{
+    return m_strSearch.isEmpty() || call.strName.contains(m_strSearch, Qt::CaseInsensitive) ||
+           call.strNumber.contains(m_strSearch, Qt::CaseInsensitive);
+}
+
+void CallList::nameCalls(QList<HostCall>& listCalls)
+{
+    HostContacts* pContacts = HostContacts::Instance();
+    for (int i = 0; pContacts != nullptr && i < listCalls.size(); ++i) {
+        listCalls[i].strName = pContacts->NameOf(listCalls.at(i).strNumber);
+    }
+}
+
 QString CallList::text(const char* pszId) const
 {
     return Change::tr(QLatin1String(pszId), m_strPlugin);
+}
+
+// As much as was read before, and what a search looks through.
+void CallList::readAgain()
+{
+    read(qMax(m_strSearch.isEmpty() ? PAGE : SEARCHED, int(m_listKept.size())));
 }
 
 void CallList::read(int iAtMost)

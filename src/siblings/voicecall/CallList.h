@@ -25,6 +25,9 @@ public:
 
     // Reads anew what the host keeps.
     void Refresh();
+
+    // Shows only calls whose number or name holds this; all for the empty text.
+    void Search(const QString& strText);
     void Retranslate();
 
     // The call that is selected. Its identifier is 0 if the host does not keep it, or there is none.
@@ -38,13 +41,17 @@ protected:
 
 private slots:
     void OnScrolled(int iValue);
+    void OnContactsRead();
 
 private:
     enum Column { COLUMN_NUMBER, COLUMN_NAME, COLUMN_KIND, COLUMN_TIME, COLUMN_DURATION, COLUMN_RESULT, COLUMN_COUNT };
 
     QString text(const char* pszId) const;
-    QList<HostCall> calls() const { return m_listRun + m_listKept; }
+    QList<HostCall> calls() const;
+    bool holds(const HostCall& call) const;
+    static void nameCalls(QList<HostCall>& listCalls);
     void read(int iAtMost);
+    void readAgain();
     void showCalls(const HostCall& current);
     void fill(QTreeWidgetItem* pItem, const HostCall& call) const;
     QString kindText(const HostCall& call) const;
@@ -54,6 +61,7 @@ private:
     const QString m_strPlugin;
     QList<HostCall> m_listRun; // that the host does not keep, the one in progress first
     QList<HostCall> m_listKept;
+    QString m_strSearch;
     bool m_bAll;     // and it keeps no more
     bool m_bInCall;  // the first is in progress
     int m_iProgress; // of that

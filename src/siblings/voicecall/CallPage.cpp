@@ -11,11 +11,13 @@
 #include "common/CallBox.h"
 #include "common/Phonebook.h"
 #include "common/Recipients.h"
+#include "linkhand/QtCompat.h"
 #include "linkhand/core/Change.h"
 #include "linkhand/core/CommonUtils.h"
 #include "linkhand/core/Startup.h"
 #include "linkhand/plugin/Codes.h"
 #include "linkhand/plugin/ISMSUIService.h"
+#include "shared/HostContacts.h"
 #include "shared/HostLink.h"
 #include "voicecall/CallList.h"
 
@@ -30,6 +32,14 @@ ISMSUIService* messages()
                : qobject_cast<ISMSUIService*>(pContainer->GetPlugin(QLatin1String(LINKHAND_SMS_ID), LINKHAND_SMS_KIND));
 }
 
+// The list shows who they are as soon as that is known.
+void readContacts(bool bAnew)
+{
+    if (HostContacts* pContacts = HostContacts::Instance()) {
+        pContacts->Read(bAnew);
+    }
+}
+
 } // namespace
 
 CallPage::CallPage(const QString& strPlugin)
@@ -41,6 +51,7 @@ CallPage::CallPage(const QString& strPlugin)
       m_pVideoCall(new QPushButton(this)),
       m_pBox(new CallBox(strPlugin, this)),
       m_bInCall(false),
+      m_pSearch(new QLineEdit(this)),
       m_pCalls(new CallList(strPlugin, this))
 {
     setObjectName(m_strPlugin + QLatin1String("_MainWidget"));
@@ -50,6 +61,8 @@ CallPage::CallPage(const QString& strPlugin)
     m_pCall->setObjectName(m_strPlugin + QLatin1String("_buttonCall"));
     m_pVideoCall->setObjectName(m_strPlugin + QLatin1String("_buttonVideoCall"));
     m_pCalls->setObjectName(m_strPlugin + QLatin1String("_treeCalls"));
+    m_pSearch->setObjectName(m_strPlugin + QLatin1String("_lineeditSearch"));
+    QtCompat::showClearButton(m_pSearch);
     m_pHint->setWordWrap(true);
     m_pBox->hide();
     m_callNumber = makeDeed("CallNumber", SLOT(OnCallNumber()));
@@ -64,6 +77,7 @@ CallPage::CallPage(const QString& strPlugin)
     connect(m_pNumber, SIGNAL(returnPressed()), this, SLOT(OnCall()));
     connect(m_pCall, SIGNAL(clicked()), this, SLOT(OnCall()));
     connect(m_pVideoCall, SIGNAL(clicked()), this, SLOT(OnVideoCall()));
+    connect(m_pSearch, SIGNAL(textChanged(QString)), this, SLOT(OnSearch()));
     connect(m_pCalls, SIGNAL(itemSelectionChanged()), this, SLOT(OnSelectionChanged()));
     connect(m_pCalls, SIGNAL(itemActivated(QTreeWidgetItem*, int)), this, SLOT(OnActivated()));
     Retranslate();
@@ -109,6 +123,8 @@ void CallPage::Retranslate()
     HostLink* pLink = HostLink::Instance();
     m_pHint->setText(text(pLink == nullptr || pLink->IsSimulated() ? "IDS_HINT" : "IDS_HINT_REAL"));
     m_pNumber->setAccessibleName(text("IDS_COLUMN_NUMBER"));
+    m_pSearch->setPlaceholderText(text("IDS_SEARCH"));
+    m_pSearch->setAccessibleName(text("IDS_SEARCH"));
     m_pCall->setText(text("IDS_CALL"));
     m_pVideoCall->setText(text("IDS_VIDEO_CALL"));
     setText(m_callNumber, "IDS_CALL_NUMBER");
@@ -122,6 +138,7 @@ void CallPage::Retranslate()
 
 void CallPage::Enter()
 {
+    readContacts(false);
     lookAround();
     m_pCalls->Refresh();
 }
@@ -144,6 +161,12 @@ void CallPage::OnCall()
 void CallPage::OnVideoCall()
 {
     dial(m_pNumber->text().trimmed(), HOST_CALL_VIDEO);
+}
+
+void CallPage::OnSearch()
+{
+    m_pCalls->Search(m_pSearch->text().trimmed());
+    OnSelectionChanged();
 }
 
 void CallPage::OnSelectionChanged()
@@ -180,7 +203,8 @@ void CallPage::OnMessage()
 void CallPage::OnSaveNumber()
 {
     Phonebook::SaveNumber(m_pCalls->Current().strNumber, window());
-    m_pCalls->Refresh(); // it may have a name now
+    readContacts(true); // it may have a name now
+    m_pCalls->Refresh();
 }
 
 void CallPage::OnDelete()
@@ -252,6 +276,7 @@ void CallPage::makeLayout()
     pLayout->addWidget(m_pHint);
     pLayout->addLayout(pDial);
     pLayout->addWidget(m_pBox);
+    pLayout->addWidget(m_pSearch);
     pLayout->addWidget(m_pCalls, 1);
     pLayout->addLayout(pDeeds);
 }

@@ -36,6 +36,7 @@ private slots:
     void OnEdited();
     void OnCall();
     void OnVideoCall();
+    void OnSearch();
     void OnSelectionChanged();
     void OnActivated();
     void OnCallNumber();
@@ -67,6 +68,7 @@ private:
     QPushButton* m_pVideoCall;
     CallBox* m_pBox;
     bool m_bInCall; // of either type
+    QLineEdit* m_pSearch;
     CallList* m_pCalls;
     Deed m_callNumber;
     Deed m_message;

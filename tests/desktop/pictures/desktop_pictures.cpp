@@ -158,6 +158,10 @@ void Camera::TakeEditors()
     m_host.Type("The train is late, start without me. See you at eight!");
     takeWindow("sms-editor.png", "SMSUIPlugin_window");
     takePicker();
+    // What is written would be asked for.
+    MUST(m_host.Click("SMSUIPlugin_texteditText"));
+    m_host.Key("ctrl+a");
+    m_host.Key("Delete");
     MUST(m_host.Click("SMSUIPlugin_buttonClose"));
     MUST(m_host.WaitGone("SMSUIPlugin_window"));
     MUST(m_host.WaitForFocus(TABLE));
@@ -167,6 +171,11 @@ void Camera::TakeEditors()
     MUST(m_host.Click("MMSUIPlugin_lineeditSubject"));
     m_host.Type("Sunday");
     takeWindow("mms-editor.png", "MMSUIPlugin_window");
+    m_host.Key("ctrl+a");
+    m_host.Key("Delete");
+    MUST(m_host.Click("MMSUIPlugin_texteditText"));
+    m_host.Key("ctrl+a");
+    m_host.Key("Delete");
     MUST(m_host.Click("MMSUIPlugin_buttonClose"));
     MUST(m_host.WaitGone("MMSUIPlugin_window"));
 }

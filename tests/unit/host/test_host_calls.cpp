@@ -266,6 +266,9 @@ void TestHostCalls::theLinkTellsWhoItWas()
     one.iSimulated = 0;
     QVERIFY(store.AddCall(one));
     QVERIFY(store.AddCall(call("999", NOON + 1)));
+    QCOMPARE(link.Calls(0, 10).size(), 2);
+    HostContacts::Instance()->Read(false);
+    QTRY_COMPARE(link.Calls(0, 10).last().strName, QString("Berta"));
     const QList<HostCall> listCalls = link.Calls(0, 10);
     QCOMPARE(listCalls.size(), 2);
     QCOMPARE(listCalls.first().strName, QString());

@@ -2,6 +2,7 @@
 #define LINKHAND_TESTS_FAKELINK_H
 
 #include <QCoreApplication>
+#include <QMap>
 
 #include "shared/HostLink.h"
 
@@ -30,7 +31,23 @@ public:
         return listCalls.last();
     }
 
-    bool SendMessage(HostMessageKind, const QStringList&, const QString&, const QString&) override { return true; }
+    bool SendMessage(HostMessageKind, const QStringList& lstNumbers, const QString& strSubject,
+                     const QString& strText) override
+    {
+        lstSent << lstNumbers.join(",") + "|" + strSubject + "|" + strText;
+        return bKeeps;
+    }
+    int KeepDraft(int iId, HostMessageKind, const QStringList& lstNumbers, const QString& strSubject,
+                  const QString& strText) override
+    {
+        if (!bKeeps) {
+            return 0;
+        }
+        const int iKept = iId != 0 ? iId : ++iLastId;
+        drafts[iKept] = lstNumbers.join(",") + "|" + strSubject + "|" + strText;
+        return iKept;
+    }
+    void ForgetDraft(int iId) override { drafts.remove(iId); }
     bool Dial(const QString& strNumber, HostCallType) override
     {
         lstDialled << strNumber;
@@ -63,6 +80,9 @@ public:
     QString LogFolder() override { return QString(); }
 
     QList<HostCall> listCalls; // the latest first
+    QMap<int, QString> drafts; // "numbers|subject|text"
+    QStringList lstSent;       // likewise
+    bool bKeeps = true;
     QStringList lstDialled;
     bool bSimulated = true;
     bool bRemoves = true;

@@ -223,7 +223,8 @@ void TestSiblings::theEditorShowsRecipientsAndText()
     QWidget* pEditor = editor("SMSUIPlugin");
     QCOMPARE(in<QLineEdit>(pEditor, "SMSUIPlugin_lineeditTo")->text(), QStringLiteral("123; 456; 123"));
     QCOMPARE(in<QPlainTextEdit>(pEditor, "SMSUIPlugin_texteditText")->toPlainText().length(), 161);
-    QCOMPARE(in<QLabel>(pEditor, "SMSUIPlugin_labelLength")->text(), QStringLiteral("Characters: 161, messages: 2"));
+    QCOMPARE(in<QLabel>(pEditor, "SMSUIPlugin_labelLength")->text(),
+             QStringLiteral("Characters: 161, messages: 2; to 3 recipients: 6 in all"));
     // A second message has an editor of its own.
     pSms->SendMessage(QString(), QString(), nullptr);
     QCOMPARE(m_pWindow->findChildren<QWidget*>("SMSUIPlugin_editor").size(), 2);
