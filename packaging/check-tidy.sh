@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Usage: check-tidy.sh [--lately | REVISION]  clang-tidy with the checks of .clang-tidy over the sources of the program,
-# or over those changed since REVISION, or over those that the last 15 commits or the work since have touched. Uses the
-# release build, and makes it where it is missing.
+# or over those changed since REVISION, or over those that the last 15 commits (the newest forty of them) or the work
+# since have touched. Uses the release build, and makes it where it is missing.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 packaging/build.sh release program
@@ -10,8 +10,8 @@ touched()
     case ${1:-} in
     '') git ls-files 'src/*.cpp' ;;
     --lately)
-        git log -15 --format= --name-only -- 'src/*.cpp'
         git diff --name-only HEAD -- 'src/*.cpp'
+        git log -15 --format= --name-only -- 'src/*.cpp' | awk '!seen[$0]++ && ++count <= 40'
         ;;
     *) git diff --name-only "$1" -- 'src/*.cpp' ;;
     esac

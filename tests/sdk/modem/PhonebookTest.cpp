@@ -19,7 +19,7 @@ Patience shortPatience()
 {
     Patience patience;
     patience.plain = patience.pin = patience.read = patience.write = Milliseconds(2500);
-    patience.life = Milliseconds(1500);
+    patience.life = Milliseconds(4000);
     patience.quiet = Milliseconds(50);
     patience.busy = Milliseconds(5000);
     return patience;
