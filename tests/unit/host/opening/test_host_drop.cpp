@@ -23,22 +23,22 @@ private slots:
 namespace
 {
 
-// As Qt sends them: enter, move, drop.
+// As Qt sends them: enter, move, drop. With Shift held down, a file manager proposes a move.
 bool dropOn(QWidget& widget, const QMimeData& data, Qt::DropActions actions, Qt::DropAction& enTaken)
 {
-    QDragEnterEvent enter(QPoint(5, 5), actions, &data, Qt::LeftButton, Qt::NoModifier);
+    QDragEnterEvent enter(QPoint(5, 5), actions, &data, Qt::LeftButton, Qt::ShiftModifier);
     enter.ignore();
     QCoreApplication::sendEvent(&widget, &enter);
     if (!enter.isAccepted()) {
         return false;
     }
-    QDragMoveEvent move(QPoint(6, 6), actions, &data, Qt::LeftButton, Qt::NoModifier);
+    QDragMoveEvent move(QPoint(6, 6), actions, &data, Qt::LeftButton, Qt::ShiftModifier);
     move.ignore();
     QCoreApplication::sendEvent(&widget, &move);
     if (!move.isAccepted()) {
         return false;
     }
-    QDropEvent drop(QPointF(6, 6), actions, &data, Qt::LeftButton, Qt::NoModifier);
+    QDropEvent drop(QPointF(6, 6), actions, &data, Qt::LeftButton, Qt::ShiftModifier);
     drop.ignore();
     QCoreApplication::sendEvent(&widget, &drop);
     enTaken = drop.dropAction();
