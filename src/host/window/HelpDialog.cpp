@@ -10,6 +10,7 @@
 #include "linkhand/core/Change.h"
 #include "linkhand/plugin/Codes.h"
 #include "text/HostText.h"
+#include "window/PhonebookKeys.h"
 
 namespace
 {
@@ -24,12 +25,7 @@ const Key GENERAL_KEYS[] = {
     {"Space", "IDS_HOST_HELP_SPACE"}, {"Menu|Shift+F10", "IDS_HOST_HELP_MENU"}, {"Esc", "IDS_HOST_HELP_ESCAPE"},
     {"Ctrl+Q", "IDS_HOST_HELP_QUIT"}};
 
-// Of the phonebook, whose language files have a key with the text.
-const char* const CONTACT_IDS[] = {"IDS_PMMENU_ADD",      "IDS_PMMENU_DETAIL",   "IDS_PMMENU_DELETE",
-                                   "IDS_PMMENU_SEND_MSG", "IDS_PMMENU_SEND_MMS", "IDS_PMMENU_CALL"};
-const char* const GROUP_IDS[] = {"IDS_Add_GROUP", "IDS_EDIT_GROUP", "IDS_DEL_GROUP", "IDS_SEND_MSG", "IDS_SEND_MMS"};
-
-// And those that it has without a text.
+// Those of the phonebook that its language files do not name.
 const Key CONTACT_KEYS[] = {{"Return", "IDS_HOST_HELP_EDIT"},
                             {"Ctrl+A", "IDS_HOST_HELP_ALL"},
                             {"Shift+Up|Shift+Down", "IDS_HOST_HELP_MORE"},
@@ -96,9 +92,9 @@ QString allKeys(const QStringList& lstPages)
         strPages += row(nativeText(QString::fromLatin1("Alt+%1").arg(i + 1)), lstPages.at(i));
     }
     return section("IDS_HOST_HELP_GENERAL", rows(GENERAL_KEYS)) + section("IDS_HOST_HELP_PAGES", strPages) +
-           section("IDS_HOST_HELP_CONTACTS", rows(CONTACT_IDS) + rows(CONTACT_KEYS)) +
-           section("IDS_HOST_HELP_GROUPS", rows(GROUP_IDS)) +
-           section("IDS_HOST_HELP_SEARCH", phonebookRow("IDS_PMTOOLBAR_SEARCH") + rows(SEARCH_KEYS)) +
+           section("IDS_HOST_HELP_CONTACTS", rows(PhonebookKeys::CONTACT_IDS) + rows(CONTACT_KEYS)) +
+           section("IDS_HOST_HELP_GROUPS", rows(PhonebookKeys::GROUP_IDS)) +
+           section("IDS_HOST_HELP_SEARCH", phonebookRow(PhonebookKeys::SEARCH_ID) + rows(SEARCH_KEYS)) +
            section("IDS_HOST_PAGE_VoiceCallPlugin", rows(CALL_KEYS)) + section("IDS_HOST_FINDINGS", rows(FINDING_KEYS));
 }
 

@@ -86,6 +86,8 @@ Language readLanguage(const QString& strFile, QStringList& lstProblems)
 QStringList contextsOf(const QString& strFile, const Language& english)
 {
     const QString strPath = QDir(sourceFolder()).relativeFilePath(strFile);
+    if (strPath == "src/host/window/PhonebookKeys.h")
+        return {s_szPhonebook}; // the list of all keys shows those of its plug-in
     if (strPath.startsWith("src/host/") || strPath.startsWith("src/core/"))
         return {s_szHost};
     if (!strPath.startsWith("src/siblings/"))
