@@ -208,6 +208,10 @@
         <translation>اختر ملفاً أو برنامجاً لترى ما سيأتي منه.</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARE_IMPORT_OUTCOME</source>
+        <translation>النتيجة</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARE_IMPORT_NEW</source>
         <translation>جديد</translation>
     </message>

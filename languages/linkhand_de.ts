@@ -208,6 +208,10 @@
         <translation>Wählen Sie eine Datei oder ein Programm, um zu sehen, was daraus käme.</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARE_IMPORT_OUTCOME</source>
+        <translation>Ergebnis</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARE_IMPORT_NEW</source>
         <translation>Neu</translation>
     </message>

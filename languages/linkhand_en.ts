@@ -208,6 +208,10 @@
         <translation>Choose a file or a program to see what would come from it.</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARE_IMPORT_OUTCOME</source>
+        <translation>Outcome</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARE_IMPORT_NEW</source>
         <translation>New</translation>
     </message>

@@ -208,6 +208,10 @@
         <translation>选择文件或程序以查看将要导入的内容。</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARE_IMPORT_OUTCOME</source>
+        <translation>结果</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARE_IMPORT_NEW</source>
         <translation>新增</translation>
     </message>

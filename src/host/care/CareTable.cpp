@@ -140,6 +140,8 @@ void CareTable::Select(int iId)
 
 void CareTable::SizeColumns(const QStringList& lstWidest)
 {
+    ensurePolished();
+    header()->ensurePolished();
     for (int i = 0; i < lstWidest.size(); ++i) {
         if (!lstWidest.at(i).isEmpty()) {
             const int iText = QtCompat::textWidth(fontMetrics(), lstWidest.at(i)) + fontMetrics().height();

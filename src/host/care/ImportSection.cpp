@@ -135,7 +135,7 @@ void ImportSection::Retranslate()
     m_pTable->setAccessibleName(Title());
     m_pTable->SetTitles(QStringList() << HostText::Get("IDS_HOST_CARE_FIELD_NAME")
                                       << HostText::Get("IDS_HOST_CARE_COLUMN_NUMBER")
-                                      << HostText::Get("IDS_HOST_CARE_COLUMN_WHAT"));
+                                      << HostText::Get("IDS_HOST_CARE_IMPORT_OUTCOME"));
     m_pTable->SetEmptyText(HostText::Get("IDS_HOST_CARE_IMPORT_NONE"));
     m_pTable->SizeColumns(QStringList() << QString(26, QLatin1Char('n')) << QLatin1String("+44 1632 960000 00"));
     show();

@@ -53,7 +53,6 @@ RestoreDialog::RestoreDialog(const Backup& backup, const QList<RestoreChange>& l
     pList->setSelectionMode(QAbstractItemView::SingleSelection);
     pList->SetTitles(QStringList() << HostText::Get("IDS_HOST_CARE_RESTORE_COLUMN")
                                    << HostText::Get("IDS_HOST_CARE_FIELD_NAME"));
-    pList->SizeColumns(QStringList(HostText::Get("IDS_HOST_CARE_RESTORE_ROW_CHANGES")));
     pList->SetRows(rowsOf(listChanges, strHead));
     pList->setAccessibleName(HostText::Get("IDS_HOST_CARE_RESTORE_COLUMN"));
     QLabel* pHead = new QLabel(strHead, pContent);
@@ -81,5 +80,7 @@ RestoreDialog::RestoreDialog(const Backup& backup, const QList<RestoreChange>& l
     pLayout->addLayout(pButtons);
     pContent->setMinimumSize(480, 340);
     AddMainWidget(pContent);
+    // In the style of the dialog, which it has only now.
+    pList->SizeColumns(QStringList(HostText::Get("IDS_HOST_CARE_RESTORE_ROW_CHANGES")));
     pCancel->setFocus(Qt::OtherFocusReason);
 }

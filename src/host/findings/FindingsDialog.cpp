@@ -91,7 +91,7 @@ void FindingsDialog::fill()
         QStringList lstTexts;
         lstTexts << entry.Row() << entry.Column() << entry.Reason() << entry.Value();
         QTreeWidgetItem* pItem = new QTreeWidgetItem(lstTexts);
-        pItem->setData(COLUMN_ROW, Qt::TextAlignmentRole, static_cast<int>(Qt::AlignRight | Qt::AlignVCenter));
+        pItem->setData(COLUMN_ROW, Qt::TextAlignmentRole, static_cast<int>(Qt::AlignCenter));
         for (int i = 1; i < COLUMN_COUNT; ++i) {
             // A column may be too narrow for it, and marks in it are text.
             pItem->setToolTip(i, QLatin1String("<p>") + QtCompat::htmlEscaped(lstTexts.at(i)) + QLatin1String("</p>"));

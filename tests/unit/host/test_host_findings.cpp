@@ -151,7 +151,7 @@ void TestHostFindings::eachReasonHasItsWordsInEachLanguage()
     QFETCH(QString, language);
     m_pServices->SetLanguage(language);
     QSet<QString> setWords;
-    for (int i = ORVA_FINDING_QUOTE; i <= ORVA_FINDING_CARD_NONE; ++i) {
+    for (int i = ORVA_FINDING_QUOTE; i <= ORVA_FINDING_REFUSED; ++i) {
         FindingList::Entry entry;
         entry.iLine = 1;
         entry.iColumn = 3;
@@ -161,7 +161,7 @@ void TestHostFindings::eachReasonHasItsWordsInEachLanguage()
         setWords.insert(entry.Reason());
         QVERIFY2(!entry.Column().contains("IDS_"), qPrintable(entry.Column()));
     }
-    QCOMPARE(setWords.size(), int(ORVA_FINDING_CARD_NONE));
+    QCOMPARE(setWords.size(), int(ORVA_FINDING_REFUSED));
     FindingList::Entry entry;
     entry.iColumn = -1;
     foreach (const char* pszName, (QList<const char*>() << "PHOTO"
