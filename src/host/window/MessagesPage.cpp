@@ -171,8 +171,8 @@ void MessagesPage::prepareList()
     m_pList->setAlternatingRowColors(true);
     m_pList->setItemDelegateForColumn(COLUMN_TO, new NumberDelegate(m_pList));
     m_pList->setColumnWidth(COLUMN_KIND, 70);
-    m_pList->setColumnWidth(COLUMN_TO, isReal() ? 160 : 220); // one number each, or all of a message
-    m_pList->setColumnWidth(COLUMN_TEXT, isReal() ? 60 : 340);
+    m_pList->setColumnWidth(COLUMN_TO, isReal() ? 240 : 290); // one number each with its name, or all of a message
+    m_pList->setColumnWidth(COLUMN_TEXT, isReal() ? 60 : 270);
     if (isReal()) {
         // What has become of a message is read before what it says, which takes the room that is left.
         m_pList->header()->moveSection(COLUMN_TEXT, COLUMN_COUNT - 1);

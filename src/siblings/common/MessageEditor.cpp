@@ -343,12 +343,16 @@ void MessageEditor::makeLayout()
     QGridLayout* pHead = new QGridLayout;
     pHead->addWidget(m_pToLabel, 0, 0);
     pHead->addWidget(m_pTo, 0, 1);
-    pHead->addWidget(m_pByName, 0, 2);
-    pHead->addWidget(m_pAdd, 0, 3);
-    pHead->addWidget(m_pSave, 0, 4);
-    pHead->addWidget(m_pRecipients, 1, 1, 1, 4);
-    pHead->addWidget(m_pSubjectLabel, 2, 0);
-    pHead->addWidget(m_pSubject, 2, 1, 1, 4);
+    pHead->addWidget(m_pRecipients, 1, 1);
+    // Beneath the line, which would have no room beside them in some languages.
+    QHBoxLayout* pWays = new QHBoxLayout;
+    pWays->addWidget(m_pByName);
+    pWays->addWidget(m_pAdd);
+    pWays->addWidget(m_pSave);
+    pWays->addStretch(1);
+    pHead->addLayout(pWays, 2, 1);
+    pHead->addWidget(m_pSubjectLabel, 3, 0);
+    pHead->addWidget(m_pSubject, 3, 1);
     m_pSubjectLabel->setVisible(m_enKind == HOST_MESSAGE_MMS);
     m_pSubject->setVisible(m_enKind == HOST_MESSAGE_MMS);
     QHBoxLayout* pFoot = new QHBoxLayout;
@@ -359,7 +363,7 @@ void MessageEditor::makeLayout()
     pLayout->addLayout(pHead);
     pLayout->addWidget(m_pText, 1);
     pLayout->addLayout(pFoot);
-    setMinimumSize(760, 360); // three numbers beside one another
+    setMinimumSize(640, 400); // three numbers beside one another
 }
 
 void MessageEditor::report(const char* pszId)
