@@ -20,6 +20,8 @@
 #include "app/Services.h"
 #include "linkhand/QtCompat.h"
 #include "linkhand/core/HostServices.h"
+#include "settings/DataFolder.h"
+#include "single/SingleInstance.h"
 
 namespace
 {
@@ -60,7 +62,8 @@ int live(int& argc, char** argv)
     const quint32 seed = option(arguments, "--live", "1").toUInt();
     const int actions = option(arguments, "--actions", "100").toInt();
 
-    HostApplication host{CommandLine()};
+    SingleInstance instance(DataFolder::Path());
+    HostApplication host(CommandLine(), instance);
     HostServices* services =
         reinterpret_cast<HostServices*>(quintptr(qApp->property(LINKHAND_HOST_SERVICES).toLongLong()));
     Life life(seed, actions, *static_cast<Services*>(services), QDir::homePath());

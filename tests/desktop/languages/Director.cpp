@@ -11,6 +11,7 @@
 #include "Texts.h"
 #include "app/HostApplication.h"
 #include "linkhand/QtCompat.h"
+#include "single/SingleInstance.h"
 #include "window/MainWindow.h"
 
 namespace
@@ -91,7 +92,8 @@ bool Director::Run(int& argc, char** argv)
     QApplication application(argc, argv);
     QApplication::setApplicationName("linkhand");
     QApplication::setQuitOnLastWindowClosed(false);
-    HostApplication host{CommandLine()};
+    SingleInstance instance(strData);
+    HostApplication host(CommandLine(), instance);
     QTimer::singleShot(0, this, [this] {
         Scenes::Main()->resize(1240, 760);
         Start();

@@ -18,6 +18,7 @@
 #include "Scenes.h"
 #include "app/HostApplication.h"
 #include "linkhand/QtCompat.h"
+#include "single/SingleInstance.h"
 #include "window/MainWindow.h"
 
 namespace
@@ -137,7 +138,8 @@ int Ending::Run(int& argc, char** argv, const Scene& scene, int iSignal, int iTi
     Ending ending(scene, iSignal, iTimes);
     int iCode = 0;
     {
-        HostApplication host{CommandLine()};
+        SingleInstance instance(strData);
+        HostApplication host(CommandLine(), instance);
         iCode = host.Run();
     }
     return ending.m_enState == SIGNALLED ? iCode : NOT_COME;
