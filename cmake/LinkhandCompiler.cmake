@@ -21,10 +21,11 @@ add_compile_options(-ffile-prefix-map=${CMAKE_SOURCE_DIR}/= -ffile-prefix-map=${
 if(LINKHAND_SANITIZER)
   add_compile_options(-fsanitize=${LINKHAND_SANITIZER} -fno-omit-frame-pointer -g1 -O1)
   add_link_options(-fsanitize=${LINKHAND_SANITIZER})
-  # Hundreds of test programs, each with a sanitizer in it: a quick linker saves minutes. What is shipped has the usual one.
-  find_program(LINKHAND_MOLD mold)
-  if(LINKHAND_MOLD)
-    add_link_options(-fuse-ld=mold)
+  # Hundreds of test programs, each with a sanitizer in it: a quick linker saves minutes. What is shipped has the usual
+  # one. (mold would make names that are only looked for ones that are needed.)
+  find_program(LINKHAND_LLD ld.lld)
+  if(LINKHAND_LLD)
+    add_link_options(-fuse-ld=lld)
   endif()
   if(LINKHAND_SANITIZER MATCHES "undefined")
     add_compile_options(-fno-sanitize-recover=undefined)
