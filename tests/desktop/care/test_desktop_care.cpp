@@ -111,8 +111,8 @@ void TestDesktopCare::synchroniseWithAFolder()
         return HostDriver::WaitUntil([&] { return m_pHost->Text("linkhand_Care_sync_last").contains(strText); });
     };
     QVERIFY(backToTabs());
-    m_pHost->Key("Right");
-    m_pHost->Key("Right");
+    for (int i = 0; i < 3; ++i)
+        m_pHost->Key("Right");
     QVERIFY(shows("Nothing is set up yet."));
     QVERIFY(tabTo("linkhand_Care_sync_kind"));
     m_pHost->Key("Down");

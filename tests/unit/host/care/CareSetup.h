@@ -33,10 +33,10 @@ protected:
     }
 
     // Opens the page at a section and lets it read.
-    void openSection(int iSection)
+    void openSection(const QString& strSection)
     {
         m_pWindow->ShowPage("Care");
-        find<QTabWidget>("linkhand_Care_tabs")->setCurrentIndex(iSection);
+        find<QTabWidget>("linkhand_Care_tabs")->setCurrentWidget(find<QWidget>("linkhand_Care_" + strSection));
     }
 
     int add(const QStringList& lstValues) { return RealStore::addContact(ORVA_MEMORY_LOCAL, lstValues); }

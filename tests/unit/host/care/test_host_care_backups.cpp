@@ -26,7 +26,7 @@ private slots:
     void aBackupIsMadeAndListed()
     {
         add({"Ada"});
-        openSection(1);
+        openSection("backups");
         QTRY_VERIFY(find<QPushButton>("linkhand_Care_backups_make")->isVisible());
         QVERIFY(!find<QPushButton>("linkhand_Care_backups_restore")->isEnabled());
         click("linkhand_Care_backups_make");
@@ -56,7 +56,7 @@ private slots:
         ORVA_PBSrv_DelAddrRec(iAda, ORVA_MEMORY_LOCAL);
         add({"Cy"});
         add({"Di"});
-        openSection(1);
+        openSection("backups");
         QTRY_COMPARE(rows(LIST).size(), 1);
         answer(accept ? "linkhand_Restore_ok" : "linkhand_Restore_cancel");
         QSignalSpy spyChanged(m_pWindow.data(), SIGNAL(contactsChanged()));
@@ -86,7 +86,7 @@ private slots:
         QDir folder(dataFolder() + "/backups");
         QFile file(folder.filePath(folder.entryList(QStringList("*.db")).value(0)));
         QVERIFY(file.resize(file.size() - 4096));
-        openSection(1);
+        openSection("backups");
         QTRY_COMPARE(rows(LIST).size(), 1);
         QVERIFY(column(LIST, STATE).first().startsWith("The file is damaged"));
         QVERIFY(!find<QPushButton>("linkhand_Care_backups_restore")->isEnabled());

@@ -47,7 +47,7 @@ private slots:
         QCOMPARE(ORVA_PBSrv_AddAddrToGroup(iChoir, iAda, ORVA_MEMORY_LOCAL), long(ORVA_OK));
         QCOMPARE(ORVA_PBSrv_DelAddrRec(iAda, ORVA_MEMORY_LOCAL), long(ORVA_OK));
         QSignalSpy spyChanged(m_pWindow.data(), SIGNAL(contactsChanged()));
-        openSection(0);
+        openSection("bin");
         QTRY_COMPARE(column(LIST, NAME), QStringList("Ada"));
         const QStringList lstRow = rows(LIST).first();
         QCOMPARE(lstRow.at(WHAT), QString("Deleted"));
@@ -71,7 +71,7 @@ private slots:
         ORVA_PBSrv_AddrRecord_SetValue(pRecord, "Name", QString("Ada B").utf16());
         QCOMPARE(ORVA_PBSrv_UpdateAddrRec(pRecord, iAda), long(ORVA_OK));
         ORVA_PBSrv_AddrRecord_Release(pRecord);
-        openSection(0);
+        openSection("bin");
         QTRY_COMPARE(column(LIST, WHAT), QStringList("Changed"));
         QVERIFY(select(LIST, NAME, "Ada"));
         click(RESTORE);
@@ -84,7 +84,7 @@ private slots:
         foreach (const QStringList& lstValues, listAll) {
             QCOMPARE(ORVA_PBSrv_DelAddrRec(add(lstValues), ORVA_MEMORY_LOCAL), long(ORVA_OK));
         }
-        openSection(0);
+        openSection("bin");
         QTRY_COMPARE(rows(LIST).size(), 3);
         QLineEdit* pSearch = find<QLineEdit>("linkhand_Care_bin_search");
         pSearch->setText("hartley 222");
@@ -96,7 +96,7 @@ private slots:
     void withoutAChoiceNothingCanBeRestored()
     {
         ORVA_PBSrv_DelAddrRec(add({"Ada"}), ORVA_MEMORY_LOCAL);
-        openSection(0);
+        openSection("bin");
         QTRY_COMPARE(rows(LIST).size(), 1);
         QVERIFY(!find<QPushButton>(RESTORE)->isEnabled());
         QVERIFY(select(LIST, NAME, "Ada"));
@@ -108,7 +108,7 @@ private slots:
     {
         ORVA_PBSrv_DelAddrRec(add({"Ada"}), ORVA_MEMORY_LOCAL);
         ORVA_PBSrv_DelAddrRec(add({"Bo"}), ORVA_MEMORY_LOCAL);
-        openSection(0);
+        openSection("bin");
         QTRY_COMPARE(column(LIST, NAME), QStringList() << "Bo"
                                                        << "Ada");
         find<QAbstractItemView>(LIST)->selectAll();
@@ -127,7 +127,7 @@ private slots:
             ORVA_PBSrv_DelAddrRec(add({"N" + QString::number(i)}), ORVA_MEMORY_LOCAL);
         }
         QCOMPARE(ORVA_PBSrv_EndTransaction(ORVA_MEMORY_LOCAL), long(ORVA_OK));
-        openSection(0);
+        openSection("bin");
         QTRY_COMPARE(rows(LIST).size(), iAll);
         find<QAbstractItemView>(LIST)->selectAll();
         click(RESTORE);

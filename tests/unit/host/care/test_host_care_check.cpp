@@ -13,7 +13,7 @@ private slots:
     void aSoundStoreIsSaidToBeSound()
     {
         add({"Ada"});
-        openSection(3);
+        openSection("check");
         QTRY_COMPARE(found(), QString("The store is sound. Contacts: 1"));
         add({"Bo"});
         click("linkhand_Care_check_again");
@@ -29,7 +29,7 @@ private slots:
         QCOMPARE(ORVA_Sim_Reset(QFile::encodeName(dataFolder()).constData()), long(ORVA_OK));
         QFile file(dataFolder() + "/local.db");
         QVERIFY(file.resize(file.size() - 4096));
-        openSection(3);
+        openSection("check");
         QTRY_VERIFY2(found().contains("replaced by a new one"), qPrintable(found()));
         int iContacts = 0;
         QCOMPARE(ORVA_PBSrv_GetSize(ORVA_MEMORY_LOCAL, &iContacts), long(ORVA_OK));

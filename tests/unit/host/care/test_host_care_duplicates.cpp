@@ -28,7 +28,7 @@ private slots:
         add({"Ada", "0170111", "", "", "", "old friend"});
         add({"ada", "0170111", "0300222", "", "", ""});
         add({"Bo", "0170333"});
-        openSection(2);
+        openSection("duplicates");
         QTRY_COMPARE(rows(LIST).size(), 1);
         QCOMPARE(rows(LIST).first(), QStringList() << "Ada; ada"
                                                    << "The same person");
@@ -53,7 +53,7 @@ private slots:
     {
         add({"Ada", "0170111", "", "", "ada@x.org", ""});
         add({"Ada", "0170222", "", "", "ada@x.org", ""});
-        openSection(2);
+        openSection("duplicates");
         QTRY_VERIFY(rows(SIDES).value(NOTES).value(MERGED).contains("0170222"));
         QCOMPARE(rows(SIDES).at(MOBILE).at(MERGED), QString("0170111"));
     }
@@ -66,7 +66,7 @@ private slots:
         add({"Bo", "0170222"});
         add({"Cy", "0170333"});
         add({"Di", "0170333"});
-        openSection(2);
+        openSection("duplicates");
         QTRY_COMPARE(rows(LIST).size(), 3);
         QVERIFY(column(LIST, KIND).contains("One number, other names"));
         QVERIFY(select(LIST, NAMES, "Bo; Bo"));
@@ -104,7 +104,7 @@ private slots:
             add(lstValues);
         }
         QCOMPARE(ORVA_PBSrv_EndTransaction(ORVA_MEMORY_LOCAL), long(ORVA_OK));
-        openSection(2);
+        openSection("duplicates");
         QVERIFY(rows(LIST).isEmpty());
         QTRY_COMPARE_WITH_TIMEOUT(rows(LIST).size(), iPairs, 30000);
         int iBoxes = 0;

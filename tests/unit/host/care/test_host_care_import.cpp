@@ -9,7 +9,6 @@ namespace
 
 const char* const LIST = "linkhand_Care_import_list";
 const char* const SUMMARY = "linkhand_Care_import_summary";
-const int SECTION = 5;
 enum Column { NAME, NUMBER, OUTCOME };
 
 } // namespace
@@ -29,7 +28,7 @@ private slots:
     void whatWouldComeIsShownBeforeAnythingIsWritten()
     {
         add({"Bo", "2"});
-        openSection(SECTION);
+        openSection("import");
         QTRY_VERIFY(find<QPushButton>("linkhand_Care_import_file")->isVisible());
         QVERIFY(!find<QPushButton>("linkhand_Care_import_do")->isEnabled());
         section()->SetFile(file("people.csv", "Name,Mobile,Groups,Shoe\nAda,1,Friends,38\nBO,2,,\nCy,abc,,\n"));
@@ -58,7 +57,7 @@ private slots:
     void whoIsThereCanBeBroughtUpToDate()
     {
         add({"Bo", "2", "", "", "", "old"});
-        openSection(SECTION);
+        openSection("import");
         section()->SetFile(file("bo.vcf", "BEGIN:VCARD\nVERSION:3.0\nFN:Bo\nTEL;TYPE=CELL:2\nNOTE:new\nEND:VCARD\n"));
         QTRY_COMPARE(column(LIST, OUTCOME), QStringList("There already, left out"));
         QComboBox* pExisting = find<QComboBox>("linkhand_Care_import_existing");
@@ -72,7 +71,7 @@ private slots:
 
     void aFileOfNothingIsNamed()
     {
-        openSection(SECTION);
+        openSection("import");
         section()->SetFile(file("shoes.csv", "Shoe,Hat\n38,7\n"));
         QTRY_COMPARE(told(), QString("Nothing in shoes.csv can be read as contacts."));
         QVERIFY(!find<QPushButton>("linkhand_Care_import_do")->isEnabled());
@@ -84,7 +83,7 @@ private slots:
         for (int i = 0; i < 60000; ++i) {
             rows += "N" + QByteArray::number(i) + "," + QByteArray::number(i) + "\n";
         }
-        openSection(SECTION);
+        openSection("import");
         section()->SetFile(file("many.csv", rows));
         QTRY_COMPARE_WITH_TIMEOUT(rowCount(), 60000, 60000);
         click("linkhand_Care_import_do");
@@ -99,7 +98,7 @@ private slots:
     void allAreExportedAndTheOldFileStays()
     {
         add({"Ada", "1"});
-        openSection(SECTION);
+        openSection("import");
         const QString strFile = file("out.vcf", "old");
         section()->ExportTo(strFile);
         QTRY_VERIFY2(told().startsWith("Written to " + strFile + ". Contacts: 1."), qPrintable(told()));

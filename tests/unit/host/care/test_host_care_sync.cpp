@@ -14,8 +14,6 @@
 namespace
 {
 
-const int SECTION = 5;
-
 // Something on loopback that takes connections and says nothing.
 class Listener
 {
@@ -80,7 +78,7 @@ private slots:
     void aFolderIsSetUpSynchronisedAndToldOf()
     {
         add({"Ada", "0170111"});
-        openSection(SECTION);
+        openSection("sync");
         QTRY_COMPARE(last(), QString("Nothing is set up yet."));
         QVERIFY(!find<QPushButton>("linkhand_Care_sync_now")->isEnabled());
         setUpFolder();
@@ -96,7 +94,7 @@ private slots:
     void whatWasOverwrittenOrLeftIsNamed()
     {
         const int iAda = add({"Ada", "0170111"});
-        openSection(SECTION);
+        openSection("sync");
         setUpFolder();
         QTRY_COMPARE(told(), QString("Set up."));
         QTRY_VERIFY(find<QPushButton>("linkhand_Care_sync_now")->isEnabled());
@@ -121,7 +119,7 @@ private slots:
 
     void aServerThatIsAwayIsNoError()
     {
-        openSection(SECTION);
+        openSection("sync");
         setUpServer("http://127.0.0.1:1/book/");
         QTRY_COMPARE(told(), QString("Set up."));
         QTRY_VERIFY(find<QPushButton>("linkhand_Care_sync_now")->isEnabled());
@@ -132,7 +130,7 @@ private slots:
     void thePasswordGoesIntoTheKeyringAndNowhereElse()
     {
         standIn("secret-tool", "echo \"$@\" >" + outside("asked") + "; cat >" + outside("keyring"));
-        openSection(SECTION);
+        openSection("sync");
         find<QLineEdit>("linkhand_Care_sync_secret")->clear();
         QTest::keyClicks(find<QLineEdit>("linkhand_Care_sync_secret"), "secret word");
         setUpServer("https://example.org/book/");
@@ -150,7 +148,7 @@ private slots:
 
     void whatIsNoneOfItIsRefusedWithAReason()
     {
-        openSection(SECTION);
+        openSection("sync");
         setUpServer("http://contacts.example.org/book/");
         QTRY_COMPARE(told(), QString("The password would go through the net in the open: use https."));
         QVERIFY(!QFile::exists(dataFolder() + "/sync/config"));
@@ -160,7 +158,7 @@ private slots:
     {
         const Listener server;
         standIn("vdirsyncer", "case \"$*\" in *sync) touch " + outside("began") + "; exec sleep 600;; esac");
-        openSection(SECTION);
+        openSection("sync");
         setUpServer(server.Url());
         QTRY_COMPARE(told(), QString("Set up."));
         QTRY_VERIFY(find<QPushButton>("linkhand_Care_sync_now")->isEnabled());
@@ -174,7 +172,7 @@ private slots:
     void aSyncDoesNotWaitForItself()
     {
         PhonebookHold hold(m_pServices->Workers());
-        openSection(SECTION);
+        openSection("sync");
         setUpFolder();
         QTRY_COMPARE(told(), QString("Set up."));
         QTRY_VERIFY(find<QPushButton>("linkhand_Care_sync_now")->isEnabled());
@@ -195,7 +193,7 @@ private slots:
         standIn("systemctl", "case \"$2\" in enable) echo enabled >" + outside("timer") +
                                  ";; disable) echo disabled >" + outside("timer") + ";; is-enabled) cat " +
                                  outside("timer") + ";; esac; echo \"$@\" >>" + outside("asked"));
-        openSection(SECTION);
+        openSection("sync");
         QTRY_COMPARE(last(), QString("Nothing is set up yet."));
         QVERIFY(!pTimer->isEnabled());
         setUpFolder();
