@@ -264,8 +264,10 @@ void TestDesktopMenus::theTreeMenuWritesToAGroupOfThree()
     QVERIFY(host()->Click("SMSUIPlugin_buttonSend"));
     QVERIFY(host()->WaitGone(MenusFixture::SMS_TO));
     QVERIFY(host()->Click("linkhand_NavBar_Messages"));
-    QVERIFY(host()->WaitUntil(
-        [this] { return host()->Cell("linkhand_Messages_list", "01701").strText == "01701; 01702; 01703"; }));
+    // Each name keeps its direction beside its number.
+    const QString strTo = QStringLiteral("\u2068Adele Berg\u2069  \u206601701\u2069; \u2068Bruno Ahl\u2069  "
+                                         "\u206601702\u2069; \u2068Carla Diaz\u2069  \u206601703\u2069");
+    QVERIFY(host()->WaitUntil([&] { return host()->Cell("linkhand_Messages_list", strTo).strText == strTo; }));
 }
 
 void TestDesktopMenus::theToolBarWritesToThreeSelectedRows()
