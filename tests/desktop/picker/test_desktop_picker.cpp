@@ -172,6 +172,8 @@ void TestDesktopPicker::numbersArePickedWithTheKeyboard()
     QVERIFY(openEditor(kind));
     m_pHost->Type("0555123");
     m_pHost->Key("Tab");
+    QVERIFY(m_pHost->WaitForFocus(m_strPlugin + "_buttonByName"));
+    m_pHost->Key("Tab");
     QVERIFY(m_pHost->WaitForFocus(m_strPlugin + "_buttonAddRecipients"));
     m_pHost->Key("space");
     QVERIFY(isFilled());
