@@ -33,10 +33,11 @@ protected:
     }
 
     // Opens the page at a section and lets it read.
-    void openSection(const QString& strSection)
+    void openSection(const char* pszSection)
     {
         m_pWindow->ShowPage("Care");
-        find<QTabWidget>("linkhand_Care_tabs")->setCurrentWidget(find<QWidget>("linkhand_Care_" + strSection));
+        find<QTabWidget>("linkhand_Care_tabs")
+            ->setCurrentWidget(find<QWidget>((QByteArray("linkhand_Care_") + pszSection).constData()));
     }
 
     int add(const QStringList& lstValues) { return RealStore::addContact(ORVA_MEMORY_LOCAL, lstValues); }
