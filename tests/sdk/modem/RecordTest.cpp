@@ -109,6 +109,16 @@ TEST(whatTellsOfTheModemAloneStays)
     CHECK_EQ(maskedCommand("AT+CPBS=\"SM\";+CPBR=1,50", key), "AT+CPBS=\"SM\";+CPBR=1,50");
 }
 
+TEST(aLocationInQuotesIsKeptAndANumberIsNot)
+{
+    const std::string masked = maskedLine("+CPBR: \"7\",\"+491711234567\",145,\"Anna\"", "AT+CPBR=1,50", key);
+    const std::optional<EntryLine> entry = readEntryLine(masked);
+    REQUIRE(entry.has_value());
+    CHECK_EQ(entry->location, 7);
+    CHECK(!shows(masked, "1711234567") && !shows(masked, "Anna"));
+    CHECK(!shows(maskedLine("+CPBR: \"01711234567\",145,\"Anna\"", "AT+CPBR=1,50", key), "1711234567"));
+}
+
 TEST(anotherKeyGivesAnotherMask)
 {
     const char* const line = "+CPBR: 1,\"+491711234567\",145,\"Maximilian\"";
