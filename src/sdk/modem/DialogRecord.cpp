@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "base/Hex.h"
+#include "modem/PhonebookLines.h"
 
 namespace orva
 {
@@ -238,21 +239,6 @@ std::string maskedValues(std::string_view text, std::uint64_t key, std::size_t k
     }
     flush();
     return out;
-}
-
-// A location tells nothing. In quotes a longer one could be somebody's number.
-bool isLocation(std::string_view field)
-{
-    constexpr std::size_t longestQuoted = 5;
-    const std::size_t begin = field.find_first_not_of(' ');
-    if (begin != std::string_view::npos && field[begin] == '"') {
-        const std::size_t end = field.find('"', begin + 1);
-        if (end == std::string_view::npos || end - begin - 1 > longestQuoted ||
-            field.find_first_not_of(' ', end + 1) != std::string_view::npos)
-            return false;
-        field = field.substr(begin + 1, end - begin - 1);
-    }
-    return field.find_first_not_of("0123456789 ") == std::string_view::npos;
 }
 
 // Fields of a phonebook entry: location and type of number tell nothing, all else does.

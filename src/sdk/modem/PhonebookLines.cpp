@@ -130,10 +130,24 @@ std::string plainName(std::string_view name)
 
 } // namespace
 
+bool isLocation(std::string_view field)
+{
+    constexpr std::size_t longestQuoted = 5;
+    field = trimmed(field);
+    if (field.size() >= 2 && field.front() == '"' && field.back() == '"') {
+        field = field.substr(1, field.size() - 2);
+        if (field.size() > longestQuoted)
+            return false;
+    }
+    return allDigits(field);
+}
+
 std::optional<EntryLine> readEntryLine(std::string_view line)
 {
     std::string_view rest = answerText(line, "+CPBR");
     EntryLine entry;
+    if (!isLocation(rest.substr(0, rest.find(','))))
+        return std::nullopt;
     entry.location = number(takeField(rest), -1);
     if (entry.location < 0)
         return std::nullopt;

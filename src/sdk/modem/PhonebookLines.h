@@ -20,6 +20,10 @@ struct EntryLine {
     bool empty() const { return number.empty() && text.empty(); }
 };
 
+// Whether the first field of an entry's line is a location, which tells nothing of anybody. Some write it in quotes; a
+// longer one in quotes could be somebody's number.
+bool isLocation(std::string_view field);
+
 // Reads an entry whatever its spacing, its quotation marks or the fields behind it; nothing for a line without a
 // location.
 std::optional<EntryLine> readEntryLine(std::string_view line);
