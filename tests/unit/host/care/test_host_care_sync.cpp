@@ -5,6 +5,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialog>
+#include <QRegularExpression>
 #include <QTextBrowser>
 
 #include "CareSetup.h"
@@ -104,8 +105,10 @@ private slots:
         const QString strCard = outside("cards/") + QDir(outside("cards")).entryList(QStringList("*.vcf")).first();
         QFile card(strCard);
         QVERIFY(card.open(QIODevice::ReadWrite));
+        QString strText = QString::fromUtf8(card.readAll()).replace("0170111", "0170999");
+        QVERIFY(strText.contains("\r\nREV:"));
         const QByteArray text =
-            card.readAll().replace("0170111", "0170999").replace("END:", "REV:29990101T000000Z\r\nEND:");
+            strText.replace(QRegularExpression("\r\nREV:[^\r]*"), "\r\nREV:29990101T000000Z").toUtf8();
         QVERIFY(card.resize(0) && card.seek(0) && card.write(text) == text.size());
         card.close();
         QCOMPARE(changeMobile(iAda, "0170222"), long(ORVA_OK));
