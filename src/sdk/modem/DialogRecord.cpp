@@ -247,10 +247,8 @@ std::string maskedEntry(std::string_view text, std::uint64_t key)
     const std::size_t first = text.find(',');
     if (!isLocation(text.substr(0, first)))
         return maskedValues(text, key);
-    if (first == std::string_view::npos) {
-        const bool shortOne = text.size() < 6 || text.front() == '"';
-        return shortOne ? std::string(text) : maskedValues(text, key);
-    }
+    if (first == std::string_view::npos)
+        return std::string(text);
     const std::size_t second = text.find(',', first + 1);
     if (second == std::string_view::npos)
         return std::string(text.substr(0, first + 1)) + maskedValues(text.substr(first + 1), key, 0, maskedText);

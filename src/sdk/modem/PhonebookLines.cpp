@@ -132,14 +132,11 @@ std::string plainName(std::string_view name)
 
 bool isLocation(std::string_view field)
 {
-    constexpr std::size_t longestQuoted = 5;
+    constexpr std::size_t longest = 5;
     field = trimmed(field);
-    if (field.size() >= 2 && field.front() == '"' && field.back() == '"') {
+    if (field.size() >= 2 && field.front() == '"' && field.back() == '"')
         field = field.substr(1, field.size() - 2);
-        if (field.size() > longestQuoted)
-            return false;
-    }
-    return allDigits(field);
+    return field.size() <= longest && allDigits(field);
 }
 
 std::optional<EntryLine> readEntryLine(std::string_view line)

@@ -21,7 +21,7 @@ struct EntryLine {
 };
 
 // Whether the first field of an entry's line is a location, which tells nothing of anybody. Some write it in quotes; a
-// longer one in quotes could be somebody's number.
+// longer one could be somebody's number.
 bool isLocation(std::string_view field);
 
 // Reads an entry whatever its spacing, its quotation marks or the fields behind it; nothing for a line without a
