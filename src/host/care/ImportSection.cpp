@@ -107,10 +107,11 @@ void ImportSection::layOut()
     pLayout->addLayout(pExisting);
     pLayout->addWidget(m_pTable, 1);
     pLayout->addLayout(pEnd);
-    QWidget* const apOrder[] = {m_pFile,     m_pThunderbird, m_pEvolution, m_pExport,
-                                m_pExisting, m_pTable,       m_pLeft,      m_pImport};
-    for (std::size_t i = 1; i < sizeof apOrder / sizeof *apOrder; ++i) {
-        setTabOrder(apOrder[i - 1], apOrder[i]);
+    QWidget* pBefore = m_pFile;
+    foreach (QWidget* pNext, (QList<QWidget*>() << m_pThunderbird << m_pEvolution << m_pExport << m_pExisting
+                                                << m_pTable << m_pLeft << m_pImport)) {
+        setTabOrder(pBefore, pNext);
+        pBefore = pNext;
     }
 }
 
