@@ -35,6 +35,18 @@ bool isControl(QChar c)
     return c.unicode() < 0x20 || (c.unicode() >= 0x7f && c.unicode() < 0xa0);
 }
 
+// What stands in numbers for the eye alone.
+QString withoutSeparators(const QString& strText, const char* pszSeparators)
+{
+    QString strLeft;
+    foreach (const QChar c, strText) {
+        if (!QString::fromLatin1(pszSeparators).contains(c)) {
+            strLeft.append(c);
+        }
+    }
+    return strLeft;
+}
+
 // Parameters behind a number: of no use here but for an extension, and well-formed all the same.
 bool takeParameter(const QByteArray& parameter, QString& strExtension)
 {
@@ -49,7 +61,7 @@ bool takeParameter(const QByteArray& parameter, QString& strExtension)
         return false;
     }
     if (strName == QLatin1String("ext")) {
-        strExtension = strValue.remove(QRegExp(QLatin1String("[().-]")));
+        strExtension = withoutSeparators(strValue, "().-");
         return QRegExp(QLatin1String("[0-9]{1,10}")).exactMatch(strExtension);
     }
     return true;
@@ -63,7 +75,7 @@ bool takeSubscriber(const QByteArray& encoded, ContactUri& uri)
     if (!decode(listParts.takeFirst(), strNumber)) {
         return false;
     }
-    strNumber.remove(QRegExp(QLatin1String("[ ().-]")));
+    strNumber = withoutSeparators(strNumber, " ().-");
     if (strNumber.length() > NUMBER_LIMIT || !QRegExp(QLatin1String("\\+[0-9]+|[0-9*#]+")).exactMatch(strNumber)) {
         return false;
     }
