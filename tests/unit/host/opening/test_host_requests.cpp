@@ -1,4 +1,5 @@
 #include <QDir>
+#include <QRegExp>
 #include <QtTest>
 
 #include "app/CommandLine.h"
