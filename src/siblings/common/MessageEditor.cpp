@@ -226,7 +226,8 @@ QString MessageEditor::reasonAgainst(const QString& strRecipient) const
     foreach (const QChar c, strRecipient) {
         bLetters = bLetters || c.isLetter();
     }
-    return text(bLetters ? "IDS_BAD_NUMBER_NAME" : "IDS_BAD_NUMBER").arg(strRecipient);
+    // What was typed keeps its direction, and leaves the sentence its own.
+    return text(bLetters ? "IDS_BAD_NUMBER_NAME" : "IDS_BAD_NUMBER").arg(QChar(0x2068) + strRecipient + QChar(0x2069));
 }
 
 // Each recipient gets, and is paid for with, a message of its own.

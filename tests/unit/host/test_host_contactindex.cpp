@@ -38,6 +38,20 @@ double processorMs()
     return double(at.tv_sec) * 1e3 + double(at.tv_nsec) / 1e6;
 }
 
+// The least processor time of several goes, which other work on the machine disturbs least.
+template <class Work>
+double leastMs(Work work)
+{
+    double dLeast = 0;
+    for (int i = 0; i < 5; ++i) {
+        const double dStart = processorMs();
+        work();
+        const double dTook = processorMs() - dStart;
+        dLeast = i == 0 ? dTook : qMin(dLeast, dTook);
+    }
+    return dLeast;
+}
+
 void addContact(const QString& strName, const QString& strNumber)
 {
     void* pRecord = nullptr;
@@ -138,17 +152,19 @@ void TestHostContactIndex::theFirstContactWithANumberHasIt()
 void TestHostContactIndex::manyContactsAreFoundAtOnce()
 {
     ContactIndex index;
+    const double dStart = processorMs();
     for (int i = 0; i < 50000; ++i) {
         const QString strNumber = QString("+49171%1").arg(1000000 + i);
         index.Add(QString("Contact number %1").arg(i), strNumber, strNumber);
     }
     index.Sort();
+    const double dMaking = processorMs() - dStart;
     for (const char* pszText : {"c", "contact", "contact number 49999", "number 7", "0171", "+4917110", "4999 con"}) {
-        const double dStart = processorMs();
-        const int iFound = index.Complete(pszText, 12).size();
-        const double dTook = processorMs() - dStart;
-        QVERIFY2(iFound > 0, pszText);
-        QVERIFY2(dTook < 50, qPrintable(QString("%1: %2 ms").arg(QLatin1String(pszText)).arg(dTook)));
+        const QString strText = QLatin1String(pszText);
+        QVERIFY2(!index.Complete(strText, 12).isEmpty(), pszText);
+        // A keystroke is far from looking through all of them anew.
+        const double dTook = leastMs([&] { return index.Complete(strText, 12).size(); });
+        QVERIFY2(dTook * 10 <= dMaking, qPrintable(QString("%1: %2 of %3 ms").arg(strText).arg(dTook).arg(dMaking)));
     }
 }
 
