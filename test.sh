@@ -9,8 +9,8 @@
 #   ./test.sh --bench        the benchmarks as well, each with its table
 #   ./test.sh --user         the tests of single parts as an ordinary user as well, if root runs this
 #   ./test.sh --tidy         clang-tidy over all sources as well
-#   ./test.sh --ci           what every submission passes: both sanitizers, an ordinary user, clang-tidy over what
-#                            changed lately, and the benchmarks in their short form as well
+#   ./test.sh --ci           what every submission passes: both sanitizers (the first as an ordinary user, if root runs
+#                            this), clang-tidy over what changed lately, and the benchmarks in their short form as well
 set -euo pipefail
 cd "$(dirname "$0")"
 
@@ -29,7 +29,6 @@ for argument in "$@"; do
         sanitizers=(asan tsan)
         full=yes
         qt6=yes
-        export LINKHAND_FULL=1
         ;;
     --qt6) qt6=yes ;;
     --bench) bench=yes ;;
@@ -38,7 +37,6 @@ for argument in "$@"; do
     --ci)
         sanitizers=(asan tsan)
         ci=yes
-        user=yes
         ;;
     -h | --help)
         sed -n '2,14s/^# \{0,1\}//p' "$0"
@@ -60,10 +58,9 @@ packaging/check-format.sh
 export LANG=C.UTF-8
 status=0
 unsteady=()
-# A virtual display is a share of a machine: tests that use one run one at a time, the others side by side, two a core,
-# since many of them wait most of their time. For a submission, one or two tests that fail run again alone: a busy machine
-# must not send work back. What passes then is named at the end; it has a defect all the same. What a sanitizer has found
-# stands after one run.
+# The tests run side by side, two a core, since many of them wait most of their time; of those on a display one at a time.
+# For a submission, one or two tests that fail run again alone: a busy machine must not send work back. What passes then is
+# named at the end; it has a defect all the same. What a sanitizer has found stands after one run.
 run_tests() {
     local preset=$1 failed
     shift
@@ -82,15 +79,30 @@ run_tests() {
     status=1
 }
 
-packaging/build.sh release
-run_tests release
-# Root may do what users may not. Packages are built by whoever owns the build folder, and displays are slow.
-if [ $user = yes ] && [ "$(id -u)" = 0 ]; then
-    if setpriv --reuid=65534 --regid=65534 --clear-groups -- test -x build/release/pbctl; then
-        LINKHAND_TEST_AS_USER=1 run_tests release -L 'sdk|unit|gui|headers'
-    else
-        echo "Not tested as an ordinary user: the build folder is closed to others"
+# Root may do what users may not, so that the tests of single parts are run as an ordinary user too. Packages are built by
+# whoever owns the build folder, and displays are slow.
+parts='sdk|unit|gui|headers'
+user_can_run() {
+    [ "$(id -u)" = 0 ] || return
+    setpriv --reuid=65534 --regid=65534 --clear-groups -- test -x "build/$1/tests" && return
+    echo "Not tested as an ordinary user: the build folder is closed to others"
+    return 1
+}
+
+# Another release of Qt has nothing to add to the long forms, nor has a sanitizer to the work of other programs that syncs
+# are mostly made of.
+long_form() {
+    if [ $full = yes ]; then
+        export LINKHAND_FULL=1 "$@"
     fi
+}
+
+packaging/build.sh release
+long_form
+run_tests release
+unset LINKHAND_FULL
+if [ $user = yes ] && user_can_run release; then
+    LINKHAND_TEST_AS_USER=1 run_tests release -L "$parts" -LE desktop
 fi
 
 if [ $qt6 = yes ]; then
@@ -102,15 +114,22 @@ if [ $ci = yes ]; then
     packaging/check-tidy.sh --lately || status=1
     packaging/bench.sh --short || status=1
 fi
+long_form LINKHAND_EDITS=200
 for preset in ${sanitizers[@]+"${sanitizers[@]}"}; do
     if [ "$preset" = tsan ]; then
         packaging/build.sh tsan threads_tests
         run_tests tsan -L threads
+        continue
     elif [ $full = yes ]; then
         packaging/build.sh asan
-        run_tests asan
+        run_tests asan -L desktop
     else
         packaging/build.sh asan offscreen_tests
+    fi
+    if user_can_run asan; then
+        LINKHAND_TEST_AS_USER=1 run_tests asan -L "$parts" -LE desktop
+        run_tests asan -LE "$parts|desktop"
+    else
         run_tests asan -LE desktop
     fi
 done

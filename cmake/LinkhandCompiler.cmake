@@ -18,12 +18,12 @@ add_compile_options(-Wall -Wextra -Wshadow -Werror)
 # Log lines name source files, and those names are short ones wherever the trees lie.
 add_compile_options(-ffile-prefix-map=${CMAKE_SOURCE_DIR}/= -ffile-prefix-map=${CMAKE_BINARY_DIR}/=)
 
+find_program(LINKHAND_LLD ld.lld)
 if(LINKHAND_SANITIZER)
   add_compile_options(-fsanitize=${LINKHAND_SANITIZER} -fno-omit-frame-pointer -g1 -O1)
   add_link_options(-fsanitize=${LINKHAND_SANITIZER})
   # Hundreds of test programs, each with a sanitizer in it: a quick linker saves minutes. What is shipped has the usual
   # one. (mold would make names that are only looked for ones that are needed.)
-  find_program(LINKHAND_LLD ld.lld)
   if(LINKHAND_LLD)
     add_link_options(-fuse-ld=lld)
   endif()

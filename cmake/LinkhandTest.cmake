@@ -11,10 +11,20 @@ function(linkhand_test name)
     BUILD_RPATH "${LINKHAND_LIBRARY_OUTPUT}")
   target_link_libraries(${name} PRIVATE linkhand_include ${ARG_LIBRARIES})
   linkhand_own_moc(${name} ${ARG_SOURCES})
-  if("gui" IN_LIST ARG_LABELS OR "host" IN_LIST ARG_LABELS OR "linkhand_qtwidgets" IN_LIST ARG_LIBRARIES)
+  # Whatever uses Qt's tests, directly or through a fixture.
+  if("linkhand_qttest" IN_LIST ARG_LIBRARIES OR "linkhand_qtwidgets" IN_LIST ARG_LIBRARIES OR "gui" IN_LIST ARG_LABELS
+      OR "host" IN_LIST ARG_LABELS)
     linkhand_precompiled(${name})
   endif()
+  linkhand_linked_quickly(${name})
   linkhand_add_test(${name} COMMAND $<TARGET_FILE:${name}> LABELS ${ARG_LABELS} TIMEOUT ${ARG_TIMEOUT})
+endfunction()
+
+# linkhand_linked_quickly(name): hundreds of programs that nobody ships take the quick linker, if it is there.
+function(linkhand_linked_quickly name)
+  if(LINKHAND_LLD AND NOT LINKHAND_FUZZ)
+    target_link_options(${name} PRIVATE -fuse-ld=lld)
+  endif()
 endfunction()
 
 # linkhand_own_moc(name source...): calls moc for the sources that end with their own .moc, and for headers with Q_OBJECT
@@ -51,21 +61,6 @@ function(linkhand_own_moc name)
       target_sources(${name} PRIVATE ${folder}/moc_${class}.cpp)
     endif()
   endforeach()
-endfunction()
-
-# linkhand_precompiled(name): spares a test program of widgets the reading of Qt's headers.
-function(linkhand_precompiled name)
-  if(NOT LINKHAND_PRECOMPILED)
-    return()
-  endif()
-  if(NOT TARGET test_headers)
-    file(WRITE ${CMAKE_BINARY_DIR}/test_headers.cpp "")
-    add_library(test_headers OBJECT ${CMAKE_BINARY_DIR}/test_headers.cpp)
-    set_target_properties(test_headers PROPERTIES AUTOMOC OFF)
-    target_link_libraries(test_headers PRIVATE linkhand_qtwidgets linkhand_qttest)
-    target_precompile_headers(test_headers PRIVATE <QtTest> <QtWidgets>)
-  endif()
-  target_precompile_headers(${name} REUSE_FROM test_headers)
 endfunction()
 
 # What the tests of the thread sanitizer's run need, and what those need that do without a display.
