@@ -14,6 +14,7 @@
 #include <QTableView>
 #include <QTextEdit>
 #include <QTreeView>
+#include <QWindow>
 
 namespace
 {
@@ -132,13 +133,20 @@ QStringList windows()
     return lstLines;
 }
 
+// Whether the display shows the widget's window: it is where the window manager wants it.
+bool isExposed(const QWidget* pWidget)
+{
+    const QWindow* const pWindow = pWidget->window()->windowHandle();
+    return pWindow != nullptr && pWindow->isExposed();
+}
+
 QStringList widget(const QWidget* pWidget)
 {
     const QAbstractButton* pButton = qobject_cast<const QAbstractButton*>(pWidget);
-    return QStringList(line(QStringList()
-                            << QLatin1String(pWidget->metaObject()->className()) << pWidget->objectName()
-                            << textOf(pWidget) << area(pWidget, pWidget->rect()) << flag(pWidget->isEnabled())
-                            << flag(pWidget->hasFocus()) << flag(pButton != nullptr && pButton->isChecked())));
+    return QStringList(line(
+        QStringList() << QLatin1String(pWidget->metaObject()->className()) << pWidget->objectName() << textOf(pWidget)
+                      << area(pWidget, pWidget->rect()) << flag(pWidget->isEnabled()) << flag(pWidget->hasFocus())
+                      << flag(pButton != nullptr && pButton->isChecked()) << flag(isExposed(pWidget))));
 }
 
 QString rowPath(QModelIndex index)

@@ -19,7 +19,8 @@ QWidget* Find(const QString& strAddress);
 // Runs a query, "verb<TAB>address". The answer is a list of lines of fields separated by tabs, in which tab, line end
 // and backslash are escaped; bFound is false for an unknown verb or an address without a widget.
 //   windows            class, object name, title, x, y, width, height, modal, active
-//   widget ADDRESS     class, object name, text, x, y, width, height, enabled, focused, checked
+//   widget ADDRESS     class, object name, text, x, y, width, height, enabled, focused, checked,
+//                      shown by the display
 //   rows ADDRESS       number of rows of an item view that are not hidden
 //   cells ADDRESS      each visible cell of an item view: row path, column, text, x, y, width, height, selected, check
 //                      state (-1 without a check box)

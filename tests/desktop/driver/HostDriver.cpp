@@ -167,6 +167,7 @@ WidgetInfo HostDriver::Widget(const QString& strAddress)
         info.bEnabled = flag(lstFields, 7);
         info.bFocused = flag(lstFields, 8);
         info.bChecked = flag(lstFields, 9);
+        info.bExposed = flag(lstFields, 10);
     }
     return info;
 }

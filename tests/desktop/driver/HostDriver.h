@@ -21,6 +21,7 @@ struct WidgetInfo {
     bool bEnabled = false;
     bool bFocused = false;
     bool bChecked = false;
+    bool bExposed = false; // its window is on the display
 };
 
 // A cell of a table, or a node of a tree (path "1/0": the first child of the second root).

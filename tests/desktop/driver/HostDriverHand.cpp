@@ -11,11 +11,11 @@ const int STEP_MS = 20;
 
 bool HostDriver::Click(const QString& strAddress, int iButton)
 {
-    // A widget may still be moving to its place.
+    // A widget may still be moving to its place, and a new window be on its way to the display.
     WidgetInfo before;
     const bool bReady = WaitUntil([&] {
         const WidgetInfo now = Widget(strAddress);
-        const bool bStill = now.bFound && now.bEnabled && before.bFound && now.rect == before.rect;
+        const bool bStill = now.bExposed && now.bEnabled && before.bFound && now.rect == before.rect;
         before = now;
         return bStill;
     });
