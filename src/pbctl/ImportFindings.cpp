@@ -14,11 +14,6 @@ namespace
 
 constexpr int findingsShown = 20;
 
-std::string textOf(const unsigned short* text)
-{
-    return toUtf8(std::u16string(reinterpret_cast<const char16_t*>(text)));
-}
-
 // The column or property that a finding is about; empty for none.
 std::string placeIn(const ORVA_FINDING& finding)
 {
