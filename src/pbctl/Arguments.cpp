@@ -128,7 +128,7 @@ std::string textIn(const std::string& argument)
     constexpr std::string_view unreadable = "\xEF\xBF\xBD";
     if (orva::isUtf8(argument))
         return argument;
-    const std::string text = orva::fromLocal(argument);
+    std::string text = orva::fromLocal(argument);
     if (!orva::isUtf8(text) || text.find(unreadable) != std::string::npos)
         throw UsageError("neither UTF-8 nor text in the encoding of the locale: \"" + argument + "\"");
     return text;

@@ -17,7 +17,7 @@ constexpr int findingsShown = 20;
 // The column or property that a finding is about; empty for none.
 std::string placeIn(const ORVA_FINDING& finding)
 {
-    const std::string name = shown(textOf(finding.name));
+    std::string name = shown(textOf(finding.name));
     if (finding.reason == ORVA_FINDING_PROPERTY)
         return name;
     if (!name.empty())
