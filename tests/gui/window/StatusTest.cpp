@@ -1,5 +1,4 @@
 #include <QHeaderView>
-#include <QObject>
 #include <QSplitter>
 #include <QVBoxLayout>
 
@@ -9,7 +8,7 @@
 #include "worker/AddrBookThread.h"
 
 // Construction, and how device, card, network and radio change the window.
-class StatusTest : public QObject
+class StatusTest : public WindowTest
 {
     Q_OBJECT
 
@@ -35,12 +34,6 @@ private:
     }
 
 private slots:
-    void cleanup()
-    {
-        QCOMPARE(FakeSdk::leaks(), QString());
-        QCOMPARE(FakeCore::runningWorkers(), 0);
-    }
-
     void treeStandsBesideToolBarTableAndPreview()
     {
         WindowFixture f;
