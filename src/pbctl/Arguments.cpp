@@ -4,7 +4,11 @@
 
 #include <algorithm>
 #include <charconv>
+#include <iterator>
+#include <string_view>
 
+#include "base/Unicode.h"
+#include "csv/LocalText.h"
 #include "orva/orva_sdk.h"
 
 namespace pbctl
@@ -47,6 +51,15 @@ constexpr option known[] = {
     {nullptr, 0, nullptr, 0},
 };
 
+// Those that are text; the others are paths, words of ours, or another program's.
+constexpr std::string_view texts[] = {"group", "map", "user"};
+
+std::string valueIn(std::string_view name, const char* given)
+{
+    const std::string value(given != nullptr ? given : "");
+    return std::find(std::begin(texts), std::end(texts), name) == std::end(texts) ? value : textIn(value);
+}
+
 // The colon: getopt says nothing by itself, and tells a missing value from an unknown option.
 constexpr char shortOptions[] = ":h";
 
@@ -61,7 +74,7 @@ Arguments::Arguments(int argc, char** argv)
         if (found == -1)
             break;
         if (found == longOption) {
-            m_options[known[index].name].emplace_back(optarg != nullptr ? optarg : "");
+            m_options[known[index].name].push_back(valueIn(known[index].name, optarg));
         } else if (found == 'h') {
             m_options["help"].emplace_back();
         } else {
@@ -108,6 +121,17 @@ int Arguments::memory() const
     if (name == "device")
         return ORVA_MEMORY_DEVICE;
     throw UsageError("unknown memory \"" + name + "\": local, card or device");
+}
+
+std::string textIn(const std::string& argument)
+{
+    constexpr std::string_view unreadable = "\xEF\xBF\xBD";
+    if (orva::isUtf8(argument))
+        return argument;
+    std::string text = orva::fromLocal(argument);
+    if (!orva::isUtf8(text) || text.find(unreadable) != std::string::npos)
+        throw UsageError("neither UTF-8 nor text in the encoding of the locale: \"" + argument + "\"");
+    return text;
 }
 
 int identifierIn(const std::string& word)

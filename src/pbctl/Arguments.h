@@ -17,7 +17,8 @@ public:
 };
 
 // A command line taken apart as getopt_long does it: "--key value", "--key=value" and, for the options that have no
-// value, "--key", each as short as it is clear; the rest are words. Behind "--" everything is a word.
+// value, "--key", each as short as it is clear; the rest are words. Behind "--" everything is a word. Options that
+// people read, such as a group, are UTF-8; paths and words are what was given.
 class Arguments
 {
 public:
@@ -42,6 +43,10 @@ private:
     std::vector<std::string> m_words;
     std::map<std::string, std::vector<std::string>> m_options;
 };
+
+// Text as UTF-8. A terminal sends it in the encoding of its locale, a script mostly in UTF-8; UsageError for what is
+// neither.
+std::string textIn(const std::string& argument);
 
 // The identifier that a word names; UsageError for one that names none.
 int identifierIn(const std::string& word);

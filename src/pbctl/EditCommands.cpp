@@ -32,8 +32,9 @@ void keep(Contact& contact, const std::string& name, const std::string& value)
 }
 
 // Takes FIELD=VALUE over into a contact.
-void change(Contact& contact, int memory, const std::vector<Field>& fields, const std::string& word)
+void change(Contact& contact, int memory, const std::vector<Field>& fields, const std::string& given)
 {
+    const std::string word = textIn(given);
     const std::size_t equals = word.find('=');
     const std::string key = word.substr(0, equals);
     const auto field = std::find_if(fields.begin(), fields.end(), [&key](const Field& candidate) {

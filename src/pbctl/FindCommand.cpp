@@ -55,13 +55,14 @@ int runFind(const Arguments& arguments)
     arguments.require(1, 1, {"memory", "json"});
     const int memory = arguments.memory();
     const std::vector<Field> fields = fieldsOf(memory);
-    const std::u16string text = folded(toSdk(arguments.words()[1]));
+    const std::u16string given = toSdk(textIn(arguments.words()[1]));
+    const std::u16string text = folded(given);
     if (text.empty())
         throw UsageError("what is to be found?");
     // "+49 (0)171 555" finds what it is stored as.
     unsigned short* cleaned = nullptr;
     std::u16string number;
-    if (ORVA_Care_CleanNumber(memory, units(toSdk(arguments.words()[1])), &cleaned, nullptr) == ORVA_OK)
+    if (ORVA_Care_CleanNumber(memory, units(given), &cleaned, nullptr) == ORVA_OK)
         number = takeText(cleaned);
     const std::u16string key = keyOf(number);
     RecordPrinter printer(fields, arguments.has("json"));

@@ -93,13 +93,13 @@ int runGroup(const Arguments& arguments)
 {
     arguments.require(2, 3, {});
     const std::string verb = arguments.words()[1];
-    const std::string path = arguments.words()[2];
+    const std::string path = textIn(arguments.words()[2]);
     if (arguments.words().size() == 3 && (verb == "add" || verb == "delete"))
         return verb == "add" ? addGroup(path) : deleteGroup(path);
     if (arguments.words().size() == 4 && verb == "rename")
-        return renameGroup(path, arguments.words()[3]);
+        return renameGroup(path, textIn(arguments.words()[3]));
     if (arguments.words().size() == 4 && verb == "move")
-        return moveGroup(path, arguments.words()[3]);
+        return moveGroup(path, textIn(arguments.words()[3]));
     throw UsageError("group takes add PATH, delete PATH, rename PATH NAME or move PATH TARGET");
 }
 

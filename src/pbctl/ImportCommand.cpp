@@ -11,8 +11,6 @@
 #include "Sdk.h"
 #include "Spool.h"
 #include "base/Failure.h"
-#include "base/Unicode.h"
-#include "csv/LocalText.h"
 #include "csv/MadeUpColumns.h"
 #include "csv/RowReader.h"
 #include "csv/Titles.h"
@@ -45,12 +43,10 @@ auto reading(const std::string& name, Read&& read) -> decltype(read())
     }
 }
 
-// A terminal sends a title in the encoding of its locale, a script mostly in UTF-8.
-int columnOf(const std::vector<std::string>& titles, const std::string& given)
+int columnOf(const std::vector<std::string>& titles, const std::string& name)
 {
-    if (given.empty())
+    if (name.empty())
         return -1;
-    const std::string name = orva::isUtf8(given) ? given : orva::fromLocal(given);
     const auto found = std::find_if(titles.begin(), titles.end(), [&name](const std::string& title) {
         return strcasecmp(title.c_str(), name.c_str()) == 0;
     });

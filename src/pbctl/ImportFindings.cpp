@@ -14,15 +14,10 @@ namespace
 
 constexpr int findingsShown = 20;
 
-std::string textOf(const unsigned short* text)
-{
-    return toUtf8(std::u16string(reinterpret_cast<const char16_t*>(text)));
-}
-
 // The column or property that a finding is about; empty for none.
 std::string placeIn(const ORVA_FINDING& finding)
 {
-    const std::string name = shown(textOf(finding.name));
+    std::string name = shown(textOf(finding.name));
     if (finding.reason == ORVA_FINDING_PROPERTY)
         return name;
     if (!name.empty())

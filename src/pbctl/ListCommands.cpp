@@ -78,9 +78,10 @@ int runAdd(const Arguments& arguments)
     const int memory = arguments.memory();
     const std::vector<Field> fields = fieldsOf(memory);
     std::vector<std::u16string> values(fields.size());
-    for (auto word = arguments.words().begin() + 1; word != arguments.words().end(); ++word) {
-        const std::size_t equals = word->find('=');
-        const std::string key = word->substr(0, equals);
+    for (auto given = arguments.words().begin() + 1; given != arguments.words().end(); ++given) {
+        const std::string word = textIn(*given);
+        const std::size_t equals = word.find('=');
+        const std::string key = word.substr(0, equals);
         const auto field = std::find_if(fields.begin(), fields.end(), [&](const Field& candidate) {
             return strcasecmp(candidate.key.c_str(), key.c_str()) == 0;
         });
@@ -88,9 +89,9 @@ int runAdd(const Arguments& arguments)
             std::string keys;
             for (const Field& known : fields)
                 keys += " " + known.key + "=...";
-            throw UsageError("what is \"" + *word + "\"? The fields are" + keys);
+            throw UsageError("what is \"" + word + "\"? The fields are" + keys);
         }
-        values[static_cast<std::size_t>(field - fields.begin())] = toSdk(word->substr(equals + 1));
+        values[static_cast<std::size_t>(field - fields.begin())] = toSdk(word.substr(equals + 1));
     }
     if (arguments.has("group") && memory != ORVA_MEMORY_LOCAL)
         throw UsageError("only the PC's phonebook has groups");

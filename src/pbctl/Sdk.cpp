@@ -121,6 +121,11 @@ const unsigned short* units(const std::u16string& text)
     return reinterpret_cast<const unsigned short*>(text.c_str());
 }
 
+std::string textOf(const unsigned short* text)
+{
+    return toUtf8(std::u16string(reinterpret_cast<const char16_t*>(text)));
+}
+
 std::u16string takeText(unsigned short* text)
 {
     std::u16string out;

@@ -87,7 +87,10 @@ std::vector<Field> fieldsOf(int memory);
 std::u16string toSdk(const std::string& text);
 const unsigned short* units(const std::u16string& text);
 
-// The library's text, which is freed.
+// The library's text.
+std::string textOf(const unsigned short* text);
+
+// The same, which is freed.
 std::u16string takeText(unsigned short* text);
 std::string takeUtf8(unsigned short* text);
 std::string toUtf8(const std::u16string& text);

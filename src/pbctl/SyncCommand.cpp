@@ -30,11 +30,6 @@ struct Event {
     std::string what;
 };
 
-std::string textOf(const unsigned short* text)
-{
-    return toUtf8(std::u16string(reinterpret_cast<const char16_t*>(text)));
-}
-
 std::vector<Event> eventsOf(void* result)
 {
     std::vector<Event> events;

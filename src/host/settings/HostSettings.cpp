@@ -128,7 +128,7 @@ QString HostSettings::Value(const QString& strKey) const
     } defaults[] = {
         {DAILY_BACKUP_KEY, "true"}, {WELCOME_KEY, "false"}, {"DualModeCard/HideDoubleModeCardNode", "false"}};
     // By way of the library, as those read it whose values they are.
-    const QString strValue =
+    QString strValue =
         CommonUtils::GetSettings(strKey.section(QLatin1Char('/'), 0, 0), strKey.section(QLatin1Char('/'), 1));
     for (const auto& entry : defaults) {
         if (strValue.isEmpty() && strKey == QLatin1String(entry.pszKey)) {

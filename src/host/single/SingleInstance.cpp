@@ -60,7 +60,7 @@ SingleInstance::Outcome SingleInstance::Begin(const QStringList& lstTexts)
 
 QList<QStringList> SingleInstance::Take()
 {
-    const QList<QStringList> listTaken = m_listReceived;
+    QList<QStringList> listTaken = m_listReceived;
     m_listReceived.clear();
     return listTaken;
 }

@@ -30,7 +30,7 @@ std::string plainPath(const unsigned short* path)
 
 std::vector<std::string> findingsOf(int memory)
 {
-    const std::vector<std::string> found = storeFor(memory).check();
+    std::vector<std::string> found = storeFor(memory).check();
     for (const std::string& line : found)
         logFormat("check of memory %d: %s", memory, line.c_str());
     return found;

@@ -22,9 +22,7 @@ template <std::size_t Size>
 void put(std::u16string text, unsigned short (&into)[Size])
 {
     if (text.size() >= Size) {
-        text.resize(Size - 2);
-        if ((text.back() & 0xFC00) == 0xD800)
-            text.pop_back();
+        text.resize(cutLength(text, Size - 2));
         text.push_back(u'\u2026');
     }
     std::copy(text.begin(), text.end(), into);

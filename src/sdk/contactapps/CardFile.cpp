@@ -82,12 +82,6 @@ const std::string& bestNumber(const CardContact& contact)
     return !contact.mobile.empty() ? contact.mobile : !contact.home.empty() ? contact.home : contact.office;
 }
 
-// Where the columns of numbers lie among fieldKeys.
-constexpr int firstNumber = 1;
-constexpr int lastNumber = 3;
-constexpr int noteColumn = 5;
-constexpr int numberColumn = 6;
-
 // In the order of fieldKeys.
 void fill(Row& row, const CardContact& contact)
 {
@@ -118,14 +112,14 @@ public:
     void tell(const Card& card, const CardContact& contact, const Row& row)
     {
         for (std::size_t i = 0; i < contact.kept.size(); ++i)
-            if (!isMapped(noteColumn) || !isFurther(contact.kept[i]))
+            if (!isMapped(RemarkPlace) || !isFurther(contact.kept[i]))
                 m_report({card.line, ORVA_FINDING_PROPERTY, 1, -1, contact.left[i],
                           shownText(contact.kept[i], card.version)});
         for (const std::string& group : contact.groups)
             m_report({card.line, ORVA_FINDING_PROPERTY, 1, -1, "CATEGORIES", group});
-        const bool best = isMapped(numberColumn);
-        for (int i = 0; i < numberColumn; ++i) {
-            const bool number = i >= firstNumber && i <= lastNumber;
+        const bool best = isMapped(NumberPlace);
+        for (int i = 0; i < NumberPlace; ++i) {
+            const bool number = i >= MobilePlace && i <= HomePlace;
             if (row.column(i).empty() || isMapped(i) || (best && number && row.column(i) == bestNumber(contact)))
                 continue;
             if (best && number)
@@ -185,7 +179,7 @@ RowBlock readCardFile(const std::string& path, const Profile& profile, const int
     Row row;
     while (reader.next(card)) {
         CardContact contact = contactOf(card);
-        if (left.isMapped(noteColumn))
+        if (left.isMapped(RemarkPlace))
             takeFurther(card, contact);
         row.clear(card.line);
         fill(row, contact);

@@ -70,15 +70,15 @@ MadeUpColumns::MadeUpColumns(const std::vector<std::string>& titles) : m_guess(t
     const bool left = numbersMayBeLeft() || m_guess.emails.size() > 1;
     if (isOurs())
         return;
-    add(m_places[0], named, !parts);
-    add(m_places[1], mayHold(Kind::Mobile, 1), !numbersMayBeLeft());
-    add(m_places[2], mayHold(Kind::Office, 3), !numbersMayBeLeft());
-    add(m_places[3], mayHold(Kind::Home, 2), !numbersMayBeLeft());
-    add(m_places[4], !m_guess.emails.empty(), m_guess.emails.size() == 1);
-    const bool made =
-        std::any_of(m_places.begin() + 1, m_places.begin() + 5, [](const Place& place) { return place.column >= 0; });
-    add(m_places[5], m_guess.note >= 0 || left || made, !left && !made);
-    add(m_places[6], !m_guess.phones.empty(), m_guess.phones.size() == 1);
+    add(m_places[NamePlace], named, !parts);
+    add(m_places[MobilePlace], mayHold(Kind::Mobile, 1), !numbersMayBeLeft());
+    add(m_places[OfficePlace], mayHold(Kind::Office, 3), !numbersMayBeLeft());
+    add(m_places[HomePlace], mayHold(Kind::Home, 2), !numbersMayBeLeft());
+    add(m_places[EmailPlace], !m_guess.emails.empty(), m_guess.emails.size() == 1);
+    const bool made = std::any_of(m_places.begin() + MobilePlace, m_places.begin() + RemarkPlace,
+                                  [](const Place& place) { return place.column >= 0; });
+    add(m_places[RemarkPlace], m_guess.note >= 0 || left || made, !left && !made);
+    add(m_places[NumberPlace], !m_guess.phones.empty(), m_guess.phones.size() == 1);
 }
 
 // A file that has our own titles needs none of these.
@@ -131,8 +131,8 @@ int MadeUpColumns::forField(std::string_view key) const
     if (place->column >= 0 || place->own >= 0)
         return place->column >= 0 ? place->column : place->own;
     // A file of the card's contacts has one number, one of the computer's a mobile one.
-    const Place& other = key == "Number" ? m_places[1] : m_places[6];
-    return key == "Number" || key == "Mobile" ? other.own : -1;
+    const Place& other = key == fieldKeys[NumberPlace] ? m_places[MobilePlace] : m_places[NumberPlace];
+    return key == fieldKeys[NumberPlace] || key == fieldKeys[MobilePlace] ? other.own : -1;
 }
 
 // Whether a number from there may be one of a field.
@@ -140,11 +140,11 @@ bool MadeUpColumns::mayStandUnder(std::string_view key, const ColumnGuess::Phone
 {
     switch (phone.kind) {
     case Kind::Mobile:
-        return key == "Mobile" || key == "Number";
+        return key == fieldKeys[MobilePlace] || key == fieldKeys[NumberPlace];
     case Kind::Office:
-        return key == "officePhone" || key == "Number";
+        return key == fieldKeys[OfficePlace] || key == fieldKeys[NumberPlace];
     case Kind::Home:
-        return key == "homePhone" || key == "Number";
+        return key == fieldKeys[HomePlace] || key == fieldKeys[NumberPlace];
     case Kind::Any:
         return true;
     case Kind::Fax:
@@ -160,13 +160,13 @@ std::vector<int> MadeUpColumns::sourcesOf(int column) const
     if (column < 0 || place == m_places.end())
         return {column};
     std::vector<int> sources;
-    if (place->key == "Name") {
+    if (place->key == fieldKeys[NamePlace]) {
         sources = {m_guess.fullName, m_guess.filedName,  m_guess.firstName,
                    m_guess.lastName, m_guess.middleName, m_guess.company};
-    } else if (place->key == "email") {
+    } else if (place->key == fieldKeys[EmailPlace]) {
         sources = m_guess.emails;
     } else {
-        const bool remark = place->key == "remark";
+        const bool remark = place->key == fieldKeys[RemarkPlace];
         if (remark)
             sources.push_back(m_guess.note);
         for (const ColumnGuess::Phone& phone : m_guess.phones)
@@ -267,17 +267,17 @@ std::string MadeUpColumns::nameOf(const Row& row) const
 
 const std::string& MadeUpColumns::valueOf(std::string_view key) const
 {
-    if (key == "Name")
+    if (key == fieldKeys[NamePlace])
         return m_name;
-    if (key == "officePhone")
+    if (key == fieldKeys[OfficePlace])
         return m_office;
-    if (key == "homePhone")
+    if (key == fieldKeys[HomePlace])
         return m_home;
-    if (key == "email")
+    if (key == fieldKeys[EmailPlace])
         return m_email;
-    if (key == "remark")
+    if (key == fieldKeys[RemarkPlace])
         return m_note;
-    if (key == "Mobile" || !m_mobile.empty())
+    if (key == fieldKeys[MobilePlace] || !m_mobile.empty())
         return m_mobile;
     return m_home.empty() ? m_office : m_home; // the best there is
 }

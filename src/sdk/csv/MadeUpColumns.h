@@ -15,6 +15,9 @@ namespace orva
 inline constexpr std::string_view fieldKeys[] = {"Name",  "Mobile", "officePhone", "homePhone",
                                                  "email", "remark", "Number"};
 
+// Their places in that order.
+enum FieldPlace { NamePlace, MobilePlace, OfficePlace, HomePlace, EmailPlace, RemarkPlace, NumberPlace };
+
 /*
  * Columns that a file does not have, made of those it has: one for each field that no single column of the file feeds
  * under the field's own key. They stand behind the file's columns, under the keys of the fields.

@@ -174,8 +174,12 @@ private:
     bool m_pinTold = false;             // it has been answered with a state
     int m_step = 50;                    // locations asked for at a time
 
-    // Of questions, how often in a row nothing came; far below zero for one that was answered ever.
-    std::map<std::string, int> m_silences;
+    // What came of a question: how often nothing, and whether ever something.
+    struct Heard {
+        int silences = 0;
+        bool answered = false;
+    };
+    std::map<std::string, Heard> m_heard;
 };
 
 // The code of a C function for what a modem answered.

@@ -14,7 +14,6 @@ namespace
 constexpr int attempts = 2; // at one question, with a sign of life in between
 constexpr char setQuestion[] = "AT+CSCS?";
 constexpr char setPrefix[] = "+CSCS";
-constexpr int answersAtTimes = -1000000;
 
 } // namespace
 
@@ -27,8 +26,8 @@ bool AtPhonebook::isSilence(const Reply& reply)
 
 bool AtPhonebook::mute(const std::string& question, int silences) const
 {
-    const auto found = m_silences.find(question);
-    return found != m_silences.end() && found->second >= silences;
+    const auto found = m_heard.find(question);
+    return found != m_heard.end() && !found->second.answered && found->second.silences >= silences;
 }
 
 // Asks again after a silence, which is nothing but a time that has passed.
@@ -37,12 +36,11 @@ Reply AtPhonebook::insist(const std::string& question, const std::function<Reply
     const int most = mute(question, oftenEnough) ? 1 : attempts;
     for (int attempt = 1;; ++attempt) {
         Reply reply = ask();
-        int& silences = m_silences[question];
-        if (isSilence(reply))
-            ++silences;
-        else
-            silences = answersAtTimes;
-        if (!isSilence(reply) || attempt >= most)
+        const bool silence = isSilence(reply);
+        Heard& heard = m_heard[question];
+        heard.silences += silence ? 1 : 0;
+        heard.answered = heard.answered || !silence;
+        if (!silence || attempt >= most)
             return reply;
         requireCard(reply);
     }

@@ -8,6 +8,7 @@
 #include "base/NumberText.h"
 #include "base/Profile.h"
 #include "base/Text.h"
+#include "base/Unicode.h"
 #include "vcard/CardText.h"
 #include "vcard/GroupNames.h"
 #include "vcard/KeptLines.h"
@@ -26,14 +27,13 @@ std::size_t roomOf(ContactField field)
     return static_cast<std::size_t>(profile.fields()[static_cast<std::size_t>(field)].maxLength);
 }
 
-// Cuts a text to a number of units, or to one less where that would split a pair of surrogates. False if it fits.
-bool cut(std::u16string& text, std::size_t units)
+// Cuts a text to what a field holds. False if it fits.
+bool cut(std::u16string& text, ContactField field)
 {
-    if (text.size() <= units)
+    const std::size_t units = cutLength(text, roomOf(field));
+    if (units == text.size())
         return false;
     text.resize(units);
-    if (!text.empty() && (text.back() & 0xFC00) == 0xD800)
-        text.pop_back();
     return true;
 }
 
@@ -121,9 +121,9 @@ void setValues(const CardContact& contact, CardView& view)
     name = fromUtf8(contact.name);
     note = fromUtf8(contact.note);
     values[static_cast<std::size_t>(ContactField::Email)] = fromUtf8(contact.email);
-    if (cut(name, roomOf(ContactField::Name)) && view.sources.name >= 0)
+    if (cut(name, ContactField::Name) && view.sources.name >= 0)
         view.kept.push_back(view.sources.name);
-    if (cut(note, roomOf(ContactField::Note)))
+    if (cut(note, ContactField::Note))
         view.kept.push_back(view.sources.note);
     const std::pair<const std::string*, ContactField> numbers[] = {{&contact.mobile, ContactField::Mobile},
                                                                    {&contact.office, ContactField::Office},

@@ -1,10 +1,8 @@
-#include <QObject>
-
 #include "BatchFixture.h"
 #include "window/FileDialogs.h"
 
 // A batch whose record is still in hand, and what the user does meanwhile: neither disturbs the other.
-class BatchApartTest : public QObject
+class BatchApartTest : public WindowTest
 {
     Q_OBJECT
 
@@ -28,13 +26,6 @@ private:
     }
 
 private slots:
-    void initTestCase() { QApplication::setQuitOnLastWindowClosed(false); }
-    void cleanup()
-    {
-        QCOMPARE(FakeSdk::leaks(), QString());
-        QCOMPARE(FakeCore::runningWorkers(), 0);
-    }
-
     // ---- Exports ---------------------------------------------------------------------------------------------------
 
     void exportTakesWhatWasOnTheScreenThoughABatchEndsUnderItsDialog_data()
@@ -81,7 +72,7 @@ private slots:
             isHeld = true;
         });
         f.window()->addImportedRecords(PB_MEM_LOCAL, Contacts::records(PB_MEM_LOCAL, "New", 2), 0);
-        QVERIFY(QTest::qWaitFor([&isHeld] { return isHeld && CopyFixture::waiting() == nullptr; }, 20000));
+        QVERIFY(QTest::qWaitFor([&isHeld] { return isHeld && WindowFixture::waiting() == nullptr; }, 20000));
         QVERIFY(f.held->wait());
         QVERIFY(f.in().threadBusy());
         FileDialogs::setChoosers(nullptr, chooseSlowly);
@@ -133,7 +124,7 @@ private slots:
         // The record in hand, and it is told.
         QCOMPARE(CopyFixture::stored(0), QStringList("One 1=901"));
         QCOMPARE(FakeCore::messageTexts(), QStringList(BatchFixture::copied(4, 1)));
-        QVERIFY(CopyFixture::waiting() == nullptr);
+        QVERIFY(WindowFixture::waiting() == nullptr);
     }
 
     void batchThatNobodyCancelledCanStillBeCancelledBehindAnImportThatFails()
@@ -147,8 +138,8 @@ private slots:
         FakeSdk::fail("ImportFromFile");
         importOf(f, {{"Pia", "1"}});
         FakeCore::clearMessages();
-        QVERIFY(CopyFixture::waiting() != nullptr);
-        CopyFixture::cancelButton()->click();
+        QVERIFY(WindowFixture::waiting() != nullptr);
+        WindowFixture::cancelButton()->click();
         f.letEnd();
         QCOMPARE(FakeCore::messageTexts(), QStringList(BatchFixture::imported(3, 2)));
     }

@@ -1,20 +1,11 @@
-#include <QObject>
-
 #include "BatchFixture.h"
 
 // A group editor that is open while a batch ends.
-class BatchEditorTest : public QObject
+class BatchEditorTest : public WindowTest
 {
     Q_OBJECT
 
 private slots:
-    void initTestCase() { QApplication::setQuitOnLastWindowClosed(false); }
-    void cleanup()
-    {
-        QCOMPARE(FakeSdk::leaks(), QString());
-        QCOMPARE(FakeCore::runningWorkers(), 0);
-    }
-
     void newGroupUnderItsEditorOutlivesTheEndOfABatch()
     {
         BatchFixture f;
@@ -51,7 +42,7 @@ private slots:
         f.held = std::make_unique<Held>("AddAddrRec", 1);
         f.window()->addImportedRecords(PB_MEM_LOCAL, Contacts::records(PB_MEM_LOCAL, "New", 3), friends);
         QVERIFY(f.held->wait());
-        CopyFixture::cancelButton()->click();
+        WindowFixture::cancelButton()->click();
         QVERIFY(f.waitForTheWindow());
         f.treeAction("IDS_EDIT_GROUP")->trigger();
         QTreeWidgetItem* node = f.in().editedGroup();

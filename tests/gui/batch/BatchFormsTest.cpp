@@ -1,10 +1,8 @@
-#include <QObject>
-
 #include "BatchFixture.h"
 
 // A batch and the contact forms, a number saved by a sibling among them: each works on its own memory, its own record
 // and its own announcements.
-class BatchFormsTest : public QObject
+class BatchFormsTest : public WindowTest
 {
     Q_OBJECT
 
@@ -38,13 +36,6 @@ private:
     }
 
 private slots:
-    void initTestCase() { QApplication::setQuitOnLastWindowClosed(false); }
-    void cleanup()
-    {
-        QCOMPARE(FakeSdk::leaks(), QString());
-        QCOMPARE(FakeCore::runningWorkers(), 0);
-    }
-
     void endOfABatchIsToldUnderAnOpenForm_data()
     {
         QTest::addColumn<bool>("import");
@@ -95,7 +86,7 @@ private slots:
         FormUser user("Abel", "999");
         f.window()->SaveNumberToAddrBook("999", nullptr);
         f.window()->OnSimDisabled(true);
-        QVERIFY(CopyFixture::waiting() == nullptr);
+        QVERIFY(WindowFixture::waiting() == nullptr);
         f.letEnd();
         QCOMPARE(FakeSdk::recordIds(0).size(), 2);
     }

@@ -1,11 +1,10 @@
 #include <QDragLeaveEvent>
-#include <QObject>
 
 #include "BatchFixture.h"
 
 // A cancelled batch whose end comes while contacts hover over the tree: the node that is lit is not the one that the
 // table shows.
-class BatchHoverTest : public QObject
+class BatchHoverTest : public WindowTest
 {
     Q_OBJECT
 
@@ -26,13 +25,6 @@ private:
     }
 
 private slots:
-    void initTestCase() { QApplication::setQuitOnLastWindowClosed(false); }
-    void cleanup()
-    {
-        QCOMPARE(FakeSdk::leaks(), QString());
-        QCOMPARE(FakeCore::runningWorkers(), 0);
-    }
-
     void tableStaysWithTheNodeThatTheRowsComeFrom_data()
     {
         targets();

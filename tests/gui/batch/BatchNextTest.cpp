@@ -1,20 +1,11 @@
-#include <QObject>
-
 #include "BatchFixture.h"
 
 // A batch that comes while the cancelled one before still has a record in hand: each ends and is told by itself.
-class BatchNextTest : public QObject
+class BatchNextTest : public WindowTest
 {
     Q_OBJECT
 
 private slots:
-    void initTestCase() { QApplication::setQuitOnLastWindowClosed(false); }
-    void cleanup()
-    {
-        QCOMPARE(FakeSdk::leaks(), QString());
-        QCOMPARE(FakeCore::runningWorkers(), 0);
-    }
-
     void dropWhileACancelledRunEndsHasItsOwnMessage()
     {
         BatchFixture f;
@@ -24,7 +15,7 @@ private slots:
         f.held = std::make_unique<Held>("AddAddrRec", 1);
         QVERIFY(f.drop(f.in().sim(), {"Dora", "Emma"}, f.in().local()));
         QVERIFY(f.held->wait());
-        CopyFixture::cancelButton()->click();
+        WindowFixture::cancelButton()->click();
         QVERIFY(f.in().threadBusy());
         const auto rows = f.take(f.in().sim(), {"Emma"});
         QVERIFY(f.hover(*rows, f.in().local()));

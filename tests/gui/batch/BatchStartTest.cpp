@@ -1,11 +1,9 @@
-#include <QObject>
-
 #include "../contacts/BatchFlows.h"
 #include "BatchFixture.h"
 #include "window/AddrBookBatch.h"
 
 // How a batch begins.
-class BatchStartTest : public QObject
+class BatchStartTest : public WindowTest
 {
     Q_OBJECT
 
@@ -13,14 +11,6 @@ private:
     static bool newIsOn(const WindowFixture& f) { return f.in().newContactEnabled(); }
 
 private slots:
-    void initTestCase() { QApplication::setQuitOnLastWindowClosed(false); }
-    void cleanup()
-    {
-        QCOMPARE(FakeSdk::leaks(), QString());
-        QCOMPARE(FakeCore::runningWorkers(), 0);
-        QVERIFY(Contacts::waitingWindow() == nullptr);
-    }
-
     void threadThatCannotBeStartedEndsTheBatchAtOnce_data()
     {
         QTest::addColumn<BatchFlow::Kind>("kind");

@@ -1,9 +1,7 @@
-#include <QObject>
-
 #include "ContactsSupport.h"
 
 // Which row a flow acts on when the selected one is not the current one, or the table is read anew under the form.
-class ActedRowTest : public QObject
+class ActedRowTest : public WindowTest
 {
     Q_OBJECT
 
@@ -30,15 +28,6 @@ private:
     }
 
 private slots:
-    void init() { QApplication::setQuitOnLastWindowClosed(false); }
-
-    void cleanup()
-    {
-        QCOMPARE(FakeSdk::leaks(), QString());
-        QCOMPARE(FakeCore::runningWorkers(), 0);
-        QCOMPARE(FakeCore::dialogs().size(), 0);
-    }
-
     void editRewritesTheRowItReadWhicheverIsCurrent_data()
     {
         QTest::addColumn<QStringList>("selected");

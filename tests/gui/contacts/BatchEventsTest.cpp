@@ -1,10 +1,8 @@
-#include <QObject>
-
 #include "BatchFlows.h"
 
 // What may happen while a batch has its first, a middle or its last record in hand: the batch goes on, or ends with
 // that record, nothing hangs, and what the screen says is what the store holds.
-class BatchEventsTest : public QObject
+class BatchEventsTest : public WindowTest
 {
     Q_OBJECT
 
@@ -98,15 +96,6 @@ private:
     }
 
 private slots:
-    void initTestCase() { QApplication::setQuitOnLastWindowClosed(false); }
-
-    void cleanup()
-    {
-        QCOMPARE(FakeSdk::leaks(), QString());
-        QCOMPARE(FakeCore::runningWorkers(), 0);
-        QVERIFY(Contacts::waitingWindow() == nullptr);
-    }
-
     void event_data()
     {
         QTest::addColumn<BatchFlow::Kind>("kind");

@@ -1,10 +1,8 @@
-#include <QObject>
-
 #include "BatchFlows.h"
 
 // Each SDK call failing, and each giving nothing, at each record of each batch: the batch goes on, nothing hangs or
 // leaks, and the counts say what happened.
-class BatchFailureTest : public QObject
+class BatchFailureTest : public WindowTest
 {
     Q_OBJECT
 
@@ -62,8 +60,6 @@ private:
     }
 
 private slots:
-    void initTestCase() { QApplication::setQuitOnLastWindowClosed(false); }
-
     void eachCallFailsOnce_data() { addFlows(); }
     void eachCallFailsOnce()
     {

@@ -1,22 +1,11 @@
-#include <QObject>
-
 #include "BatchFlows.h"
 
 // A batch started in the moment in which the one before has been cancelled and still has a record in hand.
-class BatchQuickTest : public QObject
+class BatchQuickTest : public WindowTest
 {
     Q_OBJECT
 
 private slots:
-    void initTestCase() { QApplication::setQuitOnLastWindowClosed(false); }
-
-    void cleanup()
-    {
-        QCOMPARE(FakeSdk::leaks(), QString());
-        QCOMPARE(FakeCore::runningWorkers(), 0);
-        QVERIFY(Contacts::waitingWindow() == nullptr);
-    }
-
     void secondBatchWaitsForTheCancelledOne_data()
     {
         QTest::addColumn<BatchFlow::Kind>("first");

@@ -1,12 +1,11 @@
 #include <QLabel>
-#include <QObject>
 #include <QProgressBar>
 #include <QRegularExpression>
 
 #include "BatchFlows.h"
 
 // What the window makes of each result and of the end of a batch.
-class BatchResultsTest : public QObject
+class BatchResultsTest : public WindowTest
 {
     Q_OBJECT
 
@@ -20,15 +19,6 @@ private:
     }
 
 private slots:
-    void initTestCase() { QApplication::setQuitOnLastWindowClosed(false); }
-
-    void cleanup()
-    {
-        QCOMPARE(FakeSdk::leaks(), QString());
-        QCOMPARE(FakeCore::runningWorkers(), 0);
-        QVERIFY(Contacts::waitingWindow() == nullptr);
-    }
-
     // ---- Progress and cancel ---------------------------------------------------------------------------------------
 
     void cancelAtTheThirdResultHandlesExactlyThree()

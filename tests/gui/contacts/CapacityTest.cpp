@@ -1,12 +1,11 @@
 #include <QAction>
-#include <QObject>
 
 #include <atomic>
 
 #include "ContactsSupport.h"
 
 // "New" and "import" are off while the memory is full.
-class CapacityTest : public QObject
+class CapacityTest : public WindowTest
 {
     Q_OBJECT
 
@@ -21,9 +20,6 @@ private:
     }
 
 private slots:
-    void init() { QApplication::setQuitOnLastWindowClosed(false); }
-    void cleanup() { QCOMPARE(FakeSdk::leaks(), QString()); }
-
     void figuresDecide_data()
     {
         QTest::addColumn<int>("total");

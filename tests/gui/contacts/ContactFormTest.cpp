@@ -1,10 +1,8 @@
-#include <QObject>
-
 #include "ContactsSupport.h"
 #include "dialogs/AddrBookNewContactExtendDialog.h"
 
 // New and edit: the form runs, and window, table and siblings follow.
-class ContactFormTest : public QObject
+class ContactFormTest : public WindowTest
 {
     Q_OBJECT
 
@@ -18,15 +16,6 @@ private:
     }
 
 private slots:
-    void init() { QApplication::setQuitOnLastWindowClosed(false); }
-
-    void cleanup()
-    {
-        QCOMPARE(FakeSdk::leaks(), QString());
-        QCOMPARE(FakeCore::runningWorkers(), 0);
-        QCOMPARE(FakeCore::dialogs().size(), 0);
-    }
-
     // ---- New -----------------------------------------------------------------------------------------------------
 
     void newContactGoesToTheMemoryOfTheCurrentNode_data()

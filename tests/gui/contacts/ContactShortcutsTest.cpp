@@ -1,22 +1,11 @@
-#include <QObject>
-
 #include "ContactsSupport.h"
 
 // The shortcuts of the contacts and groups by the widget that has the focus, and the ways to a number picker.
-class ContactShortcutsTest : public QObject
+class ContactShortcutsTest : public WindowTest
 {
     Q_OBJECT
 
 private slots:
-    void init() { QApplication::setQuitOnLastWindowClosed(false); }
-
-    void cleanup()
-    {
-        QCOMPARE(FakeSdk::leaks(), QString());
-        QCOMPARE(FakeCore::runningWorkers(), 0);
-        QCOMPARE(FakeCore::dialogs().size(), 0);
-    }
-
     void shortcutOfANewGroupWithTheFocusOnTheTableDoesNothing()
     {
         WindowFixture f;

@@ -1,12 +1,11 @@
 #include <QHeaderView>
 #include <QLabel>
-#include <QObject>
 #include <QProgressBar>
 
 #include "ContactsSupport.h"
 
 // Delete and remove from a group, from the user's order to the end of the batch.
-class DeleteTest : public QObject
+class DeleteTest : public WindowTest
 {
     Q_OBJECT
 
@@ -23,15 +22,6 @@ private:
     }
 
 private slots:
-    void init() { QApplication::setQuitOnLastWindowClosed(false); }
-
-    void cleanup()
-    {
-        QCOMPARE(FakeSdk::leaks(), QString());
-        QCOMPARE(FakeCore::runningWorkers(), 0);
-        QVERIFY(Contacts::waitingWindow() == nullptr);
-    }
-
     void deleteAsksFirst()
     {
         WindowFixture f;

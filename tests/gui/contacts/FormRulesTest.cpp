@@ -4,18 +4,11 @@
 #include "linkhand/QtCompat.h"
 
 // The form's inputs keep the profile's rule in each of the three flows that open it.
-class FormRulesTest : public QObject
+class FormRulesTest : public WindowTest
 {
     Q_OBJECT
 
 private slots:
-    void init() { QApplication::setQuitOnLastWindowClosed(false); }
-    void cleanup()
-    {
-        QCOMPARE(FakeSdk::leaks(), QString());
-        QCOMPARE(FakeCore::dialogs().size(), 0);
-    }
-
     void inputsAreHeldToTheProfileInEveryFlow_data()
     {
         QTest::addColumn<QString>("flow");

@@ -1,18 +1,14 @@
-#include <QObject>
-
 #include "ContactsSupport.h"
 #include "MessageLog.h"
 #include "linkhand/QtCompat.h"
 
 // The log tells what the program does, and of whom nothing but the number in a notification's line, which is a debug
 // line: it goes to whoever helps.
-class LogPrivacyTest : public QObject
+class LogPrivacyTest : public WindowTest
 {
     Q_OBJECT
 
 private slots:
-    void initTestCase() { QApplication::setQuitOnLastWindowClosed(false); }
-
     void onlyADebugLineNamesANumber_data()
     {
         QTest::addColumn<bool>("debug");

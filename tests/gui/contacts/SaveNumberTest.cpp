@@ -1,22 +1,12 @@
-#include <QObject>
-
 #include "ContactsSupport.h"
 #include "dialogs/AddrBookNewContactExtendDialog.h"
 
 // A sibling's number, saved to the PC's phonebook.
-class SaveNumberTest : public QObject
+class SaveNumberTest : public WindowTest
 {
     Q_OBJECT
 
 private slots:
-    void init() { QApplication::setQuitOnLastWindowClosed(false); }
-
-    void cleanup()
-    {
-        QCOMPARE(FakeSdk::leaks(), QString());
-        QCOMPARE(FakeCore::dialogs().size(), 0);
-    }
-
     void formOpensWithTheNumberAndCanBeSavedAtOnce()
     {
         WindowFixture f;

@@ -1,11 +1,9 @@
-#include <QObject>
-
 #include <atomic>
 
 #include "ContactsSupport.h"
 
 // A contact that is saved while the table is being read: what the reader took before must not be shown behind it.
-class SavedUnderReadTest : public QObject
+class SavedUnderReadTest : public WindowTest
 {
     Q_OBJECT
 
@@ -41,14 +39,6 @@ private:
     }
 
 private slots:
-    void initTestCase() { QApplication::setQuitOnLastWindowClosed(false); }
-
-    void cleanup()
-    {
-        QCOMPARE(FakeSdk::leaks(), QString());
-        QCOMPARE(FakeCore::runningWorkers(), 0);
-    }
-
     void queuedRowOfAnEditedContactShowsWhatWasSaved()
     {
         WindowFixture f;

@@ -1,7 +1,6 @@
 #include <QDir>
 #include <QDomDocument>
 #include <QFile>
-#include <QObject>
 #include <QTemporaryDir>
 
 #include <sys/stat.h>
@@ -34,7 +33,7 @@ private:
 
 // The small file that says that the phonebook is in use. Its permission lets root alone open it again, so that each
 // test that rewrites it needs root, and each that is stopped by the permission an ordinary user.
-class UsageFileTest : public QObject
+class UsageFileTest : public WindowTest
 {
     Q_OBJECT
 
@@ -98,7 +97,7 @@ private slots:
     {
         m_fixture.reset();
         m_folder.reset();
-        QCOMPARE(FakeSdk::leaks(), QString());
+        WindowTest::cleanup();
     }
 
     // ---- As root ---------------------------------------------------------------------------------------------------

@@ -1,9 +1,7 @@
-#include <QObject>
-
 #include "CopyFixture.h"
 
 // Each call of a store failing during a drop: it ends, the source is whole, and the numbers told are true.
-class CopyFailureTest : public QObject
+class CopyFailureTest : public WindowTest
 {
     Q_OBJECT
 
@@ -22,8 +20,6 @@ private:
     static int memoryOf(const QString& name) { return name == "SIM" ? 0 : name == "ME" ? 1 : 4; }
 
 private slots:
-    void cleanup() { QCOMPARE(FakeSdk::leaks(), QString()); }
-
     void recordThatFailsIsPassedOver_data()
     {
         QTest::addColumn<int>("record");
@@ -104,10 +100,10 @@ private slots:
             FakeSdk::clearFailures();
             // Nothing is lost: the source is what it was, but for what the same memory took.
             QCOMPARE(CopyFixture::all(memoryOf(source)).mid(0, before.size()), before);
-            if (CopyFixture::waiting() != nullptr) {
+            if (WindowFixture::waiting() != nullptr) {
                 QVERIFY2(FakeCore::messages().isEmpty(), name.constData());
-                CopyFixture::cancelButton()->click();
-                QVERIFY(CopyFixture::waiting() == nullptr);
+                WindowFixture::cancelButton()->click();
+                QVERIFY(WindowFixture::waiting() == nullptr);
             } else if (memoryOf(source) != memoryOf(target)) {
                 QCOMPARE(FakeCore::messages().size(), 1);
                 // What is told to have gone in is there.
@@ -153,9 +149,9 @@ private slots:
             f.release(*rows, node(f, target));
             QVERIFY2(f.waitDone(), qPrintable(name));
             FakeSdk::clearFailures();
-            if (CopyFixture::waiting() != nullptr)
-                CopyFixture::cancelButton()->click();
-            QVERIFY2(CopyFixture::waiting() == nullptr, qPrintable(name));
+            if (WindowFixture::waiting() != nullptr)
+                WindowFixture::cancelButton()->click();
+            QVERIFY2(WindowFixture::waiting() == nullptr, qPrintable(name));
             QCOMPARE(CopyFixture::all(memoryOf(source)).mid(0, before.size()), before);
             f.destroy();
             QVERIFY2(FakeSdk::leaks().isEmpty(), qPrintable(name + ": " + FakeSdk::leaks()));

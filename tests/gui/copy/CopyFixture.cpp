@@ -1,7 +1,6 @@
 #include "CopyFixture.h"
 
 #include <QColor>
-#include <QDir>
 #include <QDragEnterEvent>
 #include <QDragLeaveEvent>
 #include <QDragMoveEvent>
@@ -12,8 +11,7 @@
 CopyFixture::CopyFixture()
 {
     QLoggingCategory::setFilterRules("default.debug=false\ndefault.warning=false");
-    QDir(folder()).mkpath("OnlineUpdate");
-    FakeSdk::setLogDirectory(folder() + "/log/");
+    makeUsageFolder();
 }
 
 std::unique_ptr<QMimeData> CopyFixture::take(QTreeWidgetItem* source, const QStringList& names)
@@ -72,11 +70,6 @@ void CopyFixture::dropList(const QList<QString>& list) const
     window()->OnTreeItemSelectionChanged();
 }
 
-bool CopyFixture::waitDone() const
-{
-    return QTest::qWaitFor([this] { return !in().threadBusy() && !in().worker().isRunning(); }, 20000) && waitRead();
-}
-
 QStringList CopyFixture::stored(int memory)
 {
     QStringList texts;
@@ -91,21 +84,6 @@ QList<QStringList> CopyFixture::all(int memory)
     for (int id : FakeSdk::recordIds(memory))
         records << FakeSdk::record(memory, id);
     return records;
-}
-
-ABWaitingDlg* CopyFixture::waiting()
-{
-    for (QWidget* widget : QApplication::allWidgets()) {
-        auto* dialog = qobject_cast<ABWaitingDlg*>(widget);
-        if (dialog != nullptr && dialog->isVisible())
-            return dialog;
-    }
-    return nullptr;
-}
-
-QAbstractButton* CopyFixture::cancelButton()
-{
-    return waiting() != nullptr ? waiting()->findChild<QAbstractButton*>() : nullptr;
 }
 
 QString CopyFixture::counter()

@@ -1,12 +1,10 @@
 #ifndef TESTS_GUI_COPY_COPYFIXTURE_H
 #define TESTS_GUI_COPY_COPYFIXTURE_H
 
-#include <QAbstractButton>
 #include <QLabel>
 #include <QProgressBar>
 
 #include "../window/WindowFixture.h"
-#include "dialogs/AddrBookWaitingDlg.h"
 
 // The window, with a usage file of its own and the events that a drag from its table to its tree brings.
 class CopyFixture : public WindowFixture
@@ -28,20 +26,11 @@ public:
     // A drop that no hover would let through: the tree's list as it stands, on the node that is current.
     void dropList(const QList<QString>& list) const;
 
-    // Up to the batch's end and the read that follows it.
-    bool waitDone() const;
-
-    bool usageReported() const { return QFile::exists(usageFile()); }
-    void forgetUsage() const { QFile::remove(usageFile()); }
-    QString usageFile() const { return folder() + "/OnlineUpdate/UpdateInfo/kpi-pb.dat"; }
-
     // Name and number of each record of a memory.
     static QStringList stored(int memory);
     static QList<QStringList> all(int memory);
 
-    // The waiting dialog on the screen; null for none.
-    static ABWaitingDlg* waiting();
-    static QAbstractButton* cancelButton();
+    // What the waiting dialog says.
     static QString counter();
     static int steps();
 };

@@ -1,11 +1,9 @@
-#include <QObject>
-
 #include <atomic>
 
 #include "CopyFixture.h"
 
 // A copy between memories from its drop to its final message.
-class CopyRunTest : public QObject
+class CopyRunTest : public WindowTest
 {
     Q_OBJECT
 
@@ -26,8 +24,6 @@ private:
     }
 
 private slots:
-    void cleanup() { QCOMPARE(FakeSdk::leaks(), QString()); }
-
     void totalCountsRecordsAndTheFirstStepsCountContacts()
     {
         CopyFixture f;
@@ -38,7 +34,7 @@ private slots:
         const auto rows = f.take(f.in().local(), {"Anna", "Bert"});
         QVERIFY(f.hover(*rows, f.in().sim()));
         FakeSdk::onCall("GetAddrRecord", 0, [&] {
-            if (QThread::currentThread() != qApp->thread() || CopyFixture::waiting() == nullptr)
+            if (QThread::currentThread() != qApp->thread() || WindowFixture::waiting() == nullptr)
                 return;
             stepsWhileReading << CopyFixture::steps();
             countersWhileReading << CopyFixture::counter();
@@ -48,8 +44,8 @@ private slots:
         QCOMPARE(countersWhileReading, QStringList({"", ""}));
         QCOMPARE(CopyFixture::steps(), 6);
         QCOMPARE(CopyFixture::counter(), QString("0/6"));
-        QCOMPARE(CopyFixture::waiting()->findChildren<QLabel*>().size(), 2);
-        QCOMPARE(CopyFixture::waiting()->windowModality(), Qt::WindowModal);
+        QCOMPARE(WindowFixture::waiting()->findChildren<QLabel*>().size(), 2);
+        QCOMPARE(WindowFixture::waiting()->windowModality(), Qt::WindowModal);
         QCOMPARE(f.in().totalRows(), 6);
         QVERIFY(f.waitDone());
         QCOMPARE(CopyFixture::stored(0),
@@ -107,18 +103,18 @@ private slots:
         f.build();
         QVERIFY(f.drop(f.in().local(), {""}, f.in().sim()));
         QVERIFY(!f.in().threadBusy());
-        QVERIFY(CopyFixture::waiting() != nullptr);
+        QVERIFY(WindowFixture::waiting() != nullptr);
         QTest::qWait(0);
-        QVERIFY(CopyFixture::waiting() != nullptr);
-        CopyFixture::cancelButton()->click();
-        QVERIFY(CopyFixture::waiting() == nullptr);
+        QVERIFY(WindowFixture::waiting() != nullptr);
+        WindowFixture::cancelButton()->click();
+        QVERIFY(WindowFixture::waiting() == nullptr);
         QVERIFY(FakeCore::messages().isEmpty());
         QVERIFY(f.tree()->m_listDragData.isEmpty());
         // The next drop is as good as the first.
         QVERIFY(f.drop(f.in().local(), {"One 1"}, f.in().sim()));
         QVERIFY(f.waitDone());
         QCOMPARE(FakeCore::messageTexts(), QStringList(complete(1, 1)));
-        QVERIFY(CopyFixture::waiting() == nullptr);
+        QVERIFY(WindowFixture::waiting() == nullptr);
     }
 
     void targetThatFillsAfterTheHoverLeavesTheDialogWithAWorkingCancel()
@@ -132,9 +128,9 @@ private slots:
         f.release(*rows, f.in().sim());
         QVERIFY(!f.in().threadBusy());
         QVERIFY(!f.in().newContactEnabled());
-        QVERIFY(CopyFixture::waiting() != nullptr);
-        CopyFixture::cancelButton()->click();
-        QVERIFY(CopyFixture::waiting() == nullptr);
+        QVERIFY(WindowFixture::waiting() != nullptr);
+        WindowFixture::cancelButton()->click();
+        QVERIFY(WindowFixture::waiting() == nullptr);
         QVERIFY(FakeCore::messages().isEmpty());
         QVERIFY(CopyFixture::stored(0).isEmpty());
         QCOMPARE(CopyFixture::all(4).size(), 6);
@@ -156,9 +152,9 @@ private slots:
         f.release(*rows, node);
         QVERIFY(root->indexOfChild(node) < 0);
         QVERIFY(!f.in().threadBusy());
-        QVERIFY(CopyFixture::waiting() != nullptr);
-        CopyFixture::cancelButton()->click();
-        QVERIFY(CopyFixture::waiting() == nullptr);
+        QVERIFY(WindowFixture::waiting() != nullptr);
+        WindowFixture::cancelButton()->click();
+        QVERIFY(WindowFixture::waiting() == nullptr);
         QVERIFY(FakeCore::messages().isEmpty());
         QVERIFY(CopyFixture::stored(1).isEmpty());
         root->addChild(node);
@@ -191,7 +187,7 @@ private slots:
         QCOMPARE(message.caption, QString("IDS_PROMPT_CAPTION"));
         QCOMPARE(message.buttons, QStringList("IDS_OK"));
         QVERIFY(FakeSdk::hasRecord(4, id));
-        QVERIFY(CopyFixture::waiting() == nullptr);
+        QVERIFY(WindowFixture::waiting() == nullptr);
         QCOMPARE(f.in().operation(), ADDRBOOK_OP_NONE);
     }
 
@@ -205,7 +201,7 @@ private slots:
         QVERIFY(f.waitDone());
         QCOMPARE(CopyFixture::stored(0).size(), 4);
         QCOMPARE(FakeCore::messageTexts(), QStringList("IDS_MOVE_REC_DEV_FULL4"));
-        QVERIFY(CopyFixture::waiting() == nullptr);
+        QVERIFY(WindowFixture::waiting() == nullptr);
     }
 
     void capacityIsFollowedWithoutAskingTheStore()
@@ -233,14 +229,15 @@ private slots:
         CopyFixture f;
         fillLocal();
         f.build();
-        FakeSdk::onCall("AddAddrRec", record,
-                        [] { QMetaObject::invokeMethod(CopyFixture::cancelButton(), "click", Qt::QueuedConnection); });
+        FakeSdk::onCall("AddAddrRec", record, [] {
+            QMetaObject::invokeMethod(WindowFixture::cancelButton(), "click", Qt::QueuedConnection);
+        });
         QVERIFY(f.drop(f.in().local(), ones(), f.in().sim()));
         QVERIFY(f.waitDone());
         QCOMPARE(CopyFixture::stored(0).size(), record); // what is written stays
         QCOMPARE(CopyFixture::all(4).size(), 6);
         QCOMPARE(FakeCore::messageTexts(), QStringList(complete(4, record)));
-        QVERIFY(CopyFixture::waiting() == nullptr);
+        QVERIFY(WindowFixture::waiting() == nullptr);
         QVERIFY(f.in().waitingDialog().isNull());
         QCOMPARE(FakeCore::runningWorkers(), 0);
         QCOMPARE(FakeSdk::openTransactions(0), 0);
@@ -252,8 +249,8 @@ private slots:
         fillLocal();
         f.build();
         QVERIFY(f.drop(f.in().local(), ones(), f.in().sim()));
-        CopyFixture::cancelButton()->click();
-        QVERIFY(CopyFixture::waiting() == nullptr);
+        WindowFixture::cancelButton()->click();
+        QVERIFY(WindowFixture::waiting() == nullptr);
         QVERIFY(f.waitDone());
         QCOMPARE(CopyFixture::stored(0).size(), 1);
         QCOMPARE(FakeCore::messageTexts(), QStringList(complete(4, 1)));
@@ -284,7 +281,7 @@ private slots:
                 QVERIFY(f.in().sim() == nullptr && f.in().device() == nullptr);
                 QCOMPARE(CopyFixture::all(4).size(), 6);
                 QCOMPARE(FakeCore::messageTexts(), QStringList(complete(4, record - 1)));
-                QVERIFY(CopyFixture::waiting() == nullptr);
+                QVERIFY(WindowFixture::waiting() == nullptr);
                 QCOMPARE(f.tree()->currentItem(), f.in().local());
             }
         }
@@ -310,7 +307,7 @@ private slots:
         f.build();
         QVERIFY(f.drop(f.in().local(), ones(), f.in().sim()));
         f.window()->OnSimDisabled(true);
-        QVERIFY(CopyFixture::waiting() == nullptr);
+        QVERIFY(WindowFixture::waiting() == nullptr);
         QVERIFY(f.waitDone());
         QCOMPARE(CopyFixture::stored(0).size(), 1);
         QCOMPARE(FakeCore::messageTexts(), QStringList(complete(4, 1)));
@@ -390,9 +387,9 @@ private slots:
         f.window()->initThreadForMoveorCopy(
             true, {AddrBookRecord{3, {"One 1", "901"}}, AddrBookRecord{4, {"One 2", "902"}}}, 0, ADDRBOOK_OP_MOVE);
         QCOMPARE(f.in().operation(), ADDRBOOK_OP_MOVE);
-        QVERIFY(CopyFixture::waiting() != nullptr);
+        QVERIFY(WindowFixture::waiting() != nullptr);
         bool told = false;
-        for (const QLabel* label : CopyFixture::waiting()->findChildren<QLabel*>())
+        for (const QLabel* label : WindowFixture::waiting()->findChildren<QLabel*>())
             told = told || label->text() == "IDS_MOVE_STATUS";
         QVERIFY(told);
         QVERIFY(QTest::qWaitFor([] { return FakeSdk::count("DelAddrRec") == 1; }, 20000));
@@ -411,7 +408,7 @@ private slots:
         f.window()->initThreadForMoveorCopy(true, {AddrBookRecord{3, {"One 1", "901"}}}, 0, ADDRBOOK_OP_ADD);
         f.window()->initThreadForMoveorCopy(true, {}, 0, ADDRBOOK_OP_COPY);
         QVERIFY(!f.in().threadBusy());
-        QVERIFY(CopyFixture::waiting() == nullptr);
+        QVERIFY(WindowFixture::waiting() == nullptr);
         QCOMPARE(FakeSdk::count("AddAddrRec"), 0);
     }
 
@@ -470,7 +467,7 @@ private slots:
         QCOMPARE(FakeSdk::log().filter("CreateAddrRecord(0)").size(), 1);
         QCOMPARE(FakeCore::messageTexts(), QStringList(complete(1, FakeSdk::recordIds(0).size())));
         QCOMPARE(CopyFixture::all(4).size(), 6);
-        QVERIFY(CopyFixture::waiting() == nullptr);
+        QVERIFY(WindowFixture::waiting() == nullptr);
         QVERIFY(f.tree()->m_listDragData.isEmpty());
     }
 };

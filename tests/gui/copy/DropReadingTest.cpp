@@ -1,9 +1,7 @@
-#include <QObject>
-
 #include "CopyFixture.h"
 
 // What a drop between memories does once, however many contacts it holds.
-class DropReadingTest : public QObject
+class DropReadingTest : public WindowTest
 {
     Q_OBJECT
 
@@ -38,8 +36,6 @@ private:
     }
 
 private slots:
-    void cleanup() { QCOMPARE(FakeSdk::leaks(), QString()); }
-
     void fieldsAreFetchedOnceADrop()
     {
         const int forOne = listsFetchedFor(1);
@@ -60,9 +56,9 @@ private slots:
         FakeSdk::onCall("GetAddrRecord", 0, [&open] {
             if (QThread::currentThread() != qApp->thread())
                 return;
-            open << (CopyFixture::waiting() != nullptr);
-            if (open.size() == 1 && CopyFixture::cancelButton() != nullptr)
-                CopyFixture::cancelButton()->click();
+            open << (WindowFixture::waiting() != nullptr);
+            if (open.size() == 1 && WindowFixture::cancelButton() != nullptr)
+                WindowFixture::cancelButton()->click();
         });
         f.release(*rows, f.in().device());
         QCOMPARE(open.mid(0, 5), QList<bool>({true, false, false, false, false}));

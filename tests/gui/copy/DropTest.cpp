@@ -1,15 +1,11 @@
-#include <QObject>
-
 #include "CopyFixture.h"
 
 // What a drop does, by where the contacts come from, where they go, and the Ctrl key.
-class DropTest : public QObject
+class DropTest : public WindowTest
 {
     Q_OBJECT
 
 private slots:
-    void cleanup() { QCOMPARE(FakeSdk::leaks(), QString()); }
-
     void dropsInsideThePhonebookOfThePc_data()
     {
         QTest::addColumn<QString>("source");
@@ -65,7 +61,7 @@ private slots:
         QCOMPARE(FakeSdk::count("AddAddrRec"), 0);
         QVERIFY(f.usageReported());
         QVERIFY(FakeCore::messages().isEmpty());
-        QVERIFY(CopyFixture::waiting() == nullptr);
+        QVERIFY(WindowFixture::waiting() == nullptr);
         QCOMPARE(FakeSdk::openTransactions(4), 0);
         // The tree is refreshed, and the table shows the target.
         QVERIFY(f.node(QString("Friends(%1)").arg(FakeSdk::members(friends).size())) != nullptr);
@@ -121,7 +117,7 @@ private slots:
         f.dropList({"1", "0", "3", "0"});
         QCOMPARE(FakeSdk::names(), QStringList({"BeginTransaction", "EndTransaction"}));
         QVERIFY(!f.usageReported());
-        QVERIFY(CopyFixture::waiting() == nullptr);
+        QVERIFY(WindowFixture::waiting() == nullptr);
         QVERIFY(f.tree()->m_listDragData.isEmpty());
     }
 
@@ -168,7 +164,7 @@ private slots:
         f.dropList({"1", "0"});
         QCOMPARE(FakeSdk::names(), QStringList({"BeginTransaction", "EndTransaction"}));
         QVERIFY(FakeCore::messages().isEmpty());
-        QVERIFY(CopyFixture::waiting() == nullptr);
+        QVERIFY(WindowFixture::waiting() == nullptr);
         QVERIFY(!f.usageReported());
         QVERIFY(!f.in().threadBusy());
     }
@@ -241,7 +237,7 @@ private slots:
         QCOMPARE(FakeCore::messageTexts(),
                  QStringList(QString("IDS_COPY_COMPLETE IDS_TOTAL_COUNT%1IDS_SUCCESS_COUNT%1").arg(added.size())));
         QVERIFY(f.usageReported());
-        QVERIFY(CopyFixture::waiting() == nullptr);
+        QVERIFY(WindowFixture::waiting() == nullptr);
         // The window shows the target, and drags come from there now.
         QCOMPARE(f.tree()->currentItem(), node(target));
         QCOMPARE(f.in().current(), node(target));

@@ -1,10 +1,8 @@
-#include <QObject>
-
 #include "../contacts/ContactsSupport.h"
 #include "CopyFixture.h"
 
 // A card is pulled out: its rows stay in the table under another node, and are still its own.
-class LeftOverRowsTest : public QObject
+class LeftOverRowsTest : public WindowTest
 {
     Q_OBJECT
 
@@ -34,14 +32,6 @@ private:
     }
 
 private slots:
-    void init() { QApplication::setQuitOnLastWindowClosed(false); }
-
-    void cleanup()
-    {
-        QCOMPARE(FakeSdk::leaks(), QString());
-        QCOMPARE(FakeCore::runningWorkers(), 0);
-    }
-
     void draggedRowIsNeverAnotherMemorysContact()
     {
         CopyFixture f;

@@ -1,9 +1,7 @@
-#include <QObject>
-
 #include "CopyFixture.h"
 
 // One contact turned into records of a memory with fewer fields.
-class SplitTest : public QObject
+class SplitTest : public WindowTest
 {
     Q_OBJECT
 
@@ -90,8 +88,6 @@ private:
     }
 
 private slots:
-    void cleanup() { QCOMPARE(FakeSdk::leaks(), QString()); }
-
     void allCombinationsAsTheReferenceTells()
     {
         CopyFixture f;

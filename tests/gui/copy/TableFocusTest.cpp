@@ -1,10 +1,8 @@
-#include <QObject>
-
 #include "../contacts/ContactsSupport.h"
 #include "CopyFixture.h"
 
 // A table that is read anew keeps the keys that the old one had.
-class TableFocusTest : public QObject
+class TableFocusTest : public WindowTest
 {
     Q_OBJECT
 
@@ -17,14 +15,6 @@ private:
     }
 
 private slots:
-    void init() { QApplication::setQuitOnLastWindowClosed(false); }
-
-    void cleanup()
-    {
-        QCOMPARE(FakeSdk::leaks(), QString());
-        QCOMPARE(FakeCore::runningWorkers(), 0);
-    }
-
     void reloadGivesTheNewTableTheFocusOfTheOld_data()
     {
         QTest::addColumn<bool>("ofTheTable");

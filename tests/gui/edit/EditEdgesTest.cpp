@@ -1,14 +1,11 @@
 #include "EditSupport.h"
 
 // Characters at the edge of what an input takes.
-class EditEdgesTest : public EditTestBase
+class EditEdgesTest : public DialogTest
 {
     Q_OBJECT
 
 private slots:
-    void init() { begin(); }
-    void cleanup() { end(); }
-
     void aRefusedLetterRefusesNoOtherCase()
     {
         EditForm form(4);

@@ -1,7 +1,7 @@
 #include "EditSupport.h"
 
 // Every call to the SDK failing in turn, from the opening of the form to its end.
-class EditFailureTest : public EditTestBase
+class EditFailureTest : public DialogTest
 {
     Q_OBJECT
 
@@ -36,9 +36,6 @@ class EditFailureTest : public EditTestBase
     }
 
 private slots:
-    void init() { begin(); }
-    void cleanup() { end(); }
-
     void eachCallFailingInTurn_data()
     {
         QTest::addColumn<int>("memory");

@@ -1,14 +1,11 @@
 #include "EditSupport.h"
 
 // How the form is built from a memory's field list, and what validators its inputs get.
-class EditFormTest : public EditTestBase
+class EditFormTest : public DialogTest
 {
     Q_OBJECT
 
 private slots:
-    void init() { begin(); }
-    void cleanup() { end(); }
-
     void heightGrowsByTheFieldsOfTheLocalMemory()
     {
         FakeSdk::setFields(4, {editField("Name", 10, "Name", "ID_STR_NAME"),

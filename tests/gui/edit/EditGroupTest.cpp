@@ -1,7 +1,7 @@
 #include "EditSupport.h"
 
 // A form opened on a group.
-class EditGroupTest : public EditTestBase
+class EditGroupTest : public DialogTest
 {
     Q_OBJECT
 
@@ -14,9 +14,6 @@ class EditGroupTest : public EditTestBase
     }
 
 private slots:
-    void init() { begin(); }
-    void cleanup() { end(); }
-
     void aNumberRepeatsThatOfAContactInAnyGroupAndInNone()
     {
         const int friends = FakeSdk::addGroup("Friends");

@@ -3,7 +3,7 @@
 #include <QClipboard>
 
 // What is typed and pasted: lengths, the name on a card, the remarks, OK, and input of every kind.
-class EditInputTest : public EditTestBase
+class EditInputTest : public DialogTest
 {
     Q_OBJECT
 
@@ -14,9 +14,6 @@ class EditInputTest : public EditTestBase
     }
 
 private slots:
-    void init() { begin(); }
-    void cleanup() { end(); }
-
     // ---- The name on a card --------------------------------------------------------------------------------------
 
     void oneMoreCharacterAtTheLimitRestoresTheText()

@@ -4,7 +4,7 @@
 #include <QWindow>
 
 // Which keys reach an input.
-class EditKeysTest : public EditTestBase
+class EditKeysTest : public DialogTest
 {
     Q_OBJECT
 
@@ -26,9 +26,6 @@ class EditKeysTest : public EditTestBase
     }
 
 private slots:
-    void init() { begin(); }
-    void cleanup() { end(); }
-
     void onACardACharacterMustPassTheLocalSetAndTheCardsRule()
     {
         cardWithMobileKey("0123abc");

@@ -2,30 +2,16 @@
 #include <QPushButton>
 #include <QtTest>
 
+#include "../support/LooksTest.h"
 #include "EditSupport.h"
-#include "unit/core/FakeHost.h"
 
 // The form in the real frame and with the real texts: everything inside the window, nothing cut, nothing on top of
-// something else. With LINKHAND_SCREENSHOTS set to a folder the form is also saved there, one picture a memory.
-class EditLooksTest : public QObject
+// something else. One picture a memory.
+class EditLooksTest : public LooksTest
 {
     Q_OBJECT
 
 private slots:
-    void init()
-    {
-        QApplication::setQuitOnLastWindowClosed(false);
-        AddrBookLogic::Destroy();
-        FakeSdk::reset();
-        m_host.reset(new FakeHost);
-        m_host->strLanguagesPath = qEnvironmentVariable("LINKHAND_BUILD_DIR") + "/languages";
-    }
-    void cleanup()
-    {
-        AddrBookLogic::Destroy();
-        m_host.reset();
-    }
-
     void theFormOfEachMemory_data()
     {
         QTest::addColumn<int>("memory");
@@ -49,19 +35,12 @@ private slots:
         }
         form.run([&] {
             QVERIFY(QTest::qWaitForWindowExposed(form.access.window()));
-            const QString folder = qEnvironmentVariable("LINKHAND_SCREENSHOTS");
-            if (!folder.isEmpty())
-                QVERIFY(form.access.window()->grab().save(folder + "/" + picture + ".png"));
+            save(form.access.window(), picture);
             checkLayout(form);
         });
     }
 
 private:
-    static QRect inWindow(const QWidget* widget, const QWidget* window)
-    {
-        return QRect(widget->mapTo(window, QPoint(0, 0)), widget->size());
-    }
-
     static void checkLayout(EditForm& form)
     {
         QWidget* window = form.access.window();
@@ -93,8 +72,6 @@ private:
         QVERIFY(form.access.ok()->x() < form.access.cancel()->x());
         QVERIFY(form.access.ok()->isDefault());
     }
-
-    QScopedPointer<FakeHost> m_host;
 };
 
 QTEST_MAIN(EditLooksTest)

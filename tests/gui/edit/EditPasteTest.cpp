@@ -35,7 +35,7 @@ long ORVA_Care_CleanNumber(int memory, const unsigned short* text, unsigned shor
 }
 
 // Numbers that are pasted and dropped as other programs show them. Middle clicks have a clipboard on a display alone.
-class EditPasteTest : public EditTestBase
+class EditPasteTest : public DialogTest
 {
     Q_OBJECT
 
@@ -61,9 +61,6 @@ class EditPasteTest : public EditTestBase
     }
 
 private slots:
-    void init() { begin(); }
-    void cleanup() { end(); }
-
     void aPastedNumberIsCleaned_data()
     {
         QTest::addColumn<QString>("text");

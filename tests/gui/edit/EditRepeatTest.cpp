@@ -1,7 +1,7 @@
 #include "EditSupport.h"
 
 // The warning about a number that another contact has.
-class EditRepeatTest : public EditTestBase
+class EditRepeatTest : public DialogTest
 {
     Q_OBJECT
 
@@ -23,9 +23,6 @@ class EditRepeatTest : public EditTestBase
     }
 
 private slots:
-    void init() { begin(); }
-    void cleanup() { end(); }
-
     void aFurtherNumberThatIsAnothersMobileShowsItsOwnLabel()
     {
         FakeSdk::addRecord(4, {"Ada", "111", "222", "333"});

@@ -6,7 +6,7 @@
 #include "MessageLog.h"
 
 // Rules of the form that hold in every input and in every flow.
-class EditRulesTest : public EditTestBase
+class EditRulesTest : public DialogTest
 {
     Q_OBJECT
 
@@ -17,9 +17,6 @@ class EditRulesTest : public EditTestBase
     }
 
 private slots:
-    void init() { begin(); }
-    void cleanup() { end(); }
-
     // Through the window system, since the input asks the application which modifiers are down.
     void controlNAndControlFRaiseTheirSignalsInEveryLineEdit()
     {

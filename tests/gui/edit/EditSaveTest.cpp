@@ -1,14 +1,11 @@
 #include "EditSupport.h"
 
 // The checks at OK in their order, and how the contact reaches the phonebook.
-class EditSaveTest : public EditTestBase
+class EditSaveTest : public DialogTest
 {
     Q_OBJECT
 
 private slots:
-    void init() { begin(); }
-    void cleanup() { end(); }
-
     // ---- Addresses -----------------------------------------------------------------------------------------------
 
     void address_data()

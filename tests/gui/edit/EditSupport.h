@@ -1,19 +1,15 @@
 #ifndef TESTS_GUI_EDIT_EDITSUPPORT_H
 #define TESTS_GUI_EDIT_EDITSUPPORT_H
 
-#include <QApplication>
 #include <QLabel>
 #include <QPushButton>
 #include <QStringList>
 #include <QTimer>
-#include <QtTest>
 
 #include <functional>
 
+#include "../support/DialogTest.h"
 #include "dialogs/AddrBookEditDlg.h"
-#include "fakecore/FakeCore.h"
-#include "fakesdk/FakeSdk.h"
-#include "logic/AddrBookLogic.h"
 
 // What the tests see of the form's inside.
 struct AddrBookEditDlgAccess {
@@ -147,27 +143,5 @@ inline FakeSdk::Field editField(const char* key, int length, const char* kind, c
 {
     return FakeSdk::Field{key, length, accepted, refused, kind, false, label};
 }
-
-// Each test begins with empty memories and ends without a handle, a list or a text of the SDK left over.
-class EditTestBase : public QObject
-{
-    Q_OBJECT
-
-protected:
-    void begin()
-    {
-        QApplication::setQuitOnLastWindowClosed(false);
-        AddrBookLogic::Destroy();
-        FakeCore::reset();
-        FakeSdk::reset();
-    }
-
-    void end()
-    {
-        AddrBookLogic::Destroy();
-        QCOMPARE(FakeSdk::leaks(), QString());
-        QCOMPARE(FakeCore::dialogs().size(), 0);
-    }
-};
 
 #endif // TESTS_GUI_EDIT_EDITSUPPORT_H

@@ -3,16 +3,15 @@
 #include <QCloseEvent>
 
 // The window around the form: how it looks, how it opens and how it ends.
-class EditWindowTest : public EditTestBase
+class EditWindowTest : public DialogTest
 {
     Q_OBJECT
 
 private slots:
-    void init() { begin(); }
     void cleanup()
     {
         QApplication::setLayoutDirection(Qt::LeftToRight);
-        end();
+        DialogTest::cleanup();
     }
 
     void namesAndFlags()

@@ -1,11 +1,10 @@
-#include <QObject>
 #include <QStandardPaths>
 
 #include "FilesFixture.h"
 #include "window/FileDialogs.h"
 
 // Contacts of the table on their way to a file.
-class ExportTest : public QObject
+class ExportTest : public WindowTest
 {
     Q_OBJECT
 
@@ -20,8 +19,6 @@ private:
     }
 
 private slots:
-    void cleanup() { QCOMPARE(FakeSdk::leaks(), QString()); }
-
     void fileDialogOffersTheCsvFilesOfTheDesktop()
     {
         FilesFixture f;

@@ -4,13 +4,11 @@
 #include "MessageLog.h"
 
 // The two questions about a file's titles: for their length, and for their text.
-class FileTitlesTest : public QObject
+class FileTitlesTest : public WindowTest
 {
     Q_OBJECT
 
 private slots:
-    void cleanup() { QCOMPARE(FakeSdk::leaks(), QString()); }
-
     void onlyTheCodeForALengthCounts_data()
     {
         QTest::addColumn<int>("code");

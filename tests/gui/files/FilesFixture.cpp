@@ -32,25 +32,10 @@ void FilesFixture::importTo(QTreeWidgetItem* node)
     QVERIFY(waitDone());
 }
 
-bool FilesFixture::waitDone() const
-{
-    return QTest::qWaitFor([this] { return !in().threadBusy() && !in().worker().isRunning(); }, 20000) && waitRead();
-}
-
-ABWaitingDlg* FilesFixture::waiting()
-{
-    for (QWidget* widget : QApplication::allWidgets()) {
-        auto* dialog = qobject_cast<ABWaitingDlg*>(widget);
-        if (dialog != nullptr && dialog->isVisible())
-            return dialog;
-    }
-    return nullptr;
-}
-
 void FilesFixture::cancelWaiting()
 {
     QVERIFY(waiting() != nullptr);
-    waiting()->findChild<QAbstractButton*>()->click();
+    cancelButton()->click();
     QVERIFY(waiting() == nullptr);
 }
 

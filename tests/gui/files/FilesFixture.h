@@ -1,11 +1,8 @@
 #ifndef TESTS_GUI_FILES_FILESFIXTURE_H
 #define TESTS_GUI_FILES_FILESFIXTURE_H
 
-#include <QAbstractButton>
-
 #include "../window/WindowFixture.h"
 #include "FileUser.h"
-#include "dialogs/AddrBookWaitingDlg.h"
 
 // The window with a user who answers its file dialogs and its field map.
 class FilesFixture : public WindowFixture, public FileUser
@@ -21,9 +18,7 @@ public:
     void importTo(QTreeWidgetItem* node);
     // The same for one of the window's slots.
     void importFrom(const char* slot);
-    bool waitDone() const;
 
-    static ABWaitingDlg* waiting();
     static void cancelWaiting();
     static QStringList stored(int memory);
 };

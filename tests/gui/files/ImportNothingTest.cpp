@@ -1,10 +1,8 @@
-#include <QObject>
-
 #include "FailingNew.h"
 #include "FilesFixture.h"
 
 // An import that succeeds with no records: the store has answered, and there is nothing to add.
-class ImportNothingTest : public QObject
+class ImportNothingTest : public WindowTest
 {
     Q_OBJECT
 
@@ -12,7 +10,7 @@ private slots:
     void cleanup()
     {
         FailingNew::failNth(0);
-        QCOMPARE(FakeSdk::leaks(), QString());
+        WindowTest::cleanup();
     }
 
     // No room for the field map is the one way there: it counts as success.
@@ -32,7 +30,7 @@ private slots:
             const bool failed = FailingNew::hasFailed();
             FailingNew::failNth(0);
             found = failed && FakeSdk::count("ImportFromFile") == 0 && !f.in().threadBusy() &&
-                    FakeCore::messages().isEmpty() && FilesFixture::waiting() != nullptr;
+                    FakeCore::messages().isEmpty() && WindowFixture::waiting() != nullptr;
             if (found) {
                 QCOMPARE(f.in().operation(), ADDRBOOK_OP_IMPORT);
                 FilesFixture::cancelWaiting();

@@ -1,9 +1,7 @@
-#include <QObject>
-
 #include "FilesFixture.h"
 
 // The records of a file on their way into a memory.
-class ImportRunTest : public QObject
+class ImportRunTest : public WindowTest
 {
     Q_OBJECT
 
@@ -20,8 +18,6 @@ private:
     }
 
 private slots:
-    void cleanup() { QCOMPARE(FakeSdk::leaks(), QString()); }
-
     void recordsGoToTheCurrentNode_data()
     {
         QTest::addColumn<QString>("node");
@@ -52,7 +48,7 @@ private slots:
         QCOMPARE(message.icon, QMessageBox::Information);
         QCOMPARE(message.caption, QString("IDS_PROMPT_CAPTION"));
         QCOMPARE(message.buttons, QStringList("IDS_OK"));
-        QVERIFY(FilesFixture::waiting() == nullptr);
+        QVERIFY(WindowFixture::waiting() == nullptr);
         QVERIFY(f.column(0).contains("Sven")); // the table shows them
         QCOMPARE(f.in().operation(), ADDRBOOK_OP_NONE);
     }
@@ -113,13 +109,12 @@ private slots:
         makePeople();
         f.build();
         FakeSdk::onCall("AddAddrRec", record, [] {
-            QMetaObject::invokeMethod(FilesFixture::waiting()->findChild<QAbstractButton*>(), "click",
-                                      Qt::QueuedConnection);
+            QMetaObject::invokeMethod(WindowFixture::cancelButton(), "click", Qt::QueuedConnection);
         });
         f.importTo(f.in().local());
         QCOMPARE(FakeSdk::recordIds(4).size(), record);
         QCOMPARE(FakeCore::messageTexts(), QStringList(told(4, record)));
-        QVERIFY(FilesFixture::waiting() == nullptr);
+        QVERIFY(WindowFixture::waiting() == nullptr);
     }
 
     void deviceThatGoesCancelsTheRun()
@@ -156,7 +151,7 @@ private slots:
             const QByteArray name = FakeSdk::failedCall();
             failed = !name.isEmpty();
             FakeSdk::clearFailures();
-            if (FilesFixture::waiting() != nullptr)
+            if (WindowFixture::waiting() != nullptr)
                 FilesFixture::cancelWaiting();
             const QStringList after = FilesFixture::stored(4);
             QCOMPARE(after.mid(0, before.size()), before);

@@ -1,19 +1,16 @@
 #include <QDir>
 #include <QLabel>
-#include <QObject>
 #include <QProgressBar>
 #include <QStandardPaths>
 
 #include "FilesFixture.h"
 
 // From the menu entry to the records of a file: the file dialog, the titles, the field map.
-class ImportTest : public QObject
+class ImportTest : public WindowTest
 {
     Q_OBJECT
 
 private slots:
-    void cleanup() { QCOMPARE(FakeSdk::leaks(), QString()); }
-
     void fileDialogOpensOnTheCsvFilesOfTheDesktop()
     {
         FilesFixture f;
@@ -34,7 +31,7 @@ private slots:
         QCOMPARE(FakeSdk::log().filter("GetFileFieldDescription"), QStringList("GetFileFieldDescription(, false)"));
         QCOMPARE(FilesFixture::mapsSeen(), 0);
         QVERIFY(FakeCore::messages().isEmpty());
-        QVERIFY(FilesFixture::waiting() == nullptr);
+        QVERIFY(WindowFixture::waiting() == nullptr);
     }
 
     void fullMemoryAsksNothing()
@@ -72,7 +69,7 @@ private slots:
         f.import();
         QCOMPARE(FilesFixture::mapsSeen(), 0);
         QVERIFY(FakeCore::messages().isEmpty());
-        QVERIFY(FilesFixture::waiting() == nullptr);
+        QVERIFY(WindowFixture::waiting() == nullptr);
     }
 
     // A first answer other than "the buffer is too small" is no file for this, even 0.
@@ -172,7 +169,7 @@ private slots:
         QCOMPARE(FilesFixture::mapsSeen(), 1);
         QCOMPARE(FakeSdk::count("ImportFromFile"), 0);
         QVERIFY(FakeCore::messages().isEmpty());
-        QVERIFY(FilesFixture::waiting() == nullptr);
+        QVERIFY(WindowFixture::waiting() == nullptr);
     }
 
     void mapsGoToTheStoreAsPositions_data()
@@ -238,7 +235,7 @@ private slots:
         QCOMPARE(message.icon, QMessageBox::Information);
         QCOMPARE(message.caption, QString("IDS_ERROR_CAPTION"));
         QCOMPARE(message.buttons, QStringList("IDS_OK"));
-        QVERIFY(FilesFixture::waiting() == nullptr);
+        QVERIFY(WindowFixture::waiting() == nullptr);
         QVERIFY(!f.in().threadBusy());
         QCOMPARE(FakeSdk::openTransactions(4), 0);
         QVERIFY(FilesFixture::stored(4).isEmpty());
@@ -277,7 +274,7 @@ private slots:
         FilesFixture::choose("/a/file.csv");
         f.import();
         QCOMPARE(FakeCore::messageTexts(), QStringList("IDS_SMS_IMPORTFAILURE_COUNT"));
-        QVERIFY(FilesFixture::waiting() == nullptr);
+        QVERIFY(WindowFixture::waiting() == nullptr);
     }
 
     void emptyListLeavesTheDialogWithAWorkingCancel()
@@ -294,7 +291,7 @@ private slots:
         f.import();
         QVERIFY(f.waitDone());
         QCOMPARE(FakeCore::messageTexts(), QStringList("IDS_IMPORT_TOTAL_NUMBER1IDS_IMPORT_IMPORTED_NUMBER1"));
-        QVERIFY(FilesFixture::waiting() == nullptr);
+        QVERIFY(WindowFixture::waiting() == nullptr);
     }
 
     void nodeThatLeavesTheTreeWhileTheFileIsReadLeavesTheDialogWithAWorkingCancel()
@@ -328,9 +325,9 @@ private slots:
         QStringList texts;
         int steps = -1;
         FakeSdk::onCall("ImportFromFile", 1, [&] {
-            for (const QLabel* label : FilesFixture::waiting()->findChildren<QLabel*>())
+            for (const QLabel* label : WindowFixture::waiting()->findChildren<QLabel*>())
                 texts << label->text();
-            steps = FilesFixture::waiting()->findChild<QProgressBar*>()->maximum();
+            steps = WindowFixture::waiting()->findChild<QProgressBar*>()->maximum();
         });
         f.import();
         texts.sort();

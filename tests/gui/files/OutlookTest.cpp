@@ -1,10 +1,9 @@
-#include <QObject>
 #include <QTimer>
 
 #include "FilesFixture.h"
 
 // Contacts from the desktop's contact applications.
-class OutlookTest : public QObject
+class OutlookTest : public WindowTest
 {
     Q_OBJECT
 
@@ -36,8 +35,6 @@ private:
     }
 
 private slots:
-    void cleanup() { QCOMPARE(FakeSdk::leaks(), QString()); }
-
     void recordsOfAnApplicationAreImported_data()
     {
         QTest::addColumn<QByteArray>("slot");
@@ -194,7 +191,7 @@ private slots:
         run(f, "OnBnClickedBtnMOO");
         QCOMPARE(FakeCore::messageTexts(), QStringList("IDS_SMS_IMPORTFAILURE_COUNT"));
         QCOMPARE(FakeCore::messages().last().caption, QString("IDS_ERROR_CAPTION"));
-        QVERIFY(FilesFixture::waiting() == nullptr);
+        QVERIFY(WindowFixture::waiting() == nullptr);
     }
 
     void cancelledOrEmptyFieldMapEndsInSilence_data()
@@ -219,7 +216,7 @@ private slots:
         QCOMPARE(FilesFixture::mapsSeen(), 1);
         QCOMPARE(FakeSdk::count("ImportFromOutlook"), 0);
         QVERIFY(FakeCore::messages().isEmpty());
-        QVERIFY(FilesFixture::waiting() == nullptr);
+        QVERIFY(WindowFixture::waiting() == nullptr);
     }
 
     // The application's own names of its fields are not shown.

@@ -1,10 +1,8 @@
-#include <QObject>
-
 #include "../window/WindowFixture.h"
 #include "frame/AddrBookUIPlugin.h"
 
 // The window learns the state of the network whenever it is shown.
-class NetworkReportTest : public QObject
+class NetworkReportTest : public WindowTest
 {
     Q_OBJECT
 
@@ -19,12 +17,6 @@ private:
     }
 
 private slots:
-    void cleanup()
-    {
-        QCOMPARE(FakeSdk::leaks(), QString());
-        QCOMPARE(FakeCore::runningWorkers(), 0);
-    }
-
     void shownWindowKnowsTheNetworkAsItIsNow_data()
     {
         QTest::addColumn<int>("before");

@@ -1,16 +1,11 @@
-#include <QObject>
-
 #include "GroupsFixture.h"
 
 // A group deleted after a question, with what hangs below it.
-class DeleteGroupTest : public QObject
+class DeleteGroupTest : public WindowTest
 {
     Q_OBJECT
 
 private slots:
-    void initTestCase() { QLoggingCategory::setFilterRules("default.debug=false\ndefault.warning=false"); }
-    void cleanup() { QCOMPARE(FakeSdk::leaks(), QString()); }
-
     void questionIsAsked()
     {
         GroupsFixture f;

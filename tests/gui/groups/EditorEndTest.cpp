@@ -1,10 +1,9 @@
 #include <QMenu>
-#include <QObject>
 
 #include "GroupsFixture.h"
 
 // What an editor's end from outside leaves as it was, and nodes that go while a box is open.
-class EditorEndTest : public QObject
+class EditorEndTest : public WindowTest
 {
     Q_OBJECT
 
@@ -23,9 +22,6 @@ private:
     }
 
 private slots:
-    void initTestCase() { QLoggingCategory::setFilterRules("default.debug=false"); }
-    void cleanup() { QCOMPARE(FakeSdk::leaks(), QString()); }
-
     void hiddenPageOrAnotherLanguageReloadsNoGroup_data()
     {
         QTest::addColumn<bool>("language");

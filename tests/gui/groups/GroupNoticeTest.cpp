@@ -1,9 +1,7 @@
-#include <QObject>
-
 #include "GroupsFixture.h"
 
 // A group editor that is open while a notice of the host makes another node current.
-class GroupNoticeTest : public QObject
+class GroupNoticeTest : public WindowTest
 {
     Q_OBJECT
 
@@ -11,11 +9,10 @@ private:
     static int groupNodes(const GroupsFixture& f) { return f.in().local()->childCount(); }
 
 private slots:
-    void initTestCase() { QLoggingCategory::setFilterRules("default.debug=false\ndefault.warning=false"); }
     void cleanup()
     {
-        QCOMPARE(FakeSdk::leaks(), QString());
         FakeCore::onMessage(nullptr);
+        WindowTest::cleanup();
     }
 
     void newGroupIsStoredWithWhatHasBeenTyped()

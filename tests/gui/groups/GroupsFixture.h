@@ -1,8 +1,6 @@
 #ifndef TESTS_GUI_GROUPS_GROUPSFIXTURE_H
 #define TESTS_GUI_GROUPS_GROUPSFIXTURE_H
 
-#include <QDir>
-#include <QFile>
 #include <QLineEdit>
 #include <QLoggingCategory>
 
@@ -14,9 +12,9 @@ class GroupsFixture : public WindowFixture
 public:
     GroupsFixture()
     {
+        QLoggingCategory::setFilterRules("default.debug=false\ndefault.warning=false");
         fillStores();
-        QDir(folder()).mkpath("OnlineUpdate");
-        FakeSdk::setLogDirectory(folder() + "/log/");
+        makeUsageFolder();
     }
 
     QLineEdit* editorOf(QTreeWidgetItem* node) const { return qobject_cast<QLineEdit*>(tree()->itemWidget(node, 0)); }
@@ -50,10 +48,6 @@ public:
         QTest::keyClick(editor, key);
         QCoreApplication::sendPostedEvents(nullptr, QEvent::MetaCall);
     }
-
-    bool usageReported() const { return QFile::exists(usageFile()); }
-    void forgetUsage() const { QFile::remove(usageFile()); }
-    QString usageFile() const { return folder() + "/OnlineUpdate/UpdateInfo/kpi-pb.dat"; }
 
     static QStringList storedNames()
     {

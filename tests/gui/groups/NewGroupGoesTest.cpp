@@ -1,17 +1,12 @@
-#include <QObject>
-
 #include "GroupsFixture.h"
 #include "frame/AddrBookUIService.h"
 
 // A new group whose editor is open, and the node, the window or the page under it goes.
-class NewGroupGoesTest : public QObject
+class NewGroupGoesTest : public WindowTest
 {
     Q_OBJECT
 
 private slots:
-    void initTestCase() { QLoggingCategory::setFilterRules("default.debug=false\ndefault.warning=false"); }
-    void cleanup() { QCOMPARE(FakeSdk::leaks(), QString()); }
-
     void windowThatGoesWhileABoxIsOpenIsNotTouchedAgain_data()
     {
         QTest::addColumn<QByteArray>("slot"); // what ends the editor

@@ -1,20 +1,18 @@
-#include <QObject>
 #include <QSignalSpy>
 
 #include "GroupsFixture.h"
 #include "frame/AddrBookUIService.h"
 
 // A new group: a node with an empty editor, which becomes a group when a name is in it.
-class NewGroupTest : public QObject
+class NewGroupTest : public WindowTest
 {
     Q_OBJECT
 
 private slots:
-    void initTestCase() { QLoggingCategory::setFilterRules("default.debug=false\ndefault.warning=false"); }
     void cleanup()
     {
-        QCOMPARE(FakeSdk::leaks(), QString());
         qApp->setLayoutDirection(Qt::LeftToRight);
+        WindowTest::cleanup();
     }
 
     void opensAnEmptyEditorBelowTheRoot()

@@ -1,16 +1,11 @@
-#include <QObject>
-
 #include "GroupsFixture.h"
 
 // A group renamed in place: its count stays out of the editor and of the store.
-class RenameGroupTest : public QObject
+class RenameGroupTest : public WindowTest
 {
     Q_OBJECT
 
 private slots:
-    void initTestCase() { QLoggingCategory::setFilterRules("default.debug=false\ndefault.warning=false"); }
-    void cleanup() { QCOMPARE(FakeSdk::leaks(), QString()); }
-
     void editorShowsTheNameWithoutItsCount()
     {
         GroupsFixture f;

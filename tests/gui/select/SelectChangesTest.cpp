@@ -1,16 +1,13 @@
 #include "SelectSupport.h"
 
 // Single changes of contacts and groups.
-class SelectChangesTest : public SelectTestBase
+class SelectChangesTest : public SelectTest
 {
     Q_OBJECT
 
     typedef QList<QString> Values;
 
 private slots:
-    void init() { begin(); }
-    void cleanup() { end(); }
-
     void anAddedContactIsTheLastChild()
     {
         FakeSdk::addRecord(4, {"Ada", "111"});

@@ -3,7 +3,7 @@
 #include <QSemaphore>
 
 // How the tree follows the device.
-class SelectDeviceTest : public SelectTestBase
+class SelectDeviceTest : public SelectTest
 {
     Q_OBJECT
 
@@ -16,9 +16,6 @@ class SelectDeviceTest : public SelectTestBase
     static QStringList whole() { return {"PC(0)", "Card(1)", " Eve", "  m 555", "Device(1)", " Dan", "  m 444"}; }
 
 private slots:
-    void init() { begin(); }
-    void cleanup() { end(); }
-
     void pullingOutTheDeviceRemovesBothNodesAndKeepsTheChoice()
     {
         fillDevice();

@@ -8,7 +8,7 @@
 using namespace SelectWorkers;
 
 // The window ends at once, whatever a slow memory still has to give: the worker in hand ends behind its record.
-class SelectEndTest : public SelectTestBase
+class SelectEndTest : public SelectTest
 {
     Q_OBJECT
 
@@ -46,9 +46,6 @@ class SelectEndTest : public SelectTestBase
     }
 
 private slots:
-    void init() { begin(); }
-    void cleanup() { end(); }
-
     void theWindowEndsWithinOneRecord_data()
     {
         QTest::addColumn<int>("worker");

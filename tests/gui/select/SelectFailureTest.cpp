@@ -1,13 +1,13 @@
 #include "SelectSupport.h"
 
 // Every call to the SDK failing in turn while the dialog opens and fills.
-class SelectFailureTest : public SelectTestBase
+class SelectFailureTest : public SelectTest
 {
     Q_OBJECT
 
     void prepare()
     {
-        begin();
+        SelectTest::init();
         FakeSdk::setMemoryList({0, 1});
         const int group = FakeSdk::addGroup("Friends");
         FakeSdk::join(group, FakeSdk::addRecord(4, {"Ada", "111"}));
@@ -17,9 +17,6 @@ class SelectFailureTest : public SelectTestBase
     }
 
 private slots:
-    void init() { begin(); }
-    void cleanup() { end(); }
-
     void eachCallFailingInTurn()
     {
         prepare();

@@ -20,17 +20,16 @@ void QAccessible::updateAccessibility(QAccessibleEvent* event)
 }
 
 // What a screen reader hears of the check marks.
-class SelectHeardTest : public SelectTestBase
+class SelectHeardTest : public SelectTest
 {
     Q_OBJECT
 
 private slots:
     void init()
     {
-        begin();
+        SelectTest::init();
         s_heard.clear();
     }
-    void cleanup() { end(); }
 
     void eachMarkThatAClickOnAParentChangesIsTold()
     {

@@ -3,7 +3,7 @@
 #include <QHeaderView>
 
 // The table beside the tree, which only a test builds.
-class SelectPaneTest : public SelectTestBase
+class SelectPaneTest : public SelectTest
 {
     Q_OBJECT
 
@@ -18,11 +18,9 @@ class SelectPaneTest : public SelectTestBase
 private slots:
     void init()
     {
-        begin();
+        SelectTest::init();
         FakeCore::setText("IDS_STR_STATINFORMATION", "Total %d, chosen %d");
     }
-    void cleanup() { end(); }
-
     void withoutItsWidgetsEachOperationDoesNothing()
     {
         FakeSdk::addRecord(4, {"Ada", "111"});

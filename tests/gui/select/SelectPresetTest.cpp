@@ -1,14 +1,11 @@
 #include "SelectSupport.h"
 
 // The numbers that the caller passes in.
-class SelectPresetTest : public SelectTestBase
+class SelectPresetTest : public SelectTest
 {
     Q_OBJECT
 
 private slots:
-    void init() { begin(); }
-    void cleanup() { end(); }
-
     void theyAreTickedWhenTheTreeIsFull()
     {
         FakeSdk::addRecord(4, {"Ada", "111", "222"});

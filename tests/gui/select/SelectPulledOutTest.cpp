@@ -1,7 +1,7 @@
 #include "SelectSupport.h"
 
 // Each of the two answers to a device that comes or goes, where the other one alone would not do.
-class SelectPulledOutTest : public SelectTestBase
+class SelectPulledOutTest : public SelectTest
 {
     Q_OBJECT
 
@@ -13,9 +13,6 @@ class SelectPulledOutTest : public SelectTestBase
     }
 
 private slots:
-    void init() { begin(); }
-    void cleanup() { end(); }
-
     void deviceThatGoesTakesBothNodesThoughTheListStillNamesThem()
     {
         fillDevice();

@@ -1,14 +1,11 @@
 #include "SelectSupport.h"
 
 // Which memory an operation asks, and in what brackets.
-class SelectRulesTest : public SelectTestBase
+class SelectRulesTest : public SelectTest
 {
     Q_OBJECT
 
 private slots:
-    void init() { begin(); }
-    void cleanup() { end(); }
-
     // Made and counted inside one transaction of its memory, before its worker begins.
     void aMemorysNodeIsMadeInsideATransaction_data()
     {

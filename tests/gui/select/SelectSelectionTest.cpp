@@ -1,14 +1,11 @@
 #include "SelectSupport.h"
 
 // Check marks, and what the dialog hands back.
-class SelectSelectionTest : public SelectTestBase
+class SelectSelectionTest : public SelectTest
 {
     Q_OBJECT
 
 private slots:
-    void init() { begin(); }
-    void cleanup() { end(); }
-
     void tickingAMemoryTicksAllBelowAndTakesEachNumberOncePerNode()
     {
         FakeSdk::addRecord(4, {"Ada", "111", "222"});

@@ -1,21 +1,17 @@
 #ifndef TESTS_GUI_SELECT_SELECTSUPPORT_H
 #define TESTS_GUI_SELECT_SELECTSUPPORT_H
 
-#include <QApplication>
 #include <QDeadlineTimer>
 #include <QPointer>
 #include <QScopedPointer>
 #include <QStringList>
 #include <QTimer>
-#include <QtTest>
 
 #include <functional>
 #include <memory>
 
+#include "../support/DialogTest.h"
 #include "dialogs/AddrBookSelectContactsDlg.h"
-#include "fakecore/FakeCore.h"
-#include "fakesdk/FakeSdk.h"
-#include "logic/AddrBookLogic.h"
 #include "logic/PointerCarrier.h"
 
 // What the tests see of the dialog's inside.
@@ -182,19 +178,23 @@ private:
     }
 };
 
-// Short texts for the tree, and a phonebook without a device; what a test needs it adds. Each test ends without a
-// worker, a window, a handle or a text of the SDK left over.
-class SelectTestBase : public QObject
+// Short texts for the tree, and a phonebook without a device; what a test needs it adds.
+class SelectTest : public DialogTest
 {
     Q_OBJECT
 
 protected:
-    void begin()
+    // Emits a signal of the logic, as the SDK's events do.
+    static void signalLogic(const char* name) { QVERIFY(QMetaObject::invokeMethod(AddrBookLogic::Instance(), name)); }
+    static void signalLogic(const char* name, bool value)
     {
-        QApplication::setQuitOnLastWindowClosed(false);
-        AddrBookLogic::Destroy();
-        FakeCore::reset();
-        FakeSdk::reset();
+        QVERIFY(QMetaObject::invokeMethod(AddrBookLogic::Instance(), name, Q_ARG(bool, value)));
+    }
+
+protected slots:
+    void init()
+    {
+        DialogTest::init();
         FakeSdk::setDevicePresent(false);
         FakeCore::setText("IDS_LOCAL_PHONEBOOKUI", "PC");
         FakeCore::setText("IDS_SIM", "Card");
@@ -202,21 +202,6 @@ protected:
         FakeCore::setText("ID_STR_MOBILE_PHONE", "m");
         FakeCore::setText("ID_STR_BUSINESS_PHONE", "o");
         FakeCore::setText("ID_STR_HOME_PHONE", "h");
-    }
-
-    void end()
-    {
-        AddrBookLogic::Destroy();
-        QCOMPARE(FakeSdk::leaks(), QString());
-        QCOMPARE(FakeCore::dialogs().size(), 0);
-        QCOMPARE(FakeCore::runningWorkers(), 0);
-    }
-
-    // Emits a signal of the logic, as the SDK's events do.
-    static void signalLogic(const char* name) { QVERIFY(QMetaObject::invokeMethod(AddrBookLogic::Instance(), name)); }
-    static void signalLogic(const char* name, bool value)
-    {
-        QVERIFY(QMetaObject::invokeMethod(AddrBookLogic::Instance(), name, Q_ARG(bool, value)));
     }
 };
 

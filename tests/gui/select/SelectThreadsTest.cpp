@@ -9,7 +9,7 @@
 using namespace SelectWorkers;
 
 // The five workers under everything that can happen to the dialog meanwhile.
-class SelectThreadsTest : public SelectTestBase
+class SelectThreadsTest : public SelectTest
 {
     Q_OBJECT
 
@@ -59,14 +59,14 @@ class SelectThreadsTest : public SelectTestBase
 private slots:
     void init()
     {
-        begin();
+        SelectTest::init();
         AddrBookLogic::Instance();
         AddrBookLogic::RegisterCallbacks();
     }
     void cleanup()
     {
         AddrBookLogic::unSDKRegisterEvent();
-        end();
+        SelectTest::cleanup();
     }
 
     void theDialogGoesWhileAWorkerRuns_data()

@@ -3,14 +3,11 @@
 #include <QHeaderView>
 
 // How the tree is filled.
-class SelectTreeTest : public SelectTestBase
+class SelectTreeTest : public SelectTest
 {
     Q_OBJECT
 
 private slots:
-    void init() { begin(); }
-    void cleanup() { end(); }
-
     void anEmptyPhonebookGivesALocalNodeWithoutChildren()
     {
         Picker picker(true, {"999"});

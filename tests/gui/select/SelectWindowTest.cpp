@@ -3,7 +3,7 @@
 #include <QToolTip>
 
 // The window around the tree: how it looks, and how it ends while the tree still fills.
-class SelectWindowTest : public SelectTestBase
+class SelectWindowTest : public SelectTest
 {
     Q_OBJECT
 
@@ -16,9 +16,6 @@ class SelectWindowTest : public SelectTestBase
     }
 
 private slots:
-    void init() { begin(); }
-    void cleanup() { end(); }
-
     void namesSizesAndLayouts_data()
     {
         QTest::addColumn<bool>("multi");

@@ -1,23 +1,16 @@
 #include <QSignalSpy>
 
-#include "TestTree.h"
-#include "fakecore/FakeCore.h"
-#include "fakesdk/FakeSdk.h"
+#include "OpenTreeTest.h"
 
 // Contacts that are let go over the phonebook tree.
-class TreeDropTest : public QObject
+class TreeDropTest : public OpenTreeTest
 {
     Q_OBJECT
 
 private slots:
-    void initTestCase() { qRegisterMetaType<QTreeWidgetItem*>(); }
     void init()
     {
-        FakeCore::reset();
-        FakeSdk::reset();
-        tree = std::make_unique<TestTree>();
-        tree->show();
-        QVERIFY(QTest::qWaitForWindowExposed(tree.get()));
+        OpenTreeTest::init();
         tree->showNode(tree->group1);
         tree->enter(*contacts());
         entered = std::make_unique<QSignalSpy>(tree.get(), SIGNAL(itemEntered(QTreeWidgetItem*, int)));
@@ -25,9 +18,7 @@ private slots:
     void cleanup()
     {
         entered.reset();
-        tree.reset();
-        AddrBookLogic::Destroy();
-        QCOMPARE(FakeSdk::leaks(), QString());
+        OpenTreeTest::cleanup();
     }
 
     void aDropCollectsTheIdsAndTellsTheWindow();
@@ -48,7 +39,6 @@ private slots:
     void aDropCallsNoSdk();
 
 private:
-    std::unique_ptr<TestTree> tree;
     std::unique_ptr<QSignalSpy> entered;
 };
 

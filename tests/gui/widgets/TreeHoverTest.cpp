@@ -1,31 +1,13 @@
 #include <QSignalSpy>
 
-#include "TestTree.h"
-#include "fakecore/FakeCore.h"
-#include "fakesdk/FakeSdk.h"
+#include "OpenTreeTest.h"
 
 // Contacts on their way over the phonebook tree: which node may take them, and how it shows. The keyboard's entries.
-class TreeHoverTest : public QObject
+class TreeHoverTest : public OpenTreeTest
 {
     Q_OBJECT
 
 private slots:
-    void initTestCase() { qRegisterMetaType<QTreeWidgetItem*>(); }
-    void init()
-    {
-        FakeCore::reset();
-        FakeSdk::reset();
-        tree = std::make_unique<TestTree>();
-        tree->show();
-        QVERIFY(QTest::qWaitForWindowExposed(tree.get()));
-    }
-    void cleanup()
-    {
-        tree.reset();
-        AddrBookLogic::Destroy();
-        QCOMPARE(FakeSdk::leaks(), QString());
-    }
-
     void aFreshTreeHasItsInitialState();
     void enteringRefreshesTheCountsOfAllMemories();
     void enteringAsksForTheLocalMemoryFirst();
@@ -61,7 +43,6 @@ private slots:
 
 private:
     QTreeWidgetItem* node(const QString& name) const { return tree->node(name); }
-    std::unique_ptr<TestTree> tree;
 };
 
 void TreeHoverTest::aFreshTreeHasItsInitialState()

@@ -1,9 +1,7 @@
-#include <QObject>
-
 #include "WindowFixture.h"
 
 // Each SDK call failing, and each giving nothing, once, in every flow that reads: no crash, no hang, no leak.
-class FailureTest : public QObject
+class FailureTest : public WindowTest
 {
     Q_OBJECT
 

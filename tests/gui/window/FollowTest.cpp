@@ -1,12 +1,11 @@
 #include <QHeaderView>
-#include <QObject>
 #include <QSplitter>
 
 #include "WindowFixture.h"
 #include "linkhand/QtCompat.h"
 
 // Small rules of the window's parts: who is told, what is read anew, how room is shared.
-class FollowTest : public QObject
+class FollowTest : public WindowTest
 {
     Q_OBJECT
 
@@ -29,8 +28,6 @@ private:
     }
 
 private slots:
-    void cleanup() { QCOMPARE(FakeSdk::leaks(), QString()); }
-
     void memoryThatBecomesReadyGetsItsNode_data() { bothMemories(); }
     void memoryThatBecomesReadyGetsItsNode()
     {

@@ -6,13 +6,11 @@
 #include "WindowFixture.h"
 
 // What the window makes of a set of groups that cannot be read to its end, and how its sources log.
-class HalfReadTest : public QObject
+class HalfReadTest : public WindowTest
 {
     Q_OBJECT
 
 private slots:
-    void cleanup() { QCOMPARE(FakeSdk::leaks(), QString()); }
-
     void groupsThatFailHalfWayMakeNoNodes_data()
     {
         QTest::addColumn<QByteArray>("call");

@@ -1,15 +1,11 @@
-#include <QObject>
-
 #include "WindowFixture.h"
 
 // The window in another language and in a right-to-left layout.
-class LanguageTest : public QObject
+class LanguageTest : public WindowTest
 {
     Q_OBJECT
 
 private slots:
-    void cleanup() { QCOMPARE(FakeSdk::leaks(), QString()); }
-
     void languageChangeRewritesHeaderAndPreview()
     {
         FakeCore::reset();

@@ -1,13 +1,12 @@
 #include <QMap>
 #include <QMenu>
-#include <QObject>
 
 #include "ToolItems.h"
 
 using namespace ToolItems;
 
 // What is enabled, over all combinations of siblings, settings, network, radio, node and selection.
-class MenuRulesTest : public QObject
+class MenuRulesTest : public WindowTest
 {
     Q_OBJECT
 
@@ -121,8 +120,6 @@ private:
     };
 
 private slots:
-    void cleanup() { QCOMPARE(FakeSdk::leaks(), QString()); }
-
     void everyOpening_data()
     {
         QTest::addColumn<bool>("sms");

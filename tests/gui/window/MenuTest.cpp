@@ -1,7 +1,6 @@
 #include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QMenu>
-#include <QObject>
 #include <QScrollBar>
 #include <QShortcut>
 #include <QTimer>
@@ -9,7 +8,7 @@
 #include "WindowFixture.h"
 
 // The context menus as they open, and their entries.
-class MenuTest : public QObject
+class MenuTest : public WindowTest
 {
     Q_OBJECT
 
@@ -55,8 +54,6 @@ private:
     }
 
 private slots:
-    void cleanup() { QCOMPARE(FakeSdk::leaks(), QString()); }
-
     void rightClickBelowTheRowsClearsTheSelection()
     {
         WindowFixture f;

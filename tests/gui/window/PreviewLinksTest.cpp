@@ -32,7 +32,7 @@ public slots:
 };
 
 // The links of the preview: a name is shown with its mark-up, and strangers' names come by sync.
-class PreviewLinksTest : public QObject
+class PreviewLinksTest : public WindowTest
 {
     Q_OBJECT
 
@@ -40,7 +40,7 @@ private slots:
     void cleanup()
     {
         qApp->processEvents();
-        QCOMPARE(FakeSdk::leaks(), QString());
+        WindowTest::cleanup();
     }
 
     void aLinkOpensOnlyWhatItMay_data()

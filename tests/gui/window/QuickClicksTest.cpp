@@ -1,12 +1,10 @@
-#include <QObject>
-
 #include <atomic>
 #include <thread>
 
 #include "WindowFixture.h"
 
 // Two quick clicks on different nodes, again and again, while the device comes and goes on the SDK's own thread.
-class QuickClicksTest : public QObject
+class QuickClicksTest : public WindowTest
 {
     Q_OBJECT
 

@@ -1,5 +1,3 @@
-#include <QObject>
-
 #include <atomic>
 #include <ctime>
 #include <pthread.h>
@@ -7,7 +5,7 @@
 #include "WindowFixture.h"
 
 // The window waits for the reader of the table before, which may be with a slow card: it leaves the processor to it.
-class ReaderEndTest : public QObject
+class ReaderEndTest : public WindowTest
 {
     Q_OBJECT
 

@@ -1,11 +1,10 @@
 #include <QHeaderView>
-#include <QObject>
 
 #include "WindowFixture.h"
 #include "window/TableSearch.h"
 
 // What a search is to the reader that runs: it ends with the node, and looks at what comes late.
-class SearchStateTest : public QObject
+class SearchStateTest : public WindowTest
 {
     Q_OBJECT
 
@@ -31,8 +30,6 @@ private:
     }
 
 private slots:
-    void cleanup() { QCOMPARE(FakeSdk::leaks(), QString()); }
-
     void nodeClickedDuringASearchReloadShowsAllItsRows()
     {
         WindowFixture f;

@@ -1,10 +1,9 @@
 #include <QHeaderView>
-#include <QObject>
 
 #include "WindowFixture.h"
 
 // The search box and both ways of filtering.
-class SearchTest : public QObject
+class SearchTest : public WindowTest
 {
     Q_OBJECT
 
@@ -23,8 +22,6 @@ private:
     }
 
 private slots:
-    void cleanup() { QCOMPARE(FakeSdk::leaks(), QString()); }
-
     void twoCharactersNarrowTwiceAndDeletingOneReloadsOnce()
     {
         WindowFixture f;

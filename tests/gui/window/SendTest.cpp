@@ -1,4 +1,3 @@
-#include <QObject>
 #include <QTableWidget>
 #include <QTimer>
 #include <QTreeWidgetItemIterator>
@@ -55,7 +54,7 @@ private:
 };
 
 // Sending, calling, and telling others of changes.
-class SendTest : public QObject
+class SendTest : public WindowTest
 {
     Q_OBJECT
 
@@ -71,8 +70,6 @@ private:
     }
 
 private slots:
-    void cleanup() { QCOMPARE(FakeSdk::leaks(), QString()); }
-
     void selectedRowsGiveTheirFirstNumber()
     {
         WindowFixture f;

@@ -1,10 +1,9 @@
-#include <QObject>
 #include <QShortcut>
 
 #include "WindowFixture.h"
 
 // The shortcuts and the keys of the window.
-class ShortcutTest : public QObject
+class ShortcutTest : public WindowTest
 {
     Q_OBJECT
 
@@ -16,8 +15,6 @@ private:
     }
 
 private slots:
-    void cleanup() { QCOMPARE(FakeSdk::leaks(), QString()); }
-
     void eachShortcutLeadsToItsSlotAlone_data()
     {
         QTest::addColumn<QString>("id");

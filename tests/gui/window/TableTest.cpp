@@ -1,12 +1,11 @@
 #include <QHeaderView>
-#include <QObject>
 #include <QSplitter>
 
 #include "WindowFixture.h"
 #include "widgets/UITableItem.h"
 
 // The table and the preview: from the click to the finished table, sorting, column state, what a selection enables.
-class TableTest : public QObject
+class TableTest : public WindowTest
 {
     Q_OBJECT
 
@@ -14,7 +13,7 @@ private slots:
     void cleanup()
     {
         qApp->processEvents();
-        QCOMPARE(FakeSdk::leaks(), QString());
+        WindowTest::cleanup();
     }
 
     void tableShowsWholeReadOnlyRowsWithoutGrid()

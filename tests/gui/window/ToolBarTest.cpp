@@ -1,5 +1,4 @@
 #include <QMenu>
-#include <QObject>
 #include <QToolButton>
 
 #include "MessageLog.h"
@@ -7,7 +6,7 @@
 #include "worker/AddrBookThread.h"
 
 // The tool bar, its tooltips, and the send button's menu.
-class ToolBarTest : public QObject
+class ToolBarTest : public WindowTest
 {
     Q_OBJECT
 
@@ -30,8 +29,6 @@ private:
     }
 
 private slots:
-    void cleanup() { QCOMPARE(FakeSdk::leaks(), QString()); }
-
     void sendMenuHoldsWhatIsPresent_data()
     {
         QTest::addColumn<bool>("sms");

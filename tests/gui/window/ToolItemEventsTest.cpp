@@ -1,11 +1,9 @@
-#include <QObject>
-
 #include "ToolItems.h"
 
 using namespace ToolItems;
 
 // What each event does to the tool items and the entries that follow them, whatever they were before.
-class ToolItemEventsTest : public QObject
+class ToolItemEventsTest : public WindowTest
 {
     Q_OBJECT
 
@@ -45,8 +43,6 @@ private:
     }
 
 private slots:
-    void cleanup() { QCOMPARE(FakeSdk::leaks(), QString()); }
-
     void theSelectionOnTheToolItems_data() { addBefore(); }
     void theSelectionOnTheToolItems()
     {

@@ -1,11 +1,10 @@
 #include <QMimeData>
-#include <QObject>
 #include <QTreeWidgetItemIterator>
 
 #include "WindowFixture.h"
 
 // The tree: its nodes, their texts, widths and pictures, and what a click does.
-class TreeTest : public QObject
+class TreeTest : public WindowTest
 {
     Q_OBJECT
 
@@ -16,8 +15,6 @@ private:
     }
 
 private slots:
-    void cleanup() { QCOMPARE(FakeSdk::leaks(), QString()); }
-
     void nodesStandInTheOrderOfTheSdk()
     {
         WindowFixture f;

@@ -155,6 +155,32 @@ bool WindowFixture::waitRead() const
     return QTest::qWaitFor([this] { return in().reader() == nullptr || table()->isSortingEnabled(); }, 20000);
 }
 
+bool WindowFixture::waitDone() const
+{
+    return QTest::qWaitFor([this] { return !in().threadBusy() && !in().worker().isRunning(); }, 20000) && waitRead();
+}
+
+ABWaitingDlg* WindowFixture::waiting()
+{
+    for (QWidget* widget : QApplication::allWidgets()) {
+        auto* dialog = qobject_cast<ABWaitingDlg*>(widget);
+        if (dialog != nullptr && dialog->isVisible())
+            return dialog;
+    }
+    return nullptr;
+}
+
+QAbstractButton* WindowFixture::cancelButton()
+{
+    return waiting() != nullptr ? waiting()->findChild<QAbstractButton*>() : nullptr;
+}
+
+void WindowFixture::makeUsageFolder() const
+{
+    QDir(folder()).mkpath("OnlineUpdate");
+    FakeSdk::setLogDirectory(folder() + "/log/");
+}
+
 QStringList WindowFixture::column(int column) const
 {
     QStringList texts;
@@ -202,4 +228,18 @@ QAction* WindowFixture::treeAction(const QString& id) const
 QString WindowFixture::previewText() const
 {
     return in().preview()->toPlainText();
+}
+
+void WindowTest::init()
+{
+    QApplication::setQuitOnLastWindowClosed(false);
+}
+
+void WindowTest::cleanup()
+{
+    QCOMPARE(FakeSdk::leaks(), QString());
+    QCOMPARE(FakeCore::runningWorkers(), 0);
+    QCOMPARE(FakeCore::dialogs().size(), 0);
+    for (const QWidget* widget : QApplication::topLevelWidgets())
+        QVERIFY(qobject_cast<const ABWaitingDlg*>(widget) == nullptr);
 }

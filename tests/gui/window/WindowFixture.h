@@ -1,12 +1,15 @@
 #ifndef TESTS_GUI_WINDOW_WINDOWFIXTURE_H
 #define TESTS_GUI_WINDOW_WINDOWFIXTURE_H
 
+#include <QAbstractButton>
+#include <QFile>
 #include <QTemporaryDir>
 #include <QTextBrowser>
 #include <QtTest>
 
 #include <memory>
 
+#include "dialogs/AddrBookWaitingDlg.h"
 #include "fakecore/FakeCore.h"
 #include "fakesdk/FakeSdk.h"
 #include "logic/AddrBookLogic.h"
@@ -110,6 +113,13 @@ public:
     void click(QTreeWidgetItem* node);
     bool waitRead() const;
 
+    // Up to a batch's end and the read that follows it.
+    bool waitDone() const;
+
+    // The waiting dialog on the screen, and the button in it; null for none.
+    static ABWaitingDlg* waiting();
+    static QAbstractButton* cancelButton();
+
     // Texts of a column, top to bottom.
     QStringList column(int column) const;
     int rowOf(const QString& name) const;
@@ -125,9 +135,28 @@ public:
     void writeConfig(const QByteArray& xml) const;
     static QByteArray shippedConfig();
 
+    bool usageReported() const { return QFile::exists(usageFile()); }
+    void forgetUsage() const { QFile::remove(usageFile()); }
+    QString usageFile() const { return folder() + "/OnlineUpdate/UpdateInfo/kpi-pb.dat"; }
+
+protected:
+    // A place for the usage file, which is written only where there is one.
+    void makeUsageFolder() const;
+
 private:
     QTemporaryDir m_folder;
     std::unique_ptr<AddrBookDlg> m_window;
+};
+
+// A test that builds windows: each of its functions ends without a handle, a list or a text of the SDK, a worker or a
+// dialog left over.
+class WindowTest : public QObject
+{
+    Q_OBJECT
+
+protected slots:
+    void init();
+    void cleanup();
 };
 
 #endif // TESTS_GUI_WINDOW_WINDOWFIXTURE_H

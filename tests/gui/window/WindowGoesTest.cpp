@@ -1,10 +1,9 @@
 #include <QMenu>
-#include <QObject>
 
 #include "../contacts/ContactsSupport.h"
 
 // The window is taken away by what an entry of a menu or a key of its own has opened.
-class WindowGoesTest : public QObject
+class WindowGoesTest : public WindowTest
 {
     Q_OBJECT
 
@@ -50,14 +49,6 @@ private:
     }
 
 private slots:
-    void initTestCase() { QApplication::setQuitOnLastWindowClosed(false); }
-
-    void cleanup()
-    {
-        QCOMPARE(FakeSdk::leaks(), QString());
-        QCOMPARE(FakeCore::runningWorkers(), 0);
-    }
-
     void menuOutlivesTheWindowThatItsEntryTookAway_data()
     {
         QTest::addColumn<bool>("ofTheTree");

@@ -39,27 +39,20 @@ const Change changes[] = {
 // What the card holds when nothing is in the way of the change.
 std::string goalOf(const Change& change)
 {
-    const Place place;
-    Modem modem(place.plan());
-    Library library(place);
-    if (!library.ready())
-        throw std::runtime_error("the modem does not come up");
-    change.make(library);
-    return told(modem);
+    Plugged f;
+    change.make(f.library);
+    return told(f.modem);
 }
 
 // Makes the change on a card that `fail` has made fail: its code, and whether the card and the library show it then.
 void makeOnFailingCard(const Change& change, const std::function<void(Modem&)>& fail, long code, bool made)
 {
-    const Place place;
-    Modem modem(place.plan());
-    Library library(place);
-    REQUIRE(library.ready());
-    const std::string expected = made ? goalOf(change) : told(modem);
-    fail(modem);
-    check::equal(codeOf([&] { change.make(library); }), code, change.name, __FILE__, __LINE__);
-    check::equal(told(modem), expected, change.name, __FILE__, __LINE__);
-    check::equal(shown(library), expected, change.name, __FILE__, __LINE__);
+    Plugged f;
+    const std::string expected = made ? goalOf(change) : told(f.modem);
+    fail(f.modem);
+    check::equal(codeOf([&] { change.make(f.library); }), code, change.name, __FILE__, __LINE__);
+    check::equal(told(f.modem), expected, change.name, __FILE__, __LINE__);
+    check::equal(shown(f.library), expected, change.name, __FILE__, __LINE__);
 }
 
 } // namespace
@@ -103,26 +96,23 @@ TEST(aChangeThatIsLostWhileTheCardFailsIsNotDone)
 
 TEST(whatIsStoredInsteadIsUndoneAlsoWhenTheCardFailsMeanwhile)
 {
-    const Place place;
-    Modem modem(place.plan());
-    Library library(place);
-    REQUIRE(library.ready());
-    const std::string before = told(modem);
+    Plugged f;
+    const std::string before = told(f.modem);
     // Both looks fail at first: the one behind the write, and the one behind the undoing.
     int writes = 0;
     int reads = 0;
-    modem.setObserver([&](size_t, const std::string& command) {
+    f.modem.setObserver([&](size_t, const std::string& command) {
         if (command.compare(0, 8, "AT+CPBW=") == 0 && ++writes <= 2)
-            modem.failAt("AT+CPBR", 1, Fault::Error, cardFailure);
+            f.modem.failAt("AT+CPBR", 1, Fault::Error, cardFailure);
         else if (writes == 1 && command.compare(0, 8, "AT+CPBR=") == 0 && ++reads == 2)
-            modem.putEntry("SM", {3, "1", "ne", ""});
+            f.modem.putEntry("SM", {3, "1", "ne", ""});
     });
-    const long code = codeOf([&] { library.card.add(values("new", "1")); });
-    modem.setObserver({});
+    const long code = codeOf([&] { f.library.card.add(values("new", "1")); });
+    f.modem.setObserver({});
     CHECK_EQ(code, ORVA_E_STORE);
     CHECK_EQ(writes, 2);
-    CHECK_EQ(told(modem), before);
-    CHECK_EQ(shown(library), before);
+    CHECK_EQ(told(f.modem), before);
+    CHECK_EQ(shown(f.library), before);
 }
 
 TEST(aCardThatFailsForGoodIsAbsentAndShowsWhatItHoldsWhenItIsBack)

@@ -37,41 +37,35 @@ std::string contentOf(const std::string& path)
 
 TEST(addedChangedAndDeletedIsOnTheCard)
 {
-    const Place place;
-    Modem modem(place.plan());
-    Library library(place);
-    REQUIRE(library.ready());
-    const int id = library.card.add(values("J\u00F6rg \u0418", "+4917"));
+    Plugged f;
+    const int id = f.library.card.add(values("J\u00F6rg \u0418", "+4917"));
     CHECK(id > 5);
-    CHECK_EQ(library.card.size(), 6);
-    CHECK_EQ(modem.entries("SM")[2].name, "J\u00F6rg \u0418");
-    CHECK_EQ(modem.entries("SM")[2].location, 3);
-    library.card.update(id, values("Georg", "18p9"));
-    CHECK_EQ(modem.entries("SM")[2].name, "Georg");
-    CHECK(library.card.readOne(id) == values("Georg", "18p9"));
-    library.card.erase(id);
-    CHECK_EQ(modem.entries("SM").size(), 5u);
-    CHECK_EQ(codeOf([&] { library.card.readOne(id); }), ORVA_E_NOT_FOUND);
-    CHECK_EQ(codeOf([&] { library.card.erase(id); }), ORVA_E_NOT_FOUND);
-    CHECK(library.card.add(values("again", "1")) > id);
-    const int onDevice = library.device.add(values("on the device", "1"));
-    CHECK_EQ(onDevice, library.device.extent().last);
-    CHECK_EQ(modem.entries("ME").size(), 3u);
+    CHECK_EQ(f.library.card.size(), 6);
+    CHECK_EQ(f.modem.entries("SM")[2].name, "J\u00F6rg \u0418");
+    CHECK_EQ(f.modem.entries("SM")[2].location, 3);
+    f.library.card.update(id, values("Georg", "18p9"));
+    CHECK_EQ(f.modem.entries("SM")[2].name, "Georg");
+    CHECK(f.library.card.readOne(id) == values("Georg", "18p9"));
+    f.library.card.erase(id);
+    CHECK_EQ(f.modem.entries("SM").size(), 5u);
+    CHECK_EQ(codeOf([&] { f.library.card.readOne(id); }), ORVA_E_NOT_FOUND);
+    CHECK_EQ(codeOf([&] { f.library.card.erase(id); }), ORVA_E_NOT_FOUND);
+    CHECK(f.library.card.add(values("again", "1")) > id);
+    const int onDevice = f.library.device.add(values("on the device", "1"));
+    CHECK_EQ(onDevice, f.library.device.extent().last);
+    CHECK_EQ(f.modem.entries("ME").size(), 3u);
 }
 
 TEST(whatDoesNotFitIsRefusedBeforeTheModemHearsOfIt)
 {
-    const Place place;
-    Modem modem(place.plan());
-    Library library(place);
-    REQUIRE(library.ready());
-    const std::string before = told(modem);
-    CHECK_EQ(codeOf([&] { library.card.add(values("A name of more than eighteen", "1")); }), ORVA_E_TOO_LONG);
-    CHECK_EQ(codeOf([&] { library.card.add(values("x", std::string(41, '1').c_str())); }), ORVA_E_TOO_LONG);
-    CHECK_EQ(codeOf([&] { library.card.add(values("x", "12a")); }), ORVA_E_ARGUMENT);
-    CHECK_EQ(codeOf([&] { library.card.add(values("", "")); }), ORVA_E_ARGUMENT);
-    CHECK_EQ(modem.commands("AT+CPBW"), 0);
-    CHECK_EQ(told(modem), before);
+    Plugged f;
+    const std::string before = told(f.modem);
+    CHECK_EQ(codeOf([&] { f.library.card.add(values("A name of more than eighteen", "1")); }), ORVA_E_TOO_LONG);
+    CHECK_EQ(codeOf([&] { f.library.card.add(values("x", std::string(41, '1').c_str())); }), ORVA_E_TOO_LONG);
+    CHECK_EQ(codeOf([&] { f.library.card.add(values("x", "12a")); }), ORVA_E_ARGUMENT);
+    CHECK_EQ(codeOf([&] { f.library.card.add(values("", "")); }), ORVA_E_ARGUMENT);
+    CHECK_EQ(f.modem.commands("AT+CPBW"), 0);
+    CHECK_EQ(told(f.modem), before);
 }
 
 TEST(aFullCardTakesNoMore)
@@ -110,36 +104,30 @@ TEST(identifiersOutliveTheProgram)
 
 TEST(aChangeByOthersIsNoticedBeforeAWriteToItsLocation)
 {
-    const Place place;
-    Modem modem(place.plan());
-    Library library(place);
-    REQUIRE(library.ready());
+    Plugged f;
     // The first write reads all of the card again; what others do behind it is left to each write.
-    library.card.add(values("first", "1"));
-    const int anna = idOf(library, "Anna");
-    modem.putEntry("SM", {1, "+999", "Somebody else", ""});
-    const std::uint64_t changes = library.card.changes();
-    CHECK_EQ(codeOf([&] { library.card.update(anna, values("Anna B", "+1")); }), ORVA_E_NOT_FOUND);
-    CHECK_EQ(modem.entries("SM")[0].name, "Somebody else");
-    CHECK(library.card.changes() != changes);
-    CHECK(idOf(library, "Somebody else") > anna);
-    CHECK_EQ(codeOf([&] { library.card.readOne(anna); }), ORVA_E_NOT_FOUND);
-    CHECK_EQ(codeOf([&] { library.card.erase(anna); }), ORVA_E_NOT_FOUND);
+    f.library.card.add(values("first", "1"));
+    const int anna = idOf(f.library, "Anna");
+    f.modem.putEntry("SM", {1, "+999", "Somebody else", ""});
+    const std::uint64_t changes = f.library.card.changes();
+    CHECK_EQ(codeOf([&] { f.library.card.update(anna, values("Anna B", "+1")); }), ORVA_E_NOT_FOUND);
+    CHECK_EQ(f.modem.entries("SM")[0].name, "Somebody else");
+    CHECK(f.library.card.changes() != changes);
+    CHECK(idOf(f.library, "Somebody else") > anna);
+    CHECK_EQ(codeOf([&] { f.library.card.readOne(anna); }), ORVA_E_NOT_FOUND);
+    CHECK_EQ(codeOf([&] { f.library.card.erase(anna); }), ORVA_E_NOT_FOUND);
 }
 
 TEST(anEntryOfOthersInAFreeLocationIsNotOverwritten)
 {
-    const Place place;
-    Modem modem(place.plan());
-    Library library(place);
-    REQUIRE(library.ready());
-    library.card.add(values("first", "1"));
+    Plugged f;
+    f.library.card.add(values("first", "1"));
     // One came and one went, so that the count tells nothing.
-    modem.removeEntry("SM", 20);
-    modem.putEntry("SM", {4, "+999", "Somebody else", ""});
-    library.card.add(values("second", "2"));
+    f.modem.removeEntry("SM", 20);
+    f.modem.putEntry("SM", {4, "+999", "Somebody else", ""});
+    f.library.card.add(values("second", "2"));
     std::string names;
-    for (const modemsim::Entry& entry : modem.entries("SM"))
+    for (const modemsim::Entry& entry : f.modem.entries("SM"))
         names += std::to_string(entry.location) + entry.name + " ";
     CHECK(names.find("3first ") != std::string::npos);
     CHECK(names.find("4Somebody else ") != std::string::npos);
@@ -148,17 +136,14 @@ TEST(anEntryOfOthersInAFreeLocationIsNotOverwritten)
 
 TEST(aChangedCountIsNoticedBeforeABatch)
 {
-    const Place place;
-    Modem modem(place.plan());
-    Library library(place);
-    REQUIRE(library.ready());
-    library.card.add(values("first", "1"));
-    modem.putEntry("SM", {11, "+999", "Somebody else", ""});
-    library.card.begin();
-    library.card.add(values("second", "2"));
-    library.card.end();
-    CHECK(idOf(library, "Somebody else") > 0);
-    CHECK_EQ(library.card.size(), 8);
+    Plugged f;
+    f.library.card.add(values("first", "1"));
+    f.modem.putEntry("SM", {11, "+999", "Somebody else", ""});
+    f.library.card.begin();
+    f.library.card.add(values("second", "2"));
+    f.library.card.end();
+    CHECK(idOf(f.library, "Somebody else") > 0);
+    CHECK_EQ(f.library.card.size(), 8);
 }
 
 TEST(aListThatIsOpenedAfterAWhileIsReadAgain)
@@ -185,30 +170,27 @@ TEST(aListThatIsOpenedAfterAWhileIsReadAgain)
 
 TEST(theWholeCardIsPutAsideBeforeTheFirstWriteAndCanBePutBack)
 {
-    const Place place;
-    Modem modem(place.plan());
-    Library library(place);
-    REQUIRE(library.ready());
-    const std::string before = told(modem);
-    CHECK(backupsIn(place).empty());
-    CHECK_EQ(codeOf([&] { library.card.add(values("much too long a name for a card", "1")); }), ORVA_E_TOO_LONG);
-    CHECK(backupsIn(place).empty());
-    library.card.add(values("new", "1"));
-    const std::vector<std::string> saved = backupsIn(place);
+    Plugged f;
+    const std::string before = told(f.modem);
+    CHECK(backupsIn(f.place).empty());
+    CHECK_EQ(codeOf([&] { f.library.card.add(values("much too long a name for a card", "1")); }), ORVA_E_TOO_LONG);
+    CHECK(backupsIn(f.place).empty());
+    f.library.card.add(values("new", "1"));
+    const std::vector<std::string> saved = backupsIn(f.place);
     REQUIRE(saved.size() == 1);
     CHECK(saved[0].find("/backups/8949020000123456789-") != std::string::npos);
     struct stat state = {};
     CHECK_EQ(::stat(saved[0].c_str(), &state), 0);
     CHECK_EQ(static_cast<int>(state.st_mode & 0777), 0600);
     CHECK_EQ(readBackup(contentOf(saved[0])).entries.size(), 5u);
-    library.card.erase(idOf(library, "Anna"));
-    library.card.update(idOf(library, "Last \"one\", ok"), values("other", "113"));
-    CHECK_EQ(backupsIn(place).size(), 1u);
-    const int ivan = idOf(library, "\u0418\u0432\u0430\u043D");
-    library.card.restore(saved[0]);
-    CHECK_EQ(told(modem), before);
-    CHECK_EQ(library.card.size(), 5);
-    CHECK_EQ(idOf(library, "\u0418\u0432\u0430\u043D"), ivan);
+    f.library.card.erase(idOf(f.library, "Anna"));
+    f.library.card.update(idOf(f.library, "Last \"one\", ok"), values("other", "113"));
+    CHECK_EQ(backupsIn(f.place).size(), 1u);
+    const int ivan = idOf(f.library, "\u0418\u0432\u0430\u043D");
+    f.library.card.restore(saved[0]);
+    CHECK_EQ(told(f.modem), before);
+    CHECK_EQ(f.library.card.size(), 5);
+    CHECK_EQ(idOf(f.library, "\u0418\u0432\u0430\u043D"), ivan);
 }
 
 TEST(aCardThatCannotBePutAsideIsNotWrittenTo)
@@ -246,18 +228,15 @@ TEST(furtherFieldsOfAnEntrySurviveAChangeOfItsName)
 
 TEST(onlyAWholeCopyOfTheSameCardIsPutBack)
 {
-    const Place place;
-    Modem modem(place.plan());
-    Library library(place);
-    REQUIRE(library.ready());
-    const std::string before = told(modem);
-    const std::string file = place.folder + "/copy";
-    library.card.backup(file);
-    CHECK_EQ(codeOf([&] { library.card.backup(file); }), ORVA_E_STORE);
+    Plugged f;
+    const std::string before = told(f.modem);
+    const std::string file = f.place.folder + "/copy";
+    f.library.card.backup(file);
+    CHECK_EQ(codeOf([&] { f.library.card.backup(file); }), ORVA_E_STORE);
     const std::string good = contentOf(file);
     const auto restored = [&](const std::string& text) {
         std::ofstream(file, std::ios::trunc) << text;
-        return codeOf([&] { library.card.restore(file); });
+        return codeOf([&] { f.library.card.restore(file); });
     };
     CHECK_EQ(restored(""), ORVA_E_FORMAT);
     CHECK_EQ(restored(good.substr(0, good.size() - 5)), ORVA_E_FORMAT);
@@ -266,7 +245,7 @@ TEST(onlyAWholeCopyOfTheSameCardIsPutBack)
     other.replace(other.find("8949"), 4, "8948");
     CHECK_EQ(restored(other), ORVA_E_FORMAT);
     CHECK_EQ(restored(good + "1\t1\tx\t\n"), ORVA_OK);
-    CHECK_EQ(told(modem), before);
+    CHECK_EQ(told(f.modem), before);
 }
 
 TEST(whatFailsHasChangedNothing)
@@ -335,22 +314,19 @@ TEST(eachCommandOfAWriteMayFailOrBeTheLast)
 
 TEST(callersOfManyThreadsWriteOneAfterTheOther)
 {
-    const Place place;
-    Modem modem(place.plan());
-    Library library(place);
-    REQUIRE(library.ready());
+    Plugged f;
     std::vector<std::thread> threads;
     for (int i = 0; i < 4; ++i) {
-        threads.emplace_back([&library, i] {
+        threads.emplace_back([&f, i] {
             for (int n = 0; n < 3; ++n)
-                library.card.add(values(("t" + std::to_string(i)).c_str(), std::to_string(n).c_str()));
-            library.rows(library.card);
+                f.library.card.add(values(("t" + std::to_string(i)).c_str(), std::to_string(n).c_str()));
+            f.library.rows(f.library.card);
         });
     }
     for (std::thread& thread : threads)
         thread.join();
-    CHECK_EQ(library.card.size(), 17);
-    CHECK_EQ(modem.entries("SM").size(), 17u);
+    CHECK_EQ(f.library.card.size(), 17);
+    CHECK_EQ(f.modem.entries("SM").size(), 17u);
 }
 
 CHECK_MAIN

@@ -51,11 +51,9 @@ std::vector<Fault> faults()
 }
 
 // A card, a copy of it, and some changes since.
-struct Setting {
-    Setting() : modem(place.plan()), library(place, timings()), backup(place.folder + "/copy")
+struct Setting : Plugged {
+    Setting() : Plugged(timings()), backup(place.folder + "/copy")
     {
-        if (!library.ready())
-            throw std::runtime_error("the modem does not come up");
         library.card.backup(backup);
         library.card.erase(idOf(library, "Zo\u00EB M\u00FCller"));
         library.card.update(idOf(library, "\u0418\u0432\u0430\u043D"), values("changed", "+1"));
@@ -83,9 +81,6 @@ struct Setting {
         return library.ready() && eventually([this] { return shown(library) == told(modem); });
     }
 
-    Place place;
-    Modem modem;
-    Library library;
     const std::string backup;
 };
 

@@ -35,20 +35,17 @@ TEST(nothingIsOpenedBeforeFirstUse)
 
 TEST(aModemAppearsAndItsMemoriesBecomeReady)
 {
-    const Place place;
-    Modem modem(place.plan());
-    Library library(place);
-    REQUIRE(library.ready());
-    CHECK(library.hardware.memories() == (std::vector<int>{ORVA_MEMORY_CARD, ORVA_MEMORY_DEVICE}));
-    CHECK_EQ(library.card.capacity(), 20);
-    CHECK_EQ(library.card.size(), 5);
-    CHECK_EQ(library.device.size(), 2);
-    CHECK_EQ(library.card.profile()->size(), 2);
-    CHECK_EQ(library.card.profile()->fields()[0].maxLength, 18);
-    CHECK_EQ(library.card.profile()->fields()[1].maxLength, 40);
-    CHECK_EQ(library.hardware.status().pinStatus, ORVA_PIN_NOT_NEEDED);
-    CHECK_EQ(library.hardware.status().network, ORVA_NETWORK_IN_SERVICE);
-    library.events.drain();
+    Plugged f;
+    CHECK(f.library.hardware.memories() == (std::vector<int>{ORVA_MEMORY_CARD, ORVA_MEMORY_DEVICE}));
+    CHECK_EQ(f.library.card.capacity(), 20);
+    CHECK_EQ(f.library.card.size(), 5);
+    CHECK_EQ(f.library.device.size(), 2);
+    CHECK_EQ(f.library.card.profile()->size(), 2);
+    CHECK_EQ(f.library.card.profile()->fields()[0].maxLength, 18);
+    CHECK_EQ(f.library.card.profile()->fields()[1].maxLength, 40);
+    CHECK_EQ(f.library.hardware.status().pinStatus, ORVA_PIN_NOT_NEEDED);
+    CHECK_EQ(f.library.hardware.status().network, ORVA_NETWORK_IN_SERVICE);
+    f.library.events.drain();
     CHECK(heardInOrder({ORVA_EVENT_DEV_DEVICE_INIT_FINISH, ORVA_EVENT_PBM_EVENT_READY, ORVA_EVENT_PBM_EVENT_SIM_READY,
                         ORVA_EVENT_PBM_EVENT_NV_READY}));
 }
@@ -83,40 +80,34 @@ TEST(aModemWithoutPhonebookOfItsOwnIsReadyWithItsCard)
 
 TEST(aCardPulledAndPutInReachesTheListeners)
 {
-    const Place place;
-    Modem modem(place.plan());
-    Library library(place);
-    REQUIRE(library.ready());
-    const std::string rows = library.rows(library.card);
+    Plugged f;
+    const std::string rows = f.library.rows(f.library.card);
     Events::all().clear();
-    modem.pullCard();
-    REQUIRE(eventually([&] { return library.hardware.status().card == 0; }));
-    CHECK_EQ(codeOf([&] { library.card.size(); }), ORVA_E_ABSENT);
-    CHECK_EQ(codeOf([&] { library.card.readOne(1); }), ORVA_E_ABSENT);
-    CHECK_EQ(library.device.size(), 2);
-    modem.insertCard();
-    REQUIRE(library.ready());
-    CHECK_EQ(library.rows(library.card), rows);
-    library.events.drain();
+    f.modem.pullCard();
+    REQUIRE(eventually([&] { return f.library.hardware.status().card == 0; }));
+    CHECK_EQ(codeOf([&] { f.library.card.size(); }), ORVA_E_ABSENT);
+    CHECK_EQ(codeOf([&] { f.library.card.readOne(1); }), ORVA_E_ABSENT);
+    CHECK_EQ(f.library.device.size(), 2);
+    f.modem.insertCard();
+    REQUIRE(f.library.ready());
+    CHECK_EQ(f.library.rows(f.library.card), rows);
+    f.library.events.drain();
     CHECK(heardInOrder({ORVA_EVENT_DEV_SIM_INVALID, ORVA_EVENT_DEV_CARD_CHANGED, ORVA_EVENT_PBM_EVENT_SIM_READY}));
 }
 
 TEST(anIdentifierOfOneCardNamesNothingOnAnother)
 {
-    const Place place;
-    Modem modem(place.plan());
-    Library library(place);
-    REQUIRE(library.ready());
-    const int old = library.card.extent().last;
+    Plugged f;
+    const int old = f.library.card.extent().last;
     modemsim::CardPlan other = modemsim::standardCard();
     other.iccid = "8949020000999999999";
-    modem.pullCard();
-    REQUIRE(eventually([&] { return library.hardware.status().card == 0; }));
-    modem.insertCard(other);
-    REQUIRE(library.ready());
-    CHECK_EQ(library.card.size(), 5);
+    f.modem.pullCard();
+    REQUIRE(eventually([&] { return f.library.hardware.status().card == 0; }));
+    f.modem.insertCard(other);
+    REQUIRE(f.library.ready());
+    CHECK_EQ(f.library.card.size(), 5);
     for (int id = 1; id <= old; ++id)
-        CHECK_EQ(codeOf([&] { library.card.readOne(id); }), ORVA_E_NOT_FOUND);
+        CHECK_EQ(codeOf([&] { f.library.card.readOne(id); }), ORVA_E_NOT_FOUND);
 }
 
 TEST(aCardThatDoesNotTellWhichOneItIsStaysTheOneItWas)
@@ -198,39 +189,33 @@ TEST(aCardBusyAfterItsPinIsWaitedFor)
 
 TEST(anUnpluggedModemIsAwayAndComesBackWithTheSameIdentifiers)
 {
-    const Place place;
-    Modem modem(place.plan());
-    Library library(place);
-    REQUIRE(library.ready());
-    const std::string rows = library.rows(library.card);
-    const std::string deviceRows = library.rows(library.device);
+    Plugged f;
+    const std::string rows = f.library.rows(f.library.card);
+    const std::string deviceRows = f.library.rows(f.library.device);
     Events::all().clear();
-    modem.unplug();
-    REQUIRE(eventually([&] { return library.hardware.status().attached == 0; }));
-    CHECK(library.hardware.memories().empty());
-    CHECK_EQ(codeOf([&] { library.card.size(); }), ORVA_E_ABSENT);
-    CHECK_EQ(codeOf([&] { library.hardware.perform([](ModemSession&) {}); }), ORVA_E_ABSENT);
-    modem.plug();
-    REQUIRE(library.ready());
-    CHECK_EQ(library.rows(library.card), rows);
-    CHECK_EQ(library.rows(library.device), deviceRows);
-    library.events.drain();
+    f.modem.unplug();
+    REQUIRE(eventually([&] { return f.library.hardware.status().attached == 0; }));
+    CHECK(f.library.hardware.memories().empty());
+    CHECK_EQ(codeOf([&] { f.library.card.size(); }), ORVA_E_ABSENT);
+    CHECK_EQ(codeOf([&] { f.library.hardware.perform([](ModemSession&) {}); }), ORVA_E_ABSENT);
+    f.modem.plug();
+    REQUIRE(f.library.ready());
+    CHECK_EQ(f.library.rows(f.library.card), rows);
+    CHECK_EQ(f.library.rows(f.library.device), deviceRows);
+    f.library.events.drain();
     CHECK(heardInOrder({ORVA_EVENT_DEV_DEVICE_INIT_FINISH, ORVA_EVENT_DEV_DEVICE_INIT_FINISH,
                         ORVA_EVENT_PBM_EVENT_READY, ORVA_EVENT_PBM_EVENT_SIM_READY}));
 }
 
 TEST(aModemThatFallsSilentIsAwayUntilItAnswers)
 {
-    const Place place;
-    Modem modem(place.plan());
-    Library library(place);
-    REQUIRE(library.ready());
-    modem.setDead(true);
-    CHECK(eventually([&] { return library.hardware.status().attached == 0; }));
-    CHECK(eventually([&] { return library.hardware.state().problem().find("nobody answers") != std::string::npos; }));
-    modem.setDead(false);
-    CHECK(library.ready());
-    CHECK_EQ(library.hardware.state().problem(), "");
+    Plugged f;
+    f.modem.setDead(true);
+    CHECK(eventually([&] { return f.library.hardware.status().attached == 0; }));
+    CHECK(eventually([&] { return f.library.hardware.state().problem().find("nobody answers") != std::string::npos; }));
+    f.modem.setDead(false);
+    CHECK(f.library.ready());
+    CHECK_EQ(f.library.hardware.state().problem(), "");
 }
 
 TEST(aPortThatAnotherProgramHasIsWaitedForAndTold)
@@ -248,18 +233,15 @@ TEST(aPortThatAnotherProgramHasIsWaitedForAndTold)
 
 TEST(radioAndNetworkReachTheListeners)
 {
-    const Place place;
-    Modem modem(place.plan());
-    Library library(place);
-    REQUIRE(library.ready());
-    modem.setRadio(false);
-    CHECK(eventually([&] { return library.hardware.status().radioFirst == 0; }));
-    modem.setRadio(true);
-    modem.setRegistration(2);
-    CHECK(eventually([&] { return library.hardware.status().network != ORVA_NETWORK_IN_SERVICE; }));
-    modem.setRegistration(5);
-    CHECK(eventually([&] { return library.hardware.status().network == ORVA_NETWORK_IN_SERVICE; }));
-    library.events.drain();
+    Plugged f;
+    f.modem.setRadio(false);
+    CHECK(eventually([&] { return f.library.hardware.status().radioFirst == 0; }));
+    f.modem.setRadio(true);
+    f.modem.setRegistration(2);
+    CHECK(eventually([&] { return f.library.hardware.status().network != ORVA_NETWORK_IN_SERVICE; }));
+    f.modem.setRegistration(5);
+    CHECK(eventually([&] { return f.library.hardware.status().network == ORVA_NETWORK_IN_SERVICE; }));
+    f.library.events.drain();
     CHECK(Events::all().count(ORVA_EVENT_DEV_RF_SWITCH) >= 1);
     CHECK(Events::all().count(ORVA_EVENT_NET_STATUS) >= 3);
 }
@@ -286,11 +268,8 @@ TEST(theThreadEndsWithinASecondInTheMiddleOfACommand)
 
 TEST(aModemTellsAboutItself)
 {
-    const Place place;
-    Modem modem(place.plan());
-    Library library(place);
-    REQUIRE(library.ready());
-    const std::string report = library.hardware.report();
+    Plugged f;
+    const std::string report = f.library.hardware.report();
     for (const char* const part : {"manufacturer=Linkhand Tests\n", "model=Simulated Modem\n", "operator=Test Net\n",
                                    "signal=20/31\n", "card=SM 5/20 name 18 number 40\n", "device=ME 2/50 "})
         CHECK(report.find(part) != std::string::npos);

@@ -12,6 +12,7 @@
 #include <map>
 #include <memory>
 #include <mutex>
+#include <stdexcept>
 #include <string>
 #include <thread>
 #include <vector>
@@ -154,6 +155,19 @@ struct Library {
     ModemHardware hardware;
     ModemMemory card;
     ModemMemory device;
+};
+
+// A modem that is plugged in, and a library that has found it.
+struct Plugged {
+    explicit Plugged(const ModemTimings& timings = quickTimings()) : modem(place.plan()), library(place, timings)
+    {
+        if (!library.ready())
+            throw std::runtime_error("the modem does not come up");
+    }
+
+    const Place place;
+    modemsim::Modem modem;
+    Library library;
 };
 
 // Of the first of that name on the card; 0 if there is none.

@@ -93,18 +93,15 @@ TEST(aCopyIsNotPutBackThroughSuchAModem)
 
 TEST(aModemThatObeysIsLookedAtOnce)
 {
-    const Place place;
-    Modem modem(place.plan());
-    Library library(place);
-    REQUIRE(library.ready());
-    const auto listings = [&] { return modem.commands("AT+CPBR=1,20"); };
-    library.card.begin();
-    library.card.add(values("first", "1"));
+    Plugged f;
+    const auto listings = [&] { return f.modem.commands("AT+CPBR=1,20"); };
+    f.library.card.begin();
+    f.library.card.add(values("first", "1"));
     const int after = listings();
-    library.card.add(values("second", "2"));
-    library.card.end();
+    f.library.card.add(values("second", "2"));
+    f.library.card.end();
     CHECK_EQ(listings(), after);
-    CHECK_EQ(library.hardware.state().problem(), "");
+    CHECK_EQ(f.library.hardware.state().problem(), "");
 }
 
 CHECK_MAIN
