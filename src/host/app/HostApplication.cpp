@@ -383,6 +383,9 @@ void HostApplication::fillWindow()
             new LivePhonebook(*m_pStoreWatch, *m_pContainer, m_services.Workers(), *pPage, m_pWindow->Status()));
         m_pAids.reset(new PhonebookAids(*pPage, m_services.Workers(), m_pWindow->Status(), m_settings));
         connect(&m_pAids->Layout(), SIGNAL(restored()), this, SLOT(OnLayoutRestored()));
+        if (m_pCompanion != nullptr) {
+            m_pCompanion->PhonebookShown(*pPage);
+        }
     }
 }
 
