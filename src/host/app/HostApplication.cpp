@@ -14,6 +14,7 @@
 #include "app/Companion.h"
 #include "app/Elsewhere.h"
 #include "app/FirstPaint.h"
+#include "app/Heap.h"
 #include "app/IdleBackup.h"
 #include "app/Link.h"
 #include "app/ModemNotices.h"
@@ -123,6 +124,7 @@ int HostApplication::Main(int argc, char** argv, Companion* pCompanion)
     }
     // Contacts, messages and logs are nobody else's business.
     umask(077);
+    Heap::Share();
     QtCompat::prepareApplication();
     QApplication application(argc, argv);
     QApplication::setApplicationName(QLatin1String("linkhand"));
@@ -394,6 +396,8 @@ void HostApplication::OnLayoutRestored()
     if (m_line.strScreenshot.isEmpty() && m_pWindow->CurrentPage() == QLatin1String(LINKHAND_ADDRBOOK_NAME)) {
         m_pWindow->ShowPage(m_settings.FirstPage());
     }
+    // The contacts came as copies, which are gone by now.
+    Heap::GiveBack();
 }
 
 void HostApplication::applyLanguage(const QString& strCode)
