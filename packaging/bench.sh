@@ -22,7 +22,7 @@ for argument in "$@"; do
     esac
 done
 if [ ${#names[@]} = 0 ]; then
-    names=(sdk sync modem files worker window form batch picker start)
+    names=(sdk growth sync modem files worker window form batch picker memory start)
 fi
 
 export QT_QPA_PLATFORM=offscreen LANG=C.UTF-8
@@ -38,7 +38,7 @@ for name in "${names[@]}"; do
     display=()
     # A start is only real on a display, where the word that a window can be painted comes from outside.
     if [ "$name" = start ] && command -v xvfb-run >/dev/null; then
-        display=(env QT_QPA_PLATFORM=xcb xvfb-run -a)
+        display=(xvfb-run -a)
     fi
     mkdir -p build/release/homes
     code=0

@@ -132,7 +132,7 @@ public:
     void line(const char* what, const char* against, double measured, double most, const char* text)
     {
         m_missed = m_missed || measured > most;
-        std::printf("| %s | %s | %.2f | %.1f | %s | %s |\n", what, against, measured, most,
+        std::printf("| %s | %s | %.2f | %g | %s | %s |\n", what, against, measured, most,
                     measured > most ? "MISSED" : "met", text);
         std::fflush(stdout);
     }

@@ -14,6 +14,7 @@
 #include "app/Companion.h"
 #include "app/Elsewhere.h"
 #include "app/FirstPaint.h"
+#include "app/Heap.h"
 #include "app/IdleBackup.h"
 #include "app/Link.h"
 #include "app/ModemNotices.h"
@@ -123,6 +124,7 @@ int HostApplication::Main(int argc, char** argv, Companion* pCompanion)
     }
     // Contacts, messages and logs are nobody else's business.
     umask(077);
+    Heap::Share();
     QtCompat::prepareApplication();
     QApplication application(argc, argv);
     QApplication::setApplicationName(QLatin1String("linkhand"));
@@ -383,6 +385,9 @@ void HostApplication::fillWindow()
             new LivePhonebook(*m_pStoreWatch, *m_pContainer, m_services.Workers(), *pPage, m_pWindow->Status()));
         m_pAids.reset(new PhonebookAids(*pPage, m_services.Workers(), m_pWindow->Status(), m_settings));
         connect(&m_pAids->Layout(), SIGNAL(restored()), this, SLOT(OnLayoutRestored()));
+        if (m_pCompanion != nullptr) {
+            m_pCompanion->PhonebookShown(*pPage);
+        }
     }
 }
 
@@ -391,6 +396,8 @@ void HostApplication::OnLayoutRestored()
     if (m_line.strScreenshot.isEmpty() && m_pWindow->CurrentPage() == QLatin1String(LINKHAND_ADDRBOOK_NAME)) {
         m_pWindow->ShowPage(m_settings.FirstPage());
     }
+    // The contacts came as copies, which are gone by now.
+    Heap::GiveBack();
 }
 
 void HostApplication::applyLanguage(const QString& strCode)

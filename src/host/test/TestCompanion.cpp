@@ -1,8 +1,10 @@
 #include "test/TestCompanion.h"
 
-#include <QFile>
 #include <QStringList>
+#include <QTableWidget>
 
+#include "test/Mark.h"
+#include "test/RowsPaint.h"
 #include "test/TestSocket.h"
 
 TestCompanion::TestCompanion() {}
@@ -16,10 +18,14 @@ void TestCompanion::Begin()
 
 void TestCompanion::Painted()
 {
-    const QByteArray mark = qgetenv("LINKHAND_TEST_SHOWN");
-    QFile file(QFile::decodeName(mark));
-    if (!mark.isEmpty() && (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || file.write("shown\n") < 0)) {
-        qWarning("cannot write to %s", mark.constData());
+    Mark::Write("LINKHAND_TEST_SHOWN", "shown\n");
+}
+
+void TestCompanion::PhonebookShown(QWidget& page)
+{
+    QTableWidget* const pTable = page.findChild<QTableWidget*>(QLatin1String("AddrBookUIPlugin_ContactTable"));
+    if (pTable != nullptr && !qgetenv("LINKHAND_TEST_ROWS").isEmpty()) {
+        new RowsPaint(pTable);
     }
 }
 

@@ -11,8 +11,8 @@ class TestSocket;
 //   LINKHAND_TEST_SOCKET      the path of the socket at which WidgetQueries are answered
 //   LINKHAND_MESSAGE_ANSWERS  button numbers separated by commas; each message box takes the next, until none is left
 //   LINKHAND_TEST_SHOWN       a file, such as a pipe that somebody waits at to time the start; the first painting of
-//   the
-//                             main window writes one line to it
+//                             the main window writes one line to it
+//   LINKHAND_TEST_ROWS        likewise; the first painting of the sorted contacts writes one line
 class TestCompanion : public Companion
 {
 public:
@@ -21,6 +21,7 @@ public:
 
     void Begin() override;
     void Painted() override;
+    void PhonebookShown(QWidget& page) override;
     QList<int> Answers() override;
 
 private:

@@ -7,6 +7,7 @@
 #include "api/Library.h"
 #include "base/DataFolder.h"
 #include "base/NumberText.h"
+#include "care/DuplicateSearch.h"
 #include "care/Matcher.h"
 #include "care/NumberKey.h"
 #include "memories/AllRecords.h"
@@ -24,16 +25,11 @@ struct MatchHandle final : HandleObject {
     Matcher matcher;
 };
 
-void takeAll(Memory& memory, Matcher& matcher)
-{
-    forAllRecords(memory, [&matcher](int id, const Values& values) { matcher.add(id, values); });
-}
-
 std::vector<DuplicateSet> duplicatesOf(Memory& memory)
 {
-    Matcher matcher(*memory.profile(), chosenRegion(dataFolder()));
-    takeAll(memory, matcher);
-    return matcher.duplicates();
+    DuplicateSearch search(*memory.profile(), chosenRegion(dataFolder()));
+    forAllRecords(memory, [&search](int id, const Values& values) { search.add(id, values); });
+    return search.sets();
 }
 
 // The values of a record as they would be stored; what is no number stays and is found nowhere.
@@ -93,7 +89,7 @@ long ORVA_Care_CreateMatch(int memory, void** match)
         *match = nullptr;
         Memory& source = memoryFor(memory);
         auto made = std::make_unique<MatchHandle>(memory, *source.profile());
-        takeAll(source, made->matcher);
+        forAllRecords(source, [&made](int id, const Values& values) { made->matcher.add(id, values); });
         *match = newHandle(std::move(made));
         return ORVA_OK;
     });

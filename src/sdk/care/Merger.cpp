@@ -6,7 +6,7 @@
 #include "base/Failure.h"
 #include "base/NumberText.h"
 #include "base/Text.h"
-#include "care/Matcher.h"
+#include "care/ContactKeys.h"
 #include "care/NumberKey.h"
 #include "vcard/CardText.h"
 #include "vcard/KeptUnion.h"

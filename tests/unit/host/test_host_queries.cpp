@@ -39,6 +39,7 @@ private slots:
     void boxesAreAnsweredFromTheEnvironment();
     void theFirstPaintingOfAWindowIsSeen();
     void theFirstPaintingLeavesAMark();
+    void theFirstPaintingOfSortedContactsLeavesAMark();
 
 private:
     static QStringList ask(const QString& strQuery)
@@ -268,6 +269,29 @@ void TestHostQueries::theFirstPaintingLeavesAMark()
     QFile file(strFile);
     QVERIFY(file.open(QIODevice::ReadOnly));
     QCOMPARE(file.readAll(), QByteArray("shown\n"));
+}
+
+void TestHostQueries::theFirstPaintingOfSortedContactsLeavesAMark()
+{
+    const QTemporaryDir folder;
+    const QString strFile = folder.filePath("rows");
+    QWidget page;
+    QTableWidget* const pTable = new QTableWidget(3, 1, &page);
+    pTable->setObjectName("AddrBookUIPlugin_ContactTable");
+    qputenv("LINKHAND_TEST_ROWS", QFile::encodeName(strFile));
+    TestCompanion companion;
+    companion.PhonebookShown(page);
+    page.show();
+    const FirstPaint painted(pTable->viewport());
+    QTRY_VERIFY(painted.HasCome());
+    QCoreApplication::processEvents();
+    QVERIFY2(!QFileInfo(strFile).exists(), "rows may still arrive");
+    pTable->setSortingEnabled(true);
+    QTRY_VERIFY(QFileInfo(strFile).size() > 0);
+    qunsetenv("LINKHAND_TEST_ROWS");
+    QFile file(strFile);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(file.readAll(), QByteArray("rows\n"));
 }
 
 QTEST_MAIN(TestHostQueries)
