@@ -127,22 +127,14 @@ void writeFile(const std::string& path, const std::string& text)
     expect(std::rename(half.c_str(), path.c_str()) == 0, "rename");
 }
 
-std::vector<std::string> namesIn(const std::string& cards)
-{
-    std::vector<std::string> names;
-    const std::unique_ptr<DIR, int (*)(DIR*)> opened(::opendir(cards.c_str()), &::closedir);
-    while (const dirent* const entry = ::readdir(opened.get()))
-        names.emplace_back(entry->d_name);
-    return names;
-}
-
-// What nobody who looks for changes is spared.
+// What nobody who looks for changes is spared, done as cheaply as it can be.
 void lookBare(const std::string& cards, const std::vector<std::string>& changed)
 {
     long long sum = 0;
-    for (const std::string& name : namesIn(cards)) {
+    const std::unique_ptr<DIR, int (*)(DIR*)> opened(::opendir(cards.c_str()), &::closedir);
+    while (const dirent* const entry = ::readdir(opened.get())) {
         struct stat state = {};
-        ::lstat((cards + "/" + name).c_str(), &state);
+        ::fstatat(::dirfd(opened.get()), entry->d_name, &state, AT_SYMLINK_NOFOLLOW);
         sum += state.st_mtim.tv_nsec;
     }
     expect(sum != 1, "a look");

@@ -222,11 +222,16 @@ std::u16string_view Query::text(int column)
     return {static_cast<const char16_t*>(data), units};
 }
 
-std::string Query::octets(int column)
+std::string_view Query::octetsView(int column)
 {
     const auto* const data = static_cast<const char*>(sqlite3_column_blob(m_statement, column));
-    return data != nullptr ? std::string(data, static_cast<std::size_t>(sqlite3_column_bytes(m_statement, column)))
-                           : std::string();
+    return data != nullptr ? std::string_view(data, static_cast<std::size_t>(sqlite3_column_bytes(m_statement, column)))
+                           : std::string_view();
+}
+
+std::string Query::octets(int column)
+{
+    return std::string(octetsView(column));
 }
 
 std::string Query::bytes(int column)

@@ -105,6 +105,9 @@ public:
     // Empty for NULL.
     std::string octets(int column);
 
+    // The same without a copy, until the next step.
+    std::string_view octetsView(int column);
+
     // Text that SQLite itself made, such as a finding of a check.
     std::string bytes(int column);
 

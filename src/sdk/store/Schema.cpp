@@ -40,7 +40,7 @@ void useWriteAheadLog(Database& db)
 
 const std::vector<MigrationStep>& migrationSteps()
 {
-    static const std::vector<MigrationStep> steps = {createBin, createKept, createSync};
+    static const std::vector<MigrationStep> steps = {createBin, createKept, createSync, createSyncLooks};
     return steps;
 }
 
@@ -118,6 +118,7 @@ void createSchema(Database& db, const Columns& columns, int version)
             createBin(db);
             createKept(db);
             createSync(db);
+            createSyncLooks(db);
             setPragma(db, "application_id", storeApplicationId);
             setPragma(db, "user_version", version);
         }

@@ -126,9 +126,11 @@ public:
     std::string syncFolderAt(const std::string& path);
     void rememberSyncFolder(const std::string& folder, const std::string& path);
 
-    // What is known of a folder's contacts, in the order of their records, and the card of one; and the records that
-    // nothing is known of, with the UID that they have in another folder.
-    std::vector<SyncLink> syncLinks(const std::string& folder);
+    // What is known of a folder's contacts: enough to tell which to look at, all of one, and the card of one; those
+    // whose record is gone; and the records that nothing is known of, with the UID that they have in another folder.
+    SyncLooks syncLooks(const std::string& folder);
+    std::optional<SyncLink> syncLink(const std::string& folder, int record);
+    std::vector<int> linksWithoutRecord(const std::string& folder);
     std::string syncCard(const std::string& folder, int record);
     std::vector<SyncLink> recordsWithoutLink(const std::string& folder);
 

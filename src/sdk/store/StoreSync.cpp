@@ -12,6 +12,7 @@
 #include "orva/orva_care.h"
 #include "store/GroupPaths.h"
 #include "store/Store.h"
+#include "store/SyncTables.h"
 
 namespace orva
 {
@@ -19,9 +20,9 @@ namespace orva
 namespace
 {
 
-const char selectLink[] = "SELECT record, uid, file, look, remote, local, grps, changed, card IS NOT NULL, touched, "
+const char selectLink[] = "SELECT uid, file, look, remote, local, grps, changed, card IS NOT NULL, touched, "
                           "doubtful, NOT EXISTS (SELECT 1 FROM records WHERE records.id = record) "
-                          "FROM sync_links WHERE folder = ? ORDER BY record";
+                          "FROM sync_links WHERE folder = ? AND record = ?";
 
 // The groups of a store by their paths, made where they are missing.
 class GroupPaths
@@ -88,7 +89,10 @@ void writeLink(Database& db, const std::string& folder, const SyncLink& link, co
     Query query(db, "INSERT OR REPLACE INTO sync_links (folder, record, uid, file, look, remote, local, grps, changed, "
                     "touched, doubtful, card) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, 0, 0, nullif(?, x''))");
     query.bindOctets(1, folder).bind(2, link.record).bindOctets(3, link.uid).bindOctets(4, link.file);
-    query.bindOctets(5, link.look).bindOctets(6, link.remote).bindOctets(7, link.local);
+    // What has no card is never left out by how its file looks.
+    query.bindOctets(5, card == nullptr ? std::string_view() : link.look)
+        .bindOctets(6, link.remote)
+        .bindOctets(7, link.local);
     query.bindOctets(8, link.groups).bind(9, link.changed).bindOctets(10, card == nullptr ? std::string_view() : *card);
     query.step();
 }
@@ -148,30 +152,73 @@ void Store::rememberSyncFolder(const std::string& folder, const std::string& pat
     });
 }
 
-std::vector<SyncLink> Store::syncLinks(const std::string& folder)
+void SyncLooks::add(const SyncLook& look)
+{
+    m_rows.push_back({m_texts.size(), look.file.size(), look.look.size(), look.uid.size(), look.record, look.settled});
+    m_texts.append(look.file).append(look.look).append(look.uid);
+}
+
+SyncLook SyncLooks::operator[](std::size_t place) const
+{
+    const Row& row = m_rows[place];
+    const char* const text = m_texts.data() + row.at;
+    return {row.record, row.settled, std::string_view(text, row.file), std::string_view(text + row.file, row.look),
+            std::string_view(text + row.file + row.look, row.uid)};
+}
+
+SyncLooks Store::syncLooks(const std::string& folder)
 {
     return reading([&] {
         reconnectIfReplaced();
-        std::vector<SyncLink> links;
-        Query query(*m_db, selectLink);
+        SyncLooks looks;
+        Query query(*m_db, selectSyncLooks);
         query.bindOctets(1, folder);
         while (query.step()) {
-            SyncLink link;
-            link.record = query.integer(0);
-            link.uid = query.octets(1);
-            link.file = query.octets(2);
-            link.look = query.octets(3);
-            link.remote = query.octets(4);
-            link.local = query.octets(5);
-            link.groups = query.octets(6);
-            link.changed = query.wideInteger(7);
-            link.hasCard = query.integer(8) != 0;
-            link.touched = query.integer(9) != 0;
-            link.doubtful = query.integer(10) != 0;
-            link.gone = query.integer(11) != 0;
-            links.push_back(std::move(link));
+            SyncLook look;
+            look.record = query.integer(0);
+            look.file = query.octetsView(1);
+            look.look = query.octetsView(2);
+            look.uid = query.octetsView(3);
+            look.settled = query.integer(4) == 0 && query.integer(5) == 0 && !look.look.empty() &&
+                           query.octetsView(6).find('\t') == std::string_view::npos;
+            looks.add(look);
         }
-        return links;
+        return looks;
+    });
+}
+
+std::optional<SyncLink> Store::syncLink(const std::string& folder, int record)
+{
+    return reading([&]() -> std::optional<SyncLink> {
+        Query query(*m_db, selectLink);
+        if (!query.bindOctets(1, folder).bind(2, record).step())
+            return std::nullopt;
+        SyncLink link;
+        link.record = record;
+        link.uid = query.octets(0);
+        link.file = query.octets(1);
+        link.look = query.octets(2);
+        link.remote = query.octets(3);
+        link.local = query.octets(4);
+        link.groups = query.octets(5);
+        link.changed = query.wideInteger(6);
+        link.hasCard = query.integer(7) != 0;
+        link.touched = query.integer(8) != 0;
+        link.doubtful = query.integer(9) != 0;
+        link.gone = query.integer(10) != 0;
+        return link;
+    });
+}
+
+std::vector<int> Store::linksWithoutRecord(const std::string& folder)
+{
+    return reading([&] {
+        std::vector<int> records;
+        Query query(*m_db, "SELECT record FROM sync_links WHERE folder = ? AND record NOT IN (SELECT id FROM records)");
+        query.bindOctets(1, folder);
+        while (query.step())
+            records.push_back(query.integer(0));
+        return records;
     });
 }
 

@@ -1,8 +1,10 @@
 #ifndef SDK_STORE_SYNCLINK_H
 #define SDK_STORE_SYNCLINK_H
 
+#include <cstddef>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "base/Values.h"
@@ -24,6 +26,36 @@ struct SyncLink {
     bool touched = false;  // the record may have changed since
     bool doubtful = false; // the store was damaged since
     bool gone = false;     // the record is not there any more
+};
+
+// What tells of a link that there is nothing to do for it.
+struct SyncLook {
+    int record = 0;
+    bool settled = false; // untouched, with a card, and in no group that a card of its own holds
+    std::string_view file;
+    std::string_view look;
+    std::string_view uid;
+};
+
+// Those of a folder, their texts in one piece of memory.
+class SyncLooks
+{
+public:
+    void add(const SyncLook& look);
+    std::size_t size() const { return m_rows.size(); }
+    SyncLook operator[](std::size_t place) const;
+
+private:
+    struct Row {
+        std::size_t at;
+        std::size_t file;
+        std::size_t look;
+        std::size_t uid;
+        int record;
+        bool settled;
+    };
+    std::string m_texts;
+    std::vector<Row> m_rows;
 };
 
 // All of one record.

@@ -20,8 +20,18 @@ void createSync(Database& db)
     db.execute("CREATE INDEX bin_record ON bin (record)");
 }
 
+void createSyncLooks(Database& db)
+{
+    // All columns of the query below: with the cards beside them they are ten times as many pages.
+    db.execute("CREATE INDEX sync_links_look ON sync_links (folder, file, look, uid, touched, doubtful, grps, record)");
+}
+
+const char* const selectSyncLooks = "SELECT record, file, look, uid, touched, doubtful, grps FROM sync_links "
+                                    "INDEXED BY sync_links_look WHERE folder = ?";
+
 void requireSyncTables(Database& db)
 {
+    db.prepared(selectSyncLooks);
     db.prepared("SELECT folder, path, time FROM sync_folders WHERE id = (SELECT max(id) FROM sync_folders)");
     db.prepared("SELECT folder, record, uid, file, look, remote, local, grps, changed, touched, doubtful, card "
                 "FROM sync_links WHERE id = (SELECT max(id) FROM sync_links)");
@@ -37,6 +47,7 @@ void watchForSync(Database& db, const Columns& columns)
                     " BEGIN UPDATE sync_links SET touched = 1 WHERE touched = 0" + which + "; END")
                        .c_str());
     };
+    mark("gone", "DELETE ON main.records", " AND record = OLD.id");
     mark("record", "UPDATE ON main.records WHEN " + differs, " AND record = NEW.id");
     mark("kept_in", "INSERT ON main.kept", " AND record = NEW.record");
     mark("kept_changed", "UPDATE ON main.kept", " AND record = NEW.record");

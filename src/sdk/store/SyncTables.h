@@ -15,6 +15,10 @@ namespace orva
 
 void createSync(Database& db);
 
+// What most syncs read, by itself.
+void createSyncLooks(Database& db);
+extern const char* const selectSyncLooks; // record, file, look, UID, touched, doubtful, groups of a folder
+
 // SqlFailure if the tables are not as they should be.
 void requireSyncTables(Database& db);
 

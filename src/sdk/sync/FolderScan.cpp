@@ -1,7 +1,9 @@
 #include "sync/FolderScan.h"
 
 #include <algorithm>
+#include <functional>
 #include <sstream>
+#include <unordered_set>
 #include <utility>
 
 #include "base/Sha256.h"
@@ -22,54 +24,157 @@ std::optional<Card> onlyCard(const std::string& octets)
     return card;
 }
 
-FolderScan::FolderScan(const VdirFolder& folder, std::vector<SyncLink> links, SyncReport& report)
-    : m_folder(folder), m_report(report)
+LooksByFile::LooksByFile(const SyncLooks& looks) : m_looks(looks)
 {
-    m_links.reserve(links.size());
-    m_byFile.reserve(links.size());
-    for (SyncLink& link : links) {
-        m_links.emplace_back();
-        m_links.back().link = std::move(link);
-        m_byFile.emplace(m_links.back().link.file, static_cast<int>(m_links.size()) - 1);
+    std::size_t slots = 16;
+    while (slots < 2 * looks.size())
+        slots *= 2;
+    m_slots.resize(slots);
+    for (std::size_t i = 0; i < looks.size(); ++i) {
+        const std::size_t hash = std::hash<std::string_view>()(looks[i].file);
+        std::size_t slot = hash & (slots - 1);
+        while (m_slots[slot].place >= 0)
+            slot = (slot + 1) & (slots - 1);
+        m_slots[slot] = {static_cast<std::uint32_t>(hash >> 32), static_cast<std::int32_t>(i)};
     }
+}
+
+int LooksByFile::find(std::string_view file) const
+{
+    const std::size_t hash = std::hash<std::string_view>()(file);
+    for (std::size_t slot = hash & (m_slots.size() - 1);; slot = (slot + 1) & (m_slots.size() - 1)) {
+        const Slot& at = m_slots[slot];
+        if (at.place < 0)
+            return -1;
+        if (at.hash == static_cast<std::uint32_t>(hash >> 32) &&
+            m_looks[static_cast<std::size_t>(at.place)].file == file)
+            return at.place;
+    }
+}
+
+FolderScan::FolderScan(const VdirFolder& folder, Store& store, const std::string& identifier, SyncReport& report)
+    : m_folder(folder),
+      m_store(store),
+      m_identifier(identifier),
+      m_report(report),
+      m_looks(store.syncLooks(identifier)),
+      m_byFile(m_looks),
+      m_seen(m_looks.size(), Seen::No)
+{
     std::vector<VdirEntry> others;
-    for (VdirEntry& entry : folder.list())
+    for (VdirEntry& entry :
+         folder.list([this](std::string_view file, std::string_view look) { return isQuiet(file, look); }))
         if (!takeUnread(entry))
             others.push_back(std::move(entry));
     std::sort(others.begin(), others.end(), [](const VdirEntry& a, const VdirEntry& b) { return a.name < b.name; });
     for (VdirEntry& entry : others)
         look(std::move(entry));
+    for (std::size_t i = 0; i < m_seen.size(); ++i)
+        if (m_seen[i] == Seen::No)
+            link(static_cast<int>(i));
+    if (!m_groups.isEmpty())
+        lookAtMembers();
     if (!m_fresh.empty())
         settleFresh();
+    sort();
 }
 
 // Most files are as they were.
+bool FolderScan::isQuiet(std::string_view file, std::string_view look)
+{
+    const int place = m_byFile.find(file);
+    if (place < 0 || m_seen[static_cast<std::size_t>(place)] != Seen::No)
+        return false;
+    const SyncLook known = m_looks[static_cast<std::size_t>(place)];
+    if (!known.settled || known.look != look)
+        return false;
+    m_seen[static_cast<std::size_t>(place)] = Seen::Quiet;
+    ++m_quiet;
+    return true;
+}
+
+// The one at a place, with all that is known of it; null for a place of -1 and for one that is not there any more.
+ScannedLink* FolderScan::link(int place)
+{
+    if (place < 0)
+        return nullptr;
+    const auto found = m_found.find(place);
+    if (found != m_found.end())
+        return found->second;
+    std::optional<SyncLink> link = m_store.syncLink(m_identifier, m_looks[static_cast<std::size_t>(place)].record);
+    m_stale = m_stale || !link;
+    if (!link)
+        return nullptr;
+    m_links.emplace_back();
+    m_links.back().link = std::move(*link);
+    Seen& seen = m_seen[static_cast<std::size_t>(place)];
+    m_quiet -= seen == Seen::Quiet ? 1 : 0;
+    seen = Seen::Linked;
+    m_found.emplace(place, &m_links.back());
+    return &m_links.back();
+}
+
+void FolderScan::addGone()
+{
+    std::unordered_set<int> linked;
+    for (const ScannedLink& known : m_links)
+        linked.insert(known.link.record);
+    std::unordered_set<int> gone;
+    for (const int record : m_store.linksWithoutRecord(m_identifier))
+        if (linked.count(record) == 0)
+            gone.insert(record);
+    for (std::size_t i = 0; !gone.empty() && i < m_looks.size(); ++i) {
+        if (gone.count(m_looks[i].record) == 0 || m_seen[i] != Seen::Quiet)
+            continue;
+        ScannedLink* const found = link(static_cast<int>(i));
+        std::optional<VdirEntry> entry = m_folder.entry(std::string(m_looks[i].file));
+        m_stale = m_stale || !entry || entry->look != m_looks[i].look;
+        if (found != nullptr && entry)
+            takeUnread(*entry);
+    }
+    sort();
+}
+
+// By their records. They move, so none is found by its place afterwards.
+void FolderScan::sort()
+{
+    std::sort(m_links.begin(), m_links.end(),
+              [](const ScannedLink& a, const ScannedLink& b) { return a.link.record < b.link.record; });
+}
+
+// One whose look is that of the link, but for whom something else has to be looked at.
 bool FolderScan::takeUnread(VdirEntry& entry)
 {
     if (entry.left != nullptr || entry.look.empty())
         return false;
-    const auto known = m_byFile.find(entry.name);
-    if (known == m_byFile.end())
+    ScannedLink* const known = linkOf(entry.name);
+    if (known == nullptr || known->card || entry.look != known->link.look)
         return false;
-    ScannedLink& link = m_links[static_cast<std::size_t>(known->second)];
-    if (entry.look != link.link.look)
-        return false;
-    link.card.emplace();
-    link.card->entry = std::move(entry);
+    known->card.emplace();
+    known->card->entry = std::move(entry);
     return true;
+}
+
+// Who has come into a group by the group's card.
+void FolderScan::lookAtMembers()
+{
+    for (std::size_t i = 0; i < m_looks.size(); ++i) {
+        if (m_seen[i] != Seen::Quiet || m_groups.of(std::string(m_looks[i].uid)).empty())
+            continue;
+        std::optional<VdirEntry> entry = m_folder.entry(std::string(m_looks[i].file));
+        if (!entry || link(static_cast<int>(i)) == nullptr || !takeUnread(*entry))
+            m_stale = true;
+    }
 }
 
 // First those whose file has kept its name, so that a copy of one does not take its place.
 void FolderScan::settleFresh()
 {
-    for (std::size_t i = 0; i < m_links.size(); ++i)
-        if (!m_links[i].link.uid.empty())
-            m_byUid.emplace(m_links[i].link.uid, static_cast<int>(i));
     for (Fresh& fresh : m_fresh) {
-        ScannedLink* const link = fresh.link < 0 ? nullptr : &m_links[static_cast<std::size_t>(fresh.link)];
-        if (link == nullptr || !isFor(*link, fresh.card))
+        ScannedLink* const known = link(fresh.place);
+        if (known == nullptr || !isFor(*known, fresh.card))
             continue;
-        attach(*link, std::move(fresh.card));
+        attach(*known, std::move(fresh.card));
         fresh.card.entry.name.clear();
     }
     for (Fresh& fresh : m_fresh)
@@ -84,9 +189,8 @@ void FolderScan::leave(const std::string& file, const char* why)
     event.file = file;
     event.what = why;
     m_report.events.push_back(std::move(event));
-    const auto known = m_byFile.find(file);
-    if (known != m_byFile.end())
-        m_links[static_cast<std::size_t>(known->second)].unknown = true;
+    if (ScannedLink* const known = linkOf(file))
+        known->unknown = true;
 }
 
 void FolderScan::look(VdirEntry entry)
@@ -95,8 +199,8 @@ void FolderScan::look(VdirEntry entry)
         leave(entry.name, entry.left);
         return;
     }
-    const auto known = m_byFile.find(entry.name);
-    ScannedLink* const link = known == m_byFile.end() ? nullptr : &m_links[static_cast<std::size_t>(known->second)];
+    const int place = m_byFile.find(entry.name);
+    ScannedLink* const known = link(place);
     const std::optional<std::string> octets = m_folder.read(entry.name);
     if (!octets) {
         if (m_folder.has(entry.name))
@@ -107,9 +211,9 @@ void FolderScan::look(VdirEntry entry)
     card.digest = sha256Of(*octets);
     const std::string& name = card.entry.name;
     card.entry = std::move(entry);
-    if (link != nullptr && card.digest == link->link.remote) {
-        card.uid = link->link.uid;
-        attach(*link, std::move(card));
+    if (known != nullptr && card.digest == known->link.remote) {
+        card.uid = known->link.uid;
+        attach(*known, std::move(card));
         return;
     }
     std::optional<Card> found = onlyCard(*octets);
@@ -122,13 +226,13 @@ void FolderScan::look(VdirEntry entry)
         return;
     }
     const CardView view = viewOf(*found);
-    if (link == nullptr && view.empty()) {
+    if (known == nullptr && view.empty()) {
         leave(name, "it has nothing that a field is meant for");
         return;
     }
     card.uid = uidOf(*found);
     card.values = view.content.content.values;
-    m_fresh.push_back({std::move(card), link == nullptr ? -1 : known->second});
+    m_fresh.push_back({std::move(card), place});
 }
 
 bool FolderScan::isFor(const ScannedLink& link, const ScannedCard& card) const
@@ -144,6 +248,10 @@ void FolderScan::attach(ScannedLink& link, ScannedCard card)
 
 void FolderScan::settle(Fresh& fresh)
 {
+    if (m_byUid.empty())
+        for (std::size_t i = 0; i < m_looks.size(); ++i)
+            if (!m_looks[i].uid.empty())
+                m_byUid.emplace(m_looks[i].uid, static_cast<int>(i));
     const auto known = fresh.card.uid.empty() ? m_byUid.end() : m_byUid.find(fresh.card.uid);
     if (known == m_byUid.end()) {
         // The next of the same UID is a copy.
@@ -152,12 +260,13 @@ void FolderScan::settle(Fresh& fresh)
         m_strangers.push_back(std::move(fresh.card));
         return;
     }
-    ScannedLink* const link = known->second < 0 ? nullptr : &m_links[static_cast<std::size_t>(known->second)];
-    if (link == nullptr || link->card || link->unknown) {
+    const bool quiet = known->second >= 0 && m_seen[static_cast<std::size_t>(known->second)] == Seen::Quiet;
+    ScannedLink* const holder = quiet ? nullptr : link(known->second);
+    if (holder == nullptr || holder->card || holder->unknown) {
         leave(fresh.card.entry.name, "another file has the same UID");
         return;
     }
-    attach(*link, std::move(fresh.card)); // it was given another name
+    attach(*holder, std::move(fresh.card)); // it was given another name
 }
 
 } // namespace orva

@@ -1,12 +1,15 @@
 #ifndef SDK_SYNC_FOLDERSCAN_H
 #define SDK_SYNC_FOLDERSCAN_H
 
+#include <cstdint>
+#include <deque>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
 
+#include "store/Store.h"
 #include "store/SyncLink.h"
 #include "sync/GroupCards.h"
 #include "sync/SyncReport.h"
@@ -40,35 +43,75 @@ struct ScannedLink {
     }
 };
 
-// One look at a folder: who of those known is in it, and who else is.
+// Finds a link by the name of its file.
+class LooksByFile
+{
+public:
+    explicit LooksByFile(const SyncLooks& looks);
+
+    // Its place, or -1.
+    int find(std::string_view file) const;
+
+private:
+    struct Slot {
+        std::uint32_t hash = 0; // of the file, so that few names are compared in vain
+        std::int32_t place = -1;
+    };
+
+    const SyncLooks& m_looks;
+    std::vector<Slot> m_slots; // at most half of them taken
+};
+
+// One look at a folder: for whom of those known there is something to look at, and who else is in it.
 class FolderScan
 {
 public:
-    FolderScan(const VdirFolder& folder, std::vector<SyncLink> links, SyncReport& report);
+    FolderScan(const VdirFolder& folder, Store& store, const std::string& identifier, SyncReport& report);
 
-    std::vector<ScannedLink>& links() { return m_links; }
+    // In the order of their records; without those for whom nothing has happened on either side, who are counted.
+    std::deque<ScannedLink>& links() { return m_links; }
+    int quiet() const { return m_quiet; }
     std::vector<ScannedCard>& strangers() { return m_strangers; }
     GroupCards& groups() { return m_groups; }
+
+    // Somebody has written the store meanwhile.
+    bool isStale() const { return m_stale; }
+
+    // Those who have no record, whoever took it.
+    void addGone();
 
 private:
     struct Fresh {
         ScannedCard card;
-        int link = -1; // the one whose file had that name
+        int place = -1; // of the one whose file had that name
     };
+    enum class Seen : char { No, Quiet, Linked };
 
+    bool isQuiet(std::string_view file, std::string_view look);
+    ScannedLink* link(int place);
+    ScannedLink* linkOf(const std::string& file) { return link(m_byFile.find(file)); }
     bool takeUnread(VdirEntry& entry);
     void look(VdirEntry entry);
+    void lookAtMembers();
     void settleFresh();
     void settle(Fresh& fresh);
     bool isFor(const ScannedLink& link, const ScannedCard& card) const;
     void attach(ScannedLink& link, ScannedCard card);
     void leave(const std::string& file, const char* why);
+    void sort();
 
     const VdirFolder& m_folder;
+    Store& m_store;
+    const std::string m_identifier;
     SyncReport& m_report;
-    std::vector<ScannedLink> m_links;
-    std::unordered_map<std::string_view, int> m_byFile;
-    std::unordered_map<std::string, int> m_byUid; // once it is needed
+    const SyncLooks m_looks;
+    const LooksByFile m_byFile;
+    std::vector<Seen> m_seen;                      // of each of the looks
+    std::unordered_map<int, ScannedLink*> m_found; // those linked, by their places; until they are sorted
+    std::unordered_map<std::string, int> m_byUid;  // once it is needed
+    std::deque<ScannedLink> m_links;
+    int m_quiet = 0;
+    bool m_stale = false;
     std::vector<Fresh> m_fresh;
     std::vector<ScannedCard> m_strangers;
     GroupCards m_groups;

@@ -30,6 +30,13 @@ std::vector<std::string> heldGroups(const std::string& lines)
     return held;
 }
 
+// How many of those known have a record.
+int countPresent(FolderScan& scan)
+{
+    return scan.quiet() + static_cast<int>(std::count_if(scan.links().begin(), scan.links().end(),
+                                                         [](const ScannedLink& link) { return !link.link.gone; }));
+}
+
 bool tooMany(int gone, int all)
 {
     return gone > deletionsUnasked && gone * deletionsPart > all;
@@ -88,9 +95,16 @@ SyncReport Synchroniser::run()
 bool Synchroniser::pass()
 {
     m_again = false;
-    FolderScan scan(*m_folder, m_store.syncLinks(m_identifier), m_report);
-    const bool first = std::none_of(scan.links().begin(), scan.links().end(),
-                                    [](const ScannedLink& link) { return link.link.hasCard; });
+    FolderScan scan(*m_folder, m_store, m_identifier, m_report);
+    m_present = countPresent(scan);
+    if (m_present != m_store.size()) {
+        scan.addGone();
+        m_present = countPresent(scan);
+    }
+    if (scan.isStale())
+        return true;
+    const bool first = scan.quiet() == 0 && std::none_of(scan.links().begin(), scan.links().end(),
+                                                         [](const ScannedLink& link) { return link.link.hasCard; });
     if ((first || m_settings.force) && !m_settings.dryRun && !std::exchange(m_backedUp, true) && m_settings.backUp)
         m_settings.backUp();
     countGone(scan);
@@ -103,7 +117,7 @@ bool Synchroniser::pass()
 
 void Synchroniser::countGone(FolderScan& scan)
 {
-    int all = 0;
+    int all = scan.quiet();
     int here = 0;
     int there = 0;
     for (const ScannedLink& link : scan.links()) {
@@ -249,11 +263,8 @@ void Synchroniser::settleStrangers(FolderScan& scan)
     std::vector<SyncLink> records;
     std::vector<SyncContent> contents;
     std::vector<Unpaired> here;
-    const auto present = std::count_if(scan.links().begin(), scan.links().end(), [](const ScannedLink& link) {
-        return link.link.record != 0 && !link.link.gone;
-    });
     // Mostly everybody has one, and nobody has to be looked for.
-    const bool all = present == m_store.size();
+    const bool all = m_present == m_store.size();
     for (SyncLink& record : all ? std::vector<SyncLink>() : m_store.recordsWithoutLink(m_identifier)) {
         std::optional<SyncContent> content = m_store.syncContent(record.record);
         if (!content || takeBack(scan, record, *content))

@@ -93,6 +93,7 @@ private:
     bool m_again = false;
     bool m_holdHere = false;
     bool m_holdThere = false;
+    int m_present = 0; // records that have a link
     std::vector<Task> m_tasks;
     std::size_t m_gathered = 0; // octets of those
     SyncReport m_report;

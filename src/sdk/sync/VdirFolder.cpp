@@ -8,11 +8,11 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <charconv>
 #include <cstdio>
 #include <cstring>
 #include <ctime>
 #include <memory>
+#include <string_view>
 
 #include "base/Failure.h"
 #include "base/OpenFile.h"
@@ -47,9 +47,9 @@ long long nanoseconds(const timespec& time)
     return static_cast<long long>(time.tv_sec) * 1000000000LL + time.tv_nsec;
 }
 
-bool isCardName(const std::string& name)
+bool isCardName(std::string_view name)
 {
-    return name.size() > 4 && name[0] != '.' && ::strcasecmp(name.c_str() + name.size() - 4, ".vcf") == 0;
+    return name.size() > 4 && name[0] != '.' && ::strncasecmp(name.data() + name.size() - 4, ".vcf", 4) == 0;
 }
 
 std::string readAll(int file, std::size_t limit)
@@ -80,35 +80,44 @@ OpenFolder openNames(int folder)
     return OpenFolder(copy < 0 ? nullptr : ::fdopendir(copy));
 }
 
-// Its times, length and place.
-std::string lookOf(const struct stat& state)
+// Its times, length and place; nothing for one that was written too lately to tell.
+class Look
 {
-    char text[96];
-    char* at = text;
-    for (const long long number : {nanoseconds(state.st_mtim), nanoseconds(state.st_ctim),
-                                   static_cast<long long>(state.st_size), static_cast<long long>(state.st_ino)}) {
-        at = std::to_chars(at, text + sizeof text, number).ptr;
-        *at++ = ' ';
+public:
+    Look(const struct stat& state, long long now)
+    {
+        const long long changed = nanoseconds(state.st_ctim);
+        const long long sure = state.st_ctim.tv_nsec == 0 ? sureAfterWholeSeconds : sureAfter;
+        m_sure = std::max(nanoseconds(state.st_mtim), changed) + sure < now;
+        m_numbers[0] = nanoseconds(state.st_mtim);
+        m_numbers[1] = changed;
+        m_numbers[2] = static_cast<long long>(state.st_size);
+        m_numbers[3] = static_cast<long long>(state.st_ino);
     }
-    return std::string(text, at - 1);
+    std::string_view octets() const
+    {
+        return std::string_view(reinterpret_cast<const char*>(m_numbers), m_sure ? sizeof m_numbers : 0);
+    }
+
+private:
+    long long m_numbers[4] = {};
+    bool m_sure = false;
+};
+
+// Why a file is none to read; null for a card.
+const char* obstacleOf(const struct stat& state)
+{
+    if (S_ISLNK(state.st_mode))
+        return "a symbolic link is not followed";
+    if (!S_ISREG(state.st_mode))
+        return "it is no plain file";
+    return static_cast<std::size_t>(state.st_size) > largestCardFile ? "it is larger than 5 MB" : nullptr;
 }
 
-VdirEntry entryOf(const std::string& name, const struct stat& state, long long now)
+VdirEntry entryOf(std::string_view name, const struct stat& state, long long now)
 {
-    VdirEntry entry;
-    entry.name = name;
-    if (S_ISLNK(state.st_mode))
-        entry.left = "a symbolic link is not followed";
-    else if (!S_ISREG(state.st_mode))
-        entry.left = "it is no plain file";
-    else if (static_cast<std::size_t>(state.st_size) > largestCardFile)
-        entry.left = "it is larger than 5 MB";
-    entry.changed = state.st_mtim.tv_sec;
-    const long long written = std::max(nanoseconds(state.st_mtim), nanoseconds(state.st_ctim));
-    const long long sure = state.st_ctim.tv_nsec == 0 ? sureAfterWholeSeconds : sureAfter;
-    if (written + sure < now)
-        entry.look = lookOf(state);
-    return entry;
+    return {std::string(name), std::string(Look(state, now).octets()), static_cast<long long>(state.st_mtim.tv_sec),
+            obstacleOf(state)};
 }
 
 long long nowInNanoseconds()
@@ -136,7 +145,7 @@ VdirFolder::~VdirFolder()
     ::close(m_folder);
 }
 
-std::vector<VdirEntry> VdirFolder::list() const
+std::vector<VdirEntry> VdirFolder::list(const Known& known) const
 {
     const OpenFolder folder = openNames(m_folder);
     if (!folder)
@@ -146,7 +155,7 @@ std::vector<VdirEntry> VdirFolder::list() const
     errno = 0;
     while (const dirent* const found = ::readdir(folder.get())) {
         struct stat state = {};
-        const std::string name = found->d_name;
+        const std::string_view name = found->d_name;
         if (m_marker >= 0 && name.compare(0, sizeof halfName - 1, halfName) == 0) {
             ::unlinkat(m_folder, found->d_name, 0);
             errno = 0;
@@ -154,10 +163,12 @@ std::vector<VdirEntry> VdirFolder::list() const
         if (!isCardName(name))
             continue;
         // One that nothing can be told of is there all the same.
-        if (::fstatat(m_folder, found->d_name, &state, AT_SYMLINK_NOFOLLOW) == 0)
-            entries.push_back(entryOf(name, state, now));
-        else if (errno != ENOENT)
-            failFile("looking at", name);
+        if (::fstatat(m_folder, found->d_name, &state, AT_SYMLINK_NOFOLLOW) == 0) {
+            if (!known || obstacleOf(state) != nullptr || !known(name, Look(state, now).octets()))
+                entries.push_back(entryOf(name, state, now));
+        } else if (errno != ENOENT) {
+            failFile("looking at", std::string(name));
+        }
         errno = 0;
     }
     // Half a list would look like deletions.

@@ -1,8 +1,10 @@
 #ifndef SDK_SYNC_VDIRFOLDER_H
 #define SDK_SYNC_VDIRFOLDER_H
 
+#include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace orva
@@ -32,9 +34,10 @@ public:
     VdirFolder(const VdirFolder&) = delete;
     VdirFolder& operator=(const VdirFolder&) = delete;
 
-    // Those whose name ends in ".vcf", in no order. What a sync left that was broken off goes, where the marker is
-    // locked.
-    std::vector<VdirEntry> list() const;
+    // Those whose name ends in ".vcf", in no order, but none that `known` takes by its name and look. What a sync left
+    // that was broken off goes, where the marker is locked.
+    using Known = std::function<bool(std::string_view name, std::string_view look)>;
+    std::vector<VdirEntry> list(const Known& known = Known()) const;
     std::optional<VdirEntry> entry(const std::string& name) const;
 
     // The octets of a file; nothing if it is gone, no plain file or too large.

@@ -72,7 +72,7 @@ TEST(aStoreOfAnEarlierReleaseLearnsToSynchronise)
     ORVA_Sim_Reset(nullptr);
     {
         RawStore raw(data);
-        CHECK_EQ(raw.ask("DROP TABLE sync_links"), "");
+        CHECK_EQ(raw.ask("DROP TABLE sync_links"), ""); // and its indices
         CHECK_EQ(raw.ask("DROP TABLE sync_folders"), "");
         CHECK_EQ(raw.ask("DROP INDEX bin_record"), "");
         CHECK_EQ(raw.ask("PRAGMA user_version = 3"), "");
@@ -81,6 +81,39 @@ TEST(aStoreOfAnEarlierReleaseLearnsToSynchronise)
     const std::string cards = freshCards();
     CHECK_EQ(synchronise(cards).counts.added_there, 1);
     CHECK(isQuiet(cards));
+}
+
+TEST(aStoreOfBeforeTheIndexOfLooksKeepsItsLinks)
+{
+    const std::string data = useFreshFolder();
+    const std::string cards = freshCards();
+    writeFile(cards + "/a.vcf", cardText("a", "Anna", "TEL;TYPE=CELL:1\r\n"));
+    writeFile(cards + "/b.vcf", cardText("b", "Bert"));
+    writeFile(cards + "/c.vcf", cardText("c", "Carl"));
+    synchronise(cards);
+    ORVA_Sim_Reset(nullptr);
+    {
+        // Looks were texts then.
+        RawStore raw(data);
+        CHECK_EQ(raw.ask("DROP INDEX sync_links_look"), "");
+        CHECK_EQ(raw.ask("UPDATE sync_links SET look = CAST('1700000000000000000 1700000000000000000 99 7' AS BLOB)"),
+                 "");
+        CHECK_EQ(raw.ask("PRAGMA user_version = 4"), "");
+    }
+    CHECK_EQ(ORVA_Sim_Reset(data.c_str()), ORVA_OK);
+    CHECK_EQ(sizeOf(local), 3);
+    CHECK_EQ(RawStore(data).ask("SELECT count(*) FROM sync_links WHERE card IS NOT NULL"), "3");
+    // A deletion on either side, and a change, since then.
+    std::filesystem::remove(cards + "/b.vcf");
+    CHECK_EQ(ORVA_PBSrv_DelAddrRec(3, local), ORVA_OK);
+    change(1, {{"Mobile", u"2"}});
+    const Synced synced = synchronise(cards);
+    CHECK_EQ(synced.counts.deleted_here, 1);
+    CHECK_EQ(synced.counts.deleted_there, 1);
+    CHECK_EQ(synced.counts.changed_there, 1);
+    CHECK_EQ(synced.changes(), 3);
+    CHECK(isQuiet(cards));
+    CHECK_EQ(RawStore(data).findings(), "");
 }
 
 TEST(onlyWhatWasTouchedIsLookedAt)

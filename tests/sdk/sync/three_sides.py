@@ -3,7 +3,7 @@
 
 Random edits on all of them; at each quiet point all hold the same, and what one side alone has changed is what it wrote.
 A server (radicale) on loopback, vdirsyncer between it and each folder, vobject as the foreign client. LINKHAND_SEED and
-LINKHAND_EDITS choose; LINKHAND_FULL=1 makes 5,000 edits."""
+LINKHAND_EDITS choose; LINKHAND_FULL=1 makes 5,000 edits, and has up to 60 of them between two quiet points."""
 
 import glob
 import json
@@ -13,7 +13,14 @@ import shutil
 import subprocess
 import sys
 import time
+import traceback
 
+import vdirsyncer.cli
+import vdirsyncer.cli.config
+import vdirsyncer.cli.discover
+import vdirsyncer.cli.tasks
+import vdirsyncer.storage.dav
+import vdirsyncer.storage.filesystem
 import vobject
 
 sys.dont_write_bytecode = True
@@ -23,7 +30,9 @@ PBCTL = sys.argv[1]
 HOME = os.environ["HOME"]
 SEED = int(os.environ.get("LINKHAND_SEED", "1"))
 EDITS = int(os.environ.get("LINKHAND_EDITS", "5000" if os.environ.get("LINKHAND_FULL") else "200"))
-BETWEEN = 20  # edits between two quiet points
+BETWEEN = (5, 60 if EDITS > 1000 else 35)  # edits between two quiet points
+MANY = 150  # contacts; from there on more go than come
+DELETIONS = 10  # between two quiet points: more at once are held
 rnd = random.Random(SEED)
 
 
@@ -39,6 +48,7 @@ class Side:
         self.folder = HOME + "/" + name
         self.cards = self.folder + "/cards"
         self.before = self.folder + "/before"
+        self.known = None  # what a list of names leads to, as long as nobody has synchronised
         os.makedirs(self.cards)
         os.makedirs(self.before)
         self.config = self.folder + "/config"
@@ -52,21 +62,53 @@ class Side:
         self.vdirsyncer("discover")
 
     def vdirsyncer(self, command):
-        done = subprocess.run(["/usr/bin/vdirsyncer", "-v", "ERROR", "-c", self.config, command],
-                              stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
-        if done.returncode != 0:
-            fail("%s: vdirsyncer %s: %s" % (self.name, command, done.stdout))
+        """A process of its own, but one that need not load the program first: that takes longer than its work."""
+        sys.stdout.flush()
+        sys.stderr.flush()
+        child = os.fork()
+        if child == 0:
+            self.become_vdirsyncer(command)
+        code = os.waitstatus_to_exitcode(os.waitpid(child, 0)[1])
+        if code != 0:
+            with open(self.folder + "/output") as output:
+                fail("%s: vdirsyncer %s: %d %s" % (self.name, command, code, output.read()))
+
+    def become_vdirsyncer(self, command):
+        code = 70
+        try:
+            output = os.open(self.folder + "/output", os.O_WRONLY | os.O_CREAT | os.O_TRUNC, 0o600)
+            for target, place in ((0, os.open("/dev/null", os.O_RDONLY)), (1, output), (2, output)):
+                os.dup2(place, target)
+            try:
+                vdirsyncer.cli.app(["-v", "ERROR", "-c", self.config, command], prog_name="vdirsyncer")
+                code = 0
+            except SystemExit as end:
+                code = end.code if isinstance(end.code, int) else 0 if end.code is None else 1
+            except BaseException:
+                traceback.print_exc()
+            sys.stdout.flush()
+            sys.stderr.flush()
+        finally:
+            os._exit(code)
 
     def local(self):
         pass
 
     def sync(self):
+        self.known = None
         self.local()
         self.vdirsyncer("sync")
-        # What both have in common now.
+        # What both have in common now. Everybody replaces files and none writes into one.
         shutil.rmtree(self.before)
-        shutil.copytree(self.cards, self.before)
+        os.makedirs(self.before)
+        for path in glob.glob(self.cards + "/*.vcf"):
+            os.link(path, self.before + "/" + os.path.basename(path))
         self.local()
+
+    def names(self):
+        if self.known is None:
+            self.known = self.read_names()
+        return self.known
 
 
 class Phonebook(Side):
@@ -88,7 +130,7 @@ class Phonebook(Side):
 
     def contacts(self):
         found = {}
-        names = self.names()
+        names = self.read_names()
         for one in json.loads(self.pbctl("show", "--json", *map(str, names.values()))) if names else []:
             kept = {entry["property"].split(";")[0]: entry["value"] for entry in one["kept"]}
             found[one["Name"]] = {"mobile": one["Mobile"], "home": one["homePhone"], "email": one["email"],
@@ -96,7 +138,7 @@ class Phonebook(Side):
                                   "groups": sorted(one["groups"])}
         return found
 
-    def names(self):
+    def read_names(self):
         found = json.loads(self.pbctl("list", "--json"))
         names = {one["Name"]: one["id"] for one in found}
         if len(names) < len(found):
@@ -105,7 +147,7 @@ class Phonebook(Side):
 
     def add(self, name, fields, group):
         words = ["Name=" + name, "Mobile=" + fields["mobile"], "email=" + fields["email"]]
-        self.pbctl("add", "--group", group, *words)
+        self.names()[name] = int(self.pbctl("add", "--group", group, *words))
 
     FIELDS = {"mobile": "Mobile", "home": "homePhone", "email": "email", "note": "remark", "org": "ORG"}
 
@@ -113,15 +155,26 @@ class Phonebook(Side):
         self.pbctl("edit", str(self.names()[name]), "%s=%s" % (self.FIELDS[field], value))
 
     def delete(self, name):
-        self.pbctl("delete", str(self.names()[name]))
+        self.pbctl("delete", str(self.names().pop(name)))
 
 
 class Foreign(Side):
+    def __init__(self, name, server):
+        self.parsed = {}  # path -> how the file looks, its card
+        super().__init__(name, server)
+
+    def card(self, path):
+        state = os.stat(path)
+        look = (state.st_mtime_ns, state.st_ctime_ns, state.st_size, state.st_ino)
+        if self.parsed.get(path, (None,))[0] != look:
+            with open(path, newline="") as file:
+                self.parsed[path] = (look, vobject.readOne(file.read()))
+        return self.parsed[path][1]
+
     def read(self):
         found = {}
         for path in glob.glob(self.cards + "/*.vcf"):
-            with open(path, newline="") as file:
-                card = vobject.readOne(file.read())
+            card = self.card(path)
             if card.fn.value in found:
                 fail("%s is there twice on the server" % card.fn.value)
             found[card.fn.value] = (path, card)
@@ -146,10 +199,11 @@ class Foreign(Side):
                            "note": text("note"), "org": text("org"), "groups": sorted(groups)}
         return found
 
-    def names(self):
-        return self.read()
+    def read_names(self):
+        return {name: path for name, (path, _) in self.read().items()}
 
     def write(self, path, card):
+        self.parsed.pop(path, None)
         for one in list(card.contents.get("rev", [])):
             card.remove(one)
         card.add("rev").value = time.strftime("%Y%m%dT%H%M%SZ", time.gmtime())
@@ -168,10 +222,13 @@ class Foreign(Side):
         card.add("email").value = fields["email"]
         card.add("categories").value = [group]
         card.add("x-foreign").value = "of " + name
-        self.write(self.cards + "/foreign-" + name.replace(" ", "-") + ".vcf", card)
+        path = self.cards + "/foreign-" + name.replace(" ", "-") + ".vcf"
+        self.write(path, card)
+        self.names()[name] = path
 
     def change(self, name, field, value):
-        path, card = self.read()[name]
+        path = self.names()[name]
+        card = self.card(path)
         what, kind = {"mobile": ("tel", "CELL"), "home": ("tel", "HOME")}.get(field, (field, None))
         one = self.first(card, what, kind)
         if one is None:
@@ -182,7 +239,7 @@ class Foreign(Side):
         self.write(path, card)
 
     def delete(self, name):
-        os.remove(self.read()[name][0])
+        os.remove(self.names().pop(name))
 
 
 class Model:
@@ -193,7 +250,7 @@ class Model:
         self.edits = {}  # name -> side -> field -> value
         self.added = {}
         self.deleted = {}  # name -> sides
-        self.met = False  # somebody has synchronised in between, and may have deleted what another had changed before
+        self.met = set()  # names of before somebody has synchronised in between, who may then delete what was changed
 
     def note(self, side, name, field, value):
         self.edits.setdefault(name, {}).setdefault(side, {})[field] = value
@@ -202,13 +259,16 @@ class Model:
         self.edits.get(name, {}).pop(side, None)
         self.deleted.setdefault(name, set()).add(side)
 
+    def meet(self):
+        self.met |= set(self.edits) | set(self.deleted) | set(self.added)
+
     def check(self, found):
         for name in set(self.state) | set(self.added):
             edits = {side: fields for side, fields in self.edits.get(name, {}).items() if fields}
             if name in self.deleted:
                 if not edits and name in found:
                     fail("%s was deleted and is there" % name)
-                if edits and name not in found and not self.met:
+                if edits and name not in found and name not in self.met:
                     fail("%s was changed and is gone" % name)
                 continue
             if name not in found:
@@ -235,9 +295,10 @@ def value_for(field, number):
 
 def quiet(sides):
     """Synchronises until nobody has anything to do; what all of them hold."""
-    for _ in range(6):
-        for side in sides:
-            side.sync()
+    for turn in range(6 * len(sides)):
+        sides[turn % len(sides)].sync()
+        if turn < 2 * len(sides) - 2:
+            continue  # the last but one of them has not heard of the last
         states = [side.contacts() for side in sides]
         if states[0] == states[1] == states[2]:
             for side in sides[:2]:
@@ -256,13 +317,13 @@ def edit(sides, model, number):
     side = rnd.choice(sides)
     names = sorted(side.names())
     kind = rnd.random()
-    if kind < 0.12 or not names:
+    if kind < (0.12 if len(names) < MANY else 0.04) or not names:
         name = "Person %05d" % number
         fields = {"mobile": value_for("mobile", number), "email": value_for("email", number)}
         group = rnd.choice(["Friends", "Friends/Choir", "Work, paid"])
         side.add(name, fields, group)
         model.added[name] = dict(fields, home="", note="", org="", groups=[group])
-    elif kind < 0.20:
+    elif kind < 0.20 and len(model.deleted) < DELETIONS:
         name = rnd.choice(names)
         side.delete(name)
         model.delete(side.name, name)
@@ -282,13 +343,15 @@ def main():
             sides[0].add("Start %02d" % number, {"mobile": value_for("mobile", number),
                                                 "email": value_for("email", number)}, "Friends")
         state = quiet(sides)
-        for number in range(100, 100 + EDITS, BETWEEN):
+        number = 100
+        while number < 100 + EDITS:
             model = Model(state)
-            for i in range(number, number + BETWEEN):
-                edit(sides, model, i)
+            for _ in range(min(rnd.randint(*BETWEEN), 100 + EDITS - number)):
+                edit(sides, model, number)
+                number += 1
                 if rnd.random() < 0.1:
                     rnd.choice(sides).sync()
-                    model.met = True
+                    model.meet()
             state = quiet(sides)
             model.check(state)
         print("%d edits on three sides, %d contacts at the end" % (EDITS, len(state)))
