@@ -896,6 +896,10 @@
         <translation>تحديد صف إضافي</translation>
     </message>
     <message>
+        <source>IDS_HOST_HELP_COPY_TO</source>
+        <translation>نسخ جهات الاتصال المحددة إلى مجموعة أو إلى البطاقة أو الجهاز</translation>
+    </message>
+    <message>
         <source>IDS_HOST_HELP_ONE_MORE</source>
         <translation>تحديد الصف أو إلغاء تحديده وترك البقية</translation>
     </message>
@@ -910,6 +914,10 @@
     <message>
         <source>IDS_HOST_HELP_SEARCH</source>
         <translation>البحث</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_SEARCH_DOWN</source>
+        <translation>الانتقال إلى أول جهة اتصال عُثر عليها</translation>
     </message>
     <message>
         <source>IDS_HOST_HELP_SEARCH_ESCAPE</source>

@@ -896,6 +896,10 @@
         <translation>Eine weitere Zeile auswählen</translation>
     </message>
     <message>
+        <source>IDS_HOST_HELP_COPY_TO</source>
+        <translation>Die ausgewählten Kontakte in eine Gruppe, auf die Karte oder das Gerät kopieren</translation>
+    </message>
+    <message>
         <source>IDS_HOST_HELP_ONE_MORE</source>
         <translation>Die Zeile auswählen oder nicht und die anderen lassen</translation>
     </message>
@@ -910,6 +914,10 @@
     <message>
         <source>IDS_HOST_HELP_SEARCH</source>
         <translation>Suche</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_SEARCH_DOWN</source>
+        <translation>Zum ersten gefundenen Kontakt gehen</translation>
     </message>
     <message>
         <source>IDS_HOST_HELP_SEARCH_ESCAPE</source>

@@ -896,6 +896,10 @@
         <translation>Select one more row</translation>
     </message>
     <message>
+        <source>IDS_HOST_HELP_COPY_TO</source>
+        <translation>Copy the selected contacts to a group, the card or the device</translation>
+    </message>
+    <message>
         <source>IDS_HOST_HELP_ONE_MORE</source>
         <translation>Select the row, or not, and leave the others</translation>
     </message>
@@ -910,6 +914,10 @@
     <message>
         <source>IDS_HOST_HELP_SEARCH</source>
         <translation>Search</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_SEARCH_DOWN</source>
+        <translation>Go to the first contact that was found</translation>
     </message>
     <message>
         <source>IDS_HOST_HELP_SEARCH_ESCAPE</source>

@@ -896,6 +896,10 @@
         <translation>再多选一行</translation>
     </message>
     <message>
+        <source>IDS_HOST_HELP_COPY_TO</source>
+        <translation>将选中的联系人复制到群组、卡或设备</translation>
+    </message>
+    <message>
         <source>IDS_HOST_HELP_ONE_MORE</source>
         <translation>选择或取消选择该行，其他行不变</translation>
     </message>
@@ -910,6 +914,10 @@
     <message>
         <source>IDS_HOST_HELP_SEARCH</source>
         <translation>搜索</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_HELP_SEARCH_DOWN</source>
+        <translation>转到第一个找到的联系人</translation>
     </message>
     <message>
         <source>IDS_HOST_HELP_SEARCH_ESCAPE</source>

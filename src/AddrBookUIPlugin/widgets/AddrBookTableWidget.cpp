@@ -50,6 +50,11 @@ QModelIndexList AddrBookTableWidget::GetSelectedIndexes() const
     return selectedIndexes();
 }
 
+QString AddrBookTableWidget::dragData() const
+{
+    return dragDataOf(tableRowData(item(currentRow(), 0)));
+}
+
 QVariant AddrBookTableWidget::inputMethodQuery(Qt::InputMethodQuery enQuery) const
 {
     QVariant answer = QTableWidget::inputMethodQuery(enQuery);
@@ -108,9 +113,9 @@ bool AddrBookTableWidget::pressStartsDrag() const
 
 // A row whose block cannot be read ends the text where it stands. The text names no memory: it can only hold rows of
 // the one that the pressed row is of, though rows left over from another may be selected too.
-void AddrBookTableWidget::buildDragData(const TableRowData* pPressed)
+QString AddrBookTableWidget::dragDataOf(const TableRowData* pPressed) const
 {
-    m_strDragData = QLatin1String("");
+    QString strData = QLatin1String("");
     const QList<QTableWidgetSelectionRange> listRanges = selectedRanges();
     for (const QTableWidgetSelectionRange& range : listRanges) {
         for (int iRow = range.topRow(); iRow <= range.bottomRow(); ++iRow) {
@@ -119,13 +124,14 @@ void AddrBookTableWidget::buildDragData(const TableRowData* pPressed)
                 continue;
             const TableRowData* pData = tableRowData(pitem);
             if (pData == nullptr)
-                return;
+                return strData;
             if (pPressed != nullptr && pData->enType != pPressed->enType)
                 continue;
-            m_strDragData += QString::number(pData->iRecordID) + dragSeparator();
-            m_strDragData += QString::number(pData->iGroupID) + dragSeparator();
+            strData += QString::number(pData->iRecordID) + dragSeparator();
+            strData += QString::number(pData->iGroupID) + dragSeparator();
         }
     }
+    return strData;
 }
 
 void AddrBookTableWidget::mousePressEvent(QMouseEvent* pEvent)
@@ -140,7 +146,7 @@ void AddrBookTableWidget::mousePressEvent(QMouseEvent* pEvent)
     // Whoever listens notes where a drag would come from, which must happen before one starts.
     emit itemClicked(pitem);
     if ((pEvent->buttons() & Qt::LeftButton) && pressStartsDrag())
-        buildDragData(tableRowData(pitem));
+        m_strDragData = dragDataOf(tableRowData(pitem));
 }
 
 void AddrBookTableWidget::mouseMoveEvent(QMouseEvent* pEvent)

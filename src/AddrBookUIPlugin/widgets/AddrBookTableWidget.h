@@ -19,6 +19,7 @@ struct TableRowData;
 class AddrBookTableWidget : public QTableWidget
 {
     Q_OBJECT
+    Q_PROPERTY(QString dragData READ dragData)
 
 public:
     AddrBookTableWidget(int iRows, int iColumns, QWidget* pParent);
@@ -26,6 +27,9 @@ public:
 
     // selectedIndexes(), for everybody.
     QModelIndexList GetSelectedIndexes() const;
+
+    // What "Text/stringids" of a drag of the selected rows would be, for those who copy them by key.
+    QString dragData() const;
 
     // Where the current cell is: the menu key opens the context menu there.
     QVariant inputMethodQuery(Qt::InputMethodQuery enQuery) const override;
@@ -75,7 +79,7 @@ private slots:
 private:
     void listenToRows();
     bool pressStartsDrag() const;
-    void buildDragData(const TableRowData* pPressed);
+    QString dragDataOf(const TableRowData* pPressed) const;
     void startDragOfRows();
 
     RunningDrag m_drag;

@@ -16,6 +16,8 @@
 #include <QTreeView>
 #include <QWindow>
 
+#include "test/ReaderQueries.h"
+
 namespace
 {
 
@@ -259,6 +261,14 @@ QStringList WidgetQueries::Answer(const QString& strQuery, bool& bFound)
     bFound = true;
     if (strVerb == QLatin1String("windows")) {
         return windows();
+    }
+    if (strVerb == QLatin1String("place") || strVerb == QLatin1String("texts")) {
+        QStringList lstLines;
+        foreach (const QString& strText,
+                 strVerb == QLatin1String("place") ? ReaderQueries::Place() : ReaderQueries::Texts()) {
+            lstLines.append(escaped(strText));
+        }
+        return lstLines;
     }
     QWidget* pWidget = Find(strQuery.section(QLatin1Char('\t'), 1));
     const QAbstractItemView* pView = qobject_cast<QAbstractItemView*>(pWidget);

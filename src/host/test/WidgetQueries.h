@@ -19,6 +19,8 @@ QWidget* Find(const QString& strAddress);
 // Runs a query, "verb<TAB>address". The answer is a list of lines of fields separated by tabs, in which tab, line end
 // and backslash are escaped; bFound is false for an unknown verb or an address without a widget.
 //   windows            class, object name, title, x, y, width, height, modal, active
+//   place              the names of the place that has the keyboard, one a line (ReaderQueries.h)
+//   texts              the texts of the window in front, one a line
 //   widget ADDRESS     class, object name, text, x, y, width, height, enabled, focused, checked,
 //                      shown by the display
 //   rows ADDRESS       number of rows of an item view that are not hidden

@@ -10,6 +10,7 @@
 #include "linkhand/core/Change.h"
 #include "linkhand/plugin/Codes.h"
 #include "text/HostText.h"
+#include "window/CopyKeys.h"
 #include "window/PhonebookKeys.h"
 
 namespace
@@ -29,8 +30,9 @@ const Key GENERAL_KEYS[] = {
 const Key CONTACT_KEYS[] = {{"Return", "IDS_HOST_HELP_EDIT"},
                             {"Ctrl+A", "IDS_HOST_HELP_ALL"},
                             {"Shift+Up|Shift+Down", "IDS_HOST_HELP_MORE"},
-                            {"Ctrl+Space", "IDS_HOST_HELP_ONE_MORE"}};
-const Key SEARCH_KEYS[] = {{"Esc", "IDS_HOST_HELP_SEARCH_ESCAPE"}};
+                            {"Ctrl+Space", "IDS_HOST_HELP_ONE_MORE"},
+                            {CopyKeys::KEY, "IDS_HOST_HELP_COPY_TO"}};
+const Key SEARCH_KEYS[] = {{"Down", "IDS_HOST_HELP_SEARCH_DOWN"}, {"Esc", "IDS_HOST_HELP_SEARCH_ESCAPE"}};
 const Key CALL_KEYS[] = {{"Del", "IDS_HOST_HELP_CALL_DELETE"}};
 const Key FINDING_KEYS[] = {{"Ctrl+C", "IDS_HOST_FINDINGS_COPY"}, {"Ctrl+S", "IDS_HOST_FINDINGS_SAVE"}};
 

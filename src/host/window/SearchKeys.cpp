@@ -18,10 +18,11 @@ bool SearchKeys::eventFilter(QObject* pObject, QEvent* pEvent)
 {
     if (pEvent->type() == QEvent::KeyPress || pEvent->type() == QEvent::ShortcutOverride) {
         const QKeyEvent* const pKey = static_cast<QKeyEvent*>(pEvent);
-        if (pKey->key() == Qt::Key_Escape && pKey->modifiers() == Qt::NoModifier) {
+        const bool bPlain = pKey->modifiers() == Qt::NoModifier || pKey->modifiers() == Qt::KeypadModifier;
+        if (bPlain && (pKey->key() == Qt::Key_Escape || pKey->key() == Qt::Key_Down)) {
             pEvent->accept();
             if (pEvent->type() == QEvent::KeyPress) {
-                escape();
+                pKey->key() == Qt::Key_Escape ? escape() : toContacts();
             }
             return true;
         }
@@ -44,5 +45,17 @@ void SearchKeys::escape()
     QTableWidget* const pTable = PhonebookParts::Table(m_page);
     if (pTable != nullptr && !pSearch->isVisible()) {
         pTable->setFocus(Qt::OtherFocusReason);
+    }
+}
+
+void SearchKeys::toContacts()
+{
+    QTableWidget* const pTable = PhonebookParts::Table(m_page);
+    if (pTable == nullptr || pTable->rowCount() == 0) {
+        return;
+    }
+    pTable->setFocus(Qt::TabFocusReason);
+    if (pTable->selectedItems().isEmpty()) {
+        pTable->setCurrentCell(0, 0);
     }
 }

@@ -5,8 +5,8 @@
 
 class QWidget;
 
-// Escape in the phonebook's search box: the first empties it, as if it were typed, and the second puts it away by its
-// own button, so that the window knows. User-interface thread only.
+// Keys of the phonebook's search box. The first Escape empties it, as if it were typed, and the second puts it away by
+// its own button, so that the window knows; Down goes to what was found. User-interface thread only.
 class SearchKeys : public QObject
 {
     Q_OBJECT
@@ -20,6 +20,7 @@ protected:
 
 private:
     void escape();
+    void toContacts();
 
     QWidget& m_page;
 };

@@ -41,6 +41,15 @@ QStringList fields(const QString& strLine)
     return lstFields;
 }
 
+QStringList unescapedLines(const QStringList& lstLines)
+{
+    QStringList lstTexts;
+    foreach (const QString& strLine, lstLines) {
+        lstTexts.append(unescaped(strLine));
+    }
+    return lstTexts;
+}
+
 QRect rect(const QStringList& lstFields, int iFirst)
 {
     return QRect(lstFields.value(iFirst).toInt(), lstFields.value(iFirst + 1).toInt(),
@@ -256,6 +265,18 @@ QStringList HostDriver::Windows()
 {
     bool bFound = false;
     return ask("windows", bFound);
+}
+
+QStringList HostDriver::Place()
+{
+    bool bFound = false;
+    return unescapedLines(ask("place", bFound));
+}
+
+QStringList HostDriver::Texts()
+{
+    bool bFound = false;
+    return unescapedLines(ask("texts", bFound));
 }
 
 bool HostDriver::WaitUntil(const std::function<bool()>& condition, int iLimitMs)

@@ -101,6 +101,10 @@ public:
     ActionInfo Action(const QString& strText, const QString& strAddress = QStringLiteral("popup"));
     QStringList Windows();
 
+    // The names of the place that has the keyboard, and all texts of the window in front.
+    QStringList Place();
+    QStringList Texts();
+
     // Waits until the condition holds; false after the limit.
     static bool WaitUntil(const std::function<bool()>& condition, int iLimitMs = 15000);
     bool WaitFor(const QString& strAddress);

@@ -18,6 +18,7 @@ private slots:
     void cleanup() { stop(); }
     void escapeEmptiesTheSearchAsAnEdit();
     void escapeInAnEmptySearchPutsItAwayByItsButton();
+    void downInTheSearchGoesToTheFirstHit();
     void keysOfTheTreeReachTheTableAgainAfterADragWithoutADrop();
     void aNodeThatTheTableShowsIsNotReadAgain();
     void whatIsShownFoundAndSelectedIsCounted();
@@ -71,6 +72,19 @@ void TestHostAids::escapeInAnEmptySearchPutsItAwayByItsButton()
     // The window knows: the next click shows the box.
     pButton->click();
     QVERIFY(search()->isVisible());
+}
+
+void TestHostAids::downInTheSearchGoesToTheFirstHit()
+{
+    PhonebookParts::SearchButton(page())->click();
+    QTest::keyClicks(search(), "bob");
+    QTRY_COMPARE(names(), QStringList("Bob"));
+    QTRY_VERIFY(isRead());
+    QVERIFY(table()->selectedItems().isEmpty());
+    QTest::keyClick(search(), Qt::Key_Down);
+    QCOMPARE(table()->currentRow(), 0);
+    QVERIFY(!table()->selectedItems().isEmpty());
+    QCOMPARE(page().window()->focusWidget(), static_cast<QWidget*>(table()));
 }
 
 // Offscreen a drag ends as soon as it has begun, so that its events are made here.
