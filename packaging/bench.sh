@@ -22,7 +22,7 @@ for argument in "$@"; do
     esac
 done
 if [ ${#names[@]} = 0 ]; then
-    names=(sdk growth sync modem files worker window form batch picker memory start)
+    names=(sdk growth sync modem files worker window form batch picker completion memory start)
 fi
 
 export QT_QPA_PLATFORM=offscreen LANG=C.UTF-8

@@ -238,6 +238,15 @@ ORVA_API long ORVA_Care_Import_Release(void* import);
 ORVA_API long ORVA_Care_Export(int memory, const unsigned short* path, int format, const int* ids, int count,
                                int* written);
 
+/* How an export goes on: called on the thread that exports, before the first record and then after each few hundred,
+ * with how many of how many have been taken. Anything but 0 breaks it off. It may call the library. */
+typedef int (*ORVA_EXPORT_PROGRESS)(int done, int total, void* data);
+
+/* As ORVA_Care_Export, telling how far it is; `progress` may be null. ORVA_E_CANCELLED (orva_sync.h) for
+ * one that was broken off, which leaves no file, and one of that name as it was. */
+ORVA_API long ORVA_Care_ExportWithProgress(int memory, const unsigned short* path, int format, const int* ids,
+                                           int count, int* written, ORVA_EXPORT_PROGRESS progress, void* data);
+
 /* ---- The same person twice ------------------------------------------------------------------------------------- */
 
 #define ORVA_DUPLICATE_SAME 1   /* the same person */

@@ -26,7 +26,7 @@ extern "C" {
  */
 #define ORVA_E_MARKER 1017
 #define ORVA_E_CLIENT 1018    /* vdirsyncer, or what keeps its password, is not installed or has failed */
-#define ORVA_E_CANCELLED 1019 /* a sync that its caller broke off */
+#define ORVA_E_CANCELLED 1019 /* a sync or an export that its caller broke off */
 
 /* Options of ORVA_Sync_Run and ORVA_Sync_RunSetUp, to be added up. */
 #define ORVA_SYNC_FORCE 1   /* delete however much is gone, and take a folder without its marker as it is */

@@ -88,9 +88,6 @@ public:
     // Forgets one of them. False if it could not be.
     virtual bool RemoveCall(int iId) = 0;
 
-    // The contact with this number, empty if there is none.
-    virtual QString ContactName(const QString& strNumber) = 0;
-
     // A number as the phonebook stores it, without what is there for the eye; a text that is no number as it is.
     virtual QString CleanNumber(const QString& strNumber) = 0;
 

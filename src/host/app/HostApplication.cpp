@@ -48,6 +48,7 @@
 #include "window/MainWindow.h"
 #include "window/PhonebookAids.h"
 #include "window/PhonebookHold.h"
+#include "window/ScreenWatch.h"
 #include "window/StatusArea.h"
 #include "window/WelcomeNote.h"
 #include "window/WindowPlace.h"
@@ -247,6 +248,7 @@ int HostApplication::Run()
     connect(m_pWatcher.data(), SIGNAL(notifyCode(int, int)), m_pLifecycle.data(), SLOT(NotifyAll(int, int)));
     connect(m_pWatcher.data(), SIGNAL(changed()), m_pModem.data(), SLOT(OnDeviceChanged()));
     const KeyboardWitness keyboardWitness;
+    const ScreenWatch screenWatch(*m_pWindow);
     UnixSignals unixSignals;
     connect(&unixSignals, SIGNAL(received()), this, SLOT(OnClosing()));
     // The log-out of the desktop's session.

@@ -6,7 +6,6 @@
 
 #include "device/ChangedContact.h"
 #include "device/CleanNumber.h"
-#include "device/ContactNames.h"
 #include "device/Modem.h"
 #include "messages/MessageStore.h"
 #include "window/MainWindow.h"
@@ -88,11 +87,6 @@ void Link::Answer()
 bool Link::IsSimulated()
 {
     return m_modem.IsSimulated();
-}
-
-QString Link::ContactName(const QString& strNumber)
-{
-    return ContactNames::Of(strNumber);
 }
 
 QString Link::CleanNumber(const QString& strNumber)

@@ -32,7 +32,6 @@ public:
     QObject* CallEvents() override;
     QList<HostCall> Calls(int iSkipped, int iAtMost) override;
     bool RemoveCall(int iId) override;
-    QString ContactName(const QString& strNumber) override;
     QString CleanNumber(const QString& strNumber) override;
     void ShowPage(const QString& strPlugin) override;
     void ShowStatus(const QString& strText) override;

@@ -2,7 +2,6 @@
 
 #include <QApplication>
 
-#include "device/ContactNames.h"
 #include "device/Modem.h"
 #include "messages/MessageStore.h"
 #include "shared/HostLink.h"
@@ -21,7 +20,7 @@ const char* const ABOUT_ROOM = "room";
 } // namespace
 
 ModemNotices::ModemNotices(Modem& modem, MessageStore& store, MainWindow& window)
-    : m_modem(modem), m_store(store), m_window(window), m_bLocked(false)
+    : m_modem(modem), m_store(store), m_window(window), m_named(window.Status()), m_bLocked(false)
 {
     connect(&m_modem, SIGNAL(statusChanged()), this, SLOT(OnStatusChanged()));
     connect(&m_modem, SIGNAL(messageFinished(int)), this, SLOT(OnMessageFinished(int)));
@@ -76,23 +75,23 @@ void ModemNotices::OnStatusChanged()
 void ModemNotices::OnMessageFinished(int iId)
 {
     const StoredMessage stored = m_store.Message(iId);
-    const QString strWho = ContactNames::WithNumber(stored.message.lstNumbers.value(0));
+    const QString strNumber = stored.message.lstNumbers.value(0);
+    const bool bMms = stored.message.iKind == HOST_MESSAGE_MMS;
     switch (stored.iState) {
     case MESSAGE_SENT:
-        show(HostText::Get("IDS_HOST_SMS_SENT").arg(strWho));
+        showNamed("IDS_HOST_SMS_SENT", strNumber, QString(), QString());
         break;
     case MESSAGE_DRAFT:
-        show(HostText::Get(stored.message.iKind == HOST_MESSAGE_MMS ? "IDS_HOST_MMS_KEPT" : "IDS_HOST_SMS_KEPT")
-                 .arg(strWho));
+        showNamed(bMms ? "IDS_HOST_MMS_KEPT" : "IDS_HOST_SMS_KEPT", strNumber, QString(), QString());
         break;
     case MESSAGE_FAILED:
-        show(HostText::Get("IDS_HOST_SMS_FAILED").arg(strWho), stored.strDetail);
+        showNamed("IDS_HOST_SMS_FAILED", strNumber, QString(), stored.strDetail);
         break;
     case MESSAGE_PARTLY:
-        show(HostText::Get("IDS_HOST_SMS_PARTLY").arg(strWho), stored.strDetail);
+        showNamed("IDS_HOST_SMS_PARTLY", strNumber, QString(), stored.strDetail);
         break;
     case MESSAGE_UNCERTAIN:
-        show(HostText::Get("IDS_HOST_SMS_UNCERTAIN").arg(strWho), stored.strDetail);
+        showNamed("IDS_HOST_SMS_UNCERTAIN", strNumber, QString(), stored.strDetail);
         break;
     default:
         break;
@@ -102,17 +101,13 @@ void ModemNotices::OnMessageFinished(int iId)
 void ModemNotices::OnMessageReceived(const QString& strNumber, const QString& strText)
 {
     m_window.Status().EndNotice(QLatin1String(ABOUT_ROOM));
-    // Neither part may hold a place for the other.
-    const QString strLine = strText.section(QLatin1Char('\n'), 0, 0);
-    show(HostText::Get("IDS_HOST_SMS_RECEIVED").arg(ContactNames::WithNumber(strNumber), strLine));
+    showNamed("IDS_HOST_SMS_RECEIVED", strNumber, strText.section(QLatin1Char('\n'), 0, 0), QString());
     call();
 }
 
 void ModemNotices::OnIncomingCall(const QString& strNumber)
 {
-    show(HostText::Get("IDS_HOST_CALL_INCOMING")
-             .arg(strNumber.isEmpty() ? HostText::Get("IDS_HOST_UNKNOWN_NUMBER") : ContactNames::WithNumber(strNumber)),
-         QString(), ABOUT_CALL);
+    showNamed("IDS_HOST_CALL_INCOMING", strNumber, QString(), QString(), ABOUT_CALL);
     call();
 }
 
@@ -151,6 +146,13 @@ void ModemNotices::show(const QString& strText, const QString& strDetail, const 
     m_window.Status().ShowNotice(strDetail.isEmpty() ? strText
                                                      : strText + QLatin1String(" (") + strDetail + QLatin1Char(')'),
                                  QLatin1String(pszAbout));
+}
+
+void ModemNotices::showNamed(const char* pszId, const QString& strNumber, const QString& strMore,
+                             const QString& strDetail, const char* pszAbout)
+{
+    const NamedNotice notice = {QLatin1String(pszId), strNumber, strMore, strDetail, QLatin1String(pszAbout)};
+    m_named.Show(notice);
 }
 
 void ModemNotices::call()

@@ -5,6 +5,8 @@
 #include <QPointer>
 #include <QString>
 
+#include "app/NamedNotices.h"
+
 class MainWindow;
 class MessageStore;
 class Modem;
@@ -39,11 +41,14 @@ private slots:
 private:
     // With the modem's own words behind it, if there are any.
     void show(const QString& strText, const QString& strDetail = QString(), const char* pszAbout = "");
+    void showNamed(const char* pszId, const QString& strNumber, const QString& strMore, const QString& strDetail,
+                   const char* pszAbout = "");
     void call();
 
     Modem& m_modem;
     MessageStore& m_store;
     MainWindow& m_window;
+    NamedNotices m_named;
     QPointer<PinForm> m_pForm;
     bool m_bLocked; // and the form has been shown for it
 };

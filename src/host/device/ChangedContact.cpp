@@ -86,6 +86,7 @@ QString ChangedContact::Name(unsigned int uiMsg, unsigned int uiMemory, unsigned
                                                     : newestOfBin(ORVA_BIN_DELETED);
     }
     // Who has gone from a card is not asked for: somebody else may have the number.
-    return uiNumber == 0 || uiMsg == PHONEBOOK_CONTACT_DELETED ? QString()
-                                                               : ContactNames::Of(QString::number(uiNumber));
+    return uiNumber == 0 || uiMsg == PHONEBOOK_CONTACT_DELETED
+               ? QString()
+               : ContactNames::In(int(uiMemory), QString::number(uiNumber));
 }

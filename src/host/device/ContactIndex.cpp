@@ -62,6 +62,23 @@ quint32 endOf(const QString& strDigits)
     return (QLatin1Char('1') + NumberMatch::End(strDigits)).toUInt();
 }
 
+// What may stand in a number for the eye, and its plus.
+bool isOfNumber(const QChar& c)
+{
+    switch (c.unicode()) {
+    case '+':
+    case '-':
+    case '/':
+    case '.':
+    case '(':
+    case ')':
+    case ' ':
+        return true;
+    default:
+        return c.isDigit();
+    }
+}
+
 // -1, 0 or 1 for a tail against a beginning of the same length.
 int compared(const QString& strText, int iFrom, const QString& strBeginning)
 {
@@ -81,16 +98,18 @@ int compared(const QString& strText, int iFrom, const QString& strBeginning)
 class ContactIndex::Collector
 {
 public:
-    Collector(const QVector<Entry>& vecEntries, int iAtMost) : m_vecEntries(vecEntries), m_iAtMost(iAtMost) {}
+    Collector(const QVector<Entry>& vecEntries, int iAtMost) : m_vecEntries(vecEntries), m_iAtMost(iAtMost)
+    {
+        m_vecTaken.reserve(qMin(iAtMost, int(LOOKED_THROUGH)));
+    }
 
     const Entry& At(int iEntry) const { return m_vecEntries.at(iEntry); }
     bool IsFull() const { return m_listFound.size() >= m_iAtMost; }
     void Take(int iEntry)
     {
-        if (m_setTaken.contains(iEntry)) {
+        if (isTaken(iEntry)) {
             return;
         }
-        m_setTaken.insert(iEntry);
         HostContact contact;
         contact.strName = At(iEntry).strName;
         contact.strNumber = At(iEntry).strNumber;
@@ -99,9 +118,26 @@ public:
     const QList<HostContact>& Found() const { return m_listFound; }
 
 private:
+    // The few that somebody is offered are sooner looked through than hashed.
+    static const int LOOKED_THROUGH = 64;
+
+    bool isTaken(int iEntry)
+    {
+        if (m_vecTaken.contains(iEntry) || m_setTaken.contains(iEntry)) {
+            return true;
+        }
+        if (m_vecTaken.size() < LOOKED_THROUGH) {
+            m_vecTaken.append(iEntry);
+        } else {
+            m_setTaken.insert(iEntry);
+        }
+        return false;
+    }
+
     const QVector<Entry>& m_vecEntries;
     const int m_iAtMost;
-    QSet<int> m_setTaken;
+    QVector<int> m_vecTaken; // the first ones
+    QSet<int> m_setTaken;    // those behind
     QList<HostContact> m_listFound;
 };
 
@@ -217,7 +253,7 @@ QList<HostContact> ContactIndex::Complete(const QString& strBeginning, int iAtMo
     Collector collector(m_vecEntries, iAtMost);
     bool bNumber = !strText.isEmpty();
     foreach (const QChar c, strText) {
-        bNumber = bNumber && (c.isDigit() || QString(QLatin1String("+-/.() ")).contains(c));
+        bNumber = bNumber && isOfNumber(c);
     }
     const QString strDigits = bNumber ? NumberMatch::Digits(strText) : QString();
     if (!strDigits.isEmpty()) {

@@ -115,6 +115,20 @@ void StatusArea::EndNotice(const QString& strAbout)
     }
 }
 
+void StatusArea::ReplaceNotice(const QString& strText, const QString& strBetter)
+{
+    for (int i = 0; i < m_lstNotices.size(); ++i) {
+        if (m_lstNotices.at(i).mid(TIME_LENGTH) != strText) {
+            continue;
+        }
+        m_lstNotices[i] = m_lstNotices.at(i).left(TIME_LENGTH) + strBetter;
+        if (i == 0 && m_noticeTime.isActive()) {
+            m_pNotice->setText(shown(strBetter));
+        }
+        return;
+    }
+}
+
 // What is left is the way to the past ones.
 void StatusArea::OnNoticeOver()
 {

@@ -32,6 +32,9 @@ public:
     // about something that has an end goes with it: strAbout names it.
     void ShowNotice(const QString& strText, const QString& strAbout = QString());
     void EndNotice(const QString& strAbout);
+
+    // Says one of them in other words, in its place, without another look at it; nothing for one that is gone.
+    void ReplaceNotice(const QString& strText, const QString& strBetter);
     const QStringList& Notices() const { return m_lstNotices; }
 
     // Drops all notices: they are in the language of their time.

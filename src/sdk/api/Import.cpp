@@ -180,6 +180,12 @@ long ORVA_Care_Import_Release(void* import)
 
 long ORVA_Care_Export(int memory, const unsigned short* path, int format, const int* ids, int count, int* written)
 {
+    return ORVA_Care_ExportWithProgress(memory, path, format, ids, count, written, nullptr, nullptr);
+}
+
+long ORVA_Care_ExportWithProgress(int memory, const unsigned short* path, int format, const int* ids, int count,
+                                  int* written, ORVA_EXPORT_PROGRESS progress, void* data)
+{
     return guarded(__func__, [&] {
         const std::string file = pathFrom(path);
         if (count < 0 || format < ORVA_FORMAT_ANY || format > ORVA_FORMAT_CARDS)
@@ -190,10 +196,13 @@ long ORVA_Care_Export(int memory, const unsigned short* path, int format, const 
         if (cards && local == nullptr)
             throw Failure(ORVA_E_UNSUPPORTED, "vCards are made of the PC's phonebook");
         const std::vector<int> wanted = ids == nullptr ? allIds(from) : std::vector<int>(ids, ids + count);
+        ExportProgress tell;
+        if (progress != nullptr)
+            tell = [progress, data](int done, int total) { return progress(done, total, data) != 0; };
         if (cards)
-            exportCards(file, *local, wanted);
+            exportCards(file, *local, wanted, tell);
         else
-            exportRows(file, from, local != nullptr ? &local->store() : nullptr, wanted, GroupsColumn::Always);
+            exportRows(file, from, local != nullptr ? &local->store() : nullptr, wanted, GroupsColumn::Always, tell);
         if (written != nullptr)
             *written = static_cast<int>(wanted.size());
         return ORVA_OK;

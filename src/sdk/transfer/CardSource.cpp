@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <fstream>
 #include <strings.h>
+#include <sys/stat.h>
 #include <utility>
 
 #include "base/EmailText.h"
@@ -31,8 +32,17 @@ bool isCardBegin(const std::string& line)
     return ::strncasecmp(line.c_str(), cardBegin.data(), cardBegin.size()) == 0;
 }
 
+// Whether something is there, and no plain file: a pipe without a writer would hold us up for ever.
+bool isNoFile(const std::string& file)
+{
+    struct stat state = {};
+    return stat(file.c_str(), &state) == 0 && !S_ISREG(state.st_mode);
+}
+
 std::ifstream openFile(const std::string& file)
 {
+    if (isNoFile(file))
+        throw Failure(ORVA_E_FORMAT, "not a regular file");
     std::ifstream in(file, std::ios::binary);
     if (!in || in.peek() == std::ifstream::traits_type::eof())
         throw Failure(in.is_open() ? ORVA_E_FORMAT : ORVA_E_NOT_FOUND, "cannot be read, or is empty");
@@ -188,6 +198,8 @@ std::unique_ptr<ContactSource> openCards(const std::string& file, const Profile&
 
 bool beginsLikeCards(const std::string& file)
 {
+    if (isNoFile(file))
+        return false;
     std::ifstream in(file, std::ios::binary);
     std::string begin(cardBegin.size() + 3, '\0');
     in.read(begin.data(), static_cast<std::streamsize>(begin.size()));

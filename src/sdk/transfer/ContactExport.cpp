@@ -10,6 +10,7 @@
 #include "base/Text.h"
 #include "csv/Writer.h"
 #include "memories/LocalMemory.h"
+#include "orva/orva_sync.h"
 #include "transfer/CardFields.h"
 #include "transfer/GroupPaths.h"
 #include "vcard/CardContact.h"
@@ -29,10 +30,12 @@ using Groups = std::map<int, std::vector<std::string>>;
 
 // Calls back for each row of the records named.
 template <typename Visit>
-void forEachRow(Memory& memory, const std::vector<int>& ids, Visit&& visit)
+void forEachRow(Memory& memory, const std::vector<int>& ids, const ExportProgress& progress, Visit&& visit)
 {
     RowBlock rows;
     for (std::size_t done = 0; done < ids.size(); done += recordsRead) {
+        if (progress && progress(static_cast<int>(done), static_cast<int>(ids.size())))
+            throw Failure(ORVA_E_CANCELLED, "broken off");
         memory.readSome(ids.data() + done, std::min(recordsRead, ids.size() - done), rows);
         for (std::size_t row = 0; row < rows.rows(); ++row)
             visit(rows, row);
@@ -42,7 +45,7 @@ void forEachRow(Memory& memory, const std::vector<int>& ids, Visit&& visit)
 } // namespace
 
 void exportRows(const std::string& file, Memory& memory, Store* groups, const std::vector<int>& ids,
-                GroupsColumn column)
+                GroupsColumn column, const ExportProgress& progress)
 {
     const std::shared_ptr<const Profile> profile = memory.profile();
     Writer writer(file);
@@ -57,7 +60,7 @@ void exportRows(const std::string& file, Memory& memory, Store* groups, const st
     if (grouped)
         writer.column(std::string_view("Groups"));
     writer.endRow();
-    forEachRow(memory, ids, [&](const RowBlock& rows, std::size_t row) {
+    forEachRow(memory, ids, progress, [&](const RowBlock& rows, std::size_t row) {
         for (int field = 0; field < rows.fields(); ++field)
             writer.column(rows.value(row, field));
         if (grouped)
@@ -67,13 +70,14 @@ void exportRows(const std::string& file, Memory& memory, Store* groups, const st
     writer.commit();
 }
 
-void exportCards(const std::string& file, LocalMemory& memory, const std::vector<int>& ids)
+void exportCards(const std::string& file, LocalMemory& memory, const std::vector<int>& ids,
+                 const ExportProgress& progress)
 {
     requireNoPattern(file);
     const std::vector<Field> fields = memory.profile()->fields();
     Groups groups = GroupPaths::byRecord(memory.store());
     std::string out;
-    forEachRow(memory, ids, [&](const RowBlock& rows, std::size_t row) {
+    forEachRow(memory, ids, progress, [&](const RowBlock& rows, std::size_t row) {
         CardContact contact;
         for (int field = 0; field < rows.fields(); ++field)
             if (std::string* place = cardField(fields[static_cast<std::size_t>(field)].key, contact))

@@ -6,6 +6,7 @@
 #include <QVBoxLayout>
 
 #include "linkhand/core/Change.h"
+#include "shared/HostContacts.h"
 #include "shared/HostLink.h"
 
 CallBox::CallBox(const QString& strPlugin, QWidget* pParent)
@@ -45,6 +46,9 @@ CallBox::CallBox(const QString& strPlugin, QWidget* pParent)
     pLayout->addWidget(m_pAnswer);
     pLayout->addWidget(m_pHangUp);
     m_pAnswer->hide();
+    if (HostContacts* pContacts = HostContacts::Instance()) {
+        connect(pContacts->Events(), SIGNAL(contactsRead()), this, SLOT(OnContactsRead()));
+    }
     connect(m_pAnswer, SIGNAL(clicked()), this, SLOT(OnAnswer()));
     connect(&m_timer, SIGNAL(timeout()), this, SLOT(OnTick()));
     connect(m_pHangUp, SIGNAL(clicked()), this, SLOT(OnHangUp()));
@@ -54,8 +58,12 @@ CallBox::CallBox(const QString& strPlugin, QWidget* pParent)
 void CallBox::Start(const QString& strNumber)
 {
     HostLink* pLink = HostLink::Instance();
-    const QString strName = pLink == nullptr ? QString() : pLink->ContactName(strNumber);
-    m_pNumber->setText(strName.isEmpty() ? strNumber : strName + QLatin1String("  ") + strNumber);
+    m_strNumber = strNumber;
+    OnContactsRead();
+    // Who it is may be known only then; a large phonebook takes longer than a call may wait for.
+    if (HostContacts* pContacts = HostContacts::Instance()) {
+        pContacts->Read(true);
+    }
     m_iProgress = pLink == nullptr || pLink->IsSimulated() ? -1 : int(HOST_CALL_DIALLING);
     m_elapsed.start();
     if (m_iProgress < 0) {
@@ -114,6 +122,13 @@ void CallBox::Retranslate()
 QString CallBox::DurationText(int iSeconds)
 {
     return QString::fromLatin1("%1:%2").arg(iSeconds / 60).arg(iSeconds % 60, 2, 10, QLatin1Char('0'));
+}
+
+void CallBox::OnContactsRead()
+{
+    HostContacts* pContacts = HostContacts::Instance();
+    const QString strName = pContacts == nullptr ? QString() : pContacts->NameOf(m_strNumber);
+    m_pNumber->setText(strName.isEmpty() ? m_strNumber : strName + QLatin1String("  ") + m_strNumber);
 }
 
 void CallBox::OnTick()

@@ -33,12 +33,14 @@ public:
     static QString DurationText(int iSeconds);
 
 private slots:
+    void OnContactsRead();
     void OnTick();
     void OnAnswer();
     void OnHangUp();
 
 private:
     const QString m_strPlugin;
+    QString m_strNumber;
     QLabel* m_pNumber;
     QLabel* m_pState;
     QLabel* m_pDuration;

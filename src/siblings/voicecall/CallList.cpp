@@ -62,8 +62,8 @@ void CallList::Begin(const QString& strNumber, int iType)
     call.time = QDateTime::currentDateTime();
     call.iDirection = HOST_CALL_OUTGOING;
     call.iSimulated = pLink == nullptr || pLink->IsSimulated() ? 1 : 0;
-    if (pLink != nullptr) {
-        call.strName = pLink->ContactName(strNumber);
+    if (HostContacts* pContacts = HostContacts::Instance()) {
+        call.strName = pContacts->NameOf(strNumber);
     }
     m_iProgress = HOST_CALL_DIALLING;
     m_bInCall = true;

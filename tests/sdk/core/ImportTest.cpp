@@ -9,6 +9,7 @@
 #include "RawStore.h"
 #include "orva/orva_care.h"
 #include "orva/orva_store.h"
+#include "orva/orva_sync.h"
 
 using namespace phonebook;
 namespace fs = std::filesystem;
@@ -304,6 +305,66 @@ TEST(anExportKeepsTheFileThatWasThere)
              ORVA_E_ARGUMENT);
     CHECK_EQ(ORVA_Care_Export(card, api(wide(folder() + "/card.vcf")), ORVA_FORMAT_ANY, nullptr, 0, nullptr),
              ORVA_E_UNSUPPORTED);
+}
+
+namespace
+{
+
+// Breaks an export off once it has come so far.
+struct BreakOff {
+    int at;
+    int calls = 0;
+    int total = 0;
+};
+
+int breakOff(int done, int total, void* data)
+{
+    BreakOff& wish = *static_cast<BreakOff*>(data);
+    ++wish.calls;
+    wish.total = total;
+    return done >= wish.at ? 1 : 0;
+}
+
+} // namespace
+
+TEST(aPipeThatNobodyWritesIsRefused)
+{
+    useFreshFolder();
+    for (const std::string name : {"/pipe.vcf", "/pipe.csv", "/pipe"}) {
+        const std::string pipe = folder() + name;
+        CHECK_EQ(mkfifo(pipe.c_str(), 0600), 0);
+        Import import(pipe, ORVA_EXISTING_ADD);
+        CHECK_EQ(import.step(), ORVA_E_FORMAT);
+    }
+}
+
+TEST(anExportThatIsBrokenOffLeavesTheOldFile)
+{
+    useFreshFolder();
+    std::string rows = "Name,Mobile\n";
+    for (int i = 0; i < 600; ++i)
+        rows += "N" + std::to_string(i) + "," + std::to_string(i) + "\n";
+    Import import(fileOf("many.csv", rows), ORVA_EXISTING_ADD);
+    CHECK_EQ(import.step(1000), ORVA_E_END);
+    for (const std::string name : {"part.csv", "part.vcf"}) {
+        const std::string file = fileOf(name, "old");
+        BreakOff wish = {1};
+        int written = -1;
+        CHECK_EQ(ORVA_Care_ExportWithProgress(local, api(wide(file)), ORVA_FORMAT_ANY, nullptr, 0, &written, breakOff,
+                                              &wish),
+                 ORVA_E_CANCELLED);
+        CHECK_EQ(wish.calls, 2);
+        CHECK_EQ(wish.total, 600);
+        CHECK_EQ(written, -1);
+        CHECK_EQ(load(file), std::string("old"));
+        CHECK(!std::ifstream(file + ".~1~"));
+        BreakOff none = {601};
+        CHECK_EQ(ORVA_Care_ExportWithProgress(local, api(wide(file)), ORVA_FORMAT_ANY, nullptr, 0, &written, breakOff,
+                                              &none),
+                 ORVA_OK);
+        CHECK_EQ(written, 600);
+        CHECK(none.calls >= 3);
+    }
 }
 
 CHECK_MAIN

@@ -5,6 +5,7 @@
 #include <QWidget>
 #include <QtTest>
 
+#include "window/ScreenWatch.h"
 #include "window/WindowPlace.h"
 
 class TestHostPlace : public QObject
@@ -18,6 +19,7 @@ private slots:
     void aWindowOnAScreenThatIsGoneComesBack();
     void aWindowThatWasNeverPlacedIsLeftToTheWindowManager();
     void aMaximizedWindowStaysSo();
+    void aWindowIsFittedWhenAScreenGoes();
 };
 
 void TestHostPlace::theNearestPlaceWithinTheScreen_data()
@@ -43,6 +45,20 @@ void TestHostPlace::theNearestPlaceWithinTheScreen()
     QFETCH(QRect, window);
     QFETCH(QRect, screen);
     QTEST(WindowPlace::Fitted(window, screen, QSize(720, 480)), "fitted");
+}
+
+void TestHostPlace::aWindowIsFittedWhenAScreenGoes()
+{
+    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+    QWidget window;
+    window.setMinimumSize(100, 100);
+    window.setGeometry(QRect(screen.topLeft(), screen.size() + QSize(300, 200)));
+    window.show();
+    const ScreenWatch watch(window);
+    QVERIFY(!screen.contains(window.geometry()));
+    QScreen* const pGone = nullptr;
+    QVERIFY(QMetaObject::invokeMethod(qApp, "screenRemoved", Q_ARG(QScreen*, pGone)));
+    QTRY_VERIFY(screen.contains(window.geometry()));
 }
 
 void TestHostPlace::aWindowLargerThanTheScreenComesUpWithinIt()

@@ -73,7 +73,6 @@ public:
         }
         return false;
     }
-    QString ContactName(const QString&) override { return QString(); }
     QString CleanNumber(const QString& strNumber) override { return strNumber; }
     void ShowPage(const QString&) override {}
     void ShowStatus(const QString&) override {}

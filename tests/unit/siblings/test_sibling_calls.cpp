@@ -1,4 +1,5 @@
 #include <QAction>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
@@ -7,6 +8,7 @@
 #include <QTreeWidget>
 #include <QtTest>
 
+#include "FakeContacts.h"
 #include "FakeLink.h"
 #include "voicecall/CallPage.h"
 
@@ -50,6 +52,7 @@ private slots:
     void theSelectionStaysWithItsCall();
     void theCallInProgressComesFirstUntilItIsKept();
     void aCallThatCouldNotBeKeptStaysAndSaysSo();
+    void whoIsCalledIsNamedOnceTheContactsAreRead();
     void aRowDialsNothing();
     void theKeysReachEveryAction();
     void aCallIsForgottenWhenTheUserSaysSo();
@@ -269,6 +272,23 @@ void TestSiblingCalls::aCallThatCouldNotBeKeptStaysAndSaysSo()
     QCOMPARE(list()->topLevelItemCount(), 2);
     QCOMPARE(cell(0, RESULT), QString("IDS_CALL_SIMULATED · IDS_CALL_NOT_KEPT"));
     QCOMPARE(cell(1, RESULT), QString("IDS_CALL_SIMULATED"));
+}
+
+void TestSiblingCalls::whoIsCalledIsNamedOnceTheContactsAreRead()
+{
+    FakeContacts contacts;
+    m_pPage.reset(new CallPage("VoiceCallPlugin"));
+    m_pPage->show();
+    const int iBefore = contacts.iReadings;
+    m_pPage->Start("0170111", HOST_CALL_VOICE);
+    QVERIFY(contacts.iReadings > iBefore);
+    QCOMPARE(find<QLabel>("labelNumber")->text(), QString("0170111"));
+    QCOMPARE(cell(0, NAME), QString());
+    contacts.names["0170111"] = "Ada";
+    emit contacts.contactsRead();
+    QCOMPARE(find<QLabel>("labelNumber")->text(), QString("Ada  0170111"));
+    QCOMPARE(cell(0, NAME), QString("Ada"));
+    m_pPage.reset();
 }
 
 void TestSiblingCalls::aRowDialsNothing()

@@ -4,6 +4,7 @@
 #include <QLabel>
 
 #include "ModemFixture.h"
+#include "app/ContactLink.h"
 #include "app/ModemNotices.h"
 #include "app/Services.h"
 #include "device/DeviceWatcher.h"
@@ -53,6 +54,7 @@ struct WindowFixture : ModemFixture {
     DeviceWatcher watcher;
     PluginContainer container;
     MainWindow window;
+    ContactLink contacts;
     QScopedPointer<ModemNotices> pNotices;
 };
 

@@ -2,6 +2,8 @@
 #include <QToolButton>
 #include <QtTest>
 
+#include "app/ContactLink.h"
+#include "app/NamedNotices.h"
 #include "app/Services.h"
 #include "device/ChangedContact.h"
 #include "device/SimulatedHardware.h"
@@ -21,6 +23,7 @@ private slots:
     void aChangedContactHasItsNewName();
     void aDeletedContactIsNamedFromTheBin();
     void whoHasTheNumberIsNamedOnTheCard();
+    void aNoticeIsShownAtOnceAndNamedWhenTheContactsAreRead();
     void aNoticeGoesWithWhatItIsAbout();
     void aDeviceIsNeverSaidToBeAbsentBesideItself();
 
@@ -81,6 +84,31 @@ void TestHostChanged::whoHasTheNumberIsNamedOnTheCard()
     QCOMPARE(ChangedContact::Name(PHONEBOOK_CONTACT_ADDED, 0, 30444555), QString("Dora"));
     QCOMPARE(ChangedContact::Name(PHONEBOOK_CONTACT_ADDED, 0, 0), QString());
     QCOMPARE(ChangedContact::Name(PHONEBOOK_CONTACT_DELETED, 0, 30444555), QString());
+}
+
+void TestHostChanged::aNoticeIsShownAtOnceAndNamedWhenTheContactsAreRead()
+{
+    Services services(QString::fromLocal8Bit(qgetenv("LINKHAND_BUILD_DIR")), QString());
+    services.Publish();
+    StatusArea status(nullptr);
+    ContactLink contacts;
+    NamedNotices named(status);
+    const NamedNotice call = {"IDS_HOST_CALL_INCOMING", "+4930111", QString(), QString(), "call"};
+    named.Show(call);
+    QCOMPARE(status.Notices().value(0).mid(10), QString("Call from +4930111"));
+    const NamedNotice sms = {"IDS_HOST_SMS_RECEIVED", "+4930111", "5 %1", QString(), QString()};
+    named.Show(sms);
+    // Nothing of it happened on this thread: both stand there without a name.
+    QCOMPARE(status.Notices().value(0).mid(10), QString("SMS from +4930111: 5 %1"));
+    QTRY_COMPARE(status.Notices().value(0).mid(10), QString("SMS from Zoe (+4930111): 5 %1"));
+    QCOMPARE(status.Notices().value(1).mid(10), QString("Call from Zoe (+4930111)"));
+    QCOMPARE(status.Notices().size(), 2);
+    QCOMPARE(status.findChild<QToolButton*>("linkhand_StatusArea_notice")->text(),
+             QString("SMS from Zoe (+4930111): 5 %1"));
+    const NamedNotice nobody = {"IDS_HOST_CALL_INCOMING", QString(), QString(), "why", QString()};
+    named.Show(nobody);
+    QVERIFY2(status.Notices().value(0).endsWith(" (why)"), qPrintable(status.Notices().value(0)));
+    services.Withdraw();
 }
 
 void TestHostChanged::aNoticeGoesWithWhatItIsAbout()
