@@ -3,6 +3,7 @@
 #include <QFile>
 #include <QStringList>
 
+#include "test/ScreenPlace.h"
 #include "test/TestSocket.h"
 
 TestCompanion::TestCompanion() {}
@@ -11,6 +12,7 @@ TestCompanion::~TestCompanion() {}
 
 void TestCompanion::Begin()
 {
+    ScreenPlace::Watch();
     m_pSocket.reset(new TestSocket(qgetenv("LINKHAND_TEST_SOCKET")));
 }
 

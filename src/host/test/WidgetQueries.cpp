@@ -15,6 +15,8 @@
 #include <QTextEdit>
 #include <QTreeView>
 
+#include "test/ScreenPlace.h"
+
 namespace
 {
 
@@ -41,7 +43,7 @@ QString flag(bool bValue)
 
 QStringList area(const QWidget* pWidget, const QRect& rect)
 {
-    const QPoint corner = pWidget->mapToGlobal(rect.topLeft());
+    const QPoint corner = ScreenPlace::Of(pWidget, rect.topLeft());
     return QStringList() << QString::number(corner.x()) << QString::number(corner.y()) << QString::number(rect.width())
                          << QString::number(rect.height());
 }
@@ -212,9 +214,10 @@ QStringList actions(const QMenu* pMenu)
     QStringList lstLines;
     foreach (QAction* pAction, pMenu->actions()) {
         if (pAction->isVisible() && !pAction->isSeparator()) {
-            lstLines.append(line(QStringList() << pAction->text() << area(pMenu, pMenu->actionGeometry(pAction))
-                                               << flag(pAction->isEnabled()) << flag(pAction->isChecked())
-                                               << flag(pAction->menu() != nullptr)));
+            lstLines.append(line(QStringList()
+                                 << pAction->text() << area(pMenu, pMenu->actionGeometry(pAction))
+                                 << flag(pAction->isEnabled()) << flag(pAction->isChecked())
+                                 << flag(pAction->menu() != nullptr) << flag(pAction == pMenu->activeAction())));
         }
     }
     return lstLines;
