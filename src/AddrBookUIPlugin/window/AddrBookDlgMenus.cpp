@@ -21,8 +21,11 @@ void AddrBookDlg::constructContextMenu()
     if (m_pBuildMenu == nullptr)
         return;
     if (m_ptableContacts != nullptr) {
-        // The table on screen is replaced at each switch of node; the menu's owner lives as long as the window.
-        m_ptableMenuOwner = new (std::nothrow) QTableWidget;
+        // The table on screen is replaced at each switch of node; the menu's owner lives as long as the window. It lies
+        // in the window that is seen: under Wayland the menu of one that never is comes up as a window of its own.
+        m_ptableMenuOwner = new (std::nothrow) QTableWidget(m_ptreePhonebook);
+        if (m_ptableMenuOwner != nullptr)
+            m_ptableMenuOwner->hide();
         m_pmenuTable = m_pBuildMenu->CreateMenuBar(QLatin1String("listview"), m_ptableMenuOwner, &m_listTableActions);
     }
     tableMenuConnect();

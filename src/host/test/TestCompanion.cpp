@@ -5,6 +5,7 @@
 
 #include "test/Mark.h"
 #include "test/RowsPaint.h"
+#include "test/ScreenPlace.h"
 #include "test/TestSocket.h"
 
 TestCompanion::TestCompanion() {}
@@ -13,6 +14,7 @@ TestCompanion::~TestCompanion() {}
 
 void TestCompanion::Begin()
 {
+    ScreenPlace::Watch();
     m_pSocket.reset(new TestSocket(qgetenv("LINKHAND_TEST_SOCKET")));
 }
 

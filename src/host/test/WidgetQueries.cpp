@@ -18,6 +18,8 @@
 
 #include "test/ReaderQueries.h"
 
+#include "test/ScreenPlace.h"
+
 namespace
 {
 
@@ -44,7 +46,7 @@ QString flag(bool bValue)
 
 QStringList area(const QWidget* pWidget, const QRect& rect)
 {
-    const QPoint corner = pWidget->mapToGlobal(rect.topLeft());
+    const QPoint corner = ScreenPlace::Of(pWidget, rect.topLeft());
     return QStringList() << QString::number(corner.x()) << QString::number(corner.y()) << QString::number(rect.width())
                          << QString::number(rect.height());
 }
@@ -222,9 +224,10 @@ QStringList actions(const QMenu* pMenu)
     QStringList lstLines;
     foreach (QAction* pAction, pMenu->actions()) {
         if (pAction->isVisible() && !pAction->isSeparator()) {
-            lstLines.append(line(QStringList() << pAction->text() << area(pMenu, pMenu->actionGeometry(pAction))
-                                               << flag(pAction->isEnabled()) << flag(pAction->isChecked())
-                                               << flag(pAction->menu() != nullptr)));
+            lstLines.append(line(QStringList()
+                                 << pAction->text() << area(pMenu, pMenu->actionGeometry(pAction))
+                                 << flag(pAction->isEnabled()) << flag(pAction->isChecked())
+                                 << flag(pAction->menu() != nullptr) << flag(pAction == pMenu->activeAction())));
         }
     }
     return lstLines;

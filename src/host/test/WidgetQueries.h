@@ -27,7 +27,7 @@ QWidget* Find(const QString& strAddress);
 //   cells ADDRESS      each visible cell of an item view: row path, column, text, x, y, width, height, selected, check
 //                      state (-1 without a check box)
 //   headers ADDRESS    each shown section of a table's or tree's header: number, text, x, y, width, height
-//   actions ADDRESS    each entry of a menu: text, x, y, width, height, enabled, checked, opens a menu
+//   actions ADDRESS    each entry of a menu: text, x, y, width, height, enabled, checked, opens a menu, lit
 // Positions are in pixels of the screen.
 QStringList Answer(const QString& strQuery, bool& bFound);
 

@@ -146,14 +146,15 @@ QStringList HostDriver::ErrorLines()
     // Two connections of the phonebook are asked for though one end does not exist, which Qt says; a node without a
     // group asks for one when the tree is painted anew; a phonebook without groups is told as a walk that cannot
     // begin; without a card there is no PIN to be told of (code 1007); Qt's X11 part may ask for a window that has just
-    // closed.
+    // closed, and its Wayland part says that windows cannot come up by themselves.
     static const QRegularExpression known("No such slot AddrBookDlg::OnMoveResult|"
                                           "No such signal AddrBookTableWidget::sendMmsMessage|"
                                           "QObject::connect:  \\((sender|receiver) name:|"
                                           "GetGroups: ORVA_PBSrv_AddrGroupSet_MoveFirst returned -1$|"
                                           "GetGroupInfo could not find the info for the given group id|"
                                           "ORVA_DevSrv_GetPinStatus returned 1007|"
-                                          "XCB error: 3 \\(BadWindow\\)");
+                                          "XCB error: 3 \\(BadWindow\\)|"
+                                          "Wayland does not support QWindow::requestActivate");
     QStringList lstLines;
     foreach (const QString& strLine, Log().split('\n', Qt::SkipEmptyParts)) {
         if (!known.match(strLine).hasMatch()) {
@@ -244,6 +245,7 @@ QList<ActionInfo> HostDriver::Actions(const QString& strAddress)
         action.bEnabled = flag(lstFields, 5);
         action.bChecked = flag(lstFields, 6);
         action.bSubmenu = flag(lstFields, 7);
+        action.bLit = flag(lstFields, 8);
         listActions.append(action);
     }
     return listActions;

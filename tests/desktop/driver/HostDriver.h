@@ -41,6 +41,7 @@ struct ActionInfo {
     bool bEnabled = false;
     bool bChecked = false;
     bool bSubmenu = false;
+    bool bLit = false; // under the mouse, or reached by key
 };
 
 // Runs the real program and uses it as a person would: it looks where things are, through the program's test socket,

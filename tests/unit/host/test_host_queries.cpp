@@ -157,8 +157,10 @@ void TestHostQueries::entriesOfAMenu()
     const QStringList lstActions = ask("actions\tpopup");
     QCOMPARE(lstActions.size(), 2);
     QVERIFY(lstActions.at(0).startsWith("first\t"));
-    QVERIFY(lstActions.at(0).endsWith("\t1\t0\t0"));
-    QVERIFY(lstActions.at(1).endsWith("\t0\t0\t0"));
+    QVERIFY(lstActions.at(0).endsWith("\t1\t0\t0\t0"));
+    QVERIFY(lstActions.at(1).endsWith("\t0\t0\t0\t0"));
+    menu.setActiveAction(menu.actions().first());
+    QVERIFY(ask("actions\tpopup").at(0).endsWith("\t1\t0\t0\t1"));
     menu.close();
     QCOMPARE(ask("actions\tpopup"), QStringList("none"));
 }
