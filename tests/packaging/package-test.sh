@@ -47,6 +47,8 @@ while read -r file; do
     [ -e "$program/$file" ] || fail "the package has no $file of the program"
 done <"$work/deployed"
 [ "$(wc -l <"$work/deployed")" -gt 10 ] || fail "the build tree has no plug-ins"
+wanted=$(find "$root" -path '*.wants/*')
+[ -z "$wanted" ] || fail "the package turns on $wanted"
 writable=$(find "$root" ! -type l -perm /022)
 [ -z "$writable" ] || fail "others may write $writable"
 

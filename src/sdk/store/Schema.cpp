@@ -90,6 +90,8 @@ void configureConnection(Database& db)
     db.execute("PRAGMA synchronous = FULL");
     db.execute("PRAGMA foreign_keys = ON");
     db.execute("PRAGMA secure_delete = FAST");
+    // What a savepoint keeps would otherwise go through a file in the public folder for temporary ones.
+    db.execute("PRAGMA temp_store = MEMORY");
 }
 
 void createSchema(Database& db, const Columns& columns, int version)

@@ -154,16 +154,18 @@ void Store::rememberSyncFolder(const std::string& folder, const std::string& pat
 
 void SyncLooks::add(const SyncLook& look)
 {
-    m_rows.push_back({m_texts.size(), look.file.size(), look.look.size(), look.uid.size(), look.record, look.settled});
-    m_texts.append(look.file).append(look.look).append(look.uid);
-}
-
-SyncLook SyncLooks::operator[](std::size_t place) const
-{
-    const Row& row = m_rows[place];
-    const char* const text = m_texts.data() + row.at;
-    return {row.record, row.settled, std::string_view(text, row.file), std::string_view(text + row.file, row.look),
-            std::string_view(text + row.file + row.look, row.uid)};
+    const Head head = {look.record, static_cast<std::uint32_t>(look.file.size()),
+                       static_cast<std::uint32_t>(look.look.size()), static_cast<std::uint32_t>(look.uid.size()),
+                       look.settled};
+    const std::size_t at = m_words.size();
+    if (at + wordsOf(head) > UINT32_MAX)
+        throw Failure(ORVA_E_NO_MEMORY, "the names of a folder's files");
+    m_words.resize(at + wordsOf(head));
+    std::memcpy(&m_words[at], &head, sizeof head);
+    char* text = reinterpret_cast<char*>(&m_words[at + headWords]);
+    for (const std::string_view part : {look.file, look.look, look.uid})
+        text = std::copy(part.begin(), part.end(), text);
+    ++m_size;
 }
 
 SyncLooks Store::syncLooks(const std::string& folder)
@@ -171,6 +173,7 @@ SyncLooks Store::syncLooks(const std::string& folder)
     return reading([&] {
         reconnectIfReplaced();
         SyncLooks looks;
+        looks.reserve(static_cast<std::size_t>(std::max(m_count, 0)));
         Query query(*m_db, selectSyncLooks);
         query.bindOctets(1, folder);
         while (query.step()) {

@@ -2,6 +2,8 @@
 #define SDK_STORE_SYNCLINK_H
 
 #include <cstddef>
+#include <cstdint>
+#include <cstring>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -37,25 +39,52 @@ struct SyncLook {
     std::string_view uid;
 };
 
-// Those of a folder, their texts in one piece of memory.
+// Those of a folder, each with its texts in one place of one piece of memory, since thousands are looked at once each.
 class SyncLooks
 {
 public:
+    using Place = std::uint32_t;
+
+    void reserve(std::size_t count) { m_words.reserve(count * 18); } // most need less
     void add(const SyncLook& look);
-    std::size_t size() const { return m_rows.size(); }
-    SyncLook operator[](std::size_t place) const;
+    std::size_t size() const { return m_size; }
+
+    // From the first, 0, to the end.
+    Place end() const { return static_cast<Place>(m_words.size()); }
+    Place next(Place place) const { return place + wordsOf(headAt(place)); }
+
+    SyncLook operator[](Place place) const
+    {
+        const Head head = headAt(place);
+        const char* const text = reinterpret_cast<const char*>(&m_words[place + headWords]);
+        return {head.record, head.settled, std::string_view(text, head.file),
+                std::string_view(text + head.file, head.look),
+                std::string_view(text + head.file + head.look, head.uid)};
+    }
 
 private:
-    struct Row {
-        std::size_t at;
-        std::size_t file;
-        std::size_t look;
-        std::size_t uid;
+    struct Head {
         int record;
+        std::uint32_t file;
+        std::uint32_t look;
+        std::uint32_t uid;
         bool settled;
     };
-    std::string m_texts;
-    std::vector<Row> m_rows;
+    static constexpr Place headWords = (sizeof(Head) + 7) / 8;
+
+    static Place wordsOf(const Head& head)
+    {
+        return static_cast<Place>(headWords + (std::size_t(head.file) + head.look + head.uid + 7) / 8);
+    }
+    Head headAt(Place place) const
+    {
+        Head head;
+        std::memcpy(&head, &m_words[place], sizeof head);
+        return head;
+    }
+
+    std::size_t m_size = 0;
+    std::vector<std::uint64_t> m_words;
 };
 
 // All of one record.

@@ -30,24 +30,23 @@ LooksByFile::LooksByFile(const SyncLooks& looks) : m_looks(looks)
     while (slots < 2 * looks.size())
         slots *= 2;
     m_slots.resize(slots);
-    for (std::size_t i = 0; i < looks.size(); ++i) {
-        const std::size_t hash = std::hash<std::string_view>()(looks[i].file);
+    for (SyncLooks::Place place = 0; place < looks.end(); place = looks.next(place)) {
+        const std::size_t hash = std::hash<std::string_view>()(looks[place].file);
         std::size_t slot = hash & (slots - 1);
-        while (m_slots[slot].place >= 0)
+        while (m_slots[slot].place != none)
             slot = (slot + 1) & (slots - 1);
-        m_slots[slot] = {static_cast<std::uint32_t>(hash >> 32), static_cast<std::int32_t>(i)};
+        m_slots[slot] = {static_cast<std::uint32_t>(hash >> 32), place};
     }
 }
 
-int LooksByFile::find(std::string_view file) const
+SyncLooks::Place LooksByFile::find(std::string_view file) const
 {
     const std::size_t hash = std::hash<std::string_view>()(file);
     for (std::size_t slot = hash & (m_slots.size() - 1);; slot = (slot + 1) & (m_slots.size() - 1)) {
         const Slot& at = m_slots[slot];
-        if (at.place < 0)
-            return -1;
-        if (at.hash == static_cast<std::uint32_t>(hash >> 32) &&
-            m_looks[static_cast<std::size_t>(at.place)].file == file)
+        if (at.place == none)
+            return none;
+        if (at.hash == static_cast<std::uint32_t>(hash >> 32) && m_looks[at.place].file == file)
             return at.place;
     }
 }
@@ -59,7 +58,7 @@ FolderScan::FolderScan(const VdirFolder& folder, Store& store, const std::string
       m_report(report),
       m_looks(store.syncLooks(identifier)),
       m_byFile(m_looks),
-      m_seen(m_looks.size(), Seen::No)
+      m_quietAt(m_looks.end())
 {
     std::vector<VdirEntry> others;
     for (VdirEntry& entry :
@@ -69,9 +68,10 @@ FolderScan::FolderScan(const VdirFolder& folder, Store& store, const std::string
     std::sort(others.begin(), others.end(), [](const VdirEntry& a, const VdirEntry& b) { return a.name < b.name; });
     for (VdirEntry& entry : others)
         look(std::move(entry));
-    for (std::size_t i = 0; i < m_seen.size(); ++i)
-        if (m_seen[i] == Seen::No)
-            link(static_cast<int>(i));
+    if (m_quiet < static_cast<int>(m_looks.size()))
+        for (Place place = 0; place < m_looks.end(); place = m_looks.next(place))
+            if (!m_quietAt[place])
+                link(place);
     if (!m_groups.isEmpty())
         lookAtMembers();
     if (!m_fresh.empty())
@@ -82,34 +82,33 @@ FolderScan::FolderScan(const VdirFolder& folder, Store& store, const std::string
 // Most files are as they were.
 bool FolderScan::isQuiet(std::string_view file, std::string_view look)
 {
-    const int place = m_byFile.find(file);
-    if (place < 0 || m_seen[static_cast<std::size_t>(place)] != Seen::No)
+    const Place place = m_byFile.find(file);
+    if (place == LooksByFile::none || m_quietAt[place])
         return false;
-    const SyncLook known = m_looks[static_cast<std::size_t>(place)];
+    const SyncLook known = m_looks[place];
     if (!known.settled || known.look != look)
         return false;
-    m_seen[static_cast<std::size_t>(place)] = Seen::Quiet;
+    m_quietAt[place] = true;
     ++m_quiet;
     return true;
 }
 
-// The one at a place, with all that is known of it; null for a place of -1 and for one that is not there any more.
-ScannedLink* FolderScan::link(int place)
+// The one at a place, with all that is known of it; null for no place and for one that is not there any more.
+ScannedLink* FolderScan::link(Place place)
 {
-    if (place < 0)
+    if (place == LooksByFile::none)
         return nullptr;
     const auto found = m_found.find(place);
     if (found != m_found.end())
         return found->second;
-    std::optional<SyncLink> link = m_store.syncLink(m_identifier, m_looks[static_cast<std::size_t>(place)].record);
+    std::optional<SyncLink> link = m_store.syncLink(m_identifier, m_looks[place].record);
     m_stale = m_stale || !link;
     if (!link)
         return nullptr;
     m_links.emplace_back();
     m_links.back().link = std::move(*link);
-    Seen& seen = m_seen[static_cast<std::size_t>(place)];
-    m_quiet -= seen == Seen::Quiet ? 1 : 0;
-    seen = Seen::Linked;
+    m_quiet -= m_quietAt[place] ? 1 : 0;
+    m_quietAt[place] = false;
     m_found.emplace(place, &m_links.back());
     return &m_links.back();
 }
@@ -123,12 +122,12 @@ void FolderScan::addGone()
     for (const int record : m_store.linksWithoutRecord(m_identifier))
         if (linked.count(record) == 0)
             gone.insert(record);
-    for (std::size_t i = 0; !gone.empty() && i < m_looks.size(); ++i) {
-        if (gone.count(m_looks[i].record) == 0 || m_seen[i] != Seen::Quiet)
+    for (Place place = 0; !gone.empty() && place < m_looks.end(); place = m_looks.next(place)) {
+        if (!m_quietAt[place] || gone.count(m_looks[place].record) == 0)
             continue;
-        ScannedLink* const found = link(static_cast<int>(i));
-        std::optional<VdirEntry> entry = m_folder.entry(std::string(m_looks[i].file));
-        m_stale = m_stale || !entry || entry->look != m_looks[i].look;
+        ScannedLink* const found = link(place);
+        std::optional<VdirEntry> entry = m_folder.entry(std::string(m_looks[place].file));
+        m_stale = m_stale || !entry || entry->look != m_looks[place].look;
         if (found != nullptr && entry)
             takeUnread(*entry);
     }
@@ -158,11 +157,11 @@ bool FolderScan::takeUnread(VdirEntry& entry)
 // Who has come into a group by the group's card.
 void FolderScan::lookAtMembers()
 {
-    for (std::size_t i = 0; i < m_looks.size(); ++i) {
-        if (m_seen[i] != Seen::Quiet || m_groups.of(std::string(m_looks[i].uid)).empty())
+    for (Place place = 0; place < m_looks.end(); place = m_looks.next(place)) {
+        if (!m_quietAt[place] || m_groups.of(std::string(m_looks[place].uid)).empty())
             continue;
-        std::optional<VdirEntry> entry = m_folder.entry(std::string(m_looks[i].file));
-        if (!entry || link(static_cast<int>(i)) == nullptr || !takeUnread(*entry))
+        std::optional<VdirEntry> entry = m_folder.entry(std::string(m_looks[place].file));
+        if (!entry || link(place) == nullptr || !takeUnread(*entry))
             m_stale = true;
     }
 }
@@ -199,7 +198,7 @@ void FolderScan::look(VdirEntry entry)
         leave(entry.name, entry.left);
         return;
     }
-    const int place = m_byFile.find(entry.name);
+    const Place place = m_byFile.find(entry.name);
     ScannedLink* const known = link(place);
     const std::optional<std::string> octets = m_folder.read(entry.name);
     if (!octets) {
@@ -249,18 +248,18 @@ void FolderScan::attach(ScannedLink& link, ScannedCard card)
 void FolderScan::settle(Fresh& fresh)
 {
     if (m_byUid.empty())
-        for (std::size_t i = 0; i < m_looks.size(); ++i)
-            if (!m_looks[i].uid.empty())
-                m_byUid.emplace(m_looks[i].uid, static_cast<int>(i));
+        for (Place place = 0; place < m_looks.end(); place = m_looks.next(place))
+            if (!m_looks[place].uid.empty())
+                m_byUid.emplace(m_looks[place].uid, place);
     const auto known = fresh.card.uid.empty() ? m_byUid.end() : m_byUid.find(fresh.card.uid);
     if (known == m_byUid.end()) {
         // The next of the same UID is a copy.
         if (!fresh.card.uid.empty())
-            m_byUid.emplace(fresh.card.uid, -1);
+            m_byUid.emplace(fresh.card.uid, LooksByFile::none);
         m_strangers.push_back(std::move(fresh.card));
         return;
     }
-    const bool quiet = known->second >= 0 && m_seen[static_cast<std::size_t>(known->second)] == Seen::Quiet;
+    const bool quiet = known->second != LooksByFile::none && m_quietAt[known->second];
     ScannedLink* const holder = quiet ? nullptr : link(known->second);
     if (holder == nullptr || holder->card || holder->unknown) {
         leave(fresh.card.entry.name, "another file has the same UID");

@@ -49,13 +49,14 @@ class LooksByFile
 public:
     explicit LooksByFile(const SyncLooks& looks);
 
-    // Its place, or -1.
-    int find(std::string_view file) const;
+    static constexpr SyncLooks::Place none = UINT32_MAX;
+
+    SyncLooks::Place find(std::string_view file) const;
 
 private:
     struct Slot {
         std::uint32_t hash = 0; // of the file, so that few names are compared in vain
-        std::int32_t place = -1;
+        SyncLooks::Place place = none;
     };
 
     const SyncLooks& m_looks;
@@ -83,12 +84,12 @@ public:
 private:
     struct Fresh {
         ScannedCard card;
-        int place = -1; // of the one whose file had that name
+        SyncLooks::Place place = LooksByFile::none; // of the one whose file had that name
     };
-    enum class Seen : char { No, Quiet, Linked };
+    using Place = SyncLooks::Place;
 
     bool isQuiet(std::string_view file, std::string_view look);
-    ScannedLink* link(int place);
+    ScannedLink* link(Place place);
     ScannedLink* linkOf(const std::string& file) { return link(m_byFile.find(file)); }
     bool takeUnread(VdirEntry& entry);
     void look(VdirEntry entry);
@@ -106,9 +107,9 @@ private:
     SyncReport& m_report;
     const SyncLooks m_looks;
     const LooksByFile m_byFile;
-    std::vector<Seen> m_seen;                      // of each of the looks
-    std::unordered_map<int, ScannedLink*> m_found; // those linked, by their places; until they are sorted
-    std::unordered_map<std::string, int> m_byUid;  // once it is needed
+    std::vector<bool> m_quietAt;                     // which of the looks are
+    std::unordered_map<Place, ScannedLink*> m_found; // those linked, by their places; until they are sorted
+    std::unordered_map<std::string, Place> m_byUid;  // once it is needed
     std::deque<ScannedLink> m_links;
     int m_quiet = 0;
     bool m_stale = false;

@@ -49,7 +49,8 @@ long long nanoseconds(const timespec& time)
 
 bool isCardName(std::string_view name)
 {
-    return name.size() > 4 && name[0] != '.' && ::strncasecmp(name.data() + name.size() - 4, ".vcf", 4) == 0;
+    const std::string_view end = name.substr(name.size() - std::min<std::size_t>(name.size(), 4));
+    return name.size() > 4 && name[0] != '.' && (end == ".vcf" || ::strncasecmp(end.data(), ".vcf", 4) == 0);
 }
 
 std::string readAll(int file, std::size_t limit)
@@ -120,6 +121,49 @@ VdirEntry entryOf(std::string_view name, const struct stat& state, long long now
             obstacleOf(state)};
 }
 
+// Files between the look at them and the question who is known of them. Asked in between the calls of the system, each
+// answer would have to come from far away in memory.
+class Listing
+{
+public:
+    Listing(const VdirFolder::Known& known, std::vector<VdirEntry>& entries) : m_known(known), m_entries(entries) {}
+
+    void add(std::string_view name, const struct stat& state, long long now)
+    {
+        m_files.push_back(
+            {name.size(), Look(state, now), static_cast<long long>(state.st_mtim.tv_sec), obstacleOf(state)});
+        m_names.append(name);
+        if (m_files.size() == together)
+            flush();
+    }
+
+    void flush()
+    {
+        std::string_view names = m_names;
+        for (const File& file : m_files) {
+            const std::string_view name = names.substr(0, file.name);
+            names.remove_prefix(file.name);
+            if (!m_known || file.left != nullptr || !m_known(name, file.look.octets()))
+                m_entries.push_back({std::string(name), std::string(file.look.octets()), file.changed, file.left});
+        }
+        m_files.clear();
+        m_names.clear();
+    }
+
+private:
+    static constexpr std::size_t together = 256;
+    struct File {
+        std::size_t name; // its length
+        Look look;
+        long long changed;
+        const char* left;
+    };
+    const VdirFolder::Known& m_known;
+    std::vector<VdirEntry>& m_entries;
+    std::vector<File> m_files;
+    std::string m_names;
+};
+
 long long nowInNanoseconds()
 {
     timespec now{};
@@ -151,6 +195,7 @@ std::vector<VdirEntry> VdirFolder::list(const Known& known) const
     if (!folder)
         failFile("reading", "the folder");
     std::vector<VdirEntry> entries;
+    Listing listing(known, entries);
     const long long now = nowInNanoseconds();
     errno = 0;
     while (const dirent* const found = ::readdir(folder.get())) {
@@ -163,17 +208,16 @@ std::vector<VdirEntry> VdirFolder::list(const Known& known) const
         if (!isCardName(name))
             continue;
         // One that nothing can be told of is there all the same.
-        if (::fstatat(m_folder, found->d_name, &state, AT_SYMLINK_NOFOLLOW) == 0) {
-            if (!known || obstacleOf(state) != nullptr || !known(name, Look(state, now).octets()))
-                entries.push_back(entryOf(name, state, now));
-        } else if (errno != ENOENT) {
+        if (::fstatat(m_folder, found->d_name, &state, AT_SYMLINK_NOFOLLOW) == 0)
+            listing.add(name, state, now);
+        else if (errno != ENOENT)
             failFile("looking at", std::string(name));
-        }
         errno = 0;
     }
     // Half a list would look like deletions.
     if (errno != 0)
         failFile("reading", "the folder");
+    listing.flush();
     return entries;
 }
 

@@ -128,6 +128,17 @@ TEST(newcomersAreFoundBesideSettledContacts)
     CHECK(isQuiet(at.cards));
 }
 
+TEST(aFileIsReplacedAndNeverWrittenInto)
+{
+    const Settled at;
+    const std::string before = readFile(at.cards + "/a.vcf");
+    fs::create_hard_link(at.cards + "/a.vcf", at.cards + "/a.before");
+    change(1, {{"Mobile", u"2"}});
+    CHECK_EQ(synchronise(at.cards).counts.changed_there, 1);
+    CHECK_EQ(readFile(at.cards + "/a.before"), before);
+    CHECK(readFile(at.cards + "/a.vcf") != before);
+}
+
 TEST(aSettledFileThatBecomesALinkIsLeft)
 {
     const Settled at;
