@@ -13,6 +13,7 @@
 #include <string>
 #include <vector>
 
+#include "benchmarks/sdk/BareStore.h"
 #include "benchmarks/support/Bench.h"
 #include "orva/orva_care.h"
 #include "orva/orva_sdk.h"
@@ -139,8 +140,9 @@ void findDuplicates()
     expect(ORVA_Care_DuplicatesRelease(memory, &entries), "release");
 }
 
-enum Operation { Walk, Add, Import, Backup, Duplicates, Export, Operations };
+enum Operation { Walk, BareWalk, Add, Import, Backup, Duplicates, Export, Operations };
 const char* const names[] = {"walk over a record set, all values",
+                             "the same by a plain SQLite loop",
                              "`AddAddrRec` in transactions of 200",
                              "import of CSV by the library, its backup included",
                              "backup",
@@ -170,6 +172,8 @@ void measureRound(Size& size, const std::string& base)
     useFreshFolder(base + "/filled");
     size.best[Add].add(bench::perItem(addAll(size.count), size.count));
     take(Walk, [&] { walk(size.count); });
+    bare::Store plain(base + "/filled/local.db");
+    take(BareWalk, [&] { plain.walk(); });
     take(Backup, [] { expect(ORVA_Store_KeepBackup(memory, ORVA_BACKUP_IMPORT), "backup"); });
     take(Duplicates, [] { findDuplicates(); });
     take(Export, [&] { exportAll(file, size.count); });
@@ -194,6 +198,12 @@ bool print(const std::vector<Size>& sizes)
         for (const Size& size : sizes)
             std::printf(" %.2f |", spent(size) * 1e6);
         const double growth = spent(sizes.back()) / spent(sizes[sizes.size() - 2]);
+        // What grows in a plain loop too, such as the part of the file that no cache of the processor holds, is not
+        // ours.
+        if (operation == BareWalk) {
+            std::printf(" %.2f | | |", growth);
+            continue;
+        }
         met = met && growth <= mostGrowth;
         std::printf(" %.2f | %.1f | %s |", growth, mostGrowth, growth <= mostGrowth ? "met" : "MISSED");
     }
