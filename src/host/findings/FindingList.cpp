@@ -143,7 +143,7 @@ FindingList FindingList::Read()
         ORVA_Care_GetFindings(&pFindings, &iCount, &iTotal, source.out()) != ORVA_OK) {
         return FindingList();
     }
-    const FindingList list(pFindings, iCount, iTotal, QFileInfo(source.toString()).fileName());
+    FindingList list(pFindings, iCount, iTotal, QFileInfo(source.toString()).fileName());
     ORVA_Care_FindingsRelease(&pFindings);
     return list;
 }

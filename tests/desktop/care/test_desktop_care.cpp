@@ -1,7 +1,6 @@
 #include <QtTest>
 
-#include "HostDriver.h"
-#include "PbCtl.h"
+#include "DesktopTest.h"
 
 namespace
 {
@@ -13,13 +12,12 @@ const char* const TOLD = "linkhand_Care_told";
 } // namespace
 
 // The care page, by keys alone.
-class TestDesktopCare : public QObject
+class TestDesktopCare : public DesktopStoreTest
 {
     Q_OBJECT
 
 private slots:
     void init();
-    void cleanup();
     void eachSectionIsUsedByKeys();
 
 private:
@@ -54,34 +52,15 @@ private:
     void goBackToABackup();
     void mergeAPair();
     void synchroniseWithAFolder();
-
-    QScopedPointer<QTemporaryDir> m_pFolder;
-    QScopedPointer<PbCtl> m_pStore;
-    QScopedPointer<HostDriver> m_pHost;
 };
 
 void TestDesktopCare::init()
 {
-    m_pFolder.reset(new QTemporaryDir);
-    const QString strData = m_pFolder->filePath("data");
-    m_pStore.reset(new PbCtl(strData));
-    m_pHost.reset(new HostDriver);
+    DesktopStoreTest::init();
     QVERIFY(m_pStore->Import("local", "Name,Mobile\nAda,0170111\nBo,0170222\nCy,0170333\ncy,0170333\n"));
     QVERIFY(m_pStore->Run({"delete", "1", "2"}));
-    QVERIFY2(m_pHost->Start(strData), qPrintable(m_pHost->Log()));
+    QVERIFY2(m_pHost->Start(DataFolder()), qPrintable(m_pHost->Log()));
     QVERIFY(rowComes(TABLE, "Cy"));
-}
-
-void TestDesktopCare::cleanup()
-{
-    if (m_pHost->Running()) {
-        if (QTest::currentTestFailed()) {
-            m_pHost->Screenshot(QStringLiteral("%1.png").arg(QTest::currentTestFunction()));
-        }
-        m_pHost->WaitForMainWindow();
-        QVERIFY2(m_pHost->Quit() >= 0, qPrintable(m_pHost->Log()));
-    }
-    QVERIFY2(m_pHost->ErrorLines().isEmpty(), qPrintable(m_pHost->ErrorLines().join('\n')));
 }
 
 void TestDesktopCare::eachSectionIsUsedByKeys()

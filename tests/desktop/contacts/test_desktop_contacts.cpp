@@ -1,7 +1,6 @@
 #include <QtTest>
 
-#include "HostDriver.h"
-#include "PbCtl.h"
+#include "DesktopTest.h"
 
 namespace
 {
@@ -36,13 +35,11 @@ QString manyContacts(int iCount, const QString& strNumberTitle)
 
 // Contacts made, edited and deleted in the real program. What the screen says is compared with the store as another
 // program sees it.
-class TestDesktopContacts : public QObject
+class TestDesktopContacts : public DesktopStoreTest
 {
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
     void aContactIsMadeAndEditedWithTheKeyboardAlone();
     void escapeLeavesTheContactAsItWas();
     void aRepeatedNumberIsAskedAbout();
@@ -66,35 +63,11 @@ private:
     int selectedRows();
     bool selectAllRows(int iRows);
     bool confirmDelete();
-
-    QScopedPointer<QTemporaryDir> m_pFolder;
-    QScopedPointer<PbCtl> m_pStore;
-    QScopedPointer<HostDriver> m_pHost;
 };
-
-void TestDesktopContacts::init()
-{
-    m_pFolder.reset(new QTemporaryDir);
-    m_pStore.reset(new PbCtl(m_pFolder->filePath("data")));
-    m_pHost.reset(new HostDriver);
-}
-
-void TestDesktopContacts::cleanup()
-{
-    if (m_pHost->Running()) {
-        if (QTest::currentTestFailed()) {
-            m_pHost->Screenshot(QStringLiteral("%1.png").arg(QTest::currentTestFunction()));
-        }
-        m_pHost->WaitForMainWindow();
-        QVERIFY2(m_pHost->Quit() >= 0, qPrintable(m_pHost->Log()));
-    }
-    QVERIFY2(m_pHost->ErrorLines().isEmpty(), qPrintable(m_pHost->ErrorLines().join('\n')));
-    m_pHost.reset();
-}
 
 bool TestDesktopContacts::start()
 {
-    return m_pHost->Start(m_pFolder->filePath("data")) &&
+    return m_pHost->Start(DataFolder()) &&
            HostDriver::WaitUntil([this] { return m_pHost->Rows(TABLE) == m_pStore->Used("local"); });
 }
 

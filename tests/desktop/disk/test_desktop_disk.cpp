@@ -3,8 +3,7 @@
 #include <csignal>
 #include <sys/resource.h>
 
-#include "HostDriver.h"
-#include "PbCtl.h"
+#include "DesktopTest.h"
 
 namespace
 {
@@ -16,7 +15,7 @@ const char* const PROBLEM_LIST = "linkhand_Problems_list";
 } // namespace
 
 // The program on a disk that has no room: a limit on the length of files, which can be taken back while it runs.
-class TestDesktopDisk : public QObject
+class TestDesktopDisk : public DesktopStoreTest
 {
     Q_OBJECT
 
@@ -27,7 +26,6 @@ private slots:
         std::signal(SIGXFSZ, SIG_IGN);
     }
     void init();
-    void cleanup();
     void contactsShowOnAFullDiskAndAllComesBack();
 
 private:
@@ -42,35 +40,19 @@ private:
     // What the program lists as its problems.
     bool listsProblem(const QString& strText);
     bool makeRoom();
-
-    QScopedPointer<QTemporaryDir> m_pFolder;
-    QScopedPointer<PbCtl> m_pStore;
-    QScopedPointer<HostDriver> m_pHost;
 };
 
 void TestDesktopDisk::init()
 {
-    m_pFolder.reset(new QTemporaryDir);
-    m_pStore.reset(new PbCtl(m_pFolder->filePath("data")));
-    m_pHost.reset(new HostDriver);
+    DesktopStoreTest::init();
     QVERIFY(m_pStore->Import("local", "Name,Mobile\nAda,0170111\nBo,0170222\n"));
-}
-
-void TestDesktopDisk::cleanup()
-{
-    if (m_pHost->Running()) {
-        if (QTest::currentTestFailed()) {
-            m_pHost->Screenshot(QStringLiteral("%1.png").arg(QTest::currentTestFunction()));
-        }
-        m_pHost->WaitForMainWindow();
-        QVERIFY2(m_pHost->Quit() >= 0, qPrintable(m_pHost->Log()));
-    }
 }
 
 void TestDesktopDisk::contactsShowOnAFullDiskAndAllComesBack()
 {
+    Expect("."); // a full disk is warned about
     m_pHost->SetRunner({"prlimit", "--fsize=0:unlimited", "--"});
-    QVERIFY2(m_pHost->Start(m_pFolder->filePath("data")), qPrintable(m_pHost->Log()));
+    QVERIFY2(m_pHost->Start(DataFolder()), qPrintable(m_pHost->Log()));
     QVERIFY(rowComes("Ada"));
     QVERIFY(rowComes("Bo"));
     QCOMPARE(m_pHost->Rows(TABLE), 2);

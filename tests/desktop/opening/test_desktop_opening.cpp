@@ -2,8 +2,7 @@
 
 #include <csignal>
 
-#include "HostDriver.h"
-#include "PbCtl.h"
+#include "DesktopTest.h"
 
 namespace
 {
@@ -17,13 +16,12 @@ const char* const CARDS = "linkhand_Cards_list";
 } // namespace
 
 // Further starts of the program, and what it is given to open: by arguments, links and files.
-class TestDesktopOpening : public QObject
+class TestDesktopOpening : public DesktopStoreTest
 {
     Q_OBJECT
 
 private slots:
     void init();
-    void cleanup();
     void aSecondStartBringsTheWindowUp();
     void aNumberFillsTheFormAndIsNotCalled();
     void aMessageFillsTheEditor();
@@ -39,40 +37,21 @@ private slots:
 
 private:
     int again(const QStringList& lstArguments, const QString& strFolder = QString());
-    QString dataFolder() const { return m_pFolder->filePath("data"); }
     bool isActive();
 
-    QScopedPointer<QTemporaryDir> m_pFolder;
-    QScopedPointer<PbCtl> m_pStore;
-    QScopedPointer<HostDriver> m_pHost;
     QString m_strSaid;
 };
 
 void TestDesktopOpening::init()
 {
-    m_pFolder.reset(new QTemporaryDir);
-    m_pStore.reset(new PbCtl(dataFolder()));
-    m_pHost.reset(new HostDriver);
+    DesktopStoreTest::init();
     QVERIFY(m_pStore->Import("local", "Name,Mobile\nAda,+491711234567\n"));
     QFile file(m_pFolder->filePath("two.vcf"));
     QVERIFY(file.open(QIODevice::WriteOnly));
     QVERIFY(file.write("BEGIN:VCARD\nVERSION:3.0\nFN:Bo\nTEL;TYPE=CELL:0170222\nEND:VCARD\n"
                        "BEGIN:VCARD\nVERSION:3.0\nFN:Cy\nTEL;TYPE=CELL:0170333\nEND:VCARD\n") > 0);
-    QVERIFY2(m_pHost->Start(dataFolder()), qPrintable(m_pHost->Log()));
+    QVERIFY2(m_pHost->Start(DataFolder()), qPrintable(m_pHost->Log()));
     QTRY_COMPARE(m_pHost->Rows(TABLE), 1);
-}
-
-void TestDesktopOpening::cleanup()
-{
-    if (m_pHost->Running()) {
-        if (QTest::currentTestFailed()) {
-            m_pHost->Screenshot(QStringLiteral("%1.png").arg(QTest::currentTestFunction()));
-        }
-        m_pHost->WaitForMainWindow();
-        QVERIFY2(m_pHost->Quit() >= 0, qPrintable(m_pHost->Log()));
-    }
-    QVERIFY2(m_pHost->ErrorLines().isEmpty(), qPrintable(m_pHost->ErrorLines().join('\n')));
-    m_pHost.reset();
 }
 
 // Starts the shipped program on the same data folder and waits for its end; -1 if there is none.
@@ -81,7 +60,7 @@ int TestDesktopOpening::again(const QStringList& lstArguments, const QString& st
     QProcess start;
     start.setWorkingDirectory(strFolder.isEmpty() ? m_pFolder->path() : strFolder);
     start.start(QString::fromLocal8Bit(qgetenv("LINKHAND_BUILD_DIR")) + "/linkhand",
-                QStringList({"--data-dir", dataFolder()}) + lstArguments);
+                QStringList({"--data-dir", DataFolder()}) + lstArguments);
     const bool bEnded = start.waitForFinished(60000);
     m_strSaid = QString::fromLocal8Bit(start.readAllStandardError());
     return bEnded && start.exitStatus() == QProcess::NormalExit ? start.exitCode() : -1;
@@ -158,7 +137,7 @@ void TestDesktopOpening::aFileOfContactsIsShownAndImported()
 void TestDesktopOpening::theFirstStartOpensWhatItIsGiven()
 {
     QVERIFY(m_pHost->Quit() >= 0);
-    QVERIFY2(m_pHost->Start(dataFolder(), {"tel:0171", m_pFolder->filePath("two.vcf")}), qPrintable(m_pHost->Log()));
+    QVERIFY2(m_pHost->Start(DataFolder(), {"tel:0171", m_pFolder->filePath("two.vcf")}), qPrintable(m_pHost->Log()));
     QVERIFY(m_pHost->WaitForModal());
     QTRY_COMPARE(m_pHost->Rows(CARDS), 2);
     QCOMPARE(m_pHost->Text(NUMBER), QString("0171"));
@@ -169,8 +148,8 @@ void TestDesktopOpening::theFirstStartOpensWhatItIsGiven()
 void TestDesktopOpening::aNewDataFolderHasOneProgramAsWell()
 {
     QVERIFY(m_pHost->Quit() >= 0);
-    QVERIFY(QDir(dataFolder()).removeRecursively());
-    QVERIFY2(m_pHost->Start(dataFolder()), qPrintable(m_pHost->Log()));
+    QVERIFY(QDir(DataFolder()).removeRecursively());
+    QVERIFY2(m_pHost->Start(DataFolder()), qPrintable(m_pHost->Log()));
     QCOMPARE(again({"tel:0171"}), 0);
     QTRY_COMPARE(m_pHost->Text(NUMBER), QString("0171"));
 }
@@ -206,7 +185,7 @@ void TestDesktopOpening::aStoppedProgramIsGivenUp()
     QCOMPARE(kill(pid_t(m_pHost->Pid()), SIGSTOP), 0);
     QCOMPARE(again({"tel:0171"}), 3);
     QCOMPARE(kill(pid_t(m_pHost->Pid()), SIGCONT), 0);
-    QVERIFY2(m_strSaid.contains("linkhand: runs already with " + dataFolder() + ": it does not answer"),
+    QVERIFY2(m_strSaid.contains("linkhand: runs already with " + DataFolder() + ": it does not answer"),
              qPrintable(m_strSaid));
 }
 
@@ -215,7 +194,7 @@ void TestDesktopOpening::aKilledProgramIsReplaced()
     QCOMPARE(kill(pid_t(m_pHost->Pid()), SIGKILL), 0);
     m_pHost->WaitForExit();
     QVERIFY(QFile::remove(m_pHost->SocketFolder() + "/socket")); // of the test, which it left
-    QVERIFY2(m_pHost->Start(dataFolder()), qPrintable(m_pHost->Log()));
+    QVERIFY2(m_pHost->Start(DataFolder()), qPrintable(m_pHost->Log()));
     QTRY_COMPARE(m_pHost->Rows(TABLE), 1);
     QCOMPARE(again({"tel:0171"}), 0);
     QTRY_COMPARE(m_pHost->Text(NUMBER), QString("0171"));

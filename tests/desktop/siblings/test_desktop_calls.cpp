@@ -1,6 +1,6 @@
 #include <QtTest>
 
-#include "HostDriver.h"
+#include "DesktopTest.h"
 #include "Profile.h"
 
 namespace
@@ -12,13 +12,12 @@ const char* const CALLS = "VoiceCallPlugin_treeCalls";
 } // namespace
 
 // The calls of one run in the next one, by the keys alone where a person has only those.
-class TestDesktopCalls : public QObject
+class TestDesktopCalls : public DesktopTest
 {
     Q_OBJECT
 
 private slots:
     void init();
-    void cleanup();
     void aCallIsThereAfterARestartUntilItIsDeleted();
     void theNetworkThatGoesIsTheEndOfACall();
 
@@ -29,29 +28,16 @@ private:
     QString cell(int iColumn);
 
     QScopedPointer<Profile> m_pProfile;
-    QScopedPointer<HostDriver> m_pHost;
 };
 
 void TestDesktopCalls::init()
 {
+    DesktopTest::init();
     m_pProfile.reset(new Profile);
-    m_pHost.reset(new HostDriver);
     QVERIFY(m_pProfile->Add(4, "Anna", "0170", 10));
     m_pProfile->Close();
     QVERIFY2(start(), qPrintable(m_pHost->Log()));
     QTRY_COMPARE(m_pHost->Rows(TABLE), 10);
-}
-
-void TestDesktopCalls::cleanup()
-{
-    if (m_pHost->Running()) {
-        if (QTest::currentTestFailed()) {
-            m_pHost->Screenshot(QStringLiteral("%1.png").arg(QTest::currentTestFunction()));
-        }
-        QVERIFY2(m_pHost->Quit() >= 0, qPrintable(m_pHost->Log()));
-    }
-    QVERIFY2(m_pHost->ErrorLines().isEmpty(), qPrintable(m_pHost->ErrorLines().join('\n')));
-    m_pHost.reset();
 }
 
 bool TestDesktopCalls::call(const QString& strName)

@@ -1,6 +1,6 @@
 #include <QtTest>
 
-#include "HostDriver.h"
+#include "DesktopTest.h"
 #include "Profile.h"
 
 namespace
@@ -13,13 +13,12 @@ const char* const CHOICE = "AddrBookUIPlugin_selectContacts_treeContacts";
 } // namespace
 
 // Phonebook and siblings together: messages to contacts and groups, numbers from the phonebook, calls.
-class TestDesktopSiblings : public QObject
+class TestDesktopSiblings : public DesktopTest
 {
     Q_OBJECT
 
 private slots:
     void init();
-    void cleanup();
     void anSmsToAGroupOfThreeNamesTheThreeNumbers();
     void anSmsToSelectedRowsNamesTheirNumbers();
     void recipientsAreChosenInThePhonebook();
@@ -30,30 +29,17 @@ private:
     bool click(const QString& strText) { return m_pHost->ClickCell(TABLE, strText); }
 
     QScopedPointer<Profile> m_pProfile;
-    QScopedPointer<HostDriver> m_pHost;
 };
 
 void TestDesktopSiblings::init()
 {
+    DesktopTest::init();
     m_pProfile.reset(new Profile);
-    m_pHost.reset(new HostDriver);
     QVERIFY(m_pProfile->Add(4, "Anna", "0170", 10));
     QVERIFY(m_pProfile->AddGroup("Friends", 0, QList<int>() << 1 << 2 << 3) != 0);
     m_pProfile->Close();
     QVERIFY2(m_pHost->Start(m_pProfile->Path()), qPrintable(m_pHost->Log()));
     QTRY_COMPARE(m_pHost->Rows(TABLE), 10);
-}
-
-void TestDesktopSiblings::cleanup()
-{
-    if (m_pHost->Running()) {
-        if (QTest::currentTestFailed()) {
-            m_pHost->Screenshot(QStringLiteral("%1.png").arg(QTest::currentTestFunction()));
-        }
-        QVERIFY2(m_pHost->Quit() >= 0, qPrintable(m_pHost->Log()));
-    }
-    QVERIFY2(m_pHost->ErrorLines().isEmpty(), qPrintable(m_pHost->ErrorLines().join('\n')));
-    m_pHost.reset();
 }
 
 void TestDesktopSiblings::anSmsToAGroupOfThreeNamesTheThreeNumbers()
