@@ -17,7 +17,6 @@
 #include <QWindow>
 
 #include "test/ReaderQueries.h"
-
 #include "test/ScreenPlace.h"
 
 namespace
