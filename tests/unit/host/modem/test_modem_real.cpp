@@ -78,7 +78,8 @@ bool TestModemReal::open()
 {
     bool bPinGiven = false;
     bool bEnabling = false;
-    return QTest::qWaitFor(
+    QSignalSpy refused(&modem(), SIGNAL(enableFailed(QString)));
+    const bool bOpen = QTest::qWaitFor(
         [&] {
             const ModemStatus status = modem().Status();
             if (status.enLock == ModemStatus::LOCK_PIN) {
@@ -87,6 +88,9 @@ bool TestModemReal::open()
                     bPinGiven = true;
                     modem().SendPin(s_szPin);
                 }
+            } else if (!refused.isEmpty()) {
+                qInfo("asked again: %s", qPrintable(refused.takeFirst().at(0).toString()));
+                bEnabling = false;
             } else if (status.bUsable && status.enLock == ModemStatus::LOCK_NONE && !bEnabling) {
                 bEnabling = true;
                 modem().Enable();
@@ -94,6 +98,12 @@ bool TestModemReal::open()
             return status.bRegistered && status.bMessages && status.bCalls;
         },
         60000);
+    const ModemStatus status = modem().Status();
+    if (!bOpen) {
+        qWarning("lock %d, usable %d, enabled %d, registered %d, messages %d, calls %d", int(status.enLock),
+                 status.bUsable, status.bEnabled, status.bRegistered, status.bMessages, status.bCalls);
+    }
+    return bOpen;
 }
 
 void TestModemReal::itsPinOpensIt()
