@@ -41,9 +41,9 @@ bool problemIs(Library& library, const std::string& part)
 }
 
 // A modem that is there for the length of a test.
-struct Plugged {
-    Plugged() { tell("plug"); }
-    ~Plugged() { tell("unplug"); }
+struct PluggedPort {
+    PluggedPort() { tell("plug"); }
+    ~PluggedPort() { tell("unplug"); }
 };
 
 } // namespace
@@ -55,7 +55,7 @@ TEST(aNamedPortIsOpenedWhenItIsPluggedAndAgain)
     CHECK(problemIs(library, "No such file"));
     for (int i = 0; i < 2; ++i) {
         {
-            const Plugged plugged;
+            const PluggedPort plugged;
             REQUIRE(library.ready());
             CHECK_EQ(library.card.size(), 5);
         }
@@ -70,11 +70,11 @@ TEST(aNamedPortWhereNobodyAnsweredIsTriedAgainWhenSomethingIsPlugged)
     Library library(place, onlyByNews(), firstPort, openLinked);
     CHECK(problemIs(library, "No such file"));
     {
-        const Plugged plugged;
+        const PluggedPort plugged;
         CHECK(problemIs(library, "nobody answers"));
     }
     tell("noquirk silent");
-    const Plugged again;
+    const PluggedPort again;
     CHECK(library.ready());
 }
 
@@ -85,7 +85,7 @@ TEST(withoutModemManagerNothingIsOpenedThatNobodyNamed)
     CHECK(problemIs(library, "ModemManager does not run"));
     const std::unique_ptr<ModemWatch> watch(linkhand_modem_watch_1(WatchKind::Plugs));
     const std::string before = tell("log");
-    const Plugged plugged;
+    const PluggedPort plugged;
     CHECK(eventually([&] {
         watch->process();
         return watch->changes() >= 3; // a port each
