@@ -54,6 +54,7 @@ CardPreview::CardPreview(const QString& strFile, QWidget* pParent)
       m_pCancel(newButton(HostText::Get("IDS_CANCEL"), "linkhand_Cards_cancel")),
       m_iInFile(0),
       m_bStored(false),
+      m_bLooked(false),
       m_bAgain(false)
 {
     setObjectName(QLatin1String("linkhand_Cards"));
@@ -196,11 +197,12 @@ void CardPreview::showLook()
                       : nCode == ORVA_OK ? ImportText::Summary(true, m_plan.strShown, counts)
                                          : CareText::Explain(nCode));
     m_iInFile = counts.total;
-    const bool bFirst = m_pCancel->hasFocus();
     m_pStore->setEnabled(nCode == ORVA_OK && counts.added + counts.changed > 0);
-    if (bFirst && m_pStore->isEnabled()) {
+    // Whoever has chosen what becomes of those that are there goes on choosing.
+    if (!m_bLooked && m_pStore->isEnabled()) {
         m_pStore->setFocus(Qt::OtherFocusReason);
     }
+    m_bLooked = true;
 }
 
 void CardPreview::showImport()

@@ -59,7 +59,8 @@ private:
     QTimer m_progress; // runs with the work
     int m_iInFile;     // contacts, as the last look has found
     bool m_bStored;
-    bool m_bAgain; // what is being looked at is wanted in another way
+    bool m_bLooked; // at least once
+    bool m_bAgain;  // what is being looked at is wanted in another way
     QString m_strOutcome;
 };
 
