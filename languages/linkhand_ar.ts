@@ -256,6 +256,10 @@
         <translation>كُتب إلى %1. جهات الاتصال: %2.</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARE_EXPORT_CANCELLED</source>
+        <translation>أُلغي. لم يُكتب شيء.</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARE_EXPORT_KEPT</source>
         <translation>الملف السابق محفوظ بجانبه، وبعد اسمه ‎“.~1~”‎ أو الرقم التالي الخالي.</translation>
     </message>
@@ -1492,10 +1496,6 @@
         <translation>اسم إضافي</translation>
     </message>
     <message>
-        <source>IDS_HOST_CARDS_COUNT</source>
-        <translation>جهات الاتصال في الملف: %1</translation>
-    </message>
-    <message>
         <source>IDS_HOST_CARDS_DONE</source>
         <translation>جهات الاتصال المستوردة: %1 من %2</translation>
     </message>
@@ -1512,6 +1512,10 @@
         <translation>لا توجد جهات اتصال</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARDS_NOT_POSSIBLE</source>
+        <translation>المكتبة المستخدمة لا تستورد جهات الاتصال</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARDS_PROGRESS</source>
         <translation>%1 من %2</translation>
     </message>
@@ -1522,6 +1526,18 @@
     <message>
         <source>IDS_HOST_CARDS_UNREADABLE</source>
         <translation>لا يمكن قراءة هذا الملف كجهات اتصال</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_ELSEWHERE_FOREIGN</source>
+        <translation>برنامج لمستخدم آخر أخذ الموضع الذي يستجيب فيه Linkhand. لم يُفتح شيء.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_ELSEWHERE_NO_ANSWER</source>
+        <translation>يعمل Linkhand مع دليل الهاتف هذا من قبل لكنه لا يستجيب. انتظر قليلاً ثم شغّله مرة أخرى.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_ELSEWHERE_TOO_MUCH</source>
+        <translation>هذا أكثر مما يفتحه Linkhand دفعة واحدة. لم يُفتح شيء.</translation>
     </message>
     <message>
         <source>IDS_HOST_OPEN_ALREADY</source>

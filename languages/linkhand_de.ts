@@ -256,6 +256,10 @@
         <translation>Geschrieben nach %1. Kontakte: %2.</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARE_EXPORT_CANCELLED</source>
+        <translation>Abgebrochen. Nichts wurde geschrieben.</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARE_EXPORT_KEPT</source>
         <translation>Die Datei, die es schon gab, liegt daneben, mit „.~1~“ oder der nächsten freien Nummer hinter ihrem Namen.</translation>
     </message>
@@ -1492,10 +1496,6 @@
         <translation>Weiterer Name</translation>
     </message>
     <message>
-        <source>IDS_HOST_CARDS_COUNT</source>
-        <translation>Kontakte in der Datei: %1</translation>
-    </message>
-    <message>
         <source>IDS_HOST_CARDS_DONE</source>
         <translation>Importierte Kontakte: %1 von %2</translation>
     </message>
@@ -1512,6 +1512,10 @@
         <translation>Keine Kontakte</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARDS_NOT_POSSIBLE</source>
+        <translation>Die Bibliothek, die hier läuft, importiert keine Kontakte</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARDS_PROGRESS</source>
         <translation>%1 von %2</translation>
     </message>
@@ -1522,6 +1526,18 @@
     <message>
         <source>IDS_HOST_CARDS_UNREADABLE</source>
         <translation>Diese Datei ist nicht als Kontakte lesbar</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_ELSEWHERE_FOREIGN</source>
+        <translation>Ein Programm eines anderen Benutzers hat den Platz eingenommen, an dem Linkhand antwortet. Nichts wurde geöffnet.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_ELSEWHERE_NO_ANSWER</source>
+        <translation>Linkhand läuft schon mit diesem Telefonbuch, antwortet aber nicht. Warten Sie einen Augenblick und starten Sie es noch einmal.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_ELSEWHERE_TOO_MUCH</source>
+        <translation>Das ist mehr, als Linkhand auf einmal öffnet. Nichts wurde geöffnet.</translation>
     </message>
     <message>
         <source>IDS_HOST_OPEN_ALREADY</source>

@@ -256,6 +256,10 @@
         <translation>Written to %1. Contacts: %2.</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARE_EXPORT_CANCELLED</source>
+        <translation>Cancelled. Nothing was written.</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARE_EXPORT_KEPT</source>
         <translation>The file that was there is kept beside it, with “.~1~” or the next free number behind its name.</translation>
     </message>
@@ -1492,10 +1496,6 @@
         <translation>Further name</translation>
     </message>
     <message>
-        <source>IDS_HOST_CARDS_COUNT</source>
-        <translation>Contacts in the file: %1</translation>
-    </message>
-    <message>
         <source>IDS_HOST_CARDS_DONE</source>
         <translation>Contacts imported: %1 of %2</translation>
     </message>
@@ -1512,6 +1512,10 @@
         <translation>No contacts</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARDS_NOT_POSSIBLE</source>
+        <translation>The library in use does not import contacts</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARDS_PROGRESS</source>
         <translation>%1 of %2</translation>
     </message>
@@ -1522,6 +1526,18 @@
     <message>
         <source>IDS_HOST_CARDS_UNREADABLE</source>
         <translation>This file cannot be read as contacts</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_ELSEWHERE_FOREIGN</source>
+        <translation>Another user’s program has taken the place in which Linkhand answers. Nothing was opened.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_ELSEWHERE_NO_ANSWER</source>
+        <translation>Linkhand runs already with this phonebook, but does not answer. Wait a moment and start it again.</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_ELSEWHERE_TOO_MUCH</source>
+        <translation>This is more than Linkhand opens at once. Nothing was opened.</translation>
     </message>
     <message>
         <source>IDS_HOST_OPEN_ALREADY</source>

@@ -256,6 +256,10 @@
         <translation>已写入 %1。联系人：%2。</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARE_EXPORT_CANCELLED</source>
+        <translation>已取消。未写入任何内容。</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARE_EXPORT_KEPT</source>
         <translation>原有文件保留在旁边，文件名后加 “.~1~” 或下一个可用编号。</translation>
     </message>
@@ -1492,10 +1496,6 @@
         <translation>其他姓名</translation>
     </message>
     <message>
-        <source>IDS_HOST_CARDS_COUNT</source>
-        <translation>文件中的联系人：%1</translation>
-    </message>
-    <message>
         <source>IDS_HOST_CARDS_DONE</source>
         <translation>已导入联系人：%1 / %2</translation>
     </message>
@@ -1512,6 +1512,10 @@
         <translation>没有联系人</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARDS_NOT_POSSIBLE</source>
+        <translation>正在使用的库不支持导入联系人</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARDS_PROGRESS</source>
         <translation>%1 / %2</translation>
     </message>
@@ -1522,6 +1526,18 @@
     <message>
         <source>IDS_HOST_CARDS_UNREADABLE</source>
         <translation>无法将此文件作为联系人读取</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_ELSEWHERE_FOREIGN</source>
+        <translation>另一用户的程序占用了 Linkhand 的应答位置。未打开任何内容。</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_ELSEWHERE_NO_ANSWER</source>
+        <translation>Linkhand 已在使用此电话簿运行，但没有响应。请稍候再启动。</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_ELSEWHERE_TOO_MUCH</source>
+        <translation>这超出了 Linkhand 一次能打开的数量。未打开任何内容。</translation>
     </message>
     <message>
         <source>IDS_HOST_OPEN_ALREADY</source>

@@ -7,6 +7,7 @@
 #include <cstdlib>
 
 #include "app/FileDrop.h"
+#include "cards/CardImport.h"
 #include "cards/CardPreview.h"
 #include "linkhand/core/CommonUtils.h"
 #include "linkhand/plugin/Codes.h"
@@ -188,6 +189,10 @@ void RequestDesk::write(const Request& request)
 
 void RequestDesk::showCards(const QString& strFile)
 {
+    if (!CardImport::IsPossible()) {
+        tell(HostText::Get("IDS_HOST_CARDS_NOT_POSSIBLE"));
+        return;
+    }
     CardPreview preview(strFile, &m_window);
     preview.exec();
     if (preview.HasStored()) {

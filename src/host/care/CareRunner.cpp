@@ -67,7 +67,7 @@ void CareRunner::OnFinished()
         Begin(m_pNext.release(), m_pNextSection);
     }
     const bool bWrote = pDone->KindOf() == CareTask::WRITING;
-    if (bWrote || !pDone->IsCancelled()) {
+    if (pDone->IsTakenCancelled() || !pDone->IsCancelled()) {
         pSection->Take(*pDone);
     }
     emit ended(bWrote);

@@ -25,6 +25,7 @@
 #pragma weak ORVA_Care_Import_Release
 #pragma weak ORVA_Care_FindingsRelease
 #pragma weak ORVA_Care_Export
+#pragma weak ORVA_Care_ExportWithProgress
 #pragma weak ORVA_Store_CheckInWords
 #pragma weak ORVA_Store_GetDamage
 #pragma weak ORVA_Store_GetAccess

@@ -21,7 +21,7 @@ public:
     // Begins to read what it shows.
     virtual void Read() = 0;
 
-    // Gets a task of its own that has ended, cancelled ones only if they write.
+    // Gets a task of its own that has ended, cancelled ones only if they say so.
     virtual void Take(const CareTask& task) = 0;
 
     // Where the keys go when a button that has them can be used no longer.

@@ -23,6 +23,9 @@ public:
 
     Kind KindOf() const { return m_enKind; }
 
+    // Whether its section gets it though it was cancelled.
+    virtual bool IsTakenCancelled() const { return m_enKind == WRITING; }
+
     // True for one that waits itself for forms and batches to end, and so is none of them.
     virtual bool TakesTurns() const { return false; }
 

@@ -134,6 +134,11 @@ void DuplicateSection::OnChosen()
     const DuplicateSet* const pSet = chosenSet();
     enable(m_pMerge, pSet != nullptr);
     enable(m_pSkip, pSet != nullptr);
+    // Without contacts there is nothing to have titles for.
+    if (pSet == nullptr && m_pSides->hasFocus()) {
+        FocusTarget()->setFocus(Qt::OtherFocusReason);
+    }
+    m_pSides->setVisible(pSet != nullptr);
     if (pSet == nullptr) {
         m_pSides->SetRows(QList<CareRow>());
         return;

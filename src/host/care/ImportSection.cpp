@@ -10,10 +10,11 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "care/CareSdk.h"
 #include "care/CareTable.h"
 #include "care/CareText.h"
+#include "care/ImportText.h"
 #include "findings/FindingsDialog.h"
+#include "orva/orva_sync.h"
 #include "shared/NumberDelegate.h"
 #include "text/HostText.h"
 
@@ -25,16 +26,6 @@ enum Column { COLUMN_NAME, COLUMN_NUMBER, COLUMN_OUTCOME, COLUMN_COUNT };
 // What the SDK calls them.
 const char* const EVOLUTION = "Outlook";
 const char* const THUNDERBIRD = "Outlook Express";
-
-// By ORVA_IMPORT_..., from 1 on.
-const char* const OUTCOMES[] = {"IDS_HOST_CARE_IMPORT_NEW", "IDS_HOST_CARE_IMPORT_CHANGED", "IDS_HOST_CARE_IMPORT_SAME",
-                                "IDS_HOST_CARE_IMPORT_THERE", "IDS_HOST_CARE_IMPORT_NOT"};
-
-QString outcomeText(int iOutcome)
-{
-    return iOutcome >= ORVA_IMPORT_ADDED && iOutcome <= ORVA_IMPORT_LEFT ? HostText::Get(OUTCOMES[iOutcome - 1])
-                                                                         : QString();
-}
 
 } // namespace
 
@@ -129,14 +120,12 @@ void ImportSection::Retranslate()
     m_pExport->setText(HostText::Get("IDS_HOST_CARE_EXPORT"));
     m_pExistingLabel->setText(HostText::Get("IDS_HOST_CARE_IMPORT_EXISTING"));
     m_pExisting->setAccessibleName(m_pExistingLabel->text());
-    m_pExisting->setItemText(ORVA_EXISTING_ADD, HostText::Get("IDS_HOST_CARE_IMPORT_ADD"));
-    m_pExisting->setItemText(ORVA_EXISTING_SKIP, HostText::Get("IDS_HOST_CARE_IMPORT_SKIP"));
-    m_pExisting->setItemText(ORVA_EXISTING_UPDATE, HostText::Get("IDS_HOST_CARE_IMPORT_UPDATE"));
+    for (int i = 0; i < m_pExisting->count(); ++i) {
+        m_pExisting->setItemText(i, ImportText::ExistingChoices().value(i));
+    }
     m_pImport->setText(HostText::Get("IDS_HOST_CARE_IMPORT_DO"));
     m_pTable->setAccessibleName(Title());
-    m_pTable->SetTitles(QStringList() << HostText::Get("IDS_HOST_CARE_FIELD_NAME")
-                                      << HostText::Get("IDS_HOST_CARE_COLUMN_NUMBER")
-                                      << HostText::Get("IDS_HOST_CARE_IMPORT_OUTCOME"));
+    m_pTable->SetTitles(ImportText::Titles());
     m_pTable->SetEmptyText(HostText::Get("IDS_HOST_CARE_IMPORT_NONE"));
     m_pTable->SizeColumns(QStringList() << QString(26, QLatin1Char('n')) << QLatin1String("+44 1632 960000 00"));
     show();
@@ -250,7 +239,7 @@ void ImportSection::takeImport(const ContactImporting& importing)
         return;
     }
     const long nCode = importing.Code();
-    const bool bSource = nCode == ORVA_E_FORMAT || nCode == ORVA_E_NOT_FOUND || nCode == ORVA_E_TOO_LONG;
+    const bool bSource = ImportText::IsOfSource(nCode);
     if (!importing.IsTry() || bSource) {
         m_plan.strSource.clear();
     }
@@ -275,6 +264,10 @@ void ImportSection::takeImport(const ContactImporting& importing)
 void ImportSection::takeExport(const ContactExporting& exporting)
 {
     const QString strFile = QDir::toNativeSeparators(exporting.File());
+    if (exporting.Code() == ORVA_E_CANCELLED) {
+        emit told(HostText::Get("IDS_HOST_CARE_EXPORT_CANCELLED"));
+        return;
+    }
     if (exporting.Code() != ORVA_OK) {
         emit told(HostText::Get("IDS_HOST_FINDINGS_NOT_SAVED").arg(strFile));
         return;
@@ -288,25 +281,9 @@ void ImportSection::takeExport(const ContactExporting& exporting)
 
 void ImportSection::show()
 {
-    QList<CareRow> listRows;
-    for (int i = 0; i < m_listRows.size(); ++i) {
-        const ImportRow& row = m_listRows.at(i);
-        listRows.append(CareRow(i + 1, QStringList() << row.strName << row.strNumber << outcomeText(row.iOutcome)));
-    }
-    m_pTable->SetRows(listRows);
-    m_pSummary->setText(summary());
-    m_pLeft->setText(HostText::Get("IDS_HOST_CARE_IMPORT_LEFT").arg(QLocale().toString(m_findings.Total())));
+    m_pTable->SetRows(ImportText::Rows(m_listRows));
+    m_pSummary->setText(m_strShown.isEmpty() ? QString() : ImportText::Summary(m_bTry, m_strShown, m_counts));
+    m_pLeft->setText(ImportText::Left(m_findings));
     enable(m_pLeft, m_findings.Total() > 0);
     enable(m_pImport, !m_plan.strSource.isEmpty());
-}
-
-QString ImportSection::summary() const
-{
-    if (m_strShown.isEmpty()) {
-        return QString();
-    }
-    const char* const pszId = m_bTry ? "IDS_HOST_CARE_IMPORT_WOULD" : "IDS_HOST_CARE_IMPORT_DID";
-    const QLocale locale;
-    return HostText::Get(pszId).arg(m_strShown, locale.toString(m_counts.added), locale.toString(m_counts.changed),
-                                    locale.toString(m_counts.same + m_counts.skipped), locale.toString(m_counts.left));
 }

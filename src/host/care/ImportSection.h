@@ -46,7 +46,6 @@ private:
     void takeImport(const ContactImporting& importing);
     void takeExport(const ContactExporting& exporting);
     void show();
-    QString summary() const;
 
     QLabel* m_pHint;
     QPushButton* m_pFile;

@@ -67,5 +67,17 @@ void ContactImporting::takeFindings(void* pImport)
 void ContactExporting::Run()
 {
     m_bKept = QFile::exists(m_strFile);
-    succeeded(ORVA_Care_Export(ORVA_MEMORY_LOCAL, m_strFile.utf16(), ORVA_FORMAT_ANY, nullptr, 0, &m_iWritten));
+    // An earlier SDK cannot be broken off.
+    succeeded(&ORVA_Care_ExportWithProgress != nullptr
+                  ? ORVA_Care_ExportWithProgress(ORVA_MEMORY_LOCAL, m_strFile.utf16(), ORVA_FORMAT_ANY, nullptr, 0,
+                                                 &m_iWritten, &ContactExporting::onProgress, this)
+                  : ORVA_Care_Export(ORVA_MEMORY_LOCAL, m_strFile.utf16(), ORVA_FORMAT_ANY, nullptr, 0, &m_iWritten));
+}
+
+int ContactExporting::onProgress(int iDone, int iTotal, void* pData)
+{
+    ContactExporting* const pSelf = static_cast<ContactExporting*>(pData);
+    pSelf->setTotal(iTotal);
+    pSelf->setDone(iDone);
+    return pSelf->IsCancelled() ? 1 : 0;
 }

@@ -57,6 +57,9 @@ public:
     explicit ContactExporting(const QString& strFile) : CareTask(ASKING), m_strFile(strFile), m_iWritten(0) {}
     void Run() override;
 
+    // The user is told that there is no file.
+    bool IsTakenCancelled() const override { return true; }
+
     const QString& File() const { return m_strFile; }
     int Written() const { return m_iWritten; }
 
@@ -64,6 +67,8 @@ public:
     bool HasKept() const { return m_bKept; }
 
 private:
+    static int onProgress(int iDone, int iTotal, void* pData);
+
     const QString m_strFile;
     int m_iWritten;
     bool m_bKept = false;

@@ -1,3 +1,4 @@
+#include <QProcess>
 #include <QtTest>
 
 #include <csignal>
@@ -33,9 +34,13 @@ private slots:
     void aNumberInThePreviewFillsTheForm();
     void aStoppedProgramIsGivenUp();
     void aKilledProgramIsReplaced();
+    void theLastPageComesBack();
     void whatMakesNoSenseIsRefused();
 
 private:
+    void begin(QProcess& start, const QStringList& lstArguments, const QString& strFolder = QString());
+    int end(QProcess& start);
+    QByteArray waitForWindowOf(QProcess& start);
     int again(const QStringList& lstArguments, const QString& strFolder = QString());
     bool isActive();
 
@@ -54,16 +59,44 @@ void TestDesktopOpening::init()
     QTRY_COMPARE(m_pHost->Rows(TABLE), 1);
 }
 
-// Starts the shipped program on the same data folder and waits for its end; -1 if there is none.
-int TestDesktopOpening::again(const QStringList& lstArguments, const QString& strFolder)
+// Starts the shipped program on the same data folder.
+void TestDesktopOpening::begin(QProcess& start, const QStringList& lstArguments, const QString& strFolder)
 {
-    QProcess start;
     start.setWorkingDirectory(strFolder.isEmpty() ? m_pFolder->path() : strFolder);
     start.start(QString::fromLocal8Bit(qgetenv("LINKHAND_BUILD_DIR")) + "/linkhand",
                 QStringList({"--data-dir", DataFolder()}) + lstArguments);
+}
+
+// Waits for its end; -1 if there is none.
+int TestDesktopOpening::end(QProcess& start)
+{
     const bool bEnded = start.waitForFinished(60000);
     m_strSaid = QString::fromLocal8Bit(start.readAllStandardError());
     return bEnded && start.exitStatus() == QProcess::NormalExit ? start.exitCode() : -1;
+}
+
+int TestDesktopOpening::again(const QStringList& lstArguments, const QString& strFolder)
+{
+    QProcess start;
+    begin(start, lstArguments, strFolder);
+    return end(start);
+}
+
+// The number of its window; empty if none comes before it ends.
+QByteArray TestDesktopOpening::waitForWindowOf(QProcess& start)
+{
+    QByteArray window;
+    HostDriver::WaitUntil(
+        [&] {
+            QProcess search;
+            search.start("xdotool", {"search", "--onlyvisible", "--pid", QString::number(start.processId())});
+            search.waitForFinished();
+            window = search.readAllStandardOutput().trimmed().split('\n').last();
+            start.waitForFinished(0);
+            return !window.isEmpty() || start.state() == QProcess::NotRunning;
+        },
+        60000);
+    return window;
 }
 
 bool TestDesktopOpening::isActive()
@@ -183,8 +216,16 @@ void TestDesktopOpening::aNumberInThePreviewFillsTheForm()
 void TestDesktopOpening::aStoppedProgramIsGivenUp()
 {
     QCOMPARE(kill(pid_t(m_pHost->Pid()), SIGSTOP), 0);
-    QCOMPARE(again({"tel:0171"}), 3);
+    QProcess start;
+    begin(start, {"tel:0171"});
+    // Whoever started it from a menu is told as well.
+    const QByteArray box = waitForWindowOf(start);
+    const bool bWaits = start.state() == QProcess::Running;
+    QProcess::execute("xdotool", {"windowactivate", "--sync", box, "key", "--window", "0", "Return"});
+    const int iCode = end(start);
     QCOMPARE(kill(pid_t(m_pHost->Pid()), SIGCONT), 0);
+    QVERIFY(!box.isEmpty() && bWaits);
+    QCOMPARE(iCode, 3);
     QVERIFY2(m_strSaid.contains("linkhand: runs already with " + DataFolder() + ": it does not answer"),
              qPrintable(m_strSaid));
 }
@@ -198,6 +239,15 @@ void TestDesktopOpening::aKilledProgramIsReplaced()
     QTRY_COMPARE(m_pHost->Rows(TABLE), 1);
     QCOMPARE(again({"tel:0171"}), 0);
     QTRY_COMPARE(m_pHost->Text(NUMBER), QString("0171"));
+}
+
+void TestDesktopOpening::theLastPageComesBack()
+{
+    QVERIFY(m_pHost->Click("linkhand_NavBar_Messages"));
+    QVERIFY(m_pHost->WaitFor("linkhand_Messages_list"));
+    QVERIFY(m_pHost->Quit() >= 0);
+    QVERIFY2(m_pHost->Start(DataFolder()), qPrintable(m_pHost->Log()));
+    QVERIFY(m_pHost->WaitFor("linkhand_Messages_list"));
 }
 
 void TestDesktopOpening::whatMakesNoSenseIsRefused()

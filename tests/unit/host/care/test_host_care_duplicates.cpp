@@ -48,6 +48,23 @@ private slots:
         QVERIFY(rows(SIDES).isEmpty());
     }
 
+    void withoutAPairOneSentenceStandsThere()
+    {
+        add({"Ada", "0170111"});
+        openSection("duplicates");
+        QTRY_VERIFY(find<QWidget>("linkhand_Care_duplicates")->isVisible());
+        QVERIFY(!find<QWidget>(SIDES)->isVisible());
+        QVERIFY(find<QWidget>(LIST)->isVisible());
+        add({"Ada", "0170111"});
+        find<QTabWidget>("linkhand_Care_tabs")->setCurrentIndex(0);
+        openSection("duplicates");
+        QTRY_VERIFY(find<QWidget>(SIDES)->isVisible());
+        find<QWidget>(SIDES)->setFocus();
+        click(MERGE);
+        QTRY_VERIFY(!find<QWidget>(SIDES)->isVisible());
+        QVERIFY(find<QWidget>(LIST)->hasFocus());
+    }
+
     // The preview is what the merge does: what has no room goes into the notes.
     void whatHasNoRoomIsShownInTheNotes()
     {

@@ -2,7 +2,9 @@
 #include <QTimer>
 
 #include "CareSetup.h"
+#include "care/CareRunner.h"
 #include "care/ImportSection.h"
+#include "orva/orva_sync.h"
 
 namespace
 {
@@ -111,8 +113,48 @@ private slots:
         QTRY_VERIFY(told().endsWith("could not be written."));
     }
 
+    void anExportIsCancelledAndTheOldFileStays()
+    {
+        addMany(2000);
+        openSection("import");
+        const QString strFile = file("out.vcf", "old");
+        QTRY_VERIFY(m_pWindow->findChild<CareRunner*>()->Current() == nullptr);
+        section()->ExportTo(strFile);
+        // What the button does once it is there.
+        QVERIFY(QMetaObject::invokeMethod(find<QWidget>("linkhand_Page_Care"), "OnCancel"));
+        QTRY_COMPARE(told(), QString("Cancelled. Nothing was written."));
+        QFile out(strFile);
+        QVERIFY(out.open(QIODevice::ReadOnly));
+        QCOMPARE(out.readAll(), QByteArray("old"));
+        QVERIFY(!QFile::exists(strFile + ".~1~"));
+    }
+
+    void anExportTellsHowFarItIs()
+    {
+        addMany(600);
+        ContactExporting exporting(dataFolder() + "/out.csv");
+        exporting.Run();
+        QCOMPARE(exporting.Code(), long(ORVA_OK));
+        QCOMPARE(exporting.Written(), 600);
+        QCOMPARE(exporting.Total(), 600);
+        QVERIFY(exporting.Done() > 0);
+        ContactExporting cancelled(dataFolder() + "/none.csv");
+        cancelled.Cancel();
+        cancelled.Run();
+        QCOMPARE(cancelled.Code(), long(ORVA_E_CANCELLED));
+        QVERIFY(!QFile::exists(cancelled.File()));
+    }
+
 private:
     ImportSection* section() { return find<ImportSection>("linkhand_Care_import"); }
+    void addMany(int iCount)
+    {
+        ORVA_PBSrv_BeginTransaction(ORVA_MEMORY_LOCAL);
+        for (int i = 0; i < iCount; ++i) {
+            add({"N" + QString::number(i), QString::number(i)});
+        }
+        QCOMPARE(ORVA_PBSrv_EndTransaction(ORVA_MEMORY_LOCAL), long(ORVA_OK));
+    }
     QString summary() { return find<QLabel>(SUMMARY)->text(); }
     int rowCount() { return find<QAbstractItemView>(LIST)->model()->rowCount(); }
 
