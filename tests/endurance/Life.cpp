@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cstdio>
 
+#include "PageCheck.h"
 #include "app/Services.h"
 #include "device/SimulatedHardware.h"
 #include "window/MainWindow.h"
@@ -92,9 +93,12 @@ void Life::look()
 {
     m_looking = true;
     m_lookDue = false;
-    if (Screen::mainWindow() != nullptr)
+    if (Screen::mainWindow() != nullptr) {
+        m_failure = PageCheck::run(*Screen::mainWindow());
         Screen::mainWindow()->ShowPage("AddrBookUIPlugin");
-    m_failure = m_check.run();
+    }
+    if (m_failure.isEmpty())
+        m_failure = m_check.run();
     m_looking = false;
     // A worker that had been started but did not count yet may have written meanwhile.
     if (!m_failure.isEmpty() && ++m_looks < s_iLooks) {

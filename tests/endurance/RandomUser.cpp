@@ -37,11 +37,6 @@ T* inWindow(const char* name)
     return window != nullptr ? window->findChild<T*>(name) : nullptr;
 }
 
-QString nameOf(const QWidget* widget)
-{
-    return QString::fromLatin1(widget->metaObject()->className()) + " " + widget->objectName();
-}
-
 QList<QTreeWidgetItem*> nodes(QTreeWidget* tree)
 {
     QList<QTreeWidgetItem*> list;
@@ -85,7 +80,7 @@ QPoint Screen::shown(const QAbstractItemView* view, const QRect& item)
 }
 
 RandomUser::RandomUser(quint32 seed, Services& services, const QString& folder)
-    : m_random(seed), m_services(services), m_folder(folder), m_triesAside(0)
+    : Actor(seed), m_pages(*this, folder), m_services(services), m_folder(folder), m_triesAside(0)
 {
 }
 
@@ -101,15 +96,15 @@ QString RandomUser::act()
         {6, &RandomUser::type},           {10, &RandomUser::clickButton},
         {8, &RandomUser::dragRows},       {10, &RandomUser::switchHardware},
         {2, &RandomUser::changeLanguage}, {3, &RandomUser::sendCode},
-        {3, &RandomUser::hideOrShow},
+        {3, &RandomUser::hideOrShow},     {35, &RandomUser::usePages},
     };
-    m_said.clear();
+    say(QString());
     // Whoever clicks into a window has it active; the editors of cells end by the change of focus.
     MainWindow* window = Screen::mainWindow();
     if (window != nullptr && window->isVisible() && QApplication::activeWindow() != window &&
         QApplication::activePopupWidget() == nullptr && QApplication::activeModalWidget() == nullptr) {
         QApplication::setActiveWindow(window);
-        return m_said;
+        return said();
     }
     if (chance(8)) {
         switchHardware();
@@ -130,7 +125,7 @@ QString RandomUser::act()
             }
         }
     }
-    return m_said;
+    return said();
 }
 
 bool RandomUser::putAside()
@@ -235,19 +230,6 @@ void RandomUser::actInFileDialog(QFileDialog* dialog)
     QTest::keyClick(edit, Qt::Key_Return);
 }
 
-void RandomUser::clickInto(QAbstractItemView* view, const QPoint& at, Qt::MouseButton button,
-                           Qt::KeyboardModifiers keys)
-{
-    const QPointer<QWidget> viewport(view->viewport());
-    if (chance(10)) {
-        QTest::mouseClick(viewport, Qt::LeftButton, keys, at);
-        if (!viewport.isNull())
-            QTest::mouseDClick(viewport, Qt::LeftButton, keys, at);
-        return;
-    }
-    QTest::mouseClick(viewport, button, keys, at);
-}
-
 void RandomUser::clickNode()
 {
     QTreeWidget* tree = Screen::tree();
@@ -325,43 +307,15 @@ void RandomUser::type()
         typeInto(focus);
 }
 
-void RandomUser::typeInto(QWidget* widget)
+void RandomUser::usePages()
 {
-    static const char* const s_texts[] = {"a", "An", "170", "+49 30", "x,y;\"z\"", "\xD0\x9E", "\xF0\x9F\x98\x80",
-                                          "*#"};
-    const QString text = QString::fromUtf8(s_texts[below(8)]);
-    say("type " + text + " into " + nameOf(widget));
-    const QPointer<QWidget> still(widget);
-    for (const QChar letter : text) {
-        if (still.isNull() || !still->isVisible())
-            return;
-        QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(letter));
-        QApplication::sendEvent(still, &press);
-        if (still.isNull())
-            return;
-        QKeyEvent release(QEvent::KeyRelease, 0, Qt::NoModifier, QString(letter));
-        QApplication::sendEvent(still, &release);
-    }
+    m_pages.act();
 }
 
 void RandomUser::clickButton()
 {
     if (QWidget* window = Screen::mainWindow())
         clickButtonOf(window);
-}
-
-void RandomUser::clickButtonOf(QWidget* window)
-{
-    QList<QAbstractButton*> usable;
-    for (QAbstractButton* button : window->findChildren<QAbstractButton*>()) {
-        if (button->isVisible() && button->isEnabled() && button->window() == window->window())
-            usable << button;
-    }
-    if (usable.isEmpty())
-        return;
-    QAbstractButton* button = usable.at(below(usable.size()));
-    say("button " + button->text() + " " + nameOf(button) + " in " + nameOf(window));
-    QTest::mouseClick(button, Qt::LeftButton);
 }
 
 // The events of a drag in the order in which the window system sends them; the mouse itself is the desktop tests'.

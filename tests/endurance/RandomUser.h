@@ -2,8 +2,10 @@
 #define TESTS_ENDURANCE_RANDOMUSER_H
 
 #include <QPointer>
-#include <QRandomGenerator>
-#include <QStringList>
+#include <QString>
+
+#include "Actor.h"
+#include "PageUser.h"
 
 class MainWindow;
 class QAbstractItemView;
@@ -28,7 +30,7 @@ QPoint shown(const QAbstractItemView* view, const QRect& item);
 
 // One action after the other, from a seeded stream. An action may end in a dialog's or a menu's own event loop: the
 // next one is then due inside it.
-class RandomUser
+class RandomUser : private Actor
 {
 public:
     RandomUser(quint32 seed, Services& services, const QString& folder);
@@ -45,10 +47,6 @@ public:
 private:
     using Action = void (RandomUser::*)();
 
-    int below(int limit) { return int(m_random.bounded(limit)); }
-    bool chance(int percent) { return below(100) < percent; }
-    void say(const QString& text) { m_said = text; }
-
     void actInMenu(QWidget* menu);
     void actInDialog(QWidget* dialog);
     void actInFileDialog(QFileDialog* dialog);
@@ -63,14 +61,11 @@ private:
     void changeLanguage();
     void sendCode();
     void hideOrShow();
-    void clickButtonOf(QWidget* window);
-    void typeInto(QWidget* widget);
-    void clickInto(QAbstractItemView* view, const QPoint& at, Qt::MouseButton button, Qt::KeyboardModifiers keys);
+    void usePages();
 
-    QRandomGenerator m_random;
+    PageUser m_pages;
     Services& m_services;
     QString m_folder;
-    QString m_said;
     int m_triesAside;
 };
 

@@ -50,6 +50,18 @@ void writeImportFile(const QString& name)
         file.write(QString("Imported %1,%2,i%1@example.org\n").arg(i).arg(500000 + i).toUtf8());
 }
 
+void writeCards(const QString& name)
+{
+    QFile file(name);
+    if (!file.open(QIODevice::WriteOnly))
+        return;
+    for (int i = 0; i < 3; ++i)
+        file.write(QString("BEGIN:VCARD\r\nVERSION:3.0\r\nFN:Card %1\r\nN:Card;%1;;;\r\nTEL;TYPE=CELL:60000%1\r\n"
+                           "BDAY:1990-12-31\r\nEND:VCARD\r\n")
+                       .arg(i)
+                       .toUtf8());
+}
+
 // One start of the program, in this process.
 int live(int& argc, char** argv)
 {
@@ -102,6 +114,7 @@ int runAll(const QStringList& arguments)
     const quint32 seed = option(arguments, "--seed", "20260101").toUInt();
     const QString pbctl = option(arguments, "--pbctl", QString());
     writeImportFile(QDir::homePath() + "/in.csv");
+    writeCards(QDir::homePath() + "/card.vcf");
     Store::fill();
     for (int done = 0, life = 0; done < actions; done += each, ++life) {
         QElapsedTimer time;

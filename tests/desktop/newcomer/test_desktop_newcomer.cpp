@@ -22,8 +22,9 @@ QString source(const char* pszPath)
 
 bool begins(const QStringList& lstTexts, const QString& strText)
 {
-    foreach (const QString& strOne, lstTexts) {
-        if (strOne.startsWith(strText)) {
+    foreach (QString strOne, lstTexts) {
+        // Marks of direction are not read.
+        if (strOne.remove(QChar(0x2066)).remove(QChar(0x2068)).remove(QChar(0x2069)).startsWith(strText)) {
             return true;
         }
     }

@@ -56,6 +56,7 @@ public:
     void TakeSharpToolBar();
     void TakeToolBar();
     void TakeEditors();
+    void TakeSync();
 
 private:
     // True while the first fill moves what was clicked.
@@ -180,6 +181,34 @@ void Camera::TakeEditors()
     MUST(m_host.WaitGone("MMSUIPlugin_window"));
 }
 
+// With a folder of nobody's.
+void Camera::TakeSync()
+{
+    const QString strCards = "/tmp/home/anna/Contacts";
+    MUST(m_host.Click("linkhand_NavBar_Care"));
+    MUST(m_host.WaitFor("linkhand_Care_tabs/QTabBar"));
+    for (int i = 0; i < 20 && !m_host.Widget("linkhand_Care_tabs/QTabBar").bFocused; ++i)
+        m_host.Key("shift+Tab");
+    m_host.Key("End");
+    for (int i = 0; i < 10 && !m_host.Exists("linkhand_Care_sync_kind"); ++i)
+        m_host.Key("Right");
+    MUST(HostDriver::WaitUntil([this] { return !m_host.Text("linkhand_Care_sync_last").isEmpty(); }));
+    for (int i = 0; i < 5 && !m_host.Widget("linkhand_Care_sync_kind").bFocused; ++i)
+        m_host.Key("Tab");
+    m_host.Key("Down");
+    MUST(m_host.Click("linkhand_Care_sync_folder"));
+    m_host.Type(strCards);
+    MUST(m_host.Click("linkhand_Care_sync_setup"));
+    MUST(HostDriver::WaitUntil([this] { return m_host.Widget("linkhand_Care_sync_now").bEnabled; }));
+    MUST(m_host.Click("linkhand_Care_sync_now"));
+    MUST(HostDriver::WaitUntil(
+        [this] { return m_host.Text("linkhand_Care_sync_last").contains("Both sides are the same now."); }, 60000));
+    m_host.MoveTo(QPoint(1, 1));
+    take("sync.png", m_host.Widget(WINDOW).rect);
+    QDir("/tmp/home/anna").removeRecursively();
+    QDir().rmdir("/tmp/home");
+}
+
 QString Camera::current()
 {
     foreach (const CellInfo& cell, m_host.Cells(CHOICE)) {
@@ -230,6 +259,7 @@ int main(int argc, char** argv)
         camera.TakeMenus();
         camera.TakeToolBar();
         camera.TakeEditors();
+        camera.TakeSync();
     }
     Camera(strDemo, strFolder, 2).TakeSharpToolBar();
     return 0;
