@@ -1,5 +1,6 @@
 // Contacts for whom nothing has happened are not looked at any more; whatever happens to one is seen all the same.
 
+#include <chrono>
 #include <thread>
 
 #include "SyncFixture.h"
@@ -15,8 +16,11 @@ namespace
 void settle(const std::string& data, const std::string& cards)
 {
     const std::string young = "SELECT count(*) FROM sync_links WHERE look = x'' OR touched OR doubtful";
-    while (!isQuiet(cards) || RawStore(data).ask(young) != "0")
+    const auto giveUp = std::chrono::steady_clock::now() + std::chrono::seconds(30);
+    while (!isQuiet(cards) || RawStore(data).ask(young) != "0") {
+        REQUIRE(std::chrono::steady_clock::now() < giveUp);
         std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
 }
 
 struct Settled {
