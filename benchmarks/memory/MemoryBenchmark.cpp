@@ -3,7 +3,6 @@
 
 #include <unistd.h>
 
-#include <cmath>
 #include <string>
 #include <vector>
 
@@ -17,25 +16,23 @@ using bench::Started;
 constexpr double mostRatio = 1.15;
 constexpr double mostAContact = 1.2; // kB more than the bare window's
 
-// Waits until a program with nothing to do any more changes its size no further.
+// Waits until a program has had nothing to do for a while. Its size alone does not tell: it changes with every other
+// process that shares its libraries.
 double sizeAtRest(const Started& program)
 {
-    constexpr double sameMb = 0.05;
     constexpr double restingShare = 0.02; // of a core
     constexpr int lookMs = 200;
+    constexpr int restingLooks = 4;
     constexpr int patience = 150; // looks
-    double size = program.proportionalSize();
-    bool resting = false;
-    for (int look = 0; !resting; ++look) {
+    int resting = 0;
+    for (int look = 0; resting < restingLooks; ++look) {
         if (look == patience)
             bench::fail("a started program does not come to rest");
         const double spent = program.processor();
         usleep(lookMs * 1000);
-        const double next = program.proportionalSize();
-        resting = std::fabs(next - size) < sameMb && program.processor() - spent < restingShare * lookMs / 1000;
-        size = next;
+        resting = program.processor() - spent < restingShare * lookMs / 1000 ? resting + 1 : 0;
     }
-    return size;
+    return program.proportionalSize();
 }
 
 double sizeOf(const std::vector<std::string>& command, bench::Marks& marks)
