@@ -41,6 +41,7 @@ private:
     StatusArea& m_status;
     QTimer m_pause;  // runs until the next look
     bool m_bPending; // something changed that is not shown
+    int m_iLooks;    // still to come after the files were touched last
 };
 
 #endif // LINKHAND_HOST_LIVEPHONEBOOK_H
