@@ -24,6 +24,7 @@
 #include <QLoggingCategory>
 #include <QScreen>
 #include <QStandardPaths>
+#include <QWindow>
 #else
 #include <QDesktopServices>
 #include <QTextDocument>
@@ -164,6 +165,28 @@ inline QRect availableGeometry(const QPoint& point)
     return (pScreen != nullptr ? pScreen : QGuiApplication::primaryScreen())->availableGeometry();
 #else
     return QApplication::desktop()->availableGeometry(point);
+#endif
+}
+
+// Whether the display shows the widget's window: it is where the window manager wants it.
+inline bool isExposed(const QWidget* pWidget)
+{
+#if QT_VERSION >= 0x050000
+    const QWindow* const pWindow = pWidget->window()->windowHandle();
+    return pWindow != nullptr && pWindow->isExposed();
+#else
+    return pWidget->window()->isVisible();
+#endif
+}
+
+// Calls the slot when a screen has gone, before the windows have moved. Qt 4 has no such signal, and moves nothing.
+inline void connectScreenGone(QObject* pReceiver, const char* pszSlot)
+{
+#if QT_VERSION >= 0x050400
+    QObject::connect(qApp, SIGNAL(screenRemoved(QScreen*)), pReceiver, pszSlot);
+#else
+    Q_UNUSED(pReceiver);
+    Q_UNUSED(pszSlot);
 #endif
 }
 

@@ -14,8 +14,8 @@
 #include <QTableView>
 #include <QTextEdit>
 #include <QTreeView>
-#include <QWindow>
 
+#include "linkhand/QtCompat.h"
 #include "test/ReaderQueries.h"
 #include "test/ScreenPlace.h"
 
@@ -136,20 +136,13 @@ QStringList windows()
     return lstLines;
 }
 
-// Whether the display shows the widget's window: it is where the window manager wants it.
-bool isExposed(const QWidget* pWidget)
-{
-    const QWindow* const pWindow = pWidget->window()->windowHandle();
-    return pWindow != nullptr && pWindow->isExposed();
-}
-
 QStringList widget(const QWidget* pWidget)
 {
     const QAbstractButton* pButton = qobject_cast<const QAbstractButton*>(pWidget);
     return QStringList(line(
         QStringList() << QLatin1String(pWidget->metaObject()->className()) << pWidget->objectName() << textOf(pWidget)
                       << area(pWidget, pWidget->rect()) << flag(pWidget->isEnabled()) << flag(pWidget->hasFocus())
-                      << flag(pButton != nullptr && pButton->isChecked()) << flag(isExposed(pWidget))));
+                      << flag(pButton != nullptr && pButton->isChecked()) << flag(QtCompat::isExposed(pWidget))));
 }
 
 QString rowPath(QModelIndex index)

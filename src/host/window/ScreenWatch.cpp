@@ -1,17 +1,14 @@
 #include "window/ScreenWatch.h"
 
-#include <QApplication>
 #include <QTimer>
 #include <QWidget>
 
+#include "linkhand/QtCompat.h"
 #include "window/WindowPlace.h"
 
 ScreenWatch::ScreenWatch(QWidget& window) : m_window(window)
 {
-    // Qt 4 has no such signal, and moves nothing.
-    if (qApp->metaObject()->indexOfSignal("screenRemoved(QScreen*)") >= 0) {
-        connect(qApp, SIGNAL(screenRemoved(QScreen*)), this, SLOT(OnScreenGone()));
-    }
+    QtCompat::connectScreenGone(this, SLOT(OnScreenGone()));
 }
 
 // Told before the windows have moved.

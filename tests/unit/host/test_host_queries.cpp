@@ -103,7 +103,8 @@ void TestHostQueries::aWidgetTellsTextAndPlace()
                                    << QString::number(corner.x()) << QString::number(corner.y())
                                    << QString::number(m_pSecond->width()) << QString::number(m_pSecond->height()) << "1"
                                    << "0"
-                                   << "0");
+                                   << "0"
+                                   << "1");
 }
 
 void TestHostQueries::cellsOfATable()
