@@ -46,7 +46,9 @@ RequestDesk::RequestDesk(MainWindow& window, IPluginContainer& container, Single
     m_look.setInterval(LOOK_MS);
     connect(&m_look, SIGNAL(timeout()), this, SLOT(OnLook()));
     connect(&m_instance, SIGNAL(received()), this, SLOT(OnReceived()));
-    connect(new FileDrop(&m_window), SIGNAL(dropped(QStringList)), this, SLOT(OnDropped(QStringList)));
+    FileDrop* pDrop = new FileDrop(&m_window);
+    pDrop->setObjectName(QLatin1String("linkhand_FileDrop"));
+    connect(pDrop, SIGNAL(dropped(QStringList)), this, SLOT(OnDropped(QStringList)));
     for (const char* pszScheme : SCHEMES) {
         QDesktopServices::setUrlHandler(QLatin1String(pszScheme), this, "OnLink");
     }

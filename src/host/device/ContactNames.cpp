@@ -20,7 +20,7 @@ QString ContactNames::In(int iMemory, const QString& strNumber)
         // The end tells most numbers apart at once; a key takes longer.
         const bool bAlike = NumberMatch::End(strDigits) == NumberMatch::End(strOtherDigits) &&
                             NumberMatch::IsSame(strDigits, strKey, strOtherDigits, NumberMatch::Key(strOther));
-        const QString strName = bAlike ? RecordText::Of(set.Get(), "Name") : QString();
+        QString strName = bAlike ? RecordText::Of(set.Get(), "Name") : QString();
         if (!strName.isEmpty()) {
             return strName;
         }

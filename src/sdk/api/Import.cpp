@@ -80,7 +80,8 @@ std::vector<int> allIds(Memory& memory)
 
 long ORVA_Care_OpenImport(int memory, const unsigned short* source, const ORVA_IMPORT_SETTINGS* settings, void** import)
 {
-    return guarded(__func__, [&] {
+    const char* const name = __func__;
+    return guarded(name, [&] {
         require(settings);
         require(import);
         *import = nullptr;
@@ -89,7 +90,7 @@ long ORVA_Care_OpenImport(int memory, const unsigned short* source, const ORVA_I
         made.source = pathFrom(source);
         if (made.dry)
             requireWritable(memory);
-        *import = newHandle(std::make_unique<ImportHandle>(__func__, into, localOf(memory), std::move(made)));
+        *import = newHandle(std::make_unique<ImportHandle>(name, into, localOf(memory), std::move(made)));
         return ORVA_OK;
     });
 }
