@@ -1,6 +1,6 @@
 #include <QtTest>
 
-#include "HostDriver.h"
+#include "DesktopTest.h"
 #include "Profile.h"
 #include "orva/orva_sdk.h"
 
@@ -17,13 +17,12 @@ const char* const BOX = "linkhand_MessageBox";
 } // namespace
 
 // Messages that are not sent at once, and recipients by a part of their name, with real keys and mouse.
-class TestDesktopDrafts : public QObject
+class TestDesktopDrafts : public DesktopTest
 {
     Q_OBJECT
 
 private slots:
     void init();
-    void cleanup();
     void aMessageKeptIsSentAfterARestart();
     void theEndOfTheProgramKeepsWhatIsWritten();
     void whatIsDiscardedIsGone();
@@ -38,31 +37,18 @@ private:
     QString state() { return m_pHost->Cells(LIST).isEmpty() ? QString() : m_pHost->Cells(LIST).last().strText; }
 
     QScopedPointer<Profile> m_pProfile;
-    QScopedPointer<HostDriver> m_pHost;
 };
 
 void TestDesktopDrafts::init()
 {
+    DesktopTest::init();
     m_pProfile.reset(new Profile);
-    m_pHost.reset(new HostDriver);
     QVERIFY(m_pProfile->Import(ORVA_MEMORY_LOCAL, QStringList() << "Name,Mobile,homePhone"
                                                                 << "Adele Berg,01701,"
                                                                 << "Bruno Ahl,01702,"
                                                                 << "Carla Diaz,01703,0303"));
     m_pProfile->Close();
     QVERIFY2(start(), qPrintable(m_pHost->Log()));
-}
-
-void TestDesktopDrafts::cleanup()
-{
-    if (m_pHost->Running()) {
-        if (QTest::currentTestFailed()) {
-            m_pHost->Screenshot(QStringLiteral("%1.png").arg(QTest::currentTestFunction()));
-        }
-        QVERIFY2(m_pHost->Quit() >= 0, qPrintable(m_pHost->Log()));
-    }
-    QVERIFY2(m_pHost->ErrorLines().isEmpty(), qPrintable(m_pHost->ErrorLines().join('\n')));
-    m_pHost.reset();
 }
 
 bool TestDesktopDrafts::start()

@@ -1,7 +1,7 @@
 #include <QtTest>
 
+#include "DesktopTest.h"
 #include "Hand.h"
-#include "HostDriver.h"
 #include "Profile.h"
 #include "orva/orva_sdk.h"
 
@@ -16,13 +16,12 @@ const char* const SEARCH = "AddrBookUIPlugin_SearchBox";
 
 // What is begun and given up: a search put away by Escape, and drags after which tree and table show the same, to the
 // mouse as to the keys.
-class TestDesktopEscape : public QObject
+class TestDesktopEscape : public DesktopTest
 {
     Q_OBJECT
 
 private slots:
     void init();
-    void cleanup();
     void escapeEmptiesTheSearchBoxAndClosesIt();
     void escapeInAnEmptySearchBoxClosesIt();
     void aDragEndedByEscapeLeavesTheKeysWorking();
@@ -42,13 +41,12 @@ private:
     void checkKeys();
 
     QScopedPointer<Profile> m_pProfile;
-    QScopedPointer<HostDriver> m_pHost;
 };
 
 void TestDesktopEscape::init()
 {
+    DesktopTest::init();
     m_pProfile.reset(new Profile);
-    m_pHost.reset(new HostDriver);
     QVERIFY(m_pProfile->Import(ORVA_MEMORY_LOCAL, QStringList() << "Name,Mobile,Groups"
                                                                 << "Adele Berg,01701,Friends"
                                                                 << "Bruno Ahl,01702,Friends"
@@ -58,15 +56,6 @@ void TestDesktopEscape::init()
     QVERIFY2(m_pHost->Start(m_pProfile->Path()), qPrintable(m_pHost->Log()));
     QVERIFY(showsRows(4));
     QTRY_VERIFY(m_pHost->Cell(TREE, "Friends(2)").iColumn == 0 && m_pHost->Cell(TREE, "SIM").iColumn == 0);
-}
-
-void TestDesktopEscape::cleanup()
-{
-    if (QTest::currentTestFailed()) {
-        m_pHost->Screenshot(QStringLiteral("%1.png").arg(QTest::currentTestFunction()));
-    }
-    QVERIFY2(m_pHost->Quit() >= 0, qPrintable(m_pHost->Log()));
-    QVERIFY2(m_pHost->ErrorLines().isEmpty(), qPrintable(m_pHost->ErrorLines().join('\n')));
 }
 
 bool TestDesktopEscape::openSearch()

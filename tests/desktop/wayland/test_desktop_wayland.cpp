@@ -1,8 +1,7 @@
 #include <QtTest>
 
+#include "DesktopTest.h"
 #include "Hand.h"
-#include "HostDriver.h"
-#include "PbCtl.h"
 #include "Profile.h"
 #include "orva/orva_sdk.h"
 
@@ -20,13 +19,12 @@ const char* const NOTICE = "linkhand_StatusArea_notice";
 
 // The real program under Wayland, where it knows of no place on the screen and a compositor has the last word on its
 // windows, menus and drags.
-class TestDesktopWayland : public QObject
+class TestDesktopWayland : public DesktopTest
 {
     Q_OBJECT
 
 private slots:
     void init();
-    void cleanup();
     void aNodeShowsItsContacts();
     void theMenuOpensWhereItIsAskedForAndWorks();
     void aMenuIsPutAway();
@@ -61,13 +59,12 @@ private:
     bool answerBox();
 
     QScopedPointer<Profile> m_pProfile;
-    QScopedPointer<HostDriver> m_pHost;
 };
 
 void TestDesktopWayland::init()
 {
+    DesktopTest::init();
     m_pProfile.reset(new Profile);
-    m_pHost.reset(new HostDriver);
     QVERIFY(m_pProfile->Import(ORVA_MEMORY_LOCAL, QStringList() << "Name,Mobile,Groups"
                                                                 << "Adele Berg,01701,Friends"
                                                                 << "Bruno Ahl,01702,Friends"
@@ -79,16 +76,6 @@ void TestDesktopWayland::init()
     m_pProfile->Close();
     QVERIFY2(m_pHost->Start(m_pProfile->Path()), qPrintable(m_pHost->Log()));
     QVERIFY(showsRows(4) && shows("Friends(2)") && shows("SIM card(2/250)"));
-}
-
-void TestDesktopWayland::cleanup()
-{
-    if (QTest::currentTestFailed()) {
-        m_pHost->Screenshot(QStringLiteral("%1.png").arg(QTest::currentTestFunction()));
-    }
-    m_pHost->WaitForMainWindow();
-    QVERIFY2(m_pHost->Quit() >= 0, qPrintable(m_pHost->Log()));
-    QVERIFY2(m_pHost->ErrorLines().isEmpty(), qPrintable(m_pHost->ErrorLines().join('\n')));
 }
 
 // The left half of a cell is where a drag can begin.
