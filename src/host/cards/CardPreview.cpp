@@ -215,8 +215,8 @@ void CardPreview::showImport()
     const QLocale locale;
     const QString strTotal = locale.toString(qMax(counts.total, m_iInFile));
     const QString strDone = HostText::Get("IDS_HOST_CARDS_DONE").arg(locale.toString(iStored), strTotal);
-    m_strOutcome = task.IsCancelled() && task.Code() == ORVA_OK ? HostText::Get("IDS_HOST_CARE_IMPORT_CANCELLED")
-                                                                : CareText::Outcome(strDone, task.Code());
+    m_strOutcome =
+        task.IsCut() ? HostText::Get("IDS_HOST_CARE_IMPORT_CANCELLED") : CareText::Outcome(strDone, task.Code());
     if (task.IsCancelled() || (task.Code() == ORVA_OK && counts.left == 0)) {
         accept();
         return;

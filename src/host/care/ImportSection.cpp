@@ -252,12 +252,12 @@ void ImportSection::takeImport(const ContactImporting& importing)
     if (bSource) {
         emit told(HostText::Get("IDS_HOST_CARE_IMPORT_UNREADABLE").arg(m_strShown));
     } else if (!m_bTry || nCode != ORVA_OK) {
-        const bool bCut = importing.IsCancelled() && nCode == ORVA_OK;
         emit told(
-            bCut ? HostText::Get("IDS_HOST_CARE_IMPORT_CANCELLED")
-                 : CareText::Outcome(
-                       HostText::Get("IDS_HOST_CARE_IMPORT_DONE").arg(m_strShown, QLocale().toString(m_counts.added)),
-                       nCode));
+            importing.IsCut()
+                ? HostText::Get("IDS_HOST_CARE_IMPORT_CANCELLED")
+                : CareText::Outcome(
+                      HostText::Get("IDS_HOST_CARE_IMPORT_DONE").arg(m_strShown, QLocale().toString(m_counts.added)),
+                      nCode));
     }
 }
 

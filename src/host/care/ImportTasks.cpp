@@ -14,7 +14,7 @@ const int CONTACTS_A_STEP = 200;
 } // namespace
 
 ContactImporting::ContactImporting(const ImportPlan& plan, bool bTry)
-    : CareTask(bTry ? READING : WRITING), m_plan(plan), m_bTry(bTry), m_counts()
+    : CareTask(bTry ? READING : WRITING), m_plan(plan), m_bTry(bTry), m_bCut(false), m_counts()
 {
 }
 
@@ -36,6 +36,8 @@ void ContactImporting::Run()
         setDone(m_counts.seen);
         takeRows(pImport);
     }
+    // Whoever cancels when the last step is through has cancelled nothing.
+    m_bCut = nCode == ORVA_OK;
     succeeded(nCode == ORVA_E_END ? ORVA_OK : nCode);
     takeFindings(pImport);
     ORVA_Care_Import_Release(pImport);

@@ -34,6 +34,9 @@ public:
     const ImportPlan& Plan() const { return m_plan; }
     bool IsTry() const { return m_bTry; }
 
+    // Whether a cancel kept it from its end.
+    bool IsCut() const { return m_bCut; }
+
     // As far as it came.
     const QList<ImportRow>& Rows() const { return m_listRows; }
     const ORVA_IMPORT_COUNTS& Counts() const { return m_counts; }
@@ -45,6 +48,7 @@ private:
 
     const ImportPlan m_plan;
     const bool m_bTry;
+    bool m_bCut;
     QList<ImportRow> m_listRows;
     ORVA_IMPORT_COUNTS m_counts;
     FindingList m_findings;

@@ -4,6 +4,7 @@
 #include "CareSetup.h"
 #include "care/CareRunner.h"
 #include "care/ImportSection.h"
+#include "care/ImportTasks.h"
 #include "orva/orva_sync.h"
 
 namespace
@@ -97,6 +98,18 @@ private slots:
         const int iIn = contacts();
         QVERIFY2(iIn < MANY && iIn % 200 == 0, qPrintable(QString::number(iIn)));
         QVERIFY(summary().contains(QString("new %1").arg(QLocale().toString(iIn))));
+    }
+
+    void aCancelAfterTheLastStepIsNone()
+    {
+        openSection("import");
+        ImportPlan plan;
+        plan.strSource = file("bo.csv", "Name,Mobile\nBo,0170222\n");
+        ContactImporting importing(plan, false);
+        importing.Run();
+        importing.Cancel();
+        QVERIFY(importing.IsCancelled() && !importing.IsCut());
+        QCOMPARE(contacts(), 1);
     }
 
     void allAreExportedAndTheOldFileStays()
