@@ -116,9 +116,13 @@ if [ $ci = yes ]; then
 fi
 long_form LINKHAND_EDITS=200
 for preset in ${sanitizers[@]+"${sanitizers[@]}"}; do
-    if [ "$preset" = tsan ]; then
-        packaging/build.sh tsan threads_tests
+    if [ "$preset" = tsan ] && [ $full = yes ]; then
+        packaging/build.sh tsan threads_tests linkhand_endurance
         run_tests tsan -L threads
+        continue
+    elif [ "$preset" = tsan ]; then
+        packaging/build.sh tsan threads_tests
+        run_tests tsan -L threads -LE endurance
         continue
     elif [ $full = yes ]; then
         packaging/build.sh asan

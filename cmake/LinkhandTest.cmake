@@ -63,7 +63,8 @@ function(linkhand_own_moc name)
   endforeach()
 endfunction()
 
-# What the tests of the thread sanitizer's run need, and what those need that do without a display.
+# What the tests of the thread sanitizer's run need, and what those need that do without a display. The endurance test
+# needs the whole program; its long form builds that by itself.
 add_custom_target(threads_tests)
 add_custom_target(offscreen_tests)
 
@@ -76,7 +77,7 @@ function(linkhand_add_test name)
   endif()
   string(REGEX MATCHALL "TARGET_FILE:[^>]+" programs "${ARG_COMMAND}")
   list(TRANSFORM programs REPLACE "^TARGET_FILE:" "")
-  if(programs AND "threads" IN_LIST ARG_LABELS)
+  if(programs AND "threads" IN_LIST ARG_LABELS AND NOT "endurance" IN_LIST ARG_LABELS)
     add_dependencies(threads_tests ${programs})
   endif()
   if(programs AND NOT "desktop" IN_LIST ARG_LABELS)
