@@ -2,10 +2,10 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <strings.h>
 #include <vector>
 
 #include "Commands.h"
+#include "FieldWord.h"
 #include "Numbers.h"
 #include "Sdk.h"
 #include "vcard/KeptLines.h"
@@ -35,25 +35,16 @@ void keep(Contact& contact, const std::string& name, const std::string& value)
 void change(Contact& contact, int memory, const std::vector<Field>& fields, const std::string& given)
 {
     const std::string word = textIn(given);
-    const std::size_t equals = word.find('=');
-    const std::string key = word.substr(0, equals);
-    const auto field = std::find_if(fields.begin(), fields.end(), [&key](const Field& candidate) {
-        return strcasecmp(candidate.key.c_str(), key.c_str()) == 0;
-    });
+    const FieldWord assigned(word, fields);
     // A name in capitals is that of a property where both have one, as EMAIL beside email.
-    const bool property =
-        memory == ORVA_MEMORY_LOCAL && orva::isKeptName(key) && (field == fields.end() || field->key != key);
-    if (equals == std::string::npos || (!property && field == fields.end())) {
-        std::string keys;
-        for (const Field& known : fields)
-            keys += " " + known.key + "=...";
-        throw UsageError("what is \"" + word + "\"? The fields are" + keys);
-    }
-    const std::string value = word.substr(equals + 1);
+    const bool property = assigned.assigns && memory == ORVA_MEMORY_LOCAL && orva::isKeptName(assigned.key) &&
+                          (!assigned.hasField() || fields[assigned.field].key != assigned.key);
     if (property)
-        keep(contact, key, value);
+        keep(contact, assigned.key, assigned.value);
+    else if (assigned.hasField())
+        contact.values[assigned.field] = toSdk(assigned.value);
     else
-        contact.values[static_cast<std::size_t>(field - fields.begin())] = toSdk(value);
+        refuseWord(word, fields);
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #include <strings.h>
 
 #include "Commands.h"
+#include "FieldWord.h"
 #include "Formats.h"
 #include "Groups.h"
 #include "ImportFindings.h"
@@ -65,14 +66,10 @@ std::vector<int> mapFor(const Arguments& arguments, const std::vector<Field>& fi
     for (const Field& field : fields)
         map.push_back(columns.forField(field.key));
     for (const std::string& entry : arguments.values("map")) {
-        const std::size_t equals = entry.find('=');
-        const std::string key = entry.substr(0, equals);
-        const auto field = std::find_if(fields.begin(), fields.end(), [&key](const Field& candidate) {
-            return strcasecmp(candidate.key.c_str(), key.c_str()) == 0;
-        });
-        if (equals == std::string::npos || field == fields.end())
+        const FieldWord assigned(entry, fields);
+        if (!assigned.hasField())
             throw UsageError("--map takes FIELD=TITLE, not \"" + entry + "\"");
-        map[static_cast<std::size_t>(field - fields.begin())] = columnOf(titles, entry.substr(equals + 1));
+        map[assigned.field] = columnOf(titles, assigned.value);
     }
     if (std::all_of(map.begin(), map.end(), [](int entry) { return entry < 0; }))
         throw UsageError("no column is known by its title; say which with --map FIELD=TITLE");

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <cstdio>
 #include <optional>
-#include <strings.h>
 
 #include "Commands.h"
+#include "FieldWord.h"
 #include "Groups.h"
 #include "Numbers.h"
 #include "Records.h"
@@ -80,18 +80,10 @@ int runAdd(const Arguments& arguments)
     std::vector<std::u16string> values(fields.size());
     for (auto given = arguments.words().begin() + 1; given != arguments.words().end(); ++given) {
         const std::string word = textIn(*given);
-        const std::size_t equals = word.find('=');
-        const std::string key = word.substr(0, equals);
-        const auto field = std::find_if(fields.begin(), fields.end(), [&](const Field& candidate) {
-            return strcasecmp(candidate.key.c_str(), key.c_str()) == 0;
-        });
-        if (equals == std::string::npos || field == fields.end()) {
-            std::string keys;
-            for (const Field& known : fields)
-                keys += " " + known.key + "=...";
-            throw UsageError("what is \"" + word + "\"? The fields are" + keys);
-        }
-        values[static_cast<std::size_t>(field - fields.begin())] = toSdk(word.substr(equals + 1));
+        const FieldWord assigned(word, fields);
+        if (!assigned.hasField())
+            refuseWord(word, fields);
+        values[assigned.field] = toSdk(assigned.value);
     }
     if (arguments.has("group") && memory != ORVA_MEMORY_LOCAL)
         throw UsageError("only the PC's phonebook has groups");

@@ -267,6 +267,8 @@ void TestDesktopHost::aDataFolderThatCannotBeMadeIsSaid()
     }
     QVERIFY(m_pHost->Exists("linkhand_StatusArea_problems"));
     QVERIFY(m_pHost->Exists(TREE));
+    // The program would make the folder once more when it ends.
+    QVERIFY2(m_pHost->Quit() >= 0, qPrintable(m_pHost->Log()));
 }
 
 void TestDesktopHost::aDamagedPhonebookIsSaidAndKept()

@@ -55,7 +55,7 @@ struct Setting {
     ~Setting()
     {
         ::unsetenv("LINKHAND_MODEM");
-        ORVA_Sim_Reset(folder.c_str());
+        ORVA_Sim_Reset(nullptr);
         modem.reset();
         std::filesystem::remove_all(folder);
     }
