@@ -648,6 +648,42 @@
         <translation>تُرك %1 كما هو: %2</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARE_SYNC_LEFT_COPY</source>
+        <translation>لملف آخر المعرّف (UID) نفسه</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_LEFT_EMPTY</source>
+        <translation>ليس فيه ما له حقل</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_LEFT_FULL</source>
+        <translation>دليل الهاتف ممتلئ</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_LEFT_LARGE</source>
+        <translation>الملف أكبر من 5 ميغابايت</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_LEFT_LARGE_CARD</source>
+        <translation>ستكون بطاقته أكبر من 5 ميغابايت</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_LEFT_LINK</source>
+        <translation>لا تُتَّبع الروابط الرمزية</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_LEFT_NO_CARD</source>
+        <translation>لا يحتوي الملف على بطاقة vCard واحدة بالضبط</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_LEFT_NO_FILE</source>
+        <translation>ليس ملفًا عاديًا</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_LEFT_UNREADABLE</source>
+        <translation>تتعذر قراءة الملف</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARE_SYNC_MARKER</source>
         <translation>المجلد ليس مجلد آخر مزامنة، وقد لا يكون موصولًا. لم يُفعل شيء.</translation>
     </message>

@@ -648,6 +648,42 @@
         <translation>%1 blieb, wie es ist: %2</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARE_SYNC_LEFT_COPY</source>
+        <translation>eine andere Datei hat dieselbe UID</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_LEFT_EMPTY</source>
+        <translation>sie enthält nichts, wofür es ein Feld gibt</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_LEFT_FULL</source>
+        <translation>das Telefonbuch ist voll</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_LEFT_LARGE</source>
+        <translation>die Datei ist größer als 5 MB</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_LEFT_LARGE_CARD</source>
+        <translation>die Karte wäre größer als 5 MB</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_LEFT_LINK</source>
+        <translation>einem symbolischen Link wird nicht gefolgt</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_LEFT_NO_CARD</source>
+        <translation>die Datei enthält nicht genau eine vCard</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_LEFT_NO_FILE</source>
+        <translation>es ist keine gewöhnliche Datei</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_LEFT_UNREADABLE</source>
+        <translation>die Datei lässt sich nicht lesen</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARE_SYNC_MARKER</source>
         <translation>Der Ordner ist nicht der des letzten Abgleichs: vielleicht ist er nicht eingehängt. Nichts wurde getan.</translation>
     </message>

@@ -648,6 +648,42 @@
         <translation>%1 was left as it is: %2</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARE_SYNC_LEFT_COPY</source>
+        <translation>another file has the same UID</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_LEFT_EMPTY</source>
+        <translation>it has nothing that a field is meant for</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_LEFT_FULL</source>
+        <translation>the phonebook is full</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_LEFT_LARGE</source>
+        <translation>it is larger than 5 MB</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_LEFT_LARGE_CARD</source>
+        <translation>its card would be larger than 5 MB</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_LEFT_LINK</source>
+        <translation>a symbolic link is not followed</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_LEFT_NO_CARD</source>
+        <translation>it does not hold exactly one vCard</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_LEFT_NO_FILE</source>
+        <translation>it is not a regular file</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_LEFT_UNREADABLE</source>
+        <translation>it cannot be read</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARE_SYNC_MARKER</source>
         <translation>The folder is not that of the last sync: perhaps it is not mounted. Nothing was done.</translation>
     </message>

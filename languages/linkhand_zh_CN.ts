@@ -648,6 +648,42 @@
         <translation>%1 保持原样：%2</translation>
     </message>
     <message>
+        <source>IDS_HOST_CARE_SYNC_LEFT_COPY</source>
+        <translation>另一个文件具有相同的 UID</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_LEFT_EMPTY</source>
+        <translation>其中没有任何字段可容纳的内容</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_LEFT_FULL</source>
+        <translation>电话簿已满</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_LEFT_LARGE</source>
+        <translation>文件大于 5 MB</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_LEFT_LARGE_CARD</source>
+        <translation>其名片将大于 5 MB</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_LEFT_LINK</source>
+        <translation>不跟随符号链接</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_LEFT_NO_CARD</source>
+        <translation>文件并非恰好包含一张 vCard</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_LEFT_NO_FILE</source>
+        <translation>它不是普通文件</translation>
+    </message>
+    <message>
+        <source>IDS_HOST_CARE_SYNC_LEFT_UNREADABLE</source>
+        <translation>无法读取该文件</translation>
+    </message>
+    <message>
         <source>IDS_HOST_CARE_SYNC_MARKER</source>
         <translation>该文件夹不是上次同步的文件夹，可能未挂载。未执行任何操作。</translation>
     </message>

@@ -62,6 +62,19 @@ typedef struct ORVA_SYNC_EVENT {
         what; /* the keys of the fields and names of properties, with ";" between; or why, in English */
 } ORVA_SYNC_EVENT;
 
+/* Why a file or a contact was left, for those who have words of their own for it. A later release may have more: the
+ * event's `what` serves for those that are not known. */
+#define ORVA_SYNC_REASON_NONE 0       /* of a conflict, and of a run whose reasons were not kept */
+#define ORVA_SYNC_REASON_LINK 1       /* a symbolic link, which is not followed */
+#define ORVA_SYNC_REASON_NO_FILE 2    /* no plain file, such as a folder */
+#define ORVA_SYNC_REASON_LARGE 3      /* a file of more than 5 MB */
+#define ORVA_SYNC_REASON_UNREADABLE 4 /* the file cannot be read */
+#define ORVA_SYNC_REASON_NO_CARD 5    /* the file does not hold exactly one card */
+#define ORVA_SYNC_REASON_EMPTY 6      /* the card has nothing that a field is meant for */
+#define ORVA_SYNC_REASON_COPY 7       /* another file has the same UID */
+#define ORVA_SYNC_REASON_LARGE_CARD 8 /* the contact's card would have more than 5 MB */
+#define ORVA_SYNC_REASON_FULL 9       /* the phonebook has no room for the card's contact */
+
 /* Synchronises memory 4 with a folder, which is made (0700) if it is not there and no sync has known it; others give
  * ORVA_E_UNSUPPORTED. Gives a result, which is released with ORVA_Sync_Result_Release.
  * - Cards lie in files whose names end in ".vcf", each replaced whole by a rename. Symbolic links in the folder are not
@@ -81,6 +94,10 @@ ORVA_API long ORVA_Sync_Result_GetCounts(void* result, ORVA_SYNC_COUNTS* counts)
 
 /* Events are counted from 0. ORVA_E_END behind the last. */
 ORVA_API long ORVA_Sync_Result_GetEvent(void* result, int index, ORVA_SYNC_EVENT* event);
+
+/* One of ORVA_SYNC_REASON_* for an event, which is counted as above. It is no part of ORVA_SYNC_EVENT, since programs
+ * that were built without it hand in one of the size that they know. */
+ORVA_API long ORVA_Sync_Result_GetReason(void* result, int index, int* reason);
 ORVA_API long ORVA_Sync_Result_Release(void* result);
 
 /* Merges two files, each with one card of the same contact, into one card that both hold afterwards: what only one of

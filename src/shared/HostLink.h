@@ -100,14 +100,19 @@ public:
     // The folder for log files, ending in "/".
     virtual QString LogFolder() = 0;
 
-    // The name of the contact that has just been added, changed or deleted, as one of the phonebook's messages says, in
-    // the memory with this number; empty where nobody knows. uiNumber is one of its numbers, or 0.
-    virtual QString ChangedContact(unsigned int uiMsg, unsigned int uiMemory, unsigned int uiNumber)
+    // Asks for the name of the contact that has just been added, changed or deleted, as one of the phonebook's messages
+    // says, in the memory with this number. uiNumber is one of its numbers, or 0. To look for it takes a while: the
+    // asker's slot OnContactNamed(int iTicket, QString strName) is called later, with the ticket that he gave, and an
+    // empty name where nobody is found. False where no answer will come.
+    virtual bool AskChangedContact(unsigned int uiMsg, unsigned int uiMemory, unsigned int uiNumber, QObject* pAsker,
+                                   int iTicket)
     {
         Q_UNUSED(uiMsg)
         Q_UNUSED(uiMemory)
         Q_UNUSED(uiNumber)
-        return QString();
+        Q_UNUSED(pAsker)
+        Q_UNUSED(iTicket)
+        return false;
     }
 
     // The link that the host has published, or null.

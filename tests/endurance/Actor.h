@@ -6,6 +6,8 @@
 #include <QString>
 #include <Qt>
 
+#include "Effects.h"
+
 class QAbstractItemView;
 class QPoint;
 class QWidget;
@@ -23,6 +25,8 @@ public:
     void say(const QString& text) { m_said = text; }
     const QString& said() const { return m_said; }
 
+    Effects& effects() { return m_effects; }
+
     void typeInto(QWidget* widget);
 
     // One of the buttons that show and can be used.
@@ -36,6 +40,7 @@ public:
 private:
     QRandomGenerator m_random;
     QString m_said;
+    Effects m_effects;
 };
 
 #endif // TESTS_ENDURANCE_ACTOR_H

@@ -12,6 +12,7 @@
 #include "app/Services.h"
 #include "device/SimulatedHardware.h"
 #include "window/MainWindow.h"
+#include "window/StatusArea.h"
 
 namespace
 {
@@ -96,6 +97,8 @@ void Life::look()
     if (Screen::mainWindow() != nullptr) {
         m_failure = PageCheck::run(*Screen::mainWindow());
         Screen::mainWindow()->ShowPage("AddrBookUIPlugin");
+        if (m_user.takeStored())
+            QMetaObject::invokeMethod(&Screen::mainWindow()->Status(), "showChangesRequested");
     }
     if (m_failure.isEmpty())
         m_failure = m_check.run();
@@ -141,5 +144,6 @@ void Life::checkMemory()
 void Life::end()
 {
     m_ended = true;
+    note("effects: " + m_user.effects());
     note(m_user.quit());
 }

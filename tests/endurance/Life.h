@@ -19,6 +19,9 @@ public:
 
     void start();
 
+    // What came of the actions of earlier lives, which counts for this one.
+    void goOnFrom(const QString& effects) { m_user.goOnFrom(effects); }
+
     // True once all was done; a program that ended before it has ended itself.
     bool ended() const { return m_ended; }
 

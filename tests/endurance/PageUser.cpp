@@ -5,16 +5,20 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QDesktopServices>
+#include <QDragEnterEvent>
+#include <QDragMoveEvent>
 #include <QDropEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QTabBar>
+#include <QTabWidget>
 #include <QUrl>
 #include <QtTest>
 
 #include "Actor.h"
-#include "RandomUser.h"
+#include "Screen.h"
 #include "window/MainWindow.h"
 
 namespace
@@ -28,6 +32,14 @@ T* oneOf(Actor& actor, const QWidget* part)
             usable << widget;
     }
     return usable.isEmpty() ? nullptr : usable.at(actor.below(int(usable.size())));
+}
+
+const int s_iFilling = 4;        // so many of the links show something of their own
+const int s_iPatienceMs = 10000; // what has not come by then does not come
+
+QStringList pageKinds()
+{
+    return {"page button", "page line", "page list", "page tab", "page choice"};
 }
 
 // A form for a message, which stands beside the main window.
@@ -49,11 +61,15 @@ void PageUser::act()
     QWidget* form = messageForm();
     const int what = m_actor.below(100);
     if (form != nullptr && what < 60) {
+        m_actor.effects().is("message");
         write(form);
     } else if (what < 25) {
         turn();
     } else if (what < 32) {
-        passOn();
+        if (m_actor.chance(40))
+            dropCards();
+        else
+            openLink();
     } else if (QWidget* page = window->Page(window->CurrentPage())) {
         if (window->CurrentPage() == "AddrBookUIPlugin")
             turn();
@@ -62,25 +78,84 @@ void PageUser::act()
     }
 }
 
+QStringList PageUser::kinds()
+{
+    return pageKinds() + QStringList{"link", "cards", "file dialog"};
+}
+
+bool PageUser::goFor(const QString& kind)
+{
+    static const QStringList s_phonebook = {"node", "row", "menu", "drag"};
+    const QString wanted = s_phonebook.contains(kind) ? "AddrBookUIPlugin"
+                           : kind == "file dialog"    ? "Care"
+                           : kind == "page choice"    ? "Preferences"
+                                                      : QString();
+    MainWindow* window = Screen::mainWindow();
+    if (window == nullptr || !window->isVisible())
+        return true;
+    QWidget* page = window->Page(window->CurrentPage());
+    if (!wanted.isEmpty() && window->CurrentPage() != wanted)
+        turnTo(wanted);
+    else if ((kind == "link" && m_linked) || (kind == "cards" && m_dropped))
+        return false;
+    else if (kind == "link")
+        openLink();
+    else if (kind == "cards")
+        dropCards();
+    else if (kind == "file dialog" && page != nullptr)
+        chooseFile(page);
+    else if (pageKinds().contains(kind) && (page == nullptr || window->CurrentPage() == "AddrBookUIPlugin"))
+        turn();
+    else if (pageKinds().contains(kind))
+        useAs(kind, page);
+    else
+        return false;
+    return true;
+}
+
 void PageUser::turn()
 {
     static const char* const s_pages[] = {"AddrBookUIPlugin", "Messages", "VoiceCallPlugin", "Care", "Care",
                                           "Preferences"};
-    const QString page = s_pages[m_actor.below(6)];
+    turnTo(s_pages[m_actor.below(6)]);
+}
+
+void PageUser::turnTo(const QString& page)
+{
     m_actor.say("page " + page);
+    m_actor.effects().is("page");
     Screen::mainWindow()->ShowPage(page);
+}
+
+void PageUser::chooseFile(QWidget* care)
+{
+    QAbstractButton* choose = care->findChild<QAbstractButton*>("linkhand_Care_import_file");
+    QTabWidget* tabs = care->findChild<QTabWidget*>("linkhand_Care_tabs");
+    m_actor.say("choose a file to import");
+    m_actor.effects().is("page button");
+    if (choose == nullptr || tabs == nullptr)
+        return;
+    tabs->setCurrentWidget(care->findChild<QWidget*>("linkhand_Care_import"));
+    if (choose->isEnabled())
+        QTest::mouseClick(choose, Qt::LeftButton);
 }
 
 void PageUser::use(QWidget* part)
 {
     const int what = m_actor.below(100);
-    if (what < 40)
+    useAs(pageKinds().at(what < 40 ? 0 : what < 55 ? 1 : what < 80 ? 2 : what < 90 ? 3 : 4), part);
+}
+
+void PageUser::useAs(const QString& kind, QWidget* part)
+{
+    m_actor.effects().is(kind);
+    if (kind == "page button")
         useButton(part);
-    else if (what < 55)
+    else if (kind == "page line")
         useLine(part);
-    else if (what < 80)
+    else if (kind == "page list")
         useList(part);
-    else if (what < 90)
+    else if (kind == "page tab")
         useTabs(part);
     else
         useChoice(part);
@@ -134,7 +209,8 @@ void PageUser::useChoice(QWidget* part)
     QComboBox* choice = oneOf<QComboBox>(m_actor, part);
     if (choice == nullptr || choice->objectName().contains("ardware"))
         return;
-    const bool down = m_actor.chance(50);
+    const int last = choice->count() - 1;
+    const bool down = choice->currentIndex() <= 0 || (choice->currentIndex() < last && m_actor.chance(50));
     m_actor.say(QString(down ? "down" : "up") + " in " + Actor::nameOf(choice));
     QTest::keyClick(choice, down ? Qt::Key_Down : Qt::Key_Up);
 }
@@ -165,26 +241,66 @@ void PageUser::write(QWidget* form)
     }
 }
 
-// A link that was clicked elsewhere, or a file of contacts.
-void PageUser::passOn()
+// One that was clicked elsewhere.
+void PageUser::openLink()
 {
     static const char* const s_links[] = {"tel:+491700000001", "tel:0170000002;ext=12",
                                           "tel:*100%23",       "sms:+491700000003?body=See%20you",
                                           "sms:nobody",        "tel:"};
-    if (m_actor.chance(40)) {
-        dropCards();
-        return;
-    }
-    const QString link = QString::fromLatin1(s_links[m_actor.below(6)]);
+    const int which = m_actor.below(6);
+    const QString link = QString::fromLatin1(s_links[which]);
     m_actor.say("link " + link);
+    m_actor.effects().is("link", true);
+    m_linked = which < s_iFilling;
+    m_waiting.start();
     QDesktopServices::openUrl(QUrl(link));
 }
 
+// As the window system sends it: what has not come in cannot be dropped.
 void PageUser::dropCards()
 {
     m_actor.say("drop card.vcf");
+    m_actor.effects().is("cards", true);
+    m_dropped = true;
+    m_waiting.start();
+    QWidget* window = Screen::mainWindow();
     QMimeData files;
     files.setUrls(QList<QUrl>() << QUrl::fromLocalFile(m_folder + "/card.vcf"));
-    QDropEvent drop(QPoint(5, 5), Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(Screen::mainWindow(), &drop);
+    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+    enter.ignore();
+    QApplication::sendEvent(window, &enter);
+    QDragMoveEvent move(QPoint(6, 6), Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+    move.ignore();
+    QApplication::sendEvent(window, &move);
+    QDropEvent drop(QPoint(6, 6), Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(window, &drop);
+}
+
+bool PageUser::isWaiting() const
+{
+    return (m_linked || m_dropped) && m_waiting.elapsed() < s_iPatienceMs;
+}
+
+void PageUser::noteLate()
+{
+    const QWidget* modal = QApplication::activeModalWidget();
+    if (modal != nullptr && modal->objectName() == "linkhand_Cards" && m_cardsDialog != modal) {
+        m_cardsDialog = QApplication::activeModalWidget();
+        m_actor.effects().did("cards");
+        m_dropped = false;
+    }
+    const MainWindow* window = Screen::mainWindow();
+    if (!m_linked || window == nullptr)
+        return;
+    const QLineEdit* number = window->findChild<QLineEdit*>("VoiceCallPlugin_lineeditNumber");
+    const QWidget* form = messageForm();
+    const QPlainTextEdit* text = form != nullptr ? form->findChild<QPlainTextEdit*>() : nullptr;
+    const bool filled = number != nullptr && (number->text() == "+491700000001" || number->text() == "0170000002");
+    bool told = false; // of a code
+    for (const QLabel* label : modal != nullptr ? modal->findChildren<QLabel*>() : QList<QLabel*>())
+        told = told || label->text().contains("*100#");
+    if (filled || told || (text != nullptr && text->toPlainText() == "See you")) {
+        m_linked = false;
+        m_actor.effects().did("link");
+    }
 }

@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QColor>
+#include <QComboBox>
 #include <QDialog>
 #include <QDir>
 #include <QDragEnterEvent>
@@ -19,8 +20,10 @@
 
 #include <csignal>
 
+#include "Store.h"
 #include "app/Services.h"
 #include "device/SimulatedHardware.h"
+#include "linkhand/plugin/Codes.h"
 #include "loader/PluginContainer.h"
 #include "loader/PluginHandle.h"
 #include "logic/ItemData.h"
@@ -30,13 +33,6 @@
 
 namespace
 {
-template <class T>
-T* inWindow(const char* name)
-{
-    const MainWindow* window = Screen::mainWindow();
-    return window != nullptr ? window->findChild<T*>(name) : nullptr;
-}
-
 QList<QTreeWidgetItem*> nodes(QTreeWidget* tree)
 {
     QList<QTreeWidgetItem*> list;
@@ -46,58 +42,19 @@ QList<QTreeWidgetItem*> nodes(QTreeWidget* tree)
 }
 } // namespace
 
-MainWindow* Screen::mainWindow()
-{
-    for (QWidget* widget : QApplication::topLevelWidgets()) {
-        if (MainWindow* window = qobject_cast<MainWindow*>(widget))
-            return window;
-    }
-    return nullptr;
-}
-
-QTreeWidget* Screen::tree()
-{
-    return inWindow<QTreeWidget>("AddrBookUIPlugin_TreeWidget");
-}
-
-// The window makes a new table now and then; the one in use is the one that shows.
-QTableWidget* Screen::table()
-{
-    const MainWindow* window = mainWindow();
-    if (window == nullptr)
-        return nullptr;
-    QTableWidget* found = nullptr;
-    for (QTableWidget* table : window->findChildren<QTableWidget*>("AddrBookUIPlugin_ContactTable")) {
-        if (found == nullptr || !table->isHidden())
-            found = table;
-    }
-    return found;
-}
-
-QPoint Screen::shown(const QAbstractItemView* view, const QRect& item)
-{
-    return (item & view->viewport()->rect()).center();
-}
-
 RandomUser::RandomUser(quint32 seed, Services& services, const QString& folder)
-    : Actor(seed), m_pages(*this, folder), m_services(services), m_folder(folder), m_triesAside(0)
+    : Actor(seed),
+      m_pages(*this, folder),
+      m_services(services),
+      m_folder(folder),
+      m_triesAside(0),
+      m_storing(false),
+      m_stored(false)
 {
 }
 
 QString RandomUser::act()
 {
-    // Each with its weight.
-    static const struct {
-        int weight;
-        Action action;
-    } s_actions[] = {
-        {22, &RandomUser::clickNode},     {16, &RandomUser::clickRow},
-        {8, &RandomUser::openMenu},       {12, &RandomUser::pressKey},
-        {6, &RandomUser::type},           {10, &RandomUser::clickButton},
-        {8, &RandomUser::dragRows},       {10, &RandomUser::switchHardware},
-        {2, &RandomUser::changeLanguage}, {3, &RandomUser::sendCode},
-        {3, &RandomUser::hideOrShow},     {35, &RandomUser::usePages},
-    };
     say(QString());
     // Whoever clicks into a window has it active; the editors of cells end by the change of focus.
     MainWindow* window = Screen::mainWindow();
@@ -106,26 +63,68 @@ QString RandomUser::act()
         QApplication::setActiveWindow(window);
         return said();
     }
+    m_pages.noteLate();
+    noteStored();
+    if (m_pages.isWaiting() && QApplication::activePopupWidget() == nullptr &&
+        QApplication::activeModalWidget() == nullptr)
+        return said();
+    const Effects::Trial trial(Actor::effects());
     if (chance(8)) {
+        Actor::effects().is("hardware");
         switchHardware();
     } else if (QWidget* menu = QApplication::activePopupWidget()) {
+        Actor::effects().is("menu entry");
         actInMenu(menu);
     } else if (QWidget* dialog = QApplication::activeModalWidget()) {
+        Actor::effects().is("dialog");
         actInDialog(dialog);
     } else {
-        int sum = 0;
-        for (const auto& entry : s_actions)
-            sum += entry.weight;
-        int at = below(sum);
-        for (const auto& entry : s_actions) {
-            at -= entry.weight;
-            if (at < 0) {
-                (this->*entry.action)();
-                break;
-            }
+        actOnWindow();
+    }
+    if (said().isEmpty())
+        Actor::effects().is(QString()); // there was nothing to do it to
+    return said();
+}
+
+// Now and then what has had the fewest effects so far.
+void RandomUser::actOnWindow()
+{
+    static const QStringList s_goals = {"node",   "row",  "menu",     "key",  "type",
+                                        "button", "drag", "language", "code", "window"};
+    // Each with its weight.
+    static const struct {
+        int weight;
+        const char* kind;
+        Action action;
+    } s_actions[] = {
+        {22, "node", &RandomUser::clickNode},
+        {16, "row", &RandomUser::clickRow},
+        {8, "menu", &RandomUser::openMenu},
+        {12, "key", &RandomUser::pressKey},
+        {6, "type", &RandomUser::type},
+        {10, "button", &RandomUser::clickButton},
+        {8, "drag", &RandomUser::dragRows},
+        {10, "hardware", &RandomUser::switchHardware},
+        {2, "language", &RandomUser::changeLanguage},
+        {3, "code", &RandomUser::sendCode},
+        {3, "window", &RandomUser::hideOrShow},
+        {35, "page", &RandomUser::usePages},
+    };
+    const QString rarest = chance(40) ? Actor::effects().rarest(m_pages.kinds() + s_goals) : QString();
+    if (!rarest.isEmpty() && m_pages.goFor(rarest))
+        return;
+    int sum = 0;
+    for (const auto& entry : s_actions)
+        sum += entry.weight;
+    int at = below(sum);
+    for (const auto& entry : s_actions) {
+        at -= entry.weight;
+        if (rarest.isEmpty() ? at < 0 : rarest == entry.kind) {
+            Actor::effects().is(entry.kind);
+            (this->*entry.action)();
+            break;
         }
     }
-    return said();
 }
 
 bool RandomUser::putAside()
@@ -193,7 +192,13 @@ void RandomUser::actInMenu(QWidget* menu)
 void RandomUser::actInDialog(QWidget* dialog)
 {
     if (QFileDialog* files = qobject_cast<QFileDialog*>(dialog)) {
+        Actor::effects().is("file dialog");
         actInFileDialog(files);
+        return;
+    }
+    if (dialog->objectName() == "linkhand_Cards") {
+        Actor::effects().is("cards dialog");
+        actInCards(dialog);
         return;
     }
     const int what = below(100);
@@ -211,6 +216,41 @@ void RandomUser::actInDialog(QWidget* dialog)
     } else {
         say("close " + nameOf(dialog));
         dialog->close();
+    }
+}
+
+// The first one ends with its contacts in the phonebook.
+void RandomUser::actInCards(QWidget* dialog)
+{
+    QAbstractButton* import = dialog->findChild<QAbstractButton*>("linkhand_Cards_import");
+    const bool ready = import != nullptr && import->isEnabled();
+    const bool first = Actor::effects().rarest({"cards stored", "node"}) == "cards stored";
+    if (ready && (first || chance(30))) {
+        say("import the cards");
+        m_storing = true;
+        m_stored = true;
+        QTest::mouseClick(import, Qt::LeftButton);
+    } else if (QComboBox* existing = dialog->findChild<QComboBox*>("linkhand_Cards_existing");
+               existing != nullptr && existing->isEnabled() && !first && chance(40)) {
+        say("other choice for the cards");
+        QTest::keyClick(existing, chance(50) ? Qt::Key_Down : Qt::Key_Up);
+    } else if (!first || chance(5)) {
+        clickButtonOf(dialog);
+    }
+}
+
+bool RandomUser::takeStored()
+{
+    const bool stored = m_stored;
+    m_stored = false;
+    return stored;
+}
+
+void RandomUser::noteStored()
+{
+    if (m_storing && Store::holds("Dropped")) {
+        m_storing = false;
+        Actor::effects().did("cards stored");
     }
 }
 
@@ -299,8 +339,9 @@ void RandomUser::pressKey()
 void RandomUser::type()
 {
     QWidget* focus = QApplication::focusWidget();
-    if (chance(50)) {
-        if (QLineEdit* search = inWindow<QLineEdit>("AddrBookUIPlugin_SearchEdit"))
+    const MainWindow* window = Screen::mainWindow();
+    if (window != nullptr && chance(50)) {
+        if (QLineEdit* search = window->findChild<QLineEdit*>("AddrBookUIPlugin_SearchEdit"))
             focus = search;
     }
     if (focus != nullptr)
@@ -331,6 +372,10 @@ void RandomUser::dragRows()
             ids += QByteArray::number(data->iRecordID) + "-1" + QByteArray::number(data->iGroupID) + "-1";
     }
     const QList<QTreeWidgetItem*> list = nodes(tree);
+    if (ids.isEmpty()) {
+        Actor::effects().is("row");
+        clickRow();
+    }
     if (ids.isEmpty() || list.isEmpty())
         return;
     QMimeData rows;
@@ -399,8 +444,16 @@ void RandomUser::changeLanguage()
 void RandomUser::sendCode()
 {
     const PluginContainer* container = dynamic_cast<PluginContainer*>(m_services.PluginContainer());
-    static const int s_codes[] = {320, 515, 516, 513, 514, 257, 258, 259, 0, 0x7fffffff};
-    const int code = s_codes[below(10)];
+    static const int s_codes[] = {HOST_NOTIFY_LANGUAGE,
+                                  HOST_NOTIFY_REGISTRATION,
+                                  HOST_NOTIFY_NETWORK_LOST,
+                                  HOST_NOTIFY_NETWORK_GAINED,
+                                  HOST_NOTIFY_CARD_ENABLED,
+                                  HOST_NOTIFY_CARD_DISABLED,
+                                  HOST_NOTIFY_SYSTEM_MODE,
+                                  0,
+                                  0x7fffffff};
+    const int code = s_codes[below(int(sizeof s_codes / sizeof s_codes[0]))];
     say(QString("code %1").arg(code));
     if (container == nullptr)
         return;

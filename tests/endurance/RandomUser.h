@@ -6,27 +6,11 @@
 
 #include "Actor.h"
 #include "PageUser.h"
+#include "Screen.h"
 
-class MainWindow;
-class QAbstractItemView;
 class QFileDialog;
-class QPoint;
-class QRect;
-class QTableWidget;
-class QTreeWidget;
 class QWidget;
 class Services;
-
-// The window's parts as a user finds them; null while they are not there.
-namespace Screen
-{
-MainWindow* mainWindow();
-QTreeWidget* tree();
-QTableWidget* table();
-
-// Where a click hits an item: the middle of what shows of it.
-QPoint shown(const QAbstractItemView* view, const QRect& item);
-} // namespace Screen
 
 // One action after the other, from a seeded stream. An action may end in a dialog's or a menu's own event loop: the
 // next one is then due inside it.
@@ -41,6 +25,13 @@ public:
     // One step towards a window without menus, dialogs and editors; true once there are none.
     bool putAside();
 
+    // What came of all that.
+    QString effects() { return Actor::effects().told(); }
+    void goOnFrom(const QString& effects) { Actor::effects().add(effects); }
+
+    // Whether cards were stored since the last question: where the phonebook is in use they wait for "show".
+    bool takeStored();
+
     // Ends the program in one of the ways there are.
     QString quit();
 
@@ -50,6 +41,9 @@ private:
     void actInMenu(QWidget* menu);
     void actInDialog(QWidget* dialog);
     void actInFileDialog(QFileDialog* dialog);
+    void actInCards(QWidget* dialog);
+    void noteStored();
+    void actOnWindow();
     void clickNode();
     void clickRow();
     void openMenu();
@@ -67,6 +61,8 @@ private:
     Services& m_services;
     QString m_folder;
     int m_triesAside;
+    bool m_storing; // dropped cards
+    bool m_stored;
 };
 
 #endif // TESTS_ENDURANCE_RANDOMUSER_H

@@ -1,6 +1,7 @@
 #include "Store.h"
 
 #include "../support/RealStore.h"
+#include "linkhand/QtCompat.h"
 
 namespace
 {
@@ -41,6 +42,23 @@ int Store::records(int memory)
 {
     int size = 0;
     return ORVA_PBSrv_GetSize(memory, &size) == 0 ? size : -1;
+}
+
+bool Store::holds(const QString& beginning)
+{
+    void* set = nullptr;
+    if (ORVA_PBSrv_GetAddrRecList(4, &set) != 0 || set == nullptr)
+        return false;
+    bool found = false;
+    for (long result = ORVA_PBSrv_AddrRecordSet_MoveFirst(set); result == 0 && !found;
+         result = ORVA_PBSrv_AddrRecordSet_MoveNext(set)) {
+        unsigned short* name = nullptr;
+        if (ORVA_PBSrv_AddrRecordSet_GetValue(set, "Name", &name) == 0 && name != nullptr)
+            found = QtCompat::fromUtf16(name).startsWith(beginning);
+        delete[] name;
+    }
+    ORVA_PBSrv_AddrRecordSet_Release(set);
+    return found;
 }
 
 QHash<int, int> Store::groupSizes()

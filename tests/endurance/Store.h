@@ -12,6 +12,9 @@ void fill();
 
 int records(int memory);
 
+// Whether a contact of the PC has a name that begins so.
+bool holds(const QString& beginning);
+
 // Members by identifier of the group.
 QHash<int, int> groupSizes();
 } // namespace Store

@@ -3,7 +3,8 @@
 //   linkhand_endurance [--pbctl FILE] [--seed N] [--actions N] [--each N]
 //
 // Each start is a process of its own. With LINKHAND_FULL=1 there are 20,000 actions, else 500. What fails is named with
-// its random number and the last actions.
+// its random number and the last actions. At the end stands what came of each kind of action, as effects/actions; in
+// 500 or more each has some.
 
 #include <QApplication>
 #include <QDir>
@@ -13,6 +14,7 @@
 #include <csignal>
 #include <cstdio>
 
+#include "Effects.h"
 #include "Life.h"
 #include "Store.h"
 #include "app/CommandLine.h"
@@ -26,6 +28,7 @@
 namespace
 {
 const int s_iLifeLimitMs = 900000;
+const int s_iEnoughActions = 500; // for each kind to have had an effect
 
 QString option(const QStringList& arguments, const char* name, const QString& otherwise)
 {
@@ -56,7 +59,7 @@ void writeCards(const QString& name)
     if (!file.open(QIODevice::WriteOnly))
         return;
     for (int i = 0; i < 3; ++i)
-        file.write(QString("BEGIN:VCARD\r\nVERSION:3.0\r\nFN:Card %1\r\nN:Card;%1;;;\r\nTEL;TYPE=CELL:60000%1\r\n"
+        file.write(QString("BEGIN:VCARD\r\nVERSION:3.0\r\nFN:Dropped %1\r\nN:%1;Dropped;;;\r\nTEL;TYPE=CELL:60000%1\r\n"
                            "BDAY:1990-12-31\r\nEND:VCARD\r\n")
                        .arg(i)
                        .toUtf8());
@@ -79,6 +82,7 @@ int live(int& argc, char** argv)
     HostServices* services =
         reinterpret_cast<HostServices*>(quintptr(qApp->property(LINKHAND_HOST_SERVICES).toLongLong()));
     Life life(seed, actions, *static_cast<Services*>(services), QDir::homePath());
+    life.goOnFrom(option(arguments, "--effects", QString()));
     life.start();
     const int code = host.Run();
     if (!life.failure().isEmpty()) {
@@ -116,11 +120,13 @@ int runAll(const QStringList& arguments)
     writeImportFile(QDir::homePath() + "/in.csv");
     writeCards(QDir::homePath() + "/card.vcf");
     Store::fill();
+    Effects effects;
     for (int done = 0, life = 0; done < actions; done += each, ++life) {
         QElapsedTimer time;
         time.start();
-        const bool ended = run(arguments.first(), QStringList() << "--live" << QString::number(seed + quint32(life))
-                                                                << "--actions" << QString::number(each));
+        const bool ended =
+            run(arguments.first(), QStringList() << "--live" << QString::number(seed + quint32(life)) << "--actions"
+                                                 << QString::number(each) << "--effects" << effects.told());
         const QStringList log = lastActions(QDir::homePath());
         if (!ended || (!pbctl.isEmpty() && !run(pbctl, QStringList("check")))) {
             std::fprintf(stderr, "seed %u of %u actions, which ended so:\n%s\n", seed + quint32(life), unsigned(each),
@@ -130,8 +136,14 @@ int runAll(const QStringList& arguments)
         std::printf("seed %u: %d actions in %lld s, %s\n", seed + quint32(life), each, time.elapsed() / 1000,
                     qPrintable(log.filter("look:").join("; ")));
         std::fflush(stdout);
+        effects = Effects();
+        effects.add(log.filter("effects: ").value(0).section("effects: ", 1));
     }
-    return 0;
+    std::printf("effects: %s\n", qPrintable(effects.told()));
+    const QStringList vain = effects.vain();
+    if (actions >= s_iEnoughActions && !vain.isEmpty())
+        std::fprintf(stderr, "never with an effect: %s\n", qPrintable(vain.join(", ")));
+    return actions >= s_iEnoughActions && !vain.isEmpty() ? 1 : 0;
 }
 } // namespace
 

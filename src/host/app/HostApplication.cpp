@@ -420,6 +420,17 @@ void HostApplication::applyLanguage(const QString& strCode)
     QApplication::setLayoutDirection(locale.textDirection());
 }
 
+void HostApplication::keepPlace()
+{
+    const HostSettings::Together together(m_settings);
+    m_settings.SetGeometry(m_pWindow->saveGeometry());
+    m_settings.SetDevicePanelShown(m_pWindow->DevicePanelShown());
+    m_settings.SetLastPage(m_pWindow->CurrentPage());
+    if (m_pAids) {
+        m_pAids->Layout().Keep();
+    }
+}
+
 void HostApplication::shutDown()
 {
     // Whatever the plug-ins still open on their way out comes back at once, unseen: boxes are answered for the user,
@@ -428,12 +439,7 @@ void HostApplication::shutDown()
     QCoreApplication::exit(m_iExitCode);
     m_instance.StopListening();
     if (m_line.strScreenshot.isEmpty()) {
-        m_settings.SetGeometry(m_pWindow->saveGeometry());
-        m_settings.SetDevicePanelShown(m_pWindow->DevicePanelShown());
-        m_settings.SetLastPage(m_pWindow->CurrentPage());
-        if (m_pAids) {
-            m_pAids->Layout().Keep();
-        }
+        keepPlace();
     }
     m_pWindow->hide();
     m_pModem->Finish();

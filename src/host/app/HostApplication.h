@@ -74,6 +74,7 @@ private:
     void showFrame();
     void fillWindow();
     void applyLanguage(const QString& strCode);
+    void keepPlace();
     void shutDown();
     void showProblems();
 

@@ -4,7 +4,6 @@
 #include <QHash>
 #include <QVariant>
 
-#include "device/ChangedContact.h"
 #include "device/CleanNumber.h"
 #include "device/Modem.h"
 #include "messages/MessageStore.h"
@@ -129,9 +128,11 @@ bool Link::RemoveCall(int iId)
     return m_store.RemoveCall(iId);
 }
 
-QString Link::ChangedContact(unsigned int uiMsg, unsigned int uiMemory, unsigned int uiNumber)
+bool Link::AskChangedContact(unsigned int uiMsg, unsigned int uiMemory, unsigned int uiNumber, QObject* pAsker,
+                             int iTicket)
 {
-    return ::ChangedContact::Name(uiMsg, uiMemory, uiNumber);
+    m_namer.Ask(uiMsg, uiMemory, uiNumber, pAsker, iTicket);
+    return true;
 }
 
 void Link::ShowPage(const QString& strPlugin)

@@ -4,6 +4,7 @@
 #include <QPointer>
 
 #include "app/ContactLink.h"
+#include "device/ContactNamer.h"
 #include "shared/HostLink.h"
 
 class MainWindow;
@@ -36,7 +37,8 @@ public:
     void ShowPage(const QString& strPlugin) override;
     void ShowStatus(const QString& strText) override;
     QString LogFolder() override { return m_strLogFolder; }
-    QString ChangedContact(unsigned int uiMsg, unsigned int uiMemory, unsigned int uiNumber) override;
+    bool AskChangedContact(unsigned int uiMsg, unsigned int uiMemory, unsigned int uiNumber, QObject* pAsker,
+                           int iTicket) override;
 
 private:
     Modem& m_modem;
@@ -44,6 +46,7 @@ private:
     QPointer<MainWindow> m_pWindow;
     QString m_strLogFolder;
     ContactLink m_contacts;
+    ContactNamer m_namer;
 };
 
 #endif // LINKHAND_HOST_LINK_H

@@ -14,6 +14,7 @@
 #pragma weak ORVA_Sync_Result_GetRun
 #pragma weak ORVA_Sync_Result_GetCounts
 #pragma weak ORVA_Sync_Result_GetEvent
+#pragma weak ORVA_Sync_Result_GetReason
 #pragma weak ORVA_Sync_Result_Release
 
 namespace SyncSdk

@@ -64,6 +64,9 @@ SyncOutcome outcomeOf(void* pResult)
             note.strName = QtCompat::fromUtf16(event.file);
         }
         note.strWhat = QtCompat::fromUtf16(event.what);
+        if (&ORVA_Sync_Result_GetReason != nullptr) {
+            ORVA_Sync_Result_GetReason(pResult, i, &note.iReason);
+        }
         outcome.listNotes.append(note);
     }
     return outcome;

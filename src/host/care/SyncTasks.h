@@ -22,7 +22,8 @@ struct SyncNote {
     bool bConflict = false; // else it was left
     bool bHereWon = false;
     QString strName; // of the contact, else of the file
-    QString strWhat; // keys of fields with ";" between, or why
+    QString strWhat; // keys of fields with ";" between, or why, in English
+    int iReason = 0; // why it was left, ORVA_SYNC_REASON_*; 0 where the SDK has none
 };
 
 // What became of a sync.

@@ -47,7 +47,9 @@ QString isolated(const QString& strText)
 QString noteText(const SyncNote& note)
 {
     if (!note.bConflict) {
-        return HostText::Get("IDS_HOST_CARE_SYNC_LEFT").arg(isolated(note.strName), isolated(note.strWhat));
+        const QString strReason = SyncText::Reason(note.iReason);
+        return HostText::Get("IDS_HOST_CARE_SYNC_LEFT")
+            .arg(isolated(note.strName), isolated(strReason.isEmpty() ? note.strWhat : strReason));
     }
     return HostText::Get(note.bHereWon ? "IDS_HOST_CARE_SYNC_CONFLICT_HERE" : "IDS_HOST_CARE_SYNC_CONFLICT_THERE")
         .arg(isolated(note.strName), fieldsOf(note.strWhat));
@@ -73,6 +75,30 @@ QString SyncText::Explain(long nCode)
     default:
         return CareText::Explain(nCode);
     }
+}
+
+QString SyncText::Reason(int iReason)
+{
+    static const struct {
+        int iReason;
+        const char* pszId;
+    } texts[] = {
+        {ORVA_SYNC_REASON_LINK, "IDS_HOST_CARE_SYNC_LEFT_LINK"},
+        {ORVA_SYNC_REASON_NO_FILE, "IDS_HOST_CARE_SYNC_LEFT_NO_FILE"},
+        {ORVA_SYNC_REASON_LARGE, "IDS_HOST_CARE_SYNC_LEFT_LARGE"},
+        {ORVA_SYNC_REASON_UNREADABLE, "IDS_HOST_CARE_SYNC_LEFT_UNREADABLE"},
+        {ORVA_SYNC_REASON_NO_CARD, "IDS_HOST_CARE_SYNC_LEFT_NO_CARD"},
+        {ORVA_SYNC_REASON_EMPTY, "IDS_HOST_CARE_SYNC_LEFT_EMPTY"},
+        {ORVA_SYNC_REASON_COPY, "IDS_HOST_CARE_SYNC_LEFT_COPY"},
+        {ORVA_SYNC_REASON_LARGE_CARD, "IDS_HOST_CARE_SYNC_LEFT_LARGE_CARD"},
+        {ORVA_SYNC_REASON_FULL, "IDS_HOST_CARE_SYNC_LEFT_FULL"},
+    };
+    for (const auto& text : texts) {
+        if (text.iReason == iReason) {
+            return HostText::Get(text.pszId);
+        }
+    }
+    return QString();
 }
 
 QString SyncText::Told(const SyncOutcome& outcome)

@@ -19,84 +19,93 @@ const char* const LAST_PAGE_KEY = "host/lastpage";
 const char* const DAILY_BACKUP_KEY = "host/dailybackup";
 const char* const SIZES_GROUP = "layout/";
 
-QVariant read(const QString& strFile, const QString& strKey)
+} // namespace
+
+HostSettings::Together::~Together()
 {
-    QSettings settings(strFile, QSettings::IniFormat);
+    if (--m_settings.m_iTogether > 0 || m_settings.m_held.isEmpty()) {
+        return;
+    }
+    // Written as the object goes, and whole: by another name and a rename.
+    QSettings settings(m_settings.m_strFile, QSettings::IniFormat);
+    QtCompat::useUtf8(settings);
+    for (QMap<QString, QVariant>::const_iterator it = m_settings.m_held.constBegin();
+         it != m_settings.m_held.constEnd(); ++it) {
+        settings.setValue(it.key(), it.value());
+    }
+    m_settings.m_held.clear();
+}
+
+QVariant HostSettings::read(const QString& strKey) const
+{
+    if (m_held.contains(strKey)) {
+        return m_held.value(strKey);
+    }
+    QSettings settings(m_strFile, QSettings::IniFormat);
     QtCompat::useUtf8(settings); // as the library reads it
     return settings.value(strKey);
 }
-QVariant read(const QString& strFile, const char* pszKey)
-{
-    return read(strFile, QString::fromLatin1(pszKey));
-}
 
-void write(const QString& strFile, const QString& strKey, const QVariant& value)
+void HostSettings::write(const QString& strKey, const QVariant& value)
 {
-    QSettings settings(strFile, QSettings::IniFormat);
-    QtCompat::useUtf8(settings);
-    settings.setValue(strKey, value);
+    const Together together(*this);
+    m_held.insert(strKey, value);
 }
-void write(const QString& strFile, const char* pszKey, const QVariant& value)
-{
-    write(strFile, QString::fromLatin1(pszKey), value);
-}
-
-} // namespace
 
 QString HostSettings::Language() const
 {
-    return read(m_strFile, LANGUAGE_KEY).toString();
+    return read(QLatin1String(LANGUAGE_KEY)).toString();
 }
 
 void HostSettings::SetLanguage(const QString& strLanguage)
 {
-    write(m_strFile, LANGUAGE_KEY, strLanguage);
+    write(QLatin1String(LANGUAGE_KEY), strLanguage);
 }
 
 QByteArray HostSettings::Geometry() const
 {
-    return read(m_strFile, GEOMETRY_KEY).toByteArray();
+    return read(QLatin1String(GEOMETRY_KEY)).toByteArray();
 }
 
 void HostSettings::SetGeometry(const QByteArray& geometry)
 {
-    write(m_strFile, GEOMETRY_KEY, geometry);
+    write(QLatin1String(GEOMETRY_KEY), geometry);
 }
 
 bool HostSettings::WelcomeDismissed() const
 {
-    return read(m_strFile, WELCOME_KEY).toBool();
+    return read(QLatin1String(WELCOME_KEY)).toBool();
 }
 
 void HostSettings::SetWelcomeDismissed(bool bDismissed)
 {
-    write(m_strFile, WELCOME_KEY, bDismissed);
+    write(QLatin1String(WELCOME_KEY), bDismissed);
 }
 
 QString HostSettings::StartPage() const
 {
-    return read(m_strFile, START_PAGE_KEY).toString();
+    return read(QLatin1String(START_PAGE_KEY)).toString();
 }
 
 void HostSettings::SetStartPage(const QString& strPage)
 {
-    write(m_strFile, START_PAGE_KEY, strPage);
+    write(QLatin1String(START_PAGE_KEY), strPage);
 }
 
 QString HostSettings::LastPage() const
 {
-    return read(m_strFile, LAST_PAGE_KEY).toString();
+    return read(QLatin1String(LAST_PAGE_KEY)).toString();
 }
 
 void HostSettings::SetLastPage(const QString& strPage)
 {
-    write(m_strFile, LAST_PAGE_KEY, strPage);
+    write(QLatin1String(LAST_PAGE_KEY), strPage);
 }
 
 QList<int> HostSettings::Sizes(const QString& strName) const
 {
     QList<int> listSizes;
-    foreach (const QString& strSize, read(m_strFile, QLatin1String(SIZES_GROUP) + strName).toStringList()) {
+    foreach (const QString& strSize, read(QLatin1String(SIZES_GROUP) + strName).toStringList()) {
         bool bNumber = false;
         listSizes.append(strSize.toInt(&bNumber));
         if (!bNumber) {
@@ -112,7 +121,7 @@ void HostSettings::SetSizes(const QString& strName, const QList<int>& listSizes)
     foreach (int iSize, listSizes) {
         lstSizes.append(QString::number(iSize));
     }
-    write(m_strFile, QLatin1String(SIZES_GROUP) + strName, lstSizes);
+    write(QLatin1String(SIZES_GROUP) + strName, lstSizes);
 }
 
 bool HostSettings::DailyBackup() const
@@ -140,15 +149,15 @@ QString HostSettings::Value(const QString& strKey) const
 
 void HostSettings::SetValue(const QString& strKey, const QString& strValue)
 {
-    write(m_strFile, strKey, strValue);
+    write(strKey, strValue);
 }
 
 bool HostSettings::DevicePanelShown() const
 {
-    return read(m_strFile, DEVICE_PANEL_KEY).toBool();
+    return read(QLatin1String(DEVICE_PANEL_KEY)).toBool();
 }
 
 void HostSettings::SetDevicePanelShown(bool bShown)
 {
-    write(m_strFile, DEVICE_PANEL_KEY, bShown);
+    write(QLatin1String(DEVICE_PANEL_KEY), bShown);
 }

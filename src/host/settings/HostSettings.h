@@ -3,13 +3,29 @@
 
 #include <QByteArray>
 #include <QList>
+#include <QMap>
 #include <QString>
+#include <QVariant>
 
-// What the host remembers between two runs, in the user's INI file. User-interface thread only.
+// What the host remembers between two runs, in the user's INI file. What is set is in the file when the call returns,
+// unless it is set together with more. User-interface thread only.
 class HostSettings
 {
 public:
-    explicit HostSettings(const QString& strFile) : m_strFile(strFile) {}
+    explicit HostSettings(const QString& strFile) : m_strFile(strFile), m_iTogether(0) {}
+
+    // What is set while one lives comes into the file at its end, by one write: all of it or nothing.
+    class Together
+    {
+    public:
+        explicit Together(HostSettings& settings) : m_settings(settings) { ++m_settings.m_iTogether; }
+        ~Together();
+        Together(const Together&) = delete;
+        Together& operator=(const Together&) = delete;
+
+    private:
+        HostSettings& m_settings;
+    };
 
     QString File() const { return m_strFile; }
 
@@ -47,7 +63,12 @@ public:
     void SetDevicePanelShown(bool bShown);
 
 private:
+    QVariant read(const QString& strKey) const;
+    void write(const QString& strKey, const QVariant& value);
+
     QString m_strFile;
+    QMap<QString, QVariant> m_held; // not in the file yet
+    int m_iTogether;
 };
 
 #endif // LINKHAND_HOST_HOSTSETTINGS_H

@@ -9,6 +9,7 @@
 #include <cstdlib>
 #include <ctime>
 #include <memory>
+#include <optional>
 #include <thread>
 
 #include "api/Boundary.h"
@@ -55,6 +56,15 @@ void waitFor(int wait, const GoOn& goOn, const Try& tryLock)
 std::unique_ptr<SharedLock> syncLock()
 {
     return std::make_unique<SharedLock>(resolvedFolder(dataFolder()) + "/local.sync");
+}
+
+// The place of an event; nothing behind the last.
+std::optional<std::size_t> placeOf(const SyncResultHandle& held, int index)
+{
+    if (index < 0)
+        throw Failure(ORVA_E_ARGUMENT, "an event below 0");
+    const auto place = static_cast<std::size_t>(index);
+    return place < held.texts.size() ? std::make_optional(place) : std::nullopt;
 }
 
 // Without symbolic links where it is there, and from the root on in any case.
@@ -161,18 +171,30 @@ long ORVA_Sync_Result_GetEvent(void* result, int index, ORVA_SYNC_EVENT* event)
     return guarded(__func__, [&]() -> long {
         require(event);
         const auto& held = fromHandle<SyncResultHandle>(result);
-        if (index < 0)
-            throw Failure(ORVA_E_ARGUMENT, "an event below 0");
-        if (static_cast<std::size_t>(index) >= held.texts.size())
+        const std::optional<std::size_t> place = placeOf(held, index);
+        if (!place)
             return ORVA_E_END;
-        const SyncEvent& found = held.run.report.events[static_cast<std::size_t>(index)];
-        const SyncResultHandle::Texts& texts = held.texts[static_cast<std::size_t>(index)];
+        const SyncEvent& found = held.run.report.events[*place];
+        const SyncResultHandle::Texts& texts = held.texts[*place];
         event->kind = found.kind == SyncEvent::Kind::Conflict ? ORVA_SYNC_CONFLICT : ORVA_SYNC_LEFT;
         event->record = found.record;
         event->here_won = found.hereWon ? 1 : 0;
         event->file = reinterpret_cast<const unsigned short*>(texts.file.c_str());
         event->name = reinterpret_cast<const unsigned short*>(texts.name.c_str());
         event->what = reinterpret_cast<const unsigned short*>(texts.what.c_str());
+        return ORVA_OK;
+    });
+}
+
+long ORVA_Sync_Result_GetReason(void* result, int index, int* reason)
+{
+    return guarded(__func__, [&]() -> long {
+        require(reason);
+        const auto& held = fromHandle<SyncResultHandle>(result);
+        const std::optional<std::size_t> place = placeOf(held, index);
+        if (!place)
+            return ORVA_E_END;
+        *reason = held.run.report.events[*place].reason;
         return ORVA_OK;
     });
 }

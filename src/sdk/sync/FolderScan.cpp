@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "base/Sha256.h"
+#include "orva/orva_sync.h"
 #include "sync/CardView.h"
 #include "vcard/CardReader.h"
 
@@ -144,7 +145,7 @@ void FolderScan::sort()
 // One whose look is that of the link, but for whom something else has to be looked at.
 bool FolderScan::takeUnread(VdirEntry& entry)
 {
-    if (entry.left != nullptr || entry.look.empty())
+    if (entry.left != ORVA_SYNC_REASON_NONE || entry.look.empty())
         return false;
     ScannedLink* const known = linkOf(entry.name);
     if (known == nullptr || known->card || entry.look != known->link.look)
@@ -181,12 +182,10 @@ void FolderScan::settleFresh()
             settle(fresh);
 }
 
-void FolderScan::leave(const std::string& file, const char* why)
+void FolderScan::leave(const std::string& file, int reason)
 {
-    SyncEvent event;
-    event.kind = SyncEvent::Kind::Left;
+    SyncEvent event = leftFor(reason);
     event.file = file;
-    event.what = why;
     m_report.events.push_back(std::move(event));
     if (ScannedLink* const known = linkOf(file))
         known->unknown = true;
@@ -194,7 +193,7 @@ void FolderScan::leave(const std::string& file, const char* why)
 
 void FolderScan::look(VdirEntry entry)
 {
-    if (entry.left != nullptr) {
+    if (entry.left != ORVA_SYNC_REASON_NONE) {
         leave(entry.name, entry.left);
         return;
     }
@@ -203,7 +202,7 @@ void FolderScan::look(VdirEntry entry)
     const std::optional<std::string> octets = m_folder.read(entry.name);
     if (!octets) {
         if (m_folder.has(entry.name))
-            leave(entry.name, "it cannot be read");
+            leave(entry.name, ORVA_SYNC_REASON_UNREADABLE);
         return;
     }
     ScannedCard card;
@@ -217,7 +216,7 @@ void FolderScan::look(VdirEntry entry)
     }
     std::optional<Card> found = onlyCard(*octets);
     if (!found) {
-        leave(name, "it does not hold one vCard");
+        leave(name, ORVA_SYNC_REASON_NO_CARD);
         return;
     }
     if (isGroupCard(*found)) {
@@ -226,7 +225,7 @@ void FolderScan::look(VdirEntry entry)
     }
     const CardView view = viewOf(*found);
     if (known == nullptr && view.empty()) {
-        leave(name, "it has nothing that a field is meant for");
+        leave(name, ORVA_SYNC_REASON_EMPTY);
         return;
     }
     card.uid = uidOf(*found);
@@ -262,7 +261,7 @@ void FolderScan::settle(Fresh& fresh)
     const bool quiet = known->second != LooksByFile::none && m_quietAt[known->second];
     ScannedLink* const holder = quiet ? nullptr : link(known->second);
     if (holder == nullptr || holder->card || holder->unknown) {
-        leave(fresh.card.entry.name, "another file has the same UID");
+        leave(fresh.card.entry.name, ORVA_SYNC_REASON_COPY);
         return;
     }
     attach(*holder, std::move(fresh.card)); // it was given another name

@@ -98,7 +98,7 @@ private:
     void settle(Fresh& fresh);
     bool isFor(const ScannedLink& link, const ScannedCard& card) const;
     void attach(ScannedLink& link, ScannedCard card);
-    void leave(const std::string& file, const char* why);
+    void leave(const std::string& file, int reason);
     void sort();
 
     const VdirFolder& m_folder;

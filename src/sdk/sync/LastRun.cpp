@@ -62,7 +62,8 @@ std::string toLines(const SyncRun& run)
     lines += "\n" + packed(run.said) + "\n";
     for (std::size_t i = 0; i < std::min(report.events.size(), eventsKept); ++i) {
         const SyncEvent& event = report.events[i];
-        lines += event.kind == SyncEvent::Kind::Conflict ? "conflict" : "left";
+        // Readers that know no reasons take all that is no conflict for left.
+        lines += event.kind == SyncEvent::Kind::Conflict ? "conflict" : "left " + std::to_string(event.reason);
         for (const std::string& part :
              {std::to_string(event.record), std::string(event.hereWon ? "1" : "0"), event.file, event.name, event.what})
             lines += "\t" + packed(part);
@@ -90,6 +91,7 @@ std::optional<SyncRun> runFromLines(const std::string& text)
             continue;
         SyncEvent event;
         event.kind = parts[0] == "conflict" ? SyncEvent::Kind::Conflict : SyncEvent::Kind::Left;
+        std::sscanf(parts[0].c_str(), "left %d", &event.reason);
         std::sscanf(parts[1].c_str(), "%d", &event.record);
         event.hereWon = parts[2] == "1";
         event.file = unpacked(parts[3]);

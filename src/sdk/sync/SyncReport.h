@@ -16,7 +16,11 @@ struct SyncEvent {
     std::string name; // of the contact, where it is known
     std::string what; // the fields of a conflict, with ";" between; or why something was left
     bool hereWon = false;
+    int reason = 0; // why something was left: ORVA_SYNC_REASON_*
 };
+
+// Something that was left, with its reason in English.
+SyncEvent leftFor(int reason);
 
 // What a sync has done, or would do.
 struct SyncReport {

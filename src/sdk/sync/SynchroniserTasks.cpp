@@ -239,10 +239,9 @@ void Synchroniser::merge(FolderScan& scan, SyncLink link, const SyncContent& con
 void Synchroniser::add(FolderScan& scan, Task task)
 {
     if (task.file == Task::File::Write && task.octets.size() > largestCardFile) {
-        SyncEvent event;
+        SyncEvent event = leftFor(ORVA_SYNC_REASON_LARGE_CARD);
         event.record = task.step.link.record;
         event.file = task.step.link.file;
-        event.what = "its card would be larger than 5 MB";
         m_report.events.push_back(std::move(event));
         return;
     }
@@ -334,10 +333,9 @@ void Synchroniser::settle(std::vector<Task>& tasks)
         if (steps[i].done) {
             count(tasks[i]);
         } else if (steps[i].failure == ORVA_E_FULL) {
-            SyncEvent event;
+            SyncEvent event = leftFor(ORVA_SYNC_REASON_FULL);
             event.file = steps[i].link.file;
             event.name = steps[i].content ? nameOf(*steps[i].content) : std::string();
-            event.what = "the phonebook is full";
             m_report.events.push_back(std::move(event));
         } else {
             m_again = true;

@@ -17,6 +17,7 @@
 #include "base/Failure.h"
 #include "base/OpenFile.h"
 #include "base/Sha256.h"
+#include "orva/orva_sync.h"
 
 namespace orva
 {
@@ -105,14 +106,14 @@ private:
     bool m_sure = false;
 };
 
-// Why a file is none to read; null for a card.
-const char* obstacleOf(const struct stat& state)
+// Why a file is none to read.
+int obstacleOf(const struct stat& state)
 {
     if (S_ISLNK(state.st_mode))
-        return "a symbolic link is not followed";
+        return ORVA_SYNC_REASON_LINK;
     if (!S_ISREG(state.st_mode))
-        return "it is no plain file";
-    return static_cast<std::size_t>(state.st_size) > largestCardFile ? "it is larger than 5 MB" : nullptr;
+        return ORVA_SYNC_REASON_NO_FILE;
+    return static_cast<std::size_t>(state.st_size) > largestCardFile ? ORVA_SYNC_REASON_LARGE : ORVA_SYNC_REASON_NONE;
 }
 
 VdirEntry entryOf(std::string_view name, const struct stat& state, long long now)
@@ -143,7 +144,7 @@ public:
         for (const File& file : m_files) {
             const std::string_view name = names.substr(0, file.name);
             names.remove_prefix(file.name);
-            if (!m_known || file.left != nullptr || !m_known(name, file.look.octets()))
+            if (!m_known || file.left != ORVA_SYNC_REASON_NONE || !m_known(name, file.look.octets()))
                 m_entries.push_back({std::string(name), std::string(file.look.octets()), file.changed, file.left});
         }
         m_files.clear();
@@ -156,7 +157,7 @@ private:
         std::size_t name; // its length
         Look look;
         long long changed;
-        const char* left;
+        int left;
     };
     const VdirFolder::Known& m_known;
     std::vector<VdirEntry>& m_entries;

@@ -16,9 +16,9 @@ constexpr std::size_t largestCardFile = 5U << 20;
 // A file of the folder, by what can be told of it without reading.
 struct VdirEntry {
     std::string name;
-    std::string look;           // changes with the file's content; empty for one that was written too lately to tell
-    long long changed = 0;      // seconds since 1970
-    const char* left = nullptr; // why it is none to read; null for a card
+    std::string look;      // changes with the file's content; empty for one that was written too lately to tell
+    long long changed = 0; // seconds since 1970
+    int left = 0;          // why it is none to read, ORVA_SYNC_REASON_*; 0 for a card
 };
 
 /*

@@ -88,9 +88,11 @@ private slots:
         for (int i = 0; i < 2; ++i) {
             QTest::keyClick(preview, Qt::Key_Tab);
             QTest::keyClick(preview, Qt::Key_Return);
+            // A browser that has gone elsewhere looks for the next link for ever.
+            QVERIFY(preview->source().isEmpty());
+            QVERIFY2(f.previewText().contains("Yes"), qPrintable(f.previewText()));
         }
-        QCOMPARE(opener.opened, QStringList("tel:+49171"));
-        QVERIFY(f.previewText().contains("Yes"));
+        QTRY_COMPARE(opener.opened, QStringList("tel:+49171"));
     }
 
     void markUpReadsNothingFromTheDisk_data()

@@ -28,6 +28,7 @@ struct Synced {
         Text file;
         Text name;
         Text what;
+        int reason = 0;
     };
     std::vector<Event> events;
 
@@ -43,19 +44,29 @@ inline Text wide(const std::string& text)
     return Text(text.begin(), text.end());
 }
 
-inline Synced synchronise(const std::string& folder, int options = 0, int wait = 20000)
+inline std::vector<Synced::Event> eventsOf(void* result)
 {
     const auto text = [](const unsigned short* units) { return Text(reinterpret_cast<const char16_t*>(units)); };
+    std::vector<Synced::Event> events;
+    ORVA_SYNC_EVENT event = {};
+    for (int i = 0; ORVA_Sync_Result_GetEvent(result, i, &event) == ORVA_OK; ++i) {
+        int reason = -1;
+        CHECK_EQ(ORVA_Sync_Result_GetReason(result, i, &reason), ORVA_OK);
+        events.push_back({event.kind, event.record, event.here_won != 0, text(event.file), text(event.name),
+                          text(event.what), reason});
+    }
+    return events;
+}
+
+inline Synced synchronise(const std::string& folder, int options = 0, int wait = 20000)
+{
     Synced synced;
     void* result = nullptr;
     synced.code = ORVA_Sync_Run(local, api(wide(folder)), options, wait, &result);
     if (synced.code != ORVA_OK)
         return synced;
     CHECK_EQ(ORVA_Sync_Result_GetCounts(result, &synced.counts), ORVA_OK);
-    ORVA_SYNC_EVENT event = {};
-    for (int i = 0; ORVA_Sync_Result_GetEvent(result, i, &event) == ORVA_OK; ++i)
-        synced.events.push_back(
-            {event.kind, event.record, event.here_won != 0, text(event.file), text(event.name), text(event.what)});
+    synced.events = eventsOf(result);
     CHECK_EQ(static_cast<int>(synced.events.size()), synced.counts.events);
     CHECK_EQ(ORVA_Sync_Result_Release(result), ORVA_OK);
     return synced;
