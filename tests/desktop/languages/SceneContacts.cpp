@@ -64,6 +64,9 @@ bool SceneContacts::Fill(const QString& strFolder, const QString& strCsvFile)
     bDone = bDone && addCare(profile);
     QFile cards(QDir::home().filePath("friends.vcf"));
     bDone = bDone && cards.open(QIODevice::WriteOnly) && cards.write(CARDS) > 0;
+    QFile people(QDir::home().filePath("people.csv"));
+    bDone = bDone && people.open(QIODevice::WriteOnly) &&
+            people.write("Name,Mobile,Shoe\nCarla Neri,+4917020000,38\nDina Roth,none,40\nOla Berg,+4917030000,\n") > 0;
     profile.Close();
     ORVA_Sim_Reset(QFile::encodeName(strFolder).constData());
     return bDone;

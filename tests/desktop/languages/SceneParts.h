@@ -61,6 +61,7 @@ void addPreferences(QList<Scene>& listScenes);
 void addMenus(QList<Scene>& listScenes);
 void addContactDialogs(QList<Scene>& listScenes);
 void addMessageDialogs(QList<Scene>& listScenes);
+void addHostDialogs(QList<Scene>& listScenes);
 void addProblems(QList<Scene>& listScenes);
 void addQuestions(QList<Scene>& listScenes);
 void addFiles(QList<Scene>& listScenes);

@@ -29,6 +29,7 @@ QList<Scene> Scenes::All()
     addMenus(listScenes);
     addContactDialogs(listScenes);
     addMessageDialogs(listScenes);
+    addHostDialogs(listScenes);
     addProblems(listScenes);
     addQuestions(listScenes);
     addFiles(listScenes);

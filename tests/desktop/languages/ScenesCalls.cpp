@@ -17,7 +17,7 @@ void Scenes::addCalls(QList<Scene>& listScenes)
     listScenes << scene(
         "call",
         [] {
-            Child<QLineEdit>("VoiceCallPlugin_lineeditNumber")->setText("+4930231258");
+            Child<QLineEdit>("VoiceCallPlugin_lineeditNumber")->setText("+4917000412");
             click("VoiceCallPlugin_buttonCall");
         },
         [] { return mainWindowIf(seen("VoiceCallPlugin_callBox") != nullptr); },
@@ -27,7 +27,7 @@ void Scenes::addCalls(QList<Scene>& listScenes)
         [] {
             click("linkhand_NavBar_VoiceCallPlugin");
             if (Child<QTreeWidget>("VoiceCallPlugin_treeCalls")->topLevelItemCount() == 0) {
-                Child<QLineEdit>("VoiceCallPlugin_lineeditNumber")->setText("+4930231258");
+                Child<QLineEdit>("VoiceCallPlugin_lineeditNumber")->setText("+4917000412");
                 click("VoiceCallPlugin_buttonCall");
                 click("VoiceCallPlugin_buttonHangUp");
             }

@@ -55,11 +55,14 @@ Scene tab(const char* pszName, const char* pszSection, const char* pszList)
 }
 
 // A window that is opened by a button and runs its own loop.
-Scene dialog(const char* pszName, const char* pszButton, const char* pszDialog, const char* pszClose)
+Scene dialog(
+    const char* pszName, const char* pszButton, const char* pszDialog, const char* pszClose,
+    const std::function<void()>& before = [] {})
 {
     return Scenes::scene(
         pszName,
-        [pszButton] {
+        [pszButton, before] {
+            before();
             Scenes::later([pszButton] {
                 const QAbstractButton* pButton = Scenes::seen<QAbstractButton>(pszButton);
                 if (!isIdle() || pButton == nullptr || !pButton->isEnabled()) {
@@ -101,6 +104,8 @@ void Scenes::addCare(QList<Scene>& listScenes)
             Main()->findChild<ImportSection*>()->SetFile(QDir::home().filePath("friends.vcf"));
         },
         [] { return rowsOf("linkhand_Care_import_list") == 2 ? withRow("linkhand_Care_import_list") : nullptr; });
+    listScenes << dialog("findings", "linkhand_Care_import_left", "linkhand_Findings", "linkhand_Findings_close",
+                         [] { Main()->findChild<ImportSection*>()->SetFile(QDir::home().filePath("people.csv")); });
     listScenes << scene(
         "sync", [] { turnTo("linkhand_Care_sync"); },
         [] {
