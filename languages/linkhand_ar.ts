@@ -1257,7 +1257,7 @@
     </message>
     <message>
         <source>IDS_HOST_REPLY</source>
-        <translation>رد …</translation>
+        <translation>رد…</translation>
     </message>
     <message>
         <source>IDS_HOST_SEARCH_MESSAGES</source>
@@ -1265,7 +1265,7 @@
     </message>
     <message>
         <source>IDS_HOST_SEND_AGAIN</source>
-        <translation>إرسال مرة أخرى …</translation>
+        <translation>إرسال مرة أخرى…</translation>
     </message>
     <message>
         <source>IDS_HOST_STATUS_CHANGED</source>
@@ -2286,7 +2286,7 @@
     </message>
     <message>
         <source>IDS_BY_NAME</source>
-        <translation>حسب الاسم …</translation>
+        <translation>حسب الاسم…</translation>
     </message>
     <message>
         <source>IDS_BY_NAME_TITLE</source>
@@ -2389,7 +2389,7 @@
     </message>
     <message>
         <source>IDS_BY_NAME</source>
-        <translation>حسب الاسم …</translation>
+        <translation>حسب الاسم…</translation>
     </message>
     <message>
         <source>IDS_BY_NAME_TITLE</source>

@@ -1069,7 +1069,7 @@
     </message>
     <message>
         <source>IDS_HOST_PIN_ASKED</source>
-        <translation>The card is being asked …</translation>
+        <translation>The card is being asked…</translation>
     </message>
     <message>
         <source>IDS_HOST_PIN_BLOCKED</source>
@@ -1257,7 +1257,7 @@
     </message>
     <message>
         <source>IDS_HOST_REPLY</source>
-        <translation>Reply …</translation>
+        <translation>Reply…</translation>
     </message>
     <message>
         <source>IDS_HOST_SEARCH_MESSAGES</source>
@@ -1265,7 +1265,7 @@
     </message>
     <message>
         <source>IDS_HOST_SEND_AGAIN</source>
-        <translation>Send again …</translation>
+        <translation>Send again…</translation>
     </message>
     <message>
         <source>IDS_HOST_STATUS_CHANGED</source>
@@ -1705,7 +1705,7 @@
     </message>
     <message>
         <source>IDS_HOST_STATE_SENDING</source>
-        <translation>Being sent …</translation>
+        <translation>Being sent…</translation>
     </message>
     <message>
         <source>IDS_HOST_STATE_SENT</source>
@@ -1785,7 +1785,7 @@
     </message>
     <message>
         <source>IDS_HOST_STATUS_UNLOCK</source>
-        <translation>Enter PIN …</translation>
+        <translation>Enter PIN…</translation>
     </message>
     <message>
         <source>IDS_HOST_STORE_WRITABLE</source>
@@ -2286,7 +2286,7 @@ That does not mean that they are gone.</translation>
     </message>
     <message>
         <source>IDS_BY_NAME</source>
-        <translation>By name …</translation>
+        <translation>By name…</translation>
     </message>
     <message>
         <source>IDS_BY_NAME_TITLE</source>
@@ -2389,7 +2389,7 @@ That does not mean that they are gone.</translation>
     </message>
     <message>
         <source>IDS_BY_NAME</source>
-        <translation>By name …</translation>
+        <translation>By name…</translation>
     </message>
     <message>
         <source>IDS_BY_NAME_TITLE</source>
@@ -2492,7 +2492,7 @@ That does not mean that they are gone.</translation>
     </message>
     <message>
         <source>IDS_CALL_DIALLING</source>
-        <translation>Dialling …</translation>
+        <translation>Dialling…</translation>
     </message>
     <message>
         <source>IDS_CALL_ENDED</source>
@@ -2552,7 +2552,7 @@ That does not mean that they are gone.</translation>
     </message>
     <message>
         <source>IDS_CALL_RINGING</source>
-        <translation>Ringing …</translation>
+        <translation>Ringing…</translation>
     </message>
     <message>
         <source>IDS_CALL_SIMULATED</source>
