@@ -1934,7 +1934,7 @@
     </message>
     <message>
         <source>IDS_FLEXIT_UI_DELETE_ITEM</source>
-        <translation>هل تريد حذف جهات الاتصال المحددة؟ ستُحذف من دليل الهاتف نفسه وليس من المجموعة فقط. ما كان على الكمبيوتر يبقى في المحذوفات 30 يومًا.</translation>
+        <translation>هل تريد حذف جهات الاتصال المحددة؟ ستُحذف من دليل الهاتف نفسه وليس من المجموعة فقط. ما كان على الكمبيوتر يبقى في المحذوفات ٣٠ يومًا.</translation>
     </message>
     <message>
         <source>IDS_GROUP_NAME_NULL</source>
