@@ -28,21 +28,6 @@ packaging/build.sh release test_desktop_languages
 export LC_ALL=C.UTF-8 LINKHAND_SOURCE_DIR=$PWD LINKHAND_BUILD_DIR=$build QT_SCALE_FACTOR=$scale
 LINKHAND_TEST_SCREEN=$((1366 * scale))x$((900 * scale))
 export LINKHAND_TEST_SCREEN
-# The file dialog shows where it is: in a home that is nobody's. It stands beside the others in a /home of this command's
-# own, of which nothing is left when it ends.
-homes=$(mktemp -d)
-trap 'rmdir "$homes"' EXIT
-unshare --user --map-root-user --mount bash -e -c '
-    mount --rbind /home "$1"
-    mount -t tmpfs tmpfs /home
-    for other in "$1"/*/; do
-        if [ -d "$other" ]; then
-            mkdir "/home/$(basename "$other")"
-            mount --rbind "$other" "/home/$(basename "$other")"
-        fi
-    done
-    shift
-    exec tests/in-home.sh /home/anna "$@"
-' bash "$homes" sh -c 'cd && mv run .run && XDG_RUNTIME_DIR=$PWD/.run && exec "$@"' sh "$PWD/tests/desktop/with-display.sh" \
-    "$build/tests/stage/test_desktop_languages" --sheets "$folder" --shots "$PWD/build/shots"
+tests/desktop/nobodys-home.sh "$PWD/tests/desktop/with-display.sh" "$build/tests/stage/test_desktop_languages" \
+    --sheets "$folder" --shots "$PWD/build/shots"
 echo "The sheets are in $folder"
