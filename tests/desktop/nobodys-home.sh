@@ -5,6 +5,7 @@ set -euo pipefail
 here=$(cd "$(dirname "$0")/.." && pwd)
 homes=$(mktemp -d)
 trap 'rmdir "$homes"' EXIT
+# shellcheck disable=SC2016 # they are the inner shell's
 unshare --user --map-root-user --mount bash -e -c '
     homes=$1
     here=$2
