@@ -1293,7 +1293,7 @@
     </message>
     <message>
         <source>IDS_HOST_REPLY</source>
-        <translation>رد …</translation>
+        <translation>رد…</translation>
     </message>
     <message>
         <source>IDS_HOST_SEARCH_MESSAGES</source>
@@ -1301,7 +1301,7 @@
     </message>
     <message>
         <source>IDS_HOST_SEND_AGAIN</source>
-        <translation>إرسال مرة أخرى …</translation>
+        <translation>إرسال مرة أخرى…</translation>
     </message>
     <message>
         <source>IDS_HOST_STATUS_CHANGED</source>
@@ -1970,7 +1970,7 @@
     </message>
     <message>
         <source>IDS_FLEXIT_UI_DELETE_ITEM</source>
-        <translation>هل تريد حذف جهات الاتصال المحددة؟ ستُحذف من دليل الهاتف نفسه وليس من المجموعة فقط. ما كان على الكمبيوتر يبقى في المحذوفات 30 يومًا.</translation>
+        <translation>هل تريد حذف جهات الاتصال المحددة؟ ستُحذف من دليل الهاتف نفسه وليس من المجموعة فقط. ما كان على الكمبيوتر يبقى في المحذوفات ٣٠ يومًا.</translation>
     </message>
     <message>
         <source>IDS_GROUP_NAME_NULL</source>
@@ -2322,7 +2322,7 @@
     </message>
     <message>
         <source>IDS_BY_NAME</source>
-        <translation>حسب الاسم …</translation>
+        <translation>حسب الاسم…</translation>
     </message>
     <message>
         <source>IDS_BY_NAME_TITLE</source>
@@ -2425,7 +2425,7 @@
     </message>
     <message>
         <source>IDS_BY_NAME</source>
-        <translation>حسب الاسم …</translation>
+        <translation>حسب الاسم…</translation>
     </message>
     <message>
         <source>IDS_BY_NAME_TITLE</source>

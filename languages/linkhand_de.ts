@@ -13,7 +13,7 @@
     </message>
     <message>
         <source>IDS_HOST_ABOUT_DOTS</source>
-        <translation>Info…</translation>
+        <translation>Info …</translation>
     </message>
     <message>
         <source>IDS_HOST_ABOUT_LICENCE</source>
@@ -169,7 +169,7 @@
     </message>
     <message>
         <source>IDS_HOST_CARE_IMPORT_FILE</source>
-        <translation>Datei wählen…</translation>
+        <translation>Datei wählen …</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_IMPORT_PROGRAM</source>
@@ -177,7 +177,7 @@
     </message>
     <message>
         <source>IDS_HOST_CARE_EXPORT</source>
-        <translation>Alle exportieren…</translation>
+        <translation>Alle exportieren …</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_IMPORT_EXISTING</source>
@@ -201,7 +201,7 @@
     </message>
     <message>
         <source>IDS_HOST_CARE_IMPORT_LEFT</source>
-        <translation>Was übrig blieb (%1)…</translation>
+        <translation>Was übrig blieb (%1) …</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_IMPORT_NONE</source>
@@ -909,7 +909,7 @@
     </message>
     <message>
         <source>IDS_HOST_HELP_DOTS</source>
-        <translation>Tasten…</translation>
+        <translation>Tasten …</translation>
     </message>
     <message>
         <source>IDS_HOST_HELP_EDIT</source>
@@ -1221,7 +1221,7 @@
     </message>
     <message>
         <source>IDS_HOST_PREFS_BACKUPS_DOTS</source>
-        <translation>Sicherungen…</translation>
+        <translation>Sicherungen …</translation>
     </message>
     <message>
         <source>IDS_HOST_PREFS_CALLS</source>
@@ -1373,7 +1373,7 @@
     </message>
     <message>
         <source>IDS_HOST_FINDINGS_SAVE</source>
-        <translation>Als Text speichern…</translation>
+        <translation>Als Text speichern …</translation>
     </message>
     <message>
         <source>IDS_HOST_FINDINGS_NOT_SAVED</source>

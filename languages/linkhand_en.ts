@@ -1105,7 +1105,7 @@
     </message>
     <message>
         <source>IDS_HOST_PIN_ASKED</source>
-        <translation>The card is being asked …</translation>
+        <translation>The card is being asked…</translation>
     </message>
     <message>
         <source>IDS_HOST_PIN_BLOCKED</source>
@@ -1293,7 +1293,7 @@
     </message>
     <message>
         <source>IDS_HOST_REPLY</source>
-        <translation>Reply …</translation>
+        <translation>Reply…</translation>
     </message>
     <message>
         <source>IDS_HOST_SEARCH_MESSAGES</source>
@@ -1301,7 +1301,7 @@
     </message>
     <message>
         <source>IDS_HOST_SEND_AGAIN</source>
-        <translation>Send again …</translation>
+        <translation>Send again…</translation>
     </message>
     <message>
         <source>IDS_HOST_STATUS_CHANGED</source>
@@ -1741,7 +1741,7 @@
     </message>
     <message>
         <source>IDS_HOST_STATE_SENDING</source>
-        <translation>Being sent …</translation>
+        <translation>Being sent…</translation>
     </message>
     <message>
         <source>IDS_HOST_STATE_SENT</source>
@@ -1821,7 +1821,7 @@
     </message>
     <message>
         <source>IDS_HOST_STATUS_UNLOCK</source>
-        <translation>Enter PIN …</translation>
+        <translation>Enter PIN…</translation>
     </message>
     <message>
         <source>IDS_HOST_STORE_WRITABLE</source>
@@ -2322,7 +2322,7 @@ That does not mean that they are gone.</translation>
     </message>
     <message>
         <source>IDS_BY_NAME</source>
-        <translation>By name …</translation>
+        <translation>By name…</translation>
     </message>
     <message>
         <source>IDS_BY_NAME_TITLE</source>
@@ -2425,7 +2425,7 @@ That does not mean that they are gone.</translation>
     </message>
     <message>
         <source>IDS_BY_NAME</source>
-        <translation>By name …</translation>
+        <translation>By name…</translation>
     </message>
     <message>
         <source>IDS_BY_NAME_TITLE</source>
@@ -2528,7 +2528,7 @@ That does not mean that they are gone.</translation>
     </message>
     <message>
         <source>IDS_CALL_DIALLING</source>
-        <translation>Dialling …</translation>
+        <translation>Dialling…</translation>
     </message>
     <message>
         <source>IDS_CALL_ENDED</source>
@@ -2588,7 +2588,7 @@ That does not mean that they are gone.</translation>
     </message>
     <message>
         <source>IDS_CALL_RINGING</source>
-        <translation>Ringing …</translation>
+        <translation>Ringing…</translation>
     </message>
     <message>
         <source>IDS_CALL_SIMULATED</source>

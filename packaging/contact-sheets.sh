@@ -28,10 +28,6 @@ packaging/build.sh release test_desktop_languages
 export LC_ALL=C.UTF-8 LINKHAND_SOURCE_DIR=$PWD LINKHAND_BUILD_DIR=$build QT_SCALE_FACTOR=$scale
 LINKHAND_TEST_SCREEN=$((1366 * scale))x$((900 * scale))
 export LINKHAND_TEST_SCREEN
-# The file dialog shows where it is: in a home that is nobody's, not in somebody's working copy.
-home=/tmp/home/anna
-trap 'rm -rf "$home" && rmdir --ignore-fail-on-non-empty /tmp/home' EXIT
-mkdir -p "$home"
-tests/in-home.sh "$home" sh -c 'cd && exec "$@"' sh "$PWD/tests/desktop/with-display.sh" \
-    "$build/tests/stage/test_desktop_languages" --sheets "$folder" --shots "$PWD/build/shots"
+tests/desktop/nobodys-home.sh "$PWD/tests/desktop/with-display.sh" "$build/tests/stage/test_desktop_languages" \
+    --sheets "$folder" --shots "$PWD/build/shots"
 echo "The sheets are in $folder"

@@ -36,7 +36,7 @@ look "names that Qt 4 does not know" "\\b($names)\\b" "${rooms[@]}"
 
 members='setSectionResizeMode|setResizeMode|setSectionsMovable|setMovable|setSectionsClickable|setClickable'
 members+='|setClearButtonEnabled|horizontalAdvance|devicePixelRatio\w*|setDevicePixelRatio|setDesktopFileName'
-members+='|setApplicationDisplayName|setSizeAdjustPolicy|setCurrentText|setWindowFlag|toHtmlEscaped|splitRef|chopped'
+members+='|setApplicationDisplayName|setSizeAdjustPolicy\(Q[^C]\w+::\w+|setCurrentText|setWindowFlag|toHtmlEscaped|splitRef|chopped'
 members+='|toSecsSinceEpoch|fromSecsSinceEpoch|currentSecsSinceEpoch|fromStdString16|toStdU16String|setShortcutVisibleInContextMenu'
 members+='|setToolTipsVisible|requestInterruption|isInterruptionRequested|setEventDispatcher|readLineInto|setTabBarAutoHide'
 members+='|globalPosition|angleDelta|pixelDelta|localPos|windowPos|screenPos|toAscii|fromAscii|currentTextChanged'

@@ -76,7 +76,7 @@ QString BackupSection::Title() const
 
 void BackupSection::Retranslate()
 {
-    m_pHint->setText(HostText::Get("IDS_HOST_CARE_BACKUPS_HINT").arg(ORVA_BACKUPS_KEPT));
+    m_pHint->setText(HostText::Get("IDS_HOST_CARE_BACKUPS_HINT").arg(QLocale().toString(ORVA_BACKUPS_KEPT)));
     m_pMake->setText(HostText::Get("IDS_HOST_CARE_BACKUP_NOW"));
     m_pVerify->setText(HostText::Get("IDS_HOST_CARE_BACKUP_VERIFY"));
     m_pRestore->setText(HostText::Get("IDS_HOST_CARE_BACKUP_RESTORE_DOTS"));
@@ -107,7 +107,8 @@ void BackupSection::Take(const CareTask& task)
             foreach (const Backup& backup, m_listBackups) {
                 iSound += backup.nState == ORVA_OK ? 1 : 0;
             }
-            emit told(HostText::Get("IDS_HOST_CARE_BACKUP_VERIFIED").arg(m_listBackups.size()).arg(iSound));
+            emit told(HostText::Get("IDS_HOST_CARE_BACKUP_VERIFIED")
+                          .arg(QLocale().toString(int(m_listBackups.size())), QLocale().toString(iSound)));
         }
         m_bTellVerified = false;
     } else if (const BackupComparing* pComparing = dynamic_cast<const BackupComparing*>(&task)) {

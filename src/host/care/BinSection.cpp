@@ -3,6 +3,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QLocale>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -66,7 +67,7 @@ QString BinSection::Title() const
 
 void BinSection::Retranslate()
 {
-    m_pHint->setText(HostText::Get("IDS_HOST_CARE_BIN_HINT").arg(ORVA_BIN_DAYS));
+    m_pHint->setText(HostText::Get("IDS_HOST_CARE_BIN_HINT").arg(QLocale().toString(ORVA_BIN_DAYS)));
     m_pSearchLabel->setText(HostText::Get("IDS_HOST_CARE_SEARCH"));
     m_pSearch->setAccessibleName(HostText::Get("IDS_HOST_CARE_SEARCH"));
     m_pRestore->setText(HostText::Get("IDS_HOST_CARE_BIN_RESTORE"));
@@ -98,8 +99,9 @@ void BinSection::Take(const CareTask& task)
             emit told(CareText::Explain(pReading->Code()));
         }
     } else if (const BinRestoring* pRestoring = dynamic_cast<const BinRestoring*>(&task)) {
-        emit told(CareText::Outcome(HostText::Get("IDS_HOST_CARE_BIN_RESTORED").arg(pRestoring->Restored()),
-                                    pRestoring->Code()));
+        emit told(CareText::Outcome(
+            HostText::Get("IDS_HOST_CARE_BIN_RESTORED").arg(QLocale().toString(pRestoring->Restored())),
+            pRestoring->Code()));
     }
 }
 

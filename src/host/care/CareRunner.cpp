@@ -63,7 +63,10 @@ void CareRunner::OnFinished()
     }
     CareSection* const pSection = m_pSection;
     if (m_pNext) {
-        pSection->SetStale(pSection->IsStale() || pDone->KindOf() == CareTask::READING);
+        // A section that reads anew reads what it was to read: to begin that once more would cancel it, and without
+        // end.
+        const bool bAnew = m_pNextSection == pSection && m_pNext->KindOf() == CareTask::READING;
+        pSection->SetStale(pSection->IsStale() || (pDone->KindOf() == CareTask::READING && !bAnew));
         Begin(m_pNext.release(), m_pNextSection);
     }
     const bool bWrote = pDone->KindOf() == CareTask::WRITING;

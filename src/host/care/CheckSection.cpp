@@ -2,6 +2,7 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QLocale>
 #include <QPushButton>
 #include <QTextBrowser>
 #include <QVBoxLayout>
@@ -123,10 +124,11 @@ void CheckSection::show()
     if (m_nCode != ORVA_OK) {
         strHtml += paragraph(CareText::Explain(m_nCode));
     } else if (m_result.iFindings == 0) {
-        strHtml += paragraph(HostText::Get("IDS_HOST_CARE_CHECK_SOUND").arg(m_result.iContacts));
+        strHtml += paragraph(HostText::Get("IDS_HOST_CARE_CHECK_SOUND").arg(QLocale().toString(m_result.iContacts)));
     } else {
-        strHtml += paragraph(HostText::Get("IDS_HOST_CARE_CHECK_FINDINGS").arg(m_result.iFindings)) +
-                   foreign(m_result.strFindings);
+        strHtml +=
+            paragraph(HostText::Get("IDS_HOST_CARE_CHECK_FINDINGS").arg(QLocale().toString(m_result.iFindings))) +
+            foreign(m_result.strFindings);
     }
     if (m_result.nAccess != ORVA_OK) {
         strHtml += paragraph(HostText::Get("IDS_HOST_CARE_CHECK_WRITABLE_NOT") + QLatin1Char('\n') +
@@ -135,7 +137,8 @@ void CheckSection::show()
     if (m_result.bReplaced) {
         strHtml += paragraph(
             HostText::Get("IDS_HOST_CARE_CHECK_DAMAGE").arg(CareText::Time(m_result.iReplaced)) + QLatin1Char('\n') +
-            HostText::Get("IDS_HOST_CARE_CHECK_SALVAGE").arg(m_result.iSavedContacts).arg(m_result.iSavedGroups));
+            HostText::Get("IDS_HOST_CARE_CHECK_SALVAGE")
+                .arg(QLocale().toString(m_result.iSavedContacts), QLocale().toString(m_result.iSavedGroups)));
         strHtml += paragraph(HostText::Get("IDS_HOST_CARE_CHECK_FILE")) + foreign(m_result.strFile);
         strHtml += paragraph(HostText::Get("IDS_HOST_CARE_CHECK_WHAT")) + foreign(m_result.strWhat);
     }

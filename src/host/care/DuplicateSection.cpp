@@ -2,6 +2,7 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QLocale>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QSplitter>
@@ -116,7 +117,7 @@ void DuplicateSection::Take(const CareTask& task)
         }
     } else if (const Merging* pMerging = dynamic_cast<const Merging*>(&task)) {
         if (pMerging->Code() == ORVA_OK) {
-            emit told(HostText::Get("IDS_HOST_CARE_MERGED").arg(pMerging->Sets()));
+            emit told(HostText::Get("IDS_HOST_CARE_MERGED").arg(QLocale().toString(pMerging->Sets())));
         }
     }
     if (task.Code() != ORVA_OK) {
@@ -176,10 +177,11 @@ void DuplicateSection::OnMergeAll()
     if (listSets.isEmpty()) {
         return;
     }
-    const int iAnswer = CommonUtils::ShowMessage(QMessageBox::Question, window(), Title(),
-                                                 HostText::Get("IDS_HOST_CARE_MERGE_QUESTION").arg(listSets.size()),
-                                                 QLatin1String("IDS_OK"), QLatin1String("IDS_CANCEL"), QString(), false,
-                                                 Qt::WindowCloseButtonHint, nullptr, QString(), true);
+    const int iAnswer = CommonUtils::ShowMessage(
+        QMessageBox::Question, window(), Title(),
+        HostText::Get("IDS_HOST_CARE_MERGE_QUESTION").arg(QLocale().toString(int(listSets.size()))),
+        QLatin1String("IDS_OK"), QLatin1String("IDS_CANCEL"), QString(), false, Qt::WindowCloseButtonHint, nullptr,
+        QString(), true);
     if (iAnswer == QMessageBox::Ok) {
         merge(listSets);
     }
@@ -206,7 +208,7 @@ void DuplicateSection::showSideBySide(const DuplicateSet& set, const MergePrevie
     QStringList lstTitles = QStringList() << HostText::Get("IDS_HOST_CARE_COLUMN_FIELD")
                                           << HostText::Get("IDS_HOST_CARE_COLUMN_MERGED");
     for (int i = 0; i < iSides; ++i) {
-        lstTitles.append(HostText::Get("IDS_HOST_CARE_COLUMN_SIDE").arg(i + 1));
+        lstTitles.append(HostText::Get("IDS_HOST_CARE_COLUMN_SIDE").arg(QLocale().toString(i + 1)));
     }
     QList<CareRow> listRows;
     const QStringList lstKeys = CareText::FieldKeys();

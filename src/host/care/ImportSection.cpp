@@ -48,6 +48,8 @@ ImportSection::ImportSection(CareRunner& runner, QWidget* pParent)
     m_pHint->setObjectName(QLatin1String("linkhand_Care_import_hint"));
     m_pHint->setWordWrap(true);
     m_pExisting->setObjectName(QLatin1String("linkhand_Care_import_existing"));
+    // The texts of another language may be longer.
+    m_pExisting->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     m_pExistingLabel->setBuddy(m_pExisting);
     m_pSummary->setObjectName(QLatin1String("linkhand_Care_import_summary"));
     m_pSummary->setTextFormat(Qt::PlainText);

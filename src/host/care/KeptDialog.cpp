@@ -31,6 +31,22 @@ QString nameOf(const QString& strHead)
     return strHead.section(QLatin1Char(';'), 0, 0).section(QLatin1Char('.'), -1).toUpper();
 }
 
+// What a vCard calls the use of an address or a number.
+const struct {
+    const char* pszName;
+    const char* pszTitleId;
+} USES[] = {{"HOME", "IDS_HOST_FIELD_HOME"}, {"WORK", "IDS_HOST_FIELD_OFFICE"}, {"CELL", "IDS_HOST_FIELD_MOBILE"}};
+
+QString useOf(const QString& strType)
+{
+    for (const auto& use : USES) {
+        if (strType.compare(QLatin1String(use.pszName), Qt::CaseInsensitive) == 0) {
+            return HostText::Get(use.pszTitleId);
+        }
+    }
+    return strType.toLower();
+}
+
 } // namespace
 
 QString KeptText::Title(const QString& strHead)
@@ -44,7 +60,14 @@ QString KeptText::Title(const QString& strHead)
     }
     const int iType = strHead.indexOf(QLatin1String(";TYPE="), 0, Qt::CaseInsensitive);
     const QString strTypes = iType < 0 ? QString() : strHead.mid(iType + 6).section(QLatin1Char(';'), 0, 0);
-    return strTypes.isEmpty() ? strTitle : QString::fromLatin1("%1 (%2)").arg(strTitle, strTypes.toLower());
+    if (strTypes.isEmpty()) {
+        return strTitle;
+    }
+    QStringList lstUses;
+    foreach (const QString& strType, strTypes.split(QLatin1Char(','))) {
+        lstUses << useOf(strType);
+    }
+    return QString::fromLatin1("%1 (%2)").arg(strTitle, lstUses.join(QLatin1String(", ")));
 }
 
 QString KeptText::Value(const KeptProperty& property)

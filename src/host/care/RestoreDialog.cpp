@@ -2,6 +2,7 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QLocale>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -35,7 +36,8 @@ QList<CareRow> rowsOf(const QList<RestoreChange>& listChanges, QString& strHead)
                     CareRow(int(listRows.size()) + 1, QStringList() << HostText::Get(kind.pszRowId) << change.strName));
             }
         }
-        strHead += QLatin1Char('\n') + HostText::Get(kind.pszCountId).arg(listRows.size() - iBefore);
+        strHead +=
+            QLatin1Char('\n') + HostText::Get(kind.pszCountId).arg(QLocale().toString(int(listRows.size()) - iBefore));
     }
     return listRows;
 }

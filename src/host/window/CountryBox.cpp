@@ -43,7 +43,7 @@ CountryBox::CountryBox(QWidget* pParent) : QComboBox(pParent)
 {
     setObjectName(QLatin1String("linkhand_Preferences_country"));
     setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    setMinimumContentsLength(20);
+    setMinimumContentsLength(28);
     addItem(QString(), QLatin1String(BY_SYSTEM));
     addItem(QString(), QLatin1String(NONE));
     for (QMap<QString, QString>::const_iterator it = countries().constBegin(); it != countries().constEnd(); ++it) {

@@ -4,6 +4,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QLocale>
 #include <QPushButton>
 #include <QRegExp>
 #include <QVBoxLayout>
@@ -104,7 +105,7 @@ void PinForm::OnStatusChanged()
         return;
     }
     m_pTries->setText(status.iTries < 0 ? HostText::Get("IDS_HOST_PIN_TRIES_UNKNOWN")
-                                        : HostText::Get("IDS_HOST_PIN_TRIES").arg(status.iTries));
+                                        : HostText::Get("IDS_HOST_PIN_TRIES").arg(QLocale().toString(status.iTries)));
     m_pWarning->setVisible(isLast());
     m_pSure->setVisible(isLast());
     OnEdited();

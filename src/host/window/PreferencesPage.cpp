@@ -43,6 +43,8 @@ PreferencesPage::PreferencesPage(HostSettings& settings, Modem* pModem, QWidget*
     setObjectName(QLatin1String("linkhand_Page_Preferences"));
     m_pLanguage->setObjectName(named("language"));
     m_pStartPage->setObjectName(named("startPage"));
+    // The texts of another language may be longer.
+    m_pStartPage->setSizeAdjustPolicy(QComboBox::AdjustToContents);
 
     QWidget* const pContent = new QWidget;
     pContent->setObjectName(named("content"));

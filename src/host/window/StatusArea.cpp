@@ -227,7 +227,7 @@ void StatusArea::SetProblems(const ProblemList& problems)
     m_problems = problems;
     m_pProblems->setVisible(!problems.isEmpty());
     if (!problems.isEmpty()) {
-        m_pProblems->setText(HostText::Get("IDS_HOST_PROBLEMS_COUNT").arg(problems.size()));
+        m_pProblems->setText(HostText::Get("IDS_HOST_PROBLEMS_COUNT").arg(QLocale().toString(int(problems.size()))));
         m_pProblems->setIcon(Glyphs::Icon(Glyphs::WARNING, QColor(0xd0, 0x7a, 0x00)));
         // The first says most; the dialog says all.
         m_pProblems->setToolTip(problems.first().strName + QLatin1String(": ") + problems.first().Reason());
@@ -242,7 +242,7 @@ void StatusArea::SetChangedElsewhere(bool bChanged)
 void StatusArea::SetFindings(int iCount)
 {
     m_iFindings = iCount;
-    m_pFindings->setText(HostText::Get("IDS_HOST_FINDINGS_COUNT").arg(iCount));
+    m_pFindings->setText(HostText::Get("IDS_HOST_FINDINGS_COUNT").arg(QLocale().toString(iCount)));
     m_pFindings->setToolTip(HostText::Get("IDS_HOST_FINDINGS_TIP"));
     m_pFindings->setVisible(iCount > 0);
 }

@@ -80,7 +80,7 @@ const char* const LISTS =
     " #ChoosePhoneNumber_TableWidget:focus, CareTable:focus, #linkhand_Care_check_found:focus { border: 1px solid "
     "%accent%; }"
     // From right to left Qt places the parts of a splitter one pixel too far to the right, and cuts that border off.
-    "#AddrBookUIPlugin_TreeWidget { margin: 0 1px; }"
+    "#AddrBookUIPlugin_TreeWidget, #linkhand_Care_details_contacts { margin: 0 1px; }"
     // A style's own empty box can be as dark as its ground.
     "ExtendDialog QTreeView::indicator:unchecked { border: 1px solid %edge%; background: %base%; }"
     "QTableView { gridline-color: %line%; }"

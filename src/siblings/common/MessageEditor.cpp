@@ -4,6 +4,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QLocale>
 #include <QMenu>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -234,10 +235,12 @@ QString MessageEditor::reasonAgainst(const QString& strRecipient) const
 QString MessageEditor::lengthText(const QStringList& lstNumbers) const
 {
     const SmsLength length = SmsLength::Of(m_pText->toPlainText());
-    QString strText = text("IDS_LENGTH").arg(length.iUnits).arg(length.iMessages);
+    const QLocale locale;
+    QString strText = text("IDS_LENGTH").arg(locale.toString(length.iUnits), locale.toString(length.iMessages));
     if (lstNumbers.size() > 1) {
-        strText += QLatin1String("; ") +
-                   text("IDS_LENGTH_TOTAL").arg(lstNumbers.size()).arg(lstNumbers.size() * length.iMessages);
+        strText += QLatin1String("; ") + text("IDS_LENGTH_TOTAL")
+                                             .arg(locale.toString(int(lstNumbers.size())),
+                                                  locale.toString(int(lstNumbers.size()) * length.iMessages));
     }
     return strText;
 }
@@ -306,7 +309,7 @@ bool MessageEditor::send()
     Begin(0);
     // What becomes of it with a real modem, the host tells.
     if (pLink->IsSimulated()) {
-        pLink->ShowStatus(text("IDS_IN_OUTBOX").arg(lstNumbers.size()));
+        pLink->ShowStatus(text("IDS_IN_OUTBOX").arg(QLocale().toString(int(lstNumbers.size()))));
     }
     return true;
 }

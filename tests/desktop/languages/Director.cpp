@@ -91,6 +91,7 @@ bool Director::Run(int& argc, char** argv)
     QtCompat::prepareApplication();
     QApplication application(argc, argv);
     QApplication::setApplicationName("linkhand");
+    QApplication::setApplicationVersion(LINKHAND_VERSION);
     QApplication::setQuitOnLastWindowClosed(false);
     SingleInstance instance(strData);
     HostApplication host(CommandLine(), instance);

@@ -23,12 +23,11 @@ QList<Director::Pass> passes(bool bPictures)
     QList<Director::Pass> listPasses;
     foreach (const QString& strLanguage, languages()) {
         listPasses << Director::Pass{strLanguage, false};
-    }
-    if (bPictures) {
-        foreach (const QString& strLanguage, languages()) {
+        if (bPictures) {
             listPasses << Director::Pass{strLanguage, true};
         }
-    } else {
+    }
+    if (!bPictures) {
         // Back from each to another than the one it was come to from.
         listPasses << Director::Pass{"ar", false} << Director::Pass{"de", false} << Director::Pass{"en", false};
     }

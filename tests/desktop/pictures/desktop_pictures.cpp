@@ -184,7 +184,7 @@ void Camera::TakeEditors()
 // With a folder of nobody's.
 void Camera::TakeSync()
 {
-    const QString strCards = "/tmp/home/anna/Contacts";
+    const QString strCards = QDir::home().filePath("Contacts");
     MUST(m_host.Click("linkhand_NavBar_Care"));
     MUST(m_host.WaitFor("linkhand_Care_tabs/QTabBar"));
     for (int i = 0; i < 20 && !m_host.Widget("linkhand_Care_tabs/QTabBar").bFocused; ++i)
@@ -205,8 +205,7 @@ void Camera::TakeSync()
         [this] { return m_host.Text("linkhand_Care_sync_last").contains("Both sides are the same now."); }, 60000));
     m_host.MoveTo(QPoint(1, 1));
     take("sync.png", m_host.Widget(WINDOW).rect);
-    QDir("/tmp/home/anna").removeRecursively();
-    QDir().rmdir("/tmp/home");
+    QDir(strCards).removeRecursively();
 }
 
 QString Camera::current()

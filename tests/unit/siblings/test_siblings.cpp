@@ -1,5 +1,6 @@
 #include <QLabel>
 #include <QLineEdit>
+#include <QLocale>
 #include <QMenu>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -225,6 +226,11 @@ void TestSiblings::theEditorShowsRecipientsAndText()
     QCOMPARE(in<QPlainTextEdit>(pEditor, "SMSUIPlugin_texteditText")->toPlainText().length(), 161);
     QCOMPARE(in<QLabel>(pEditor, "SMSUIPlugin_labelLength")->text(),
              QStringLiteral("Characters: 161, messages: 2; to 3 recipients: 6 in all"));
+    // In the digits of the language.
+    QLocale::setDefault(QLocale("ar"));
+    in<QPlainTextEdit>(pEditor, "SMSUIPlugin_texteditText")->setPlainText("a");
+    QLocale::setDefault(QLocale::system());
+    QVERIFY(in<QLabel>(pEditor, "SMSUIPlugin_labelLength")->text().startsWith(QString::fromUtf8("Characters: ١, ")));
     // A second message has an editor of its own.
     pSms->SendMessage(QString(), QString(), nullptr);
     QCOMPARE(m_pWindow->findChildren<QWidget*>("SMSUIPlugin_editor").size(), 2);

@@ -1,3 +1,4 @@
+#include <QLocale>
 #include <QTextBrowser>
 
 #include "CareSetup.h"
@@ -8,7 +9,11 @@ class TestHostCareCheck : public CareSetup
 
 private slots:
     void init() { beginCare(); }
-    void cleanup() { endCare(); }
+    void cleanup()
+    {
+        QLocale::setDefault(QLocale::system());
+        endCare();
+    }
 
     void aSoundStoreIsSaidToBeSound()
     {
@@ -18,6 +23,14 @@ private slots:
         add({"Bo"});
         click("linkhand_Care_check_again");
         QTRY_COMPARE(found(), QString("The store is sound. Contacts: 2"));
+    }
+
+    void numbersAreWrittenAsTheLanguageWritesThem()
+    {
+        QLocale::setDefault(QLocale("ar"));
+        add({"Ada"});
+        openSection("check");
+        QTRY_COMPARE(found(), QString::fromUtf8("The store is sound. Contacts: ١"));
     }
 
     void aDamagedFileIsToldWithWhatCameThroughAndWhereItLies()

@@ -72,6 +72,20 @@ private slots:
         QCOMPARE(contacts(), 1);
     }
 
+    void aFileThatTakesThePlaceOfAnotherIsLookedAtOnce()
+    {
+        openSection("import");
+        const CareRunner* pRunner = m_pWindow->findChild<CareRunner*>();
+        QTRY_VERIFY(pRunner->Current() == nullptr);
+        QSignalSpy spyEnded(pRunner, SIGNAL(ended(bool)));
+        section()->SetFile(file("first.csv", "Name,Mobile\nAda,1\n"));
+        section()->SetFile(file("second.csv", "Name,Mobile\nBo,2\nCy,3\n"));
+        const QStringList lstNames = {"Bo", "Cy"};
+        QTRY_COMPARE(column(LIST, NAME), lstNames);
+        QTRY_VERIFY(pRunner->Current() == nullptr);
+        QCOMPARE(spyEnded.count(), 2);
+    }
+
     void aFileOfNothingIsNamed()
     {
         openSection("import");
