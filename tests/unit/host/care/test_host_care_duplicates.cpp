@@ -1,3 +1,4 @@
+#include <QLocale>
 #include <QTimer>
 
 #include "CareSetup.h"
@@ -136,7 +137,8 @@ private slots:
         looker.start(5);
         click(ALL);
         QCOMPARE(iBoxes, 1);
-        QTRY_COMPARE_WITH_TIMEOUT(told(), QString("Contacts merged into one: %1").arg(iPairs), 30000);
+        QTRY_COMPARE_WITH_TIMEOUT(told(), QString("Contacts merged into one: %1").arg(QLocale().toString(iPairs)),
+                                  30000);
         QCOMPARE(contacts(), iPairs);
     }
 };
