@@ -24,6 +24,7 @@ class TestDesktopOpening : public DesktopStoreTest
 private slots:
     void init();
     void aSecondStartBringsTheWindowUp();
+    void aSecondStartTakesTheKeyboardFromAnotherWindow();
     void aNumberFillsTheFormAndIsNotCalled();
     void aMessageFillsTheEditor();
     void aCodeIsShownAndGoesNowhere();
@@ -112,6 +113,16 @@ void TestDesktopOpening::aSecondStartBringsTheWindowUp()
     QVERIFY(HostDriver::WaitUntil([this] { return isActive(); }));
     QCOMPARE(m_strSaid, QString());
     QVERIFY(m_pHost->Exists(TABLE));
+}
+
+// A window that was not put away comes up only if it is asked to.
+void TestDesktopOpening::aSecondStartTakesTheKeyboardFromAnotherWindow()
+{
+    QCOMPARE(again({"sms:+49171"}), 0);
+    QVERIFY(m_pHost->WaitFor("SMSUIPlugin_lineeditTo"));
+    QVERIFY(HostDriver::WaitUntil([this] { return !isActive(); }));
+    QCOMPARE(again({}), 0);
+    QVERIFY(HostDriver::WaitUntil([this] { return isActive(); }));
 }
 
 void TestDesktopOpening::aNumberFillsTheFormAndIsNotCalled()
