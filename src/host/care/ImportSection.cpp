@@ -16,6 +16,7 @@
 #include "findings/FindingsDialog.h"
 #include "orva/orva_sync.h"
 #include "shared/NumberDelegate.h"
+#include "shared/WrapLayout.h"
 #include "text/HostText.h"
 
 namespace
@@ -48,6 +49,7 @@ ImportSection::ImportSection(CareRunner& runner, QWidget* pParent)
     m_pHint->setObjectName(QLatin1String("linkhand_Care_import_hint"));
     m_pHint->setWordWrap(true);
     m_pExisting->setObjectName(QLatin1String("linkhand_Care_import_existing"));
+    m_pExisting->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     m_pExistingLabel->setBuddy(m_pExisting);
     m_pSummary->setObjectName(QLatin1String("linkhand_Care_import_summary"));
     m_pSummary->setTextFormat(Qt::PlainText);
@@ -78,16 +80,16 @@ QPushButton* ImportSection::newButton(const char* pszName)
 
 void ImportSection::layOut()
 {
-    QHBoxLayout* pBar = new QHBoxLayout;
+    WrapLayout* pBar = new WrapLayout;
     pBar->addWidget(m_pFile);
     pBar->addWidget(m_pThunderbird);
     pBar->addWidget(m_pEvolution);
-    pBar->addStretch(1);
+    pBar->AddStretch();
     pBar->addWidget(m_pExport);
-    QHBoxLayout* pExisting = new QHBoxLayout;
+    WrapLayout* pExisting = new WrapLayout;
     pExisting->addWidget(m_pExistingLabel);
     pExisting->addWidget(m_pExisting);
-    pExisting->addStretch(1);
+    pExisting->AddStretch();
     QHBoxLayout* pEnd = new QHBoxLayout;
     pEnd->addWidget(m_pSummary, 1);
     pEnd->addWidget(m_pLeft);

@@ -6,6 +6,7 @@
 class DeviceWatcher;
 class HardwarePanel;
 class Modem;
+class PageView;
 class QCheckBox;
 class QComboBox;
 class QLabel;
@@ -32,12 +33,17 @@ private slots:
     void OnSystemMode(int iIndex);
     void OnSpeed(int iIndex);
 
+protected:
+    void resizeEvent(QResizeEvent* pEvent) override;
+
 private:
     void fill(QComboBox* pBox, const char* const* ppszIds, int iCount);
 
     void place(bool bSwitches);
+    void fitWidth();
 
     DeviceWatcher& m_watcher;
+    PageView* m_pView;
     HardwarePanel* m_pHardware;
     QLabel* m_pTitle;
     QLabel* m_pHint;
