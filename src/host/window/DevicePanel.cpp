@@ -136,6 +136,12 @@ void DevicePanel::Retranslate()
 void DevicePanel::resizeEvent(QResizeEvent* pEvent)
 {
     QFrame::resizeEvent(pEvent);
+    // Not from within: the layout would go on with the size that the panel had.
+    QMetaObject::invokeMethod(this, "OnResized", Qt::QueuedConnection);
+}
+
+void DevicePanel::OnResized()
+{
     fitWidth();
 }
 

@@ -32,6 +32,7 @@ private slots:
     void OnNetwork(bool bInService);
     void OnSystemMode(int iIndex);
     void OnSpeed(int iIndex);
+    void OnResized();
 
 protected:
     void resizeEvent(QResizeEvent* pEvent) override;
