@@ -72,6 +72,9 @@ void setTexts(SearchLineEdit* pSearch)
     const QString strText = Change::tr(QLatin1String("IDS_HOST_SEARCH_HINT"), QLatin1String("linkhand"));
     pSearch->setPlaceholderText(strText);
     pSearch->setAccessibleName(strText);
+    // With room for the button that clears it.
+    const int iText = QtCompat::textWidth(pSearch->fontMetrics(), strText);
+    pSearch->setFixedWidth(qMax(s_iSearchWidth, iText + 2 * pSearch->sizeHint().height()));
 }
 
 QToolButton* createButton(const QString& strPlugin, const ToolItem& item, QWidget* pParent)
@@ -141,7 +144,6 @@ bool ToolBarLogic::CreateToolBar(QString strPlugin, QWidget* pParent, QList<Tool
 
     SearchLineEdit* pSearch = new SearchLineEdit(pParent);
     pSearch->setObjectName(strPlugin + QLatin1String("_SearchBox"));
-    pSearch->setFixedWidth(s_iSearchWidth);
     QtCompat::showClearButton(pSearch);
     setTexts(pSearch);
     pSearch->hide();

@@ -7,6 +7,7 @@
 #include "logic/AddrBookLogic.h"
 #include "logic/Log.h"
 #include "logic/Texts.h"
+#include "widgets/FormFont.h"
 
 namespace
 {
@@ -84,6 +85,7 @@ void AddrBookEditDlg::InitDialog(QWidget* pParent, int iGroupId, _ORVA_EN_PHONEB
 
     layOutButtons();
     setTabOrders();
+    fitFontToForm(m_pMainWidget);
     m_pOkButton->setEnabled(false);
     CommonUtils::MoveCentre(m_pExtendDialog);
     m_record.iID = -1;

@@ -10,6 +10,7 @@
 #include "logic/AddrBookUICommon.h"
 #include "logic/Log.h"
 #include "logic/Texts.h"
+#include "widgets/FormFont.h"
 #include "widgets/RowFont.h"
 
 namespace
@@ -111,6 +112,7 @@ void AddrBookFieldMapDlg::InitDialog(QWidget* pParent, _ORVA_EN_PHONEBOOK_MEMORY
     setUpTables();
     setUpButtons();
     layOutParts();
+    fitFontToForm(m_pMainWidget);
     m_pExtendDialog->setWindowTitle(addrBookTr(QLatin1String("IDS_MAP_CAPTION")));
     CommonUtils::MoveCentre(m_pExtendDialog);
     ADDRBOOK_LOG_EXIT();

@@ -8,12 +8,15 @@
 #include "linkhand/core/CommonUtils.h"
 #include "logic/Log.h"
 #include "logic/Texts.h"
+#include "widgets/FormFont.h"
+#include "widgets/RowFont.h"
 
 // The window of the dialog: how it is built, run and taken down.
 
 namespace
 {
 const int MARGIN = 14;
+const int NODE_HEIGHT = 20;
 } // namespace
 
 AddrBookSelectContactsDlg::AddrBookSelectContactsDlg(QWidget* pParent)
@@ -94,6 +97,8 @@ void AddrBookSelectContactsDlg::InitDlg(QWidget*, AddrBookLogic* pLogic, bool bF
         m_lstFieldNames += lstNames;
     }
     layOut();
+    fitFontToForm(m_pMainWidget);
+    fitFontToRows(m_ptreeContacts, NODE_HEIGHT);
     checkSimStatus();
     initTree();
     m_ptreeContacts->setSelectionBehavior(QAbstractItemView::SelectItems);

@@ -9,11 +9,13 @@
 #include "linkhand/core/CommonUtils.h"
 #include "logic/Log.h"
 #include "logic/Texts.h"
+#include "widgets/FormFont.h"
 
 namespace
 {
 const int DIALOG_WIDTH = 410;
 const int DIALOG_HEIGHT = 160;
+const int COUNT_HEIGHT = 20;
 const int BOTTOM_MARGIN = 10;
 const int STATUS_MARGIN = 12; // keeps a long text off the frame
 } // namespace
@@ -90,8 +92,11 @@ void AddrBookWaitingDlg::initDialog(QWidget* pParent)
     m_pdialog->setMaximumSize(DIALOG_WIDTH, DIALOG_HEIGHT);
     m_pdialog->resize(DIALOG_WIDTH, DIALOG_HEIGHT);
     m_pdialog->CreateOuterFrame();
-    if (createParts())
+    if (createParts()) {
         layOutParts();
+        fitFontToForm(m_pdialog);
+        m_pbuttonCancel->setFixedHeight(m_pbuttonCancel->sizeHint().height());
+    }
     ADDRBOOK_LOG_EXIT();
 }
 
@@ -112,7 +117,7 @@ bool AddrBookWaitingDlg::createParts()
     m_plabelStatus->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
 
     m_plabelCount->setAlignment(Qt::AlignHCenter | Qt::AlignVCenter);
-    m_plabelCount->setFixedSize(220, 20);
+    m_plabelCount->setFixedSize(220, COUNT_HEIGHT);
 
     m_pprogressBar->setFixedSize(340, 23);
     m_pprogressBar->setAlignment(Qt::AlignLeft);
@@ -121,7 +126,6 @@ bool AddrBookWaitingDlg::createParts()
     m_pprogressBar->setTextVisible(false);
 
     m_pbuttonCancel->setText(addrBookTr(QLatin1String("IDS_BUTTON_CANCEL")));
-    m_pbuttonCancel->setFixedHeight(m_pbuttonCancel->sizeHint().height());
     connect(m_pbuttonCancel, SIGNAL(clicked()), this, SLOT(OnCancelClicked()));
     return true;
 }

@@ -10,6 +10,7 @@
 #include "linkhand/core/CommonUtils.h"
 #include "logic/Log.h"
 #include "logic/Texts.h"
+#include "widgets/FormFont.h"
 #include "widgets/GridDelegate.h"
 #include "widgets/RowFont.h"
 
@@ -138,6 +139,7 @@ void ChoosePhoneNumber::setUpWindow()
     m_pExtendDialog->setAttribute(Qt::WA_DeleteOnClose);
     m_pExtendDialog->AddMainWidget(m_pMainWidget);
     m_pExtendDialog->setFixedSize(305, 225);
+    fitFontToForm(m_pMainWidget);
     m_pExtendDialog->setWindowModality(Qt::WindowModal);
 }
 

@@ -10,6 +10,7 @@
 #include "logic/Log.h"
 #include "logic/Texts.h"
 #include "widgets/AddrBookTableWidget.h"
+#include "widgets/FormFont.h"
 #include "widgets/GridDelegate.h"
 #include "widgets/PBTreeWidget.h"
 #include "widgets/UITableItem.h"
@@ -77,6 +78,7 @@ void AddrBookDlg::constructTable(_ORVA_EN_PHONEBOOK_MEMORY enType)
     m_ptableContacts->setTabKeyNavigation(false);
     m_ptableContacts->setColumnCount(iCount);
     m_ptableContacts->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    fitFontToColumns(pHeader);
 }
 
 UITableItem* AddrBookDlg::constructTableHeader(int iColumn, const QString& strText)

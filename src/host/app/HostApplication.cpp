@@ -42,6 +42,7 @@
 #include "single/SingleInstance.h"
 #include "text/HostText.h"
 #include "window/CopyOffer.h"
+#include "window/DialogPlace.h"
 #include "window/FindingsNotice.h"
 #include "window/KeyboardWitness.h"
 #include "window/LivePhonebook.h"
@@ -249,6 +250,7 @@ int HostApplication::Run()
     connect(m_pWatcher.data(), SIGNAL(changed()), m_pModem.data(), SLOT(OnDeviceChanged()));
     const KeyboardWitness keyboardWitness;
     const ScreenWatch screenWatch(*m_pWindow);
+    const DialogPlace dialogPlace;
     UnixSignals unixSignals;
     connect(&unixSignals, SIGNAL(received()), this, SLOT(OnClosing()));
     // The log-out of the desktop's session.

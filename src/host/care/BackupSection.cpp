@@ -1,6 +1,5 @@
 #include "care/BackupSection.h"
 
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QLocale>
 #include <QPushButton>
@@ -11,6 +10,7 @@
 #include "care/RestoreDialog.h"
 #include "orva/orva_sdk.h"
 #include "orva/orva_store.h"
+#include "shared/WrapLayout.h"
 #include "text/HostText.h"
 
 namespace
@@ -50,8 +50,8 @@ BackupSection::BackupSection(CareRunner& runner, QWidget* pParent)
     m_pRestore->setObjectName(QLatin1String("linkhand_Care_backups_restore"));
     m_pTable->setSelectionMode(QAbstractItemView::SingleSelection);
 
-    QHBoxLayout* pBar = new QHBoxLayout;
-    pBar->addStretch(1);
+    WrapLayout* pBar = new WrapLayout;
+    pBar->AddStretch();
     pBar->addWidget(m_pRestore);
     pBar->addWidget(m_pVerify);
     pBar->addWidget(m_pMake);

@@ -1,6 +1,5 @@
 #include "care/BinSection.h"
 
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QLocale>
@@ -12,6 +11,7 @@
 #include "linkhand/QtCompat.h"
 #include "orva/orva_care.h"
 #include "shared/NumberDelegate.h"
+#include "shared/WrapLayout.h"
 #include "text/HostText.h"
 
 namespace
@@ -45,9 +45,9 @@ BinSection::BinSection(CareRunner& runner, QWidget* pParent)
     m_pTable->setSelectionMode(QAbstractItemView::ExtendedSelection);
     m_pTable->setItemDelegateForColumn(COLUMN_NUMBER, new NumberDelegate(m_pTable));
 
-    QHBoxLayout* pBar = new QHBoxLayout;
+    WrapLayout* pBar = new WrapLayout;
     pBar->addWidget(m_pSearchLabel);
-    pBar->addWidget(m_pSearch, 1);
+    pBar->addWidget(m_pSearch);
     pBar->addWidget(m_pRestore);
     QVBoxLayout* pLayout = new QVBoxLayout(this);
     pLayout->addWidget(m_pHint);

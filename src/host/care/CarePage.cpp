@@ -19,6 +19,7 @@
 #include "care/ImportSection.h"
 #include "care/SyncSdk.h"
 #include "care/SyncSection.h"
+#include "fit/PageView.h"
 #include "text/HostText.h"
 
 namespace
@@ -115,7 +116,7 @@ void CarePage::Enter()
 
 void CarePage::ShowBackups()
 {
-    m_pTabs->setCurrentWidget(findChild<BackupSection*>());
+    m_pTabs->setCurrentIndex(m_listSections.indexOf(findChild<BackupSection*>()));
 }
 
 void CarePage::OnTabChosen()
@@ -173,7 +174,7 @@ void CarePage::OnProgress()
 void CarePage::addSection(CareSection* pSection)
 {
     m_listSections.append(pSection);
-    m_pTabs->addTab(pSection, QString());
+    m_pTabs->addTab(new PageView(pSection), QString());
     connect(pSection, SIGNAL(told(QString)), this, SLOT(OnTold(QString)));
 }
 

@@ -142,11 +142,12 @@ void CareTable::SizeColumns(const QStringList& lstWidest)
 {
     ensurePolished();
     header()->ensurePolished();
-    for (int i = 0; i < lstWidest.size(); ++i) {
-        if (!lstWidest.at(i).isEmpty()) {
-            const int iText = QtCompat::textWidth(fontMetrics(), lstWidest.at(i)) + fontMetrics().height();
-            setColumnWidth(i, qMax(iText, header()->sectionSizeHint(i)));
+    for (int i = 0; i < m_pRows->columnCount(); ++i) {
+        int iLeast = columnWidth(i);
+        if (!lstWidest.value(i).isEmpty()) {
+            iLeast = QtCompat::textWidth(fontMetrics(), lstWidest.at(i)) + fontMetrics().height();
         }
+        setColumnWidth(i, qMax(iLeast, header()->sectionSizeHint(i)));
     }
 }
 

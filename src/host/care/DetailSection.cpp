@@ -1,6 +1,5 @@
 #include "care/DetailSection.h"
 
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPixmap>
@@ -14,6 +13,7 @@
 #include "linkhand/QtCompat.h"
 #include "orva/orva_sdk.h"
 #include "shared/NumberDelegate.h"
+#include "shared/WrapLayout.h"
 #include "text/HostText.h"
 
 namespace
@@ -61,9 +61,9 @@ DetailSection::DetailSection(CareRunner& runner, QWidget* pParent)
 
 void DetailSection::lay()
 {
-    QHBoxLayout* pBar = new QHBoxLayout;
+    WrapLayout* pBar = new WrapLayout;
     pBar->addWidget(m_pSearchLabel);
-    pBar->addWidget(m_pSearch, 1);
+    pBar->addWidget(m_pSearch);
     pBar->addWidget(m_pAdd);
     pBar->addWidget(m_pEdit);
     pBar->addWidget(m_pRemove);

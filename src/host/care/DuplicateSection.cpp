@@ -1,6 +1,5 @@
 #include "care/DuplicateSection.h"
 
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QLocale>
 #include <QMessageBox>
@@ -12,6 +11,7 @@
 #include "care/CareText.h"
 #include "linkhand/core/CommonUtils.h"
 #include "orva/orva_sdk.h"
+#include "shared/WrapLayout.h"
 #include "text/HostText.h"
 
 namespace
@@ -55,8 +55,8 @@ DuplicateSection::DuplicateSection(CareRunner& runner, QWidget* pParent)
     // A note has several lines.
     m_pSides->setUniformRowHeights(false);
 
-    QHBoxLayout* pBar = new QHBoxLayout;
-    pBar->addStretch(1);
+    WrapLayout* pBar = new WrapLayout;
+    pBar->AddStretch();
     pBar->addWidget(m_pMerge);
     pBar->addWidget(m_pSkip);
     pBar->addWidget(m_pMergeAll);

@@ -16,6 +16,7 @@
 #include "findings/FindingsDialog.h"
 #include "orva/orva_sync.h"
 #include "shared/NumberDelegate.h"
+#include "shared/WrapLayout.h"
 #include "text/HostText.h"
 
 namespace
@@ -80,16 +81,16 @@ QPushButton* ImportSection::newButton(const char* pszName)
 
 void ImportSection::layOut()
 {
-    QHBoxLayout* pBar = new QHBoxLayout;
+    WrapLayout* pBar = new WrapLayout;
     pBar->addWidget(m_pFile);
     pBar->addWidget(m_pThunderbird);
     pBar->addWidget(m_pEvolution);
-    pBar->addStretch(1);
+    pBar->AddStretch();
     pBar->addWidget(m_pExport);
-    QHBoxLayout* pExisting = new QHBoxLayout;
+    WrapLayout* pExisting = new WrapLayout;
     pExisting->addWidget(m_pExistingLabel);
     pExisting->addWidget(m_pExisting);
-    pExisting->addStretch(1);
+    pExisting->AddStretch();
     QHBoxLayout* pEnd = new QHBoxLayout;
     pEnd->addWidget(m_pSummary, 1);
     pEnd->addWidget(m_pLeft);

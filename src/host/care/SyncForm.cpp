@@ -38,6 +38,8 @@ SyncForm::SyncForm(QWidget* pParent)
     m_pFolder->setObjectName(QLatin1String("linkhand_Care_sync_folder"));
     m_pChoose->setObjectName(QLatin1String("linkhand_Care_sync_choose"));
     m_pUrl->setPlaceholderText(QLatin1String("https://"));
+    m_pKind->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    m_pSource->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     for (int i = 0; i < 2; ++i) {
         m_pKind->addItem(QString());
         m_pSource->addItem(QString());
@@ -84,6 +86,9 @@ void SyncForm::Retranslate()
     m_pKind->setItemText(KIND_FOLDER, HostText::Get("IDS_HOST_CARE_SYNC_WITH_FOLDER"));
     m_pSource->setItemText(SOURCE_KEYRING, HostText::Get("IDS_HOST_CARE_SYNC_KEYRING"));
     m_pSource->setItemText(SOURCE_COMMAND, HostText::Get("IDS_HOST_CARE_SYNC_COMMAND"));
+    // Qt keeps the least width of the texts before.
+    m_pKind->setMinimumWidth(m_pKind->sizeHint().width());
+    m_pSource->setMinimumWidth(m_pSource->sizeHint().width());
     m_pChoose->setText(HostText::Get("IDS_HOST_CARE_SYNC_CHOOSE_DOTS"));
     OnKind();
 }

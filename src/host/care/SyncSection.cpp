@@ -1,7 +1,6 @@
 #include "care/SyncSection.h"
 
 #include <QCheckBox>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QTextBrowser>
@@ -10,6 +9,7 @@
 #include "care/SyncForm.h"
 #include "care/SyncSdk.h"
 #include "care/SyncText.h"
+#include "shared/WrapLayout.h"
 #include "text/HostText.h"
 
 SyncSection::SyncSection(CareRunner& runner, QWidget* pParent)
@@ -40,9 +40,9 @@ SyncSection::SyncSection(CareRunner& runner, QWidget* pParent)
 
 void SyncSection::lay()
 {
-    QHBoxLayout* pBar = new QHBoxLayout;
+    WrapLayout* pBar = new WrapLayout;
     pBar->addWidget(m_pTimer);
-    pBar->addStretch(1);
+    pBar->AddStretch();
     pBar->addWidget(m_pSetUp);
     pBar->addWidget(m_pNow);
     QVBoxLayout* pLayout = new QVBoxLayout(this);

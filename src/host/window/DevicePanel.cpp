@@ -3,11 +3,13 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
+#include <QStyle>
 #include <QVBoxLayout>
 
 #include "device/DeviceWatcher.h"
 #include "device/Modem.h"
 #include "device/SimulatedHardware.h"
+#include "fit/PageView.h"
 #include "orva/orva_sdk.h"
 #include "text/HostText.h"
 #include "window/HardwarePanel.h"
@@ -47,6 +49,7 @@ int indexOf(const T (&values)[N], const T& value)
 DevicePanel::DevicePanel(DeviceWatcher& watcher, Modem* pModem, QWidget* pParent)
     : QFrame(pParent),
       m_watcher(watcher),
+      m_pView(nullptr),
       m_pHardware(new HardwarePanel(pModem, this)),
       m_pTitle(new QLabel(this)),
       m_pHint(new QLabel(this)),
@@ -71,6 +74,9 @@ DevicePanel::DevicePanel(DeviceWatcher& watcher, Modem* pModem, QWidget* pParent
     m_pPin->setObjectName(QLatin1String("linkhand_DevicePanel_pin"));
     m_pMode->setObjectName(QLatin1String("linkhand_DevicePanel_mode"));
     m_pSpeed->setObjectName(QLatin1String("linkhand_DevicePanel_speed"));
+    foreach (QComboBox* pBox, QList<QComboBox*>() << m_pPin << m_pMode << m_pSpeed) {
+        pBox->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    }
     m_pHint->setWordWrap(true);
     m_pPinLabel->setBuddy(m_pPin);
     m_pModeLabel->setBuddy(m_pMode);
@@ -90,7 +96,8 @@ DevicePanel::DevicePanel(DeviceWatcher& watcher, Modem* pModem, QWidget* pParent
 
 void DevicePanel::place(bool bSwitches)
 {
-    QVBoxLayout* pLayout = new QVBoxLayout(this);
+    QWidget* pContent = new QWidget;
+    QVBoxLayout* pLayout = new QVBoxLayout(pContent);
     pLayout->setContentsMargins(SIDE_MARGIN, 12, SIDE_MARGIN, 12);
     pLayout->setSpacing(8);
     pLayout->addWidget(m_pHardware);
@@ -101,6 +108,10 @@ void DevicePanel::place(bool bSwitches)
         pWidget->setVisible(bSwitches);
     }
     pLayout->addStretch(1);
+    m_pView = new PageView(pContent);
+    QVBoxLayout* pFrame = new QVBoxLayout(this);
+    pFrame->setContentsMargins(0, 0, 0, 0);
+    pFrame->addWidget(m_pView);
 }
 
 void DevicePanel::Retranslate()
@@ -119,7 +130,27 @@ void DevicePanel::Retranslate()
     fill(m_pMode, MODE_IDS, int(sizeof MODE_IDS / sizeof *MODE_IDS));
     fill(m_pSpeed, SPEED_IDS, int(sizeof SPEED_IDS / sizeof *SPEED_IDS));
     OnStateChanged();
-    setFixedWidth(qMax(LEAST_WIDTH, m_pHardware->minimumSizeHint().width() + 2 * SIDE_MARGIN));
+    fitWidth();
+}
+
+void DevicePanel::resizeEvent(QResizeEvent* pEvent)
+{
+    QFrame::resizeEvent(pEvent);
+    // Not from within: the layout would go on with the size that the panel had.
+    QMetaObject::invokeMethod(this, "OnResized", Qt::QueuedConnection);
+}
+
+void DevicePanel::OnResized()
+{
+    fitWidth();
+}
+
+// As wide as the longest word, and a scroll bar where not all is in sight.
+void DevicePanel::fitWidth()
+{
+    const int iWidth = qMax(LEAST_WIDTH, m_pView->LeastWidth());
+    const int iBar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
+    setFixedWidth(iWidth + (m_pView->LeastHeight(iWidth) > height() ? iBar : 0));
 }
 
 void DevicePanel::OnStateChanged()

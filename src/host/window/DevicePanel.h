@@ -6,6 +6,7 @@
 class DeviceWatcher;
 class HardwarePanel;
 class Modem;
+class PageView;
 class QCheckBox;
 class QComboBox;
 class QLabel;
@@ -31,13 +32,19 @@ private slots:
     void OnNetwork(bool bInService);
     void OnSystemMode(int iIndex);
     void OnSpeed(int iIndex);
+    void OnResized();
+
+protected:
+    void resizeEvent(QResizeEvent* pEvent) override;
 
 private:
     void fill(QComboBox* pBox, const char* const* ppszIds, int iCount);
 
     void place(bool bSwitches);
+    void fitWidth();
 
     DeviceWatcher& m_watcher;
+    PageView* m_pView;
     HardwarePanel* m_pHardware;
     QLabel* m_pTitle;
     QLabel* m_pHint;

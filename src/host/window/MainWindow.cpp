@@ -12,6 +12,7 @@
 #include "device/HardwareChoice.h"
 #include "device/Modem.h"
 #include "device/SimulatedHardware.h"
+#include "fit/PageView.h"
 #include "linkhand/plugin/Codes.h"
 #include "loader/PluginContainer.h"
 #include "loader/PluginHandle.h"
@@ -243,6 +244,12 @@ void MainWindow::changeEvent(QEvent* pEvent)
     }
 }
 
+void MainWindow::resizeEvent(QResizeEvent* pEvent)
+{
+    QMainWindow::resizeEvent(pEvent);
+    m_pNavBar->FitButtons();
+}
+
 void MainWindow::OnPageChosen(int iPage)
 {
     m_pNavBar->SetCurrentPage(iPage);
@@ -256,7 +263,7 @@ void MainWindow::OnPageChosen(int iPage)
     }
     m_iCurrentPage = iPage;
     m_pWelcome->SetPhonebookShown(m_listPages.at(iPage).strName == QLatin1String(LINKHAND_ADDRBOOK_NAME));
-    m_pStack->setCurrentWidget(m_listPages.at(iPage).pWidget);
+    m_pStack->setCurrentIndex(iPage);
     if (m_listPages.at(iPage).pPlugin != nullptr) {
         m_listPages.at(iPage).pPlugin->Enter();
     } else if (m_listPages.at(iPage).pWidget == m_pMessages) {
@@ -334,7 +341,7 @@ void MainWindow::addPage(const QString& strName, QWidget* pWidget, PluginPage* p
     page.pWidget = pWidget;
     page.pPlugin = pPlugin;
     m_listPages.append(page);
-    m_pStack->addWidget(pWidget);
+    m_pStack->addWidget(new PageView(pWidget));
     m_pNavBar->AddPage(m_listPages.size() - 1, strName, enGlyph);
 }
 

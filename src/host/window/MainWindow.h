@@ -73,6 +73,7 @@ signals:
 protected:
     void closeEvent(QCloseEvent* pEvent) override;
     void changeEvent(QEvent* pEvent) override;
+    void resizeEvent(QResizeEvent* pEvent) override;
 
 private slots:
     void OnPageChosen(int iPage);

@@ -1,6 +1,5 @@
 #include "window/MessagesPage.h"
 
-#include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
@@ -22,6 +21,7 @@
 #include "shared/HostLink.h"
 #include "shared/MessageForms.h"
 #include "shared/NumberDelegate.h"
+#include "shared/WrapLayout.h"
 #include "text/HostText.h"
 
 namespace
@@ -133,8 +133,9 @@ MessagesPage::MessagesPage(MessageStore& outbox, IPluginContainer& container, Mo
 
 void MessagesPage::makeLayout()
 {
-    QHBoxLayout* pBar = new QHBoxLayout;
-    pBar->addWidget(m_pTitle, 1);
+    WrapLayout* pBar = new WrapLayout;
+    pBar->addWidget(m_pTitle);
+    pBar->AddStretch();
     pBar->addWidget(m_pNewSms);
     pBar->addWidget(m_pNewMms);
     QSplitter* pSplitter = new QSplitter(Qt::Vertical);
@@ -151,11 +152,11 @@ void MessagesPage::makeLayout()
 }
 
 // What can be done with the message that is selected, beside the search for it.
-QBoxLayout* MessagesPage::makeDeeds()
+QLayout* MessagesPage::makeDeeds()
 {
     QtCompat::showClearButton(m_pSearch);
-    QHBoxLayout* pDeeds = new QHBoxLayout;
-    pDeeds->addWidget(m_pSearch, 1);
+    WrapLayout* pDeeds = new WrapLayout;
+    pDeeds->addWidget(m_pSearch);
     pDeeds->addWidget(m_pOpen);
     pDeeds->addWidget(m_pForward);
     pDeeds->addWidget(m_pSend);

@@ -10,7 +10,7 @@ class IMessageForms;
 class MessageStore;
 class Modem;
 class QLabel;
-class QBoxLayout;
+class QLayout;
 class QLineEdit;
 class QPushButton;
 class QTextBrowser;
@@ -55,7 +55,7 @@ private:
     bool canOpen(const StoredMessage& stored) const;
     IMessageForms* forms(int iKind) const;
     void makeLayout();
-    QBoxLayout* makeDeeds();
+    QLayout* makeDeeds();
     void prepareList();
     void sizeColumns();
     QString stateText(const StoredMessage& stored) const;

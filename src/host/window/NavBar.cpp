@@ -3,13 +3,22 @@
 #include <QAction>
 #include <QActionGroup>
 #include <QButtonGroup>
+#include <QEvent>
 #include <QKeySequence>
 #include <QMenu>
 #include <QVBoxLayout>
 
 #include "linkhand/QtCompat.h"
 #include "text/HostText.h"
-#include "window/NavButton.h"
+
+namespace
+{
+
+const int MARGIN = 8;
+const int SPACING = 2;
+const int WIDEST_PART = 4; // of the window: a quarter
+
+} // namespace
 
 NavBar::NavBar(QWidget* pParent)
     : QFrame(pParent),
@@ -26,10 +35,11 @@ NavBar::NavBar(QWidget* pParent)
     m_pLanguageMenu->setObjectName(QLatin1String("linkhand_NavBar_languageMenu"));
     m_pLanguage->setCheckable(false);
 
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
     QVBoxLayout* pLayout = new QVBoxLayout(this);
-    pLayout->setContentsMargins(0, 8, 0, 8);
-    pLayout->setSpacing(2);
-    m_pPagesLayout->setSpacing(2);
+    pLayout->setContentsMargins(0, MARGIN, 0, MARGIN);
+    pLayout->setSpacing(SPACING);
+    m_pPagesLayout->setSpacing(SPACING);
     pLayout->addLayout(m_pPagesLayout);
     pLayout->addStretch(1);
     pLayout->addWidget(m_pDevice);
@@ -97,6 +107,61 @@ void NavBar::Retranslate()
     m_pDevice->setToolTip(HostText::Get("IDS_HOST_DEVICE_TIP"));
     m_pLanguage->setText(HostText::Get("IDS_HOST_LANGUAGE"));
     m_pLanguage->setToolTip(HostText::Get("IDS_HOST_LANGUAGE_TIP"));
+}
+
+QSize NavBar::minimumSizeHint() const
+{
+    return QSize(sizeHint().width(), sizeIn(NavButton::PICTURE).height());
+}
+
+bool NavBar::event(QEvent* pEvent)
+{
+    if (pEvent->type() == QEvent::LayoutRequest) {
+        FitButtons();
+    }
+    return QFrame::event(pEvent);
+}
+
+void NavBar::resizeEvent(QResizeEvent* pEvent)
+{
+    QFrame::resizeEvent(pEvent);
+    FitButtons();
+}
+
+QList<NavButton*> NavBar::buttons() const
+{
+    QList<NavButton*> listShown;
+    foreach (NavButton* pButton, findChildren<NavButton*>()) {
+        if (!pButton->isHidden()) {
+            listShown.append(pButton);
+        }
+    }
+    return listShown;
+}
+
+QSize NavBar::sizeIn(NavButton::Form enForm) const
+{
+    QSize size(0, 2 * MARGIN);
+    foreach (const NavButton* pButton, buttons()) {
+        size.setWidth(qMax(size.width(), pButton->SizeIn(enForm).width()));
+        size.rheight() += pButton->SizeIn(enForm).height() + SPACING;
+    }
+    return size;
+}
+
+void NavBar::FitButtons()
+{
+    // Large letters in a small window leave their place to the page.
+    NavButton::Form enForm = NavButton::SPACIOUS;
+    if (sizeIn(enForm).height() > height()) {
+        enForm = sizeIn(NavButton::CLOSE).height() > height() ? NavButton::PICTURE : NavButton::CLOSE;
+    }
+    if (sizeIn(NavButton::CLOSE).width() * WIDEST_PART > window()->width()) {
+        enForm = NavButton::PICTURE;
+    }
+    foreach (NavButton* pButton, findChildren<NavButton*>()) {
+        pButton->SetForm(enForm);
+    }
 }
 
 void NavBar::OnLanguageClicked()

@@ -7,8 +7,8 @@
 
 #include "text/LanguageCatalog.h"
 #include "window/Glyphs.h"
+#include "window/NavButton.h"
 
-class NavButton;
 class QActionGroup;
 class QAction;
 class QButtonGroup;
@@ -36,6 +36,17 @@ public:
 
     void Retranslate();
 
+    // Gives the buttons what room there is: for their words as well, or for their pictures alone. Called when the
+    // window has another size.
+    void FitButtons();
+
+    // As high as the pictures alone.
+    QSize minimumSizeHint() const override;
+
+protected:
+    bool event(QEvent* pEvent) override;
+    void resizeEvent(QResizeEvent* pEvent) override;
+
 signals:
     void pageChosen(int iPage);
     void languageChosen(const QString& strCode);
@@ -46,6 +57,9 @@ private slots:
     void OnLanguageChosen(QAction* pAction);
 
 private:
+    QList<NavButton*> buttons() const;
+    QSize sizeIn(NavButton::Form enForm) const;
+
     QVBoxLayout* m_pPagesLayout;
     QButtonGroup* m_pPages;
     NavButton* m_pDevice;

@@ -12,14 +12,17 @@ namespace
 
 const int GLYPH_SIZE = 24;
 const int MARGIN = 10;
+const int CLOSE_MARGIN = 4;
 const int GAP = 5;
+const int CLOSE_GAP = 1;
 const int LEAST_WIDTH = 84;
 const int MARK_WIDTH = 3;
 const qreal WORD_SIZE = 0.9; // of the usual letters
 
 } // namespace
 
-NavButton::NavButton(Glyphs::Glyph enGlyph, QWidget* pParent) : QAbstractButton(pParent), m_enGlyph(enGlyph)
+NavButton::NavButton(Glyphs::Glyph enGlyph, QWidget* pParent)
+    : QAbstractButton(pParent), m_enGlyph(enGlyph), m_enForm(SPACIOUS)
 {
     setCheckable(true);
     setFocusPolicy(Qt::TabFocus);
@@ -31,10 +34,24 @@ NavButton::NavButton(Glyphs::Glyph enGlyph, QWidget* pParent) : QAbstractButton(
     setFont(smaller);
 }
 
-QSize NavButton::sizeHint() const
+void NavButton::SetForm(Form enForm)
 {
+    if (enForm != m_enForm) {
+        m_enForm = enForm;
+        updateGeometry();
+        update();
+    }
+}
+
+QSize NavButton::SizeIn(Form enForm) const
+{
+    if (enForm == PICTURE) {
+        return QSize(GLYPH_SIZE + 2 * MARGIN, GLYPH_SIZE + 2 * CLOSE_MARGIN);
+    }
+    const bool bClose = enForm == CLOSE;
     const int iWidth = QtCompat::textWidth(fontMetrics(), text()) + 2 * MARGIN;
-    return QSize(qMax(LEAST_WIDTH, iWidth), MARGIN + GLYPH_SIZE + GAP + fontMetrics().height() + MARGIN);
+    const int iHeight = GLYPH_SIZE + (bClose ? CLOSE_GAP : GAP) + fontMetrics().height();
+    return QSize(qMax(LEAST_WIDTH, iWidth), iHeight + 2 * (bClose ? CLOSE_MARGIN : MARGIN));
 }
 
 void NavButton::paintEvent(QPaintEvent*)
@@ -60,9 +77,13 @@ void NavButton::paintEvent(QPaintEvent*)
         painter.setPen(accent);
         painter.drawRoundedRect(QRectF(rect()).adjusted(6.5, 2.5, -6.5, -2.5), 6, 6);
     }
-    Glyphs::Draw(painter, QRectF(0, MARGIN, width(), GLYPH_SIZE), m_enGlyph, ink);
-    painter.setPen(ink);
-    painter.drawText(QRect(0, MARGIN + GLYPH_SIZE + GAP, width(), fontMetrics().height()), Qt::AlignHCenter, text());
+    const int iMargin = m_enForm == SPACIOUS ? MARGIN : CLOSE_MARGIN;
+    Glyphs::Draw(painter, QRectF(0, iMargin, width(), GLYPH_SIZE), m_enGlyph, ink);
+    if (m_enForm != PICTURE) {
+        const int iTop = iMargin + GLYPH_SIZE + (m_enForm == SPACIOUS ? GAP : CLOSE_GAP);
+        painter.setPen(ink);
+        painter.drawText(QRect(0, iTop, width(), fontMetrics().height()), Qt::AlignHCenter, text());
+    }
 }
 
 void NavButton::enterEvent(QtCompat::EnterEvent* pEvent)

@@ -12,9 +12,16 @@ class NavButton : public QAbstractButton
     Q_OBJECT
 
 public:
+    // From the one that takes most room to the one that takes least; a picture alone has its word in the tool tip.
+    enum Form { SPACIOUS, CLOSE, PICTURE };
+
     NavButton(Glyphs::Glyph enGlyph, QWidget* pParent);
 
-    QSize sizeHint() const override;
+    void SetForm(Form enForm);
+    bool IsPicture() const { return m_enForm == PICTURE; }
+    QSize SizeIn(Form enForm) const;
+
+    QSize sizeHint() const override { return SizeIn(m_enForm); }
     QSize minimumSizeHint() const override { return sizeHint(); }
 
 protected:
@@ -24,6 +31,7 @@ protected:
 
 private:
     Glyphs::Glyph m_enGlyph;
+    Form m_enForm;
 };
 
 #endif // LINKHAND_HOST_NAVBUTTON_H

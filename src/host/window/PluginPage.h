@@ -19,10 +19,18 @@ public:
     void Leave();
     void Retranslate();
 
+    // What the plug-in's window needs.
+    QSize minimumSizeHint() const override;
+    int heightForWidth(int iWidth) const override;
+
 protected:
     void resizeEvent(QResizeEvent* pEvent) override;
+    void childEvent(QChildEvent* pEvent) override;
+    bool eventFilter(QObject* pObject, QEvent* pEvent) override;
 
 private:
+    const QWidget* content() const;
+
     PluginContainer& m_container;
     QString m_strPlugin;
     QLabel* m_pFailure; // says that the plug-in is not there

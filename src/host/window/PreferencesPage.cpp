@@ -13,6 +13,7 @@
 #include <QVariant>
 
 #include "settings/HostSettings.h"
+#include "shared/WrapLayout.h"
 #include "text/HostText.h"
 #include "window/CountryBox.h"
 #include "window/HardwarePanel.h"
@@ -44,6 +45,7 @@ PreferencesPage::PreferencesPage(HostSettings& settings, Modem* pModem, QWidget*
     m_pLanguage->setObjectName(named("language"));
     m_pStartPage->setObjectName(named("startPage"));
     // The texts of another language may be longer.
+    m_pLanguage->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     m_pStartPage->setSizeAdjustPolicy(QComboBox::AdjustToContents);
 
     QWidget* const pContent = new QWidget;
@@ -65,8 +67,8 @@ PreferencesPage::PreferencesPage(HostSettings& settings, Modem* pModem, QWidget*
     QLabel* const pHint = addLabel("IDS_HOST_PREFS_HINT", nullptr);
     pHint->setObjectName(named("hint"));
     pHint->setWordWrap(true);
-    QHBoxLayout* const pButtons = new QHBoxLayout;
-    pButtons->addStretch(1);
+    WrapLayout* const pButtons = new WrapLayout;
+    pButtons->AddStretch();
     pButtons->addWidget(addButton("help", "IDS_HOST_HELP_DOTS", SIGNAL(helpRequested())));
     pButtons->addWidget(addButton("about", "IDS_HOST_ABOUT_DOTS", SIGNAL(aboutRequested())));
     QVBoxLayout* const pLayout = new QVBoxLayout(this);

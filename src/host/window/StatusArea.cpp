@@ -1,12 +1,12 @@
 #include "window/StatusArea.h"
 
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QLocale>
 #include <QMenu>
 #include <QTime>
 #include <QToolButton>
 
+#include "shared/WrapLayout.h"
 #include "text/HostText.h"
 #include "window/Glyphs.h"
 #include "window/ProblemsDialog.h"
@@ -70,12 +70,12 @@ StatusArea::StatusArea(QWidget* pParent)
     m_pUnlock->setToolButtonStyle(Qt::ToolButtonTextOnly);
     m_pUnlock->hide();
 
-    QHBoxLayout* pLayout = new QHBoxLayout(this);
+    WrapLayout* pLayout = new WrapLayout(this);
     pLayout->setContentsMargins(10, 3, 12, 3);
     pLayout->setSpacing(16);
     pLayout->addWidget(m_pCounts);
     pLayout->addWidget(m_pNotice);
-    pLayout->addStretch(1);
+    pLayout->AddStretch();
     pLayout->addWidget(m_pFindings);
     pLayout->addWidget(m_pChanged);
     pLayout->addWidget(m_pProblems);

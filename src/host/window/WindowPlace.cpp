@@ -32,6 +32,7 @@ void WindowPlace::Fit(QWidget& window)
     const int iTitle = window.style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, &window);
     const QRect rectFree =
         QtCompat::availableGeometry(window.geometry().center()).adjusted(BORDER, iTitle + BORDER, -BORDER, -BORDER);
+    window.setMinimumSize(window.minimumSize().boundedTo(rectFree.size()));
     const QRect rect = Fitted(window.geometry(), rectFree, window.minimumSize());
     if (window.testAttribute(Qt::WA_Moved)) {
         window.setGeometry(rect);

@@ -15,8 +15,9 @@ public:
     // smallest size, which then begins where the screen begins.
     static QRect Fitted(const QRect& rectWindow, const QRect& rectFree, const QSize& sizeSmallest);
 
-    // Fits a window that is not shown yet, with the frame that it will get. One that is maximized or fills the screen
-    // is left to the window manager, and so is the position of one that was never placed.
+    // Fits a window that is not shown yet, with the frame that it will get; its smallest size is at most what the
+    // screen has. One that is maximized or fills the screen is left to the window manager, and so is the position of
+    // one that was never placed.
     static void Fit(QWidget& window);
 };
 

@@ -1,7 +1,6 @@
 #include "common/MessageEditor.h"
 
 #include <QGridLayout>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QLocale>
@@ -18,6 +17,7 @@
 #include "linkhand/core/CommonUtils.h"
 #include "shared/HostContacts.h"
 #include "shared/SmsLength.h"
+#include "shared/WrapLayout.h"
 
 MessageEditor::MessageEditor(const QString& strPlugin, HostMessageKind enKind, QWidget* pParent)
     : QWidget(pParent),
@@ -349,18 +349,19 @@ void MessageEditor::makeLayout()
     pHead->addWidget(m_pTo, 0, 1);
     pHead->addWidget(m_pRecipients, 1, 1);
     // Beneath the line, which would have no room beside them in some languages.
-    QHBoxLayout* pWays = new QHBoxLayout;
+    WrapLayout* pWays = new WrapLayout;
     pWays->addWidget(m_pByName);
     pWays->addWidget(m_pAdd);
     pWays->addWidget(m_pSave);
-    pWays->addStretch(1);
+    pWays->AddStretch();
     pHead->addLayout(pWays, 2, 1);
     pHead->addWidget(m_pSubjectLabel, 3, 0);
     pHead->addWidget(m_pSubject, 3, 1);
     m_pSubjectLabel->setVisible(m_enKind == HOST_MESSAGE_MMS);
     m_pSubject->setVisible(m_enKind == HOST_MESSAGE_MMS);
-    QHBoxLayout* pFoot = new QHBoxLayout;
-    pFoot->addWidget(m_pLength, 1);
+    WrapLayout* pFoot = new WrapLayout;
+    pFoot->addWidget(m_pLength);
+    pFoot->AddStretch();
     pFoot->addWidget(m_pSend);
     pFoot->addWidget(m_pClose);
     QVBoxLayout* pLayout = new QVBoxLayout(this);

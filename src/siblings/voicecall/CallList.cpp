@@ -324,4 +324,27 @@ void CallList::sizeColumns()
     resizeColumnToContents(COLUMN_TIME);
     resizeColumnToContents(COLUMN_DURATION);
     qDeleteAll(listExamples);
+    fitLast();
+}
+
+void CallList::resizeEvent(QResizeEvent* pEvent)
+{
+    QTreeWidget::resizeEvent(pEvent);
+    fitLast();
+}
+
+// The last column has the rest, which in a small window with large letters is less than its title.
+void CallList::fitLast()
+{
+    const int iLast = COLUMN_COUNT - 1;
+    const int iNeeds = header()->sectionSizeHint(iLast);
+    int iBefore = 0;
+    for (int i = 0; i < iLast; ++i) {
+        iBefore += columnWidth(i);
+    }
+    const bool bRest = iBefore + iNeeds <= viewport()->width();
+    header()->setStretchLastSection(bRest);
+    if (!bRest) {
+        setColumnWidth(iLast, iNeeds);
+    }
 }

@@ -37,6 +37,7 @@ public:
     bool Holds(int iId) const;
 
 protected:
+    void resizeEvent(QResizeEvent* pEvent) override;
     void showEvent(QShowEvent* pEvent) override;
 
 private slots:
@@ -57,6 +58,7 @@ private:
     QString kindText(const HostCall& call) const;
     QString resultText(const HostCall& call) const;
     void sizeColumns();
+    void fitLast();
 
     const QString m_strPlugin;
     QList<HostCall> m_listRun; // that the host does not keep, the one in progress first

@@ -1,7 +1,6 @@
 #include "voicecall/CallPage.h"
 
 #include <QAction>
-#include <QHBoxLayout>
 #include <QKeySequence>
 #include <QLabel>
 #include <QLineEdit>
@@ -19,6 +18,7 @@
 #include "linkhand/plugin/ISMSUIService.h"
 #include "shared/HostContacts.h"
 #include "shared/HostLink.h"
+#include "shared/WrapLayout.h"
 #include "voicecall/CallList.h"
 
 namespace
@@ -260,15 +260,15 @@ void CallPage::setText(const Deed& deed, const char* pszId)
 
 void CallPage::makeLayout()
 {
-    QHBoxLayout* pDial = new QHBoxLayout;
-    pDial->addWidget(m_pNumber, 1);
+    WrapLayout* pDial = new WrapLayout;
+    pDial->addWidget(m_pNumber);
     pDial->addWidget(m_pCall);
     pDial->addWidget(m_pVideoCall);
-    QHBoxLayout* pDeeds = new QHBoxLayout;
+    WrapLayout* pDeeds = new WrapLayout;
     pDeeds->addWidget(m_callNumber.pButton);
     pDeeds->addWidget(m_message.pButton);
     pDeeds->addWidget(m_saveNumber.pButton);
-    pDeeds->addStretch(1);
+    pDeeds->AddStretch();
     pDeeds->addWidget(m_delete.pButton);
     QVBoxLayout* pLayout = new QVBoxLayout(this);
     pLayout->setContentsMargins(12, 10, 12, 10);

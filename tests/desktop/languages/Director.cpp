@@ -68,7 +68,9 @@ Director::Director(const QList<Pass>& listPasses, bool bPictures)
       m_iPass(0),
       m_iScene(0),
       m_iTicks(0),
-      m_iCalm(0)
+      m_iCalm(0),
+      m_sizeWindow(1240, 760),
+      m_iFontPoints(0)
 {
     connect(&m_timer, SIGNAL(timeout()), this, SLOT(OnTick()));
 }
@@ -93,10 +95,17 @@ bool Director::Run(int& argc, char** argv)
     QApplication::setApplicationName("linkhand");
     QApplication::setApplicationVersion(LINKHAND_VERSION);
     QApplication::setQuitOnLastWindowClosed(false);
+    if (m_iFontPoints > 0) {
+        QFont font = QApplication::font();
+        font.setPointSize(m_iFontPoints);
+        QApplication::setFont(font);
+    }
     SingleInstance instance(strData);
     HostApplication host(CommandLine(), instance);
     QTimer::singleShot(0, this, [this] {
-        Scenes::Main()->resize(1240, 760);
+        if (m_sizeWindow.isValid()) {
+            Scenes::Main()->resize(m_sizeWindow);
+        }
         Start();
     });
     host.Run();
@@ -188,6 +197,8 @@ void Director::beginPass()
 void Director::look(QWidget* pWidget)
 {
     const Pass& pass = m_listPasses.at(m_iPass);
+    // What has just been told is laid out first.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
     Shot shot;
     shot.strScene = m_listScenes.at(m_iScene).strName;
     shot.strLanguage = pass.strLanguage;

@@ -47,6 +47,15 @@ public:
 
     Director(const QList<Pass>& listPasses, bool bPictures);
 
+    // These in place of all scenes.
+    void SetScenes(const QList<Scene>& listScenes) { m_listScenes = listScenes; }
+
+    // The size that the window gets once it has come; an invalid one leaves it as it came.
+    void SetWindowSize(const QSize& size) { m_sizeWindow = size; }
+
+    // The size of the desktop's letters, where it is not the usual one.
+    void SetFontPoints(int iPoints) { m_iFontPoints = iPoints; }
+
     void Start();
 
     // Looks at each window besides; what it finds wrong are the shot's lstFaults.
@@ -80,6 +89,8 @@ private:
     int m_iTicks; // in this state
     int m_iCalm;
     QSize m_sizeLast;
+    QSize m_sizeWindow;
+    int m_iFontPoints;
     QPointer<QWidget> m_pShown;
     std::function<QStringList(QWidget*)> m_inspect;
     QString m_strBefore; // the language of the pass before

@@ -16,6 +16,9 @@
 #include <QToolButton>
 #include <QTreeWidget>
 
+#include "AddrBookUIPlugin/widgets/RowFont.h"
+#include "window/NavButton.h"
+
 namespace
 {
 
@@ -68,6 +71,10 @@ void checkLabel(const QLabel* pLabel, QStringList& lstProblems)
 void checkButton(const QAbstractButton* pButton, QStringList& lstProblems)
 {
     const QToolButton* pTool = qobject_cast<const QToolButton*>(pButton);
+    const NavButton* pNav = qobject_cast<const NavButton*>(pButton);
+    if (pNav != nullptr && pNav->IsPicture()) {
+        return;
+    }
     if (pButton->text().isEmpty() || (pTool != nullptr && pTool->toolButtonStyle() == Qt::ToolButtonIconOnly)) {
         return;
     }
@@ -143,7 +150,9 @@ void checkTree(QTreeWidget* pTree, QStringList& lstProblems)
     }
     for (int i = 0; i < pTree->topLevelItemCount(); ++i) {
         const QTreeWidgetItem* pItem = pTree->topLevelItem(i);
-        const int iNeeds = pTree->fontMetrics().horizontalAdvance(pItem->text(0));
+        // Rows keep their height, and their letters fit it.
+        const QFont font = fontFitting(pTree->font(), pTree->visualItemRect(pItem).height());
+        const int iNeeds = QFontMetrics(font).horizontalAdvance(pItem->text(0));
         int iHas = pTree->visualItemRect(pItem).width();
         if (!pItem->icon(0).isNull()) {
             iHas -= pTree->style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, pTree) + 4;

@@ -1,5 +1,9 @@
 #include <QLabel>
 #include <QLayout>
+#include <QScopedPointer>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QtTest>
 
@@ -17,6 +21,8 @@ private slots:
     void escapeAndCloseReject();
     void isAWindowOfItsParent();
     void holdsOnePointerBesideItsBase();
+    void aFixedSizeThatTheScreenLacksIsScrolled();
+    void theFrameHasRoomForItsContent();
 };
 
 void CoreDialog::contentFillsTheFrame()
@@ -107,6 +113,41 @@ void CoreDialog::holdsOnePointerBesideItsBase()
 {
     // Plug-ins derive from it: its size is part of the binary contract.
     QCOMPARE(sizeof(ExtendDialog), sizeof(QDialog) + sizeof(void*));
+}
+
+void CoreDialog::aFixedSizeThatTheScreenLacksIsScrolled()
+{
+    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+    ExtendDialog dialog(nullptr, Qt::WindowFlags(), WIDGET_TYPE_PLAIN);
+    QWidget* pContent = new QWidget;
+    dialog.AddMainWidget(pContent);
+    dialog.setFixedSize(300, screen.height() + 100);
+    dialog.show();
+    QVERIFY(dialog.height() < screen.height());
+    // The form stays as it is, and a scroll bar leads through it.
+    QTRY_COMPARE(pContent->size(), QSize(300, screen.height() + 100));
+    QVERIFY(dialog.findChild<QScrollArea*>()->isAncestorOf(pContent));
+    QTRY_VERIFY(dialog.findChild<QScrollArea*>()->verticalScrollBar()->isVisible());
+    QTRY_VERIFY(!dialog.findChild<QScrollArea*>()->horizontalScrollBar()->isVisible());
+
+    // Another content stands in the frame itself.
+    QScopedPointer<QWidget> pFirst(pContent);
+    QLabel* pSecond = new QLabel("second");
+    dialog.AddMainWidget(pSecond);
+    QCOMPARE(pSecond->parentWidget(), static_cast<QWidget*>(&dialog));
+    QVERIFY(pFirst->parentWidget() == nullptr);
+}
+
+void CoreDialog::theFrameHasRoomForItsContent()
+{
+    ExtendDialog dialog(nullptr, Qt::WindowFlags(), WIDGET_TYPE_DIALOG);
+    QLabel* pContent = new QLabel("A text that is wider than somebody thought of");
+    pContent->setMinimumSize(10, 10);
+    dialog.AddMainWidget(pContent);
+    dialog.resize(20, 20);
+    dialog.show();
+    QTRY_VERIFY(pContent->width() >= pContent->sizeHint().width());
+    QVERIFY(pContent->height() >= pContent->sizeHint().height());
 }
 
 QTEST_MAIN(CoreDialog)

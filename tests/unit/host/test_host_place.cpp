@@ -18,6 +18,7 @@ private slots:
     void aWindowLargerThanTheScreenComesUpWithinIt();
     void aWindowOnAScreenThatIsGoneComesBack();
     void aWindowThatWasNeverPlacedIsLeftToTheWindowManager();
+    void aScreenSmallerThanTheSmallestSizeLowersIt();
     void aMaximizedWindowStaysSo();
     void aWindowIsFittedWhenAScreenGoes();
 };
@@ -93,6 +94,20 @@ void TestHostPlace::aWindowThatWasNeverPlacedIsLeftToTheWindowManager()
     QVERIFY(!window.testAttribute(Qt::WA_Moved));
     QVERIFY(window.width() < screen.width());
     QVERIFY(window.height() < screen.height());
+}
+
+void TestHostPlace::aScreenSmallerThanTheSmallestSizeLowersIt()
+{
+    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+    QWidget window;
+    window.setMinimumSize(screen.size() + QSize(300, 200));
+    window.setGeometry(QRect(screen.topLeft(), window.minimumSize()));
+    WindowPlace::Fit(window);
+    QVERIFY(screen.contains(window.geometry()));
+    // One that is smaller than the screen stays.
+    window.setMinimumSize(120, 80);
+    WindowPlace::Fit(window);
+    QCOMPARE(window.minimumSize(), QSize(120, 80));
 }
 
 void TestHostPlace::aMaximizedWindowStaysSo()
