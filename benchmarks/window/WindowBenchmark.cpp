@@ -13,6 +13,7 @@
 
 #include "Baselines.h"
 #include "RealHost.h"
+#include "Stretches.h"
 #include "logic/AddrBookLogic.h"
 #include "orva/orva_sim.h"
 #include "widgets/AddrBookTableWidget.h"
@@ -46,6 +47,9 @@ struct Figures {
     Best plain;
     Best bare;
     Best bareSorted;
+    Best clearing; // the call that a click makes: the table before the last one goes
+    Best reading;  // the longest the loop is away between that and the sort
+    Best sorting;
 };
 
 Time click(AddrBookDlg& dialog)
@@ -67,6 +71,34 @@ Time narrow(AddrBookDlg& dialog)
     const Time time = watch.elapsed();
     AddrBookDlgAccess::forgetSearch(dialog);
     return time;
+}
+
+// The parts of a click during which nothing of the user's is answered.
+void clickAndListen(AddrBookDlg& dialog, Figures& figures)
+{
+    click(dialog); // a full table to be cleared
+    AddrBookDlgAccess::forgetNode(dialog);
+    figures.clearing.add(
+        bench::timeOf([&] { dialog.OnTreeClicked(AddrBookDlgAccess::tree(dialog)->topLevelItem(0)); }));
+    Stretches stretches;
+    Time reading = {0, 0};
+    Stopwatch sorting;
+    Time longest = {0, 0};
+    const QTableWidget* pTable = AddrBookDlgAccess::table(dialog);
+    // Before the rows there are sorts of an empty table.
+    QObject::connect(pTable->model(), &QAbstractItemModel::layoutAboutToBeChanged, &stretches, [&] {
+        if (pTable->rowCount() > 0)
+            reading = stretches.cut();
+        sorting = Stopwatch();
+    });
+    QObject::connect(pTable->model(), &QAbstractItemModel::layoutChanged, &stretches, [&] {
+        const Time time = sorting.elapsed();
+        if (time.processor > longest.processor)
+            longest = time;
+    });
+    waitForTable(dialog);
+    figures.reading.add(reading);
+    figures.sorting.add(longest);
 }
 
 // From the event to the menu on the screen: the menu's first event after it has been shown ends it.
@@ -162,10 +194,38 @@ void measure(int iCount, int iRounds, Figures& figures)
             bareRound();
             figures.menu.add(openMenu(dialog));
             figures.narrow.add(narrow(dialog));
+            clickAndListen(dialog, figures);
         }
         AddrBookLogic::unSDKRegisterEvent();
     }
     ORVA_Sim_Reset(nullptr);
+}
+} // namespace
+
+namespace
+{
+// A line a number of contacts, in processor time, and what a contact costs beside the first line's.
+int measureGrowth()
+{
+    bench::Table table("Growth, by the processor's time");
+    Figures first;
+    const QList<int> lstCounts = {1000, 10000, 50000, 200000};
+    for (int iCount : lstCounts) {
+        Figures figures;
+        measure(iCount, 2, figures);
+        if (iCount == lstCounts.first())
+            first = figures;
+        const double factor = static_cast<double>(iCount) / lstCounts.first();
+        char what[80];
+        std::snprintf(what, sizeof what, "click to sorted table, %d contacts", iCount);
+        table.note(what, figures.click.time().processor * 1e3, "ms",
+                   qPrintable(QString::number(figures.click.time().processor / factor / first.click.time().processor)));
+        std::snprintf(what, sizeof what, "search that narrows %d contacts", iCount);
+        table.note(
+            what, figures.narrow.time().processor * 1e3, "ms",
+            qPrintable(QString::number(figures.narrow.time().processor / factor / first.narrow.time().processor)));
+    }
+    return table.result();
 }
 } // namespace
 
@@ -178,6 +238,8 @@ int main(int argc, char** argv)
     QLoggingCategory::setFilterRules(QLatin1String("*.debug=false\n*.warning=false"));
     const RealHost host(QCoreApplication::applicationDirPath() + QLatin1String("/.."));
 
+    if (argc > 1 && std::strcmp(argv[1], "growth") == 0)
+        return measureGrowth();
     const bool bShort = bench::isShort(argc, argv);
     const int iSome = bShort ? 2000 : 10000;
     const int iMany = 5 * iSome;
@@ -200,5 +262,10 @@ int main(int argc, char** argv)
     table.ratio("narrowing, 50,000 against 10,000 rows", "itself", many.narrow.time(), some.narrow.time(), 18.0);
     table.note("a keystroke that narrows 10,000 rows", some.narrow.time().clock * 1e3, "ms", "aim 100 ms");
     table.ratio("opening a context menu with 50,000 rows", "with 10 rows", many.menu.time(), few.menu.time(), 2.0);
+    table.note("longest time without an answer while 50,000 contacts are read and sorted into the table",
+               many.reading.time().processor * 1e3, "ms", "on the processor");
+    table.note("the clearing of the table before, at the click", many.clearing.time().processor * 1e3, "ms",
+               "on the processor");
+    table.note("the moving of the sorted rows", many.sorting.time().processor * 1e3, "ms", "on the processor");
     return table.result();
 }

@@ -32,7 +32,8 @@ AddrBookSelectContactsDlg::AddrBookSelectContactsDlg(QWidget* pParent)
       m_bHideDualModeCardNode(
           CommonUtils::GetSettings(QLatin1String("DualModeCard"), QLatin1String("HideDoubleModeCardNode")) ==
           QLatin1String("true")),
-      m_bClosing(false)
+      m_bClosing(false),
+      m_textBound(fontMetrics())
 {
 }
 

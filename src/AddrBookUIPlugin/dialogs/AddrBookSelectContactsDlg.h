@@ -23,6 +23,7 @@
 #include "logic/AddrBookLogic.h"
 #include "logic/AddrBookTypes.h"
 #include "widgets/GridDelegate.h"
+#include "widgets/TextBound.h"
 #include "worker/AddrBookThread.h"
 
 // One group in the index of nodes; under key 0 a memory itself. The items belong to the tree.
@@ -273,6 +274,7 @@ private:
     QList<QTreeWidgetItem*> m_lstDetachedNodes; // memory nodes out of the tree, bare; kept: no address comes twice
     QPointer<SCDelegate> m_pdelegateTable;
     bool m_bClosing; // results are only freed from here on
+    TextBound m_textBound;
 };
 
 #endif // ADDRBOOKUIPLUGIN_ADDRBOOKSELECTCONTACTSDLG_H

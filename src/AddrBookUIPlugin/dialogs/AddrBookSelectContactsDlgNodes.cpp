@@ -193,9 +193,15 @@ void AddrBookSelectContactsDlg::setTreeColumnWidth(QTreeWidgetItem* pitem)
          pitemParent = pitemParent->parent())
         ++iLevels;
     const QString strText = pitem->text(0);
-    const int iWidth = QtCompat::textWidth(m_ptreeContacts->fontMetrics(), strText) +
-                       iLevels * m_ptreeContacts->indentation() + strText.length();
-    if (m_ptreeContacts->columnWidth(0) < iWidth)
+    const QFontMetrics metrics = m_ptreeContacts->fontMetrics();
+    const int iRest = iLevels * m_ptreeContacts->indentation() + strText.length();
+    const int iColumn = m_ptreeContacts->columnWidth(0);
+    // Most texts are far from the column's edge.
+    const int iMost = m_textBound.Most(metrics, strText);
+    if (iMost >= 0 && iMost + iRest <= iColumn)
+        return;
+    const int iWidth = QtCompat::textWidth(metrics, strText) + iRest;
+    if (iColumn < iWidth)
         m_ptreeContacts->setColumnWidth(0, iWidth);
 }
 

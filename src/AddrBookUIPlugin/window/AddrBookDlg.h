@@ -131,7 +131,7 @@ private:
     void addGroupsToTree(QTreeWidgetItem* pParent, QList<AddrBookGroup*> lstGroups, int iParentId);
     void readGroups();
     void addListedNode(_ORVA_EN_PHONEBOOK_MEMORY enType, bool bCheckSim);
-    void repaintNode(QTreeWidgetItem* pitem, TreeNodeData* pData);
+    void repaintNode(QTreeWidgetItem* pitem, TreeNodeData* pData, const QIcon& icon);
     void setTreeData(qlonglong iData, int iColumn, bool bSorted, Qt::SortOrder enOrder, QTreeWidgetItem* pitem);
     void setNodeCaption(QTreeWidgetItem* pitem, QString strText);
     void getImageIconFromFile(const QString& strPath, int iFrame, QIcon& icon) const;

@@ -212,27 +212,30 @@ void AddrBookDlg::rePaintTree()
     // An editor of the user's stays: he may be typing when a batch ends.
     if (m_ptreePhonebook->currentItem() != nullptr && !isUnderEdit(m_ptreePhonebook->currentItem()))
         m_ptreePhonebook->closePersistentEditor(m_ptreePhonebook->currentItem(), 0);
+    // Once for all nodes: each time, the file is looked at anew.
+    QIcon iconGroup;
+    QIcon iconMemory;
+    getImageIconFromFile(TreeNodes::pictures(), TreeNodes::FRAME_GROUP, iconGroup);
+    getImageIconFromFile(TreeNodes::pictures(), TreeNodes::FRAME_MEMORY, iconMemory);
     for (QTreeWidgetItemIterator it(m_ptreePhonebook); *it != nullptr; ++it) {
         TreeNodeData* pData = treeNodeData(*it);
         if (pData != nullptr)
-            repaintNode(*it, pData);
+            repaintNode(*it, pData, groupOf(pData) != nullptr ? iconGroup : iconMemory);
     }
     m_ptreePhonebook->repaint();
     ADDRBOOK_LOG_EXIT();
 }
 
-void AddrBookDlg::repaintNode(QTreeWidgetItem* pitem, TreeNodeData* pData)
+void AddrBookDlg::repaintNode(QTreeWidgetItem* pitem, TreeNodeData* pData, const QIcon& icon)
 {
     if (m_pAddrBookLogic == nullptr)
         return;
-    QIcon icon;
     AddrBookGroup* pGroup = groupOf(pData);
     if (pGroup != nullptr) {
         {
             const SdkTransaction transaction(PB_MEM_LOCAL);
             m_pAddrBookLogic->GetGroupInfo(PB_MEM_LOCAL, *pGroup);
         }
-        getImageIconFromFile(TreeNodes::pictures(), TreeNodes::FRAME_GROUP, icon);
         // Any change of the node would write its text over what is being typed.
         if (!isUnderEdit(pitem))
             pitem->setIcon(0, icon);
@@ -244,7 +247,6 @@ void AddrBookDlg::repaintNode(QTreeWidgetItem* pitem, TreeNodeData* pData)
     group.strName =
         enMemory == PB_MEM_LOCAL ? tr(QLatin1String("IDS_LOCAL_PHONEBOOKUI")) : AddrBookUICommon::GetNodeText(enMemory);
     group.iSize = m_pAddrBookLogic->GetAddrRecordCount(enMemory);
-    getImageIconFromFile(TreeNodes::pictures(), TreeNodes::FRAME_MEMORY, icon);
     pitem->setIcon(0, icon);
     updateGroupInfoInTree(pitem, &group, enMemory, pData->iMemoryOrGroup);
 }

@@ -3,6 +3,7 @@
 
 #include <QList>
 #include <QMutex>
+#include <QSet>
 #include <QTableWidget>
 #include <QThread>
 #include <QTreeWidgetItem>
@@ -111,7 +112,7 @@ private:
     void addContactsToTree();
     void handOverGroup(const AddrBookGroup& group);
     void handOverMember(const AddrBookGroup* pGroup, const AddrBookRecord& record);
-    void removeLocalRecords(const QList<AddrBookRecord>& lstMembers);
+    void removeLocalRecords(const QSet<int>& setMembers);
 
     // Batches (AddrBookThreadBatches.cpp). A step processes one record; false ends the batch.
     typedef bool (AddrBookThread::*BatchStep)(const AddrBookRecord& record);

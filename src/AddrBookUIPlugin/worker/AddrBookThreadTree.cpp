@@ -36,17 +36,20 @@ void AddrBookThread::addGroupsToTree()
     AddrBookLogic* const pLogic = AddrBookLogic::Instance();
     if (pLogic == nullptr)
         return;
-    for (int i = 0; i < m_listGroups.size(); ++i) {
-        if (isToEnd())
-            return;
+    QSet<int> setMembers;
+    for (int i = 0; i < m_listGroups.size() && !isToEnd(); ++i) {
         AddrBookGroup* const pGroup = m_listGroups.at(i);
         QList<AddrBookRecord> lstMembers;
         pLogic->GetRecordInGroup(lstMembers, PB_MEM_LOCAL, pGroup->iGroupID, [this] { return isToEnd(); });
         handOverGroup(*pGroup);
-        removeLocalRecords(lstMembers);
-        for (int iMember = 0; iMember < lstMembers.size(); ++iMember)
+        const bool bWhole = !m_bStop; // a stopped group leaves the list as it was
+        for (int iMember = 0; iMember < lstMembers.size(); ++iMember) {
+            if (bWhole)
+                setMembers.insert(lstMembers.at(iMember).iID);
             handOverMember(pGroup, lstMembers.at(iMember));
+        }
     }
+    removeLocalRecords(setMembers);
 }
 
 void AddrBookThread::handOverGroup(const AddrBookGroup& group)
@@ -69,23 +72,14 @@ void AddrBookThread::handOverMember(const AddrBookGroup* pGroup, const AddrBookR
         QUEUED_EMIT(signalAddContactGroups, m_enMemory, pointerToCarrier(pGroup), pointerToCarrier(pCopy));
 }
 
-// One pass for all members of a group, so that a large group in a large memory does not cost their product.
-void AddrBookThread::removeLocalRecords(const QList<AddrBookRecord>& lstMembers)
+// One pass for the members of all groups, so that many groups in a large memory do not cost their product.
+void AddrBookThread::removeLocalRecords(const QSet<int>& setMembers)
 {
-    if (lstMembers.isEmpty() || m_listLocalRecords.isEmpty())
+    if (setMembers.isEmpty())
         return;
-    QSet<int> setIds;
-    setIds.reserve(lstMembers.size());
-    for (const AddrBookRecord& record : lstMembers)
-        setIds.insert(record.iID);
     QList<AddrBookRecord> lstRest;
-    lstRest.reserve(m_listLocalRecords.size());
     for (int i = 0; i < m_listLocalRecords.size(); ++i) {
-        if (m_bStop) {
-            lstRest += m_listLocalRecords.mid(i);
-            break;
-        }
-        if (!setIds.contains(m_listLocalRecords.at(i).iID))
+        if (!setMembers.contains(m_listLocalRecords.at(i).iID))
             lstRest.append(m_listLocalRecords.at(i));
     }
     m_listLocalRecords = lstRest;

@@ -132,6 +132,29 @@ private slots:
         QCOMPARE(FakeSdk::openTransactions(4), 0);
     }
 
+    void repaintAsksForEachGroupByItself()
+    {
+        WindowFixture f;
+        WindowFixture::fillStores();
+        FakeSdk::addGroup("more");
+        f.build();
+        FakeSdk::clearCalls();
+        f.window()->rePaintTree();
+        QVERIFY(FakeSdk::groups().size() > 1);
+        QCOMPARE(FakeSdk::count("GetGroupList"), FakeSdk::groups().size());
+    }
+
+    void repaintLooksAtThePicturesOnce()
+    {
+        WindowFixture f;
+        WindowFixture::fillStores();
+        FakeSdk::addGroup("more");
+        f.build();
+        f.window()->rePaintTree();
+        QCOMPARE(f.node("Friends")->icon(0).cacheKey(), f.node("more")->icon(0).cacheKey());
+        QVERIFY(f.node("more")->icon(0).cacheKey() != f.in().local()->icon(0).cacheKey());
+    }
+
     void clickOnAHeaderIsNoted()
     {
         WindowFixture f;
