@@ -9,6 +9,7 @@
 
 #include "Store.h"
 #include "care/CareRunner.h"
+#include "fit/PageView.h"
 #include "messages/MessageStore.h"
 #include "orva/orva_care.h"
 #include "orva/orva_store.h"
@@ -105,7 +106,7 @@ QString checkCare(const QWidget& page)
     if (tabs == nullptr || runner == nullptr)
         return "the care page is not whole";
     for (const auto& tab : s_tabs) {
-        tabs->setCurrentWidget(page.findChild<QWidget*>(tab.section));
+        tabs->setCurrentWidget(PageView::Of(page.findChild<QWidget*>(tab.section)));
         if (!QTest::qWaitFor([&] { return runner->Current() == nullptr; }, s_iLimitMs))
             return QString("does not come to rest: ") + tab.section;
         clear(page, tab.search);

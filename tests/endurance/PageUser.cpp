@@ -19,6 +19,7 @@
 
 #include "Actor.h"
 #include "Screen.h"
+#include "fit/PageView.h"
 #include "window/MainWindow.h"
 
 namespace
@@ -135,7 +136,7 @@ void PageUser::chooseFile(QWidget* care)
     m_actor.effects().is("page button");
     if (choose == nullptr || tabs == nullptr)
         return;
-    tabs->setCurrentWidget(care->findChild<QWidget*>("linkhand_Care_import"));
+    tabs->setCurrentWidget(PageView::Of(care->findChild<QWidget*>("linkhand_Care_import")));
     if (choose->isEnabled())
         QTest::mouseClick(choose, Qt::LeftButton);
 }

@@ -116,7 +116,7 @@ void CarePage::Enter()
 
 void CarePage::ShowBackups()
 {
-    m_pTabs->setCurrentIndex(m_listSections.indexOf(findChild<BackupSection*>()));
+    m_pTabs->setCurrentWidget(PageView::Of(findChild<BackupSection*>()));
 }
 
 void CarePage::OnTabChosen()

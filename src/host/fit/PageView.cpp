@@ -24,6 +24,12 @@ PageView::PageView(QWidget* pPage)
     connect(qApp, SIGNAL(focusChanged(QWidget*, QWidget*)), this, SLOT(OnFocusChanged(QWidget*, QWidget*)));
 }
 
+PageView* PageView::Of(const QWidget* pPage)
+{
+    const QWidget* const pViewport = pPage != nullptr ? pPage->parentWidget() : nullptr;
+    return pViewport != nullptr ? qobject_cast<PageView*>(pViewport->parentWidget()) : nullptr;
+}
+
 int PageView::LeastWidth() const
 {
     return widget()->minimumSizeHint().expandedTo(widget()->minimumSize()).width();

@@ -12,6 +12,9 @@ class PageView : public QScrollArea
 public:
     explicit PageView(QWidget* pPage);
 
+    // The view that shows a page; null for a widget that lies in none.
+    static PageView* Of(const QWidget* pPage);
+
     // The least width at which nothing is cut off, without a scroll bar.
     int LeastWidth() const;
 

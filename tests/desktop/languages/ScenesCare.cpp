@@ -10,6 +10,7 @@
 
 #include "care/CareRunner.h"
 #include "care/ImportSection.h"
+#include "fit/PageView.h"
 #include "window/MainWindow.h"
 
 namespace
@@ -30,7 +31,7 @@ bool isIdle()
 void turnTo(const char* pszSection)
 {
     Scenes::click("linkhand_NavBar_Care");
-    Scenes::Child<QTabWidget>("linkhand_Care_tabs")->setCurrentWidget(Scenes::Child<QWidget>(pszSection));
+    Scenes::Child<QTabWidget>("linkhand_Care_tabs")->setCurrentWidget(PageView::Of(Scenes::Child<QWidget>(pszSection)));
 }
 
 // The first row of the list is selected, so that what can be done with it can be seen.

@@ -9,6 +9,7 @@
 
 #include "RealStore.h"
 #include "WindowSetup.h"
+#include "fit/PageView.h"
 #include "orva/orva_care.h"
 #include "orva/orva_store.h"
 
@@ -36,8 +37,9 @@ protected:
     void openSection(const char* pszSection)
     {
         m_pWindow->ShowPage("Care");
-        find<QTabWidget>("linkhand_Care_tabs")
-            ->setCurrentWidget(find<QWidget>((QByteArray("linkhand_Care_") + pszSection).constData()));
+        PageView* const pView = PageView::Of(find<QWidget>((QByteArray("linkhand_Care_") + pszSection).constData()));
+        QVERIFY(pView != nullptr);
+        find<QTabWidget>("linkhand_Care_tabs")->setCurrentWidget(pView);
     }
 
     int add(const QStringList& lstValues) { return RealStore::addContact(ORVA_MEMORY_LOCAL, lstValues); }
