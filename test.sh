@@ -97,26 +97,7 @@ long_form() {
     fi
 }
 
-# Tests wait most of their time. For a submission, what comes next is built beside them, with what they leave of the
-# processors.
-ahead=
-build_ahead() {
-    if [ $ci = yes ]; then
-        nice -n 19 packaging/build.sh "$@" &
-        ahead=$!
-    fi
-}
-built() {
-    if [ -n "$ahead" ]; then
-        wait "$ahead"
-        ahead=
-    else
-        packaging/build.sh "$@"
-    fi
-}
-
 packaging/build.sh release
-build_ahead asan offscreen_tests
 long_form
 run_tests release
 unset LINKHAND_FULL
@@ -130,7 +111,6 @@ if [ $qt6 = yes ]; then
 fi
 
 if [ $ci = yes ]; then
-    built asan offscreen_tests
     packaging/check-tidy.sh --lately || status=1
     packaging/bench.sh --short || status=1
 fi
@@ -141,16 +121,15 @@ for preset in ${sanitizers[@]+"${sanitizers[@]}"}; do
         run_tests tsan -L threads
         continue
     elif [ "$preset" = tsan ]; then
-        built tsan threads_tests
+        packaging/build.sh tsan threads_tests
         run_tests tsan -L threads -LE endurance
         continue
     elif [ $full = yes ]; then
         packaging/build.sh asan
         run_tests asan -L desktop
     else
-        built asan offscreen_tests
+        packaging/build.sh asan offscreen_tests
     fi
-    build_ahead tsan threads_tests
     if user_can_run asan; then
         LINKHAND_TEST_AS_USER=1 run_tests asan -L "$parts" -LE desktop
         run_tests asan -LE "$parts|desktop"

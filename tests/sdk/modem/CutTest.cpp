@@ -62,8 +62,8 @@ struct Setting : Plugged {
     static ModemTimings timings()
     {
         ModemTimings all = quickTimings();
-        all.patience.plain = all.patience.pin = all.patience.read = all.patience.write = Milliseconds(500);
-        all.patience.life = Milliseconds(300);
+        all.patience.plain = all.patience.pin = all.patience.read = all.patience.write = Milliseconds(900);
+        all.patience.life = Milliseconds(600);
         all.question = Milliseconds(60000);
         all.fresh = Milliseconds(0);
         return all;
