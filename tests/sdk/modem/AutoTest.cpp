@@ -298,6 +298,7 @@ TEST(aSilentPortIsTriedLessAndLessOftenUntilSomethingIsPlugged)
     REQUIRE(modem.waitFor([&] { return modem.commands() > 12; }));
     CHECK(std::chrono::steady_clock::now() - begin >= Milliseconds(750));
     timings.reread = timings.longest;
+    timings.patience.life = Milliseconds(800); // it asks once more, and then has to hear the answer
     Library patient(place, timings, place.port, machine.open());
     library.hardware.stop();
     const int before = modem.commands();
