@@ -1,5 +1,6 @@
 #include "care/DuplicateSection.h"
 
+#include <QHeaderView>
 #include <QLabel>
 #include <QLocale>
 #include <QMessageBox>
@@ -234,9 +235,9 @@ void DuplicateSection::showSideBySide(const DuplicateSet& set, const MergePrevie
         m_pSides->setColumnHidden(i, i >= COLUMN_FIRST + iSides);
     }
     m_pSides->resizeColumnToContents(COLUMN_FIELD);
+    const int iShare = (m_pSides->viewport()->width() - m_pSides->columnWidth(COLUMN_FIELD)) / qMin(iSides + 1, 4);
     for (int i = COLUMN_MERGED; i < COLUMN_FIRST + iSides; ++i) {
-        m_pSides->setColumnWidth(i, (m_pSides->viewport()->width() - m_pSides->columnWidth(COLUMN_FIELD)) /
-                                        qMin(iSides + 1, 4));
+        m_pSides->setColumnWidth(i, qMax(iShare, m_pSides->header()->sectionSizeHint(i)));
     }
 }
 

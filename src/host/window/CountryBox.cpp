@@ -42,8 +42,7 @@ const QMap<QString, QString>& countries()
 CountryBox::CountryBox(QWidget* pParent) : QComboBox(pParent)
 {
     setObjectName(QLatin1String("linkhand_Preferences_country"));
-    setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    setMinimumContentsLength(28);
+    setSizeAdjustPolicy(QComboBox::AdjustToContents);
     addItem(QString(), QLatin1String(BY_SYSTEM));
     addItem(QString(), QLatin1String(NONE));
     for (QMap<QString, QString>::const_iterator it = countries().constBegin(); it != countries().constEnd(); ++it) {

@@ -10,12 +10,15 @@
 #include <QVBoxLayout>
 
 #include "device/Modem.h"
+#include "linkhand/QtCompat.h"
 #include "text/HostText.h"
 
 namespace
 {
 
 const int LONGEST_PIN = 8;
+const int LINE = 48;   // characters
+const int BORDER = 40; // left of the screen
 
 } // namespace
 
@@ -159,13 +162,22 @@ void PinForm::showResult(const char* pszId, const QString& strDetail)
 }
 
 // A window asks its layout for room once, when it is shown; texts that come later and wrap want more.
+void PinForm::showEvent(QShowEvent* pEvent)
+{
+    QDialog::showEvent(pEvent);
+    fit();
+}
+
+// Large letters need longer lines, or the form is higher than the screen.
 void PinForm::fit()
 {
-    layout()->activate();
-    const int iHeight = layout()->totalHeightForWidth(width());
-    if (isVisible() && iHeight > height()) {
-        resize(width(), iHeight);
+    if (!isVisible()) {
+        return;
     }
+    const int iRoom = QtCompat::availableGeometry(geometry().center()).width() - BORDER;
+    const int iWidth = qMax(width(), qMin(iRoom, LINE * fontMetrics().averageCharWidth()));
+    layout()->activate();
+    resize(iWidth, qMax(height(), layout()->totalHeightForWidth(iWidth)));
 }
 
 bool PinForm::isLast() const

@@ -24,6 +24,9 @@ public:
     // In the language that is now chosen; what was typed stays.
     void Retranslate();
 
+protected:
+    void showEvent(QShowEvent* pEvent) override;
+
 private slots:
     void OnStatusChanged();
     void OnEdited();

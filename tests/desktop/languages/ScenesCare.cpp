@@ -55,18 +55,19 @@ Scene tab(const char* pszName, const char* pszSection, const char* pszList)
         pszName, [pszSection] { turnTo(pszSection); }, [pszList] { return withRow(pszList); });
 }
 
-// A window that is opened by a button and runs its own loop.
-Scene dialog(
-    const char* pszName, const char* pszButton, const char* pszDialog, const char* pszClose,
-    const std::function<void()>& before = [] {})
+// A window that is opened by a button of a page, once a row of the list is selected if there is one, and runs its own
+// loop.
+Scene dialog(const char* pszName, const std::function<void()>& turn, const char* pszList, const char* pszButton,
+             const char* pszDialog, const char* pszClose)
 {
     return Scenes::scene(
         pszName,
-        [pszButton, before] {
-            before();
-            Scenes::later([pszButton] {
+        [turn, pszList, pszButton] {
+            turn();
+            Scenes::later([pszList, pszButton] {
                 const QAbstractButton* pButton = Scenes::seen<QAbstractButton>(pszButton);
-                if (!isIdle() || pButton == nullptr || !pButton->isEnabled()) {
+                if (!isIdle() || (pszList != nullptr && withRow(pszList) == nullptr) || pButton == nullptr ||
+                    !pButton->isEnabled()) {
                     return false;
                 }
                 QTimer::singleShot(0, qApp, [pszButton] { Scenes::click(pszButton); });
@@ -82,7 +83,9 @@ void Scenes::addCare(QList<Scene>& listScenes)
 {
     listScenes << tab("bin", "linkhand_Care_bin", "linkhand_Care_bin_list");
     listScenes << tab("backups", "linkhand_Care_backups", "linkhand_Care_backups_list");
-    listScenes << dialog("restore", "linkhand_Care_backups_restore", "linkhand_Restore", "linkhand_Restore_cancel");
+    listScenes << dialog(
+        "restore", [] { turnTo("linkhand_Care_backups"); }, "linkhand_Care_backups_list",
+        "linkhand_Care_backups_restore", "linkhand_Restore", "linkhand_Restore_cancel");
     listScenes << scene(
         "duplicates", [] { turnTo("linkhand_Care_duplicates"); },
         [] {
@@ -97,7 +100,9 @@ void Scenes::addCare(QList<Scene>& listScenes)
     listScenes << scene(
         "details", [] { turnTo("linkhand_Care_details"); },
         [] { return rowsOf("linkhand_Care_details_list") > 0 ? withRow("linkhand_Care_details_contacts") : nullptr; });
-    listScenes << dialog("detail", "linkhand_Care_details_add", "linkhand_Kept", "linkhand_Kept_cancel");
+    listScenes << dialog(
+        "detail", [] { turnTo("linkhand_Care_details"); }, "linkhand_Care_details_contacts",
+        "linkhand_Care_details_add", "linkhand_Kept", "linkhand_Kept_cancel");
     listScenes << scene(
         "import",
         [] {
@@ -105,8 +110,13 @@ void Scenes::addCare(QList<Scene>& listScenes)
             Main()->findChild<ImportSection*>()->SetFile(QDir::home().filePath("friends.vcf"));
         },
         [] { return rowsOf("linkhand_Care_import_list") == 2 ? withRow("linkhand_Care_import_list") : nullptr; });
-    listScenes << dialog("findings", "linkhand_Care_import_left", "linkhand_Findings", "linkhand_Findings_close",
-                         [] { Main()->findChild<ImportSection*>()->SetFile(QDir::home().filePath("people.csv")); });
+    listScenes << dialog(
+        "findings",
+        [] {
+            turnTo("linkhand_Care_import");
+            Main()->findChild<ImportSection*>()->SetFile(QDir::home().filePath("people.csv"));
+        },
+        nullptr, "linkhand_Care_import_left", "linkhand_Findings", "linkhand_Findings_close");
     listScenes << scene(
         "sync", [] { turnTo("linkhand_Care_sync"); },
         [] {
@@ -125,6 +135,8 @@ void Scenes::addPreferences(QList<Scene>& listScenes)
     listScenes << scene(
         "preferences", [] { click("linkhand_NavBar_Preferences"); },
         [] { return mainWindowIf(seen("linkhand_Page_Preferences") != nullptr); });
-    listScenes << dialog("help", "linkhand_Preferences_help", "linkhand_Help", "linkhand_Help_close");
-    listScenes << dialog("about", "linkhand_Preferences_about", "linkhand_About", "linkhand_About_close");
+    const std::function<void()> turn = [] { click("linkhand_NavBar_Preferences"); };
+    listScenes << dialog("help", turn, nullptr, "linkhand_Preferences_help", "linkhand_Help", "linkhand_Help_close");
+    listScenes << dialog("about", turn, nullptr, "linkhand_Preferences_about", "linkhand_About",
+                         "linkhand_About_close");
 }
