@@ -51,7 +51,9 @@ private:
     {
         const QWidget* pNear = m_dialog.parentWidget() != nullptr ? m_dialog.parentWidget()->window() : &m_dialog;
         const int iTitle = m_dialog.style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, &m_dialog);
-        return QtCompat::availableGeometry(pNear).adjusted(s_iBorder, iTitle + s_iBorder, -s_iBorder, -s_iBorder);
+        // A window manager may take a place for that of the frame, or for that of what is in it.
+        return QtCompat::availableGeometry(pNear).adjusted(s_iBorder, iTitle + s_iBorder, -s_iBorder,
+                                                           -iTitle - s_iBorder);
     }
 
     // Nothing happens where there is room enough. A smallest size is a wish; what the content itself needs is not.

@@ -208,7 +208,9 @@ void Director::look(QWidget* pWidget)
         shot.lstForeign = Texts::Foreign(pWidget, m_strBefore, pass.strLanguage);
     }
     if (m_inspect) {
+        m_timer.stop(); // it may wait for the display
         shot.lstFaults = m_inspect(pWidget);
+        m_timer.start(TICK_MS);
     }
     if (m_bPictures) {
         shot.image = pWidget->grab().toImage();

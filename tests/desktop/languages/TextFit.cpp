@@ -65,10 +65,11 @@ void checkLabel(const QLabel* pLabel, QStringList& lstProblems)
                             .boundingRect(QRect(QPoint(), QSize(has.width(), 10000)),
                                           pLabel->wordWrap() ? Qt::TextWordWrap : Qt::TextSingleLine, strShown)
                             .size();
-    // How high lines are that break, the label says; a scaled display rounds each of them.
+    // How high lines are that break, the label says. A layout on a scaled display rounds, and a pixel is no part of a
+    // letter.
     const bool bBreaks = pLabel->wordWrap() && pLabel->hasHeightForWidth();
     const int iNeeds =
-        bBreaks ? pLabel->heightForWidth(pLabel->width()) - pLabel->height() + has.height() : needs.height();
+        bBreaks ? pLabel->heightForWidth(pLabel->width()) - pLabel->height() + has.height() - 1 : needs.height();
     compare(pLabel, pLabel->text(), QSize(needs.width(), iNeeds), has, lstProblems);
 }
 
