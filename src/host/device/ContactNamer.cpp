@@ -1,38 +1,38 @@
 #include "device/ContactNamer.h"
 
-#include <QThread>
+#include <thread>
 
 #include "device/ChangedContact.h"
 
 // Answers one question a run.
-class ContactNamer::Finder : public QThread
+class ContactNamer::Finder
 {
 public:
-    explicit Finder(ContactNamer& namer) : m_namer(namer), m_uiMsg(0), m_uiMemory(0), m_uiNumber(0) {}
-    ~Finder() override { wait(); }
+    explicit Finder(ContactNamer& namer) : m_namer(namer) {}
+    ~Finder() { Join(); }
+    Finder(const Finder&) = delete;
+    Finder& operator=(const Finder&) = delete;
 
-    // Only while it does not run.
-    void Set(const Question& question)
+    // Only when the run before has been joined.
+    void Start(unsigned int uiMsg, unsigned int uiMemory, unsigned int uiNumber)
     {
-        m_uiMsg = question.uiMsg;
-        m_uiMemory = question.uiMemory;
-        m_uiNumber = question.uiNumber;
+        m_thread = std::thread([this, uiMsg, uiMemory, uiNumber] {
+            m_strName = ChangedContact::Name(uiMsg, uiMemory, uiNumber);
+            QMetaObject::invokeMethod(&m_namer, "OnFound", Qt::QueuedConnection);
+        });
+    }
+    void Join()
+    {
+        if (m_thread.joinable()) {
+            m_thread.join();
+        }
     }
     const QString& Name() const { return m_strName; }
 
-protected:
-    void run() override
-    {
-        m_strName = ChangedContact::Name(m_uiMsg, m_uiMemory, m_uiNumber);
-        QMetaObject::invokeMethod(&m_namer, "OnFound", Qt::QueuedConnection);
-    }
-
 private:
     ContactNamer& m_namer;
-    unsigned int m_uiMsg;
-    unsigned int m_uiMemory;
-    unsigned int m_uiNumber;
     QString m_strName;
+    std::thread m_thread;
 };
 
 ContactNamer::ContactNamer() : m_pFinder(new Finder(*this)) {}
@@ -50,14 +50,14 @@ void ContactNamer::Ask(unsigned int uiMsg, unsigned int uiMemory, unsigned int u
 
 void ContactNamer::find()
 {
-    m_pFinder->Set(m_listQuestions.first());
-    m_pFinder->start();
+    const Question& question = m_listQuestions.first();
+    m_pFinder->Start(question.uiMsg, question.uiMemory, question.uiNumber);
 }
 
 void ContactNamer::OnFound()
 {
     // The thread's last act was to say so.
-    m_pFinder->wait();
+    m_pFinder->Join();
     const Question question = m_listQuestions.takeFirst();
     const QString strName = m_pFinder->Name();
     if (!m_listQuestions.isEmpty()) {
