@@ -30,9 +30,14 @@ QString nameOf(const QWidget* pWidget)
 void checkScreen(const QWidget* pWindow, QStringList& lstFaults)
 {
     const QRect rectFree = pWindow->windowHandle()->screen()->availableGeometry();
-    // Without the frame: on a scaled display Qt sometimes tells borders that leave nothing of the window.
+    // Without the frame, and of a dialog the size alone: on a scaled display Qt sometimes tells borders that leave
+    // nothing of the window, and the place that the window had before it got its frame.
     const QPointer<const QWidget> pHeld(pWindow);
-    const auto lies = [&] { return pHeld.isNull() || rectFree.contains(pHeld->geometry()); };
+    const auto lies = [&] {
+        return pHeld.isNull() ||
+               rectFree.contains(pHeld->parentWidget() == nullptr ? pHeld->geometry()
+                                                                  : QRect(rectFree.topLeft(), pHeld->size()));
+    };
     if (QTest::qWaitFor(lies)) {
         return;
     }
