@@ -16,6 +16,14 @@ function(linkhand_precompiled_under_sanitizer)
   endif()
 endfunction()
 
+# linkhand_together_under_sanitizer(target...): compiles several files at a time, which reads their headers once; under a
+# sanitizer only, for the same reason. No two files of such a target may give one name to different things.
+function(linkhand_together_under_sanitizer)
+  if(LINKHAND_SANITIZER AND LINKHAND_PRECOMPILED)
+    set_target_properties(${ARGN} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 6)
+  endif()
+endfunction()
+
 # One file of headers for all targets that give its name; it is made when the first asks for it.
 function(linkhand_share_precompiled name libraries headers targets)
   if(NOT LINKHAND_PRECOMPILED)

@@ -1,5 +1,6 @@
 # One set of Qt targets for all releases: linkhand_qtcore, linkhand_qtwidgets, linkhand_qtxml, linkhand_qtdbus
-# and, for tests, linkhand_qttest. Nothing outside this file names a Qt release. LINKHAND_LRELEASE compiles language files.
+# and, for tests, linkhand_qttest. Nothing outside this file names a Qt release. LINKHAND_LRELEASE compiles language files,
+# LINKHAND_MOC makes the meta-objects of tests without a look at Qt's headers.
 
 set(CMAKE_AUTOMOC ON)
 
@@ -17,6 +18,7 @@ if(LINKHAND_QT EQUAL 5)
   target_link_libraries(linkhand_qtdbus INTERFACE Qt5::DBus)
   target_link_libraries(linkhand_qttest INTERFACE Qt5::Test)
   set(LINKHAND_LRELEASE Qt5::lrelease)
+  set(LINKHAND_MOC Qt5::moc -DQT_VERSION=0x050000)
 elseif(LINKHAND_QT EQUAL 6)
   # QRegExp and QTextCodec decide what is accepted and how rows sort; Core5Compat has both as they were.
   find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Widgets Xml DBus Test Core5Compat LinguistTools)
@@ -30,6 +32,7 @@ elseif(LINKHAND_QT EQUAL 6)
   list(FILTER definitions EXCLUDE REGEX "^QT_TESTCASE_")
   set_target_properties(Qt6::Test PROPERTIES INTERFACE_COMPILE_DEFINITIONS "${definitions}")
   set(LINKHAND_LRELEASE Qt6::lrelease)
+  set(LINKHAND_MOC Qt6::moc -DQT_VERSION=0x060000)
 elseif(LINKHAND_QT EQUAL 4)
   find_package(Qt4 4.8 QUIET COMPONENTS QtCore QtGui QtXml QtDBus)
   if(NOT Qt4_FOUND)

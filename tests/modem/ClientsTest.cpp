@@ -190,6 +190,9 @@ static void checkBehind(const std::vector<std::string>& quirks, Reader read)
     }
 }
 
+// One byte at a time takes longer than gammu waits for an answer where the machine has little time for each.
+static const std::string pieces = "fragment=7";
+
 // Those that leave the same entries to be read, in the long run all but those that the client is known to stumble over.
 static std::vector<std::string> quirksFor(const std::vector<std::string>& few, const std::set<std::string>& tooMuch)
 {
@@ -198,14 +201,14 @@ static std::vector<std::string> quirksFor(const std::vector<std::string>& few, c
     std::vector<std::string> all;
     for (const modemsim::QuirkInfo& info : modemsim::knownQuirks()) {
         if (info.kind != modemsim::QuirkKind::Different && tooMuch.count(info.name) == 0)
-            all.push_back(info.name);
+            all.push_back(info.name == pieces.substr(0, pieces.find('=')) ? pieces : info.name);
     }
     return all;
 }
 
 TEST(gammuReadsTheCardBehindQuirks)
 {
-    checkBehind(quirksFor({"empty_error", "no_space", "fragment"}, {"escape_quotes", "raw_alpha", "silent"}),
+    checkBehind(quirksFor({"empty_error", "no_space", pieces}, {"escape_quotes", "raw_alpha", "silent"}),
                 [](const Modem& modem) {
                     return gammu(modem, {"getallmemory", "SM"});
                 });

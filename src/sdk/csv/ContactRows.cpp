@@ -1,6 +1,7 @@
 #include "csv/ContactRows.h"
 
 #include <algorithm>
+#include <tuple>
 
 #include "base/EmailText.h"
 #include "base/Failure.h"
@@ -44,14 +45,18 @@ int joinedColumns(int first, int second)
     return first | (second + 1) << secondShift;
 }
 
+std::pair<int, int> columnsOf(int entry)
+{
+    return {entry & columnMask, (entry >> secondShift) - 1};
+}
+
 FieldMap::FieldMap(const Profile& profile, const int* map)
 {
     for (const Field& field : profile.fields()) {
         const int entry = *map++;
         Source source = {-1, -1, isNumberField(field), field.kind == "Email", pausesOf(field), 0};
         if (entry >= 0) {
-            source.first = entry & columnMask;
-            source.second = (entry >> secondShift) - 1;
+            std::tie(source.first, source.second) = columnsOf(entry);
         }
         if (field.kind == "Remaik" && field.maxLength > 0)
             source.noteUnits = static_cast<std::size_t>(field.maxLength);

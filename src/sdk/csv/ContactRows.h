@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "base/NumberText.h"
@@ -61,8 +62,10 @@ private:
     int m_reportedColumn = -1;     // which a report is about
 };
 
-// A map entry that joins two columns by a blank, such as first and last name.
+// A map entry that joins two columns by a blank, such as first and last name, and the columns of an entry of at least
+// 0; the second is -1 where there is none.
 int joinedColumns(int first, int second);
+std::pair<int, int> columnsOf(int entry);
 
 // Reads the records of a file: its rows but the first. Rows that cannot be read or have nothing in the mapped columns
 // are reported and passed over; so are columns that are not taken. What is reported of a column has its title.

@@ -3,14 +3,13 @@
 #include <algorithm>
 #include <utility>
 
+#include "csv/ContactRows.h"
+
 namespace orva
 {
 
 namespace
 {
-
-constexpr int columnMask = 0xFFFF;
-constexpr int secondShift = 16;
 
 bool hasText(std::string_view column)
 {
@@ -40,9 +39,10 @@ LeftBehind::LeftBehind(MadeUpColumns& columns, std::vector<std::string> titles, 
     for (int i = 0; i < fields; ++i) {
         if (map[i] < 0)
             continue;
-        for (const int source : columns.sourcesOf(map[i] & columnMask))
+        const auto [first, second] = columnsOf(map[i]);
+        for (const int source : columns.sourcesOf(first))
             take(source);
-        take((map[i] >> secondShift) - 1);
+        take(second);
     }
 }
 

@@ -55,11 +55,6 @@ bool sameText(std::string_view a, std::string_view b)
            });
 }
 
-bool beginsWith(std::string_view text, std::string_view with)
-{
-    return text.substr(0, with.size()) == with;
-}
-
 int errorCode(std::string_view text)
 {
     text = trimmed(text);

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "base/Hex.h"
+#include "modem/LineReader.h"
 #include "modem/PhonebookLines.h"
 
 namespace orva
@@ -34,11 +35,6 @@ bool isLower(char c)
 bool isHex(char c)
 {
     return hexDigit(c) >= 0;
-}
-
-bool beginsWith(std::string_view text, std::string_view with)
-{
-    return text.substr(0, with.size()) == with;
 }
 
 // A keyed sequence that depends on all that has gone into it, so that equal beginnings give equal results.

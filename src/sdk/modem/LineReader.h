@@ -8,6 +8,11 @@
 namespace orva
 {
 
+inline bool beginsWith(std::string_view line, std::string_view with)
+{
+    return line.substr(0, with.size()) == with;
+}
+
 // Cuts what a modem sends into lines, however it is cut into pieces on the way. A line ends at any carriage return or
 // line feed; empty lines are none. A line beyond `longest` comes cut off there, the rest of it not at all, so that
 // noise never piles up.

@@ -105,18 +105,18 @@ bool ModemSession::start()
 
 void ModemSession::heard(const std::string& line)
 {
-    if (line.compare(0, 6, "+CREG:") == 0) {
+    if (beginsWith(line, "+CREG:")) {
         m_state.setNetwork(inService(registration(answerText(line, "+CREG"))));
         return;
     }
     for (const std::string_view sign : {"+CMTI", "^SMMEMFULL"}) {
-        if (std::string_view(line).substr(0, sign.size()) == sign)
+        if (beginsWith(line, sign))
             m_messagesAt = Time();
     }
     // Signs that the card went, came or has been read by the modem: hints alone, its state is asked for.
     for (const std::string_view sign :
          {"+CPIN", "+SIM", "^SIMST", "^SSIM READY", "#QSS", "+PBREADY", "PB DONE", "+QIND"}) {
-        if (std::string_view(line).substr(0, sign.size()) == sign) {
+        if (beginsWith(line, sign)) {
             m_lookAt = Time();
             retryNow();
         }

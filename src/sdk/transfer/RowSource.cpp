@@ -20,8 +20,6 @@ namespace orva
 namespace
 {
 
-constexpr int columnMask = 0xFFFF; // the first, where a map's entry joins two
-
 class RowSource final : public ContactSource
 {
 public:
@@ -65,7 +63,7 @@ public:
 
     int columnOf(std::size_t field) const override
     {
-        const int column = m_map[field] < 0 ? -1 : m_map[field] & columnMask;
+        const int column = m_map[field] < 0 ? -1 : columnsOf(m_map[field]).first;
         return static_cast<std::size_t>(column) < m_titles.size() ? column : -1;
     }
 

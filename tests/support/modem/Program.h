@@ -21,7 +21,7 @@ struct Outcome {
 
 // Runs a program to its end.
 Outcome runProgram(const std::vector<std::string>& command, const Environment& environment = Environment(),
-                   const std::string& input = std::string(), Milliseconds time = Milliseconds(30000));
+                   const std::string& input = std::string(), Milliseconds time = Milliseconds(120000));
 
 // A program that runs beside this one and ends with the thread that started it, at the latest. Its standard input and
 // output are pipes; with an output file the output goes there, with "-" all three are those of this process.
