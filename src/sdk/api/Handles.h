@@ -43,6 +43,7 @@ struct RecordHandle final : HandleObject {
     Values values; // as many as the profile has fields
     int id = 0;    // of the record or entry of the bin that it is a copy of; 0 for none
     bool fromBin = false;
+    int hint = 0;                    // field set next, most likely
     std::optional<std::string> kept; // what was set
 };
 
@@ -89,6 +90,12 @@ template <typename T>
 T& fromHandle(void* handle)
 {
     return static_cast<T&>(findHandle(T::kind, handle));
+}
+
+template <typename T>
+std::unique_ptr<T> takeHandle(void* handle)
+{
+    return std::unique_ptr<T>(static_cast<T*>(takeHandle(T::kind, handle).release()));
 }
 
 template <typename T>

@@ -1,5 +1,7 @@
 // Single records.
 
+#include <atomic>
+
 #include "api/Boundary.h"
 #include "api/Handles.h"
 #include "api/Library.h"
@@ -15,18 +17,47 @@ using namespace orva;
 namespace
 {
 
-std::size_t fieldIndex(const RecordHandle& record, const char* key)
+std::size_t fieldIndex(const RecordHandle& record, const char* key, int hint = 0)
 {
     require(key);
-    const int field = record.profile->indexOf(key);
+    const int field = record.profile->indexOf(key, hint);
     if (field < 0)
         throw Failure(ORVA_E_ARGUMENT, "no such field");
     return static_cast<std::size_t>(field);
 }
 
+// A record that was released, kept for the next one: who stores many makes and releases one after the other, and their
+// texts need no room of their own each.
+std::atomic<RecordHandle*> spareRecord{nullptr};
+constexpr std::size_t spareUnits = 4096; // of text; one with more room is not kept
+
+std::unique_ptr<RecordHandle> takeSpare()
+{
+    std::unique_ptr<RecordHandle> spare(spareRecord.exchange(nullptr));
+    return spare != nullptr ? std::move(spare) : std::make_unique<RecordHandle>();
+}
+
+void keepSpare(std::unique_ptr<RecordHandle> record)
+{
+    std::size_t units = 0;
+    for (std::u16string& value : record->values) {
+        units += value.capacity();
+        value.clear();
+    }
+    if (units > spareUnits)
+        return;
+    record->profile.reset();
+    record->kept.reset();
+    record->id = record->hint = 0;
+    record->fromBin = false;
+    RecordHandle* none = nullptr;
+    if (spareRecord.compare_exchange_strong(none, record.get()))
+        record.release();
+}
+
 std::unique_ptr<RecordHandle> makeRecord(int memory)
 {
-    auto record = std::make_unique<RecordHandle>();
+    auto record = takeSpare();
     record->memory = memory;
     record->profile = memoryFor(memory).profile();
     return record;
@@ -35,15 +66,17 @@ std::unique_ptr<RecordHandle> makeRecord(int memory)
 // Takes out of the numbers what is there for the eye, before anybody counts their characters.
 void cleanNumbers(RecordHandle& record)
 {
-    const std::vector<Field>& fields = record.profile->fields();
-    for (std::size_t i = 0; i < fields.size(); ++i) {
-        const Pauses pauses = pausesOf(fields[i]);
+    for (const std::size_t i : record.profile->numbers()) {
         std::u16string& value = record.values[i];
-        if (!isNumberField(fields[i]) || isPlainNumber(value, pauses))
+        if (isPlainNumber(value, Pauses::No))
+            continue;
+        const Field& field = record.profile->fields()[i];
+        const Pauses pauses = pausesOf(field);
+        if (isPlainNumber(value, pauses))
             continue;
         std::optional<NumberText> read = readNumber(value, pauses);
         if (!read || !read->extension.empty())
-            throw Failure(ORVA_E_NUMBER, "a value of the field " + fields[i].key + " is no telephone number");
+            throw Failure(ORVA_E_NUMBER, "a value of the field " + field.key + " is no telephone number");
         value = std::move(read->number);
     }
 }
@@ -88,8 +121,9 @@ long ORVA_PBSrv_AddrRecord_SetValue(void* record, const char* key, const unsigne
 {
     return guarded(__func__, [&] {
         auto& held = fromHandle<RecordHandle>(record);
-        const std::size_t field = fieldIndex(held, key);
-        held.values[field] = fromApi(value);
+        const std::size_t field = fieldIndex(held, key, held.hint);
+        held.hint = static_cast<int>(field) + 1;
+        fromApi(value, held.values[field]);
         return ORVA_OK;
     });
 }
@@ -108,7 +142,7 @@ long ORVA_PBSrv_AddrRecord_GetValue(void* record, const char* key, unsigned shor
 long ORVA_PBSrv_AddrRecord_Release(void* record)
 {
     return guarded(__func__, [&] {
-        releaseHandle<RecordHandle>(record);
+        keepSpare(takeHandle<RecordHandle>(record));
         return ORVA_OK;
     });
 }

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cstring>
 
+#include "base/NumberText.h"
+
 namespace orva
 {
 
@@ -28,13 +30,24 @@ Field field(const char* key, const char* kind, const char* labelId, int maxLengt
 
 } // namespace
 
+Profile::Profile(std::vector<Field> fields) : m_fields(std::move(fields))
+{
+    for (std::size_t i = 0; i < m_fields.size(); ++i) {
+        if (isNumberField(m_fields[i]))
+            m_numbers.push_back(i);
+    }
+}
+
 int Profile::indexOf(const char* key, int hint) const
 {
+    constexpr int caseBit = 0x20;
     const int count = size();
     if (hint >= 0 && hint < count && std::strcmp(m_fields[static_cast<std::size_t>(hint)].key.c_str(), key) == 0)
         return hint;
     for (int i = 0; i < count; ++i) {
-        if (::strcasecmp(m_fields[static_cast<std::size_t>(i)].key.c_str(), key) == 0)
+        const char* const own = m_fields[static_cast<std::size_t>(i)].key.c_str();
+        // Keys are ASCII, and hardly two begin alike.
+        if (((*own ^ *key) & ~caseBit) == 0 && ::strcasecmp(own, key) == 0)
             return i;
     }
     return -1;

@@ -1,6 +1,7 @@
 #ifndef SDK_BASE_PROFILE_H
 #define SDK_BASE_PROFILE_H
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -24,10 +25,13 @@ class Profile
 {
 public:
     Profile() = default;
-    explicit Profile(std::vector<Field> fields) : m_fields(std::move(fields)) {}
+    explicit Profile(std::vector<Field> fields);
 
     const std::vector<Field>& fields() const { return m_fields; }
     int size() const { return static_cast<int>(m_fields.size()); }
+
+    // Which of them hold telephone numbers.
+    const std::vector<std::size_t>& numbers() const { return m_numbers; }
 
     // The index of a key, compared without regard to case, or -1. `hint` is tried first: readers ask for the fields in
     // order.
@@ -35,6 +39,7 @@ public:
 
 private:
     std::vector<Field> m_fields;
+    std::vector<std::size_t> m_numbers;
 };
 
 // The fields of the PC's phonebook.

@@ -14,9 +14,7 @@ namespace
 constexpr std::size_t longestText = 65536;
 constexpr char16_t replacement = 0xfffd;
 
-} // namespace
-
-std::u16string fromApi(const unsigned short* text)
+std::u16string_view viewOf(const unsigned short* text)
 {
     if (text == nullptr)
         throw Failure(ORVA_E_ARGUMENT, "null text");
@@ -25,7 +23,19 @@ std::u16string fromApi(const unsigned short* text)
         if (++length > longestText)
             throw Failure(ORVA_E_TOO_LONG, "a text is too long");
     }
-    return std::u16string(text, text + length);
+    return {reinterpret_cast<const char16_t*>(text), length};
+}
+
+} // namespace
+
+std::u16string fromApi(const unsigned short* text)
+{
+    return std::u16string(viewOf(text));
+}
+
+void fromApi(const unsigned short* text, std::u16string& into)
+{
+    into.assign(viewOf(text));
 }
 
 unsigned short* toApi(std::u16string_view text)

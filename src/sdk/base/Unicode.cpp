@@ -18,6 +18,14 @@ inline bool isAscii(const char* text)
     return (block & 0x8080808080808080U) == 0;
 }
 
+// The same, and none of them zero.
+inline bool isAsciiText(const char* text)
+{
+    std::uint64_t block = 0;
+    std::memcpy(&block, text, sizeof block);
+    return ((block | (block - 0x0101010101010101U)) & 0x8080808080808080U) == 0;
+}
+
 // What the lead octet of a sequence says: its length, and the range that the second octet must lie in (which is what
 // keeps out overlong forms, surrogates and values beyond U+10FFFF).
 struct Lead {
@@ -133,6 +141,13 @@ std::size_t toUtf16(std::string_view text, char16_t* out)
     const char* const end = from + text.size();
     while (from < end) {
         const auto c = static_cast<unsigned char>(*from);
+        if (end - from >= 8 && isAsciiText(from)) {
+            for (int i = 0; i < 8; ++i)
+                to[i] = static_cast<unsigned char>(from[i]);
+            to += 8;
+            from += 8;
+            continue;
+        }
         if (c < 0x80 && c != 0) {
             *to++ = c;
             ++from;

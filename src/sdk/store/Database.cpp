@@ -224,8 +224,10 @@ std::u16string_view Query::text(int column)
 
 std::string_view Query::octetsView(int column)
 {
-    const auto* const data = static_cast<const char*>(sqlite3_column_blob(m_statement, column));
-    return data != nullptr ? std::string_view(data, static_cast<std::size_t>(sqlite3_column_bytes(m_statement, column)))
+    // By the value, as in addText().
+    sqlite3_value* const value = sqlite3_column_value(m_statement, column);
+    const auto* const data = static_cast<const char*>(sqlite3_value_blob(value));
+    return data != nullptr ? std::string_view(data, static_cast<std::size_t>(sqlite3_value_bytes(value)))
                            : std::string_view();
 }
 

@@ -11,6 +11,7 @@
 #include <optional>
 #include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 #include "base/Files.h"
@@ -126,9 +127,11 @@ public:
     std::string syncFolderAt(const std::string& path);
     void rememberSyncFolder(const std::string& folder, const std::string& path);
 
-    // What is known of a folder's contacts: enough to tell which to look at, all of one, and the card of one; those
-    // whose record is gone; and the records that nothing is known of, with the UID that they have in another folder.
+    // What is known of a folder's contacts: enough to tell which to look at, their UIDs by their records, in the same
+    // order, all of one, and the card of one; those whose record is gone; and the records that nothing is known of,
+    // with the UID that they have in another folder.
     SyncLooks syncLooks(const std::string& folder);
+    std::vector<std::pair<int, std::string>> syncUids(const std::string& folder);
     std::optional<SyncLink> syncLink(const std::string& folder, int record);
     std::vector<int> linksWithoutRecord(const std::string& folder);
     std::string syncCard(const std::string& folder, int record);

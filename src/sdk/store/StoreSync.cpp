@@ -155,16 +155,15 @@ void Store::rememberSyncFolder(const std::string& folder, const std::string& pat
 void SyncLooks::add(const SyncLook& look)
 {
     const Head head = {look.record, static_cast<std::uint32_t>(look.file.size()),
-                       static_cast<std::uint32_t>(look.look.size()), static_cast<std::uint32_t>(look.uid.size()),
-                       look.settled};
+                       static_cast<std::uint32_t>(look.look.size()), look.settled};
     const std::size_t at = m_words.size();
     if (at + wordsOf(head) > UINT32_MAX)
         throw Failure(ORVA_E_NO_MEMORY, "the names of a folder's files");
     m_words.resize(at + wordsOf(head));
     std::memcpy(&m_words[at], &head, sizeof head);
-    char* text = reinterpret_cast<char*>(&m_words[at + headWords]);
-    for (const std::string_view part : {look.file, look.look, look.uid})
-        text = std::copy(part.begin(), part.end(), text);
+    char* const text = reinterpret_cast<char*>(m_words.data() + at + headWords);
+    look.file.copy(text, look.file.size());
+    look.look.copy(text + look.file.size(), look.look.size());
     ++m_size;
 }
 
@@ -181,12 +180,23 @@ SyncLooks Store::syncLooks(const std::string& folder)
             look.record = query.integer(0);
             look.file = query.octetsView(1);
             look.look = query.octetsView(2);
-            look.uid = query.octetsView(3);
-            look.settled = query.integer(4) == 0 && query.integer(5) == 0 && !look.look.empty() &&
-                           query.octetsView(6).find('\t') == std::string_view::npos;
+            look.settled =
+                query.integer(3) == 0 && !look.look.empty() && query.octetsView(4).find('\t') == std::string_view::npos;
             looks.add(look);
         }
         return looks;
+    });
+}
+
+std::vector<std::pair<int, std::string>> Store::syncUids(const std::string& folder)
+{
+    return reading([&] {
+        std::vector<std::pair<int, std::string>> uids;
+        Query query(*m_db, selectSyncUids);
+        query.bindOctets(1, folder);
+        while (query.step())
+            uids.emplace_back(query.integer(0), query.octets(1));
+        return uids;
     });
 }
 

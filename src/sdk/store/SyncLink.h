@@ -36,7 +36,6 @@ struct SyncLook {
     bool settled = false; // untouched, with a card, and in no group that a card of its own holds
     std::string_view file;
     std::string_view look;
-    std::string_view uid;
 };
 
 // Those of a folder, each with its texts in one place of one piece of memory, since thousands are looked at once each.
@@ -45,7 +44,7 @@ class SyncLooks
 public:
     using Place = std::uint32_t;
 
-    void reserve(std::size_t count) { m_words.reserve(count * 18); } // most need less
+    void reserve(std::size_t count) { m_words.reserve(count * 14); } // most need less
     void add(const SyncLook& look);
     std::size_t size() const { return m_size; }
 
@@ -56,10 +55,9 @@ public:
     SyncLook operator[](Place place) const
     {
         const Head head = headAt(place);
-        const char* const text = reinterpret_cast<const char*>(&m_words[place + headWords]);
+        const char* const text = reinterpret_cast<const char*>(m_words.data() + place + headWords);
         return {head.record, head.settled, std::string_view(text, head.file),
-                std::string_view(text + head.file, head.look),
-                std::string_view(text + head.file + head.look, head.uid)};
+                std::string_view(text + head.file, head.look)};
     }
 
 private:
@@ -67,14 +65,13 @@ private:
         int record;
         std::uint32_t file;
         std::uint32_t look;
-        std::uint32_t uid;
         bool settled;
     };
     static constexpr Place headWords = (sizeof(Head) + 7) / 8;
 
     static Place wordsOf(const Head& head)
     {
-        return static_cast<Place>(headWords + (std::size_t(head.file) + head.look + head.uid + 7) / 8);
+        return static_cast<Place>(headWords + (std::size_t(head.file) + head.look + 7) / 8);
     }
     Head headAt(Place place) const
     {

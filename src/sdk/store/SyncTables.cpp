@@ -22,12 +22,13 @@ void createSync(Database& db)
 
 void createSyncLooks(Database& db)
 {
-    // All columns of the query below: with the cards beside them they are ten times as many pages.
+    // All columns of the queries below: with the cards beside them they are ten times as many pages.
     db.execute("CREATE INDEX sync_links_look ON sync_links (folder, file, look, uid, touched, doubtful, grps, record)");
 }
 
-const char* const selectSyncLooks = "SELECT record, file, look, uid, touched, doubtful, grps FROM sync_links "
+const char* const selectSyncLooks = "SELECT record, file, look, touched | doubtful, grps FROM sync_links "
                                     "INDEXED BY sync_links_look WHERE folder = ?";
+const char* const selectSyncUids = "SELECT record, uid FROM sync_links INDEXED BY sync_links_look WHERE folder = ?";
 
 void requireSyncTables(Database& db)
 {

@@ -17,7 +17,8 @@ void createSync(Database& db);
 
 // What most syncs read, by itself.
 void createSyncLooks(Database& db);
-extern const char* const selectSyncLooks; // record, file, look, UID, touched, doubtful, groups of a folder
+extern const char* const selectSyncLooks; // record, file, look, whether touched or doubtful, groups of a folder
+extern const char* const selectSyncUids;  // record, UID, in the same order
 
 // SqlFailure if the tables are not as they should be.
 void requireSyncTables(Database& db);

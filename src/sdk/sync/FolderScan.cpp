@@ -158,13 +158,32 @@ bool FolderScan::takeUnread(VdirEntry& entry)
 // Who has come into a group by the group's card.
 void FolderScan::lookAtMembers()
 {
-    for (Place place = 0; place < m_looks.end(); place = m_looks.next(place)) {
-        if (!m_quietAt[place] || m_groups.of(std::string(m_looks[place].uid)).empty())
+    readUids();
+    for (const auto& [uid, place] : m_uids) {
+        if (!m_quietAt[place] || m_groups.of(uid).empty())
             continue;
         std::optional<VdirEntry> entry = m_folder.entry(std::string(m_looks[place].file));
         if (!entry || link(place) == nullptr || !takeUnread(*entry))
             m_stale = true;
     }
+}
+
+// Most syncs look for nobody by a UID.
+void FolderScan::readUids()
+{
+    if (std::exchange(m_uidsRead, true))
+        return;
+    std::unordered_map<int, Place> places;
+    for (Place place = 0; place < m_looks.end(); place = m_looks.next(place))
+        places.emplace(m_looks[place].record, place);
+    for (auto& [record, uid] : m_store.syncUids(m_identifier)) {
+        const auto known = places.find(record);
+        if (known != places.end())
+            m_uids.emplace_back(std::move(uid), known->second);
+        else
+            m_stale = true;
+    }
+    m_stale = m_stale || m_uids.size() != m_looks.size();
 }
 
 // First those whose file has kept its name, so that a copy of one does not take its place.
@@ -246,10 +265,12 @@ void FolderScan::attach(ScannedLink& link, ScannedCard card)
 
 void FolderScan::settle(Fresh& fresh)
 {
-    if (m_byUid.empty())
-        for (Place place = 0; place < m_looks.end(); place = m_looks.next(place))
-            if (!m_looks[place].uid.empty())
-                m_byUid.emplace(m_looks[place].uid, place);
+    if (m_byUid.empty()) {
+        readUids();
+        for (const auto& [uid, place] : m_uids)
+            if (!uid.empty())
+                m_byUid.emplace(uid, place);
+    }
     const auto known = fresh.card.uid.empty() ? m_byUid.end() : m_byUid.find(fresh.card.uid);
     if (known == m_byUid.end()) {
         // The next of the same UID is a copy.

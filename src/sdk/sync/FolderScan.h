@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "store/Store.h"
@@ -94,6 +95,7 @@ private:
     bool takeUnread(VdirEntry& entry);
     void look(VdirEntry entry);
     void lookAtMembers();
+    void readUids();
     void settleFresh();
     void settle(Fresh& fresh);
     bool isFor(const ScannedLink& link, const ScannedCard& card) const;
@@ -109,7 +111,9 @@ private:
     const LooksByFile m_byFile;
     std::vector<bool> m_quietAt;                     // which of the looks are
     std::unordered_map<Place, ScannedLink*> m_found; // those linked, by their places; until they are sorted
-    std::unordered_map<std::string, Place> m_byUid;  // once it is needed
+    bool m_uidsRead = false;
+    std::vector<std::pair<std::string, Place>> m_uids;
+    std::unordered_map<std::string, Place> m_byUid; // once it is needed
     std::deque<ScannedLink> m_links;
     int m_quiet = 0;
     bool m_stale = false;

@@ -10,7 +10,8 @@ namespace
 {
 
 constexpr std::size_t pieceOctets = 64U << 10;
-constexpr std::size_t keptOctets = 64; // of a line between cards that is too long to be kept
+constexpr std::size_t firstOctets = 4U << 10; // enough for most files with one card
+constexpr std::size_t keptOctets = 64;        // of a line between cards that is too long to be kept
 
 bool isBlank(std::string_view line)
 {
@@ -51,8 +52,9 @@ void CardReader::refill()
     m_lineAt -= std::min(m_lineAt, gone);
     m_cardAt -= std::min(m_cardAt, gone);
     const std::size_t before = m_text.size();
-    m_text.resize(before + pieceOctets);
-    m_in.read(m_text.data() + before, static_cast<std::streamsize>(pieceOctets));
+    const std::size_t octets = m_begun ? pieceOctets : firstOctets;
+    m_text.resize(before + octets);
+    m_in.read(m_text.data() + before, static_cast<std::streamsize>(octets));
     m_text.resize(before + static_cast<std::size_t>(m_in.gcount()));
     m_ended = !m_in;
     if (!std::exchange(m_begun, true))

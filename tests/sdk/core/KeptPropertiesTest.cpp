@@ -93,6 +93,28 @@ TEST(propertiesAreChangedAddedAndTakenAway)
     ORVA_PBSrv_AddrRecord_Release(record);
 }
 
+TEST(aNewRecordHasNothingOfOneThatWasReleased)
+{
+    useFreshFolder();
+    void* record = keeping();
+    int id = 0;
+    CHECK_EQ(ORVA_PBSrv_AddAddrRec(record, &id), ORVA_OK);
+    ORVA_PBSrv_AddrRecord_Release(record);
+    CHECK_EQ(ORVA_PBSrv_CreateAddrRecord(local, &record), ORVA_OK);
+    CHECK_EQ(keptOf(record), "");
+    unsigned short* name = nullptr;
+    CHECK_EQ(ORVA_PBSrv_AddrRecord_GetValue(record, "Name", &name), ORVA_OK);
+    CHECK_EQ(take(name), u"");
+    ORVA_PBSrv_AddrRecord_Release(record);
+    // One that stood for a stored record.
+    CHECK_EQ(ORVA_PBSrv_GetAddrRecord(id, local, &record), ORVA_OK);
+    CHECK_EQ(keptOf(record), lines);
+    ORVA_PBSrv_AddrRecord_Release(record);
+    CHECK_EQ(ORVA_PBSrv_CreateAddrRecord(local, &record), ORVA_OK);
+    CHECK_EQ(keptOf(record), "");
+    ORVA_PBSrv_AddrRecord_Release(record);
+}
+
 TEST(whatCannotBeKeptIsRefused)
 {
     useFreshFolder();

@@ -184,6 +184,18 @@ TEST(rowsThatAreNoTextAreReportedByTheirLine)
     CHECK_EQ(result.reports[2], "7: row passed over: not text");
 }
 
+TEST(aZeroIsFoundWhereverItStandsInALongText)
+{
+    const std::string name = "A name of some length";
+    for (std::size_t at = 0; at < name.size(); ++at) {
+        std::string text = "N,T\n" + name + ",1\nE,5\n";
+        text[4 + at] = '\0';
+        const Imported result = importText(text, {0, 1, -1});
+        REQUIRE(result.rows.size() == 1 && result.reports.size() == 1);
+        CHECK_EQ(result.reports[0], "2: row passed over: a zero byte");
+    }
+}
+
 TEST(brokenTextInAColumnThatNobodyWantsDoesNotMatter)
 {
     CHECK_EQ(importText("\xEF\xBB\xBFN,T,X\nAnna,1,\xFF\n", {0, 1, -1}).rows[0], "2|Anna|1|");
