@@ -261,7 +261,7 @@
     </message>
     <message>
         <source>IDS_HOST_CARE_EXPORT_KEPT</source>
-        <translation>الملف السابق محفوظ بجانبه، وبعد اسمه ‎“.~1~”‎ أو الرقم التالي الخالي.</translation>
+        <translation>الملف السابق محفوظ بجانبه، وبعد اسمه «‎.~1~‎» أو الرقم التالي الخالي.</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_CHECK_AGAIN</source>
@@ -410,30 +410,6 @@
     <message>
         <source>IDS_HOST_CARE_ERROR_VERSION</source>
         <translation>كُتب الملف بإصدار أحدث.</translation>
-    </message>
-    <message>
-        <source>IDS_HOST_CARE_FIELD_EMAIL</source>
-        <translation>البريد الإلكتروني</translation>
-    </message>
-    <message>
-        <source>IDS_HOST_CARE_FIELD_HOME</source>
-        <translation>هاتف المنزل</translation>
-    </message>
-    <message>
-        <source>IDS_HOST_CARE_FIELD_MOBILE</source>
-        <translation>الجوال</translation>
-    </message>
-    <message>
-        <source>IDS_HOST_CARE_FIELD_NAME</source>
-        <translation>الاسم</translation>
-    </message>
-    <message>
-        <source>IDS_HOST_CARE_FIELD_NOTES</source>
-        <translation>ملاحظات</translation>
-    </message>
-    <message>
-        <source>IDS_HOST_CARE_FIELD_WORK</source>
-        <translation>هاتف العمل</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_KEPT_ADD</source>
@@ -589,11 +565,11 @@
     </message>
     <message>
         <source>IDS_HOST_CARE_SYNC_CANCELLED</source>
-        <translation>أُوقفت. ستكمل المزامنة التالية ما بقي.</translation>
+        <translation>أُلغيت. ستكمل المزامنة التالية ما بقي.</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_SYNC_CHOOSE_DOTS</source>
-        <translation>اختيار...</translation>
+        <translation>اختيار…</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_SYNC_CLIENT</source>
@@ -625,7 +601,7 @@
     </message>
     <message>
         <source>IDS_HOST_CARE_SYNC_HELD</source>
-        <translation>لم تُحذف لكثرتها دفعة واحدة: %1. يحذفها الأمر "pbctl sync --force".</translation>
+        <translation>لم تُحذف لكثرتها دفعة واحدة: %1. يحذفها الأمر «pbctl sync --force».</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_SYNC_HERE</source>
@@ -661,11 +637,11 @@
     </message>
     <message>
         <source>IDS_HOST_CARE_SYNC_LEFT_LARGE</source>
-        <translation>الملف أكبر من 5 ميغابايت</translation>
+        <translation>الملف أكبر من ٥ ميغابايت</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_SYNC_LEFT_LARGE_CARD</source>
-        <translation>ستكون بطاقته أكبر من 5 ميغابايت</translation>
+        <translation>ستكون بطاقته أكبر من ٥ ميغابايت</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_SYNC_LEFT_LINK</source>
@@ -729,7 +705,7 @@
     </message>
     <message>
         <source>IDS_HOST_CARE_SYNC_TIMER</source>
-        <translation>كل 15 دقيقة</translation>
+        <translation>كل ١٥ دقيقة</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_SYNC_TIMER_FAILED</source>
@@ -881,7 +857,7 @@
     </message>
     <message>
         <source>IDS_HOST_HARDWARE_REFUSED</source>
-        <translation>تعذّر حفظ هذا الاختيار. يبدأ اسم المنفذ بـ "/dev/".</translation>
+        <translation>تعذّر حفظ هذا الاختيار. يبدأ اسم المنفذ بـ «/dev/».</translation>
     </message>
     <message>
         <source>IDS_HOST_HARDWARE_SIMULATED</source>
@@ -1505,7 +1481,7 @@
     </message>
     <message>
         <source>IDS_HOST_FINDING_PAGE</source>
-        <translation>صفحة الويب</translation>
+        <translation>عنوان الويب</translation>
     </message>
     <message>
         <source>IDS_HOST_FINDING_GROUP</source>
@@ -1517,15 +1493,15 @@
     </message>
     <message>
         <source>IDS_HOST_FINDING_PHONE</source>
-        <translation>رقم إضافي</translation>
+        <translation>رقم آخر</translation>
     </message>
     <message>
         <source>IDS_HOST_FINDING_MAIL</source>
-        <translation>عنوان بريد إضافي</translation>
+        <translation>بريد إلكتروني آخر</translation>
     </message>
     <message>
         <source>IDS_HOST_FINDING_NOTE</source>
-        <translation>ملاحظة إضافية</translation>
+        <translation>ملاحظات أخرى</translation>
     </message>
     <message>
         <source>IDS_HOST_FINDING_NAME</source>
@@ -1717,11 +1693,11 @@
     </message>
     <message>
         <source>IDS_HOST_SPEED_REAL</source>
-        <translation>10 م.ث لكل جهة اتصال</translation>
+        <translation>١٠ م.ث لكل جهة اتصال</translation>
     </message>
     <message>
         <source>IDS_HOST_SPEED_SLOW</source>
-        <translation>100 م.ث لكل جهة اتصال</translation>
+        <translation>١٠٠ م.ث لكل جهة اتصال</translation>
     </message>
     <message>
         <source>IDS_HOST_STATE_DRAFT</source>

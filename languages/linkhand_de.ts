@@ -153,7 +153,7 @@
     </message>
     <message>
         <source>IDS_HOST_FINDING_NO_GROUP</source>
-        <translation>Nicht in diese Gruppe aufgenommen: so kann sie nicht heißen</translation>
+        <translation>Nicht in diese Gruppe aufgenommen: So kann sie nicht heißen</translation>
     </message>
     <message>
         <source>IDS_HOST_FINDING_REFUSED</source>
@@ -412,30 +412,6 @@
         <translation>Die Datei wurde von einer neueren Version geschrieben.</translation>
     </message>
     <message>
-        <source>IDS_HOST_CARE_FIELD_EMAIL</source>
-        <translation>E-Mail</translation>
-    </message>
-    <message>
-        <source>IDS_HOST_CARE_FIELD_HOME</source>
-        <translation>Telefon privat</translation>
-    </message>
-    <message>
-        <source>IDS_HOST_CARE_FIELD_MOBILE</source>
-        <translation>Mobil</translation>
-    </message>
-    <message>
-        <source>IDS_HOST_CARE_FIELD_NAME</source>
-        <translation>Name</translation>
-    </message>
-    <message>
-        <source>IDS_HOST_CARE_FIELD_NOTES</source>
-        <translation>Notizen</translation>
-    </message>
-    <message>
-        <source>IDS_HOST_CARE_FIELD_WORK</source>
-        <translation>Telefon geschäftlich</translation>
-    </message>
-    <message>
         <source>IDS_HOST_CARE_KEPT_ADD</source>
         <translation>Einzelheit hinzufügen</translation>
     </message>
@@ -593,7 +569,7 @@
     </message>
     <message>
         <source>IDS_HOST_CARE_SYNC_CHOOSE_DOTS</source>
-        <translation>Auswählen...</translation>
+        <translation>Auswählen …</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_SYNC_CLIENT</source>
@@ -685,7 +661,7 @@
     </message>
     <message>
         <source>IDS_HOST_CARE_SYNC_MARKER</source>
-        <translation>Der Ordner ist nicht der des letzten Abgleichs: vielleicht ist er nicht eingehängt. Nichts wurde getan.</translation>
+        <translation>Der Ordner ist nicht der des letzten Abgleichs: Vielleicht ist er nicht eingehängt. Nichts wurde getan.</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_SYNC_NEVER</source>
@@ -713,7 +689,7 @@
     </message>
     <message>
         <source>IDS_HOST_CARE_SYNC_SECRET_THERE</source>
-        <translation>Leer: es liegt schon dort</translation>
+        <translation>Leer: Es liegt schon dort</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_SYNC_SET</source>
@@ -749,7 +725,7 @@
     </message>
     <message>
         <source>IDS_HOST_CARE_SYNC_URL_OPEN</source>
-        <translation>Das Kennwort ginge offen durchs Netz: nehmen Sie https.</translation>
+        <translation>Das Kennwort ginge offen durchs Netz: Nehmen Sie https.</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_SYNC_USER</source>
@@ -1169,7 +1145,7 @@
     </message>
     <message>
         <source>IDS_HOST_PLUGIN_FOLDER</source>
-        <translation>Andere dürfen diesen Ordner ändern; kein Plug-in wurde geladen. Nehmen Sie dieses Recht weg (chmod go-w), wenn Sie dem Inhalt vertrauen.</translation>
+        <translation>Andere dürfen diesen Ordner ändern; kein Plug-in wurde geladen. Entziehen Sie dieses Recht (chmod go-w), wenn Sie dem Inhalt vertrauen.</translation>
     </message>
     <message>
         <source>IDS_HOST_PLUGIN_INIT</source>
@@ -1333,7 +1309,7 @@
     </message>
     <message>
         <source>IDS_HOST_FINDINGS</source>
-        <translation>Vom Import nicht übernommen</translation>
+        <translation>Beim Import übrig</translation>
     </message>
     <message>
         <source>IDS_HOST_FINDINGS_COUNT</source>
@@ -1493,7 +1469,7 @@
     </message>
     <message>
         <source>IDS_HOST_FINDING_ADDRESS</source>
-        <translation>Anschrift</translation>
+        <translation>Adresse</translation>
     </message>
     <message>
         <source>IDS_HOST_FINDING_COMPANY</source>
@@ -1505,7 +1481,7 @@
     </message>
     <message>
         <source>IDS_HOST_FINDING_PAGE</source>
-        <translation>Webseite</translation>
+        <translation>Webadresse</translation>
     </message>
     <message>
         <source>IDS_HOST_FINDING_GROUP</source>
@@ -1521,11 +1497,11 @@
     </message>
     <message>
         <source>IDS_HOST_FINDING_MAIL</source>
-        <translation>Weitere E-Mail-Adresse</translation>
+        <translation>Weitere E-Mail</translation>
     </message>
     <message>
         <source>IDS_HOST_FINDING_NOTE</source>
-        <translation>Weitere Notiz</translation>
+        <translation>Weitere Notizen</translation>
     </message>
     <message>
         <source>IDS_HOST_FINDING_NAME</source>
@@ -1577,7 +1553,7 @@
     </message>
     <message>
         <source>IDS_HOST_OPEN_ALREADY</source>
-        <translation>Linkhand wurde noch einmal gestartet: dies ist sein Fenster</translation>
+        <translation>Linkhand wurde noch einmal gestartet: Dies ist sein Fenster</translation>
     </message>
     <message>
         <source>IDS_HOST_OPEN_CODE</source>
@@ -1589,7 +1565,7 @@
     </message>
     <message>
         <source>IDS_HOST_OPEN_NO_PLUGIN</source>
-        <translation>Das lässt sich nicht öffnen: das Plug-in dafür fehlt</translation>
+        <translation>Das lässt sich nicht öffnen: Das Plug-in dafür fehlt</translation>
     </message>
     <message>
         <source>IDS_HOST_OPEN_REFUSED</source>
@@ -1601,7 +1577,7 @@
     </message>
     <message>
         <source>IDS_HOST_CONTACT_GONE</source>
-        <translation>Diesen Kontakt gibt es nicht mehr: ein anderes Programm hat ihn gelöscht</translation>
+        <translation>Diesen Kontakt gibt es nicht mehr: Ein anderes Programm hat ihn gelöscht</translation>
     </message>
     <message>
         <source>IDS_HOST_PROBLEMS_COUNT</source>
@@ -1641,7 +1617,7 @@
     </message>
     <message>
         <source>IDS_HOST_PROBLEM_NO_SPACE</source>
-        <translation>Die Festplatte ist voll. Ihre Kontakte sind sicher und lesbar; Änderungen lassen sich wieder speichern, sobald Platz ist.</translation>
+        <translation>Der Datenträger ist voll. Ihre Kontakte sind sicher und lesbar; Änderungen lassen sich wieder speichern, sobald Platz ist.</translation>
     </message>
     <message>
         <source>IDS_HOST_PROBLEM_OUTBOX</source>

@@ -412,30 +412,6 @@
         <translation>The file was written by a newer release.</translation>
     </message>
     <message>
-        <source>IDS_HOST_CARE_FIELD_EMAIL</source>
-        <translation>E-mail</translation>
-    </message>
-    <message>
-        <source>IDS_HOST_CARE_FIELD_HOME</source>
-        <translation>Home phone</translation>
-    </message>
-    <message>
-        <source>IDS_HOST_CARE_FIELD_MOBILE</source>
-        <translation>Mobile</translation>
-    </message>
-    <message>
-        <source>IDS_HOST_CARE_FIELD_NAME</source>
-        <translation>Name</translation>
-    </message>
-    <message>
-        <source>IDS_HOST_CARE_FIELD_NOTES</source>
-        <translation>Notes</translation>
-    </message>
-    <message>
-        <source>IDS_HOST_CARE_FIELD_WORK</source>
-        <translation>Work phone</translation>
-    </message>
-    <message>
         <source>IDS_HOST_CARE_KEPT_ADD</source>
         <translation>Add a detail</translation>
     </message>
@@ -589,15 +565,15 @@
     </message>
     <message>
         <source>IDS_HOST_CARE_SYNC_CANCELLED</source>
-        <translation>Stopped. The next sync makes up for it.</translation>
+        <translation>Cancelled. The next sync makes up for it.</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_SYNC_CHOOSE_DOTS</source>
-        <translation>Choose...</translation>
+        <translation>Choose…</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_SYNC_CLIENT</source>
-        <translation>The server's client (vdirsyncer) has failed:</translation>
+        <translation>The server’s client (vdirsyncer) has failed:</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_SYNC_CLIENT_NOT</source>
@@ -625,7 +601,7 @@
     </message>
     <message>
         <source>IDS_HOST_CARE_SYNC_HELD</source>
-        <translation>Not deleted, since they are so many at once: %1. "pbctl sync --force" deletes them.</translation>
+        <translation>Not deleted, since they are so many at once: %1. “pbctl sync --force” deletes them.</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_SYNC_HERE</source>
@@ -881,7 +857,7 @@
     </message>
     <message>
         <source>IDS_HOST_HARDWARE_REFUSED</source>
-        <translation>This choice could not be kept. A port begins with "/dev/".</translation>
+        <translation>This choice could not be kept. A port begins with “/dev/”.</translation>
     </message>
     <message>
         <source>IDS_HOST_HARDWARE_SIMULATED</source>
@@ -1505,7 +1481,7 @@
     </message>
     <message>
         <source>IDS_HOST_FINDING_PAGE</source>
-        <translation>Web page</translation>
+        <translation>Web address</translation>
     </message>
     <message>
         <source>IDS_HOST_FINDING_GROUP</source>
@@ -1521,11 +1497,11 @@
     </message>
     <message>
         <source>IDS_HOST_FINDING_MAIL</source>
-        <translation>Further e-mail address</translation>
+        <translation>Further e-mail</translation>
     </message>
     <message>
         <source>IDS_HOST_FINDING_NOTE</source>
-        <translation>Further note</translation>
+        <translation>Further notes</translation>
     </message>
     <message>
         <source>IDS_HOST_FINDING_NAME</source>
@@ -2694,11 +2670,11 @@ That does not mean that they are gone.</translation>
     <name>NotifyPlugin</name>
     <message>
         <source>IDS_CARD_CAME</source>
-        <translation>The card's phonebook is there</translation>
+        <translation>The card’s phonebook is there</translation>
     </message>
     <message>
         <source>IDS_CARD_WENT</source>
-        <translation>The card's phonebook has gone</translation>
+        <translation>The card’s phonebook has gone</translation>
     </message>
     <message>
         <source>IDS_CONTACT_ADDED</source>
@@ -2714,11 +2690,11 @@ That does not mean that they are gone.</translation>
     </message>
     <message>
         <source>IDS_DEVICE_CAME</source>
-        <translation>The device's phonebook is there</translation>
+        <translation>The device’s phonebook is there</translation>
     </message>
     <message>
         <source>IDS_DEVICE_WENT</source>
-        <translation>The device's phonebook has gone</translation>
+        <translation>The device’s phonebook has gone</translation>
     </message>
     <message>
         <source>IDS_NAMED_ADDED</source>

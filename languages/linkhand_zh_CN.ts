@@ -412,30 +412,6 @@
         <translation>文件由较新的版本写入。</translation>
     </message>
     <message>
-        <source>IDS_HOST_CARE_FIELD_EMAIL</source>
-        <translation>电子邮件</translation>
-    </message>
-    <message>
-        <source>IDS_HOST_CARE_FIELD_HOME</source>
-        <translation>住宅电话</translation>
-    </message>
-    <message>
-        <source>IDS_HOST_CARE_FIELD_MOBILE</source>
-        <translation>手机</translation>
-    </message>
-    <message>
-        <source>IDS_HOST_CARE_FIELD_NAME</source>
-        <translation>姓名</translation>
-    </message>
-    <message>
-        <source>IDS_HOST_CARE_FIELD_NOTES</source>
-        <translation>备注</translation>
-    </message>
-    <message>
-        <source>IDS_HOST_CARE_FIELD_WORK</source>
-        <translation>办公电话</translation>
-    </message>
-    <message>
         <source>IDS_HOST_CARE_KEPT_ADD</source>
         <translation>添加资料</translation>
     </message>
@@ -589,11 +565,11 @@
     </message>
     <message>
         <source>IDS_HOST_CARE_SYNC_CANCELLED</source>
-        <translation>已停止。下次同步会补上。</translation>
+        <translation>已取消。下次同步会补上。</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_SYNC_CHOOSE_DOTS</source>
-        <translation>选择...</translation>
+        <translation>选择…</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_SYNC_CLIENT</source>
@@ -1505,7 +1481,7 @@
     </message>
     <message>
         <source>IDS_HOST_FINDING_PAGE</source>
-        <translation>网页</translation>
+        <translation>网址</translation>
     </message>
     <message>
         <source>IDS_HOST_FINDING_GROUP</source>
@@ -1521,7 +1497,7 @@
     </message>
     <message>
         <source>IDS_HOST_FINDING_MAIL</source>
-        <translation>其他电子邮件地址</translation>
+        <translation>其他电子邮件</translation>
     </message>
     <message>
         <source>IDS_HOST_FINDING_NOTE</source>

@@ -136,6 +136,9 @@ private:
             pScroll->setWidgetResizable(true);
             pScroll->setWidget(pContent);
             pLayout->addWidget(pScroll);
+            pScroll->show();
+            // The layout still holds the dialog at what the content needed in it.
+            pLayout->activate();
         }
         // A scroll bar takes its room from the other direction.
         const int iBar = m_dialog.style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, &m_dialog);

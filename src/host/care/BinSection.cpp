@@ -74,7 +74,7 @@ void BinSection::Retranslate()
     m_pTable->setAccessibleName(Title());
     m_pTable->SetTitles(
         QStringList() << HostText::Get("IDS_HOST_CARE_COLUMN_WHEN") << HostText::Get("IDS_HOST_CARE_COLUMN_WHAT")
-                      << HostText::Get("IDS_HOST_CARE_FIELD_NAME") << HostText::Get("IDS_HOST_CARE_COLUMN_NUMBER")
+                      << HostText::Get("IDS_HOST_FIELD_NAME") << HostText::Get("IDS_HOST_CARE_COLUMN_NUMBER")
                       << HostText::Get("IDS_HOST_CARE_COLUMN_GROUPS"));
     m_pTable->SetEmptyText(HostText::Get("IDS_HOST_CARE_BIN_NONE"));
     const QString strDeleted = HostText::Get("IDS_HOST_CARE_BIN_DELETED");

@@ -15,9 +15,8 @@ const struct {
     const char* pszKey;
     const char* pszTitleId;
 } FIELDS[] = {
-    {"Name", "IDS_HOST_CARE_FIELD_NAME"},        {"Mobile", "IDS_HOST_CARE_FIELD_MOBILE"},
-    {"officePhone", "IDS_HOST_CARE_FIELD_WORK"}, {"homePhone", "IDS_HOST_CARE_FIELD_HOME"},
-    {"email", "IDS_HOST_CARE_FIELD_EMAIL"},      {"remark", "IDS_HOST_CARE_FIELD_NOTES"},
+    {"Name", "IDS_HOST_FIELD_NAME"},      {"Mobile", "IDS_HOST_FIELD_MOBILE"}, {"officePhone", "IDS_HOST_FIELD_OFFICE"},
+    {"homePhone", "IDS_HOST_FIELD_HOME"}, {"email", "IDS_HOST_FIELD_EMAIL"},   {"remark", "IDS_HOST_FIELD_NOTES"},
 };
 
 } // namespace

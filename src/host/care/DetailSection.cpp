@@ -103,7 +103,7 @@ void DetailSection::Retranslate()
     m_pEdit->setText(HostText::Get("IDS_HOST_CARE_KEPT_EDIT_DOTS"));
     m_pRemove->setText(HostText::Get("IDS_HOST_CARE_KEPT_REMOVE"));
     m_pContacts->setAccessibleName(HostText::Get("IDS_HOST_CARE_COLUMN_CONTACTS"));
-    m_pContacts->SetTitles(QStringList() << HostText::Get("IDS_HOST_CARE_FIELD_NAME")
+    m_pContacts->SetTitles(QStringList() << HostText::Get("IDS_HOST_FIELD_NAME")
                                          << HostText::Get("IDS_HOST_CARE_COLUMN_NUMBER"));
     m_pContacts->SizeColumns(QStringList(QString(20, QLatin1Char('n'))));
     m_pContacts->SetEmptyText(HostText::Get("IDS_HOST_CARE_BIN_NONE"));

@@ -21,7 +21,7 @@ QString outcomeText(int iOutcome)
 
 QStringList ImportText::Titles()
 {
-    return QStringList() << HostText::Get("IDS_HOST_CARE_FIELD_NAME") << HostText::Get("IDS_HOST_CARE_COLUMN_NUMBER")
+    return QStringList() << HostText::Get("IDS_HOST_FIELD_NAME") << HostText::Get("IDS_HOST_CARE_COLUMN_NUMBER")
                          << HostText::Get("IDS_HOST_CARE_IMPORT_OUTCOME");
 }
 

@@ -3,6 +3,7 @@
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QLocale>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -73,7 +74,8 @@ QString KeptText::Title(const QString& strHead)
 QString KeptText::Value(const KeptProperty& property)
 {
     if (property.bOctets) {
-        return HostText::Get("IDS_HOST_CARE_KEPT_OCTETS").arg((property.strValue.length() * 3 / 4 + 1023) / 1024);
+        const int iKilobytes = int(property.strValue.length() * 3 / 4 + 1023) / 1024;
+        return HostText::Get("IDS_HOST_CARE_KEPT_OCTETS").arg(QLocale().toString(iKilobytes));
     }
     QStringList lstLines = property.strValue.split(QLatin1Char('\n'));
     lstLines.removeAll(QString());

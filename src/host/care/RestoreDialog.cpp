@@ -54,7 +54,7 @@ RestoreDialog::RestoreDialog(const Backup& backup, const QList<RestoreChange>& l
     CareTable* pList = new CareTable("linkhand_Restore_list", 2, pContent);
     pList->setSelectionMode(QAbstractItemView::SingleSelection);
     pList->SetTitles(QStringList() << HostText::Get("IDS_HOST_CARE_RESTORE_COLUMN")
-                                   << HostText::Get("IDS_HOST_CARE_FIELD_NAME"));
+                                   << HostText::Get("IDS_HOST_FIELD_NAME"));
     pList->SetRows(rowsOf(listChanges, strHead));
     pList->setAccessibleName(HostText::Get("IDS_HOST_CARE_RESTORE_COLUMN"));
     QLabel* pHead = new QLabel(strHead, pContent);

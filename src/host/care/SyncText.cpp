@@ -1,5 +1,6 @@
 #include "care/SyncText.h"
 
+#include <QLocale>
 #include <QStringList>
 
 #include "care/CareText.h"
@@ -26,7 +27,9 @@ QString foreign(const QString& strText)
 
 QString counts(const char* pszId, const int* piCounts)
 {
-    return HostText::Get(pszId).arg(piCounts[0]).arg(piCounts[1]).arg(piCounts[2]);
+    const QLocale locale;
+    return HostText::Get(pszId).arg(locale.toString(piCounts[0]), locale.toString(piCounts[1]),
+                                    locale.toString(piCounts[2]));
 }
 
 QString fieldsOf(const QString& strKeys)
@@ -122,7 +125,7 @@ QString SyncText::Html(const SyncOutcome& outcome, bool bSetUp)
     strHtml += paragraph(counts("IDS_HOST_CARE_SYNC_HERE", outcome.aiHere) + QLatin1Char('\n') +
                          counts("IDS_HOST_CARE_SYNC_THERE", outcome.aiThere));
     if (outcome.iHeld > 0) {
-        strHtml += paragraph(HostText::Get("IDS_HOST_CARE_SYNC_HELD").arg(outcome.iHeld));
+        strHtml += paragraph(HostText::Get("IDS_HOST_CARE_SYNC_HELD").arg(QLocale().toString(outcome.iHeld)));
     }
     foreach (const SyncNote& note, outcome.listNotes) {
         strHtml += paragraph(noteText(note));

@@ -1,5 +1,7 @@
 #include "text/Problem.h"
 
+#include <QLocale>
+
 #include "text/HostText.h"
 
 bool Problem::IsGrave() const
@@ -17,5 +19,11 @@ bool Problem::IsGrave() const
 QString Problem::Reason() const
 {
     const QString strText = HostText::Get(strReasonId);
-    return strText.contains(QLatin1String("%1")) ? strText.arg(strDetail) : strText;
+    if (!strText.contains(QLatin1String("%1"))) {
+        return strText;
+    }
+    bool bNumber = false;
+    const int iCount = strDetail.toInt(&bNumber);
+    return strText.arg(bNumber && strReasonId == QLatin1String("IDS_HOST_PROBLEM_LOSS") ? QLocale().toString(iCount)
+                                                                                        : strDetail);
 }

@@ -1,5 +1,7 @@
 #include "window/CopyOffer.h"
 
+#include <QLocale>
+
 #include "device/SimulatedContacts.h"
 #include "linkhand/core/CommonUtils.h"
 #include "text/HostText.h"
@@ -23,8 +25,9 @@ bool CopyOffer::Settle(QWidget* pParent)
     if (iMissing == 0) {
         return true;
     }
-    const int iAnswer = show(QMessageBox::Question, pParent, HostText::Get("IDS_HOST_COPY_OFFER").arg(iMissing),
-                             "IDS_HOST_COPY_TO_PC", "IDS_HOST_COPY_NOT", "IDS_CANCEL");
+    const int iAnswer =
+        show(QMessageBox::Question, pParent, HostText::Get("IDS_HOST_COPY_OFFER").arg(QLocale().toString(iMissing)),
+             "IDS_HOST_COPY_TO_PC", "IDS_HOST_COPY_NOT", "IDS_CANCEL");
     if (iAnswer == QMessageBox::No) {
         return true;
     }

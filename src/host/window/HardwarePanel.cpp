@@ -3,6 +3,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QLocale>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -33,7 +34,8 @@ QString stateText(const ModemStatus& status)
     if (status.bRegistered) {
         strText += QLatin1Char('\n') + HostText::Get("IDS_HOST_MODEM_NETWORK").arg(status.strOperator);
         if (status.iSignal >= 0) {
-            strText += QLatin1Char('\n') + HostText::Get("IDS_HOST_MODEM_SIGNAL").arg(status.iSignal);
+            strText +=
+                QLatin1Char('\n') + HostText::Get("IDS_HOST_MODEM_SIGNAL").arg(QLocale().toString(status.iSignal));
         }
     }
     if (status.bEnabled && !status.bMessages) {
@@ -93,6 +95,13 @@ void HardwarePanel::Retranslate()
     m_pChoice->setToolTip(HostText::Get("IDS_HOST_HARDWARE_TIP"));
     showChoice();
     OnStatusChanged();
+}
+
+void HardwarePanel::KeepToContent()
+{
+    m_pChoice->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    layout()->setAlignment(m_pChoice, Qt::AlignLeft);
+    layout()->setAlignment(m_pEnable, Qt::AlignLeft);
 }
 
 void HardwarePanel::SetChoice(const QString& strChoice)

@@ -19,6 +19,9 @@ public:
 
     void Retranslate();
 
+    // Makes box and button as wide as what is in them, for a place that is much wider.
+    void KeepToContent();
+
 public slots:
     // Another panel has kept it.
     void SetChoice(const QString& strChoice);

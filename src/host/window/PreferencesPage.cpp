@@ -116,6 +116,7 @@ void PreferencesPage::addRest(QVBoxLayout* pLayout, Modem* pModem)
 {
     QFormLayout* const pHardware = addSection(pLayout, "IDS_HOST_PREFS_HARDWARE");
     m_pHardware = new HardwarePanel(pModem, this);
+    m_pHardware->KeepToContent();
     // The device panel has one, too.
     foreach (QWidget* pWidget, m_pHardware->findChildren<QWidget*>()) {
         if (pWidget->objectName().startsWith(QLatin1String("linkhand_HardwarePanel"))) {

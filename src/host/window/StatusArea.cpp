@@ -98,7 +98,7 @@ StatusArea::StatusArea(QWidget* pParent)
 
 void StatusArea::ShowNotice(const QString& strText, const QString& strAbout)
 {
-    m_lstNotices.prepend(QTime::currentTime().toString(QLatin1String("hh:mm:ss  ")) + strText);
+    m_lstNotices.prepend(QLocale().toString(QTime::currentTime(), QLatin1String("hh:mm:ss  ")) + strText);
     if (m_lstNotices.size() > KEPT_NOTICES) {
         m_lstNotices.removeLast();
     }
@@ -219,7 +219,8 @@ QString StatusArea::networkText() const
     }
     const QString strOperator =
         m_modem.strOperator.isEmpty() ? HostText::Get("IDS_HOST_STATUS_ONLINE") : m_modem.strOperator;
-    return m_modem.iSignal < 0 ? strOperator : QString::fromLatin1("%1, %2 %").arg(strOperator).arg(m_modem.iSignal);
+    return m_modem.iSignal < 0 ? strOperator
+                               : QString::fromLatin1("%1, %2 %").arg(strOperator, QLocale().toString(m_modem.iSignal));
 }
 
 void StatusArea::SetProblems(const ProblemList& problems)

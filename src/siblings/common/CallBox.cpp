@@ -2,7 +2,9 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QLocale>
 #include <QPushButton>
+#include <QTime>
 #include <QVBoxLayout>
 
 #include "linkhand/core/Change.h"
@@ -121,7 +123,8 @@ void CallBox::Retranslate()
 
 QString CallBox::DurationText(int iSeconds)
 {
-    return QString::fromLatin1("%1:%2").arg(iSeconds / 60).arg(iSeconds % 60, 2, 10, QLatin1Char('0'));
+    const QLocale locale;
+    return locale.toString(iSeconds / 60) + locale.toString(QTime(0, 0, iSeconds % 60), QLatin1String(":ss"));
 }
 
 void CallBox::OnContactsRead()

@@ -168,7 +168,7 @@ void TestDesktopHost::detachingTheDeviceTakesItsNodesAway()
     QVERIFY(m_pHost->Click("linkhand_DevicePanel_device"));
     QTRY_COMPARE(nodeText("SIM"), QStringLiteral("SIM card(12/250)"));
     QTRY_COMPARE(nodeText("Device"), QStringLiteral("Device(7/500)"));
-    QTRY_COMPARE(m_pHost->Text("linkhand_StatusArea_notice"), QStringLiteral("The device's phonebook is there"));
+    QTRY_COMPARE(m_pHost->Text("linkhand_StatusArea_notice"), QString::fromUtf8("The device’s phonebook is there"));
 }
 
 void TestDesktopHost::removingTheCardTakesItsNodeAway()

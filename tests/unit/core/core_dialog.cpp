@@ -1,13 +1,48 @@
 #include <QLabel>
 #include <QLayout>
+#include <QPushButton>
 #include <QScopedPointer>
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSignalSpy>
+#include <QTextEdit>
+#include <QVBoxLayout>
 #include <QtTest>
 
 #include "linkhand/core/ExtendDialog.h"
+
+namespace
+{
+
+QRect screenOf()
+{
+    return QGuiApplication::primaryScreen()->availableGeometry();
+}
+
+// A form as the program's own: something that can grow, and a button below it.
+class Form : public QWidget
+{
+public:
+    Form() : m_pText(new QTextEdit(this)), m_pClose(new QPushButton(QStringLiteral("Close"), this))
+    {
+        QVBoxLayout* pLayout = new QVBoxLayout(this);
+        m_pText->setTabChangesFocus(true);
+        pLayout->addWidget(m_pText);
+        pLayout->addWidget(m_pClose);
+    }
+
+    bool IsCloseSeen() const
+    {
+        return m_pClose->visibleRegion().boundingRect() == m_pClose->rect() &&
+               window()->rect().contains(QRect(m_pClose->mapTo(window(), QPoint()), m_pClose->size()));
+    }
+
+    QTextEdit* m_pText;
+    QPushButton* m_pClose;
+};
+
+} // namespace
 
 class CoreDialog : public QObject
 {
@@ -22,7 +57,14 @@ private slots:
     void isAWindowOfItsParent();
     void holdsOnePointerBesideItsBase();
     void aFixedSizeThatTheScreenLacksIsScrolled();
+    void aFixedFormKeepsItsMargins();
+    void aSmallestSizeThatTheScreenLacksIsAWish_data();
+    void aSmallestSizeThatTheScreenLacksIsAWish();
+    void whatNeedsMoreThanTheScreenHasIsScrolled();
+    void aDialogComesUpWhereItsTitleIsSeen_data();
+    void aDialogComesUpWhereItsTitleIsSeen();
     void theFrameHasRoomForItsContent();
+    void linesThatBreakAreAllSeen();
 };
 
 void CoreDialog::contentFillsTheFrame()
@@ -117,7 +159,7 @@ void CoreDialog::holdsOnePointerBesideItsBase()
 
 void CoreDialog::aFixedSizeThatTheScreenLacksIsScrolled()
 {
-    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+    const QRect screen = screenOf();
     ExtendDialog dialog(nullptr, Qt::WindowFlags(), WIDGET_TYPE_PLAIN);
     QWidget* pContent = new QWidget;
     dialog.AddMainWidget(pContent);
@@ -138,6 +180,106 @@ void CoreDialog::aFixedSizeThatTheScreenLacksIsScrolled()
     QVERIFY(pFirst->parentWidget() == nullptr);
 }
 
+void CoreDialog::aFixedFormKeepsItsMargins()
+{
+    ExtendDialog dialog(nullptr, Qt::WindowFlags(), WIDGET_TYPE_DIALOG);
+    QWidget* pContent = new QWidget;
+    dialog.AddMainWidget(pContent);
+    dialog.setFixedSize(300, screenOf().height() + 100);
+    dialog.show();
+    QTRY_COMPARE(pContent->size(), QSize(300 - 12, screenOf().height() + 100 - 12));
+}
+
+void CoreDialog::aSmallestSizeThatTheScreenLacksIsAWish_data()
+{
+    QTest::addColumn<QSize>("dialogs");
+    QTest::addColumn<QSize>("contents");
+    const QSize more = screenOf().size() + QSize(200, 100);
+    QTest::newRow("the dialog's") << more << QSize();
+    QTest::newRow("the content's") << QSize() << more;
+    QTest::newRow("both") << more << more;
+    QTest::newRow("too high") << QSize(300, more.height()) << QSize();
+    QTest::newRow("too wide") << QSize() << QSize(more.width(), 200);
+}
+
+// A form that can do with less is made smaller, and nobody has to scroll to its button.
+void CoreDialog::aSmallestSizeThatTheScreenLacksIsAWish()
+{
+    QFETCH(QSize, dialogs);
+    QFETCH(QSize, contents);
+    ExtendDialog dialog(nullptr, Qt::WindowFlags(), WIDGET_TYPE_DIALOG);
+    Form* pForm = new Form;
+    if (contents.isValid()) {
+        pForm->setMinimumSize(contents);
+    }
+    dialog.AddMainWidget(pForm);
+    if (dialogs.isValid()) {
+        dialog.setMinimumSize(dialogs);
+    }
+    // Also when it comes up once more.
+    for (int i = 0; i < 2; ++i) {
+        dialog.show();
+        QTRY_VERIFY(screenOf().contains(dialog.frameGeometry()));
+        QTRY_VERIFY(pForm->IsCloseSeen());
+        QCOMPARE(pForm->parentWidget(), static_cast<QWidget*>(&dialog));
+        dialog.hide();
+    }
+}
+
+// The keys bring the button into sight.
+void CoreDialog::whatNeedsMoreThanTheScreenHasIsScrolled()
+{
+    ExtendDialog dialog(nullptr, Qt::WindowFlags(), WIDGET_TYPE_DIALOG);
+    Form* pForm = new Form;
+    pForm->m_pText->setFixedHeight(screenOf().height() + 200);
+    dialog.AddMainWidget(pForm);
+    dialog.show();
+    QTRY_VERIFY(screenOf().contains(dialog.frameGeometry()));
+    QVERIFY(QTest::qWaitForWindowActive(&dialog));
+    pForm->m_pText->setFocus();
+    QTest::keyClick(pForm->m_pText, Qt::Key_Tab);
+    QVERIFY(pForm->m_pClose->hasFocus());
+    QTRY_VERIFY(pForm->IsCloseSeen());
+    const QScrollArea* pScroll = dialog.findChild<QScrollArea*>();
+    QVERIFY(pScroll->verticalScrollBar()->isVisible());
+    QVERIFY(!pScroll->horizontalScrollBar()->isVisible());
+    // Also when it comes up once more.
+    dialog.hide();
+    dialog.show();
+    QTRY_VERIFY(screenOf().contains(dialog.frameGeometry()));
+    QCOMPARE(dialog.findChild<QScrollArea*>(), pScroll);
+    QVERIFY(pScroll->isAncestorOf(pForm));
+}
+
+void CoreDialog::aDialogComesUpWhereItsTitleIsSeen_data()
+{
+    QTest::addColumn<QPoint>("place");
+    QTest::newRow("above") << screenOf().topLeft() - QPoint(0, 100);
+    QTest::newRow("left") << screenOf().topLeft() - QPoint(100, 0);
+    QTest::newRow("below") << screenOf().bottomRight() - QPoint(300, 50);
+    QTest::newRow("right") << screenOf().bottomRight() - QPoint(50, 300);
+}
+
+void CoreDialog::aDialogComesUpWhereItsTitleIsSeen()
+{
+    QFETCH(QPoint, place);
+    ExtendDialog dialog(nullptr, Qt::WindowFlags(), WIDGET_TYPE_DIALOG);
+    dialog.AddMainWidget(new QLabel("content"));
+    dialog.resize(200, 100);
+    dialog.move(place);
+    dialog.show();
+    // With room for a title above it.
+    QTRY_VERIFY(screenOf().adjusted(1, 10, -1, -1).contains(dialog.geometry()));
+    QCOMPARE(dialog.size(), QSize(200, 100));
+
+    ExtendDialog fine(nullptr, Qt::WindowFlags(), WIDGET_TYPE_DIALOG);
+    fine.AddMainWidget(new QLabel("content"));
+    fine.resize(200, 100);
+    fine.move(screenOf().topLeft() + QPoint(100, 80));
+    fine.show();
+    QCOMPARE(fine.pos(), screenOf().topLeft() + QPoint(100, 80));
+}
+
 void CoreDialog::theFrameHasRoomForItsContent()
 {
     ExtendDialog dialog(nullptr, Qt::WindowFlags(), WIDGET_TYPE_DIALOG);
@@ -148,6 +290,19 @@ void CoreDialog::theFrameHasRoomForItsContent()
     dialog.show();
     QTRY_VERIFY(pContent->width() >= pContent->sizeHint().width());
     QVERIFY(pContent->height() >= pContent->sizeHint().height());
+}
+
+// As wide as it was made; the lines decide about the height.
+void CoreDialog::linesThatBreakAreAllSeen()
+{
+    ExtendDialog dialog(nullptr, Qt::WindowFlags(), WIDGET_TYPE_DIALOG);
+    QLabel* pContent = new QLabel(QStringLiteral("A text of some words. ").repeated(10));
+    pContent->setWordWrap(true);
+    dialog.AddMainWidget(pContent);
+    dialog.resize(400, 20);
+    dialog.show();
+    QTRY_VERIFY(pContent->height() >= pContent->heightForWidth(pContent->width()));
+    QCOMPARE(dialog.width(), 400);
 }
 
 QTEST_MAIN(CoreDialog)

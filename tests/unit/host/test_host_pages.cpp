@@ -1,7 +1,10 @@
 #include <QAction>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
 #include <QMenu>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTextBrowser>
 #include <QTimer>
 #include <QToolButton>
@@ -10,6 +13,7 @@
 #include "WindowSetup.h"
 #include "linkhand/QtCompat.h"
 #include "orva/orva_sdk.h"
+#include "window/NavBar.h"
 #include "window/ProblemsDialog.h"
 #include "window/StatusArea.h"
 #include "window/StyleSheet.h"
@@ -29,6 +33,9 @@ private slots:
     void thePanelKeepsItsChoicesWhenTheLanguageChanges();
     void theOtherSystemModeHasTheOtherCard();
     void withoutADeviceThereIsNeitherCardNorNetwork();
+    void theSideBarHasItsWordsBackInAWiderWindow();
+    void thePanelHasRoomForItsScrollBar();
+    void thePanelIsAsWideAsItsLongestWord();
     void aPastNoticeKeepsItsOwnDirectionAndItsAmpersand();
     void aPhonebookThatCannotBeReadIsNotCalledEmpty();
     void marksInAProblemAreText();
@@ -143,6 +150,46 @@ void TestHostPages::withoutADeviceThereIsNeitherCardNorNetwork()
     SimulatedHardware::SetDevice(true);
     QTRY_VERIFY(pCard->isVisible());
     QVERIFY(pNetwork->isVisible());
+}
+
+void TestHostPages::theSideBarHasItsWordsBackInAWiderWindow()
+{
+    build(QStringList("AddrBookStandIn"));
+    NavBar* pBar = find<NavBar>("linkhand_NavBar");
+    const NavButton* pButton = find<NavButton>("linkhand_NavBar_AddrBookUIPlugin");
+    pBar->SetPageText(0, QStringLiteral("A longer word"));
+    const int iWidth = 4 * pButton->SizeIn(NavButton::CLOSE).width();
+    m_pWindow->setMinimumSize(100, 100);
+    m_pWindow->resize(iWidth - 1, 740);
+    QTRY_VERIFY(pButton->IsPicture());
+    m_pWindow->resize(iWidth, 740);
+    QTRY_VERIFY(!pButton->IsPicture());
+}
+
+void TestHostPages::thePanelHasRoomForItsScrollBar()
+{
+    build(QStringList());
+    m_pWindow->SetDevicePanelShown(true);
+    const QScrollArea* pView = find<QWidget>("linkhand_DevicePanel")->findChild<QScrollArea*>();
+    m_pWindow->setMinimumSize(100, 100);
+    m_pWindow->resize(1120, 300);
+    QTRY_VERIFY(pView->verticalScrollBar()->isVisible());
+    QTRY_VERIFY(!pView->horizontalScrollBar()->isVisible());
+    const int iWidth = pView->width();
+    m_pWindow->resize(1120, 1200);
+    QTRY_VERIFY(!pView->verticalScrollBar()->isVisible());
+    QTRY_VERIFY(pView->width() < iWidth);
+}
+
+void TestHostPages::thePanelIsAsWideAsItsLongestWord()
+{
+    build(QStringList());
+    m_pWindow->SetDevicePanelShown(true);
+    QCheckBox* pNetwork = find<QCheckBox>("linkhand_DevicePanel_network");
+    pNetwork->setText(QStringLiteral("A word of another language that is longer by far"));
+    m_pWindow->resize(1120, 1000);
+    QTRY_VERIFY(find<QWidget>("linkhand_DevicePanel")->width() > pNetwork->sizeHint().width());
+    QTRY_VERIFY(pNetwork->width() >= pNetwork->sizeHint().width());
 }
 
 void TestHostPages::aPastNoticeKeepsItsOwnDirectionAndItsAmpersand()

@@ -1,10 +1,12 @@
 // Where the window comes up.
 
+#include <QFileDialog>
 #include <QGuiApplication>
 #include <QScreen>
 #include <QWidget>
 #include <QtTest>
 
+#include "window/DialogPlace.h"
 #include "window/ScreenWatch.h"
 #include "window/WindowPlace.h"
 
@@ -19,8 +21,12 @@ private slots:
     void aWindowOnAScreenThatIsGoneComesBack();
     void aWindowThatWasNeverPlacedIsLeftToTheWindowManager();
     void aScreenSmallerThanTheSmallestSizeLowersIt();
-    void aMaximizedWindowStaysSo();
+    void aWindowThatFillsTheScreenStaysSo_data();
+    void aWindowThatFillsTheScreenStaysSo();
     void aWindowIsFittedWhenAScreenGoes();
+    void aWindowThatNobodySeesIsLeftWhenAScreenGoes();
+    void aDialogForFilesComesUpWithinTheScreen();
+    void aDialogOfTheProgramSeesToItself();
 };
 
 void TestHostPlace::theNearestPlaceWithinTheScreen_data()
@@ -110,15 +116,68 @@ void TestHostPlace::aScreenSmallerThanTheSmallestSizeLowersIt()
     QCOMPARE(window.minimumSize(), QSize(120, 80));
 }
 
-void TestHostPlace::aMaximizedWindowStaysSo()
+void TestHostPlace::aWindowThatFillsTheScreenStaysSo_data()
 {
+    QTest::addColumn<int>("state");
+    QTest::newRow("maximized") << int(Qt::WindowMaximized);
+    QTest::newRow("full screen") << int(Qt::WindowFullScreen);
+}
+
+void TestHostPlace::aWindowThatFillsTheScreenStaysSo()
+{
+    QFETCH(int, state);
     QWidget window;
     const QSize before(3000, 2000);
     window.resize(before);
-    window.setWindowState(Qt::WindowMaximized);
+    window.setWindowState(Qt::WindowState(state));
     WindowPlace::Fit(window);
     QCOMPARE(window.size(), before);
-    QCOMPARE(window.windowState(), Qt::WindowStates(Qt::WindowMaximized));
+    QCOMPARE(int(window.windowState()), state);
+}
+
+void TestHostPlace::aWindowThatNobodySeesIsLeftWhenAScreenGoes()
+{
+    const QSize before = QGuiApplication::primaryScreen()->availableSize() * 2;
+    QWidget window;
+    window.resize(before);
+    const ScreenWatch watch(window);
+    QScreen* const pGone = nullptr;
+    QVERIFY(QMetaObject::invokeMethod(qApp, "screenRemoved", Q_ARG(QScreen*, pGone)));
+    // Another that is seen tells when it has been taken care of.
+    QWidget seen;
+    seen.setGeometry(QRect(QPoint(0, 0), before));
+    seen.show();
+    const ScreenWatch other(seen);
+    QVERIFY(QMetaObject::invokeMethod(qApp, "screenRemoved", Q_ARG(QScreen*, pGone)));
+    QTRY_VERIFY(seen.width() < before.width());
+    QCOMPARE(window.size(), before);
+}
+
+void TestHostPlace::aDialogForFilesComesUpWithinTheScreen()
+{
+    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+    const DialogPlace place;
+    QFileDialog dialog;
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.resize(screen.size() * 2);
+    dialog.show();
+    QTRY_VERIFY(screen.contains(dialog.frameGeometry()));
+    // What its user does with it later is his.
+    dialog.resize(screen.size() * 2);
+    QShowEvent again;
+    QSpontaneKeyEvent::setSpontaneous(&again);
+    qApp->notify(&dialog, &again);
+    QCOMPARE(dialog.size(), screen.size() * 2);
+}
+
+void TestHostPlace::aDialogOfTheProgramSeesToItself()
+{
+    const QSize before = QGuiApplication::primaryScreen()->availableSize() * 2;
+    const DialogPlace place;
+    QDialog dialog;
+    dialog.resize(before);
+    dialog.show();
+    QCOMPARE(dialog.size(), before);
 }
 
 QTEST_MAIN(TestHostPlace)

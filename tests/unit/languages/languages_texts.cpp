@@ -126,6 +126,7 @@ private slots:
     void nothingIsLeftInEnglish();
     void placeholdersStay();
     void textsAreFinishedWording();
+    void marksAreThoseOfTheLanguage();
     void aCopyCountsEntriesAndNoContacts();
     void shortcutsAreKeys();
     void windowShortcutsDoNotCollide_data();
@@ -258,6 +259,27 @@ void LanguagesTexts::textsAreFinishedWording()
             }
         }
     }
+}
+
+// One sign for three dots, which stands apart in German, and marks of quotation that are no inches.
+void LanguagesTexts::marksAreThoseOfTheLanguage()
+{
+    const QString strDots(QChar(0x2026));
+    QStringList lstProblems;
+    for (auto language = m_languages.begin(); language != m_languages.end(); ++language) {
+        const bool bApart = language.key() == "de";
+        for (auto context = language->begin(); context != language->end(); ++context) {
+            for (auto entry = context->begin(); entry != context->end(); ++entry) {
+                const QString& strText = entry->strText;
+                const bool bDots = strText.contains(strDots);
+                if (strText.contains("...") || strText.contains('"') || strText.contains('\'') ||
+                    bDots != m_english[context.key()][entry.key()].strText.contains(strDots) ||
+                    (bDots && strText.contains(' ' + strDots) != bApart))
+                    lstProblems += language.key() + ": " + context.key() + " " + entry.key() + ": " + strText;
+            }
+        }
+    }
+    QVERIFY2(lstProblems.isEmpty(), qPrintable(lstProblems.join("\n")));
 }
 
 // A contact with three numbers is three entries of a card.

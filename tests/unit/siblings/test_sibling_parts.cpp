@@ -130,6 +130,11 @@ void TestSiblingParts::durations()
     QCOMPARE(CallBox::DurationText(59), QStringLiteral("0:59"));
     QCOMPARE(CallBox::DurationText(61), QStringLiteral("1:01"));
     QCOMPARE(CallBox::DurationText(3600), QStringLiteral("60:00"));
+    // In the digits of the language.
+    QLocale::setDefault(QLocale("ar"));
+    const QString strArabic = CallBox::DurationText(125);
+    QLocale::setDefault(QLocale::system());
+    QCOMPARE(strArabic, QString::fromUtf8("٢:٠٥"));
 }
 
 QTEST_MAIN(TestSiblingParts)

@@ -449,10 +449,10 @@ void TestSiblings::notificationsReachTheStatusAreaAndTheLog_data()
     QTest::addColumn<int>("first");
     QTest::addColumn<int>("second");
     QTest::addColumn<QString>("notice");
-    QTest::newRow("card came") << true << 291 << 1 << 0 << "The card's phonebook is there";
-    QTest::newRow("card went") << true << 291 << 0 << 0 << "The card's phonebook has gone";
-    QTest::newRow("device came") << true << 292 << 1 << 0 << "The device's phonebook is there";
-    QTest::newRow("device went") << true << 292 << 0 << 0 << "The device's phonebook has gone";
+    QTest::newRow("card came") << true << 291 << 1 << 0 << "The card’s phonebook is there";
+    QTest::newRow("card went") << true << 291 << 0 << 0 << "The card’s phonebook has gone";
+    QTest::newRow("device came") << true << 292 << 1 << 0 << "The device’s phonebook is there";
+    QTest::newRow("device went") << true << 292 << 0 << 0 << "The device’s phonebook has gone";
     QTest::newRow("added, by nobody known") << false << 288 << 0 << 12345 << "Contact added";
     QTest::newRow("changed, by nobody known") << false << 289 << 0 << 12345 << "Contact changed";
     QTest::newRow("deleted, number did not fit") << false << 290 << 1 << 0 << "Contact deleted";

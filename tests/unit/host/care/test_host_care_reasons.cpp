@@ -40,6 +40,43 @@ private slots:
         QVERIFY(SyncText::Html(outcomeWith(ORVA_SYNC_REASON_NONE), true).contains("as the SDK says"));
     }
 
+    void countsAreWrittenAsTheLanguageWritesThem_data()
+    {
+        QTest::addColumn<QString>("language");
+        QTest::addColumn<QString>("here");
+        QTest::addColumn<QString>("held");
+        QTest::newRow("English") << "en"
+                                 << "Phonebook: 1,200 added, 2 changed, 3 deleted"
+                                 << ": 4,567. ";
+        QTest::newRow("German") << "de"
+                                << "Telefonbuch: 1.200 neu, 2 geändert, 3 gelöscht"
+                                << ": 4.567. ";
+        QTest::newRow("Arabic") << "ar"
+                                << "٢"
+                                << ": ٤٬٥٦٧. ";
+        QTest::newRow("Chinese") << "zh_CN"
+                                 << "1,200"
+                                 << "4,567";
+    }
+    void countsAreWrittenAsTheLanguageWritesThem()
+    {
+        QFETCH(QString, language);
+        QFETCH(QString, here);
+        QFETCH(QString, held);
+        m_pServices->SetLanguage(language);
+        QLocale::setDefault(QLocale(language));
+        SyncOutcome outcome;
+        outcome.bThere = true;
+        outcome.aiHere[0] = 1200;
+        outcome.aiHere[1] = 2;
+        outcome.aiHere[2] = 3;
+        outcome.iHeld = 4567;
+        const QString strHtml = SyncText::Html(outcome, true);
+        QLocale::setDefault(QLocale::system());
+        QVERIFY2(strHtml.contains(here), qPrintable(strHtml));
+        QVERIFY2(strHtml.contains(held), qPrintable(strHtml));
+    }
+
     void thePageTellsThemInTheLanguageInUse_data() { languages(); }
     void thePageTellsThemInTheLanguageInUse()
     {

@@ -169,7 +169,7 @@ private slots:
         QTRY_VERIFY(QFile::exists(outside("began")));
         QTRY_VERIFY(find<QPushButton>("linkhand_Care_cancel")->isVisible());
         click("linkhand_Care_cancel");
-        QTRY_COMPARE(told(), QString("Stopped. The next sync makes up for it."));
+        QTRY_COMPARE(told(), QString("Cancelled. The next sync makes up for it."));
     }
 
     void aSyncDoesNotWaitForItself()

@@ -20,6 +20,34 @@ QPushButton* newButton(QWidget* pParent, int iWidth)
     return pButton;
 }
 
+// Can be as small as one likes and would be of this size.
+class Wish : public QWidget
+{
+public:
+    Wish(QWidget* pParent, const QSize& size) : QWidget(pParent), m_size(size), m_sizeLeast(10, 10) {}
+
+    // From now on it must be as large as this.
+    void Need(const QSize& size)
+    {
+        m_sizeLeast = size;
+        updateGeometry();
+    }
+
+    QSize sizeHint() const override { return m_size; }
+    QSize minimumSizeHint() const override { return m_sizeLeast; }
+
+private:
+    QSize m_size;
+    QSize m_sizeLeast;
+};
+
+// Twice as high where it is half as wide.
+class Flowing : public QWidget
+{
+public:
+    int heightForWidth(int iWidth) const override { return 60000 / iWidth; }
+};
+
 } // namespace
 
 class TestHostFit : public QObject
@@ -29,10 +57,20 @@ class TestHostFit : public QObject
 private slots:
     void aPageFillsItsPlace();
     void aPageThatIsLargerGetsScrollBars();
+    void aScrollBarTakesItsRoomFromThePage();
+    void aPageOfWordsIsAsHighAsItsLines();
+    void aPageWithoutALayoutIsAsHighAsItSays();
+    void aPageThatNeedsMoreLaterGetsIt();
+    void theViewIsNotSeen();
     void whatGetsTheKeysComesIntoSight();
     void aRowGoesOnInTheNextLine();
     void aRowBeginsAtTheRightFromRightToLeft();
     void whatCanGrowTakesTheRestOfItsLine();
+    void aRowKeepsItsMargins();
+    void whatIsWiderThanTheRowIsMadeSmaller();
+    void allOfALineAreAsHighAsItsHighest();
+    void theSideBarLeavesOutWhatIsHidden();
+    void theSideBarFollowsALongerWord();
     void theSideBarLeavesItsWordsOutWhereItIsLow();
     void theSideBarLeavesItsWordsOutInANarrowWindow();
 };
@@ -63,6 +101,91 @@ void TestHostFit::aPageThatIsLargerGetsScrollBars()
     (new QVBoxLayout(pPage))->addWidget(newButton(pPage, 10));
     pPage->setMinimumSize(0, 0);
     QTRY_COMPARE(pPage->size(), view.size());
+}
+
+void TestHostFit::aScrollBarTakesItsRoomFromThePage()
+{
+    QWidget* pPage = new QWidget;
+    (new QVBoxLayout(pPage))->addWidget(newButton(pPage, 10));
+    pPage->setMinimumSize(100, 500);
+    PageView view(pPage);
+    QCOMPARE(view.LeastWidth(), 100);
+    QCOMPARE(view.LeastHeight(300), 500);
+    view.resize(300, 300);
+    view.show();
+    QTRY_VERIFY(view.viewport()->width() < 300);
+    QCOMPARE(pPage->size(), QSize(view.viewport()->width(), 500));
+    QVERIFY(!view.horizontalScrollBar()->isVisible());
+    // Both ways.
+    pPage->setMinimumSize(300, 290);
+    QTRY_COMPARE(pPage->size(), view.size());
+    pPage->setMinimumSize(310, 100);
+    QTRY_VERIFY(view.viewport()->height() < 300);
+    QCOMPARE(pPage->size(), QSize(310, view.viewport()->height()));
+    QVERIFY(!view.verticalScrollBar()->isVisible());
+}
+
+void TestHostFit::aPageOfWordsIsAsHighAsItsLines()
+{
+    QWidget* pPage = new QWidget;
+    QLabel* pWords = new QLabel(QStringLiteral("word ").repeated(400), pPage);
+    pWords->setWordWrap(true);
+    (new QVBoxLayout(pPage))->addWidget(pWords);
+    PageView view(pPage);
+    QVERIFY(view.LeastHeight(200) > view.LeastHeight(400) + 100);
+    view.resize(300, 200);
+    view.show();
+    QTRY_VERIFY(view.verticalScrollBar()->isVisible());
+    QTRY_COMPARE(pWords->height(), pWords->heightForWidth(pWords->width()));
+}
+
+void TestHostFit::aPageWithoutALayoutIsAsHighAsItSays()
+{
+    PageView view(new Flowing);
+    QCOMPARE(view.LeastHeight(200), 300);
+    QCOMPARE(view.LeastHeight(100), 600);
+}
+
+void TestHostFit::aPageThatNeedsMoreLaterGetsIt()
+{
+    // The page of a plug-in has no layout.
+    Wish* pPlain = new Wish(nullptr, QSize(10, 10));
+    PageView plain(pPlain);
+    plain.resize(300, 300);
+    plain.show();
+    QTRY_COMPARE(pPlain->size(), QSize(300, 300));
+    pPlain->Need(QSize(500, 10));
+    QTRY_COMPARE(pPlain->width(), 500);
+
+    // Others have one, and may be out of sight when their words change.
+    QWidget* pPage = new QWidget;
+    QVBoxLayout* pLayout = new QVBoxLayout(pPage);
+    pLayout->setContentsMargins(0, 0, 0, 0);
+    Wish* pPart = new Wish(pPage, QSize(10, 10));
+    pLayout->addWidget(pPart);
+    PageView view(pPage);
+    view.resize(300, 300);
+    view.show();
+    QTRY_COMPARE(pPage->size(), QSize(300, 300));
+    pPart->Need(QSize(400, 10));
+    QTRY_COMPARE(pPart->width(), 400);
+    view.hide();
+    pPart->Need(QSize(500, 10));
+    QTRY_COMPARE(pPage->width(), 500);
+}
+
+void TestHostFit::theViewIsNotSeen()
+{
+    QWidget* pPage = new QWidget;
+    (new QVBoxLayout(pPage))->addWidget(newButton(pPage, 500));
+    PageView view(pPage);
+    QCOMPARE(PageView::Of(pPage), &view);
+    QVERIFY(PageView::Of(&view) == nullptr);
+    QCOMPARE(view.focusPolicy(), Qt::NoFocus);
+    QVERIFY(!pPage->autoFillBackground());
+    QVERIFY(!view.viewport()->autoFillBackground());
+    // However small the place is.
+    QVERIFY(view.minimumSizeHint().width() < 100);
 }
 
 void TestHostFit::whatGetsTheKeysComesIntoSight()
@@ -135,6 +258,107 @@ void TestHostFit::whatCanGrowTakesTheRestOfItsLine()
     pRow->setGeometry(QRect(0, 0, 400, 20));
     QCOMPARE(pFirst->geometry().left(), 0);
     QCOMPARE(pLast->geometry().right(), 399);
+    // A gap takes no room by itself.
+    QCOMPARE(pRow->sizeHint(), QSize(205, 20));
+    QCOMPARE(pRow->heightForWidth(205), 20);
+    QCOMPARE(pRow->heightForWidth(204), 45);
+    // Several share it.
+    QPushButton* pMiddle = newButton(&window, 50);
+    pRow->AddStretch();
+    pRow->addWidget(pMiddle);
+    pRow->setGeometry(QRect(0, 0, 400, 20));
+    QCOMPARE(pLast->geometry().left(), 105 + 70);
+    QCOMPARE(pMiddle->geometry().right(), 399);
+    QVERIFY(pRow->takeAt(-1) == nullptr);
+    QVERIFY(pRow->takeAt(pRow->count()) == nullptr);
+}
+
+void TestHostFit::aRowKeepsItsMargins()
+{
+    QWidget window;
+    WrapLayout* pRow = new WrapLayout(&window);
+    pRow->setContentsMargins(1, 2, 4, 8);
+    pRow->setSpacing(5);
+    QPushButton* pFirst = newButton(&window, 100);
+    QPushButton* pLast = newButton(&window, 100);
+    pRow->addWidget(pFirst);
+    pRow->addWidget(pLast);
+    QCOMPARE(pRow->sizeHint(), QSize(210, 30));
+    QCOMPARE(pRow->minimumSize(), QSize(105, 30));
+    QCOMPARE(pRow->heightForWidth(210), 30);
+    QCOMPARE(pRow->heightForWidth(209), 55);
+    pRow->setGeometry(QRect(0, 0, 209, 55));
+    QCOMPARE(pFirst->geometry(), QRect(1, 2, 100, 20));
+    QCOMPARE(pLast->geometry(), QRect(1, 27, 100, 20));
+}
+
+void TestHostFit::whatIsWiderThanTheRowIsMadeSmaller()
+{
+    QWidget window;
+    WrapLayout* pRow = new WrapLayout(&window);
+    pRow->setContentsMargins(0, 0, 0, 0);
+    pRow->setSpacing(5);
+    Wish* pWide = new Wish(&window, QSize(300, 20));
+    pRow->addWidget(pWide);
+    QCOMPARE(pRow->minimumSize(), QSize(10, 10));
+    QCOMPARE(pRow->heightForWidth(200), 20);
+    pRow->setGeometry(QRect(0, 0, 200, 20));
+    QCOMPARE(pWide->geometry(), QRect(0, 0, 200, 20));
+}
+
+void TestHostFit::allOfALineAreAsHighAsItsHighest()
+{
+    QWidget window;
+    WrapLayout* pRow = new WrapLayout(&window);
+    pRow->setContentsMargins(0, 0, 0, 0);
+    pRow->setSpacing(5);
+    Wish* pHigh = new Wish(&window, QSize(100, 40));
+    Wish* pLow = new Wish(&window, QSize(100, 20));
+    Wish* pNext = new Wish(&window, QSize(100, 30));
+    pRow->addWidget(pHigh);
+    pRow->addWidget(pLow);
+    pRow->addWidget(pNext);
+    QCOMPARE(pRow->heightForWidth(205), 75);
+    pRow->setGeometry(QRect(0, 0, 205, 75));
+    QCOMPARE(pLow->geometry(), QRect(105, 0, 100, 40));
+    QCOMPARE(pNext->geometry(), QRect(0, 45, 100, 30));
+    // The third stands alone in its line: what follows it has room beside it.
+    QCOMPARE(pRow->heightForWidth(204), 100);
+    pRow->addWidget(newButton(&window, 100));
+    QCOMPARE(pRow->heightForWidth(205), 75);
+    pRow->addWidget(newButton(&window, 100));
+    QCOMPARE(pRow->heightForWidth(205), 100);
+}
+
+void TestHostFit::theSideBarLeavesOutWhatIsHidden()
+{
+    QWidget window;
+    NavBar bar(&window);
+    bar.AddPage(0, "0", Glyphs::OTHER);
+    bar.SetPageText(0, "Page");
+    window.resize(1200, 900);
+    window.show();
+    const int iBefore = bar.minimumSizeHint().height();
+    bar.SetDeviceAvailable(false);
+    QVERIFY(bar.minimumSizeHint().height() < iBefore);
+}
+
+void TestHostFit::theSideBarFollowsALongerWord()
+{
+    QWidget window;
+    QVBoxLayout* pLayout = new QVBoxLayout(&window);
+    NavBar* pBar = new NavBar(&window);
+    pBar->AddPage(0, "0", Glyphs::OTHER);
+    pBar->SetPageText(0, "Page");
+    pLayout->addWidget(pBar);
+    const NavButton* pButton = window.findChild<NavButton*>("linkhand_NavBar_0");
+    window.resize(4 * pButton->SizeIn(NavButton::CLOSE).width(), 900);
+    window.show();
+    QTRY_COMPARE(pButton->size(), pButton->SizeIn(NavButton::SPACIOUS));
+    QVERIFY(!pButton->IsPicture());
+    pBar->SetPageText(0, "A word of another language that is longer by far");
+    QTRY_VERIFY(pButton->IsPicture());
+    QTRY_COMPARE(pBar->width(), pButton->SizeIn(NavButton::PICTURE).width());
 }
 
 void TestHostFit::theSideBarLeavesItsWordsOutWhereItIsLow()

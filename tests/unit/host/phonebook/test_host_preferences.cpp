@@ -32,6 +32,7 @@ private slots:
     void backupsAreShownOnTheCarePage();
     void everyPartIsReachedByTabAndHasAName();
     void theHardwarePanelsAgree();
+    void theHardwareBoxIsAsWideAsWhatIsInIt();
     void theKeysOfTheProgramAreListed();
     void theProgramSaysWhatItIs();
 
@@ -245,6 +246,24 @@ void TestHostPreferences::theHardwarePanelsAgree()
     pThere->setCurrentIndex(0);
     QMetaObject::invokeMethod(pThere, "activated", Q_ARG(int, 0));
     QCOMPARE(pHere->currentIndex(), 0);
+}
+
+void TestHostPreferences::theHardwareBoxIsAsWideAsWhatIsInIt()
+{
+    m_pWindow->ShowPage("Preferences");
+    m_pWindow->resize(1120, 740);
+    const QComboBox* pBox = part<QComboBox>("hardware_choice");
+    QTRY_COMPARE(pBox->width(), qMax(pBox->sizeHint().width(), pBox->minimumWidth()));
+    QVERIFY(pBox->width() < 400);
+    const QPoint left(0, 0);
+    QCOMPARE(pBox->mapTo(m_pWindow.data(), left).x(),
+             part<QLabel>("hardware_title")->mapTo(m_pWindow.data(), left).x());
+    // Beside the simulated device it is as wide as the panel.
+    m_pWindow->SetDevicePanelShown(true);
+    const QComboBox* pThere = m_pWindow->findChild<QComboBox*>("linkhand_HardwarePanel_choice");
+    const QComboBox* pNeighbour = m_pWindow->findChild<QComboBox*>("linkhand_DevicePanel_pin");
+    QTRY_VERIFY(pThere->isVisible());
+    QTRY_COMPARE(pThere->width(), pNeighbour->width());
 }
 
 void TestHostPreferences::theKeysOfTheProgramAreListed()
