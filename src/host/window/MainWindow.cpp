@@ -241,6 +241,10 @@ void MainWindow::changeEvent(QEvent* pEvent)
     if (pEvent->type() == QEvent::PaletteChange || pEvent->type() == QEvent::ApplicationPaletteChange ||
         pEvent->type() == QEvent::ApplicationFontChange || pEvent->type() == QEvent::LayoutDirectionChange) {
         applyStyle();
+    } else if (pEvent->type() == QEvent::FontChange && centralWidget() != nullptr &&
+               centralWidget()->font().family() != font().family()) {
+        // Below a style sheet that has just been set the parts do not follow a font by themselves.
+        setStyleSheet(styleSheet());
     }
 }
 

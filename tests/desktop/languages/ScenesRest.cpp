@@ -2,7 +2,7 @@
 
 #include <QDir>
 #include <QFileDialog>
-#include <QFileInfo>
+#include <QLineEdit>
 #include <QTableWidget>
 #include <QTimer>
 #include <QTreeWidget>
@@ -81,11 +81,8 @@ void Scenes::addFiles(QList<Scene>& listScenes)
         "field-map",
         [] {
             startImport([](QFileDialog* pDialog) {
-                // A name of a folder that is still being read is not taken while the input has the keyboard.
-                pDialog->selectFile(csvFile());
-                if (QFileInfo(pDialog->selectedFiles().value(0)).fileName() != QFileInfo(csvFile()).fileName()) {
-                    return false;
-                }
+                // The dialog takes no name from elsewhere once its input has the keyboard, which comes at any time.
+                pDialog->findChild<QLineEdit*>("fileNameEdit")->setText(csvFile());
                 QMetaObject::invokeMethod(pDialog, "accept");
                 return true;
             });

@@ -1,5 +1,6 @@
+#include <QApplication>
 #include <QDir>
-#include <QGuiApplication>
+#include <QWidget>
 #include <QtTest>
 
 #include "ContactSheet.h"
@@ -22,16 +23,31 @@ QList<Director::Pass> passes(bool bPictures)
 {
     QList<Director::Pass> listPasses;
     foreach (const QString& strLanguage, languages()) {
-        listPasses << Director::Pass{strLanguage, false};
+        listPasses << Director::Pass{strLanguage, !bPictures && strLanguage == "zh_CN"};
         if (bPictures) {
             listPasses << Director::Pass{strLanguage, true};
         }
     }
     if (!bPictures) {
+        // To the language with a font of its own and away from it the colours change at once with it.
         // Back from each to another than the one it was come to from.
         listPasses << Director::Pass{"ar", false} << Director::Pass{"de", false} << Director::Pass{"en", false};
     }
     return listPasses;
+}
+
+// Widgets that have kept the fonts of another language.
+QStringList fontsLeft(QWidget* pWidget)
+{
+    const QString strFamily = QApplication::font().family();
+    QStringList lstLeft;
+    foreach (const QWidget* pPart, QList<QWidget*>() << pWidget << pWidget->findChildren<QWidget*>()) {
+        if (pPart->isVisibleTo(pWidget) && pPart->font().family() != strFamily) {
+            lstLeft << QStringLiteral("%1 %2: %3")
+                           .arg(pPart->metaObject()->className(), pPart->objectName(), pPart->font().family());
+        }
+    }
+    return lstLeft;
 }
 
 bool writeSheets(const QList<Shot>& listShots, const QString& strFolder, const QString& strShots)
@@ -81,6 +97,8 @@ private slots:
     void noTextIsCutOff();
     void aChangeOfLanguageLeavesNoTextBehind_data() { languageRows(); }
     void aChangeOfLanguageLeavesNoTextBehind();
+    void aChangeOfLanguageLeavesNoFontBehind_data() { languageRows(); }
+    void aChangeOfLanguageLeavesNoFontBehind();
 
 private:
     void languageRows();
@@ -128,6 +146,18 @@ void TestDesktopLanguages::aChangeOfLanguageLeavesNoTextBehind()
     QVERIFY2(lstForeign.isEmpty(), qPrintable('\n' + lstForeign.join('\n')));
 }
 
+void TestDesktopLanguages::aChangeOfLanguageLeavesNoFontBehind()
+{
+    QFETCH(QString, language);
+    QStringList lstLeft;
+    foreach (const Shot& shot, m_director.Shots()) {
+        foreach (const QString& strFont, shot.strLanguage == language ? shot.lstFaults : QStringList()) {
+            lstLeft << shot.strScene + ": " + strFont;
+        }
+    }
+    QVERIFY2(lstLeft.isEmpty(), qPrintable('\n' + lstLeft.join('\n')));
+}
+
 int main(int argc, char** argv)
 {
     QStringList lstArguments;
@@ -136,6 +166,7 @@ int main(int argc, char** argv)
     }
     const QString strSheets = option(lstArguments, "--sheets");
     Director director(passes(!strSheets.isEmpty()), !strSheets.isEmpty());
+    director.SetInspector(fontsLeft);
     if (!director.Run(argc, argv)) {
         return 1;
     }
