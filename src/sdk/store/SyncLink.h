@@ -1,6 +1,7 @@
 #ifndef SDK_STORE_SYNCLINK_H
 #define SDK_STORE_SYNCLINK_H
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -51,6 +52,14 @@ public:
     // From the first, 0, to the end.
     Place end() const { return static_cast<Place>(m_words.size()); }
     Place next(Place place) const { return place + wordsOf(headAt(place)); }
+
+    // Has one brought near that is about to be looked at.
+    void fetch(Place place) const
+    {
+        constexpr std::size_t line = 64 / sizeof(std::uint64_t);
+        __builtin_prefetch(m_words.data() + place);
+        __builtin_prefetch(m_words.data() + std::min(place + line, m_words.size()));
+    }
 
     SyncLook operator[](Place place) const
     {

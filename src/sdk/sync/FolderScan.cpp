@@ -32,7 +32,7 @@ LooksByFile::LooksByFile(const SyncLooks& looks) : m_looks(looks)
         slots *= 2;
     m_slots.resize(slots);
     for (SyncLooks::Place place = 0; place < looks.end(); place = looks.next(place)) {
-        const std::size_t hash = std::hash<std::string_view>()(looks[place].file);
+        const std::size_t hash = hashOf(looks[place].file);
         std::size_t slot = hash & (slots - 1);
         while (m_slots[slot].place != none)
             slot = (slot + 1) & (slots - 1);
@@ -40,9 +40,23 @@ LooksByFile::LooksByFile(const SyncLooks& looks) : m_looks(looks)
     }
 }
 
-SyncLooks::Place LooksByFile::find(std::string_view file) const
+std::size_t LooksByFile::begin(std::string_view file) const
 {
-    const std::size_t hash = std::hash<std::string_view>()(file);
+    const std::size_t hash = hashOf(file);
+    __builtin_prefetch(&m_slots[hash & (m_slots.size() - 1)]);
+    return hash;
+}
+
+// Of the first that can be it, which mostly is.
+void LooksByFile::fetch(std::size_t hash) const
+{
+    const Slot& at = m_slots[hash & (m_slots.size() - 1)];
+    if (at.place != none)
+        m_looks.fetch(at.place);
+}
+
+SyncLooks::Place LooksByFile::find(std::string_view file, std::size_t hash) const
+{
     for (std::size_t slot = hash & (m_slots.size() - 1);; slot = (slot + 1) & (m_slots.size() - 1)) {
         const Slot& at = m_slots[slot];
         if (at.place == none)
@@ -62,8 +76,7 @@ FolderScan::FolderScan(const VdirFolder& folder, Store& store, const std::string
       m_quietAt(m_looks.end())
 {
     std::vector<VdirEntry> others;
-    for (VdirEntry& entry :
-         folder.list([this](std::string_view file, std::string_view look) { return isQuiet(file, look); }))
+    for (VdirEntry& entry : folder.list([this](std::vector<VdirFolder::Listed>& files) { markQuiet(files); }))
         if (!takeUnread(entry))
             others.push_back(std::move(entry));
     std::sort(others.begin(), others.end(), [](const VdirEntry& a, const VdirEntry& b) { return a.name < b.name; });
@@ -81,9 +94,19 @@ FolderScan::FolderScan(const VdirFolder& folder, Store& store, const std::string
 }
 
 // Most files are as they were.
-bool FolderScan::isQuiet(std::string_view file, std::string_view look)
+void FolderScan::markQuiet(std::vector<VdirFolder::Listed>& files)
 {
-    const Place place = m_byFile.find(file);
+    m_hashes.clear();
+    for (const VdirFolder::Listed& file : files)
+        m_hashes.push_back(m_byFile.begin(file.name));
+    for (const std::size_t hash : m_hashes)
+        m_byFile.fetch(hash);
+    for (std::size_t i = 0; i < files.size(); ++i)
+        files[i].known = isQuiet(m_byFile.find(files[i].name, m_hashes[i]), files[i].look);
+}
+
+bool FolderScan::isQuiet(Place place, std::string_view look)
+{
     if (place == LooksByFile::none || m_quietAt[place])
         return false;
     const SyncLook known = m_looks[place];

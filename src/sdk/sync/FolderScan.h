@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <deque>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -52,9 +53,16 @@ public:
 
     static constexpr SyncLooks::Place none = UINT32_MAX;
 
-    SyncLooks::Place find(std::string_view file) const;
+    SyncLooks::Place find(std::string_view file) const { return find(file, hashOf(file)); }
+
+    // The same for many: first all of these, then all of those, and what is looked at is near in memory by the third.
+    std::size_t begin(std::string_view file) const;
+    void fetch(std::size_t hash) const;
+    SyncLooks::Place find(std::string_view file, std::size_t hash) const;
 
 private:
+    static std::size_t hashOf(std::string_view file) { return std::hash<std::string_view>()(file); }
+
     struct Slot {
         std::uint32_t hash = 0; // of the file, so that few names are compared in vain
         SyncLooks::Place place = none;
@@ -89,7 +97,8 @@ private:
     };
     using Place = SyncLooks::Place;
 
-    bool isQuiet(std::string_view file, std::string_view look);
+    void markQuiet(std::vector<VdirFolder::Listed>& files);
+    bool isQuiet(Place place, std::string_view look);
     ScannedLink* link(Place place);
     ScannedLink* linkOf(const std::string& file) { return link(m_byFile.find(file)); }
     bool takeUnread(VdirEntry& entry);
@@ -109,6 +118,7 @@ private:
     SyncReport& m_report;
     const SyncLooks m_looks;
     const LooksByFile m_byFile;
+    std::vector<std::size_t> m_hashes;               // of the files asked about
     std::vector<bool> m_quietAt;                     // which of the looks are
     std::unordered_map<Place, ScannedLink*> m_found; // those linked, by their places; until they are sorted
     bool m_uidsRead = false;

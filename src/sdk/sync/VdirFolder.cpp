@@ -141,18 +141,26 @@ public:
     void flush()
     {
         std::string_view names = m_names;
+        m_listed.clear();
         for (const File& file : m_files) {
-            const std::string_view name = names.substr(0, file.name);
+            const bool card = file.left == ORVA_SYNC_REASON_NONE;
+            m_listed.push_back({names.substr(0, file.name), card ? file.look.octets() : std::string_view()});
             names.remove_prefix(file.name);
-            if (!m_known || file.left != ORVA_SYNC_REASON_NONE || !m_known(name, file.look.octets()))
-                m_entries.push_back({std::string(name), std::string(file.look.octets()), file.changed, file.left});
+        }
+        if (m_known)
+            m_known(m_listed);
+        for (std::size_t i = 0; i < m_files.size(); ++i) {
+            const File& file = m_files[i];
+            if (!m_listed[i].known)
+                m_entries.push_back(
+                    {std::string(m_listed[i].name), std::string(file.look.octets()), file.changed, file.left});
         }
         m_files.clear();
         m_names.clear();
     }
 
 private:
-    static constexpr std::size_t together = 256;
+    static constexpr std::size_t together = 128;
     struct File {
         std::size_t name; // its length
         Look look;
@@ -163,6 +171,7 @@ private:
     std::vector<VdirEntry>& m_entries;
     std::vector<File> m_files;
     std::string m_names;
+    std::vector<VdirFolder::Listed> m_listed;
 };
 
 long long nowInNanoseconds()

@@ -34,9 +34,15 @@ public:
     VdirFolder(const VdirFolder&) = delete;
     VdirFolder& operator=(const VdirFolder&) = delete;
 
-    // Those whose name ends in ".vcf", in no order, but none that `known` takes by its name and look. What a sync left
-    // that was broken off goes, where the marker is locked.
-    using Known = std::function<bool(std::string_view name, std::string_view look)>;
+    // Those whose name ends in ".vcf", in no order, but none that `known` marks, which is asked about many at a time.
+    // One that is none to read has no look there. What a sync left that was broken off goes, where the marker is
+    // locked.
+    struct Listed {
+        std::string_view name;
+        std::string_view look;
+        bool known = false;
+    };
+    using Known = std::function<void(std::vector<Listed>& files)>;
     std::vector<VdirEntry> list(const Known& known = Known()) const;
     std::optional<VdirEntry> entry(const std::string& name) const;
 
