@@ -15,13 +15,12 @@ class Stretches : public QObject
 public:
     Stretches() : m_timer(startTimer(1, Qt::PreciseTimer)), m_last(now()) {}
 
-    // What came since the last cut, the stretch in hand included.
-    bench::Time cut()
+    // The longest so far, the one in hand included.
+    bench::Time longest() const
     {
-        tick();
-        const bench::Time longest = m_longest;
-        m_longest = bench::Time{0, 0};
-        return longest;
+        const bench::Time at = now();
+        return bench::Time{std::max(m_longest.clock, at.clock - m_last.clock),
+                           std::max(m_longest.processor, at.processor - m_last.processor)};
     }
 
 protected:

@@ -48,8 +48,9 @@ struct Figures {
     Best bare;
     Best bareSorted;
     Best clearing; // the call that a click makes: the table before the last one goes
-    Best reading;  // the longest the loop is away between that and the sort
+    Best reading;  // the longest the loop is away between that and the end of the read
     Best sorting;
+    Best moving; // of the sorted rows
 };
 
 Time click(AddrBookDlg& dialog)
@@ -73,32 +74,67 @@ Time narrow(AddrBookDlg& dialog)
     return time;
 }
 
+// The end of a read: the worker's signal that comes when all rows are there, and after which the table is sorted.
+class EndWatch : public QObject
+{
+public:
+    EndWatch(QObject* pWindow, const QTableWidget* pTable, int iRows) : m_pTable(pTable), m_iRows(iRows)
+    {
+        pWindow->installEventFilter(this);
+    }
+    // What has passed since then, and the longest the loop was away before.
+    Time since() const { return m_watch.elapsed(); }
+    Time longestBefore() const { return m_longest; }
+
+protected:
+    bool eventFilter(QObject*, QEvent* pEvent) override
+    {
+        if (pEvent->type() == QEvent::MetaCall && m_pTable->rowCount() == m_iRows) {
+            m_longest = m_stretches.longest();
+            m_watch = Stopwatch();
+        }
+        return false;
+    }
+
+private:
+    const QTableWidget* m_pTable;
+    int m_iRows;
+    Stretches m_stretches;
+    Stopwatch m_watch;
+    Time m_longest = {0, 0};
+};
+
 // The parts of a click during which nothing of the user's is answered.
-void clickAndListen(AddrBookDlg& dialog, Figures& figures)
+void clickAndListen(AddrBookDlg& dialog, int iRows, Figures& figures)
 {
     click(dialog); // a full table to be cleared
     AddrBookDlgAccess::forgetNode(dialog);
     figures.clearing.add(
         bench::timeOf([&] { dialog.OnTreeClicked(AddrBookDlgAccess::tree(dialog)->topLevelItem(0)); }));
-    Stretches stretches;
     Time reading = {0, 0};
-    Stopwatch sorting;
-    Time longest = {0, 0};
+    Time sorting = {0, 0};
+    Time moving = {0, 0};
+    Stopwatch watch;
+    QObject context;
     const QTableWidget* pTable = AddrBookDlgAccess::table(dialog);
-    // Before the rows there are sorts of an empty table.
-    QObject::connect(pTable->model(), &QAbstractItemModel::layoutAboutToBeChanged, &stretches, [&] {
-        if (pTable->rowCount() > 0)
-            reading = stretches.cut();
-        sorting = Stopwatch();
+    const EndWatch end(&dialog, pTable, iRows);
+    // Before the rows there are sorts of an empty table. A model tells of a sort once it knows the order.
+    QObject::connect(pTable->model(), &QAbstractItemModel::layoutAboutToBeChanged, &context, [&] {
+        if (pTable->rowCount() > 0) {
+            reading = end.longestBefore();
+            sorting = end.since();
+        }
+        watch = Stopwatch();
     });
-    QObject::connect(pTable->model(), &QAbstractItemModel::layoutChanged, &stretches, [&] {
-        const Time time = sorting.elapsed();
-        if (time.processor > longest.processor)
-            longest = time;
+    QObject::connect(pTable->model(), &QAbstractItemModel::layoutChanged, &context, [&] {
+        const Time time = watch.elapsed();
+        if (time.processor > moving.processor)
+            moving = time;
     });
     waitForTable(dialog);
     figures.reading.add(reading);
-    figures.sorting.add(longest);
+    figures.sorting.add(sorting);
+    figures.moving.add(moving);
 }
 
 // From the event to the menu on the screen: the menu's first event after it has been shown ends it.
@@ -194,7 +230,7 @@ void measure(int iCount, int iRounds, Figures& figures)
             bareRound();
             figures.menu.add(openMenu(dialog));
             figures.narrow.add(narrow(dialog));
-            clickAndListen(dialog, figures);
+            clickAndListen(dialog, iCount, figures);
         }
         AddrBookLogic::unSDKRegisterEvent();
     }
@@ -262,10 +298,11 @@ int main(int argc, char** argv)
     table.ratio("narrowing, 50,000 against 10,000 rows", "itself", many.narrow.time(), some.narrow.time(), 18.0);
     table.note("a keystroke that narrows 10,000 rows", some.narrow.time().clock * 1e3, "ms", "aim 100 ms");
     table.ratio("opening a context menu with 50,000 rows", "with 10 rows", many.menu.time(), few.menu.time(), 2.0);
-    table.note("longest time without an answer while 50,000 contacts are read and sorted into the table",
+    table.note("longest time without an answer while 50,000 contacts are read into the table",
                many.reading.time().processor * 1e3, "ms", "on the processor");
     table.note("the clearing of the table before, at the click", many.clearing.time().processor * 1e3, "ms",
                "on the processor");
-    table.note("the moving of the sorted rows", many.sorting.time().processor * 1e3, "ms", "on the processor");
+    table.note("the end of the read with the one sort", many.sorting.time().processor * 1e3, "ms", "on the processor");
+    table.note("the moving of the sorted rows", many.moving.time().processor * 1e3, "ms", "on the processor");
     return table.result();
 }

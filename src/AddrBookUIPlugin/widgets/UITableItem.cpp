@@ -4,6 +4,8 @@
 #include <QTextCodec>
 #include <QVariant>
 
+#include <cstring>
+
 #include "logic/CaselessText.h"
 
 namespace
@@ -142,6 +144,23 @@ bool UITableItem::Holds(const QTableWidgetItem* pitem, const CaselessText& text)
             return text.IsIn(pcell->m_strText);
     }
     return text.IsIn(pitem->text());
+}
+
+void UITableItem::Announce(const QTableWidgetItem* pitem)
+{
+    const int LINE = 64;
+    __builtin_prefetch(pitem);
+    __builtin_prefetch(reinterpret_cast<const char*>(pitem) + LINE);
+}
+
+void UITableItem::AnnounceText(const QTableWidgetItem* pitem)
+{
+    if (pitem == nullptr || pitem->type() != s_iType)
+        return;
+    // The first word of a text is the address of its block, with each Qt.
+    const void* pBlock = nullptr;
+    std::memcpy(&pBlock, &static_cast<const UITableItem*>(pitem)->m_strText, sizeof pBlock);
+    __builtin_prefetch(pBlock);
 }
 
 bool UITableItem::lessThan(const QString& strA, const QString& strB, const QTextCodec* pcodec)

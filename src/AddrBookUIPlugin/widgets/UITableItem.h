@@ -26,6 +26,11 @@ public:
     // Whether the item's text holds another; for any item, and quick for a cell.
     static bool Holds(const QTableWidgetItem* pitem, const CaselessText& text);
 
+    // Tells the processor that an item, and later that its text will be looked at soon: in a large table each lies in
+    // memory that would be waited for.
+    static void Announce(const QTableWidgetItem* pitem);
+    static void AnnounceText(const QTableWidgetItem* pitem);
+
     // The rule itself. Case counts only between texts that are otherwise the same. With a codec, texts are compared as
     // the bytes it gives, without one (null) as Unicode.
     static bool lessThan(const QString& strA, const QString& strB, const QTextCodec* pcodec);

@@ -91,6 +91,21 @@ QVector<int> rowsByAge(const QTableWidget* ptable)
     return lstRows;
 }
 
+// For somebody who goes through rows that lie far apart: those that come next are fetched meanwhile, first their cells
+// and then, through these, their texts.
+void announce(const QTableWidget* ptable, const QVector<int>& lstRows, int iAt)
+{
+    const int CELLS_AHEAD = 8;
+    const int TEXTS_AHEAD = 4;
+    const int iColumns = ptable->columnCount();
+    if (iAt + CELLS_AHEAD >= lstRows.size())
+        return;
+    for (int iColumn = 0; iColumn < iColumns; ++iColumn) {
+        UITableItem::Announce(ptable->item(lstRows.at(iAt + CELLS_AHEAD), iColumn));
+        UITableItem::AnnounceText(ptable->item(lstRows.at(iAt + TEXTS_AHEAD), iColumn));
+    }
+}
+
 // The rows without a cell that holds the text. Where nothing is selected, so that nobody looks at a row on the way,
 // they are emptied at once.
 QBitArray rowsWithout(QTableWidget* ptable, const QString& strText)
@@ -99,7 +114,10 @@ QBitArray rowsWithout(QTableWidget* ptable, const QString& strText)
     const QuietModel quiet(ptable);
     QBitArray goes(ptable->rowCount());
     const CaselessText text(strText);
-    foreach (int iRow, rowsByAge(ptable)) {
+    const QVector<int> lstRows = rowsByAge(ptable);
+    for (int i = 0; i < lstRows.size(); ++i) {
+        announce(ptable, lstRows, i);
+        const int iRow = lstRows.at(i);
         if (holds(ptable, iRow, text))
             continue;
         goes.setBit(iRow);
@@ -207,8 +225,11 @@ void TableRows::clear(QTableWidget* ptable)
     if (ptable == nullptr)
         return;
     const QuietModel quiet(ptable);
-    foreach (int iRow, rowsByAge(ptable))
-        empty(ptable, iRow);
+    const QVector<int> lstRows = rowsByAge(ptable);
+    for (int i = 0; i < lstRows.size(); ++i) {
+        announce(ptable, lstRows, i);
+        empty(ptable, lstRows.at(i));
+    }
     for (int iColumn = 0; iColumn < ptable->columnCount(); ++iColumn)
         delete ptable->takeHorizontalHeaderItem(iColumn);
 }

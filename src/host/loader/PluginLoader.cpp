@@ -94,9 +94,11 @@ QStringList PluginLoader::Files() const
 {
     const QDir folder(m_strFolder);
     QStringList lstFiles;
-    foreach (const QString& strName,
-             folder.entryList(QStringList(QLatin1String("lib*.so")), QDir::Files | QDir::System, QDir::Name)) {
-        lstFiles.append(folder.absoluteFilePath(strName));
+    foreach (const QString& strName, folder.entryList(QDir::Files | QDir::System, QDir::Name)) {
+        if (strName.startsWith(QLatin1String("lib"), Qt::CaseInsensitive) &&
+            strName.endsWith(QLatin1String(".so"), Qt::CaseInsensitive)) {
+            lstFiles.append(folder.absoluteFilePath(strName));
+        }
     }
     return lstFiles;
 }

@@ -69,10 +69,10 @@ void DataFolder::Prepare(const QString& strLogFolder, ProblemList& problems)
 QStringList DataFolder::DamagedStores()
 {
     QStringList lstStores;
-    foreach (const QString& strFile,
-             QDir(Path()).entryList(QStringList(QLatin1String("*.damaged-*")), QDir::Files, QDir::Name)) {
+    foreach (const QString& strFile, QDir(Path()).entryList(QDir::Files, QDir::Name)) {
         // SQLite's side files belong to their store.
-        if (!strFile.endsWith(QLatin1String("-wal")) && !strFile.endsWith(QLatin1String("-shm"))) {
+        if (strFile.contains(QLatin1String(".damaged-"), Qt::CaseInsensitive) &&
+            !strFile.endsWith(QLatin1String("-wal")) && !strFile.endsWith(QLatin1String("-shm"))) {
             lstStores.append(strFile);
         }
     }

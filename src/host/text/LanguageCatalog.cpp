@@ -9,9 +9,9 @@
 
 LanguageCatalog::LanguageCatalog(const QString& strFolder)
 {
-    const QStringList lstFiles =
-        QDir(strFolder).entryList(QStringList(QLatin1String("*.qm")), QDir::Files | QDir::Readable, QDir::Name);
-    foreach (const QString& strFile, lstFiles) {
+    // Without a name filter, as for the other folders of a start: Qt makes a regular expression of each, and reads a
+    // library for them that nothing else needs.
+    foreach (const QString& strFile, QDir(strFolder).entryList(QDir::Files | QDir::Readable, QDir::Name)) {
         LanguageEntry entry;
         entry.strCode = CodeOfFile(strFile);
         if (entry.strCode.isEmpty() || Contains(entry.strCode)) {

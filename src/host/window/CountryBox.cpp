@@ -39,10 +39,9 @@ const QMap<QString, QString>& countries()
 
 } // namespace
 
-CountryBox::CountryBox(QWidget* pParent) : QComboBox(pParent)
+CountryBox::CountryBox(QWidget* pParent) : LateBox(pParent)
 {
     setObjectName(QLatin1String("linkhand_Preferences_country"));
-    setSizeAdjustPolicy(QComboBox::AdjustToContents);
     addItem(QString(), QLatin1String(BY_SYSTEM));
     addItem(QString(), QLatin1String(NONE));
     for (QMap<QString, QString>::const_iterator it = countries().constBegin(); it != countries().constEnd(); ++it) {

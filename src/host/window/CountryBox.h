@@ -1,11 +1,11 @@
 #ifndef LINKHAND_HOST_COUNTRYBOX_H
 #define LINKHAND_HOST_COUNTRYBOX_H
 
-#include <QComboBox>
+#include "window/LateBox.h"
 
 // The country by which numbers without one are compared, for all programs with the same data folder from their next
 // start on. Every country by its own name, no country, and whichever the system says. User-interface thread only.
-class CountryBox : public QComboBox
+class CountryBox : public LateBox
 {
     Q_OBJECT
 

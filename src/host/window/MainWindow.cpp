@@ -62,8 +62,9 @@ MainWindow::MainWindow(PluginContainer& container, MessageStore& outbox, DeviceW
       m_pStack(new QStackedWidget(this)),
       m_pDevicePanel(new DevicePanel(watcher, pModem, this)),
       m_pStatus(new StatusArea(this)),
-      m_pMessages(new MessagesPage(outbox, container, pModem, this)),
-      m_pCare(CarePage::IsPossible() ? new CarePage(this) : nullptr),
+      m_outbox(outbox),
+      m_pMessages(nullptr),
+      m_pCare(nullptr),
       m_pModem(pModem),
       m_pSettings(nullptr),
       m_pPreferences(nullptr),
@@ -91,11 +92,6 @@ MainWindow::MainWindow(PluginContainer& container, MessageStore& outbox, DeviceW
     pLayout->addWidget(m_pStatus);
     setCentralWidget(pCentral);
 
-    m_pMessages->hide();
-    if (m_pCare != nullptr) {
-        m_pCare->hide();
-        connect(m_pCare, SIGNAL(contactsChanged()), this, SIGNAL(contactsChanged()));
-    }
     m_pDevicePanel->hide();
     m_pNavBar->SetDeviceAvailable(SimulatedHardware::Available());
     const bool bReal = pModem != nullptr && !pModem->IsSimulated();
@@ -113,13 +109,17 @@ MainWindow::MainWindow(PluginContainer& container, MessageStore& outbox, DeviceW
 void MainWindow::BuildPages()
 {
     addPluginPage(QLatin1String(LINKHAND_ADDRBOOK_NAME));
+    // Without a parent: a page that goes from one to the next is styled anew with all that is on it.
+    m_pMessages = new MessagesPage(m_outbox, m_container, m_pModem, nullptr);
     addPage(QLatin1String(MESSAGES_PAGE), m_pMessages, nullptr, Glyphs::MESSAGES);
     foreach (PluginHandle* pHandle, m_container.Handles()) {
         if (pHandle->HasWindow() && Page(pHandle->Name()) == nullptr) {
             addPluginPage(pHandle->Name());
         }
     }
-    if (m_pCare != nullptr) {
+    if (CarePage::IsPossible()) {
+        m_pCare = new CarePage(nullptr);
+        connect(m_pCare, SIGNAL(contactsChanged()), this, SIGNAL(contactsChanged()));
         addPage(QLatin1String(CARE_PAGE), m_pCare, nullptr, Glyphs::CARE);
     }
     if (m_pSettings != nullptr) {
@@ -129,7 +129,7 @@ void MainWindow::BuildPages()
 
 void MainWindow::addPreferences()
 {
-    m_pPreferences = new PreferencesPage(*m_pSettings, m_pModem, m_pStack);
+    m_pPreferences = new PreferencesPage(*m_pSettings, m_pModem, nullptr);
     addPage(QLatin1String(PREFERENCES_PAGE), m_pPreferences, nullptr, Glyphs::PREFERENCES);
     m_pPreferences->SetLanguages(m_listLanguages, m_strLanguage);
     connect(m_pPreferences, SIGNAL(languageChosen(QString)), this, SIGNAL(languageChosen(QString)));
@@ -212,7 +212,9 @@ void MainWindow::Retranslate()
     }
     m_pNavBar->Retranslate();
     m_pWelcome->Retranslate();
-    m_pMessages->Retranslate();
+    if (m_pMessages != nullptr) {
+        m_pMessages->Retranslate();
+    }
     if (m_pCare != nullptr) {
         m_pCare->Retranslate();
     }
@@ -351,7 +353,7 @@ void MainWindow::addPage(const QString& strName, QWidget* pWidget, PluginPage* p
 
 void MainWindow::addPluginPage(const QString& strName)
 {
-    PluginPage* pPage = new PluginPage(m_container, strName, m_pStack);
+    PluginPage* pPage = new PluginPage(m_container, strName, nullptr);
     addPage(strName, pPage, pPage, glyphOf(strName));
 }
 

@@ -106,8 +106,9 @@ private:
     QStackedWidget* m_pStack;
     DevicePanel* m_pDevicePanel;
     StatusArea* m_pStatus;
-    MessagesPage* m_pMessages;
-    CarePage* m_pCare; // null where the SDK lacks what it needs
+    MessageStore& m_outbox;
+    MessagesPage* m_pMessages; // null until the pages are built, as the next
+    CarePage* m_pCare;         // null where the SDK lacks what it needs
     Modem* m_pModem;
     HostSettings* m_pSettings;
     PreferencesPage* m_pPreferences; // null without settings

@@ -17,6 +17,7 @@
 #include "text/HostText.h"
 #include "window/CountryBox.h"
 #include "window/HardwarePanel.h"
+#include "window/LateBox.h"
 
 namespace
 {
@@ -36,7 +37,7 @@ PreferencesPage::PreferencesPage(HostSettings& settings, Modem* pModem, QWidget*
     : QWidget(pParent),
       m_settings(settings),
       m_pScroll(new QScrollArea(this)),
-      m_pLanguage(new QComboBox(this)),
+      m_pLanguage(new LateBox(this)),
       m_pStartPage(new QComboBox(this)),
       m_pCountry(nullptr),
       m_pHardware(nullptr)
@@ -45,7 +46,6 @@ PreferencesPage::PreferencesPage(HostSettings& settings, Modem* pModem, QWidget*
     m_pLanguage->setObjectName(named("language"));
     m_pStartPage->setObjectName(named("startPage"));
     // The texts of another language may be longer.
-    m_pLanguage->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     m_pStartPage->setSizeAdjustPolicy(QComboBox::AdjustToContents);
 
     QWidget* const pContent = new QWidget;

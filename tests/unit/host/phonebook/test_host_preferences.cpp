@@ -26,6 +26,7 @@ private slots:
     void everySettingHasItsPlace();
     void wordsOfTheCardAreKept();
     void theCountryIsKeptByTheSdk();
+    void listsInOtherLettersAreMeasuredWhenSeen();
     void aLanguageIsChosenThereToo();
     void theStartPageIsKept();
     void theWelcomeNoteComesBack();
@@ -155,6 +156,24 @@ void TestHostPreferences::theCountryIsKeptByTheSdk()
     QCOMPARE(ORVA_Care_GetRegion(szRegion), long(ORVA_OK));
     QCOMPARE(QString(szRegion), QString());
     choose(part<QComboBox>("country"), "");
+}
+
+void TestHostPreferences::listsInOtherLettersAreMeasuredWhenSeen()
+{
+    const LanguageEntry german = {"de", "Deutsch"};
+    m_pWindow->SetLanguages(QList<LanguageEntry>() << german, "de");
+    for (const char* pszRole : {"country", "language"}) {
+        QCOMPARE(part<QComboBox>(pszRole)->sizeHint(), QSize(0, 0));
+    }
+    m_pWindow->ShowPage("Preferences");
+    for (const char* pszRole : {"country", "language"}) {
+        QComboBox* pBox = part<QComboBox>(pszRole);
+        int iWidest = 0;
+        for (int i = 0; i < pBox->count(); ++i) {
+            iWidest = qMax(iWidest, pBox->fontMetrics().boundingRect(pBox->itemText(i)).width());
+        }
+        QTRY_VERIFY(pBox->width() > iWidest);
+    }
 }
 
 void TestHostPreferences::aLanguageIsChosenThereToo()
