@@ -360,8 +360,9 @@ void MessageEditor::makeLayout()
     m_pSubjectLabel->setVisible(m_enKind == HOST_MESSAGE_MMS);
     m_pSubject->setVisible(m_enKind == HOST_MESSAGE_MMS);
     WrapLayout* pFoot = new WrapLayout;
+    // All that the buttons leave: a text that may break would else do so early.
+    m_pLength->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     pFoot->addWidget(m_pLength);
-    pFoot->AddStretch();
     pFoot->addWidget(m_pSend);
     pFoot->addWidget(m_pClose);
     QVBoxLayout* pLayout = new QVBoxLayout(this);

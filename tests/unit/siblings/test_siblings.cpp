@@ -16,6 +16,7 @@
 #include "device/DeviceWatcher.h"
 #include "device/SimulatedHardware.h"
 #include "device/SimulatedModem.h"
+#include "linkhand/QtCompat.h"
 #include "linkhand/core/CommonUtils.h"
 #include "linkhand/plugin/Codes.h"
 #include "linkhand/plugin/IDeviceMgr.h"
@@ -226,6 +227,10 @@ void TestSiblings::theEditorShowsRecipientsAndText()
     QCOMPARE(in<QPlainTextEdit>(pEditor, "SMSUIPlugin_texteditText")->toPlainText().length(), 161);
     QCOMPARE(in<QLabel>(pEditor, "SMSUIPlugin_labelLength")->text(),
              QStringLiteral("Characters: 161, messages: 2; to 3 recipients: 6 in all"));
+    // In one line where there is room for it.
+    const QLabel* pLength = in<QLabel>(pEditor, "SMSUIPlugin_labelLength");
+    pEditor->window()->resize(1000, 500);
+    QTRY_VERIFY(pLength->width() >= QtCompat::textWidth(pLength->fontMetrics(), pLength->text()));
     // In the digits of the language.
     QLocale::setDefault(QLocale("ar"));
     in<QPlainTextEdit>(pEditor, "SMSUIPlugin_texteditText")->setPlainText("a");
