@@ -82,25 +82,6 @@ struct RowReader::Parser {
         begin();
     }
 
-    // A row that is one line without a quotation mark, as most are, needs no parser. False for any other.
-    bool takePlain(std::string_view line, Row& into)
-    {
-        const auto isEnd = [](char c) { return c == '\n' || c == '\r'; };
-        if (isEnd(separator) || !isEnd(line.back()) || line.find('"') != std::string_view::npos)
-            return false;
-        while (!line.empty() && isEnd(line.back()))
-            line.remove_suffix(1);
-        for (std::size_t at = 0; into.columns() <= columnLimit;) {
-            const std::size_t behind = std::min(line.find(separator, at), line.size());
-            into.add(line.substr(at, behind - at));
-            if (behind == line.size())
-                break;
-            at = behind + 1;
-        }
-        ended = true;
-        return true;
-    }
-
     // Blanks beside a quotation mark may stand around a quoted column; all others belong to theirs.
     void take(std::string_view line, Row& into)
     {
@@ -361,11 +342,9 @@ int RowReader::readRow(Row& row)
             return ORVA_FINDING_ROW_LENGTH;
         if (line.empty())
             return ORVA_FINDING_QUOTE;
-        const bool first = line.size() == m_at - m_rowAt;
-        if (first && isBlank(line))
+        if (line.size() == m_at - m_rowAt && isBlank(line))
             return blankLine;
-        if (!first || !m_parser->takePlain(line, row))
-            m_parser->take(line, row);
+        m_parser->take(line, row);
         if (!m_parser->ended && m_fileEnded && m_at == m_text.size())
             m_parser->take("\n", row);
         if (m_parser->ended) {
