@@ -303,6 +303,7 @@ void CoreDialog::linesThatBreakAreAllSeen()
     dialog.show();
     QTRY_VERIFY(pContent->height() >= pContent->heightForWidth(pContent->width()));
     QCOMPARE(dialog.width(), 400);
+    QVERIFY(pContent->height() < 2 * pContent->heightForWidth(pContent->width()));
 }
 
 QTEST_MAIN(CoreDialog)

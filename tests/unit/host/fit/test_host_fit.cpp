@@ -357,6 +357,7 @@ void TestHostFit::theSideBarFollowsALongerWord()
     QTRY_COMPARE(pButton->size(), pButton->SizeIn(NavButton::SPACIOUS));
     QVERIFY(!pButton->IsPicture());
     pBar->SetPageText(0, "A word of another language that is longer by far");
+    QVERIFY(pButton->SizeIn(NavButton::CLOSE).width() > pButton->fontMetrics().height() * 8);
     QTRY_VERIFY(pButton->IsPicture());
     QTRY_COMPARE(pBar->width(), pButton->SizeIn(NavButton::PICTURE).width());
 }
