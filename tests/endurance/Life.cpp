@@ -48,6 +48,7 @@ Life::Life(quint32 seed, int actions, Services& services, const QString& folder)
       m_looks(0),
       m_lookDue(false),
       m_looking(false),
+      m_careWrote(false),
       m_ended(false)
 {
     m_log.open(QIODevice::WriteOnly | QIODevice::Truncate);
@@ -64,11 +65,27 @@ void Life::note(const QString& text)
     m_log.flush();
 }
 
+// The window is made when the program runs.
+void Life::watchCare()
+{
+    MainWindow* const window = Screen::mainWindow();
+    if (window != nullptr && window != m_watched)
+        connect(window, SIGNAL(contactsChanged()), this, SLOT(OnCareWrote()));
+    m_watched = window;
+}
+
+// What the care page writes waits for "show" too where the phonebook is in use.
+void Life::OnCareWrote()
+{
+    m_careWrote = true;
+}
+
 // The next step is asked for before this one is done: it may be due in the event loop of what this one opens. While the
 // screen is looked at, and after the end, nothing is left to do but to answer what a worker still tells.
 void Life::OnNext()
 {
     QTimer::singleShot(m_lookDue || m_looking || m_ended ? 10 : 0, this, SLOT(OnNext()));
+    watchCare();
     if (m_looking || m_ended) {
         m_user.putAside();
         return;
@@ -97,8 +114,10 @@ void Life::look()
     if (Screen::mainWindow() != nullptr) {
         m_failure = PageCheck::run(*Screen::mainWindow());
         Screen::mainWindow()->ShowPage("AddrBookUIPlugin");
-        if (m_user.takeStored())
+        const bool stored = m_user.takeStored();
+        if (stored || m_careWrote)
             QMetaObject::invokeMethod(&Screen::mainWindow()->Status(), "showChangesRequested");
+        m_careWrote = false;
     }
     if (m_failure.isEmpty())
         m_failure = m_check.run();

@@ -4,9 +4,11 @@
 #include <QFile>
 #include <QList>
 #include <QObject>
+#include <QPointer>
 
 #include "RandomUser.h"
 #include "ScreenCheck.h"
+#include "window/MainWindow.h"
 
 // One run of the program under a random user: so many actions, with a look at screen and store after each hundred.
 class Life : public QObject
@@ -30,8 +32,10 @@ public:
 
 private slots:
     void OnNext();
+    void OnCareWrote();
 
 private:
+    void watchCare();
     void look();
     void checkMemory();
     void note(const QString& text);
@@ -39,6 +43,7 @@ private:
 
     RandomUser m_user;
     ScreenCheck m_check;
+    QPointer<MainWindow> m_watched;
     Services& m_services;
     QFile m_log;
     QString m_failure;
@@ -50,6 +55,7 @@ private:
     QList<size_t> m_heapKiB; // in use at each look; 0 under a sanitizer
     bool m_lookDue;
     bool m_looking;
+    bool m_careWrote; // and nothing was looked at since
     bool m_ended;
 };
 
