@@ -199,6 +199,7 @@ void measure(int iCount, int iRounds, Figures& figures)
 {
     const QTemporaryDir folder;
     ORVA_Sim_Reset(folder.path().toUtf8().constData());
+    ORVA_Sim_SetCapacity(PB_MEM_LOCAL, 1000000);
     if (!storeContacts(makeContacts(iCount))) {
         std::fprintf(stderr, "the contacts could not be stored\n");
         std::exit(2);

@@ -42,6 +42,30 @@ private:
     QStandardItemModel m_empty;
 };
 
+// A cell that is set where the table is sorted by its column would be moved to its place in the order.
+class UnsortedHeader
+{
+public:
+    explicit UnsortedHeader(QTableWidget* ptable)
+        : m_pHeader(ptable->horizontalHeader()),
+          m_bBefore(m_pHeader->blockSignals(true)),
+          m_iSection(m_pHeader->sortIndicatorSection())
+    {
+        m_pHeader->setSortIndicator(-1, m_pHeader->sortIndicatorOrder());
+    }
+    ~UnsortedHeader()
+    {
+        m_pHeader->setSortIndicator(m_iSection, m_pHeader->sortIndicatorOrder());
+        m_pHeader->blockSignals(m_bBefore);
+    }
+
+private:
+    Q_DISABLE_COPY(UnsortedHeader)
+    QHeaderView* m_pHeader;
+    bool m_bBefore;
+    int m_iSection;
+};
+
 bool holds(const QTableWidget* ptable, int iRow, const CaselessText& text)
 {
     const int iColumns = ptable->columnCount();
@@ -126,6 +150,41 @@ QBitArray rowsWithout(QTableWidget* ptable, const QString& strText)
     }
     return goes;
 }
+
+// So that the selection and the current cell follow their rows; from the end, so that none is moved more often than it
+// must.
+void removeInRuns(QTableWidget* ptable, const QBitArray& goes)
+{
+    for (int iLast = goes.size() - 1; iLast >= 0; --iLast) {
+        if (!goes.testBit(iLast))
+            continue;
+        int iFirst = iLast;
+        while (iFirst > 0 && goes.testBit(iFirst - 1))
+            --iFirst;
+        remove(ptable, iFirst, iLast);
+        iLast = iFirst;
+    }
+}
+
+// Each removal moves all rows behind it: where nobody follows a row, those that stay move up once, and the rest goes
+// all at once.
+void closeUp(QTableWidget* ptable, const QBitArray& goes)
+{
+    int iTo = 0;
+    {
+        const QuietModel quiet(ptable);
+        const UnsortedHeader unsorted(ptable);
+        for (int iRow = 0; iRow < goes.size(); ++iRow) {
+            if (goes.testBit(iRow))
+                continue;
+            for (int iColumn = 0; iTo < iRow && iColumn < ptable->columnCount(); ++iColumn)
+                ptable->setItem(iTo, iColumn, ptable->takeItem(iRow, iColumn));
+            ++iTo;
+        }
+    }
+    if (iTo < goes.size())
+        ptable->model()->removeRows(iTo, goes.size() - iTo);
+}
 } // namespace
 
 QList<int> TableRows::selected(const QTableWidget* ptable)
@@ -202,22 +261,17 @@ bool TableRows::fill(QTableWidget* ptable, int iRow, const Content& content, con
     return true;
 }
 
-// Rows go in runs and from the end, so that none is moved more often than it must.
 void TableRows::narrow(QTableWidget* ptable, const QString& strText)
 {
     if (ptable == nullptr)
         return;
+    const bool bFollowed = ptable->selectionModel()->hasSelection() || ptable->currentIndex().isValid();
     const QBitArray goes = rowsWithout(ptable, strText);
     const DetachedHeader detached(ptable);
-    for (int iLast = goes.size() - 1; iLast >= 0; --iLast) {
-        if (!goes.testBit(iLast))
-            continue;
-        int iFirst = iLast;
-        while (iFirst > 0 && goes.testBit(iFirst - 1))
-            --iFirst;
-        remove(ptable, iFirst, iLast);
-        iLast = iFirst;
-    }
+    if (bFollowed)
+        removeInRuns(ptable, goes);
+    else
+        closeUp(ptable, goes);
 }
 
 void TableRows::clear(QTableWidget* ptable)

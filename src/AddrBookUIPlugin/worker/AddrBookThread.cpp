@@ -6,6 +6,11 @@
 #include "logic/Log.h"
 #include "logic/QueuedEmit.h"
 
+namespace
+{
+const unsigned TURN_MS = 50;
+}
+
 AddrBookThread::AddrBookThread(QObject* pParent)
     : QThread(pParent),
       m_enOperation(ADDRBOOK_OP_NONE),
@@ -21,6 +26,9 @@ AddrBookThread::AddrBookThread(QObject* pParent)
       m_enSourceMemory(PB_MEM_LOCAL),
       m_enTargetMemory(PB_MEM_LOCAL),
       m_bContactsTaken(false),
+      m_iHandedOver(0),
+      m_bGivesTurns(false),
+      m_iTurnMs(TURN_MS),
       m_iRuns(0)
 {
     ADDRBOOK_LOG_CALLED();

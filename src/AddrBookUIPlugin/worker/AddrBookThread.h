@@ -21,7 +21,8 @@
 // setter, starts the thread, gets one signal a record, and "finished". Signals carry bool, int and pointers as
 // qlonglong (see PointerCarrier.h); the slot that receives a heap record owns it.
 //
-// The changing operations wait after each record's result for SetSlotExecutionStatus; the reading ones do not.
+// The changing operations wait after each record's result for SetSlotExecutionStatus; the reading ones do not, but a
+// long read lets the event loop that receives it have its turn.
 // A receiver that goes away takes what is still on its way to it first, when the worker has ended:
 // QCoreApplication::sendPostedEvents(this, QEvent::MetaCall) in its destructor.
 //
@@ -88,7 +89,11 @@ signals:
 protected:
     void run() override;
 
+private slots:
+    void OnTurn();
+
 private:
+    friend struct AddrBookThreadAccess;
     Q_DISABLE_COPY(AddrBookThread)
 
     void endWithLogic() override { EndOperation(); }
@@ -105,6 +110,7 @@ private:
                    const int* piIds, bool& bError, _ORVA_EN_PHONEBOOK_MEMORY enMemory, int iCount, int iGroupId);
     void handOverContact(const AddrBookRecord& record, _ORVA_EN_PHONEBOOK_MEMORY enMemory, int iGroupId, int iRow,
                          int iFieldCount);
+    void giveTurn();
 
     // Reads for the select-contacts tree (AddrBookThreadTree.cpp).
     void addTreeNodes();
@@ -152,6 +158,9 @@ private:
     // Held while a record is handed over, so that DisconnectSignals falls before or behind that and never between.
     std::mutex m_mutexHandOver;
     bool m_bContactsTaken; // addContacts has a receiver; asked once a read, since asking is slow
+    int m_iHandedOver;     // records of this read
+    bool m_bGivesTurns;    // the receivers' event loop came when it was waited for
+    unsigned m_iTurnMs;    // the longest it is waited for
 
     // Publishes the lists that run() wrote to whoever saw its end. QThread does so too, but not visibly for the thread
     // sanitizer.

@@ -1,4 +1,5 @@
 #include <QCoreApplication>
+#include <QMutexLocker>
 
 #include <memory>
 #include <new>
@@ -15,6 +16,14 @@
 #include "worker/AddrBookThread.h"
 
 // Reading a memory or a group, each record being signalled as soon as it is there.
+
+namespace
+{
+
+// The window takes so many in some 20 ms.
+const int TURN_RECORDS = 5000;
+
+} // namespace
 
 void AddrBookThread::setNewTableContent()
 {
@@ -37,6 +46,8 @@ int AddrBookThread::GetRecordInGroup(QList<AddrBookRecord>& lstRecords, _ORVA_EN
         const std::lock_guard<std::mutex> locker(m_mutexHandOver);
         m_bContactsTaken = SIGNAL_RECEIVERS(addContacts, int, qlonglong, int, int, int) > 0;
     }
+    m_iHandedOver = 0;
+    m_bGivesTurns = true;
     QList<AddrBookField> lstFields;
     pLogic->GetAllFields(lstFields, enMemory);
     if (iGroupId != 0) {
@@ -100,12 +111,37 @@ int AddrBookThread::getRecordsOfSameMemType(const QList<AddrBookField>& lstField
 void AddrBookThread::handOverContact(const AddrBookRecord& record, _ORVA_EN_PHONEBOOK_MEMORY enMemory, int iGroupId,
                                      int iRow, int iFieldCount)
 {
-    const std::lock_guard<std::mutex> locker(m_mutexHandOver);
-    if (!m_bContactsTaken || CommonUtils::IsShuttingDown())
-        return;
-    AddrBookRecord* const pCopy = new (std::nothrow) AddrBookRecord(record);
-    if (pCopy != nullptr)
-        QUEUED_EMIT(addContacts, enMemory, pointerToCarrier(pCopy), iGroupId, iRow, iFieldCount);
+    {
+        const std::lock_guard<std::mutex> locker(m_mutexHandOver);
+        if (!m_bContactsTaken || CommonUtils::IsShuttingDown())
+            return;
+        AddrBookRecord* const pCopy = new (std::nothrow) AddrBookRecord(record);
+        if (pCopy != nullptr)
+            QUEUED_EMIT(addContacts, enMemory, pointerToCarrier(pCopy), iGroupId, iRow, iFieldCount);
+    }
+    ++m_iHandedOver;
+    if (m_bGivesTurns && m_iHandedOver % TURN_RECORDS == 0)
+        giveTurn();
+}
+
+// What arrives while Qt delivers is delivered with it: a worker that keeps ahead would keep keys and paint events
+// waiting until all is read. A loop that does not come may be waiting for this very transaction: it is not waited for
+// again.
+void AddrBookThread::giveTurn()
+{
+    const QMutexLocker locker(&m_mutex);
+    m_bSlotFinished = false;
+    {
+        const QueuedEmitScope scope;
+        QMetaObject::invokeMethod(this, "OnTurn", Qt::QueuedConnection); // behind the records signalled so far
+    }
+    m_condition.wait(&m_mutex, m_iTurnMs);
+    m_bGivesTurns = m_bSlotFinished;
+}
+
+void AddrBookThread::OnTurn()
+{
+    SetSlotExecutionStatus();
 }
 
 int AddrBookThread::getRecordInRoot(QList<AddrBookRecord>& lstRecords, _ORVA_EN_PHONEBOOK_MEMORY enMemory, int iGroupId,

@@ -1,6 +1,7 @@
 #include "TestRows.h"
 #include "fakecore/FakeCore.h"
 #include "logic/ItemData.h"
+#include "widgets/QuietModel.h"
 
 class RowsTest : public QObject
 {
@@ -99,6 +100,66 @@ private slots:
         TableRows::narrow(&rows, "nobody");
         QCOMPARE(rows.rowCount(), 0);
         TableRows::narrow(nullptr, "x");
+    }
+
+    void narrowingKeepsTheOrderAndItsMark()
+    {
+        TestRows rows;
+        for (int id = 0; id < 60; ++id)
+            rows.add(id, {QString::number(99 - id), id % 3 == 0 ? "three" : "one"});
+        rows.setSortingEnabled(true);
+        rows.sortItems(0, Qt::DescendingOrder);
+        QSignalSpy sorted(rows.horizontalHeader(), SIGNAL(sortIndicatorChanged(int, Qt::SortOrder)));
+        TableRows::narrow(&rows, "three");
+        QStringList expected;
+        for (int id = 0; id < 60; id += 3)
+            expected << QString::number(99 - id);
+        QCOMPARE(rows.names(), expected);
+        QCOMPARE(TableRows::text(&rows, 19, 1), QString("three"));
+        QCOMPARE(sorted.count(), 0);
+        QCOMPARE(rows.horizontalHeader()->sortIndicatorSection(), 0);
+        QCOMPARE(rows.horizontalHeader()->sortIndicatorOrder(), Qt::DescendingOrder);
+        QVERIFY(rows.isSortingEnabled());
+        QVERIFY(!rows.horizontalHeader()->signalsBlocked());
+    }
+
+    void narrowingDoesNotSortAnew()
+    {
+        TestRows rows;
+        for (int id = 0; id < 6; ++id)
+            rows.add(id, {QString::number(id), id % 2 == 0 ? "two" : "one"});
+        rows.setSortingEnabled(true);
+        rows.sortItems(0, Qt::AscendingOrder);
+        {
+            const QuietModel quiet(&rows);
+            rows.item(2, 0)->setText("9");
+        }
+        TableRows::narrow(&rows, "two");
+        QCOMPARE(rows.names(), QStringList({"0", "9", "4"}));
+    }
+
+    void selectedRowsFollowTheirContacts()
+    {
+        TestRows rows;
+        for (int id = 0; id < 6; ++id)
+            rows.add(id, {QString::number(id), id % 2 == 0 ? "two" : "one"});
+        rows.select(2, 3);
+        QVERIFY(!rows.currentIndex().isValid());
+        TableRows::narrow(&rows, "two");
+        QCOMPARE(rows.names(), QStringList({"0", "2", "4"}));
+        QCOMPARE(TableRows::selected(&rows), QList<int>{1});
+    }
+
+    void currentRowWithoutASelectionFollowsItsContact()
+    {
+        TestRows rows;
+        for (int id = 0; id < 6; ++id)
+            rows.add(id, {QString::number(id), id % 2 == 0 ? "two" : "one"});
+        TableRows::makeCurrent(&rows, rows.item(2, 0));
+        TableRows::narrow(&rows, "two");
+        QCOMPARE(rows.names(), QStringList({"0", "2", "4"}));
+        QCOMPARE(rows.currentRow(), 1);
+        QVERIFY(TableRows::selected(&rows).isEmpty());
     }
 
     void narrowingLeavesHeaderAndSelectionOneModel()

@@ -65,12 +65,15 @@ public:
     QList<qlonglong> nodes;
     bool answers = true;                     // each result by SetSlotExecutionStatus
     std::function<void(int count)> onResult; // before the answer
+    std::function<void(int count)> onContact;
 
 private slots:
     void OnAddContacts(int enType, qlonglong iData, int iGroupid, int iCurrentRow, int iColumnCount)
     {
         const std::unique_ptr<AddrBookRecord> record(carrierToPointer<AddrBookRecord>(iData));
         contacts << Contact{enType, record->iID, record->lstValues, iGroupid, iCurrentRow, iColumnCount};
+        if (onContact)
+            onContact(contacts.size());
     }
     void OnRecordResult(bool bResult, qlonglong iPtrAddrBookRecord)
     {

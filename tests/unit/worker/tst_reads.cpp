@@ -1,8 +1,27 @@
 #include "WorkerTest.h"
 
+struct AddrBookThreadAccess {
+    static void setPatience(AddrBookThread& worker, unsigned ms) { worker.m_iTurnMs = ms; }
+};
+
 class TestReads : public WorkerTest
 {
     Q_OBJECT
+
+    // Two turns and more.
+    static void addMany()
+    {
+        for (int i = 0; i < 11000; ++i)
+            FakeSdk::addRecord(PB_MEM_SIM, {"Anna", "1"});
+    }
+
+    // Nobody takes anything meanwhile.
+    static void startAndFillAQueue(AddrBookThread& worker)
+    {
+        worker.start(QThread::InheritPriority);
+        while (FakeSdk::count("AddrRecordSet_GetID") < 5000)
+            QThread::msleep(1);
+    }
 
     static QStringList oneSetRecord()
     {
@@ -36,6 +55,51 @@ private slots:
                      QStringList({"EndTransaction(0)", "AddrRecordSet_Release()", "EndTransaction(0)"}));
         for (const FakeSdk::Call& call : FakeSdk::calls())
             QCOMPARE(call.thread, static_cast<const void*>(&worker));
+    }
+
+    void aLongReadWaitsForTheEventLoopThatTakesIt()
+    {
+        addMany();
+        AddrBookThread worker;
+        AddrBookThreadAccess::setPatience(worker, 60000);
+        Receiver receiver(&worker);
+        int readWhenTaken = 0;
+        receiver.onContact = [&readWhenTaken](int count) {
+            if (count == 5000)
+                readWhenTaken = FakeSdk::count("AddrRecordSet_GetID");
+        };
+        setRead(worker, PB_MEM_SIM, 0);
+        startAndFillAQueue(worker);
+        QTRY_COMPARE(receiver.contacts.size(), 11000);
+        QCOMPARE(readWhenTaken, 5000);
+    }
+
+    void aLongReadEndsWhereItWaits()
+    {
+        addMany();
+        AddrBookThread worker;
+        AddrBookThreadAccess::setPatience(worker, 60000);
+        const Receiver receiver(&worker);
+        setRead(worker, PB_MEM_SIM, 0);
+        startAndFillAQueue(worker);
+        worker.EndOperation();
+        QCOMPARE(FakeSdk::count("AddrRecordSet_GetID"), 5000);
+        QCOMPARE(FakeSdk::openTransactions(PB_MEM_SIM), 0);
+    }
+
+    void aLongReadWaitsOnceForALoopThatDoesNotCome()
+    {
+        addMany();
+        AddrBookThread worker;
+        AddrBookThreadAccess::setPatience(worker, 1);
+        const Receiver receiver(&worker);
+        // In the second block, when the first wait is over.
+        FakeSdk::onCall("AddrRecordSet_MoveNext", 7000,
+                        [&worker] { AddrBookThreadAccess::setPatience(worker, 3600000); });
+        setRead(worker, PB_MEM_SIM, 0);
+        startAndFillAQueue(worker);
+        QVERIFY(worker.wait(60000));
+        QCOMPARE(FakeSdk::count("AddrRecordSet_GetID"), 11000);
     }
 
     void aMemoryWithoutASetEndsTheReadAtOnce()
