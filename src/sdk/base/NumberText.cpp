@@ -196,10 +196,14 @@ std::optional<NumberText> readNumber(std::u16string_view text, Pauses pauses)
 
 bool isPlainNumber(std::u16string_view text, Pauses pauses)
 {
-    return std::all_of(text.begin(), text.end(), [pauses](char16_t c) {
-        return c < 0x80 && (isDigit(static_cast<char>(c)) || isSign(static_cast<char>(c)) ||
-                            (pauses == Pauses::Yes && (c == u'p' || c == u'w')));
-    });
+    for (const char16_t c : text) {
+        if (c >= u'0' && c <= u'9')
+            continue;
+        const bool pause = pauses == Pauses::Yes && (c == u'p' || c == u'w');
+        if (!pause && (c >= 0x80 || !isSign(static_cast<char>(c))))
+            return false;
+    }
+    return true;
 }
 
 bool isNumberField(const Field& field)

@@ -1,6 +1,7 @@
 #ifndef SDK_BASE_ROWBLOCK_H
 #define SDK_BASE_ROWBLOCK_H
 
+#include <algorithm>
 #include <cstddef>
 #include <cstring>
 #include <string>
@@ -58,7 +59,7 @@ public:
     {
         const std::size_t begin = m_ends.empty() ? 0 : m_ends.back();
         if (m_text.size() - begin < units)
-            m_text.resize(begin + units + m_text.size()); // grown by doubling, never shrunk: filled over and over
+            grow(begin + units);
         if (units != 0)
             std::memcpy(m_text.data() + begin, data, units * sizeof(char16_t));
         m_ends.push_back(begin + units);
@@ -72,6 +73,13 @@ public:
     }
 
 private:
+    // By doubling, within the room that was made while that is enough; never shrunk: filled over and over.
+    void grow(std::size_t units)
+    {
+        const std::size_t doubled = units + m_text.size();
+        m_text.resize(units <= m_text.capacity() ? std::min(doubled, m_text.capacity()) : doubled);
+    }
+
     std::size_t m_fields;
     std::vector<int> m_ids;
     std::vector<std::size_t> m_ends; // end of each value in m_text

@@ -93,7 +93,8 @@ bool FieldMap::readValue(const Row& row, const Source& source)
         if (!appendColumn(second))
             return false;
     }
-    if (source.number || source.email)
+    const bool plain = source.number && isPlainNumber({m_value.data(), m_length}, source.pauses);
+    if (!plain && (source.number || source.email))
         m_several = takeFirst();
     return true;
 }

@@ -40,6 +40,7 @@ SimulatedHardware::SimulatedHardware(std::string folder, EventHub& events)
 {
     const Lock lock(m_mutex);
     m_state = readKept();
+    m_localCapacity = m_state.localCapacity;
     shapeProfiles();
 }
 
@@ -192,8 +193,10 @@ bool SimulatedHardware::setCapacity(int memory, int capacity)
     if ((!isHardware(memory) && memory != ORVA_MEMORY_LOCAL) || capacity < 0 || capacity > mostRecords)
         return false;
     return change([&] {
-        if (memory == ORVA_MEMORY_LOCAL)
+        if (memory == ORVA_MEMORY_LOCAL) {
+            m_localCapacity = capacity;
             return put(m_state.localCapacity, capacity);
+        }
         return put(memory == ORVA_MEMORY_CARD ? m_state.cardCapacity : m_state.deviceCapacity, capacity);
     });
 }
@@ -283,8 +286,7 @@ int SimulatedHardware::capacity(int memory) const
 
 int SimulatedHardware::localCapacity() const
 {
-    const Lock lock(m_mutex);
-    return m_state.localCapacity;
+    return m_localCapacity;
 }
 
 bool SimulatedHardware::countsUnits() const

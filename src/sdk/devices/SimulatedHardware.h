@@ -87,6 +87,7 @@ private:
     mutable std::mutex m_mutex;
     std::condition_variable m_changed;
     HardwareState m_state;
+    std::atomic<int> m_localCapacity{0}; // as the state has it; asked for with each record that is stored
     bool m_autoReady = true;
     std::array<Delay, 2> m_delays;
     std::array<std::shared_ptr<const Profile>, 2> m_profiles;

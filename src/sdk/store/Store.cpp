@@ -56,10 +56,11 @@ void Store::makeStatements()
         m_selectRange.push_back(select + "BETWEEN ? AND ? ORDER BY id LIMIT ?");
         m_selectOne.push_back(select + "= ?");
     }
-    m_insert = "INSERT INTO records (id" + listed(m_columns, m_columns.size(), ", ", "") + ") VALUES (?";
+    std::string insert = "INSERT INTO records (" + listed(m_columns, m_columns.size(), "", ", ") + "id) VALUES (";
     for (std::size_t i = 0; i < m_columns.size(); ++i)
-        m_insert += ", ?";
-    m_insert += ")";
+        insert += "?, ";
+    m_insert = insert + "?)";
+    m_append = insert + "NULL)";
     m_update = "UPDATE records SET " + listed(m_columns, m_columns.size(), "", " = ?, ");
     m_update.erase(m_update.size() - 2);
     m_update += " WHERE id = ?";
@@ -152,12 +153,15 @@ int Store::insertRecord(const Values& values, int capacity)
     if (m_count >= capacity || m_lastRecord == INT_MAX)
         throw Failure(ORVA_E_FULL, "the memory is full");
     const int id = m_lastRecord + 1;
-    Query query(*m_db, m_insert.c_str());
-    query.bind(1, id);
+    // Behind the highest identifier in the table SQLite comes to the same, and need not look for the place.
+    const bool append = m_newest == m_lastRecord && m_newest != 0;
+    Query query(*m_db, append ? m_append.c_str() : m_insert.c_str());
     for (std::size_t i = 0; i < m_columns.size(); ++i)
-        query.bind(static_cast<int>(i) + 2, i < values.size() ? std::u16string_view(values[i]) : std::u16string_view());
+        query.bind(static_cast<int>(i) + 1, i < values.size() ? std::u16string_view(values[i]) : std::u16string_view());
+    if (!append)
+        query.bind(static_cast<int>(m_columns.size()) + 1, id);
     query.step();
-    m_lastRecord = m_touched = id;
+    m_lastRecord = m_touched = m_newest = id;
     m_countersChanged = true;
     ++m_count;
     return id;
@@ -218,6 +222,7 @@ void Store::eraseRecord(int id)
     Query(*m_db, "DELETE FROM records WHERE id = ?").bind(1, id).step();
     if (sqlite3_changes(m_db->handle()) == 0)
         throw notThere("record");
+    m_newest = 0;
     --m_count;
     ++m_changes;
 }

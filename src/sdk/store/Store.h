@@ -284,6 +284,7 @@ private:
     std::vector<std::string> m_selectRange;
     std::vector<std::string> m_selectOne;
     std::string m_insert;
+    std::string m_append; // the same behind the highest identifier
     std::string m_update;
     std::string m_selectBin;
     Clock::time_point m_purged; // the bin, by this process; the epoch for never
@@ -294,6 +295,7 @@ private:
     int m_foreignChanges = 0;
     int m_count = -1; // -1: to be counted
     int m_lastRecord = 0;
+    int m_newest = 0; // the record added last, while nothing was deleted since; 0 for not known
     int m_lastGroup = 0;
     bool m_countersChanged = false;
     bool m_suspect = false; // an operation met damage
@@ -376,6 +378,7 @@ auto Store::wholly(Body&& body) -> decltype(body())
         sqlite3_exec(m_db->handle(), "ROLLBACK TO whole", nullptr, nullptr, nullptr);
         sqlite3_exec(m_db->handle(), "RELEASE whole", nullptr, nullptr, nullptr);
         m_count = count;
+        m_newest = 0;
         throw;
     }
 }

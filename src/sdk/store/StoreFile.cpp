@@ -213,6 +213,7 @@ int Store::foreignChanges()
 void Store::forgetContent()
 {
     m_count = -1;
+    m_newest = 0;
     m_groups.reset();
 }
 

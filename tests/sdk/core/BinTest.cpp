@@ -207,10 +207,12 @@ TEST(aContactThatCannotComeBackWithItsGroupsDoesNotComeAtAll)
     ORVA_PBSrv_BeginTransaction(local);
     int id = 0;
     CHECK(ORVA_Care_Undelete(local, bin()[0].id, &id) != ORVA_OK);
-    ORVA_PBSrv_EndTransaction(local);
     CHECK_EQ(sizeOf(local), 0);
+    const int berta = add(local, {{"Name", u"Berta"}});
+    ORVA_PBSrv_EndTransaction(local);
+    CHECK(idsOf(local) == std::vector<int>{berta});
     CHECK_EQ(bin().size(), 1U);
-    CHECK_EQ(RawStore(data).ask("SELECT count(*) FROM records"), "0");
+    CHECK_EQ(RawStore(data).ask("SELECT name FROM records"), "Berta");
 }
 
 TEST(aDeletionThatIsNotCommittedLeavesNothingInTheBin)
