@@ -161,6 +161,8 @@ int Store::insertRecord(const Values& values, int capacity)
     if (!append)
         query.bind(static_cast<int>(m_columns.size()) + 1, id);
     query.step();
+    if (append && sqlite3_last_insert_rowid(m_db->handle()) != id)
+        throw Failure(ORVA_E_STORE, "the last record is not the one that was added last");
     m_lastRecord = m_touched = m_newest = id;
     m_countersChanged = true;
     ++m_count;
