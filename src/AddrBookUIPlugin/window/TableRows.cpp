@@ -14,6 +14,7 @@
 #include "linkhand/core/CommonUtils.h"
 #include "logic/CaselessText.h"
 #include "logic/ItemData.h"
+#include "widgets/DiscardedCells.h"
 #include "widgets/QuietModel.h"
 #include "widgets/UITableItem.h"
 
@@ -66,17 +67,6 @@ private:
     int m_iSection;
 };
 
-bool holds(const QTableWidget* ptable, int iRow, const CaselessText& text)
-{
-    const int iColumns = ptable->columnCount();
-    for (int iColumn = 0; iColumn < iColumns; ++iColumn) {
-        const QTableWidgetItem* pitem = ptable->item(iRow, iColumn);
-        if (pitem != nullptr && UITableItem::Holds(pitem, text))
-            return true;
-    }
-    return false;
-}
-
 void empty(QTableWidget* ptable, int iRow)
 {
     const int iColumns = ptable->columnCount();
@@ -98,36 +88,62 @@ void remove(QTableWidget* ptable, int iFirst, int iLast)
     ptable->model()->removeRows(iFirst, iLast - iFirst + 1);
 }
 
-// The rows in the order in which their cells lie in memory. Looked at in that order, those of a large table are there
-// before they are asked for; freed in that order, their blocks join up again. In the order of a sorted table either
-// takes longer than the whole fill took.
-QVector<int> rowsByAge(const QTableWidget* ptable)
+// A table's cells, row by row in the order in which they lie in memory. Looked at in that order, those of a large table
+// are there before they are asked for; freed in that order, their blocks join up again. In the order of a sorted table
+// either takes longer than the whole fill took.
+class AgedRows
 {
-    QVector<std::pair<const QTableWidgetItem*, int>> lstFirst;
-    lstFirst.reserve(ptable->rowCount());
-    for (int iRow = 0; iRow < ptable->rowCount(); ++iRow)
-        lstFirst.append(std::make_pair(ptable->item(iRow, 0), iRow));
-    std::sort(lstFirst.begin(), lstFirst.end());
-    QVector<int> lstRows;
-    lstRows.reserve(lstFirst.size());
-    for (int i = 0; i < lstFirst.size(); ++i)
-        lstRows.append(lstFirst.at(i).second);
-    return lstRows;
-}
-
-// For somebody who goes through rows that lie far apart: those that come next are fetched meanwhile, first their cells
-// and then, through these, their texts.
-void announce(const QTableWidget* ptable, const QVector<int>& lstRows, int iAt)
-{
-    const int CELLS_AHEAD = 8;
-    const int TEXTS_AHEAD = 4;
-    const int iColumns = ptable->columnCount();
-    if (iAt + CELLS_AHEAD >= lstRows.size())
-        return;
-    for (int iColumn = 0; iColumn < iColumns; ++iColumn) {
-        UITableItem::Announce(ptable->item(lstRows.at(iAt + CELLS_AHEAD), iColumn));
-        UITableItem::AnnounceText(ptable->item(lstRows.at(iAt + TEXTS_AHEAD), iColumn));
+public:
+    explicit AgedRows(const QTableWidget* ptable) : m_iColumns(ptable->columnCount())
+    {
+        m_lstCells.reserve(ptable->rowCount() * m_iColumns);
+        m_lstOrder.reserve(ptable->rowCount());
+        for (int iRow = 0; m_iColumns > 0 && iRow < ptable->rowCount(); ++iRow) {
+            for (int iColumn = 0; iColumn < m_iColumns; ++iColumn)
+                m_lstCells.append(ptable->item(iRow, iColumn));
+            m_lstOrder.append(std::make_pair(m_lstCells.at(iRow * m_iColumns), iRow));
+        }
+        std::sort(m_lstOrder.begin(), m_lstOrder.end());
     }
+
+    int count() const { return int(m_lstOrder.size()); }
+
+    // Its number in the table.
+    int row(int i) const { return m_lstOrder.at(i).second; }
+
+    bool holds(int i, const CaselessText& text) const
+    {
+        const QTableWidgetItem* const* ppCells = cells(i);
+        return std::any_of(ppCells, ppCells + m_iColumns, [&text](const QTableWidgetItem* pitem) {
+            return pitem != nullptr && UITableItem::Holds(pitem, text);
+        });
+    }
+
+    // For somebody who goes through rows that lie far apart: those that come next are fetched meanwhile, first their
+    // cells and then, through these, their texts.
+    void announce(int i) const
+    {
+        const int CELLS_AHEAD = 8;
+        const int TEXTS_AHEAD = 4;
+        if (i + CELLS_AHEAD >= count())
+            return;
+        std::for_each(cells(i + CELLS_AHEAD), cells(i + CELLS_AHEAD) + m_iColumns, UITableItem::Announce);
+        std::for_each(cells(i + TEXTS_AHEAD), cells(i + TEXTS_AHEAD) + m_iColumns, UITableItem::AnnounceText);
+    }
+
+private:
+    const QTableWidgetItem* const* cells(int i) const { return m_lstCells.constData() + row(i) * m_iColumns; }
+
+    int m_iColumns;
+    QVector<const QTableWidgetItem*> m_lstCells; // as the table has them
+    QVector<std::pair<const QTableWidgetItem*, int>> m_lstOrder;
+};
+
+void discard(QTableWidget* ptable, int iRow, DiscardedCells& discarded)
+{
+    const int iColumns = ptable->columnCount();
+    for (int iColumn = 0; iColumn < iColumns; ++iColumn)
+        discarded.Take(ptable->takeItem(iRow, iColumn));
 }
 
 // The rows without a cell that holds the text. Where nothing is selected, so that nobody looks at a row on the way,
@@ -138,15 +154,16 @@ QBitArray rowsWithout(QTableWidget* ptable, const QString& strText)
     const QuietModel quiet(ptable);
     QBitArray goes(ptable->rowCount());
     const CaselessText text(strText);
-    const QVector<int> lstRows = rowsByAge(ptable);
-    for (int i = 0; i < lstRows.size(); ++i) {
-        announce(ptable, lstRows, i);
-        const int iRow = lstRows.at(i);
-        if (holds(ptable, iRow, text))
+    const AgedRows rows(ptable);
+    DiscardedCells& discarded = DiscardedCells::Of(ptable);
+    for (int i = 0; i < rows.count(); ++i) {
+        rows.announce(i);
+        if (rows.holds(i, text))
             continue;
+        const int iRow = rows.row(i);
         goes.setBit(iRow);
         if (bAtOnce)
-            empty(ptable, iRow);
+            discard(ptable, iRow, discarded);
     }
     return goes;
 }
@@ -278,11 +295,12 @@ void TableRows::clear(QTableWidget* ptable)
 {
     if (ptable == nullptr)
         return;
+    DiscardedCells::Of(ptable).FreeAll();
     const QuietModel quiet(ptable);
-    const QVector<int> lstRows = rowsByAge(ptable);
-    for (int i = 0; i < lstRows.size(); ++i) {
-        announce(ptable, lstRows, i);
-        empty(ptable, lstRows.at(i));
+    const AgedRows rows(ptable);
+    for (int i = 0; i < rows.count(); ++i) {
+        rows.announce(i);
+        empty(ptable, rows.row(i));
     }
     for (int iColumn = 0; iColumn < ptable->columnCount(); ++iColumn)
         delete ptable->takeHorizontalHeaderItem(iColumn);

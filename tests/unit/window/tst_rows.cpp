@@ -1,6 +1,7 @@
 #include "TestRows.h"
 #include "fakecore/FakeCore.h"
 #include "logic/ItemData.h"
+#include "widgets/DiscardedCells.h"
 #include "widgets/QuietModel.h"
 
 class RowsTest : public QObject
@@ -160,6 +161,34 @@ private slots:
         QCOMPARE(rows.names(), QStringList({"0", "2", "4"}));
         QCOMPARE(rows.currentRow(), 1);
         QVERIFY(TableRows::selected(&rows).isEmpty());
+    }
+
+    void cellsOfRowsThatWentAreFreedWhileNothingElseIsToDo()
+    {
+        TestRows rows;
+        for (int id = 0; id < 4000; ++id)
+            rows.add(id, {QString::number(id), id == 7 ? "two" : "one"});
+        TableRows::narrow(&rows, "two");
+        const DiscardedCells& discarded = DiscardedCells::Of(&rows);
+        QCOMPARE(discarded.Count(), 3 * 3999);
+        QCoreApplication::processEvents();
+        QVERIFY(discarded.Count() > 0);
+        QTRY_COMPARE(discarded.Count(), 0);
+        QCOMPARE(rows.names(), QStringList("7"));
+        TableRows::narrow(&rows, "nobody");
+        QCOMPARE(discarded.Count(), 3);
+        QTRY_COMPARE(discarded.Count(), 0);
+    }
+
+    void clearingFreesCellsOfRowsThatWentBefore()
+    {
+        TestRows rows;
+        for (int id = 0; id < 6; ++id)
+            rows.add(id, {QString::number(id)});
+        TableRows::narrow(&rows, "3");
+        QCOMPARE(DiscardedCells::Of(&rows).Count(), 15);
+        TableRows::clear(&rows);
+        QCOMPARE(DiscardedCells::Of(&rows).Count(), 0);
     }
 
     void narrowingLeavesHeaderAndSelectionOneModel()
