@@ -158,7 +158,7 @@ private:
     // Held while a record is handed over, so that DisconnectSignals falls before or behind that and never between.
     std::mutex m_mutexHandOver;
     bool m_bContactsTaken; // addContacts has a receiver; asked once a read, since asking is slow
-    int m_iHandedOver;     // records of this read
+    int m_iHandedOver;     // records of this read since the receivers' event loop had its turn
     bool m_bGivesTurns;    // the receivers' event loop came when it was waited for
     unsigned m_iTurnMs;    // the longest it is waited for
 

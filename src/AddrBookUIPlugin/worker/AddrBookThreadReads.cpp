@@ -111,17 +111,15 @@ int AddrBookThread::getRecordsOfSameMemType(const QList<AddrBookField>& lstField
 void AddrBookThread::handOverContact(const AddrBookRecord& record, _ORVA_EN_PHONEBOOK_MEMORY enMemory, int iGroupId,
                                      int iRow, int iFieldCount)
 {
-    {
-        const std::lock_guard<std::mutex> locker(m_mutexHandOver);
-        if (!m_bContactsTaken || CommonUtils::IsShuttingDown())
-            return;
-        AddrBookRecord* const pCopy = new (std::nothrow) AddrBookRecord(record);
-        if (pCopy != nullptr)
-            QUEUED_EMIT(addContacts, enMemory, pointerToCarrier(pCopy), iGroupId, iRow, iFieldCount);
-    }
-    ++m_iHandedOver;
-    if (m_bGivesTurns && m_iHandedOver % TURN_RECORDS == 0)
+    if (m_bGivesTurns && m_iHandedOver == TURN_RECORDS)
         giveTurn();
+    const std::lock_guard<std::mutex> locker(m_mutexHandOver);
+    if (!m_bContactsTaken || CommonUtils::IsShuttingDown())
+        return;
+    ++m_iHandedOver;
+    AddrBookRecord* const pCopy = new (std::nothrow) AddrBookRecord(record);
+    if (pCopy != nullptr)
+        QUEUED_EMIT(addContacts, enMemory, pointerToCarrier(pCopy), iGroupId, iRow, iFieldCount);
 }
 
 // What arrives while Qt delivers is delivered with it: a worker that keeps ahead would keep keys and paint events
@@ -129,6 +127,7 @@ void AddrBookThread::handOverContact(const AddrBookRecord& record, _ORVA_EN_PHON
 // again.
 void AddrBookThread::giveTurn()
 {
+    m_iHandedOver = 0;
     const QMutexLocker locker(&m_mutex);
     m_bSlotFinished = false;
     {
