@@ -1,4 +1,5 @@
-// Prints a table of ratios: a sync against vdirsyncer between two folders, and against a bare look at all files.
+// Prints a table of ratios: a sync against vdirsyncer between two folders, and against a bare look at all files. Called
+// with "growth": what a contact costs of 1,000 to 200,000.
 
 #include <dirent.h>
 #include <fcntl.h>
@@ -9,6 +10,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -202,6 +204,33 @@ void measureSmall(const std::string& cards, int rounds, bench::Table& table)
     table.relation("the same without a change", "the same", bestQuiet.time(), bestBare.time());
 }
 
+// A line a number of contacts: processor time a contact, without the client's.
+int measureGrowth(const std::string& base)
+{
+    bench::Table table("Growth of syncs, by the processor's time");
+    for (const int count : {1000, 10000, 50000, 200000}) {
+        const std::string folder = base + "/" + std::to_string(count);
+        const std::string cards = folder + "/cards";
+        fs::create_directories(folder);
+        expect(ORVA_Sim_Reset((folder + "/data").c_str()) == ORVA_OK, "a folder");
+        expect(ORVA_Sim_SetCapacity(memory, 1000000) == ORVA_OK, "capacity");
+        fill(count);
+        const bench::Time first = bench::timeOf([&] { synchronise(cards); });
+        std::this_thread::sleep_for(settles);
+        synchronise(cards);
+        bench::Best again;
+        for (int round = 0; round < 5; ++round)
+            again.add(bench::timeOf([&] { synchronise(cards); }));
+        const std::string contacts = ", " + std::to_string(count) + " contacts";
+        table.note(("first sync" + contacts).c_str(), first.processor * 1e6 / count, "us", "a contact");
+        table.note(("sync without a change" + contacts).c_str(), again.time().processor * 1e6 / count, "us",
+                   "a contact");
+        ORVA_Sim_Reset(nullptr);
+        fs::remove_all(folder);
+    }
+    return table.result();
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -210,6 +239,11 @@ int main(int argc, char** argv)
     const std::string base = (fs::temp_directory_path() / ("sync-benchmark-" + std::to_string(::getpid()))).string();
     const std::string cards = base + "/cards";
     fs::create_directories(base);
+    if (argc > 1 && std::strcmp(argv[1], "growth") == 0) {
+        const int result = measureGrowth(base);
+        fs::remove_all(base);
+        return result;
+    }
     expect(ORVA_Sim_Reset((base + "/data").c_str()) == ORVA_OK, "a folder");
     bench::Table table(quick ? "Sync, with a tenth of the contacts" : "Sync");
     measureFirst(base, cards, quick ? 1000 : 10000, table);
