@@ -23,6 +23,7 @@ AddrBookThread::AddrBookThread(QObject* pParent)
       m_iColumnCount(0),
       m_iParentGroupId(0),
       m_bSlotFinished(false),
+      m_bTurnTaken(false),
       m_enSourceMemory(PB_MEM_LOCAL),
       m_enTargetMemory(PB_MEM_LOCAL),
       m_bContactsTaken(false),

@@ -152,6 +152,7 @@ private:
     QMutex m_mutex;
     QWaitCondition m_condition;
     std::atomic<bool> m_bSlotFinished; // SetSlotExecutionStatus was called during the present wait; under m_mutex
+    std::atomic<bool> m_bTurnTaken;    // the same of OnTurn
     _ORVA_EN_PHONEBOOK_MEMORY m_enSourceMemory;
     _ORVA_EN_PHONEBOOK_MEMORY m_enTargetMemory;
 

@@ -129,18 +129,21 @@ void AddrBookThread::giveTurn()
 {
     m_iHandedOver = 0;
     const QMutexLocker locker(&m_mutex);
-    m_bSlotFinished = false;
+    m_bTurnTaken = false;
     {
         const QueuedEmitScope scope;
         QMetaObject::invokeMethod(this, "OnTurn", Qt::QueuedConnection); // behind the records signalled so far
     }
     m_condition.wait(&m_mutex, m_iTurnMs);
-    m_bGivesTurns = m_bSlotFinished;
+    m_bGivesTurns = m_bTurnTaken;
 }
 
+// Apart from what a batch waits for: this may come when the read has long ended.
 void AddrBookThread::OnTurn()
 {
-    SetSlotExecutionStatus();
+    const QMutexLocker locker(&m_mutex);
+    m_bTurnTaken = true;
+    m_condition.wakeAll();
 }
 
 int AddrBookThread::getRecordInRoot(QList<AddrBookRecord>& lstRecords, _ORVA_EN_PHONEBOOK_MEMORY enMemory, int iGroupId,

@@ -106,6 +106,8 @@ private slots:
         worker.SetOperation(ADDRBOOK_OP_ADD, PB_MEM_LOCAL, records(2), 0);
         worker.start(QThread::InheritPriority);
         QTRY_COMPARE(receiver.results.size(), 1);
+        // What a long read before had asked for, and gets too late.
+        QVERIFY(QMetaObject::invokeMethod(&worker, "OnTurn"));
         // Longer than the interval at which the worker looks for a shutdown.
         QTest::qWait(200);
         QCOMPARE(FakeSdk::count("AddAddrRec"), 1);
