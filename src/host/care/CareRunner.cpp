@@ -3,7 +3,7 @@
 #include "care/CareSection.h"
 #include "linkhand/core/CommonUtils.h"
 
-CareRunner::CareRunner(QObject* pParent) : QThread(pParent), m_pSection(nullptr), m_pNextSection(nullptr)
+CareRunner::CareRunner(QObject* pParent) : QThread(pParent), m_pSection(nullptr), m_pNextSection(nullptr), m_iRuns(0)
 {
     connect(this, SIGNAL(finished()), this, SLOT(OnFinished()));
 }
@@ -12,6 +12,7 @@ CareRunner::~CareRunner()
 {
     CancelCurrent();
     wait();
+    (void)m_iRuns.load(std::memory_order_acquire);
 }
 
 bool CareRunner::Begin(CareTask* pTask, CareSection* pSection)
@@ -44,18 +45,21 @@ void CareRunner::CancelCurrent()
 
 void CareRunner::run()
 {
-    if (m_pTask->TakesTurns()) {
-        m_pTask->Run();
-        return;
-    }
+    const bool bCounts = !m_pTask->TakesTurns();
     // The host's end waits for it, and the phonebook is not read anew meanwhile.
-    CommonUtils::ThreadCountInc(QLatin1String(__FILE__), QLatin1String(__FUNCTION__));
+    if (bCounts) {
+        CommonUtils::ThreadCountInc(QLatin1String(__FILE__), QLatin1String(__FUNCTION__));
+    }
     m_pTask->Run();
-    CommonUtils::ThreadCountDec(QLatin1String(__FILE__), QLatin1String(__FUNCTION__));
+    m_iRuns.fetch_add(1, std::memory_order_release);
+    if (bCounts) {
+        CommonUtils::ThreadCountDec(QLatin1String(__FILE__), QLatin1String(__FUNCTION__));
+    }
 }
 
 void CareRunner::OnFinished()
 {
+    (void)m_iRuns.load(std::memory_order_acquire);
     std::unique_ptr<CareTask> pDone;
     pDone.swap(m_pTask);
     if (!pDone) {

@@ -3,6 +3,7 @@
 
 #include <QThread>
 
+#include <atomic>
 #include <memory>
 
 #include "care/CareTask.h"
@@ -46,6 +47,9 @@ private:
     std::unique_ptr<CareTask> m_pNext;
     CareSection* m_pSection;
     CareSection* m_pNextSection;
+
+    // Publishes what run() found to whoever saw its end. QThread does so too, but not visibly for the thread sanitizer.
+    std::atomic<int> m_iRuns;
 };
 
 #endif // LINKHAND_HOST_CARE_CARERUNNER_H
