@@ -17,7 +17,8 @@ const int s_iFrameMargin = 6;
 const int s_iBorder = 6;
 } // namespace
 
-// Watches for the dialog that comes up: a form of a fixed size may be larger than a small screen.
+// Watches for the dialog that comes up, as a form of a fixed size may be larger than a small screen, and for what its
+// content needs from then on.
 class ExtendDialogPrivate : public QObject
 {
 public:
@@ -30,6 +31,8 @@ public:
     {
         if (pObject == &m_dialog && pEvent->type() == QEvent::Show && !pEvent->spontaneous() && !pContent.isNull())
             fitScreen();
+        else if (pObject == &m_dialog && pEvent->type() == QEvent::LayoutRequest && m_dialog.isVisible())
+            growShown();
         return QObject::eventFilter(pObject, pEvent);
     }
 
@@ -70,6 +73,35 @@ private:
             moveInside(rectRoom, m_dialog.size() != sizeBefore);
     }
 
+    // What is shown later, such as a line more, may be higher than what the content has left. Where lines do not break,
+    // the layout makes the dialog larger by itself.
+    void growShown()
+    {
+        if (pContent.isNull() || !pScroll.isNull() || m_dialog.minimumSize() == m_dialog.maximumSize())
+            return;
+        needContent();
+        const QSize sizeLeast = leastSize(m_dialog.width());
+        const QRect rectRoom = room();
+        const QRect rectScreen = QtCompat::availableGeometry(&m_dialog);
+        if (!fits(sizeLeast, rectRoom.size())) {
+            // One that fills the screen has no frame's room to leave.
+            if (fits(sizeLeast, m_dialog.size()) && fits(m_dialog.frameGeometry().size(), rectScreen.size()))
+                return;
+            scroll(rectRoom.size(), false);
+        } else if (!fits(sizeLeast, m_dialog.size())) {
+            m_dialog.resize(m_dialog.size().expandedTo(sizeLeast));
+        } else {
+            return;
+        }
+        // The frame has been there for a while: its own place counts.
+        const QRect rectFrame = m_dialog.frameGeometry();
+        const QPoint last = rectScreen.bottomRight() - QPoint(rectFrame.width() - 1, rectFrame.height() - 1);
+        const QPoint inside(qMax(rectScreen.left(), qMin(rectFrame.left(), last.x())),
+                            qMax(rectScreen.top(), qMin(rectFrame.top(), last.y())));
+        if (inside != rectFrame.topLeft())
+            m_dialog.move(inside);
+    }
+
     void shrink(const QRect& rectRoom, bool bFixed)
     {
         if (!bFixed) {
@@ -89,11 +121,16 @@ private:
     // are shorter.
     void growToContent(int iWidest)
     {
+        needContent();
+        const int iWidth = qMax(m_dialog.width(), pLayout->totalMinimumSize().width());
+        m_dialog.resize(m_dialog.size().expandedTo(leastSize(qMin(iWidth, iWidest))));
+    }
+
+    void needContent()
+    {
         pContent->setMinimumSize(pContent->minimumSize().expandedTo(pContent->minimumSizeHint()));
         pLayout->invalidate();
         pLayout->activate();
-        const int iWidth = qMax(m_dialog.width(), pLayout->totalMinimumSize().width());
-        m_dialog.resize(m_dialog.size().expandedTo(leastSize(qMin(iWidth, iWidest))));
     }
 
     QSize leastSize(int iWidth) const

@@ -32,6 +32,16 @@ public:
         pLayout->addWidget(m_pClose);
     }
 
+    // Lines that break, hidden at first.
+    QLabel* AddLine()
+    {
+        QLabel* pLine = new QLabel(QStringLiteral("A text of some words. ").repeated(10), this);
+        pLine->setWordWrap(true);
+        pLine->hide();
+        static_cast<QVBoxLayout*>(layout())->insertWidget(0, pLine);
+        return pLine;
+    }
+
     bool IsCloseSeen() const
     {
         return m_pClose->visibleRegion().boundingRect() == m_pClose->rect() &&
@@ -65,6 +75,10 @@ private slots:
     void aDialogComesUpWhereItsTitleIsSeen();
     void theFrameHasRoomForItsContent();
     void linesThatBreakAreAllSeen();
+    void aDialogGrowsWithWhatItsContentNeeds();
+    void aDialogGrowsOntoTheScreen();
+    void contentThatComesToNeedMoreThanTheScreenHasIsScrolled();
+    void aFixedDialogStaysAsItIs();
 };
 
 void CoreDialog::contentFillsTheFrame()
@@ -304,6 +318,88 @@ void CoreDialog::linesThatBreakAreAllSeen()
     QTRY_VERIFY(pContent->height() >= pContent->heightForWidth(pContent->width()));
     QCOMPARE(dialog.width(), 400);
     QVERIFY(pContent->height() < 2 * pContent->heightForWidth(pContent->width()));
+}
+
+// What is shown later; the width stays, and so does a dialog that has room enough.
+void CoreDialog::aDialogGrowsWithWhatItsContentNeeds()
+{
+    ExtendDialog dialog(nullptr, Qt::WindowFlags(), WIDGET_TYPE_DIALOG);
+    Form* pForm = new Form;
+    QLabel* pLine = pForm->AddLine();
+    dialog.AddMainWidget(pForm);
+    dialog.resize(300, 20);
+    dialog.move(screenOf().topLeft() + QPoint(100, 80));
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+    const QSize sizeBefore = dialog.size();
+    pLine->show();
+    QTRY_VERIFY(dialog.height() > sizeBefore.height());
+    QTRY_VERIFY(pLine->height() >= pLine->heightForWidth(pLine->width()));
+    QVERIFY(pForm->IsCloseSeen());
+    QCOMPARE(dialog.width(), sizeBefore.width());
+    QCOMPARE(dialog.pos(), screenOf().topLeft() + QPoint(100, 80));
+    QVERIFY(pForm->parentWidget() == &dialog);
+
+    const QSize large(500, 500);
+    dialog.resize(large);
+    pLine->setText(pLine->text() + QStringLiteral(" One more word."));
+    QTRY_VERIFY(pLine->height() >= pLine->heightForWidth(pLine->width()));
+    QCOMPARE(dialog.size(), large);
+}
+
+void CoreDialog::aDialogGrowsOntoTheScreen()
+{
+    ExtendDialog dialog(nullptr, Qt::WindowFlags(), WIDGET_TYPE_DIALOG);
+    Form* pForm = new Form;
+    QLabel* pLine = pForm->AddLine();
+    dialog.AddMainWidget(pForm);
+    dialog.resize(300, 20);
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+    const int iLeft = screenOf().left() + 30;
+    dialog.move(iLeft, screenOf().bottom() + 1 - dialog.frameGeometry().height());
+    QTRY_COMPARE(dialog.frameGeometry().bottom(), screenOf().bottom());
+    pLine->show();
+    QTRY_VERIFY(pLine->height() > 0 && pLine->height() >= pLine->heightForWidth(pLine->width()));
+    QTRY_VERIFY(screenOf().contains(dialog.frameGeometry()));
+    QCOMPARE(dialog.frameGeometry().bottom(), screenOf().bottom());
+    QCOMPARE(dialog.frameGeometry().left(), iLeft);
+}
+
+void CoreDialog::contentThatComesToNeedMoreThanTheScreenHasIsScrolled()
+{
+    ExtendDialog dialog(nullptr, Qt::WindowFlags(), WIDGET_TYPE_DIALOG);
+    Form* pForm = new Form;
+    dialog.AddMainWidget(pForm);
+    dialog.resize(300, 20);
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+    pForm->m_pText->setMinimumHeight(screenOf().height() + 200);
+    QTRY_VERIFY(pForm->parentWidget() != &dialog);
+    QScrollArea* pScroll = qobject_cast<QScrollArea*>(pForm->parentWidget()->parentWidget());
+    QVERIFY(pScroll != nullptr);
+    QTRY_VERIFY(pScroll->verticalScrollBar()->isVisible());
+    QTRY_VERIFY(screenOf().contains(dialog.frameGeometry()));
+    QCOMPARE(pForm->m_pText->height(), screenOf().height() + 200);
+    pScroll->ensureWidgetVisible(pForm->m_pClose);
+    QTRY_VERIFY(pForm->IsCloseSeen());
+}
+
+// Somebody has measured it.
+void CoreDialog::aFixedDialogStaysAsItIs()
+{
+    ExtendDialog dialog(nullptr, Qt::WindowFlags(), WIDGET_TYPE_DIALOG);
+    Form* pForm = new Form;
+    QLabel* pLine = pForm->AddLine();
+    dialog.AddMainWidget(pForm);
+    dialog.setFixedSize(300, 150);
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+    pLine->show();
+    QTRY_VERIFY(pLine->isVisible() && pLine->height() > 0);
+    QCoreApplication::sendPostedEvents();
+    QCOMPARE(dialog.size(), QSize(300, 150));
+    QVERIFY(pForm->parentWidget() == &dialog);
 }
 
 QTEST_MAIN(CoreDialog)
