@@ -3,12 +3,12 @@
 #include "care/CareSdk.h"
 #include "linkhand/core/CommonUtils.h"
 
-CardImport::CardImport(QObject* pParent) : QThread(pParent), m_iRuns(0) {}
-
 CardImport::~CardImport()
 {
     Cancel();
-    waitForEnd();
+    if (m_thread.joinable()) {
+        m_thread.join();
+    }
 }
 
 bool CardImport::IsPossible()
@@ -18,9 +18,8 @@ bool CardImport::IsPossible()
 
 void CardImport::Begin(const ImportPlan& plan, bool bTry)
 {
-    waitForEnd();
     m_pTask.reset(new ContactImporting(plan, bTry));
-    start();
+    m_thread = std::thread([this] { run(); });
 }
 
 void CardImport::Cancel()
@@ -30,23 +29,17 @@ void CardImport::Cancel()
     }
 }
 
-const ContactImporting& CardImport::Task() const
-{
-    (void)m_iRuns.load(std::memory_order_acquire);
-    return *m_pTask;
-}
-
-void CardImport::waitForEnd()
-{
-    wait();
-    (void)m_iRuns.load(std::memory_order_acquire);
-}
-
 void CardImport::run()
 {
     // The host's end waits for it, and the phonebook is not read anew meanwhile.
     CommonUtils::ThreadCountInc(QLatin1String(__FILE__), QLatin1String(__FUNCTION__));
     m_pTask->Run();
-    m_iRuns.fetch_add(1, std::memory_order_release);
     CommonUtils::ThreadCountDec(QLatin1String(__FILE__), QLatin1String(__FUNCTION__));
+    QMetaObject::invokeMethod(this, "OnEnded", Qt::QueuedConnection);
+}
+
+void CardImport::OnEnded()
+{
+    m_thread.join();
+    emit finished();
 }

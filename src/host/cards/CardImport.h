@@ -1,21 +1,21 @@
 #ifndef LINKHAND_HOST_CARDS_CARDIMPORT_H
 #define LINKHAND_HOST_CARDS_CARDIMPORT_H
 
-#include <QThread>
+#include <QObject>
 
-#include <atomic>
 #include <memory>
+#include <thread>
 
 #include "care/ImportTasks.h"
 
-// Has the SDK look into a file and import it, on this thread. The object lives on the user-interface thread, which
-// alone calls its functions.
-class CardImport : public QThread
+// Has the SDK look into a file and import it, on a thread of its own. Lives on the user-interface thread, which alone
+// calls its functions.
+class CardImport : public QObject
 {
     Q_OBJECT
 
 public:
-    explicit CardImport(QObject* pParent);
+    explicit CardImport(QObject* pParent) : QObject(pParent) {}
 
     // Cancels what runs and waits for its step.
     ~CardImport() override;
@@ -26,22 +26,26 @@ public:
     // Begins what is to be done; the one before has ended.
     void Begin(const ImportPlan& plan, bool bTry);
 
+    // Whether finished() is still to come.
+    bool IsRunning() const { return m_thread.joinable(); }
+
     // Ends the work after the step that is under way; what is stored stays so.
     void Cancel();
 
     // The last that was begun. What it found is complete after finished().
-    const ContactImporting& Task() const;
+    const ContactImporting& Task() const { return *m_pTask; }
 
-protected:
-    void run() override;
+signals:
+    void finished();
+
+private slots:
+    void OnEnded();
 
 private:
-    void waitForEnd();
+    void run();
 
     std::unique_ptr<ContactImporting> m_pTask;
-
-    // Publishes what run() found to whoever saw its end. QThread does so too, but not visibly for the thread sanitizer.
-    std::atomic<int> m_iRuns;
+    std::thread m_thread;
 };
 
 #endif // LINKHAND_HOST_CARDS_CARDIMPORT_H

@@ -95,7 +95,7 @@ CardPreview::CardPreview(const QString& strFile, QWidget* pParent)
 // A file that is being stored is told of before the dialog goes.
 void CardPreview::reject()
 {
-    const bool bStoring = m_pImport->isRunning() && !m_pImport->Task().IsTry();
+    const bool bStoring = m_pImport->IsRunning() && !m_pImport->Task().IsTry();
     m_bAgain = false;
     m_pImport->Cancel();
     if (!bStoring) {
@@ -133,7 +133,7 @@ void CardPreview::OnExisting()
     }
     m_plan.iExisting = m_pExisting->currentIndex();
     m_pStore->setEnabled(false);
-    m_bAgain = m_pImport->isRunning();
+    m_bAgain = m_pImport->IsRunning();
     if (m_bAgain) {
         m_pImport->Cancel();
     } else {
