@@ -61,7 +61,7 @@
     </message>
     <message>
         <source>IDS_HOST_CARE_BACKUPS_HINT</source>
-        <translation>Kopien des Telefonbuchs auf dem PC, einmal am Tag und vor größeren Änderungen von selbst gemacht. Die letzten %1 bleiben. Vor einer Wiederherstellung wird kopiert, was da ist.</translation>
+        <translation>Kopien des Telefonbuchs auf dem Computer, einmal am Tag und vor größeren Änderungen von selbst gemacht. Die letzten %1 bleiben. Vor einer Wiederherstellung wird kopiert, was da ist.</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_BACKUPS_NONE</source>
@@ -129,7 +129,7 @@
     </message>
     <message>
         <source>IDS_HOST_CARE_BIN_HINT</source>
-        <translation>Was auf dem PC gelöscht oder überschrieben wurde, bleibt hier %1 Tage lang. Was wiederhergestellt wird, ist ein eigener Kontakt; ein geänderter bleibt daneben, wie er jetzt ist.</translation>
+        <translation>Was auf dem Computer gelöscht oder überschrieben wurde, bleibt hier %1 Tage lang. Was wiederhergestellt wird, ist ein eigener Kontakt; ein geänderter bleibt daneben, wie er jetzt ist.</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_BIN_NONE</source>
@@ -777,7 +777,7 @@
     </message>
     <message>
         <source>IDS_HOST_COPY_FAILED</source>
-        <translation>Die Kontakte konnten nicht auf den PC kopiert werden. Die Hardware bleibt simuliert.</translation>
+        <translation>Die Kontakte konnten nicht auf den Computer kopiert werden. Die Hardware bleibt simuliert.</translation>
     </message>
     <message>
         <source>IDS_HOST_COPY_NOT</source>
@@ -785,11 +785,11 @@
     </message>
     <message>
         <source>IDS_HOST_COPY_OFFER</source>
-        <translation>Auf der simulierten Karte und dem simulierten Gerät sind Kontakte, die nicht auf dem PC sind: %1. Mit einem Modem werden an ihrer Stelle dessen eigene Kontakte gezeigt. Die der simulierten Karte und des simulierten Geräts auf den PC kopieren? Sie kommen auch wieder, sobald die Hardware wieder simuliert wird.</translation>
+        <translation>Auf der simulierten Karte und dem simulierten Gerät sind Kontakte, die nicht auf dem Computer sind: %1. Mit einem Modem werden an ihrer Stelle dessen eigene Kontakte gezeigt. Die der simulierten Karte und des simulierten Geräts auf den Computer kopieren? Sie kommen auch wieder, sobald die Hardware wieder simuliert wird.</translation>
     </message>
     <message>
         <source>IDS_HOST_COPY_TO_PC</source>
-        <translation>Auf den PC kopieren</translation>
+        <translation>Auf den Computer kopieren</translation>
     </message>
     <message>
         <source>IDS_HOST_COUNT_CONTACTS</source>
@@ -1309,11 +1309,11 @@
     </message>
     <message>
         <source>IDS_HOST_FINDINGS</source>
-        <translation>Beim Import übrig</translation>
+        <translation>Vom Import nicht übernommen</translation>
     </message>
     <message>
         <source>IDS_HOST_FINDINGS_COUNT</source>
-        <translation>Beim Import übrig: %1</translation>
+        <translation>Vom Import nicht übernommen: %1</translation>
     </message>
     <message>
         <source>IDS_HOST_FINDINGS_TIP</source>

@@ -61,7 +61,7 @@
     </message>
     <message>
         <source>IDS_HOST_CARE_BACKUPS_HINT</source>
-        <translation>Copies of the PC’s phonebook, made by itself once a day and before larger changes. The last %1 stay. A restore makes a copy of what is there first.</translation>
+        <translation>Copies of the computer’s phonebook, made by itself once a day and before larger changes. The last %1 stay. A restore makes a copy of what is there first.</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_BACKUPS_NONE</source>
@@ -129,7 +129,7 @@
     </message>
     <message>
         <source>IDS_HOST_CARE_BIN_HINT</source>
-        <translation>What was deleted or overwritten on the PC stays here for %1 days. A contact restored is a contact of its own; a changed one stays beside it as it is now.</translation>
+        <translation>What was deleted or overwritten on the computer stays here for %1 days. A contact restored is a contact of its own; a changed one stays beside it as it is now.</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_BIN_NONE</source>
@@ -281,7 +281,7 @@
     </message>
     <message>
         <source>IDS_HOST_CARE_CHECK_HINT</source>
-        <translation>Looks through the file that holds the PC’s contacts.</translation>
+        <translation>Looks through the file that holds the computer’s contacts.</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_CHECK_SALVAGE</source>
@@ -609,7 +609,7 @@
     </message>
     <message>
         <source>IDS_HOST_CARE_SYNC_HINT</source>
-        <translation>Keeps the contacts on the PC the same as an address book on a server or a folder of vCards, in both directions. What is overwritten or deleted is in the bin.</translation>
+        <translation>Keeps the contacts on the computer the same as an address book on a server or a folder of vCards, in both directions. What is overwritten or deleted is in the bin.</translation>
     </message>
     <message>
         <source>IDS_HOST_CARE_SYNC_KEYRING</source>
@@ -777,7 +777,7 @@
     </message>
     <message>
         <source>IDS_HOST_COPY_FAILED</source>
-        <translation>The contacts could not be copied to the PC. The hardware stays simulated.</translation>
+        <translation>The contacts could not be copied to the computer. The hardware stays simulated.</translation>
     </message>
     <message>
         <source>IDS_HOST_COPY_NOT</source>
@@ -785,11 +785,11 @@
     </message>
     <message>
         <source>IDS_HOST_COPY_OFFER</source>
-        <translation>The simulated card and device hold contacts that are not on the PC: %1. With a modem, its own contacts are shown in their place. Copy those of the simulated card and device to the PC? They also come back whenever the hardware is simulated again.</translation>
+        <translation>The simulated card and device hold contacts that are not on the computer: %1. With a modem, its own contacts are shown in their place. Copy those of the simulated card and device to the computer? They also come back whenever the hardware is simulated again.</translation>
     </message>
     <message>
         <source>IDS_HOST_COPY_TO_PC</source>
-        <translation>Copy to PC</translation>
+        <translation>Copy to computer</translation>
     </message>
     <message>
         <source>IDS_HOST_COUNT_CONTACTS</source>
