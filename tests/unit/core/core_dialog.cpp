@@ -401,6 +401,11 @@ void CoreDialog::aFixedDialogStaysAsItIs()
     QTRY_VERIFY(pLine->isVisible() && pLine->height() > 0);
     QCoreApplication::sendPostedEvents();
     QCOMPARE(dialog.size(), QSize(300, 150));
+
+    pForm->m_pText->setMinimumHeight(screenOf().height() + 200);
+    QTRY_COMPARE(pForm->m_pText->height(), screenOf().height() + 200);
+    QCoreApplication::sendPostedEvents();
+    QCOMPARE(dialog.size(), QSize(300, 150));
     QVERIFY(pForm->parentWidget() == &dialog);
 }
 
