@@ -15,6 +15,7 @@
 #include "loader/PluginHandle.h"
 #include "orva/orva_sdk.h"
 #include "shared/HostLink.h"
+#include "window/NavButton.h"
 #include "window/StatusArea.h"
 #include "window/StyleSheet.h"
 #include "window/WelcomeNote.h"
@@ -35,6 +36,7 @@ private slots:
     void theKeysStayInTheSideBarThatIsWalkedAlong();
     void theMessagesPageShowsTheOutbox();
     void deletingAMessageAsksFirst();
+    void theSideBarLeavesItsWordsOutInANarrowWindow();
     void thePanelSwitchesTheDevice();
     void thePanelFollowsTheDevice();
     void theStatusAreaShowsTheState();
@@ -138,6 +140,27 @@ void TestHostWindow::theKeysStayInTheSideBarThatIsWalkedAlong()
     QTest::keyClick(pButton, Qt::Key_Space);
     QVERIFY(m_pWindow->Page("Messages")->isVisible());
     QCOMPARE(m_pWindow->focusWidget(), pButton);
+}
+
+// Also while only the width of the window changes, which leaves the side bar as large as it was.
+void TestHostWindow::theSideBarLeavesItsWordsOutInANarrowWindow()
+{
+    build(QStringList("AddrBookStandIn"));
+    int iWords = 0;
+    foreach (const NavButton* pButton, m_pWindow->findChildren<NavButton*>()) {
+        iWords = qMax(iWords, pButton->SizeIn(NavButton::CLOSE).width());
+    }
+    const int iFits = 4 * iWords;
+    m_pWindow->setMinimumSize(1, 1);
+    m_pWindow->resize(iFits, 900);
+    QTRY_COMPARE(m_pWindow->size(), QSize(iFits, 900));
+    const NavButton* pButton = find<NavButton>("linkhand_NavBar_Messages");
+    QTRY_VERIFY(!pButton->IsPicture());
+    m_pWindow->resize(iFits - 1, 900);
+    QTRY_VERIFY(pButton->IsPicture());
+    QCOMPARE(m_pWindow->size(), QSize(iFits - 1, 900));
+    m_pWindow->resize(iFits, 900);
+    QTRY_VERIFY(!pButton->IsPicture());
 }
 
 void TestHostWindow::theMessagesPageShowsTheOutbox()
