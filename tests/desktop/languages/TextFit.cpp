@@ -69,7 +69,8 @@ void checkLabel(const QLabel* pLabel, QStringList& lstProblems)
     // letter.
     const bool bBreaks = pLabel->wordWrap() && pLabel->hasHeightForWidth();
     // One line needs its letters' height; Qt 6 rounds that of its rectangle up.
-    const int iLines = strShown.contains(QLatin1Char('\n')) ? needs.height() : pLabel->fontMetrics().height();
+    const int iLines =
+        strShown.contains(QLatin1Char('\n')) ? needs.height() : qMin(needs.height(), pLabel->fontMetrics().height());
     const int iNeeds = bBreaks ? pLabel->heightForWidth(pLabel->width()) - pLabel->height() + has.height() - 1 : iLines;
     compare(pLabel, pLabel->text(), QSize(needs.width(), iNeeds), has, lstProblems);
 }
