@@ -178,10 +178,9 @@ void Modem::Loop::serve(size_t i)
         changed();
 }
 
-// Until the next timer or the next piece of output; a full line is tried again when it has room.
-int Modem::Loop::timeout() const
+// Until the next timer or the next piece of output that is not due yet; what is due goes when the line has room.
+int Modem::Loop::timeout(Clock::time_point now) const
 {
-    const Clock::time_point now = Clock::now();
     Clock::time_point next = now + std::chrono::hours(1);
     for (const State::Timer& timer : state.timers)
         next = std::min(next, timer.due);
@@ -196,12 +195,14 @@ int Modem::Loop::timeout() const
 void Modem::Loop::run()
 {
     while (true) {
+        // One time for both: what becomes due between two of them would be waited for by neither.
+        const Clock::time_point now = Clock::now();
         std::vector<pollfd> watched = {{m_wake, POLLIN, 0}};
         for (size_t i = 0; i < m_endpoints.size(); ++i) {
             if (m_endpoints[i]->isOpen())
-                m_endpoints[i]->watch(watched, m_ports[i].waiting() && m_ports[i].due() <= Clock::now());
+                m_endpoints[i]->watch(watched, m_ports[i].waiting() && m_ports[i].due() <= now);
         }
-        ::poll(watched.data(), watched.size(), timeout());
+        ::poll(watched.data(), watched.size(), timeout(now));
         uint64_t count = 0;
         while (::read(m_wake, &count, sizeof count) > 0) {
         }

@@ -51,7 +51,7 @@ private:
     void doJobs();
     void fireTimers();
     void serve(size_t port);
-    int timeout() const;
+    int timeout(Clock::time_point now) const;
     void wake() const;
     void changed();
 
