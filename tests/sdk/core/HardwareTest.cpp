@@ -1,6 +1,10 @@
 // The simulated hardware and its events.
 
+#include <unistd.h>
+
 #include <atomic>
+#include <fstream>
+#include <iterator>
 #include <mutex>
 
 #include "Phonebook.h"
@@ -67,6 +71,15 @@ int slow(int /*event*/, void* /*data*/)
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
     insideCallback = false;
     return 1;
+}
+
+// Whether a thread of this process waits for something.
+bool isAsleep(pid_t thread)
+{
+    std::ifstream file("/proc/self/task/" + std::to_string(thread) + "/stat");
+    const std::string stat((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
+    const size_t name = stat.rfind(')');
+    return name != std::string::npos && stat.compare(name, 3, ") S") == 0;
 }
 
 int once(int /*event*/, void* /*data*/)
@@ -305,12 +318,14 @@ TEST(anUnregisterWaitsForARunningCallback)
         ORVA_Sim_SendEvent(7);
     REQUIRE(waitFor([] { return insideCallback.load(); }));
     std::atomic<bool> returned{false};
+    std::atomic<pid_t> thread{0};
     std::thread leaving([&] {
+        thread = ::gettid();
         ORVA_NetSrv_UnRegisterNetSrvEvent(slow);
         returned = true;
     });
-    // It cannot return while the callback is inside; give a wrong one the time to show.
-    std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    // It cannot return while the callback is inside, and so falls asleep; a wrong one returns.
+    REQUIRE(waitFor([&] { return returned || isAsleep(thread); }));
     CHECK(!returned);
     mayLeave = true;
     leaving.join();
