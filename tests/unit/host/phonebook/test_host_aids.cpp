@@ -155,6 +155,9 @@ void TestHostAids::whatIsShownFoundAndSelectedIsCounted()
     QTRY_VERIFY(isRead());
     table()->selectRow(1);
     QTRY_COMPARE(shown(COUNTS), QString("Contacts: 3   Selected: 1"));
+    // A row that goes by itself takes no selection along.
+    table()->removeRow(0);
+    QTRY_COMPARE(shown(COUNTS), QString("Contacts: 2   Selected: 1"));
 }
 
 void TestHostAids::countsGoWithThePhonebook()
