@@ -1,3 +1,4 @@
+#include <QLabel>
 #include <QtTest>
 
 #include "common/CallBox.h"
@@ -18,6 +19,7 @@ private slots:
     void nothingIsCutAtASeam_data();
     void nothingIsCutAtASeam();
     void durations();
+    void aCallShowsHowLongItHasLasted();
 };
 
 void TestSiblingParts::recipientsOfALine_data()
@@ -122,6 +124,20 @@ void TestSiblingParts::nothingIsCutAtASeam()
 {
     QFETCH(QString, text);
     QTEST(SmsLength::Of(text).iMessages, "messages");
+}
+
+void TestSiblingParts::aCallShowsHowLongItHasLasted()
+{
+    CallBox box(QStringLiteral("VoiceCallPlugin"));
+    const QLabel* pDuration = box.findChild<QLabel*>(QStringLiteral("VoiceCallPlugin_labelDuration"));
+    QVERIFY(pDuration != nullptr);
+    box.Start(QStringLiteral("+491700000001"));
+    QCOMPARE(pDuration->text(), QStringLiteral("0:00"));
+    QTRY_VERIFY(pDuration->text() > QStringLiteral("0:00"));
+    QTRY_COMPARE(pDuration->text(), CallBox::DurationText(box.Seconds()));
+    // The next begins anew.
+    box.Start(QStringLiteral("+491700000002"));
+    QCOMPARE(pDuration->text(), QStringLiteral("0:00"));
 }
 
 void TestSiblingParts::durations()
