@@ -155,9 +155,11 @@ void TestHostAids::whatIsShownFoundAndSelectedIsCounted()
     QTRY_VERIFY(isRead());
     table()->selectRow(1);
     QTRY_COMPARE(shown(COUNTS), QString("Contacts: 3   Selected: 1"));
-    // A row that goes by itself takes no selection along.
-    table()->removeRow(0);
-    QTRY_COMPARE(shown(COUNTS), QString("Contacts: 2   Selected: 1"));
+    // A row that comes and goes by itself takes no selection along. It is empty: what cells hold is the plug-in's.
+    table()->insertRow(3);
+    QTRY_COMPARE(shown(COUNTS), QString("Contacts: 4   Selected: 1"));
+    table()->removeRow(3);
+    QTRY_COMPARE(shown(COUNTS), QString("Contacts: 3   Selected: 1"));
 }
 
 void TestHostAids::countsGoWithThePhonebook()
