@@ -15,6 +15,7 @@
 #include <QStyleOption>
 #include <QToolButton>
 #include <QTreeWidget>
+#include <QtMath>
 
 #include "AddrBookUIPlugin/widgets/RowFont.h"
 #include "window/NavButton.h"
@@ -61,17 +62,17 @@ void checkLabel(const QLabel* pLabel, QStringList& lstProblems)
     // Only a label with a buddy has a mnemonic.
     const QString strShown = pLabel->buddy() != nullptr ? plain(pLabel->text()) : pLabel->text();
     // Where a line can be broken it is: what counts is the longest word, and the height of the lines.
-    const QSize needs = pLabel->fontMetrics()
-                            .boundingRect(QRect(QPoint(), QSize(has.width(), 10000)),
-                                          pLabel->wordWrap() ? Qt::TextWordWrap : Qt::TextSingleLine, strShown)
-                            .size();
+    const QSizeF exact = QFontMetricsF(pLabel->font())
+                             .boundingRect(QRectF(QPointF(), QSizeF(has.width(), 10000)),
+                                           pLabel->wordWrap() ? Qt::TextWordWrap : Qt::TextSingleLine, strShown)
+                             .size();
+    // Qt 6 has heights in parts of a pixel.
+    const QSize needs(qCeil(exact.width()), qFloor(exact.height()));
     // How high lines are that break, the label says. A layout on a scaled display rounds, and a pixel is no part of a
     // letter.
     const bool bBreaks = pLabel->wordWrap() && pLabel->hasHeightForWidth();
-    // One line needs its letters' height; Qt 6 rounds that of its rectangle up.
-    const int iLines =
-        strShown.contains(QLatin1Char('\n')) ? needs.height() : qMin(needs.height(), pLabel->fontMetrics().height());
-    const int iNeeds = bBreaks ? pLabel->heightForWidth(pLabel->width()) - pLabel->height() + has.height() - 1 : iLines;
+    const int iNeeds =
+        bBreaks ? pLabel->heightForWidth(pLabel->width()) - pLabel->height() + has.height() - 1 : needs.height();
     compare(pLabel, pLabel->text(), QSize(needs.width(), iNeeds), has, lstProblems);
 }
 
