@@ -15,6 +15,14 @@ const int s_iFrameMargin = 6;
 
 // Nobody knows the window manager's frame before it has made one.
 const int s_iBorder = 6;
+
+// Where something of this size has its corner to lie inside; the left upper part of what is larger than its place.
+QPoint cornerInside(const QPoint& point, const QSize& size, const QRect& rectPlace)
+{
+    const QPoint last =
+        rectPlace.topLeft() + QPoint(rectPlace.width() - size.width(), rectPlace.height() - size.height());
+    return QPoint(qMax(rectPlace.left(), qMin(point.x(), last.x())), qMax(rectPlace.top(), qMin(point.y(), last.y())));
+}
 } // namespace
 
 // Watches for the dialog that comes up, as a form of a fixed size may be larger than a small screen, and for what its
@@ -95,9 +103,7 @@ private:
         }
         // The frame has been there for a while: its own place counts.
         const QRect rectFrame = m_dialog.frameGeometry();
-        const QPoint last = rectScreen.bottomRight() - QPoint(rectFrame.width() - 1, rectFrame.height() - 1);
-        const QPoint inside(qMax(rectScreen.left(), qMin(rectFrame.left(), last.x())),
-                            qMax(rectScreen.top(), qMin(rectFrame.top(), last.y())));
+        const QPoint inside = cornerInside(rectFrame.topLeft(), rectFrame.size(), rectScreen);
         if (inside != rectFrame.topLeft())
             m_dialog.move(inside);
     }
@@ -149,10 +155,7 @@ private:
     {
         const int iTitle = m_dialog.style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, &m_dialog);
         const QPoint point = m_dialog.pos() + QPoint(s_iBorder, s_iBorder + iTitle);
-        const QPoint last =
-            rectRoom.topLeft() + QPoint(rectRoom.width() - m_dialog.width(), rectRoom.height() - m_dialog.height());
-        const QPoint inside(qMax(rectRoom.left(), qMin(point.x(), last.x())),
-                            qMax(rectRoom.top(), qMin(point.y(), last.y())));
+        const QPoint inside = cornerInside(point, m_dialog.size(), rectRoom);
         if (bResized || inside != point)
             m_dialog.move(inside);
     }

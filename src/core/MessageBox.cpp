@@ -1,17 +1,28 @@
 #include "MessageBox.h"
 
+#include <QCoreApplication>
+#include <QDialogButtonBox>
 #include <QLabel>
 #include <QLayout>
 #include <QPushButton>
 
 #include "MessageIcon.h"
 
+#include "linkhand/QtCompat.h"
 #include "linkhand/core/Change.h"
 
 namespace
 {
 
 const char s_szAnswer[] = "linkhandAnswer";
+
+// The frame, the title, and what stands beside the text.
+const int s_iBorder = 6;
+const int s_iTitle = 30;
+const int s_iBeside = 120;
+const int s_iMargins = 30;
+
+const qreal s_dLeastLetters = 9; // points
 
 int answerOf(int iPlace, const QString& strId)
 {
@@ -103,4 +114,30 @@ void MessageBox::keyPressEvent(QKeyEvent* event)
         reject();
     else
         QMessageBox::keyPressEvent(event);
+}
+
+// Qt breaks the lines at half the screen, or at 500 pixels; with large letters the box is higher than a small screen
+// then. Longer lines come first, smaller letters where those are not enough.
+void MessageBox::showEvent(QShowEvent* event)
+{
+    QMessageBox::showEvent(event);
+    const QSize room = QtCompat::availableGeometry(this).size() - QSize(2 * s_iBorder, s_iBorder + s_iTitle);
+    QLabel* pText = findChild<QLabel*>(QLatin1String("qt_msgbox_label"));
+    QDialogButtonBox* pButtons = findChild<QDialogButtonBox*>();
+    if (pText == nullptr || pButtons == nullptr)
+        return;
+    const bool bWide = pButtons->sizeHint().width() > room.width() - s_iMargins;
+    if (bWide)
+        pButtons->setOrientation(Qt::Vertical);
+    if (!bWide && height() <= room.height())
+        return;
+    pText->setMinimumWidth(qMax(pText->minimumWidth(), room.width() - s_iBeside));
+    QEvent layoutRequest(QEvent::LayoutRequest);
+    QCoreApplication::sendEvent(this, &layoutRequest);
+    QFont letters = pText->font();
+    while (height() > room.height() && letters.pointSizeF() > s_dLeastLetters) {
+        letters.setPointSizeF(qMax(s_dLeastLetters, letters.pointSizeF() - 1));
+        pText->setFont(letters);
+        QCoreApplication::sendEvent(this, &layoutRequest);
+    }
 }

@@ -10,6 +10,7 @@
 #include "device/Modem.h"
 #include "device/SimulatedHardware.h"
 #include "fit/PageView.h"
+#include "fit/WordBox.h"
 #include "orva/orva_sdk.h"
 #include "text/HostText.h"
 #include "window/HardwarePanel.h"
@@ -58,11 +59,11 @@ DevicePanel::DevicePanel(DeviceWatcher& watcher, Modem* pModem, QWidget* pParent
       m_pRadio(new QCheckBox(this)),
       m_pNetwork(new QCheckBox(this)),
       m_pPinLabel(new QLabel(this)),
-      m_pPin(new QComboBox(this)),
+      m_pPin(new WordBox(this)),
       m_pModeLabel(new QLabel(this)),
-      m_pMode(new QComboBox(this)),
+      m_pMode(new WordBox(this)),
       m_pSpeedLabel(new QLabel(this)),
-      m_pSpeed(new QComboBox(this))
+      m_pSpeed(new WordBox(this))
 {
     setObjectName(QLatin1String("linkhand_DevicePanel"));
     m_pTitle->setObjectName(QLatin1String("linkhand_DevicePanel_title"));
@@ -74,9 +75,6 @@ DevicePanel::DevicePanel(DeviceWatcher& watcher, Modem* pModem, QWidget* pParent
     m_pPin->setObjectName(QLatin1String("linkhand_DevicePanel_pin"));
     m_pMode->setObjectName(QLatin1String("linkhand_DevicePanel_mode"));
     m_pSpeed->setObjectName(QLatin1String("linkhand_DevicePanel_speed"));
-    foreach (QComboBox* pBox, QList<QComboBox*>() << m_pPin << m_pMode << m_pSpeed) {
-        pBox->setSizeAdjustPolicy(QComboBox::AdjustToContents);
-    }
     m_pHint->setWordWrap(true);
     m_pPinLabel->setBuddy(m_pPin);
     m_pModeLabel->setBuddy(m_pMode);

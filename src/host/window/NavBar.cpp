@@ -111,7 +111,7 @@ void NavBar::Retranslate()
 
 QSize NavBar::minimumSizeHint() const
 {
-    return QSize(sizeHint().width(), sizeIn(NavButton::PICTURE).height());
+    return QSize(sizeHint().width(), 2 * MARGIN + int(buttons().size()) * (NavButton::LeastHeight() + SPACING));
 }
 
 bool NavBar::event(QEvent* pEvent)

@@ -11,6 +11,8 @@ namespace
 {
 
 const int GLYPH_SIZE = 24;
+const int LEAST_PICTURE = 18;
+const int PICTURE_MARGIN = 2;
 const int MARGIN = 10;
 const int CLOSE_MARGIN = 4;
 const int GAP = 5;
@@ -25,6 +27,7 @@ NavButton::NavButton(Glyphs::Glyph enGlyph, QWidget* pParent)
     : QAbstractButton(pParent), m_enGlyph(enGlyph), m_enForm(SPACIOUS)
 {
     setCheckable(true);
+    setSizePolicy(sizePolicy().horizontalPolicy(), QSizePolicy::Maximum);
     setFocusPolicy(Qt::TabFocus);
     QFont smaller = font();
     // A font that is told in pixels has no point size.
@@ -54,6 +57,16 @@ QSize NavButton::SizeIn(Form enForm) const
     return QSize(qMax(LEAST_WIDTH, iWidth), iHeight + 2 * (bClose ? CLOSE_MARGIN : MARGIN));
 }
 
+int NavButton::LeastHeight()
+{
+    return LEAST_PICTURE;
+}
+
+QSize NavButton::minimumSizeHint() const
+{
+    return m_enForm == PICTURE ? QSize(SizeIn(PICTURE).width(), LEAST_PICTURE) : sizeHint();
+}
+
 void NavButton::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
@@ -78,7 +91,10 @@ void NavButton::paintEvent(QPaintEvent*)
         painter.drawRoundedRect(QRectF(rect()).adjusted(6.5, 2.5, -6.5, -2.5), 6, 6);
     }
     const int iMargin = m_enForm == SPACIOUS ? MARGIN : CLOSE_MARGIN;
-    Glyphs::Draw(painter, QRectF(0, iMargin, width(), GLYPH_SIZE), m_enGlyph, ink);
+    const QRectF rectGlyph(0, iMargin, width(), GLYPH_SIZE);
+    const QRectF rectPicture = QRectF(rect()).adjusted(0, PICTURE_MARGIN, 0, -PICTURE_MARGIN);
+    const bool bSmall = m_enForm == PICTURE && rectPicture.height() < GLYPH_SIZE;
+    Glyphs::Draw(painter, bSmall ? rectPicture : rectGlyph, m_enGlyph, ink);
     if (m_enForm != PICTURE) {
         const int iTop = iMargin + GLYPH_SIZE + (m_enForm == SPACIOUS ? GAP : CLOSE_GAP);
         painter.setPen(ink);

@@ -21,8 +21,11 @@ public:
     bool IsPicture() const { return m_enForm == PICTURE; }
     QSize SizeIn(Form enForm) const;
 
+    // Of a picture where there is no more room.
+    static int LeastHeight();
+
     QSize sizeHint() const override { return SizeIn(m_enForm); }
-    QSize minimumSizeHint() const override { return sizeHint(); }
+    QSize minimumSizeHint() const override;
 
 protected:
     void paintEvent(QPaintEvent* pEvent) override;

@@ -17,13 +17,14 @@ namespace
 {
 
 const int LONGEST_PIN = 8;
+const int LEAST_WIDTH = 388;
 const int LINE = 48;   // characters
 const int BORDER = 40; // left of the screen
 
 } // namespace
 
 PinForm::PinForm(Modem& modem, QWidget* pParent)
-    : QDialog(pParent),
+    : ExtendDialog(pParent, Qt::Dialog | Qt::WindowCloseButtonHint, WIDGET_TYPE_DIALOG),
       m_modem(modem),
       m_pHint(new QLabel(this)),
       m_pTries(new QLabel(this)),
@@ -60,14 +61,18 @@ PinForm::PinForm(Modem& modem, QWidget* pParent)
     pFoot->addStretch(1);
     pFoot->addWidget(m_pUnlock);
     pFoot->addWidget(m_pClose);
-    QVBoxLayout* pLayout = new QVBoxLayout(this);
+    QWidget* pContent = new QWidget;
+    QVBoxLayout* pLayout = new QVBoxLayout(pContent);
     QWidget* const apWidgets[] = {m_pHint, m_pPin, m_pTries, m_pResult, m_pWarning, m_pSure};
     for (QWidget* pWidget : apWidgets) {
         pLayout->addWidget(pWidget);
     }
     pLayout->addStretch(1);
     pLayout->addLayout(pFoot);
-    setMinimumWidth(400);
+    // Large letters need longer lines, or the form is higher than the screen.
+    const int iRoom = QtCompat::availableGeometry(this).width() - BORDER;
+    pContent->setMinimumWidth(qMax(LEAST_WIDTH, qMin(iRoom, LINE * fontMetrics().averageCharWidth())));
+    AddMainWidget(pContent);
 
     connect(m_pPin, SIGNAL(textChanged(QString)), this, SLOT(OnEdited()));
     connect(m_pSure, SIGNAL(toggled(bool)), this, SLOT(OnEdited()));
@@ -112,7 +117,6 @@ void PinForm::OnStatusChanged()
     m_pWarning->setVisible(isLast());
     m_pSure->setVisible(isLast());
     OnEdited();
-    fit();
 }
 
 void PinForm::OnEdited()
@@ -134,7 +138,6 @@ void PinForm::OnUnlock()
     m_pSure->setChecked(false);
     showResult("IDS_HOST_PIN_ASKED", QString());
     OnEdited();
-    fit();
     m_modem.SendPin(strPin);
 }
 
@@ -147,7 +150,6 @@ void PinForm::OnAnswered(bool bDone, bool bWrong, const QString& strDetail)
     }
     showResult(bWrong ? "IDS_HOST_PIN_WRONG" : "IDS_HOST_PIN_FAILED", strDetail);
     OnStatusChanged();
-    fit();
     m_pPin->setFocus();
 }
 
@@ -159,25 +161,6 @@ void PinForm::showResult(const char* pszId, const QString& strDetail)
     const QString strText = pszId == nullptr ? QString() : HostText::Get(pszId);
     m_pResult->setText(strText.contains(QLatin1String("%1")) ? strText.arg(strDetail) : strText);
     m_pResult->setVisible(pszId != nullptr);
-}
-
-// A window asks its layout for room once, when it is shown; texts that come later and wrap want more.
-void PinForm::showEvent(QShowEvent* pEvent)
-{
-    QDialog::showEvent(pEvent);
-    fit();
-}
-
-// Large letters need longer lines, or the form is higher than the screen.
-void PinForm::fit()
-{
-    if (!isVisible()) {
-        return;
-    }
-    const int iRoom = QtCompat::availableGeometry(geometry().center()).width() - BORDER;
-    const int iWidth = qMax(width(), qMin(iRoom, LINE * fontMetrics().averageCharWidth()));
-    layout()->activate();
-    resize(iWidth, qMax(height(), layout()->totalHeightForWidth(iWidth)));
 }
 
 bool PinForm::isLast() const

@@ -1,8 +1,9 @@
 #ifndef LINKHAND_HOST_PINFORM_H
 #define LINKHAND_HOST_PINFORM_H
 
-#include <QDialog>
 #include <QString>
+
+#include "linkhand/core/ExtendDialog.h"
 
 class Modem;
 class QCheckBox;
@@ -12,7 +13,7 @@ class QPushButton;
 
 // Asks for the card's PIN. What is typed goes to the modem, once, and is gone from the form at the same moment. Before
 // the last try, and where nobody knows how many are left, a second word is wanted. It closes when the card is open.
-class PinForm : public QDialog
+class PinForm : public ExtendDialog
 {
     Q_OBJECT
 
@@ -24,9 +25,6 @@ public:
     // In the language that is now chosen; what was typed stays.
     void Retranslate();
 
-protected:
-    void showEvent(QShowEvent* pEvent) override;
-
 private slots:
     void OnStatusChanged();
     void OnEdited();
@@ -35,7 +33,6 @@ private slots:
 
 private:
     void showResult(const char* pszId, const QString& strDetail);
-    void fit();
     bool isLast() const;
 
     Modem& m_modem;

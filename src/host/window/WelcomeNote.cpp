@@ -1,5 +1,6 @@
 #include "window/WelcomeNote.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QToolButton>
@@ -11,6 +12,9 @@ namespace
 {
 
 const int REFRESH_MS = 1000;
+const int SIDE_MARGIN = 12;
+const int MOST_PART = 4;       // of the window's height: a quarter
+const qreal LEAST_LETTERS = 9; // points
 
 // A phonebook that cannot be read is not one to begin with.
 bool isPhonebookEmpty()
@@ -36,7 +40,7 @@ WelcomeNote::WelcomeNote(QWidget* pParent)
     m_pText->setWordWrap(true);
     m_pDismiss->setObjectName(QLatin1String("linkhand_WelcomeNote_dismiss"));
     QHBoxLayout* pLayout = new QHBoxLayout(this);
-    pLayout->setContentsMargins(12, 6, 12, 6);
+    pLayout->setContentsMargins(SIDE_MARGIN, 6, SIDE_MARGIN, 6);
     pLayout->addWidget(m_pText, 1);
     pLayout->addWidget(m_pDismiss);
     hide();
@@ -62,6 +66,39 @@ void WelcomeNote::Retranslate()
 {
     m_pText->setText(HostText::Get("IDS_HOST_WELCOME"));
     m_pDismiss->setText(HostText::Get("IDS_HOST_WELCOME_DISMISS"));
+    fitLetters();
+}
+
+void WelcomeNote::resizeEvent(QResizeEvent* pEvent)
+{
+    QFrame::resizeEvent(pEvent);
+    fitLetters();
+}
+
+void WelcomeNote::changeEvent(QEvent* pEvent)
+{
+    QFrame::changeEvent(pEvent);
+    if (pEvent->type() == QEvent::FontChange) {
+        fitLetters();
+    }
+}
+
+// It must leave the phonebook its place: in a small window large letters get smaller.
+void WelcomeNote::fitLetters()
+{
+    const int iRoom = window()->height() / MOST_PART;
+    const int iWidth = width() - m_pDismiss->sizeHint().width() - 3 * SIDE_MARGIN;
+    QFont letters = font();
+    const auto fits = [&] {
+        const QRect rect(0, 0, iWidth, window()->height());
+        return QFontMetrics(letters).boundingRect(rect, Qt::TextWordWrap, m_pText->text()).height() <= iRoom;
+    };
+    while (letters.pointSizeF() > LEAST_LETTERS && !fits()) {
+        letters.setPointSizeF(qMax(LEAST_LETTERS, letters.pointSizeF() - 1));
+    }
+    if (m_pText->font() != letters) {
+        m_pText->setFont(letters);
+    }
 }
 
 void WelcomeNote::OnDismiss()

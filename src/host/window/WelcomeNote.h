@@ -28,11 +28,17 @@ signals:
     // The user puts the note away.
     void dismissed();
 
+protected:
+    void resizeEvent(QResizeEvent* pEvent) override;
+    void changeEvent(QEvent* pEvent) override;
+
 private slots:
     void OnDismiss();
     void OnRefresh();
 
 private:
+    void fitLetters();
+
     QLabel* m_pText;
     QToolButton* m_pDismiss;
     QTimer m_timer;

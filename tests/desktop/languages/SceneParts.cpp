@@ -52,7 +52,10 @@ void Scenes::clickNode(QTreeWidgetItem* pItem)
     if (pItem != nullptr) {
         QTreeWidget* pTree = pItem->treeWidget();
         pTree->setFocus();
-        QTest::mouseClick(pTree->viewport(), Qt::LeftButton, Qt::NoModifier, pTree->visualItemRect(pItem).center());
+        // Large letters reach out of the tree.
+        pTree->scrollToItem(pItem);
+        const QRect rectSeen = pTree->visualItemRect(pItem) & pTree->viewport()->rect();
+        QTest::mouseClick(pTree->viewport(), Qt::LeftButton, Qt::NoModifier, rectSeen.center());
     }
 }
 

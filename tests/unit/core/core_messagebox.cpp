@@ -3,6 +3,7 @@
 #include <QPicture>
 #include <QPointer>
 #include <QPushButton>
+#include <QScreen>
 #include <QTimer>
 #include <QtTest>
 
@@ -34,6 +35,9 @@ private slots:
     void parentMayGoWhileTheBoxIsOpen();
     void withoutModalityItReturnsAtOnce();
     void withoutHostItStillShows();
+    void linesOfALargeTextAreAsLongAsTheScreenLets();
+    void lettersGetSmallerWhereLongLinesAreNotEnough();
+    void buttonsWithoutRoomBesideOneAnotherStandBelow();
 
 private:
     // Shows a box and runs `act` on it while it is open.
@@ -249,6 +253,87 @@ void CoreMessageBox::withoutHostItStillShows()
 {
     m_pHost.reset();
     QCOMPARE(show([](QMessageBox* pBox) { QTest::keyClick(pBox, Qt::Key_Return); }), int(QMessageBox::Ok));
+}
+
+namespace
+{
+
+// Letters for people who see badly, while there is one of these.
+class LargeLetters
+{
+public:
+    LargeLetters() : m_before(QApplication::font())
+    {
+        QFont large = m_before;
+        large.setPointSize(24);
+        QApplication::setFont(large);
+    }
+    ~LargeLetters() { QApplication::setFont(m_before); }
+
+private:
+    const QFont m_before;
+};
+
+QSize screenSize()
+{
+    return QGuiApplication::primaryScreen()->availableGeometry().size();
+}
+
+} // namespace
+
+void CoreMessageBox::linesOfALargeTextAreAsLongAsTheScreenLets()
+{
+    const LargeLetters letters;
+    QDialog* pDialog = nullptr;
+    CommonUtils::ShowMessage(QMessageBox::Question, nullptr, "caption", QString("word ").repeated(80), "IDS_OK", "", "",
+                             true, Qt::WindowCloseButtonHint, &pDialog, "", false);
+    QVERIFY(pDialog != nullptr);
+    QTRY_VERIFY(pDialog->height() < screenSize().height());
+    QVERIFY(pDialog->width() <= screenSize().width());
+    const QLabel* pText = pDialog->findChild<QLabel*>("qt_msgbox_label");
+    QTRY_VERIFY(pText->height() >= pText->heightForWidth(pText->width()));
+    QCOMPARE(pText->font().pointSizeF(), 24.0);
+    pDialog->close();
+
+    // A short one is as it ever was.
+    CommonUtils::ShowMessage(QMessageBox::Question, nullptr, "caption", "text", "IDS_OK", "", "", true,
+                             Qt::WindowCloseButtonHint, &pDialog, "", false);
+    QVERIFY(pDialog->width() < screenSize().width() / 2);
+    pDialog->close();
+}
+
+void CoreMessageBox::lettersGetSmallerWhereLongLinesAreNotEnough()
+{
+    const LargeLetters letters;
+    QDialog* pDialog = nullptr;
+    CommonUtils::ShowMessage(QMessageBox::Question, nullptr, "caption", QString("word ").repeated(150), "IDS_OK", "",
+                             "", true, Qt::WindowCloseButtonHint, &pDialog, "", false);
+    QVERIFY(pDialog != nullptr);
+    QTRY_VERIFY(pDialog->height() < screenSize().height());
+    const QLabel* pText = pDialog->findChild<QLabel*>("qt_msgbox_label");
+    QVERIFY(pText->font().pointSizeF() < 24);
+    QVERIFY(pText->font().pointSizeF() > 9); // no smaller than it must be
+    QTRY_VERIFY(pText->height() >= pText->heightForWidth(pText->width()));
+    pDialog->close();
+}
+
+void CoreMessageBox::buttonsWithoutRoomBesideOneAnotherStandBelow()
+{
+    const LargeLetters letters;
+    QDialog* pDialog = nullptr;
+    CommonUtils::ShowMessage(QMessageBox::Question, nullptr, "caption", "text", "IDS_OF_THE_FIRST_ONE",
+                             "IDS_OF_THE_SECOND", "IDS_OF_THE_THIRD_ONE", true, Qt::WindowCloseButtonHint, &pDialog, "",
+                             false);
+    QVERIFY(pDialog != nullptr);
+    const QList<QPushButton*> lstButtons = pDialog->findChildren<QPushButton*>();
+    QCOMPARE(lstButtons.size(), 3);
+    foreach (const QPushButton* pButton, lstButtons) {
+        QTRY_VERIFY(pButton->width() >= pButton->minimumSizeHint().width());
+        QTRY_VERIFY(pDialog->rect().contains(QRect(pButton->mapTo(pDialog, QPoint()), pButton->size())));
+    }
+    QVERIFY(lstButtons.at(0)->y() != lstButtons.at(1)->y());
+    QVERIFY(pDialog->width() <= screenSize().width());
+    pDialog->close();
 }
 
 QTEST_MAIN(CoreMessageBox)

@@ -47,6 +47,7 @@ private slots:
     void closingIsSignalled();
     void anEmptyPhonebookExplainsItself();
     void theWelcomeCanBePutAway();
+    void theWelcomeLeavesThePhonebookItsPlace();
     void theStyleFollowsThePalette();
     void linksCanBeReadOnAnyBackground_data();
     void linksCanBeReadOnAnyBackground();
@@ -358,6 +359,27 @@ void TestHostWindow::theWelcomeCanBePutAway()
     m_pWindow->ShowPage("Messages");
     m_pWindow->ShowPage("AddrBookUIPlugin");
     QVERIFY(!pNote->isVisible());
+}
+
+void TestHostWindow::theWelcomeLeavesThePhonebookItsPlace()
+{
+    build(QStringList("AddrBookStandIn"));
+    m_pWindow->Welcome().SetDismissed(false);
+    m_pWindow->ShowPage("AddrBookUIPlugin");
+    QLabel* pText = find<QLabel>("linkhand_WelcomeNote_text");
+    QVERIFY(pText != nullptr);
+    QFont large = pText->font();
+    large.setPointSize(24);
+    m_pWindow->Welcome().setFont(large);
+    m_pWindow->setMinimumSize(1, 1);
+    m_pWindow->resize(1900, 900);
+    QTRY_COMPARE(pText->font().pointSize(), 24);
+    m_pWindow->resize(640, 340);
+    QTRY_VERIFY(pText->font().pointSize() < 24);
+    QTRY_VERIFY(pText->isVisible() && pText->height() >= pText->heightForWidth(pText->width()));
+    QVERIFY(pText->heightForWidth(pText->width()) <= m_pWindow->height() / 4);
+    m_pWindow->resize(1900, 900);
+    QTRY_COMPARE(pText->font().pointSize(), 24);
 }
 
 void TestHostWindow::theStyleFollowsThePalette()

@@ -6,6 +6,7 @@
 #include <QtTest>
 
 #include "fit/PageView.h"
+#include "fit/WordBox.h"
 #include "shared/WrapLayout.h"
 #include "window/NavBar.h"
 
@@ -73,6 +74,8 @@ private slots:
     void theSideBarFollowsALongerWord();
     void theSideBarLeavesItsWordsOutWhereItIsLow();
     void theSideBarLeavesItsWordsOutInANarrowWindow();
+    void picturesGetSmallerWhereTheSideBarIsLow();
+    void aBoxOfWordsIsWideEnoughInAnyLanguage();
 };
 
 void TestHostFit::aPageFillsItsPlace()
@@ -397,6 +400,46 @@ void TestHostFit::theSideBarLeavesItsWordsOutInANarrowWindow()
     window.resize(4 * iWidth - 1, 900);
     bar.FitButtons();
     QVERIFY(pButton->IsPicture());
+}
+
+// Down to the least height: none reaches out of the bar, and none is cut off.
+void TestHostFit::picturesGetSmallerWhereTheSideBarIsLow()
+{
+    QWidget window;
+    NavBar bar(&window);
+    for (int i = 0; i < 5; ++i) {
+        bar.AddPage(i, QString::number(i), Glyphs::OTHER);
+    }
+    window.resize(1200, 900);
+    window.show();
+    bar.setGeometry(0, 0, bar.sizeHint().width(), bar.minimumSizeHint().height());
+    NavButton* pButton = window.findChild<NavButton*>("linkhand_NavBar_0");
+    QTRY_COMPARE(pButton->height(), NavButton::LeastHeight());
+    QVERIFY(pButton->IsPicture());
+    foreach (const NavButton* pOther, bar.findChildren<NavButton*>()) {
+        QVERIFY(pOther->isHidden() || bar.rect().contains(pOther->geometry()));
+    }
+    pButton->setChecked(false);
+    const QImage image = pButton->grab().toImage();
+    for (int x = 0; x < image.width(); ++x) {
+        QCOMPARE(image.pixel(x, 0), image.pixel(0, 0));
+        QCOMPARE(image.pixel(x, image.height() - 1), image.pixel(0, 0));
+    }
+    // With room they are as large as ever.
+    bar.setGeometry(0, 0, bar.width(), bar.minimumSizeHint().height() + 7 * 14);
+    QTRY_COMPARE(pButton->height(), pButton->SizeIn(NavButton::PICTURE).height());
+}
+
+void TestHostFit::aBoxOfWordsIsWideEnoughInAnyLanguage()
+{
+    WordBox box(nullptr);
+    box.addItem("a");
+    box.show();
+    const int iNarrow = box.minimumSizeHint().width();
+    box.clear();
+    box.addItem("A word that is much longer");
+    QVERIFY(box.minimumSizeHint().width() > iNarrow);
+    QCOMPARE(box.minimumSizeHint(), box.sizeHint());
 }
 
 QTEST_MAIN(TestHostFit)
