@@ -1,5 +1,7 @@
 #include "MenusFixture.h"
 
+#include <QRegularExpression>
+
 #include "orva/orva_sdk.h"
 
 bool MenusFixture::Start()
@@ -65,6 +67,19 @@ bool MenusFixture::CloseMenu()
 {
     m_pHost->Key("Escape");
     return m_pHost->WaitGone("popup");
+}
+
+bool MenusFixture::CloseWindow(const QString& strAddress)
+{
+    const auto isInFront = [this] {
+        const QStringList lstActive = m_pHost->Windows().filter(QRegularExpression("\t1$"));
+        return !lstActive.isEmpty() && lstActive.filter("\tlinkhand_MainWindow\t").isEmpty();
+    };
+    if (!HostDriver::WaitUntil(isInFront)) {
+        return false;
+    }
+    m_pHost->Key("Escape");
+    return m_pHost->WaitGone(strAddress);
 }
 
 QPoint MenusFixture::EmptyPlace(const QString& strAddress)

@@ -44,6 +44,10 @@ public:
     QStringList MenuEntries();
     bool CloseMenu();
 
+    // Closes with Escape the window that opened over the main one and holds the widget. A window that is drawn does not
+    // have the keyboard yet.
+    bool CloseWindow(const QString& strAddress);
+
     // A point of the table's or tree's empty part below its last row.
     QPoint EmptyPlace(const QString& strAddress);
 

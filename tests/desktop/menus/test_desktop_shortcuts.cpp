@@ -32,7 +32,6 @@ private:
     // A key for a widget of the main window, and one for the question that is open; false if they do not come.
     bool press(const QString& strKey, const QString& strWidget);
     bool answer(const QString& strKey);
-    bool closeWindow(const QString& strAddress);
 
     MenusFixture m_fixture;
 };
@@ -80,26 +79,13 @@ bool TestDesktopShortcuts::answer(const QString& strKey)
     return true;
 }
 
-bool TestDesktopShortcuts::closeWindow(const QString& strAddress)
-{
-    const auto isInFront = [this] {
-        const QStringList lstActive = host()->Windows().filter(QRegularExpression("\t1$"));
-        return !lstActive.isEmpty() && lstActive.filter("\tlinkhand_MainWindow\t").isEmpty();
-    };
-    if (!HostDriver::WaitUntil(isInFront)) {
-        return false;
-    }
-    host()->Key("Escape");
-    return host()->WaitGone(strAddress);
-}
-
 void TestDesktopShortcuts::ctrlTWritesATextMessageToTheRows()
 {
     QVERIFY(m_fixture.ClickRow("David Ek"));
     QVERIFY(press("ctrl+t", TABLE));
     QVERIFY(host()->WaitFor(MenusFixture::SMS_TO));
     QCOMPARE(host()->Text(MenusFixture::SMS_TO), QStringLiteral("01704"));
-    QVERIFY(closeWindow(MenusFixture::SMS_TO));
+    QVERIFY(m_fixture.CloseWindow(MenusFixture::SMS_TO));
 }
 
 void TestDesktopShortcuts::ctrlTWritesATextMessageToTheGroup()
@@ -108,7 +94,7 @@ void TestDesktopShortcuts::ctrlTWritesATextMessageToTheGroup()
     QVERIFY(press("ctrl+t", TREE));
     QVERIFY(host()->WaitFor(MenusFixture::SMS_TO));
     QCOMPARE(host()->Text(MenusFixture::SMS_TO), QStringLiteral("01701; 01702; 01703"));
-    QVERIFY(closeWindow(MenusFixture::SMS_TO));
+    QVERIFY(m_fixture.CloseWindow(MenusFixture::SMS_TO));
 }
 
 void TestDesktopShortcuts::ctrlMWritesAMultimediaMessage()
@@ -117,7 +103,7 @@ void TestDesktopShortcuts::ctrlMWritesAMultimediaMessage()
     QVERIFY(press("ctrl+m", TABLE));
     QVERIFY(host()->WaitFor(MenusFixture::MMS_TO));
     QCOMPARE(host()->Text(MenusFixture::MMS_TO), QStringLiteral("01704"));
-    QVERIFY(closeWindow(MenusFixture::MMS_TO));
+    QVERIFY(m_fixture.CloseWindow(MenusFixture::MMS_TO));
 }
 
 void TestDesktopShortcuts::ctrlNOpensAnEmptyForm()
@@ -144,7 +130,7 @@ void TestDesktopShortcuts::ctrlEOpensTheContactsForm()
     QVERIFY(host()->WaitForFocus("modal/QLineEdit"));
     QCOMPARE(host()->Text("modal/QLineEdit"), QStringLiteral("David Ek"));
     QCOMPARE(host()->Text("modal/QLineEdit[1]"), QStringLiteral("01704"));
-    QVERIFY(closeWindow(FORM));
+    QVERIFY(m_fixture.CloseWindow(FORM));
 }
 
 void TestDesktopShortcuts::delAsksAndDeletesTheRows()
@@ -153,7 +139,7 @@ void TestDesktopShortcuts::delAsksAndDeletesTheRows()
     QVERIFY(m_fixture.AddRow("Ida Jung"));
     QVERIFY(press("Delete", TABLE));
     QVERIFY(host()->WaitFor("modal/QPushButton"));
-    QVERIFY(closeWindow("modal"));
+    QVERIFY(m_fixture.CloseWindow("modal"));
     QCOMPARE(host()->Rows(TABLE), int(MenusFixture::CONTACTS));
     // Return alone does no harm.
     QVERIFY(press("Delete", TABLE));
