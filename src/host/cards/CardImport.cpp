@@ -2,13 +2,16 @@
 
 #include "care/CareSdk.h"
 #include "linkhand/core/CommonUtils.h"
+#include "orva/orva_sdk.h"
+
+CardImport::CardImport(QObject* pParent) : QObject(pParent), m_thread(this)
+{
+    connect(&m_thread, SIGNAL(ended()), this, SLOT(OnWorkEnded()));
+}
 
 CardImport::~CardImport()
 {
     Cancel();
-    if (m_thread.joinable()) {
-        m_thread.join();
-    }
 }
 
 bool CardImport::IsPossible()
@@ -19,7 +22,7 @@ bool CardImport::IsPossible()
 void CardImport::Begin(const ImportPlan& plan, bool bTry)
 {
     m_pTask.reset(new ContactImporting(plan, bTry));
-    m_thread = std::thread([this] { run(); });
+    m_thread.Begin([this] { run(); });
 }
 
 void CardImport::Cancel()
@@ -35,11 +38,12 @@ void CardImport::run()
     CommonUtils::ThreadCountInc(QLatin1String(__FILE__), QLatin1String(__FUNCTION__));
     m_pTask->Run();
     CommonUtils::ThreadCountDec(QLatin1String(__FILE__), QLatin1String(__FUNCTION__));
-    QMetaObject::invokeMethod(this, "OnEnded", Qt::QueuedConnection);
 }
 
-void CardImport::OnEnded()
+void CardImport::OnWorkEnded()
 {
-    m_thread.join();
+    if (!m_thread.HasRun()) {
+        m_pTask->Fail(ORVA_E_NO_MEMORY);
+    }
     emit finished();
 }

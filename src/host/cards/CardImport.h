@@ -4,9 +4,9 @@
 #include <QObject>
 
 #include <memory>
-#include <thread>
 
 #include "care/ImportTasks.h"
+#include "work/WorkThread.h"
 
 // Has the SDK look into a file and import it, on a thread of its own. Lives on the user-interface thread, which alone
 // calls its functions.
@@ -15,7 +15,7 @@ class CardImport : public QObject
     Q_OBJECT
 
 public:
-    explicit CardImport(QObject* pParent) : QObject(pParent) {}
+    explicit CardImport(QObject* pParent);
 
     // Cancels what runs and waits for its step.
     ~CardImport() override;
@@ -27,7 +27,7 @@ public:
     void Begin(const ImportPlan& plan, bool bTry);
 
     // Whether finished() is still to come.
-    bool IsRunning() const { return m_thread.joinable(); }
+    bool IsRunning() const { return m_thread.IsBusy(); }
 
     // Ends the work after the step that is under way; what is stored stays so.
     void Cancel();
@@ -39,13 +39,13 @@ signals:
     void finished();
 
 private slots:
-    void OnEnded();
+    void OnWorkEnded();
 
 private:
     void run();
 
     std::unique_ptr<ContactImporting> m_pTask;
-    std::thread m_thread;
+    WorkThread m_thread; // goes first
 };
 
 #endif // LINKHAND_HOST_CARDS_CARDIMPORT_H

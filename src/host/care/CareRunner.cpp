@@ -2,17 +2,17 @@
 
 #include "care/CareSection.h"
 #include "linkhand/core/CommonUtils.h"
+#include "orva/orva_sdk.h"
 
-CareRunner::CareRunner(QObject* pParent) : QThread(pParent), m_pSection(nullptr), m_pNextSection(nullptr), m_iRuns(0)
+CareRunner::CareRunner(QObject* pParent)
+    : QObject(pParent), m_pSection(nullptr), m_pNextSection(nullptr), m_thread(this)
 {
-    connect(this, SIGNAL(finished()), this, SLOT(OnFinished()));
+    connect(&m_thread, SIGNAL(ended()), this, SLOT(OnWorkEnded()));
 }
 
 CareRunner::~CareRunner()
 {
     CancelCurrent();
-    wait();
-    (void)m_iRuns.load(std::memory_order_acquire);
 }
 
 bool CareRunner::Begin(CareTask* pTask, CareSection* pSection)
@@ -21,7 +21,7 @@ bool CareRunner::Begin(CareTask* pTask, CareSection* pSection)
     if (!m_pTask) {
         m_pTask.swap(pHeld);
         m_pSection = pSection;
-        start();
+        m_thread.Begin([this] { run(); });
         emit begun();
         return true;
     }
@@ -51,19 +51,17 @@ void CareRunner::run()
         CommonUtils::ThreadCountInc(QLatin1String(__FILE__), QLatin1String(__FUNCTION__));
     }
     m_pTask->Run();
-    m_iRuns.fetch_add(1, std::memory_order_release);
     if (bCounts) {
         CommonUtils::ThreadCountDec(QLatin1String(__FILE__), QLatin1String(__FUNCTION__));
     }
 }
 
-void CareRunner::OnFinished()
+void CareRunner::OnWorkEnded()
 {
-    (void)m_iRuns.load(std::memory_order_acquire);
     std::unique_ptr<CareTask> pDone;
     pDone.swap(m_pTask);
-    if (!pDone) {
-        return;
+    if (!m_thread.HasRun()) {
+        pDone->Fail(ORVA_E_NO_MEMORY);
     }
     CareSection* const pSection = m_pSection;
     if (m_pNext) {

@@ -1,18 +1,18 @@
 #ifndef LINKHAND_HOST_CARE_CARERUNNER_H
 #define LINKHAND_HOST_CARE_CARERUNNER_H
 
-#include <QThread>
+#include <QObject>
 
-#include <atomic>
 #include <memory>
 
 #include "care/CareTask.h"
+#include "work/WorkThread.h"
 
 class CareSection;
 
-// Runs the tasks of the care page's sections, one at a time, on this thread. Lives on the user-interface thread, which
-// alone calls its functions.
-class CareRunner : public QThread
+// Runs the tasks of the care page's sections, one at a time, on a thread of its own. Lives on the user-interface
+// thread, which alone calls its functions.
+class CareRunner : public QObject
 {
     Q_OBJECT
 
@@ -36,20 +36,17 @@ signals:
     // After the section has taken what its task found.
     void ended(bool bWrote);
 
-protected:
-    void run() override;
-
 private slots:
-    void OnFinished();
+    void OnWorkEnded();
 
 private:
+    void run();
+
     std::unique_ptr<CareTask> m_pTask;
     std::unique_ptr<CareTask> m_pNext;
     CareSection* m_pSection;
     CareSection* m_pNextSection;
-
-    // Publishes what run() found to whoever saw its end. QThread does so too, but not visibly for the thread sanitizer.
-    std::atomic<int> m_iRuns;
+    WorkThread m_thread; // goes first
 };
 
 #endif // LINKHAND_HOST_CARE_CARERUNNER_H

@@ -32,6 +32,9 @@ public:
     // The first code of the SDK that was not 0.
     long Code() const { return m_nCode; }
 
+    // Of work that could not be begun.
+    void Fail(long nCode) { succeeded(nCode); }
+
     // Ends the work after the step that is under way; what is done stays done.
     void Cancel() { m_bCancelled = true; }
     bool IsCancelled() const { return m_bCancelled; }

@@ -1,43 +1,11 @@
 #include "device/ContactNamer.h"
 
-#include <thread>
-
 #include "device/ChangedContact.h"
 
-// Answers one question a run.
-class ContactNamer::Finder
+ContactNamer::ContactNamer() : m_thread(this)
 {
-public:
-    explicit Finder(ContactNamer& namer) : m_namer(namer) {}
-    ~Finder() { Join(); }
-    Finder(const Finder&) = delete;
-    Finder& operator=(const Finder&) = delete;
-
-    // Only when the run before has been joined.
-    void Start(unsigned int uiMsg, unsigned int uiMemory, unsigned int uiNumber)
-    {
-        m_thread = std::thread([this, uiMsg, uiMemory, uiNumber] {
-            m_strName = ChangedContact::Name(uiMsg, uiMemory, uiNumber);
-            QMetaObject::invokeMethod(&m_namer, "OnFound", Qt::QueuedConnection);
-        });
-    }
-    void Join()
-    {
-        if (m_thread.joinable()) {
-            m_thread.join();
-        }
-    }
-    const QString& Name() const { return m_strName; }
-
-private:
-    ContactNamer& m_namer;
-    QString m_strName;
-    std::thread m_thread;
-};
-
-ContactNamer::ContactNamer() : m_pFinder(new Finder(*this)) {}
-
-ContactNamer::~ContactNamer() {}
+    connect(&m_thread, SIGNAL(ended()), this, SLOT(OnFound()));
+}
 
 void ContactNamer::Ask(unsigned int uiMsg, unsigned int uiMemory, unsigned int uiNumber, QObject* pAsker, int iTicket)
 {
@@ -51,15 +19,16 @@ void ContactNamer::Ask(unsigned int uiMsg, unsigned int uiMemory, unsigned int u
 void ContactNamer::find()
 {
     const Question& question = m_listQuestions.first();
-    m_pFinder->Start(question.uiMsg, question.uiMemory, question.uiNumber);
+    m_strName.clear(); // stays so where there is no thread
+    m_thread.Begin([this, uiMsg = question.uiMsg, uiMemory = question.uiMemory, uiNumber = question.uiNumber] {
+        m_strName = ChangedContact::Name(uiMsg, uiMemory, uiNumber);
+    });
 }
 
 void ContactNamer::OnFound()
 {
-    // The thread's last act was to say so.
-    m_pFinder->Join();
     const Question question = m_listQuestions.takeFirst();
-    const QString strName = m_pFinder->Name();
+    const QString strName = m_strName;
     if (!m_listQuestions.isEmpty()) {
         find();
     }

@@ -4,8 +4,9 @@
 #include <QList>
 #include <QObject>
 #include <QPointer>
+#include <QString>
 
-#include <memory>
+#include "work/WorkThread.h"
 
 // Looks on a thread of its own for the names of contacts that were just changed: in a large phonebook, or on a card,
 // that takes longer than the window may stand still. User-interface thread only.
@@ -14,10 +15,8 @@ class ContactNamer : public QObject
     Q_OBJECT
 
 public:
+    // Waits at its end for the name that is being looked for.
     ContactNamer();
-
-    // Waits for the name that is being looked for.
-    ~ContactNamer() override;
 
     // As ChangedContact::Name. The asker's slot OnContactNamed(int iTicket, QString strName) is called later, unless he
     // is gone by then; one question is answered after the other.
@@ -27,7 +26,6 @@ private slots:
     void OnFound();
 
 private:
-    class Finder;
     struct Question {
         unsigned int uiMsg;
         unsigned int uiMemory;
@@ -39,7 +37,8 @@ private:
     void find();
 
     QList<Question> m_listQuestions; // the first is being looked into
-    std::unique_ptr<Finder> m_pFinder;
+    QString m_strName;               // of the first
+    WorkThread m_thread;             // goes first
 };
 
 #endif // LINKHAND_HOST_CONTACTNAMER_H

@@ -1,4 +1,7 @@
 #include "CareSetup.h"
+#include "care/BinSection.h"
+#include "care/CareRunner.h"
+#include "work/WorkThread.h"
 
 namespace
 {
@@ -61,6 +64,25 @@ private slots:
         QCOMPARE(contacts(), 2);
         QCOMPARE(sizeOfFirstGroup(), 1);
         QCOMPARE(spyChanged.count(), 1);
+    }
+
+    void workThatFindsNoThreadIsToldAndTheNextOneRuns()
+    {
+        QCOMPARE(ORVA_PBSrv_DelAddrRec(add({"Ada", "0170111"}), ORVA_MEMORY_LOCAL), long(ORVA_OK));
+        openSection("bin");
+        QTRY_COMPARE(column(LIST, NAME), QStringList("Ada"));
+        QTRY_VERIFY(m_pWindow->findChild<CareRunner*>()->Current() == nullptr);
+        WorkThread* pThread = m_pWindow->findChild<CareRunner*>()->findChild<WorkThread*>();
+        pThread->setStackSize(1); // less than any system's least
+        connect(m_pWindow->findChild<BinSection*>(), &BinSection::told, pThread, [=] { pThread->setStackSize(0); });
+        QVERIFY(select(LIST, NAME, "Ada"));
+        click(RESTORE);
+        QTRY_VERIFY2(told().contains("1009"), qPrintable(told()));
+        QTRY_VERIFY(m_pWindow->findChild<CareRunner*>()->Current() == nullptr);
+        QCOMPARE(contacts(), 0);
+        QVERIFY(select(LIST, NAME, "Ada"));
+        click(RESTORE);
+        QTRY_COMPARE(contacts(), 1);
     }
 
     void aChangedContactComesBackBesideItself()

@@ -11,6 +11,7 @@
 #include "WindowSetup.h"
 #include "cards/CardPreview.h"
 #include "orva/orva_sdk.h"
+#include "work/WorkThread.h"
 
 namespace
 {
@@ -44,6 +45,7 @@ private slots:
     void anImportIsCancelledBetweenSteps();
     void aFullDiskIsToldAndNothingIsHalf();
     void manyAreImportedWhole();
+    void anImportThatFindsNoThreadIsSaid();
     void whatCannotBeReadIsSaid_data();
     void whatCannotBeReadIsSaid();
 
@@ -243,6 +245,23 @@ void TestHostCards::manyAreImportedWhole()
     QVERIFY(import(preview));
     QCOMPARE(preview.Outcome(), QString("Contacts imported: 450 of 450"));
     QCOMPARE(stored(), 450);
+}
+
+void TestHostCards::anImportThatFindsNoThreadIsSaid()
+{
+    CardPreview preview(write("two.vcf", TWO_CARDS), m_pWindow.data());
+    preview.show();
+    QVERIFY(isRead(preview));
+    WorkThread* pThread = preview.findChild<WorkThread*>();
+    pThread->setStackSize(1); // less than any system's least
+    QSignalSpy spyEnded(pThread, SIGNAL(ended()));
+    button(preview)->click();
+    QTRY_COMPARE(spyEnded.count(), 1);
+    QVERIFY2(state(preview).contains("1009"), qPrintable(state(preview)));
+    QVERIFY(preview.isVisible() && !preview.HasStored());
+    QCOMPARE(stored(), 0);
+    preview.findChild<QPushButton*>("linkhand_Cards_cancel")->click();
+    QVERIFY(!preview.isVisible());
 }
 
 void TestHostCards::whatCannotBeReadIsSaid_data()
