@@ -72,8 +72,8 @@ void ModemHardware::start() const
     const std::lock_guard<std::mutex> lock(m_mutex);
     if (m_started || m_stopping)
         return;
-    m_started = true;
     m_thread = std::thread([self = const_cast<ModemHardware*>(this)] { self->run(); });
+    m_started = true; // not if there was no thread to be had: the next use tries again
 }
 
 DeviceStatus ModemHardware::status() const
