@@ -344,6 +344,20 @@ void TestHostFit::theSideBarLeavesOutWhatIsHidden()
     const int iBefore = bar.minimumSizeHint().height();
     bar.SetDeviceAvailable(false);
     QVERIFY(bar.minimumSizeHint().height() < iBefore);
+
+    // One that comes back needs room, and the bar has no more than before.
+    const NavButton* pButton = window.findChild<NavButton*>("linkhand_NavBar_0");
+    int iHeight = 900;
+    const auto isSpaciousAt = [&](int iLow) {
+        bar.setGeometry(0, 0, bar.sizeHint().width(), iLow);
+        return pButton->sizeHint() == pButton->SizeIn(NavButton::SPACIOUS);
+    };
+    while (isSpaciousAt(iHeight)) {
+        --iHeight;
+    }
+    QVERIFY(isSpaciousAt(iHeight + 1));
+    bar.SetDeviceAvailable(true);
+    QTRY_VERIFY(pButton->sizeHint() != pButton->SizeIn(NavButton::SPACIOUS));
 }
 
 void TestHostFit::theSideBarFollowsALongerWord()
