@@ -274,6 +274,13 @@ private:
     const QFont m_before;
 };
 
+// The box is deleted later, and holds the pointer until then.
+bool close(QDialog*& pDialog)
+{
+    pDialog->close();
+    return QTest::qWaitFor([&] { return pDialog == nullptr; });
+}
+
 QSize screenSize()
 {
     return QGuiApplication::primaryScreen()->availableGeometry().size();
@@ -293,13 +300,13 @@ void CoreMessageBox::linesOfALargeTextAreAsLongAsTheScreenLets()
     const QLabel* pText = pDialog->findChild<QLabel*>("qt_msgbox_label");
     QTRY_VERIFY(pText->height() >= pText->heightForWidth(pText->width()));
     QCOMPARE(pText->font().pointSizeF(), 24.0);
-    pDialog->close();
+    QVERIFY(close(pDialog));
 
     // A short one is as it ever was.
     CommonUtils::ShowMessage(QMessageBox::Question, nullptr, "caption", "text", "IDS_OK", "", "", true,
                              Qt::WindowCloseButtonHint, &pDialog, "", false);
     QVERIFY(pDialog->width() < screenSize().width() / 2);
-    pDialog->close();
+    QVERIFY(close(pDialog));
 }
 
 void CoreMessageBox::lettersGetSmallerWhereLongLinesAreNotEnough()
@@ -314,7 +321,7 @@ void CoreMessageBox::lettersGetSmallerWhereLongLinesAreNotEnough()
     QVERIFY(pText->font().pointSizeF() < 24);
     QVERIFY(pText->font().pointSizeF() > 9); // no smaller than it must be
     QTRY_VERIFY(pText->height() >= pText->heightForWidth(pText->width()));
-    pDialog->close();
+    QVERIFY(close(pDialog));
 }
 
 void CoreMessageBox::buttonsWithoutRoomBesideOneAnotherStandBelow()
@@ -333,7 +340,7 @@ void CoreMessageBox::buttonsWithoutRoomBesideOneAnotherStandBelow()
     }
     QVERIFY(lstButtons.at(0)->y() != lstButtons.at(1)->y());
     QVERIFY(pDialog->width() <= screenSize().width());
-    pDialog->close();
+    QVERIFY(close(pDialog));
 }
 
 QTEST_MAIN(CoreMessageBox)
