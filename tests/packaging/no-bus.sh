@@ -9,7 +9,7 @@ fail() { cat "$log"; echo "FAIL: $1"; exit 1; }
     -DLINKHAND_BENCHMARKS=ON >"$log" 2>&1 || fail "it is not configured"
 ! grep -q 'libsdk-modem\|PlugWatch\|-lsystemd\|libudev' "$build/build.ninja" || fail "the module is built all the same"
 [ "${LINKHAND_FULL:-0}" = 1 ] || exit 0
-tests=$(ninja -C "$build" -t targets all | sed -n 's/^\(sdk_modem_[a-z]*_test\): phony$/\1/p')
+tests=$(ninja -C "$build" -t targets all | sed -n 's/^\(sdk_modem_[a-z_]*_test\): phony$/\1/p')
 [ -n "$tests" ] || fail "no tests of the modem"
 # shellcheck disable=SC2086 # one word a test
 ninja -C "$build" sdk pbctl modemsim_program $tests >"$log" 2>&1 || fail "it is not built"

@@ -1,38 +1,41 @@
 #include "work/WorkThread.h"
 
-WorkThread::WorkThread(QObject* pParent) : QThread(pParent), m_bBusy(false), m_bRun(false), m_iRuns(0)
-{
-    connect(this, SIGNAL(finished()), this, SLOT(OnFinished()));
-}
+#include <system_error>
+
+WorkThread::WorkThread(QObject* pParent) : QObject(pParent), m_bBusy(false), m_bRun(false) {}
 
 WorkThread::~WorkThread()
 {
-    wait();
-    (void)m_iRuns.load(std::memory_order_acquire);
+    join();
 }
 
 void WorkThread::Begin(const std::function<void()>& work)
 {
-    m_work = work;
     m_bBusy = true;
-    start();
-    m_bRun = isRunning() || isFinished();
-    if (!m_bRun) {
-        QMetaObject::invokeMethod(this, "OnFinished", Qt::QueuedConnection);
+    m_bRun = true;
+    try {
+        m_thread = std::thread([this, work] {
+            work();
+            QMetaObject::invokeMethod(this, "OnDone", Qt::QueuedConnection);
+        });
+    } catch (const std::system_error& failure) {
+        qWarning("WorkThread: %s", failure.what());
+        m_bRun = false;
+        QMetaObject::invokeMethod(this, "OnDone", Qt::QueuedConnection);
     }
 }
 
-void WorkThread::run()
+void WorkThread::OnDone()
 {
-    m_work();
-    m_iRuns.fetch_add(1, std::memory_order_release);
-}
-
-void WorkThread::OnFinished()
-{
-    // What it sent is behind its work, but it may still be on its way out.
-    wait();
-    (void)m_iRuns.load(std::memory_order_acquire);
+    // Its last act was to say so.
+    join();
     m_bBusy = false;
     emit ended();
+}
+
+void WorkThread::join()
+{
+    if (m_thread.joinable()) {
+        m_thread.join();
+    }
 }

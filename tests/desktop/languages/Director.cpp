@@ -125,7 +125,7 @@ void Director::OnTick()
             beginPass();
             m_enState = SETTLE;
         } else if (m_iTicks > MOST_TICKS) {
-            fail("the program did not come up");
+            fail(QString("the program did not come up; rows: %1; ").arg(Scenes::Rows()) + onTop());
             m_enState = DONE;
         }
         break;

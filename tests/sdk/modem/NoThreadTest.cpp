@@ -1,40 +1,15 @@
 // A process that gets no further thread for a while.
 
-#include <pthread.h>
-
 #include <system_error>
 
 #include "sdk/modem/ModemFixture.h"
 #include "support/Check.h"
+#include "support/NoThreads.h"
 
 using namespace fixture;
 
 namespace
 {
-
-// While it lives each new thread wants a stack larger than any address space.
-class NoThreads
-{
-public:
-    NoThreads()
-    {
-        ::pthread_attr_init(&m_before);
-        ::pthread_getattr_default_np(&m_before);
-        pthread_attr_t wide = m_before;
-        ::pthread_attr_setstacksize(&wide, std::size_t(1) << 62);
-        ::pthread_setattr_default_np(&wide);
-    }
-    ~NoThreads()
-    {
-        ::pthread_setattr_default_np(&m_before);
-        ::pthread_attr_destroy(&m_before);
-    }
-    NoThreads(const NoThreads&) = delete;
-    NoThreads& operator=(const NoThreads&) = delete;
-
-private:
-    pthread_attr_t m_before;
-};
 
 bool isRefused(const std::function<void()>& action)
 {

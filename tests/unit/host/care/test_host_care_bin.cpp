@@ -1,7 +1,6 @@
 #include "CareSetup.h"
-#include "care/BinSection.h"
+#include "NoThreads.h"
 #include "care/CareRunner.h"
-#include "work/WorkThread.h"
 
 namespace
 {
@@ -72,11 +71,11 @@ private slots:
         openSection("bin");
         QTRY_COMPARE(column(LIST, NAME), QStringList("Ada"));
         QTRY_VERIFY(m_pWindow->findChild<CareRunner*>()->Current() == nullptr);
-        WorkThread* pThread = m_pWindow->findChild<CareRunner*>()->findChild<WorkThread*>();
-        pThread->setStackSize(1); // less than any system's least
-        connect(m_pWindow->findChild<BinSection*>(), &BinSection::told, pThread, [=] { pThread->setStackSize(0); });
         QVERIFY(select(LIST, NAME, "Ada"));
-        click(RESTORE);
+        {
+            const NoThreads none;
+            click(RESTORE);
+        }
         QTRY_VERIFY2(told().contains("1009"), qPrintable(told()));
         QTRY_VERIFY(m_pWindow->findChild<CareRunner*>()->Current() == nullptr);
         QCOMPARE(contacts(), 0);

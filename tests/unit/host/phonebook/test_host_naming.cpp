@@ -1,12 +1,10 @@
 #include <QtTest>
 
 #include "app/Link.h"
-#include "device/ContactNamer.h"
 #include "device/SimulatedModem.h"
 #include "fakesdk/FakeSdk.h"
 #include "linkhand/plugin/Codes.h"
 #include "messages/MessageStore.h"
-#include "work/WorkThread.h"
 
 namespace
 {
@@ -87,22 +85,6 @@ private slots:
         m_pLink->AskChangedContact(PHONEBOOK_CONTACT_ADDED, 0, 5, &asker, 3);
         QTRY_COMPARE(asker.lstAnswers, QStringList() << "2 Ada"
                                                      << "3 ");
-    }
-
-    void withoutAThreadTheAnswerIsThatNobodyIsKnown()
-    {
-        FakeSdk::addRecord(4, QStringList("Ada"));
-        Asker asker;
-        ContactNamer namer;
-        namer.Ask(PHONEBOOK_CONTACT_ADDED, 4, 0, &asker, 1);
-        QTRY_COMPARE(asker.lstAnswers, QStringList("1 Ada"));
-        namer.findChild<WorkThread*>()->setStackSize(1); // less than any system's least
-        namer.Ask(PHONEBOOK_CONTACT_ADDED, 4, 0, &asker, 2);
-        QCOMPARE(asker.lstAnswers.size(), 1); // not from within the question
-        QTRY_COMPARE(asker.lstAnswers.value(1), QString("2 "));
-        namer.findChild<WorkThread*>()->setStackSize(0);
-        namer.Ask(PHONEBOOK_CONTACT_ADDED, 4, 0, &asker, 3);
-        QTRY_COMPARE(asker.lstAnswers.value(2), QString("3 Ada"));
     }
 
     void theEndWaitsForWhatIsLookedFor()

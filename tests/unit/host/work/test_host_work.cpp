@@ -1,7 +1,32 @@
 #include <QSemaphore>
+#include <QThread>
 #include <QtTest>
 
+#include "NoThreads.h"
+#include "RealStore.h"
+#include "device/ContactNamer.h"
+#include "linkhand/plugin/Codes.h"
 #include "work/WorkThread.h"
+
+namespace
+{
+
+// Notes what it is told of its questions.
+class Asker : public QObject
+{
+    Q_OBJECT
+
+public slots:
+    void OnContactNamed(int iTicket, const QString& strName)
+    {
+        lstAnswers.append(QString("%1 %2").arg(iTicket).arg(strName));
+    }
+
+public:
+    QStringList lstAnswers;
+};
+
+} // namespace
 
 // Work on a thread of its own, and what becomes of it where there is none.
 class TestHostWork : public QObject
@@ -50,10 +75,12 @@ private slots:
     void whatFindsNoThreadIsToldAsEndedAndNotDone()
     {
         WorkThread thread;
-        thread.setStackSize(1); // less than any system's least
         QSignalSpy spyEnded(&thread, SIGNAL(ended()));
         bool bDone = false;
-        thread.Begin([&] { bDone = true; });
+        {
+            const NoThreads none;
+            thread.Begin([&] { bDone = true; });
+        }
         QVERIFY(thread.IsBusy());
         QCOMPARE(spyEnded.count(), 0); // not before whoever began it is through
         QTRY_COMPARE(spyEnded.count(), 1);
@@ -62,10 +89,26 @@ private slots:
         QVERIFY(!bDone);
 
         // The next one finds its thread.
-        thread.setStackSize(0);
         thread.Begin([&] { bDone = true; });
         QTRY_COMPARE(spyEnded.count(), 2);
         QVERIFY(bDone && thread.HasRun());
+    }
+
+    void withoutAThreadNobodyKnowsTheContactsName()
+    {
+        QVERIFY(RealStore::addContact(ORVA_MEMORY_LOCAL, {"Ada"}) > 0);
+        ContactNamer namer;
+        Asker asker;
+        namer.Ask(PHONEBOOK_CONTACT_ADDED, ORVA_MEMORY_LOCAL, 0, &asker, 1);
+        QTRY_COMPARE(asker.lstAnswers, QStringList("1 Ada"));
+        {
+            const NoThreads none;
+            namer.Ask(PHONEBOOK_CONTACT_ADDED, ORVA_MEMORY_LOCAL, 0, &asker, 2);
+        }
+        QCOMPARE(asker.lstAnswers.size(), 1); // not from within the question
+        QTRY_COMPARE(asker.lstAnswers.value(1), QString("2 "));
+        namer.Ask(PHONEBOOK_CONTACT_ADDED, ORVA_MEMORY_LOCAL, 0, &asker, 3);
+        QTRY_COMPARE(asker.lstAnswers.value(2), QString("3 Ada"));
     }
 
     void theEndOfTheObjectWaitsForTheWork()
