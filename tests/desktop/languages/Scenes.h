@@ -28,17 +28,19 @@ void DropSteps();
 // The rows of the contact table, -1 if there is none.
 int Rows();
 
-// The widget of this kind and name, one that is shown before one that is not; null if there is none.
+// The widget of this kind and name, one that is shown before one that is not; null if there is none. One without a
+// parent does not count: the phonebook keeps its last table so when it has made another.
 template <class Widget>
 Widget* Child(const char* pszName)
 {
     Widget* pHidden = nullptr;
     foreach (QWidget* pWidget, QApplication::allWidgets()) {
-        Widget* pFound = pWidget->objectName() == QLatin1String(pszName) ? qobject_cast<Widget*>(pWidget) : nullptr;
+        const bool bNamed = pWidget->objectName() == QLatin1String(pszName);
+        Widget* pFound = bNamed ? qobject_cast<Widget*>(pWidget) : nullptr;
         if (pFound != nullptr && pFound->isVisible()) {
             return pFound;
         }
-        pHidden = pFound != nullptr ? pFound : pHidden;
+        pHidden = pFound != nullptr && pFound->parentWidget() != nullptr ? pFound : pHidden;
     }
     return pHidden;
 }
