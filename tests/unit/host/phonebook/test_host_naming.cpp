@@ -1,32 +1,11 @@
 #include <QtTest>
 
+#include "NameAsker.h"
 #include "app/Link.h"
 #include "device/SimulatedModem.h"
 #include "fakesdk/FakeSdk.h"
 #include "linkhand/plugin/Codes.h"
 #include "messages/MessageStore.h"
-
-namespace
-{
-
-// Notes what it is told of its questions.
-class Asker : public QObject
-{
-    Q_OBJECT
-
-public slots:
-    void OnContactNamed(int iTicket, const QString& strName)
-    {
-        lstAnswers.append(QString("%1 %2").arg(iTicket).arg(strName));
-        bHere = bHere && QThread::currentThread() == thread();
-    }
-
-public:
-    QStringList lstAnswers;
-    bool bHere = true;
-};
-
-} // namespace
 
 // Who was changed is looked for without holding the window.
 class TestHostNaming : public QObject
@@ -63,7 +42,7 @@ private slots:
         for (int i = 0; i < 20; ++i) {
             FakeSdk::addRecord(int(memory), QStringList() << QString("Contact %1").arg(i) << QString::number(i + 1));
         }
-        Asker asker;
+        NameAsker asker;
         QVERIFY(m_pLink->AskChangedContact(PHONEBOOK_CONTACT_ADDED, memory, 20, &asker, 7));
         QTRY_COMPARE(asker.lstAnswers, QStringList("7 Contact 19"));
         QVERIFY(asker.bHere);
@@ -76,9 +55,9 @@ private slots:
     void questionsAreAnsweredInTheirOrderAndWhoIsGoneIsNot()
     {
         FakeSdk::addRecord(4, QStringList("Ada"));
-        Asker asker;
+        NameAsker asker;
         {
-            Asker gone;
+            NameAsker gone;
             m_pLink->AskChangedContact(PHONEBOOK_CONTACT_ADDED, 4, 0, &gone, 1);
         }
         m_pLink->AskChangedContact(PHONEBOOK_CONTACT_ADDED, 4, 0, &asker, 2);
@@ -90,7 +69,7 @@ private slots:
     void theEndWaitsForWhatIsLookedFor()
     {
         FakeSdk::addRecord(4, QStringList("Ada"));
-        Asker asker;
+        NameAsker asker;
         m_pLink->AskChangedContact(PHONEBOOK_CONTACT_ADDED, 4, 0, &asker, 1);
         m_pLink->AskChangedContact(PHONEBOOK_CONTACT_ADDED, 4, 0, &asker, 2);
         m_pLink.reset();

@@ -2,31 +2,12 @@
 #include <QThread>
 #include <QtTest>
 
+#include "NameAsker.h"
 #include "NoThreads.h"
 #include "RealStore.h"
 #include "device/ContactNamer.h"
 #include "linkhand/plugin/Codes.h"
 #include "work/WorkThread.h"
-
-namespace
-{
-
-// Notes what it is told of its questions.
-class Asker : public QObject
-{
-    Q_OBJECT
-
-public slots:
-    void OnContactNamed(int iTicket, const QString& strName)
-    {
-        lstAnswers.append(QString("%1 %2").arg(iTicket).arg(strName));
-    }
-
-public:
-    QStringList lstAnswers;
-};
-
-} // namespace
 
 // Work on a thread of its own, and what becomes of it where there is none.
 class TestHostWork : public QObject
@@ -98,7 +79,7 @@ private slots:
     {
         QVERIFY(RealStore::addContact(ORVA_MEMORY_LOCAL, {"Ada"}) > 0);
         ContactNamer namer;
-        Asker asker;
+        NameAsker asker;
         namer.Ask(PHONEBOOK_CONTACT_ADDED, ORVA_MEMORY_LOCAL, 0, &asker, 1);
         QTRY_COMPARE(asker.lstAnswers, QStringList("1 Ada"));
         {
